@@ -1,0 +1,287 @@
+/*
+ * The contract between a host and a plugin of this family: what crosses the boundary, in which shape, and who owns it.
+ * Plain C, so that a host in any language can read it. Nothing here is shared code; both sides compile it on their own.
+ *
+ * Loading. The host opens the library, looks up `REALPluginMain` and calls it once with its resolver. The plugin registers its
+ * class records during that call; afterwards it runs only when the host calls a function named in a record.
+ *
+ * Threads. Every call, in both directions, is made on the host's one calling thread.
+ *
+ * Text. Names and declarations are NUL-terminated ASCII and live as long as the library. Host strings carry an encoding, a
+ * CFStringEncoding value (0x08000100 is UTF-8, 0x0100 UTF-16 in machine order, 0xFFFF unknown).
+ *
+ * References. A host object, string, array or memory block that an entry creates or returns carries one reference that its
+ * receiver owns: it gives it up with REALUnlockObject or REALUnlockString, or hands it out as its own result. Arguments are
+ * borrowed for the length of the call.
+ *
+ * Exceptions. RuntimeRaiseException records the exception and returns. The plugin function goes on to return its null result,
+ * and the host raises the recorded exception in host code then. Nothing is ever thrown across the boundary by either side.
+ */
+#ifndef CHROMABRIDGE_HOST_ABI_H
+#define CHROMABRIDGE_HOST_ABI_H
+
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---- Values -------------------------------------------------------------------------------------------------------------- */
+
+/* Host values are opaque. A null object is Nil, a null string the empty string. */
+typedef struct REALobjectStruct REALobjectStruct;
+typedef struct REALstringStruct REALstringStruct;
+typedef struct REALmemoryBlockStruct REALmemoryBlockStruct; /* also an object: lock and unlock it as one */
+typedef struct REALfolderItemStruct REALfolderItemStruct;   /* also an object */
+typedef struct _REALarrayDouble REALarrayDouble;            /* a one-dimensional array of doubles; also an object */
+
+/* The host types "integer" and "Integer": as wide as a pointer, so that handles carry whole pointers. Array indexes, bounds,
+ * byte counts and the control version stay 32 bits wide in every build. */
+typedef intptr_t HostInteger;
+
+/* The host type "color": red in bits 16 to 23, green in 8 to 15, blue in 0 to 7, a fourth byte in 24 to 31. */
+typedef uint32_t HostColor;
+
+/* The host type "boolean": one byte, 0 or 1. */
+typedef uint8_t HostBoolean;
+
+/* Byte offsets into host values, the same in every width; what lies there may be unaligned, so read it with memcpy. */
+enum {
+    /* Any object of a plugin class: its instance data, zero-filled before the class constructor runs. */
+    REALinstanceDataOffset = 24,
+    /* A string: a pointer to its buffer, whose text starts at the buffer's second byte; the text's length in bytes, 32 bits.
+     * Valid between REALLockString and REALUnlockString. */
+    REALstringBufferOffset = 4,
+    REALstringLengthOffset = 12,
+    /* A memory block, on hosts older than 2017.0: its size in bytes (signed, 32 bits) and a pointer to its bytes. */
+    REALmemoryBlockSizeOffset = 24,
+    REALmemoryBlockBytesOffset = 28,
+    /* A double array, on hosts older than 2017.0: a pointer to its elements, or null when they must be asked for one by one. */
+    REALarrayElementsOffset = 28
+};
+
+/* ---- Class records, current layout (control versions 10 to 13) ------------------------------------------------------------ */
+
+/* A number or flag set in a record takes one slot, as wide as a pointer: 32 bits in the 32-bit reference layout. A null array
+ * goes with a count of 0. Every record and all it points at stay readable for the life of the process. */
+typedef intptr_t REALword;
+
+/* A function in a record; its real type follows from the declared signature:
+ *   constructor, destructor, methods and getters take the object first; shared methods take no object;
+ *   then the parameters in order: "integer" HostInteger, "double" double, "byref ... as double" double*, "string"
+ *   REALstringStruct*, "color" HostColor, "boolean" HostBoolean, "Memoryblock" REALmemoryBlockStruct*, "Folderitem"
+ *   REALfolderItemStruct*, a class name or "variant" REALobjectStruct*, "x() as double" and "paramarray x as double"
+ *   REALarrayDouble*. A getter takes the object and the record's parameter word. The result has the same mapping. */
+typedef void* REALfunction;
+
+/* In place of a getter or setter: the host itself reads or writes the instance data word at byte offset `parameter`. */
+#define REALstandardAccessor ((REALfunction)(intptr_t)-1)
+
+typedef struct REALproperty {
+    const char* group; /* null */
+    const char* name;
+    const char* type; /* host type name: "Integer", "double", "string", "Color" */
+    REALword flags;
+    REALfunction getter; /* (REALobjectStruct*, REALword parameter) -> value, or REALstandardAccessor */
+    REALfunction setter; /* null for a read-only property, or REALstandardAccessor */
+    REALword parameter;
+    REALword further[5]; /* 0 */
+} REALproperty;
+
+typedef struct REALmethodDefinition {
+    REALfunction function;
+    REALfunction setter;     /* null */
+    const char* declaration; /* "colorWithKey(key as string) as NSColorZRX" */
+    REALword flags;
+    REALword further[2]; /* 0 */
+} REALmethodDefinition;
+
+typedef struct REALconstant {
+    const char* declaration; /* "NSGrayColorSpaceModel=0"; text stands in double quotes */
+    REALword value;          /* 0: the value is in the declaration */
+    REALword flags;
+    REALword further[2]; /* 0 */
+} REALconstant;
+
+typedef struct REALevent {
+    const char* declaration;
+    REALword flags;
+    REALword further[2];
+} REALevent;
+
+typedef struct REALclassDefinition {
+    REALword version; /* the control version that this record is laid out for */
+    const char* name;
+    const char* superName;       /* null: none */
+    REALword instanceDataSize;   /* bytes; a multiple of 16 when the host sees it */
+    REALword instanceDataOffset; /* written by the host at registration */
+    REALfunction constructor;    /* (REALobjectStruct*) -> nothing, called on every new object */
+    REALfunction destructor;     /* (REALobjectStruct*) -> nothing, called when the last reference has gone */
+    REALproperty* properties;
+    REALword propertyCount;
+    REALmethodDefinition* methods;
+    REALword methodCount;
+    REALevent* events;
+    REALword eventCount;
+    void* eventInstances;
+    REALword eventInstanceCount;
+    void* interfaces;
+    void* bindings;
+    REALword bindingCount;
+    REALconstant* constants;
+    REALword constantCount;
+    REALword flags;
+    REALproperty* sharedProperties;
+    REALword sharedPropertyCount;
+    REALmethodDefinition* sharedMethods;
+    REALword sharedMethodCount;
+    void* delegates;
+    REALword delegateCount;
+    void* enumerations;
+    REALword enumerationCount;
+} REALclassDefinition;
+
+/* ---- Class records, legacy layout (control version 9) ---------------------------------------------------------------------- */
+
+/* Each legacy record holds the leading words of its current form. A host tells the two apart by word 0 of the class record. */
+typedef struct REALpropertyLegacy {
+    const char* group;
+    const char* name;
+    const char* type;
+    REALword flags;
+    REALfunction getter;
+    REALfunction setter;
+    REALword parameter;
+    REALword further[3];
+} REALpropertyLegacy;
+
+typedef struct REALmethodDefinitionLegacy {
+    REALfunction function;
+    REALfunction setter;
+    const char* declaration;
+    REALword flags;
+} REALmethodDefinitionLegacy;
+
+typedef struct REALconstantLegacy {
+    const char* declaration;
+    REALword value;
+    REALword flags;
+} REALconstantLegacy;
+
+typedef struct REALeventLegacy {
+    const char* declaration;
+    REALword flags;
+} REALeventLegacy;
+
+typedef struct REALclassDefinitionLegacy {
+    REALword version; /* 9 */
+    const char* name;
+    const char* superName;
+    REALword instanceDataSize;
+    REALword instanceDataOffset;
+    REALfunction constructor;
+    REALfunction destructor;
+    REALpropertyLegacy* properties;
+    REALword propertyCount;
+    REALmethodDefinitionLegacy* methods;
+    REALword methodCount;
+    REALeventLegacy* events;
+    REALword eventCount;
+    void* eventInstances;
+    REALword eventInstanceCount;
+    void* interfaces;
+    void* bindings;        /* null */
+    REALword bindingCount; /* 0 */
+    REALconstantLegacy* constants;
+    REALword constantCount;
+    REALword flags;
+    REALpropertyLegacy* sharedProperties;
+    REALword sharedPropertyCount;
+    REALmethodDefinitionLegacy* sharedMethods;
+    REALword sharedMethodCount;
+} REALclassDefinitionLegacy;
+
+/* ---- Entry points ---------------------------------------------------------------------------------------------------------- */
+
+/* The host's resolver: the address of the named entry, or null when this host has none of that name. A missing entry is never
+ * an error: the plugin leaves the operation out. Names are spelled exactly as below. */
+typedef void* (*REALresolver)(const char* entryName);
+
+/* The plugin's one export. A null resolver is allowed: nothing is registered. */
+typedef void (*REALPluginMainProc)(REALresolver resolver);
+
+/* Element type codes of arrays. */
+enum { REALarrayOfDoubles = 2, REALarrayOfObjects = 4 };
+
+/* "REALGetRBVersion": the host's version, such as 2013.04. Asked once, during REALPluginMain. */
+typedef double (*REALGetRBVersionProc)(void);
+
+/* "RegisterPluginVersion": announces the control version, 9 to 13, before the first class is registered. */
+typedef void (*RegisterPluginVersionProc)(int32_t controlVersion);
+
+/* "PluginRegisterClass": the host keeps the record and writes its instanceDataOffset. */
+typedef void (*PluginRegisterClassProc)(REALclassDefinition* record);
+
+/* "PluginNewInstance": a new object, its class constructor run; null when no class has that name. */
+typedef REALobjectStruct* (*PluginNewInstanceProc)(const char* className);
+
+/* "REALLockObject", "REALUnlockObject": one reference more, one fewer. "REALLockString", "REALUnlockString" likewise. */
+typedef void (*REALLockObjectProc)(REALobjectStruct* object);
+typedef void (*REALUnlockObjectProc)(REALobjectStruct* object);
+typedef void (*REALLockStringProc)(REALstringStruct* string);
+typedef void (*REALUnlockStringProc)(REALstringStruct* string);
+
+/* "RuntimeRaiseException": records the exception (the host takes its own reference) and returns. */
+typedef void (*RuntimeRaiseExceptionProc)(REALobjectStruct* exception);
+
+/* "REALSetPropValueString", "REALSetPropValueInteger" (older name "REALSetPropValueInt"): set a property by name. */
+typedef void (*REALSetPropValueStringProc)(REALobjectStruct* object, const char* property, REALstringStruct* value);
+typedef void (*REALSetPropValueIntegerProc)(REALobjectStruct* object, const char* property, int32_t value);
+
+/* "REALGetPropValueString": 1 when the property exists; *value then is a string that the caller owns. */
+typedef HostBoolean (*REALGetPropValueStringProc)(REALobjectStruct* object, const char* property, REALstringStruct** value);
+
+/* "REALBuildString": a string of `length` bytes, encoding unknown; null on failure. The bytes are copied. */
+typedef REALstringStruct* (*REALBuildStringProc)(const void* bytes, int32_t length);
+
+/* "REALBuildStringWithEncoding" (2012.0 and later): the same, with the encoding of the bytes recorded. */
+typedef REALstringStruct* (*REALBuildStringWithEncodingProc)(const void* bytes, int32_t length, uint32_t encoding);
+
+/* "REALGetStringEncoding", "REALSetStringEncoding": the recorded encoding; setting it converts no bytes. */
+typedef uint32_t (*REALGetStringEncodingProc)(REALstringStruct* string);
+typedef void (*REALSetStringEncodingProc)(REALstringStruct* string, uint32_t encoding);
+
+/* "REALConvertString": a new string with the same text in another encoding; a null string gives null. */
+typedef REALstringStruct* (*REALConvertStringProc)(REALstringStruct* string, uint32_t encoding);
+
+/* "REALGetStringCFString": the text as a CFString that the caller releases, or null. `reserved` is 0. */
+typedef const void* (*REALGetStringCFStringProc)(REALstringStruct* string, int32_t reserved);
+
+/* "RuntimeArrayCreateSingleDimBoundedArray": a new array with indexes 0 to upperBound; -1 makes it empty. */
+typedef void* (*RuntimeArrayCreateProc)(int32_t elementType, int32_t upperBound);
+
+/* "RuntimeUBound": the upper bound, -1 for an empty array. */
+typedef int32_t (*RuntimeUBoundProc)(void* array);
+
+/* "PluginDoubleArrayInsertProc", "PluginObjectArrayInsertProc", "PluginDoubleArrayGetProc" answer the procedure that serves
+ * the given array, or null. Older names of the getters: "RuntimeArrayDirectGetInsertProc", "RuntimeArrayDirectGetGetProc".
+ * Inserting at the first index past the end grows the array; an object array keeps its own reference to each element. */
+typedef void (*REALarrayInsertDoubleProc)(void* array, int32_t index, double value);
+typedef void (*REALarrayInsertObjectProc)(void* array, int32_t index, REALobjectStruct* value);
+typedef double (*REALarrayGetDoubleProc)(void* array, int32_t index);
+typedef REALarrayInsertDoubleProc (*PluginDoubleArrayInsertProc)(void* array);
+typedef REALarrayInsertObjectProc (*PluginObjectArrayInsertProc)(void* array);
+typedef REALarrayGetDoubleProc (*PluginDoubleArrayGetProc)(void* array);
+
+/* "newMemoryBlock": a zero-filled block of `size` bytes, or null. */
+typedef REALmemoryBlockStruct* (*NewMemoryBlockProc)(int32_t size);
+
+/* "memoryBlockGetPtr", "memoryBlockGetSize" (2017.0 and later): the block's bytes and size in bytes. */
+typedef void* (*MemoryBlockGetPtrProc)(REALmemoryBlockStruct* block);
+typedef int32_t (*MemoryBlockGetSizeProc)(REALmemoryBlockStruct* block);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

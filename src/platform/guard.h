@@ -1,0 +1,51 @@
+// Native exceptions: catching them, throwing them on, and cleaning up when one passes.
+//
+// The rule that everything above this folder follows: a native exception may be a plain jump, which runs no destructors. So
+// nothing with a non-trivial destructor lives across a native message. What must be given up when one throws is given up by
+// `withCleanup` or `onThrow`, which hold an inner guard of their own and throw on.
+//
+// A C++ exception closes every guard that it passes and goes on outward unchanged.
+#pragma once
+
+#include "platform/objc.h"
+
+namespace chroma {
+
+// Runs body(context) under a guard. Answers nil when it returned and the thrown object when a native exception ended it; the
+// guard is closed in either case. The caller's variables that the body writes through `context` keep what was written.
+id runGuarded(void (*body)(void*), void* context);
+
+// Throws the object to the next enclosing guard, perhaps a host's or another plugin's.
+[[noreturn]] void throwNative(id object);
+
+// Whether a thrown object is an NSException or of a class that descends from it.
+bool isNSException(id object);
+
+template <class Body>
+id catchNative(Body& body) {
+    return runGuarded([](void* context) { (*static_cast<Body*>(context))(); }, &body);
+}
+
+// Runs the body; when a native or a C++ exception ends it, runs the cleanup and lets the exception go on.
+template <class Body, class Cleanup>
+void onThrow(Body body, Cleanup cleanup) {
+    id thrown = nullptr;
+    try {
+        thrown = catchNative(body);
+    } catch (...) {
+        cleanup();
+        throw;
+    }
+    if (!thrown) return;
+    cleanup();
+    throwNative(thrown);
+}
+
+// Runs the body, then the cleanup on every path; an exception goes on afterwards. The cleanup must not throw.
+template <class Body, class Cleanup>
+void withCleanup(Body body, Cleanup cleanup) {
+    onThrow(body, cleanup);
+    cleanup();
+}
+
+} // namespace chroma
