@@ -75,7 +75,11 @@ typedef intptr_t REALword;
 typedef void* REALfunction;
 
 /* In place of a getter or setter: the host itself reads or writes the instance data word at byte offset `parameter`. */
+#ifdef __cplusplus
+#define REALstandardAccessor (reinterpret_cast<REALfunction>(static_cast<intptr_t>(-1)))
+#else
 #define REALstandardAccessor ((REALfunction)(intptr_t)-1)
+#endif
 
 typedef struct REALproperty {
     const char* group; /* null */

@@ -1,5 +1,6 @@
 // The guard of runtimes whose native exceptions are jumps: a jump buffer per guard, kept by the runtime in a chain.
 #include "platform/guard.h"
+#include "platform/selectors.h"
 
 #include <csetjmp>
 
@@ -12,7 +13,7 @@ struct GuardRecord {
     void* runtimeWords[4];
 };
 
-ClassName NSException{"NSException"};
+} // namespace
 
 extern "C" {
 void objc_exception_try_enter(void* guard);
@@ -21,8 +22,6 @@ id objc_exception_extract(void* guard);
 int objc_exception_match(id exceptionClass, id exception);
 [[noreturn]] void objc_exception_throw(id exception);
 }
-
-} // namespace
 
 id runGuarded(void (*body)(void*), void* context) {
     GuardRecord guard;
@@ -40,6 +39,6 @@ id runGuarded(void (*body)(void*), void* context) {
 
 void throwNative(id object) { objc_exception_throw(object); }
 
-bool isNSException(id object) { return objc_exception_match(NSException.get(), object) != 0; }
+bool isNSException(id object) { return objc_exception_match(cls::NSException.get(), object) != 0; }
 
 } // namespace chroma

@@ -1,0 +1,75 @@
+#include "bridge/data.h"
+
+#include "bridge/errors.h"
+#include "platform/guard.h"
+#include "platform/selectors.h"
+#include "runtime/host_entries.h"
+#include "runtime/host_values.h"
+#include "runtime/host_version.h"
+
+#include <cstdio>
+#include <cstring>
+#include <new>
+
+namespace chroma {
+namespace {
+
+void* blockBytes(REALmemoryBlockStruct* block) {
+    return hostHidesStorage() ? REALMemoryBlockGetPtr(block) : storedData(block);
+}
+
+std::int32_t blockSize(REALmemoryBlockStruct* block) {
+    return hostHidesStorage() ? REALMemoryBlockGetSize(block) : storedSize(block);
+}
+
+// A new block with a copy of the bytes; null when the host makes none or does not say where its bytes are.
+REALmemoryBlockStruct* newBlock(const void* bytes, std::int32_t length) {
+    if (length == INT32_MAX) return nullptr;
+    REALmemoryBlockStruct* const block = REALNewMemoryBlockOriginal(length);
+    if (!block) return nullptr;
+    if (void* const target = blockBytes(block)) {
+        std::memcpy(target, bytes, static_cast<std::size_t>(length));
+        return block;
+    }
+    REALUnlockObject(asObject(block));
+    return nullptr;
+}
+
+void raiseNoMemoryBlock(std::int32_t length) {
+    char message[200];
+    std::snprintf(message, sizeof message, "Failed to allocate a memoryblock with %lld bytes in size.",
+                  static_cast<long long>(length));
+    RaiseException("OutOfMemoryException", message);
+}
+
+} // namespace
+
+id NewNSData(REALmemoryBlockStruct* block) {
+    if (!block) return nullptr;
+    id data = nullptr;
+    REALLockObject(asObject(block));
+    withCleanup(
+        [&] {
+            const std::int32_t size = blockSize(block);
+            const void* const bytes = blockBytes(block);
+            if (bytes && size > 0)
+                data = send<id>(cls::NSData, sel::dataWithBytes_length_, bytes, static_cast<NSUInteger>(size));
+        },
+        [&] { REALUnlockObject(asObject(block)); });
+    return data;
+}
+
+REALmemoryBlockStruct* NSDataRB(id data) {
+    const void* const bytes = send<const void*>(data, sel::bytes);
+    const auto length = static_cast<std::int32_t>(send<NSUInteger>(data, sel::length));
+    if (!bytes || length <= 0) return nullptr;
+    try {
+        if (REALmemoryBlockStruct* const block = newBlock(bytes, length)) return block;
+        raiseNoMemoryBlock(length);
+    } catch (const std::bad_alloc&) {
+        raiseNoMemoryBlock(length);
+    }
+    return nullptr;
+}
+
+} // namespace chroma

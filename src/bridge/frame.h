@@ -1,0 +1,27 @@
+// The two body shapes of bound functions. Each runs its body under a native-exception guard; no native exception leaves a bound
+// function, except an object that is not an NSException, which is thrown on to the next enclosing guard.
+//
+// The body must keep to the rule of guard.h: nothing with a destructor lives in it across a native message. Results are kept
+// outside the body, set to the null value first and assigned last.
+#pragma once
+
+#include "bridge/errors.h"
+#include "platform/guard.h"
+
+namespace chroma {
+
+// The guarded frame: an NSException becomes a host exception.
+template <class Body>
+void guarded(Body body) {
+    if (const id thrown = catchNative(body)) raisePlatformException(thrown);
+}
+
+// The quiet frame: an NSException is dropped. Answers whether the body ran to its end.
+template <class Body>
+bool quiet(Body body) {
+    const id thrown = catchNative(body);
+    if (thrown && !isNSException(thrown)) throwNative(thrown);
+    return !thrown;
+}
+
+} // namespace chroma

@@ -1,0 +1,24 @@
+// Working memory that is given up on every path, also when a native exception passes.
+#pragma once
+
+#include "platform/guard.h"
+
+#include <cstddef>
+#include <cstdlib>
+
+namespace chroma {
+
+// Calls use(memory) with room for `count` elements of a plain type: on the stack up to `shortCount`, beyond that on the heap.
+// Null when the heap is exhausted.
+template <class T, std::size_t shortCount, class Use>
+void withScratch(std::size_t count, Use use) {
+    if (count <= shortCount) {
+        T local[shortCount];
+        return use(local);
+    }
+    T* const heap = static_cast<T*>(std::calloc(count, sizeof(T)));
+    if (!heap) return use(nullptr);
+    withCleanup([&] { use(heap); }, [&] { std::free(heap); });
+}
+
+} // namespace chroma

@@ -1,0 +1,151 @@
+#include "bridge/strings.h"
+
+#include "bridge/errors.h"
+#include "runtime/host_entries.h"
+#include "runtime/host_values.h"
+#include "runtime/host_version.h"
+
+#include <cstring>
+
+namespace chroma {
+namespace {
+
+// The storage of a UTF-16 string lies at an odd address, so its units are copied to where they may be read as such.
+CFStringRef fromStoredUTF16(StoredBytes text) {
+    const std::size_t units = static_cast<std::size_t>(text.length) / sizeof(UniChar);
+    CFStringRef result = nullptr;
+    withScratch<UniChar, 128>(units, [&](UniChar* copy) {
+        if (!copy) return;
+        std::memcpy(copy, text.bytes, units * sizeof(UniChar));
+        result = CFStringCreateWithCharacters(nullptr, copy, static_cast<CFIndex>(units));
+    });
+    return result;
+}
+
+// A platform string from the text that the host string stores, read in the given encoding.
+CFStringRef fromStorage(REALstringStruct* string, CFStringEncoding encoding) {
+    CFStringRef result = nullptr;
+    REALLockString(string);
+    withCleanup(
+        [&] {
+            const StoredBytes text = storedText(string);
+            if (!text.bytes || text.length < 0) return;
+            result = encoding == kCFStringEncodingUnicode
+                         ? fromStoredUTF16(text)
+                         : CFStringCreateWithBytes(nullptr, text.bytes, text.length, encoding, true);
+        },
+        [&] { REALUnlockString(string); });
+    return result;
+}
+
+// The host's own answer; null when it gives none.
+CFStringRef askHost(REALstringStruct* string) {
+    const void* text = nullptr;
+    if (hostBuildsStringsWithEncoding()) text = REALCopyStringCFString(string, 0);
+    if (!text) text = REALGetStringCFString(string, 0);
+    return static_cast<CFStringRef>(const_cast<void*>(text));
+}
+
+// A string whose bytes are tagged with an encoding after it was built, as hosts of every version can.
+REALstringStruct* buildTagged(const void* bytes, std::int32_t length, CFStringEncoding encoding) {
+    REALstringStruct* const string = originalREALBuildString(bytes, length);
+    if (string) REALSetStringEncoding(string, encoding);
+    return string;
+}
+
+// Converts to UTF-8 and gives the original up. The conversion is asked for the null string too.
+REALstringStruct* convertedToUTF8(REALstringStruct* original) {
+    REALstringStruct* const result = REALConvertString(original, kCFStringEncodingUTF8);
+    if (original) REALUnlockString(original);
+    return result;
+}
+
+bool isASCII(const void* bytes, std::int32_t length) {
+    const auto* const text = static_cast<const std::uint8_t*>(bytes);
+    for (std::int32_t i = 0; i < length; ++i)
+        if (text[i] & 0x80) return false;
+    return true;
+}
+
+// Writes the code points as UTF-16 and answers the number of units: at most two for each. Surrogates are left out, what lies
+// beyond Unicode becomes the replacement character.
+std::size_t writeUTF16(const std::uint8_t* codePoints, std::size_t count, UniChar* units) {
+    std::size_t written = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto c = readField<std::uint32_t>(codePoints, static_cast<std::ptrdiff_t>(i * sizeof(std::uint32_t)));
+        if (c > 0x10FFFF) {
+            units[written++] = 0xFFFD;
+        } else if (c >= 0x10000) {
+            units[written++] = static_cast<UniChar>(0xD800 + ((c - 0x10000) >> 10));
+            units[written++] = static_cast<UniChar>(0xDC00 + ((c - 0x10000) & 0x3FF));
+        } else if (c < 0xD800 || c > 0xDFFF) {
+            units[written++] = static_cast<UniChar>(c);
+        }
+    }
+    return written;
+}
+
+// For hosts that do not know UTF-32 themselves. Bytes behind the last whole code point are left out.
+REALstringStruct* buildFromUTF32(const void* bytes, std::int32_t length) {
+    const std::size_t count = static_cast<std::size_t>(length) / sizeof(std::uint32_t);
+    REALstringStruct* result = nullptr;
+    withScratch<UniChar, 128>(2 * count, [&](UniChar* units) {
+        if (!units) return;
+        const std::size_t written = writeUTF16(static_cast<const std::uint8_t*>(bytes), count, units);
+        result = REALBuildUnicodeStringUTF16(units, static_cast<std::int64_t>(written * sizeof(UniChar)));
+    });
+    return result;
+}
+
+REALstringStruct* build(const void* bytes, std::int32_t length, CFStringEncoding encoding) {
+    switch (encoding) {
+    case kCFStringEncodingUnicode: return REALBuildUnicodeStringUTF16(bytes, length);
+    case kCFStringEncodingUTF32:
+        if (!hostConvertsUTF32()) return buildFromUTF32(bytes, length);
+        return convertedToUTF8(REALBuildStringWithEncoding(bytes, length, encoding));
+    case kCFStringEncodingMacRoman:
+    case kCFStringEncodingISOLatin1:
+    case kCFStringEncodingWindowsLatin1:
+    case kUnknownEncoding: return buildTagged(bytes, length, isASCII(bytes, length) ? kCFStringEncodingASCII : encoding);
+    default: return buildTagged(bytes, length, encoding);
+    }
+}
+
+bool isBuildable(const void* bytes, std::int64_t length) { return bytes && length >= 1 && length <= INT32_MAX; }
+
+} // namespace
+
+CFStringRef RBString2CFString(REALstringStruct* string) {
+    if (!string) return nullptr;
+    const CFStringEncoding encoding = REALGetStringEncoding(string);
+    if (encoding == kUnknownEncoding) return fromStorage(string, kCFStringEncodingMacRoman);
+    if (const CFStringRef answer = askHost(string)) return answer;
+    return fromStorage(string, encoding);
+}
+
+REALstringStruct* NSStringRB(id string) {
+    REALstringStruct* result = nullptr;
+    withUTF8(string, [&](const char* text) {
+        if (text) result = REALBuildUnicodeString(text, static_cast<std::int64_t>(std::strlen(text)), kCFStringEncodingUTF8);
+    });
+    return result;
+}
+
+REALstringStruct* REALBuildUnicodeString(const void* bytes, std::int64_t length, CFStringEncoding encoding) {
+    REALstringStruct* result = nullptr;
+    translated([&] {
+        if (isBuildable(bytes, length)) result = build(bytes, static_cast<std::int32_t>(length), encoding);
+    });
+    return result;
+}
+
+REALstringStruct* REALBuildUnicodeStringUTF16(const void* bytes, std::int64_t length) {
+    if (!isBuildable(bytes, length)) return nullptr;
+    const auto size = static_cast<std::int32_t>(length);
+    if (hostBuildsStringsWithEncoding())
+        return convertedToUTF8(REALBuildStringWithEncoding(bytes, size, kCFStringEncodingUnicode));
+    REALstringStruct* const tagged = buildTagged(bytes, size, kCFStringEncodingUnicode);
+    return tagged ? convertedToUTF8(tagged) : nullptr;
+}
+
+} // namespace chroma

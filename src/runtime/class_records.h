@@ -1,0 +1,47 @@
+// Rows of the static class tables, and the registration of a class record with the host.
+//
+// The tables are constant-initialised in the current layout. Registration changes a record for good: it rounds the instance data
+// size, stamps the control version, and for control version 9 rewrites the record and its arrays in the legacy layout.
+#pragma once
+
+#include "chromabridge/host_abi.h"
+
+namespace chroma {
+
+// One pointer, the native object.
+constexpr REALword kInstanceDataSize = sizeof(void*);
+
+// Flag values that the host expects; their bits are its own affair.
+constexpr REALword kClassFlags = 4;
+constexpr REALword kPropertyFlags = 6;
+constexpr REALword kMethodFlags = 4;
+
+// The layout in which the static tables are written.
+constexpr REALword kCurrentLayoutVersion = 13;
+
+// Macros, since a function's address is cast in a constant initialiser only as an expression.
+#define CHROMA_BOUND(function) reinterpret_cast<REALfunction>(&function)
+#define CHROMA_PROPERTY(name, type)                                                                                         \
+    {                                                                                                                       \
+        nullptr, #name, type, chroma::kPropertyFlags, CHROMA_BOUND(name), nullptr, 0, {}                                    \
+    }
+// Read and written by the host itself: the native object's pointer.
+#define CHROMA_HANDLE_PROPERTY                                                                                              \
+    {                                                                                                                       \
+        nullptr, "Handle", "Integer", chroma::kPropertyFlags, REALstandardAccessor, REALstandardAccessor, 0, {}             \
+    }
+#define CHROMA_METHOD(function, declaration)                                                                                \
+    {                                                                                                                       \
+        CHROMA_BOUND(function), nullptr, declaration, chroma::kMethodFlags, {}                                              \
+    }
+
+template <class Row, REALword length>
+constexpr REALword countOf(Row (&)[length]) {
+    return length;
+}
+
+// Registers one class record, which stays in use by the host. A record for which memory is exhausted stays as it was and is
+// not handed over.
+void MyREALRegisterClass(REALclassDefinition* record);
+
+} // namespace chroma

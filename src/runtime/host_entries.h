@@ -1,0 +1,86 @@
+// The host's entry points, each a callable object that finds its address by name when it is first used.
+//
+// A missing entry is never an error: the call does nothing and answers zero, null or false.
+#pragma once
+
+#include "chromabridge/host_abi.h"
+
+#include <cstdint>
+
+namespace chroma {
+
+// The host's resolver, stored by REALPluginMain. Not null once a class is registered, and nothing is resolved before that.
+extern REALresolver gResolver;
+
+enum class Lookup {
+    Once, // asked for at the first use; also a null answer is final
+    Retry // asked for at each use until the host answers, the newer name first
+};
+
+template <Lookup lookup, class Procedure>
+class HostEntry;
+
+template <Lookup lookup, class Result, class... Arguments>
+class HostEntry<lookup, Result (*)(Arguments...)> {
+public:
+    constexpr explicit HostEntry(const char* name, const char* olderName = nullptr) : name_(name), olderName_(olderName) {}
+
+    Result operator()(Arguments... arguments) {
+        if (!address_ && !(lookup == Lookup::Once && asked_)) resolve();
+        if (!address_) return Result();
+        return reinterpret_cast<Result (*)(Arguments...)>(address_)(arguments...);
+    }
+
+private:
+    void resolve() {
+        address_ = gResolver(name_);
+        if (!address_ && olderName_) address_ = gResolver(olderName_);
+        asked_ = true;
+    }
+
+    const char* name_;
+    const char* olderName_;
+    void* address_ = nullptr;
+    bool asked_ = false;
+};
+
+template <class Procedure>
+using OnceEntry = HostEntry<Lookup::Once, Procedure>;
+template <class Procedure>
+using RetryEntry = HostEntry<Lookup::Retry, Procedure>;
+
+// Classes and objects
+inline OnceEntry<PluginRegisterClassProc> REALRegisterClass{"PluginRegisterClass"};
+inline OnceEntry<PluginNewInstanceProc> REALnewInstance{"PluginNewInstance"};
+inline OnceEntry<REALLockObjectProc> REALLockObject{"REALLockObject"};
+inline OnceEntry<REALUnlockObjectProc> REALUnlockObject{"REALUnlockObject"};
+inline OnceEntry<RuntimeRaiseExceptionProc> REALRaiseException{"RuntimeRaiseException"};
+inline RetryEntry<REALSetPropValueStringProc> REALSetPropValueString{"REALSetPropValueString"};
+inline RetryEntry<REALSetPropValueIntegerProc> REALSetPropValueInteger{"REALSetPropValueInteger", "REALSetPropValueInt"};
+
+// Strings
+inline OnceEntry<REALBuildStringProc> originalREALBuildString{"REALBuildString"};
+inline OnceEntry<REALBuildStringWithEncodingProc> REALBuildStringWithEncoding{"REALBuildStringWithEncoding"};
+inline OnceEntry<REALGetStringEncodingProc> REALGetStringEncoding{"REALGetStringEncoding"};
+inline OnceEntry<REALSetStringEncodingProc> REALSetStringEncoding{"REALSetStringEncoding"};
+inline OnceEntry<REALConvertStringProc> REALConvertString{"REALConvertString"};
+inline OnceEntry<REALLockStringProc> REALLockString{"REALLockString"};
+inline OnceEntry<REALUnlockStringProc> REALUnlockString{"REALUnlockString"};
+inline OnceEntry<REALGetStringCFStringProc> REALCopyStringCFString{"REALGetStringCFString"};
+inline OnceEntry<REALGetStringCFStringProc> REALGetStringCFString{"REALGetStringCFString"};
+
+// Arrays. The three *Procedure entries answer the procedure that serves one array, asked for anew at every use.
+inline OnceEntry<RuntimeArrayCreateProc> REALCreateArray{"RuntimeArrayCreateSingleDimBoundedArray"};
+inline OnceEntry<RuntimeUBoundProc> RuntimeUBound{"RuntimeUBound"};
+inline RetryEntry<PluginDoubleArrayInsertProc> insertDoubleProcedure{"PluginDoubleArrayInsertProc",
+                                                                     "RuntimeArrayDirectGetInsertProc"};
+inline RetryEntry<PluginObjectArrayInsertProc> insertObjectProcedure{"PluginObjectArrayInsertProc",
+                                                                     "RuntimeArrayDirectGetInsertProc"};
+inline RetryEntry<PluginDoubleArrayGetProc> getDoubleProcedure{"PluginDoubleArrayGetProc", "RuntimeArrayDirectGetGetProc"};
+
+// Memory blocks
+inline RetryEntry<NewMemoryBlockProc> REALNewMemoryBlockOriginal{"newMemoryBlock"};
+inline OnceEntry<MemoryBlockGetPtrProc> REALMemoryBlockGetPtr{"memoryBlockGetPtr"};
+inline OnceEntry<MemoryBlockGetSizeProc> REALMemoryBlockGetSize{"memoryBlockGetSize"};
+
+} // namespace chroma

@@ -1,0 +1,64 @@
+// The bytes inside host values: the only place that knows offsets into them. They are the same in every width and may be
+// unaligned, so everything goes through memcpy.
+#pragma once
+
+#include "chromabridge/host_abi.h"
+#include "platform/objc.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace chroma {
+
+template <class T>
+T readField(const void* value, std::ptrdiff_t offset) {
+    T field;
+    std::memcpy(&field, static_cast<const char*>(value) + offset, sizeof field);
+    return field;
+}
+
+template <class T>
+void writeField(void* value, std::ptrdiff_t offset, T field) {
+    std::memcpy(static_cast<char*>(value) + offset, &field, sizeof field);
+}
+
+// The native object that a plugin object holds, borrowed; nil for a null or empty object.
+inline id nativeObject(const REALobjectStruct* object) {
+    return object ? readField<id>(object, REALinstanceDataOffset) : nullptr;
+}
+
+// Overwrites the held pointer; retains and releases nothing.
+inline void setNativeObject(REALobjectStruct* object, id native) { writeField(object, REALinstanceDataOffset, native); }
+
+// A byte range inside a host value, borrowed while the value is locked. Null bytes: there is no storage.
+struct StoredBytes {
+    const std::uint8_t* bytes;
+    std::int32_t length;
+};
+
+// The text of a string: it starts at the second byte of the buffer.
+inline StoredBytes storedText(const REALstringStruct* string) {
+    const auto* buffer = readField<const std::uint8_t*>(string, REALstringBufferOffset);
+    return {buffer ? buffer + 1 : nullptr, readField<std::int32_t>(string, REALstringLengthOffset)};
+}
+
+// The contents of a memory block, on hosts older than 2017.0.
+inline std::int32_t storedSize(const REALmemoryBlockStruct* block) {
+    return readField<std::int32_t>(block, REALmemoryBlockSizeOffset);
+}
+inline std::uint8_t* storedData(const REALmemoryBlockStruct* block) {
+    return readField<std::uint8_t*>(block, REALmemoryBlockBytesOffset);
+}
+
+// The elements of a double array, on hosts older than 2017.0; null when they must be asked for one by one.
+inline const double* storedElements(const REALarrayDouble* array) {
+    return readField<const double*>(array, REALarrayElementsOffset);
+}
+
+inline REALobjectStruct* asObject(REALmemoryBlockStruct* block) { return reinterpret_cast<REALobjectStruct*>(block); }
+
+// A platform pointer as the host's integer.
+inline HostInteger asHandle(const void* pointer) { return reinterpret_cast<HostInteger>(pointer); }
+
+} // namespace chroma

@@ -1,0 +1,65 @@
+#include "runtime/native_object.h"
+
+#include "platform/guard.h"
+#include "platform/selectors.h"
+#include "runtime/host_entries.h"
+#include "runtime/host_values.h"
+
+namespace chroma {
+
+CFMutableDictionaryRef instances = nullptr;
+
+namespace {
+
+bool CocoaInited = false;
+bool ExceptionsInitialized = false;
+
+bool exceptionClassAnswers(Selector& message) {
+    return send<BOOL>(cls::NSException, sel::respondsToSelector_, message.get()) != 0;
+}
+
+// The live host object that holds `native`, borrowed; null when there is none.
+REALobjectStruct* liveObject(id native) {
+    if (!instances) return nullptr;
+    return static_cast<REALobjectStruct*>(const_cast<void*>(CFDictionaryGetValue(instances, native)));
+}
+
+} // namespace
+
+void initCocoa() {
+    if (CocoaInited) return;
+    CocoaInited = true;
+    if (!instances && exceptionClassAnswers(sel::GetInstancesDictionaryZRX))
+        instances = send<CFMutableDictionaryRef>(cls::NSException, sel::GetInstancesDictionaryZRX);
+    if (!ExceptionsInitialized && exceptionClassAnswers(sel::PrepareNSExceptionZRX)) {
+        send<void>(cls::NSException, sel::PrepareNSExceptionZRX);
+        ExceptionsInitialized = true;
+    }
+}
+
+REALobjectStruct* wrapNative(id native, const char* className) {
+    if (!native) return nullptr;
+    if (REALobjectStruct* const live = liveObject(native)) {
+        REALLockObject(live);
+        return live;
+    }
+    REALobjectStruct* const object = REALnewInstance(className);
+    if (!object) return nullptr;
+    onThrow([&] { holdNative(object, send<id>(native, sel::retain)); }, [&] { REALUnlockObject(object); });
+    return object;
+}
+
+void holdNative(REALobjectStruct* object, id retained) {
+    setNativeObject(object, retained);
+    if (retained && instances) CFDictionarySetValue(instances, retained, object);
+}
+
+void dropNative(REALobjectStruct* object) {
+    const id native = nativeObject(object);
+    if (!native) return;
+    if (liveObject(native) == object) CFDictionaryRemoveValue(instances, native);
+    send<void>(native, sel::release);
+    setNativeObject(object, nullptr);
+}
+
+} // namespace chroma
