@@ -1,0 +1,29 @@
+// All that the host asks of the platform: autorelease pools around its statements, and text conversion.
+#pragma once
+
+#include "model/strings.h"
+
+#include <optional>
+
+namespace host::platform {
+
+// What is autoreleased between construction and destruction is released at its end. Pools nest.
+class AutoreleasePool {
+public:
+    AutoreleasePool();
+    ~AutoreleasePool();
+    AutoreleasePool(const AutoreleasePool&) = delete;
+    AutoreleasePool& operator=(const AutoreleasePool&) = delete;
+
+private:
+    void* pool_;
+};
+
+// A CFString that the caller releases; null when the bytes are invalid in the encoding or the encoding is not known.
+const void* newCFString(std::string_view bytes, Encoding encoding);
+void releaseCFString(const void* string);
+
+// The text of a CFString in UTF-8 or in an encoding of one byte per character; nullopt when it cannot be written so.
+std::optional<std::string> textOf(const void* string, Encoding encoding);
+
+} // namespace host::platform

@@ -1,0 +1,49 @@
+// The static types of the host language, as declarations and scripts write them.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace host {
+
+// Identifiers of the host language are ASCII and compare without regard to case.
+bool equalIgnoringCase(std::string_view a, std::string_view b);
+
+// Orders names for maps; transparent, so that a std::string_view finds a std::string key.
+struct LessIgnoringCase {
+    using is_transparent = void;
+    bool operator()(std::string_view a, std::string_view b) const;
+};
+
+enum class Kind : unsigned char { Void, Boolean, Integer, Double, Color, String, Object, Variant };
+
+struct Type {
+    Kind kind = Kind::Void;
+    bool isArray = false; // one-dimensional, of `kind`; the value is an array object or Nil
+    // Kind::Object only: the class as the declaration wrote it, "Object" for any. Empty for the type of the literal Nil. The
+    // class may not exist, or not yet; whoever uses the type asks the registry.
+    std::string className;
+
+    static Type nil() { return {Kind::Object, false, {}}; }
+    static Type object(std::string name) { return {Kind::Object, false, std::move(name)}; }
+
+    bool isNil() const { return kind == Kind::Object && !isArray && className.empty(); }
+    // Whether a value is one reference to a host object: objects, variants and arrays.
+    bool isObjectReference() const { return isArray || kind == Kind::Object || kind == Kind::Variant; }
+    // Whether a value carries a reference count of its own: the above and strings.
+    bool isCounted() const { return isObjectReference() || kind == Kind::String; }
+
+    Type element() const { return {kind, false, className}; }
+    Type arrayOf() const { return {kind, true, className}; }
+};
+
+bool operator==(const Type& a, const Type& b);
+bool operator!=(const Type& a, const Type& b);
+
+// "double" and "Double" give Kind::Double; a name that is none of the built-in types names a class.
+Type typeNamed(std::string_view name);
+
+// As the language spells it: "Double()", "NSColorZRX", "Nil"; empty for Void.
+std::string nameOf(const Type& type);
+
+} // namespace host

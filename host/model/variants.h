@@ -1,0 +1,19 @@
+// Variants: a host value of any type as one object reference. Objects and arrays stand for themselves; other values are boxed in
+// an object of a class that has no name in the language.
+#pragma once
+
+#include "model/objects.h"
+
+namespace host {
+
+// The value as a variant, with one reference for the caller; Nil and the empty variant are null.
+Object* newVariant(const Type& type, Slot value);
+
+// What a variant holds at this moment: a plain type, "Object" of the object's class, an array type, or Nil.
+Type typeInVariant(const Object* variant);
+
+// Reads a variant as `type`, borrowed. An integer reads as a double too, and Nil as the zero of every type. Otherwise raises
+// TypeMismatchException (IllegalCastException between classes) and answers false.
+bool readVariant(Object* variant, const Type& type, Slot& value);
+
+} // namespace host
