@@ -15,6 +15,7 @@ namespace host {
 
 struct Method {
     ClassInfo* owner;
+    const char* declaration; // as in the record
     Signature signature;
     REALfunction function;
     Invoker invoke;
@@ -32,7 +33,7 @@ struct Property {
     REALfunction getter; // null: write-only
     REALfunction setter; // null: read-only
     REALword parameter;
-    Invoker invokeGetter; // null with the standard accessor
+    Invoker invokeGetter;
     Invoker invokeSetter;
 };
 
@@ -45,8 +46,9 @@ using OverloadSet = std::vector<const Method*>;
 
 class ClassInfo {
 public:
-    // From a record; malformed members are left out and reported to `problems`. `super` may be null.
-    ClassInfo(REALclassDefinition& record, ClassInfo* super, std::vector<std::string>& problems);
+    // From a record, whose instanceDataOffset it writes; malformed members are left out and reported to `problems`, one line
+    // each. `super` may be null.
+    ClassInfo(REALclassDefinition& record, ClassInfo* super, bool builtIn, std::vector<std::string>& problems);
     // A class without a name in the language, members or a record.
     ClassInfo(std::string name, std::size_t instanceSize, void (*destructor)(Object*));
     ClassInfo(const ClassInfo&) = delete;
@@ -64,8 +66,8 @@ public:
     const std::vector<Property>& properties() const { return properties_; }
     const std::vector<Constant>& constants() const { return constants_; }
 
-    // By name without regard to case, in this class and then its superclasses. Overloads of a superclass come after the class's
-    // own. "Constructor" is not inherited. Empty or null when there is none.
+    // By name without regard to case, in this class and then its superclasses, whose overloads count unless one of the same
+    // parameter types overrides them. "Constructor" is not inherited. Empty or null when there is none.
     OverloadSet findMethods(std::string_view name) const;
     OverloadSet findSharedMethods(std::string_view name) const;
     OverloadSet constructors() const;
@@ -79,12 +81,9 @@ public:
 private:
     friend Object* newObject(ClassInfo&);
     friend void destroyObject(Object*);
-    friend class Registry;
 
     void construct(Object* object);
     void destruct(Object* object);
-    void addProperties(const RecordView& view, std::vector<std::string>& problems);
-    void addConstants(const RecordView& view, std::vector<std::string>& problems);
 
     std::string name_;
     ClassInfo* super_ = nullptr;

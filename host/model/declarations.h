@@ -60,7 +60,4 @@ Constant parseConstant(std::string_view text);
 // The type of a property: "Integer", "double()".
 Type parseType(std::string_view text);
 
-// In canonical form, for messages: "getRGB(byref red as Double, byref green as Double)".
-std::string format(const Signature& signature);
-
 } // namespace host

@@ -19,6 +19,10 @@ void startHost(const HostOptions& options = {});
 
 double hostVersion();
 
+// Whether memory blocks and double arrays show their storage at the offsets of the contract: hosts older than 2017.0 do. On
+// newer ones those bytes are 0, and the storage must be asked for.
+bool exposesStorage();
+
 // The control version that the plugin announced last; 0 before.
 int announcedControlVersion();
 

@@ -33,9 +33,4 @@ bool isException(const Object* object); // false for null
 std::string exceptionMessage(const Object* exception); // UTF-8
 HostInteger exceptionErrorNumber(const Object* exception);
 
-extern REALclassDefinition runtimeExceptionClass;
-
-// RuntimeException itself, then its subclasses, into the registry.
-void registerExceptionClasses();
-
 } // namespace host

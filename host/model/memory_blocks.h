@@ -14,11 +14,8 @@ using MemoryBlock = ::REALmemoryBlockStruct;
 
 // A zero-filled block with one reference for the caller; null for a negative size or when memory is exhausted.
 MemoryBlock* newMemoryBlock(std::int32_t size);
-MemoryBlock* newMemoryBlock(std::string_view bytes);
 
 unsigned char* bytesOf(MemoryBlock* block); // null for a block of size 0
 std::int32_t sizeOf(const MemoryBlock* block);
-
-extern REALclassDefinition memoryBlockClass;
 
 } // namespace host

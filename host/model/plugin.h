@@ -5,11 +5,11 @@
 
 namespace host {
 
-// Loads the library, which stays loaded, and runs its REALPluginMain with the host's resolver. Throws std::runtime_error with one
-// line that says what is wrong: no such library, no REALPluginMain, or a class record that the host could not take.
+// Loads the library, which stays loaded, and runs its REALPluginMain with the host's resolver. Throws std::runtime_error when
+// there is no such library, it has no REALPluginMain, or the host cannot take a class record, with one line for each of those.
 void loadPlugin(const std::string& path);
 
-// libchromabridge.so in ../lib beside the running program.
+// The plugin that a program loads when it names none: libchromabridge.so, found in ../lib beside the program.
 std::string defaultPluginPath();
 
 } // namespace host

@@ -5,6 +5,7 @@
 #include "chromabridge/host_abi.h"
 
 #include <cstddef>
+#include <vector>
 
 namespace host {
 
@@ -26,6 +27,9 @@ public:
     const REALmethodDefinitionLegacy& method(std::size_t index) const;
     const REALconstantLegacy& constant(std::size_t index) const;
     const REALmethodDefinitionLegacy& sharedMethod(std::size_t index) const;
+
+    // What the record has beyond these: the names of members that this host gives no meaning to.
+    std::vector<const char*> unknownMembers() const;
 
 private:
     const REALclassDefinitionLegacy* head_;

@@ -6,7 +6,7 @@
 
 namespace host {
 
-// The value as a variant, with one reference for the caller; Nil and the empty variant are null.
+// The value as a variant, with one reference for the caller; Nil is null. Throws std::bad_alloc.
 Object* newVariant(const Type& type, Slot value);
 
 // What a variant holds at this moment: a plain type, "Object" of the object's class, an array type, or Nil.

@@ -1,0 +1,40 @@
+// The classes that the host brings along. They are class records like those of a plugin, their functions have the same shapes, and
+// they go through the same registration.
+#pragma once
+
+#include "model/classes.h"
+
+namespace host {
+
+void registerExceptionClasses(Registry& registry);
+void registerMemoryBlockClass(Registry& registry);
+void registerFolderItemClass(Registry& registry); // without the property NativePath on hosts older than 2013.0
+
+// ---- For writing the records ----
+
+template <class Function>
+REALfunction bound(Function* function) {
+    return reinterpret_cast<REALfunction>(function);
+}
+
+template <class Function>
+REALmethodDefinition method(const char* declaration, Function* function) {
+    return {bound(function), nullptr, declaration, 0, {}};
+}
+
+// A method that can be assigned to: the setter takes the object, the arguments and the value.
+template <class Function, class Setter>
+REALmethodDefinition assignableMethod(const char* declaration, Function* function, Setter* setter) {
+    return {bound(function), bound(setter), declaration, 0, {}};
+}
+
+template <class Function>
+REALproperty readOnlyProperty(const char* name, const char* type, Function* getter) {
+    return {nullptr, name, type, 0, bound(getter), nullptr, 0, {}};
+}
+
+// A record in the current layout without members; `instanceDataSize` is a multiple of 16.
+REALclassDefinition builtInRecord(const char* name, const char* superName, REALword instanceDataSize,
+                                  void (*constructor)(Object*), void (*destructor)(Object*));
+
+} // namespace host

@@ -1,0 +1,274 @@
+#include "model/declarations.h"
+
+#include "model/strings.h"
+
+#include <charconv>
+#include <cstdlib>
+#include <limits>
+
+namespace host {
+
+namespace {
+
+std::string describe(const std::string& reason, std::size_t position, std::string_view text) {
+    return reason + " at column " + std::to_string(position + 1) + " of \"" + std::string(text) + "\"";
+}
+
+bool isNameStart(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_'; }
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+class Parser {
+public:
+    explicit Parser(std::string_view text) : text_(text) {}
+
+    Signature signature() {
+        Signature result;
+        result.name = name("a name");
+        if (skip('(')) parameters(result);
+        if (skipWord("as")) result.result = type();
+        end();
+        return result;
+    }
+
+    Constant constant() {
+        Constant result;
+        result.name = name("a name");
+        expect('=');
+        result.value = literal();
+        end();
+        return result;
+    }
+
+    Type wholeType() {
+        Type result = type();
+        end();
+        return result;
+    }
+
+private:
+    [[noreturn]] void fail(const std::string& reason, std::size_t position) const {
+        throw DeclarationError(reason, position, text_);
+    }
+    [[noreturn]] void failExpecting(const std::string& what) const { fail("expected " + what, at_); }
+
+    void skipBlanks() {
+        while (at_ < text_.size() && (text_[at_] == ' ' || text_[at_] == '\t'))
+            ++at_;
+    }
+
+    char peek() {
+        skipBlanks();
+        return at_ < text_.size() ? text_[at_] : '\0';
+    }
+
+    bool skip(char c) {
+        if (at_ >= text_.size() || peek() != c) return false;
+        ++at_;
+        return true;
+    }
+
+    void expect(char c) {
+        if (!skip(c)) failExpecting(std::string("\"") + c + "\"");
+    }
+
+    std::string_view peekName() {
+        if (!isNameStart(peek())) return {};
+        std::size_t end = at_;
+        while (end < text_.size() && (isNameStart(text_[end]) || isDigit(text_[end])))
+            ++end;
+        return text_.substr(at_, end - at_);
+    }
+
+    bool skipWord(std::string_view word) {
+        if (!equalIgnoringCase(peekName(), word)) return false;
+        at_ += word.size();
+        return true;
+    }
+
+    std::string name(const char* what) {
+        const std::string_view found = peekName();
+        if (found.empty()) failExpecting(what);
+        at_ += found.size();
+        return std::string(found);
+    }
+
+    void end() {
+        skipBlanks();
+        if (at_ != text_.size()) failExpecting("the end");
+    }
+
+    bool skipParentheses() {
+        if (!skip('(')) return false;
+        expect(')');
+        return true;
+    }
+
+    Type type() {
+        Type result = typeNamed(name("a type"));
+        result.isArray = skipParentheses();
+        return result;
+    }
+
+    void parameters(Signature& signature) {
+        if (skip(')')) return;
+        do {
+            skipBlanks();
+            const std::size_t start = at_;
+            Parameter next = parameter();
+            if (!signature.parameters.empty()) {
+                const Parameter& last = signature.parameters.back();
+                if (last.paramArray) fail("a parameter after the paramarray", start);
+                if (last.defaultValue && !next.defaultValue) fail("a parameter without a default after one with", start);
+            }
+            signature.parameters.push_back(std::move(next));
+        } while (skip(','));
+        expect(')');
+    }
+
+    Parameter parameter() {
+        Parameter result;
+        if (skipWord("byref")) {
+            result.byRef = true;
+        } else if (skipWord("paramarray")) {
+            result.paramArray = true;
+        }
+        result.name = name("a parameter");
+        const bool namedAsArray = skipParentheses();
+        if (!skipWord("as")) failExpecting("\"as\"");
+        const std::size_t typeStart = at_;
+        result.type = type();
+        if (result.type.isArray && (namedAsArray || result.paramArray)) fail("an array of arrays", typeStart);
+        if (namedAsArray && result.paramArray) fail("an array of arrays", typeStart);
+        if (namedAsArray || result.paramArray) result.type.isArray = true;
+        if (skip('=')) defaultValue(result);
+        return result;
+    }
+
+    void defaultValue(Parameter& parameter) {
+        skipBlanks();
+        const std::size_t start = at_;
+        if (parameter.byRef || parameter.paramArray) fail("a default for a byref or paramarray parameter", start);
+        Literal value = literal();
+        const Type& wanted = parameter.type;
+        if (wanted.kind == Kind::Double && !wanted.isArray && std::holds_alternative<HostInteger>(value.value)) {
+            value.value = static_cast<double>(std::get<HostInteger>(value.value));
+        }
+        const bool fits = value.type() == wanted || (value.type().isNil() && wanted.isObjectReference());
+        if (!fits) fail("a default of another type than " + nameOf(wanted), start);
+        parameter.defaultValue = std::move(value);
+    }
+
+    Literal literal() {
+        const char first = peek();
+        if (first == '"') return {text()};
+        if (first == '&') return prefixed();
+        if (first == '-' || first == '+' || first == '.' || isDigit(first)) return number();
+        if (skipWord("true")) return {true};
+        if (skipWord("false")) return {false};
+        if (skipWord("nil")) return {};
+        failExpecting("a value");
+    }
+
+    std::string text() {
+        const std::size_t start = at_++;
+        std::string result;
+        while (at_ < text_.size()) {
+            const char c = text_[at_++];
+            if (c != '"') {
+                result += c;
+            } else if (at_ < text_.size() && text_[at_] == '"') {
+                result += text_[at_++];
+            } else {
+                return result;
+            }
+        }
+        fail("text without its closing quote", start);
+    }
+
+    // &hFF is an integer, &cFF8000 a colour.
+    Literal prefixed() {
+        const std::size_t start = at_++;
+        const char letter = at_ < text_.size() ? text_[at_] : '\0';
+        const bool isColor = letter == 'c' || letter == 'C';
+        if (!isColor && letter != 'h' && letter != 'H') fail("expected &h or &c", start);
+        ++at_;
+        std::uint64_t value = 0;
+        const char* const digits = text_.data() + at_;
+        const auto [stop, error] = std::from_chars(digits, text_.data() + text_.size(), value, 16);
+        const std::uint64_t limit =
+            isColor ? std::numeric_limits<HostColor>::max() : std::numeric_limits<std::uintptr_t>::max();
+        if (stop == digits) fail("expected hexadecimal digits", at_);
+        if (error != std::errc() || value > limit) fail("a number too big", start);
+        at_ += static_cast<std::size_t>(stop - digits);
+        if (isColor) return {static_cast<HostColor>(value)};
+        return {static_cast<HostInteger>(value)};
+    }
+
+    Literal number() {
+        const std::size_t start = at_;
+        if (text_[at_] == '-' || text_[at_] == '+') ++at_;
+        bool isReal = false;
+        const std::size_t digits = at_;
+        while (at_ < text_.size()) {
+            const char c = text_[at_];
+            const bool isExponent = (c == 'e' || c == 'E') && at_ > digits;
+            const bool isExponentSign = (c == '-' || c == '+') && (text_[at_ - 1] == 'e' || text_[at_ - 1] == 'E');
+            if (!isDigit(c) && c != '.' && !isExponent && !isExponentSign) break;
+            isReal = isReal || !isDigit(c);
+            ++at_;
+        }
+        const std::string written(text_.substr(start + (text_[start] == '+' ? 1 : 0), at_ - start));
+        if (isReal) return {real(written, start)};
+        HostInteger value = 0;
+        const auto [stop, error] = std::from_chars(written.data(), written.data() + written.size(), value);
+        if (error == std::errc::result_out_of_range) fail("a number too big", start);
+        if (error != std::errc() || *stop != '\0') fail("a malformed number", start);
+        return {value};
+    }
+
+    double real(const std::string& written, std::size_t start) const {
+        double value = 0.0;
+        const char* const last = written.data() + written.size();
+        const auto [stop, error] = std::from_chars(written.data(), last, value);
+        if (error != std::errc() || stop != last) fail("a malformed number", start);
+        return value;
+    }
+
+    std::string_view text_;
+    std::size_t at_ = 0;
+};
+
+} // namespace
+
+DeclarationError::DeclarationError(const std::string& reason, std::size_t where, std::string_view text)
+    : std::runtime_error(describe(reason, where, text)), position(where) {}
+
+Type Literal::type() const {
+    struct {
+        Type operator()(std::monostate) const { return Type::nil(); }
+        Type operator()(bool) const { return {Kind::Boolean, false, {}}; }
+        Type operator()(HostInteger) const { return {Kind::Integer, false, {}}; }
+        Type operator()(double) const { return {Kind::Double, false, {}}; }
+        Type operator()(HostColor) const { return {Kind::Color, false, {}}; }
+        Type operator()(const std::string&) const { return {Kind::String, false, {}}; }
+    } visitor;
+    return std::visit(visitor, value);
+}
+
+Slot Literal::newSlot() const {
+    struct {
+        Slot operator()(std::monostate) const { return Slot(); }
+        Slot operator()(bool v) const { return Slot::ofBoolean(v); }
+        Slot operator()(HostInteger v) const { return Slot::ofInteger(v); }
+        Slot operator()(double v) const { return Slot::ofReal(v); }
+        Slot operator()(HostColor v) const { return Slot::ofColor(v); }
+        Slot operator()(const std::string& v) const { return Slot::ofString(newString(v)); }
+    } visitor;
+    return std::visit(visitor, value);
+}
+
+Signature parseSignature(std::string_view text) { return Parser(text).signature(); }
+Constant parseConstant(std::string_view text) { return Parser(text).constant(); }
+Type parseType(std::string_view text) { return Parser(text).wholeType(); }
+
+} // namespace host

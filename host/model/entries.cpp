@@ -1,0 +1,284 @@
+#include "model/entries.h"
+
+#include "model/arrays.h"
+#include "model/builtins.h"
+#include "model/exceptions.h"
+#include "model/memory_blocks.h"
+#include "model/platform.h"
+#include "model/strings.h"
+
+#include <algorithm>
+#include <new>
+#include <set>
+#include <stdexcept>
+
+namespace host {
+
+namespace {
+
+struct Process {
+    double version = 0.0;
+    std::set<std::string, std::less<>> without;
+    int controlVersion = 0;
+};
+
+Process& process() {
+    static Process theProcess;
+    return theProcess;
+}
+
+// Nothing is thrown across the boundary: an entry that finds no memory does nothing and answers null.
+template <class Body>
+auto orNull(Body body) noexcept -> decltype(body()) {
+    try {
+        return body();
+    } catch (const std::exception&) {
+        return decltype(body())();
+    }
+}
+
+// ---- Version and classes ----------------------------------------------------------------------------------------------------
+
+double getVersion() { return process().version; }
+
+void registerPluginVersion(std::int32_t controlVersion) { process().controlVersion = controlVersion; }
+
+void registerClass(REALclassDefinition* record) {
+    if (!record) return;
+    const bool mayAnnounce = resolveEntry("RegisterPluginVersion") != nullptr;
+    if (mayAnnounce && record->version != process().controlVersion) {
+        registry().report(std::string(record->name ? record->name : "a class record") + ": the record's version is " +
+                          std::to_string(record->version) + ", announced was " + std::to_string(process().controlVersion));
+    }
+    registry().add(*record);
+}
+
+// ---- Objects ----------------------------------------------------------------------------------------------------------------
+
+Object* newInstance(const char* className) {
+    return orNull([&]() -> Object* {
+        ClassInfo* const info = className ? registry().find(className) : nullptr;
+        return info ? newObject(*info) : nullptr;
+    });
+}
+
+void lockObject(Object* object) { lock(object); }
+void unlockObject(Object* object) { unlock(object); }
+
+void raiseException(Object* exception) { raise(exception); }
+
+const Property* propertyOf(const Object* object, const char* name, Kind kind) {
+    const Property* const property = object && name ? object->info->findProperty(name) : nullptr;
+    return property && property->type == Type{kind, false, {}} ? property : nullptr;
+}
+
+void setPropertyString(Object* object, const char* name, String* value) {
+    const Property* const property = propertyOf(object, name, Kind::String);
+    if (property && property->setter) writeProperty(*property, object, Slot::ofString(value));
+}
+
+void setPropertyInteger(Object* object, const char* name, std::int32_t value) {
+    const Property* const property = propertyOf(object, name, Kind::Integer);
+    if (property && property->setter) writeProperty(*property, object, Slot::ofInteger(value));
+}
+
+HostBoolean getPropertyString(Object* object, const char* name, String** value) {
+    const Property* const property = propertyOf(object, name, Kind::String);
+    if (!property || !property->getter || !value) return 0;
+    *value = readProperty(*property, object).string;
+    return 1;
+}
+
+// ---- Strings ----------------------------------------------------------------------------------------------------------------
+
+String* buildStringWithEncoding(const void* bytes, std::int32_t length, std::uint32_t encoding) {
+    if (!bytes || length <= 0) return nullptr;
+    return newString({static_cast<const char*>(bytes), static_cast<std::size_t>(length)}, encoding);
+}
+
+String* buildString(const void* bytes, std::int32_t length) {
+    return buildStringWithEncoding(bytes, length, encoding::unknown);
+}
+
+std::uint32_t getStringEncoding(String* string) { return encodingOf(string); }
+void setStringEncoding(String* string, std::uint32_t encoding) { setEncoding(string, encoding); }
+
+String* convertString(String* string, std::uint32_t encoding) {
+    return orNull([&] { return convert(string, encoding); });
+}
+
+void lockString(String* string) { lock(string); }
+void unlockString(String* string) { unlock(string); }
+
+const void* getStringCFString(String* string, std::int32_t) {
+    return string ? platform::newCFString(bytesOf(string), encodingOf(string)) : nullptr;
+}
+
+// ---- Arrays -----------------------------------------------------------------------------------------------------------------
+
+void* createArray(std::int32_t elementType, std::int32_t upperBound) {
+    return orNull([&]() -> void* {
+        if (upperBound < -1) return nullptr;
+        switch (elementType) {
+        case REALarrayOfDoubles: return newArray({Kind::Double, false, {}}, upperBound);
+        case REALarrayOfObjects: return newArray(Type::object("Object"), upperBound);
+        default: return nullptr;
+        }
+    });
+}
+
+Array* arrayFrom(void* array) { return asArray(static_cast<Object*>(array)); }
+
+std::int32_t arrayUpperBound(void* array) {
+    const Array* const found = arrayFrom(array);
+    return found ? upperBound(found) : -1;
+}
+
+void raiseBadIndex(const Array* array, std::int32_t index) {
+    orNull([&] {
+        raise("OutOfBoundsException", "Index " + std::to_string(index) + " is outside an array with upper bound " +
+                                          std::to_string(upperBound(array)) + ".");
+    });
+}
+
+// Stores at an index that exists, and at the first past the end, where the array grows.
+void store(void* array, std::int32_t index, Slot value) {
+    orNull([&] {
+        Array* const target = arrayFrom(array);
+        if (index == upperBound(target) + 1) {
+            appendElement(target, value);
+        } else if (inBounds(target, index)) {
+            setElement(target, index, value);
+        } else {
+            raiseBadIndex(target, index);
+        }
+    });
+}
+
+void insertDouble(void* array, std::int32_t index, double value) { store(array, index, Slot::ofReal(value)); }
+void insertObject(void* array, std::int32_t index, Object* value) { store(array, index, Slot::ofObject(value)); }
+
+double getDouble(void* array, std::int32_t index) {
+    const Array* const source = arrayFrom(array);
+    if (inBounds(source, index)) return elementAt(source, index).real;
+    raiseBadIndex(source, index);
+    return 0.0;
+}
+
+bool holdsDoubles(void* array) {
+    const Array* const found = arrayFrom(array);
+    return found && elementType(found).kind == Kind::Double;
+}
+
+bool holdsObjects(void* array) {
+    const Array* const found = arrayFrom(array);
+    return found && elementType(found).isObjectReference();
+}
+
+REALarrayInsertDoubleProc doubleInsertFor(void* array) { return holdsDoubles(array) ? insertDouble : nullptr; }
+REALarrayInsertObjectProc objectInsertFor(void* array) { return holdsObjects(array) ? insertObject : nullptr; }
+REALarrayGetDoubleProc doubleGetFor(void* array) { return holdsDoubles(array) ? getDouble : nullptr; }
+
+void* directInsertFor(void* array) {
+    if (holdsDoubles(array)) return bound(insertDouble);
+    return holdsObjects(array) ? bound(insertObject) : nullptr;
+}
+
+// ---- Memory blocks ----------------------------------------------------------------------------------------------------------
+
+MemoryBlock* createMemoryBlock(std::int32_t size) {
+    return orNull([&] { return newMemoryBlock(size); });
+}
+void* memoryBlockBytes(MemoryBlock* block) { return block ? bytesOf(block) : nullptr; }
+std::int32_t memoryBlockSize(MemoryBlock* block) { return block ? sizeOf(block) : 0; }
+
+// ---- The table --------------------------------------------------------------------------------------------------------------
+
+struct Entry {
+    const char* name;
+    double since; // the first host version that offers it
+    void* address;
+};
+
+// A function under the type that the contract gives it.
+template <class Contract>
+void* entry(Contract function) {
+    return reinterpret_cast<void*>(function);
+}
+
+// The newer names of entries that were renamed came with 2013.0; the older ones stay.
+const std::vector<Entry>& entries() {
+    static const std::vector<Entry> table = {
+        {"REALGetRBVersion", 0.0, entry<REALGetRBVersionProc>(getVersion)},
+        {"RegisterPluginVersion", 0.0, entry<RegisterPluginVersionProc>(registerPluginVersion)},
+        {"PluginRegisterClass", 0.0, entry<PluginRegisterClassProc>(registerClass)},
+        {"PluginNewInstance", 0.0, entry<PluginNewInstanceProc>(newInstance)},
+        {"REALLockObject", 0.0, entry<REALLockObjectProc>(lockObject)},
+        {"REALUnlockObject", 0.0, entry<REALUnlockObjectProc>(unlockObject)},
+        {"REALLockString", 0.0, entry<REALLockStringProc>(lockString)},
+        {"REALUnlockString", 0.0, entry<REALUnlockStringProc>(unlockString)},
+        {"RuntimeRaiseException", 0.0, entry<RuntimeRaiseExceptionProc>(raiseException)},
+        {"REALSetPropValueString", 0.0, entry<REALSetPropValueStringProc>(setPropertyString)},
+        {"REALSetPropValueInteger", 2013.0, entry<REALSetPropValueIntegerProc>(setPropertyInteger)},
+        {"REALSetPropValueInt", 0.0, entry<REALSetPropValueIntegerProc>(setPropertyInteger)},
+        {"REALGetPropValueString", 0.0, entry<REALGetPropValueStringProc>(getPropertyString)},
+        {"REALBuildString", 0.0, entry<REALBuildStringProc>(buildString)},
+        {"REALBuildStringWithEncoding", 2012.0, entry<REALBuildStringWithEncodingProc>(buildStringWithEncoding)},
+        {"REALGetStringEncoding", 0.0, entry<REALGetStringEncodingProc>(getStringEncoding)},
+        {"REALSetStringEncoding", 0.0, entry<REALSetStringEncodingProc>(setStringEncoding)},
+        {"REALConvertString", 0.0, entry<REALConvertStringProc>(convertString)},
+        {"REALGetStringCFString", 0.0, entry<REALGetStringCFStringProc>(getStringCFString)},
+        {"RuntimeArrayCreateSingleDimBoundedArray", 0.0, entry<RuntimeArrayCreateProc>(createArray)},
+        {"RuntimeUBound", 0.0, entry<RuntimeUBoundProc>(arrayUpperBound)},
+        {"PluginDoubleArrayInsertProc", 2013.0, entry<PluginDoubleArrayInsertProc>(doubleInsertFor)},
+        {"PluginObjectArrayInsertProc", 2013.0, entry<PluginObjectArrayInsertProc>(objectInsertFor)},
+        {"RuntimeArrayDirectGetInsertProc", 0.0, entry(directInsertFor)},
+        {"PluginDoubleArrayGetProc", 2013.0, entry<PluginDoubleArrayGetProc>(doubleGetFor)},
+        {"RuntimeArrayDirectGetGetProc", 0.0, entry<PluginDoubleArrayGetProc>(doubleGetFor)},
+        {"newMemoryBlock", 0.0, entry<NewMemoryBlockProc>(createMemoryBlock)},
+        {"memoryBlockGetPtr", 2017.0, entry<MemoryBlockGetPtrProc>(memoryBlockBytes)},
+        {"memoryBlockGetSize", 2017.0, entry<MemoryBlockGetSizeProc>(memoryBlockSize)},
+    };
+    return table;
+}
+
+const Entry* findEntry(std::string_view name) {
+    const auto found = std::find_if(entries().begin(), entries().end(), [&](const Entry& e) { return name == e.name; });
+    return found == entries().end() ? nullptr : &*found;
+}
+
+} // namespace
+
+void startHost(const HostOptions& options) {
+    for (const std::string& name : options.without) {
+        if (findEntry(name)) continue;
+        std::string message = "there is no entry \"" + name + "\"; the entries are:";
+        for (const std::string& known : entryNames())
+            message += "\n    " + known;
+        throw std::invalid_argument(message);
+    }
+    process().version = options.version;
+    process().without = {options.without.begin(), options.without.end()};
+    registerExceptionClasses(registry());
+    registerMemoryBlockClass(registry());
+    registerFolderItemClass(registry());
+}
+
+double hostVersion() { return process().version; }
+bool exposesStorage() { return process().version < 2017.0; }
+int announcedControlVersion() { return process().controlVersion; }
+
+void* resolveEntry(const char* name) {
+    const Entry* const entry = findEntry(name);
+    const bool offered = entry && process().version >= entry->since && process().without.count(name) == 0;
+    return offered ? entry->address : nullptr;
+}
+
+std::vector<std::string> entryNames() {
+    std::vector<std::string> names;
+    for (const Entry& entry : entries())
+        names.emplace_back(entry.name);
+    return names;
+}
+
+} // namespace host

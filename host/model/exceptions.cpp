@@ -1,0 +1,115 @@
+#include "model/exceptions.h"
+
+#include "model/builtins.h"
+#include "model/strings.h"
+
+#include <array>
+#include <iterator>
+
+namespace host {
+
+namespace detail {
+Object* pendingException = nullptr;
+}
+
+namespace {
+
+// Beside the instance data, so that a plugin's exception class has its own data where every plugin class has it.
+struct Exception {
+    String* message;
+    HostInteger errorNumber;
+};
+
+Exception& dataOf(const Object* object) { return *static_cast<Exception*>(object->own.reference); }
+
+void construct(Object* object) { object->own = Slot::ofReference(new Exception{nullptr, 0}); }
+
+void destroy(Object* object) {
+    unlock(dataOf(object).message);
+    delete &dataOf(object);
+}
+
+String* message(Object* object, REALword) {
+    lock(dataOf(object).message);
+    return dataOf(object).message;
+}
+
+void setMessage(Object* object, REALword, String* value) {
+    lock(value);
+    unlock(dataOf(object).message);
+    dataOf(object).message = value;
+}
+
+HostInteger errorNumber(Object* object, REALword) { return dataOf(object).errorNumber; }
+void setErrorNumber(Object* object, REALword, HostInteger value) { dataOf(object).errorNumber = value; }
+
+void initialize(Object* object, String* text, HostInteger number) {
+    setMessage(object, 0, text);
+    setErrorNumber(object, 0, number);
+}
+
+REALproperty properties[] = {
+    {nullptr, "Message", "String", 0, bound(message), bound(setMessage), 0, {}},
+    {nullptr, "ErrorNumber", "Integer", 0, bound(errorNumber), bound(setErrorNumber), 0, {}},
+};
+
+// Every exception class has the constructor: constructors are not inherited.
+REALmethodDefinition methods[] = {method("Constructor(message as string = \"\", errorNumber as integer = 0)", initialize)};
+
+constexpr std::array subclassNames = {
+    "OutOfBoundsException", "NilObjectException",    "UnsupportedOperationException", "OutOfMemoryException",
+    "IllegalCastException", "TypeMismatchException", "DivideByZeroException",         "StackOverflowException",
+    "KeyNotFoundException", "IOException",
+};
+
+ClassInfo* runtimeExceptionClass = nullptr;
+
+} // namespace
+
+void raise(Object* exception) {
+    if (!exception || detail::pendingException) return;
+    lock(exception);
+    detail::pendingException = exception;
+}
+
+void raise(std::string_view className, std::string_view text, HostInteger number) {
+    ClassInfo* info = registry().find(className);
+    if (!info || !info->isOrDescendsFrom(*runtimeExceptionClass)) info = runtimeExceptionClass;
+    Object* const exception = newObject(*info);
+    if (!exception) return;
+    String* const string = newString(text);
+    initialize(exception, string, number);
+    unlock(string);
+    raise(exception);
+    unlock(exception);
+}
+
+Object* takePendingException() {
+    Object* const exception = detail::pendingException;
+    detail::pendingException = nullptr;
+    return exception;
+}
+
+bool isException(const Object* object) { return object && object->info->isOrDescendsFrom(*runtimeExceptionClass); }
+
+std::string exceptionMessage(const Object* exception) { return utf8Of(dataOf(exception).message); }
+HostInteger exceptionErrorNumber(const Object* exception) { return dataOf(exception).errorNumber; }
+
+void registerExceptionClasses(Registry& registry) {
+    static REALclassDefinition base = builtInRecord("RuntimeException", nullptr, 0, construct, destroy);
+    base.properties = properties;
+    base.propertyCount = std::size(properties);
+    base.methods = methods;
+    base.methodCount = std::size(methods);
+    runtimeExceptionClass = registry.add(base, true);
+
+    static std::array<REALclassDefinition, subclassNames.size()> subclasses;
+    for (std::size_t i = 0; i < subclasses.size(); ++i) {
+        subclasses[i] = builtInRecord(subclassNames[i], base.name, 0, nullptr, nullptr);
+        subclasses[i].methods = methods;
+        subclasses[i].methodCount = std::size(methods);
+        registry.add(subclasses[i], true);
+    }
+}
+
+} // namespace host

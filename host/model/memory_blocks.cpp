@@ -1,0 +1,135 @@
+#include "model/memory_blocks.h"
+
+#include "model/builtins.h"
+#include "model/entries.h"
+#include "model/exceptions.h"
+#include "model/storage.h"
+#include "model/strings.h"
+
+#include <cstdlib>
+#include <limits>
+#include <string>
+
+namespace host {
+
+namespace {
+
+struct Bytes {
+    unsigned char* start; // null when size is 0
+    std::int32_t size;
+};
+
+Bytes& bytesIn(const Object* block) { return *static_cast<Bytes*>(block->own.reference); }
+
+// Plugins read size and address straight from the record on hosts that let them.
+void publish(Object* block) {
+    if (!exposesStorage()) return;
+    writeAt(block, REALmemoryBlockSizeOffset, bytesIn(block).size);
+    writeAt(block, REALmemoryBlockBytesOffset, bytesIn(block).start);
+}
+
+void construct(Object* block) {
+    block->own = Slot::ofReference(new Bytes{nullptr, 0});
+    publish(block);
+}
+
+void destroy(Object* block) {
+    const Bytes bytes = bytesIn(block);
+    std::free(bytes.start);
+    delete &bytesIn(block);
+}
+
+// Keeps the leading bytes, zero-fills new ones; false when memory is exhausted.
+bool resize(Object* block, std::int32_t size) {
+    Bytes& bytes = bytesIn(block);
+    unsigned char* start = nullptr;
+    if (size > 0) {
+        start = static_cast<unsigned char*>(std::calloc(static_cast<std::size_t>(size), 1));
+        if (!start) return false;
+        const std::int32_t kept = bytes.size < size ? bytes.size : size;
+        if (kept > 0) std::memcpy(start, bytes.start, static_cast<std::size_t>(kept));
+    }
+    std::free(bytes.start);
+    bytes = {start, size};
+    publish(block);
+    return true;
+}
+
+void resizeOrRaise(Object* block, HostInteger size) {
+    if (size < 0 || size > std::numeric_limits<std::int32_t>::max()) {
+        raise("OutOfBoundsException", "A memory block cannot have " + std::to_string(size) + " bytes.");
+    } else if (!resize(block, static_cast<std::int32_t>(size))) {
+        raise("OutOfMemoryException", "There is no memory for " + std::to_string(size) + " bytes.");
+    }
+}
+
+bool inRange(const Object* block, HostInteger offset, HostInteger length) {
+    const HostInteger size = bytesIn(block).size;
+    if (offset >= 0 && length >= 0 && offset <= size && length <= size - offset) return true;
+    raise("OutOfBoundsException", std::to_string(length) + " bytes from offset " + std::to_string(offset) +
+                                      " are not inside a memory block of " + std::to_string(size) + " bytes.");
+    return false;
+}
+
+HostInteger size(Object* block, REALword) { return bytesIn(block).size; }
+void setSize(Object* block, REALword, HostInteger size) { resizeOrRaise(block, size); }
+
+HostInteger byteAt(Object* block, HostInteger offset) {
+    return inRange(block, offset, 1) ? bytesIn(block).start[offset] : 0;
+}
+void setByteAt(Object* block, HostInteger offset, HostInteger value) {
+    if (inRange(block, offset, 1)) bytesIn(block).start[offset] = static_cast<unsigned char>(value & 0xFF);
+}
+
+String* stringValue(Object* block, HostInteger offset, HostInteger length) {
+    if (!inRange(block, offset, length) || length == 0) return nullptr;
+    const auto* const text = reinterpret_cast<const char*>(bytesIn(block).start + offset);
+    return newString({text, static_cast<std::size_t>(length)}, encoding::unknown);
+}
+
+// Writes the string's bytes as they are, cut to the length; bytes of the range beyond the string become 0.
+void setStringValue(Object* block, HostInteger offset, HostInteger length, String* value) {
+    if (!inRange(block, offset, length)) return;
+    const std::string_view bytes = bytesOf(value).substr(0, static_cast<std::size_t>(length));
+    for (HostInteger i = 0; i < length; ++i) {
+        const auto index = static_cast<std::size_t>(i);
+        bytesIn(block).start[offset + i] = index < bytes.size() ? static_cast<unsigned char>(bytes[index]) : 0;
+    }
+}
+
+REALproperty properties[] = {{nullptr, "Size", "Integer", 0, bound(size), bound(setSize), 0, {}}};
+
+REALmethodDefinition methods[] = {
+    method("Constructor(size as integer)", resizeOrRaise),
+    assignableMethod("Byte(offset as integer) as integer", byteAt, setByteAt),
+    assignableMethod("StringValue(offset as integer, length as integer) as string", stringValue, setStringValue),
+};
+
+ClassInfo* memoryBlockClass = nullptr;
+
+} // namespace
+
+MemoryBlock* newMemoryBlock(std::int32_t size) {
+    if (size < 0) return nullptr;
+    Object* const block = newObject(*memoryBlockClass);
+    if (!block) return nullptr;
+    if (!resize(block, size)) {
+        unlock(block);
+        return nullptr;
+    }
+    return static_cast<MemoryBlock*>(block);
+}
+
+unsigned char* bytesOf(MemoryBlock* block) { return bytesIn(block).start; }
+std::int32_t sizeOf(const MemoryBlock* block) { return bytesIn(block).size; }
+
+void registerMemoryBlockClass(Registry& registry) {
+    static REALclassDefinition record = builtInRecord("MemoryBlock", nullptr, 16, construct, destroy);
+    record.properties = properties;
+    record.propertyCount = std::size(properties);
+    record.methods = methods;
+    record.methodCount = std::size(methods);
+    memoryBlockClass = registry.add(record, true);
+}
+
+} // namespace host

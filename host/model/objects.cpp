@@ -1,0 +1,57 @@
+#include "model/objects.h"
+
+#include "model/classes.h"
+#include "model/storage.h"
+#include "model/strings.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace host {
+
+namespace {
+std::size_t liveObjects = 0;
+}
+
+Object* newObject(ClassInfo& info) {
+    void* const memory = std::calloc(1, REALinstanceDataOffset + info.instanceSize());
+    if (!memory) return nullptr;
+    Object* const object = new (memory) Object{&info, 1, Slot()};
+    ++liveObjects;
+    ++info.liveObjects;
+    info.construct(object);
+    return object;
+}
+
+void destroyObject(Object* object) {
+    // A destructor may lock and unlock its own object; that must not end it a second time.
+    object->references = 1;
+    ClassInfo& info = *object->info;
+    info.destruct(object);
+    --liveObjects;
+    --info.liveObjects;
+    std::free(object);
+}
+
+unsigned char* instanceData(Object* object) { return addressAt(object, REALinstanceDataOffset); }
+const unsigned char* instanceData(const Object* object) { return addressAt(object, REALinstanceDataOffset); }
+
+std::size_t liveObjectCount() { return liveObjects; }
+
+void lock(const Type& type, Slot value) {
+    if (type.isObjectReference()) {
+        lock(value.object);
+    } else if (type.kind == Kind::String) {
+        lock(value.string);
+    }
+}
+
+void unlock(const Type& type, Slot value) {
+    if (type.isObjectReference()) {
+        unlock(value.object);
+    } else if (type.kind == Kind::String) {
+        unlock(value.string);
+    }
+}
+
+} // namespace host

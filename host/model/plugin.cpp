@@ -1,0 +1,33 @@
+#include "model/plugin.h"
+
+#include "model/classes.h"
+#include "model/entries.h"
+
+#include <dlfcn.h>
+
+#include <filesystem>
+#include <stdexcept>
+
+namespace host {
+
+void loadPlugin(const std::string& path) {
+    std::error_code error;
+    // A path that exists is meant as it is; a bare name is left to the loader, which looks beside the program first.
+    const std::string file = std::filesystem::exists(path, error) ? std::filesystem::absolute(path, error).string() : path;
+    void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (!library) throw std::runtime_error("cannot load the plugin " + path + ": " + dlerror());
+    void* const symbol = dlsym(library, "REALPluginMain");
+    if (!symbol) throw std::runtime_error(path + " is no plugin: it has no REALPluginMain");
+
+    const std::size_t before = registry().problems().size();
+    reinterpret_cast<REALPluginMainProc>(symbol)(resolveEntry);
+    if (registry().problems().size() == before) return;
+    std::string message = path + ": the host cannot take all of its class records";
+    for (std::size_t i = before; i < registry().problems().size(); ++i)
+        message += "\n    " + registry().problems()[i];
+    throw std::runtime_error(message);
+}
+
+std::string defaultPluginPath() { return "libchromabridge.so"; }
+
+} // namespace host

@@ -1,0 +1,170 @@
+#include "model/resolve.h"
+
+#include <algorithm>
+
+namespace host {
+
+namespace {
+
+// What a way of giving arguments costs, the lower the better; compared place by place.
+enum Cost { exact, upcast, nilLiteral, widened, toVariant, fromVariant };
+
+Cost costOf(const Type& from, const Type& to, Conversion conversion) {
+    switch (conversion) {
+    case Conversion::IntegerToDouble: return widened;
+    case Conversion::ToVariant: return toVariant;
+    case Conversion::FromVariant: return fromVariant;
+    case Conversion::None: break;
+    }
+    return from == to ? exact : from.isNil() ? nilLiteral : upcast;
+}
+
+// What filling a parameter costs when the arguments alone do not decide: a default is better than a paramarray.
+constexpr int defaultExtra = 1;
+constexpr int paramArrayExtra = maximumArguments + 1;
+
+// A method with the arguments bound to it.
+struct Candidate {
+    const Method* method;
+    std::vector<Binding> bindings;
+    std::vector<Cost> costs; // of each argument
+    int extras = 0;
+};
+
+// Binds argument `index` by a conversion, if there is one.
+bool bindConverted(Candidate& candidate, Binding& binding, const Type& to, const Type& from) {
+    const std::optional<Conversion> conversion = implicitConversion(from, to);
+    if (!conversion) return false;
+    binding.conversions.push_back(*conversion);
+    candidate.costs.push_back(costOf(from, to, *conversion));
+    return true;
+}
+
+bool bindParameter(Candidate& candidate, const Parameter& parameter, const std::vector<Argument>& arguments,
+                   std::size_t& next) {
+    Binding binding = {Binding::Source::Argument, &parameter, next, {}};
+    if (parameter.paramArray) {
+        binding.source = Binding::Source::ParamArray;
+        candidate.extras += paramArrayExtra;
+        for (; next < arguments.size(); ++next) {
+            if (!bindConverted(candidate, binding, parameter.type.element(), arguments[next].type)) return false;
+        }
+    } else if (next == arguments.size()) {
+        if (!parameter.defaultValue) return false;
+        binding.source = Binding::Source::Default;
+        candidate.extras += defaultExtra;
+    } else if (parameter.byRef) {
+        if (!arguments[next].assignable || arguments[next].type != parameter.type) return false;
+        binding.source = Binding::Source::Reference;
+        candidate.costs.push_back(exact);
+        ++next;
+    } else {
+        if (!bindConverted(candidate, binding, parameter.type, arguments[next].type)) return false;
+        ++next;
+    }
+    candidate.bindings.push_back(std::move(binding));
+    return true;
+}
+
+std::optional<Candidate> bind(const Method& method, const std::vector<Argument>& arguments) {
+    Candidate candidate = {&method, {}, {}, 0};
+    std::size_t next = 0;
+    for (const Parameter& parameter : method.signature.parameters) {
+        if (!bindParameter(candidate, parameter, arguments, next)) return std::nullopt;
+    }
+    if (next != arguments.size()) return std::nullopt;
+    return candidate;
+}
+
+bool isBetter(const Candidate& a, const Candidate& b) {
+    bool better = false;
+    for (std::size_t i = 0; i < a.costs.size(); ++i) {
+        if (a.costs[i] > b.costs[i]) return false;
+        better = better || a.costs[i] < b.costs[i];
+    }
+    return better || a.extras < b.extras;
+}
+
+std::string describe(const std::vector<Argument>& arguments) {
+    if (arguments.empty()) return "without arguments";
+    std::string text = "with (";
+    for (const Argument& argument : arguments) {
+        if (text.back() != '(') text += ", ";
+        text += argument.type.kind == Kind::Void ? "no value" : nameOf(argument.type);
+    }
+    return text + ")";
+}
+
+std::string listed(const std::vector<const Method*>& methods) {
+    std::string text;
+    for (const Method* method : methods)
+        text += std::string("\n    ") + method->declaration;
+    return text;
+}
+
+// The one mistake that the types in the message do not show.
+bool failsOnlyForReferences(const OverloadSet& overloads, std::vector<Argument> arguments) {
+    for (Argument& argument : arguments)
+        argument.assignable = true;
+    return std::any_of(overloads.begin(), overloads.end(),
+                       [&](const Method* method) { return bind(*method, arguments).has_value(); });
+}
+
+} // namespace
+
+std::optional<Conversion> implicitConversion(const Type& from, const Type& to) {
+    if (from.kind == Kind::Void) return std::nullopt;
+    if (from == to) return Conversion::None;
+    if (from.isNil() && to.isObjectReference()) return Conversion::None;
+    const bool toPlainVariant = to.kind == Kind::Variant && !to.isArray;
+    const bool fromPlainVariant = from.kind == Kind::Variant && !from.isArray;
+    if (toPlainVariant) return Conversion::ToVariant;
+    if (fromPlainVariant) return Conversion::FromVariant;
+    if (from.isArray || to.isArray) return std::nullopt;
+    if (from.kind == Kind::Integer && to.kind == Kind::Double) return Conversion::IntegerToDouble;
+    if (from.kind == Kind::Object && to.kind == Kind::Object && isSubclass(from.className, to.className))
+        return Conversion::None;
+    return std::nullopt;
+}
+
+Resolution resolveCall(const std::string& what, const OverloadSet& overloads, const std::vector<Argument>& arguments) {
+    std::vector<Candidate> candidates;
+    for (const Method* method : overloads) {
+        std::optional<Candidate> candidate = bind(*method, arguments);
+        if (candidate) candidates.push_back(std::move(*candidate));
+    }
+
+    Resolution resolution;
+    for (Candidate& candidate : candidates) {
+        const bool best = std::all_of(candidates.begin(), candidates.end(), [&](const Candidate& other) {
+            return &other == &candidate || isBetter(candidate, other);
+        });
+        if (!best) continue;
+        resolution.method = candidate.method;
+        resolution.bindings = std::move(candidate.bindings);
+        return resolution;
+    }
+
+    if (!candidates.empty()) {
+        OverloadSet equals;
+        for (const Candidate& candidate : candidates)
+            equals.push_back(candidate.method);
+        resolution.error = what + " called " + describe(arguments) + " could mean any of:" + listed(equals);
+    } else if (overloads.empty()) {
+        resolution.error = what + " does not exist.";
+    } else {
+        resolution.error = what + " cannot be called " + describe(arguments);
+        if (failsOnlyForReferences(overloads, arguments)) resolution.error += ": a byref argument must be a variable";
+        resolution.error += ". Declared:" + listed(overloads);
+    }
+    return resolution;
+}
+
+Resolution resolveConstruction(const ClassInfo& info, const std::vector<Argument>& arguments) {
+    Resolution resolution = resolveCall("New " + info.name(), info.constructors(), arguments);
+    if (arguments.empty() && !resolution.method) return {};
+    if (info.constructors().empty()) resolution.error = info.name() + " has no Constructor that takes arguments.";
+    return resolution;
+}
+
+} // namespace host

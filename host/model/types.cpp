@@ -1,0 +1,57 @@
+#include "model/types.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace host {
+
+namespace {
+
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+constexpr std::array<std::pair<Kind, const char*>, 6> kindNames = {{
+    {Kind::Boolean, "Boolean"},
+    {Kind::Integer, "Integer"},
+    {Kind::Double, "Double"},
+    {Kind::Color, "Color"},
+    {Kind::String, "String"},
+    {Kind::Variant, "Variant"},
+}};
+
+} // namespace
+
+bool equalIgnoringCase(std::string_view a, std::string_view b) {
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return lower(x) == lower(y); });
+}
+
+bool LessIgnoringCase::operator()(std::string_view a, std::string_view b) const {
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                        [](char x, char y) { return lower(x) < lower(y); });
+}
+
+bool operator==(const Type& a, const Type& b) {
+    return a.kind == b.kind && a.isArray == b.isArray && equalIgnoringCase(a.className, b.className);
+}
+
+bool operator!=(const Type& a, const Type& b) { return !(a == b); }
+
+Type typeNamed(std::string_view name) {
+    for (const auto& [kind, kindName] : kindNames) {
+        if (equalIgnoringCase(name, kindName)) return {kind, false, {}};
+    }
+    return Type::object(std::string(name));
+}
+
+std::string nameOf(const Type& type) {
+    if (type.isNil()) return "Nil";
+    std::string name = type.className;
+    for (const auto& [kind, kindName] : kindNames) {
+        if (kind == type.kind) name = kindName;
+    }
+    if (type.isArray) name += "()";
+    return name;
+}
+
+} // namespace host

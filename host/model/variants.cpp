@@ -1,0 +1,88 @@
+#include "model/variants.h"
+
+#include "model/arrays.h"
+#include "model/classes.h"
+#include "model/exceptions.h"
+#include "model/resolve.h"
+#include "model/strings.h"
+
+#include <array>
+#include <new>
+
+namespace host {
+
+namespace {
+
+// The box of each kind, with the value beside the instance data. The instance data is one zeroed word, so that a plugin which
+// takes any variant for an object of its family finds that it holds nothing.
+struct Box {
+    Kind kind;
+    ClassInfo info;
+
+    Box(Kind boxed, void (*destructor)(Object*))
+        : kind(boxed), info("boxed " + nameOf({boxed, false, {}}), 16, destructor) {}
+};
+
+std::array<Box, 5>& boxes() {
+    static std::array<Box, 5> all = {
+        Box(Kind::Boolean, nullptr),
+        Box(Kind::Integer, nullptr),
+        Box(Kind::Double, nullptr),
+        Box(Kind::Color, nullptr),
+        Box(Kind::String, [](Object* object) { unlock(object->own.string); }),
+    };
+    return all;
+}
+
+void raiseMismatch(const char* className, const Type& held, const Type& wanted) {
+    raise(className, "The variant holds " + nameOf(held) + ", not " + nameOf(wanted) + ".");
+}
+
+} // namespace
+
+Object* newVariant(const Type& type, Slot value) {
+    if (type.isObjectReference()) {
+        lock(value.object);
+        return value.object;
+    }
+    for (Box& box : boxes()) {
+        if (box.kind != type.kind) continue;
+        Object* const object = newObject(box.info);
+        if (!object) throw std::bad_alloc();
+        lock(type, value);
+        object->own = value;
+        return object;
+    }
+    return nullptr;
+}
+
+Type typeInVariant(const Object* variant) {
+    if (!variant) return Type::nil();
+    if (isArray(variant)) return elementType(static_cast<const Array*>(variant)).arrayOf();
+    for (const Box& box : boxes()) {
+        if (variant->info == &box.info) return {box.kind, false, {}};
+    }
+    return Type::object(variant->info->name());
+}
+
+bool readVariant(Object* variant, const Type& type, Slot& value) {
+    value = Slot();
+    if (!variant) return true;
+    const Type held = typeInVariant(variant);
+    const std::optional<Conversion> conversion = implicitConversion(held, type);
+    if (!conversion) {
+        const bool betweenClasses = held.kind == Kind::Object && type.kind == Kind::Object && !held.isArray && !type.isArray;
+        raiseMismatch(betweenClasses ? "IllegalCastException" : "TypeMismatchException", held, type);
+        return false;
+    }
+    if (type.isObjectReference()) {
+        value = Slot::ofObject(variant);
+    } else if (*conversion == Conversion::IntegerToDouble) {
+        value = Slot::ofReal(static_cast<double>(variant->own.integer));
+    } else {
+        value = variant->own;
+    }
+    return true;
+}
+
+} // namespace host
