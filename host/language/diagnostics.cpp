@@ -1,0 +1,54 @@
+#include "language/diagnostics.h"
+
+#include "language/names.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace host::language {
+namespace {
+
+// Edits (insert, delete, replace) between two names, in any case.
+std::size_t editDistance(std::string_view a, std::string_view b) {
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t diagonal = row[0];
+        row[0] = i + 1;
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t replaced = diagonal + (lower(a[i]) == lower(b[j]) ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+        }
+    }
+    return row.back();
+}
+
+} // namespace
+
+std::string Diagnostics::report(const Source& source) const {
+    std::vector<Diagnostic> ordered = list_;
+    std::stable_sort(ordered.begin(), ordered.end(), [](const auto& a, const auto& b) { return a.offset < b.offset; });
+    std::string report;
+    for (const Diagnostic& diagnostic : ordered)
+        report += source.report(diagnostic.offset, "error: " + diagnostic.message);
+    return report;
+}
+
+void NearestName::offer(std::string_view name) {
+    constexpr std::size_t longestCompared = 200;
+    const std::size_t tolerated = std::max<std::size_t>(1, wanted_.size() / 4);
+    if (wanted_.size() > longestCompared || name.size() > wanted_.size() + tolerated ||
+        wanted_.size() > name.size() + tolerated)
+        return;
+    const std::size_t distance = editDistance(wanted_, name);
+    if (distance > tolerated || (!nearest_.empty() && distance >= distance_)) return;
+    nearest_ = name;
+    distance_ = distance;
+}
+
+std::string NearestName::suggestion() const {
+    return nearest_.empty() ? std::string() : ", did you mean '" + nearest_ + "'?";
+}
+
+} // namespace host::language

@@ -1,0 +1,48 @@
+// What is wrong with a program, found before it runs.
+#pragma once
+
+#include "language/source.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace host::language {
+
+struct Diagnostic {
+    Offset offset;
+    std::string message;
+};
+
+// The errors of one program. Beyond a limit further ones are dropped: they are mostly echoes of the first.
+class Diagnostics {
+public:
+    void add(Offset offset, std::string message) {
+        if (list_.size() < limit) list_.push_back({offset, std::move(message)});
+    }
+    bool empty() const { return list_.empty(); }
+
+    // The whole report, in the order of the program's text.
+    std::string report(const Source& source) const;
+
+private:
+    static constexpr std::size_t limit = 20;
+    std::vector<Diagnostic> list_;
+};
+
+// Collects the names that could have been meant and answers the nearest one within a typing error or two.
+class NearestName {
+public:
+    explicit NearestName(std::string_view wanted) : wanted_(wanted) {}
+    void offer(std::string_view name);
+
+    // ", did you mean 'name'?" or nothing.
+    std::string suggestion() const;
+
+private:
+    std::string_view wanted_;
+    std::string nearest_;
+    std::size_t distance_ = 0;
+};
+
+} // namespace host::language

@@ -1,0 +1,179 @@
+// A program as it is written: the tree that the parser builds and the checker reads. Names are views into the source text.
+#pragma once
+
+#include "language/source.h"
+
+#include "model/declarations.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace host::language::syntax {
+
+struct Name {
+    Offset offset;
+    std::string_view text;
+};
+
+// ---- Expressions ------------------------------------------------------------------------------------------------------------
+
+struct Expression;
+using ExpressionPtr = std::unique_ptr<Expression>;
+
+enum class Operator : std::uint8_t {
+    power,
+    negate,
+    multiply,
+    divide,
+    integerDivide,
+    modulo,
+    add,
+    subtract,
+    join,
+    equal,
+    notEqual,
+    less,
+    greater,
+    lessEqual,
+    greaterEqual,
+    is,
+    logicalNot,
+    logicalAnd,
+    logicalOr,
+    logicalXor,
+};
+
+struct Reference {
+    std::string_view name;
+};
+
+struct Member {
+    ExpressionPtr object;
+    Name name;
+};
+
+// A call or an array element, which look alike: `callee` tells. Without parentheses only as a statement.
+struct Call {
+    ExpressionPtr callee;
+    std::vector<ExpressionPtr> arguments;
+};
+
+struct New {
+    Name className;
+    std::vector<ExpressionPtr> arguments;
+};
+
+struct Unary {
+    Operator operation;
+    ExpressionPtr operand;
+};
+
+struct Binary {
+    Operator operation;
+    ExpressionPtr left;
+    ExpressionPtr right;
+};
+
+struct IsA {
+    ExpressionPtr object;
+    Name className;
+};
+
+struct Expression {
+    Offset offset; // where a message about it points: the operator of a binary one, the name of a member
+    std::variant<Literal, Reference, Member, Call, New, Unary, Binary, IsA> form;
+};
+
+// ---- Statements -------------------------------------------------------------------------------------------------------------
+
+struct Statement;
+using Block = std::vector<Statement>;
+
+// One "name" or "name(bound)" of a Dim.
+struct Declarator {
+    Name name;
+    bool isArray;
+    ExpressionPtr upperBound; // null: an empty array
+};
+
+// Dim a, b As Type [= value] or Dim a, b As New Type(arguments), which is the same with a New as the value.
+struct Dim {
+    std::vector<Declarator> declarators;
+    Name type;
+    ExpressionPtr value; // null: the type's null value
+};
+
+struct ReDim {
+    Name array;
+    ExpressionPtr upperBound;
+};
+
+struct Assignment {
+    ExpressionPtr target;
+    ExpressionPtr value;
+};
+
+// A call made for its effect.
+struct Evaluation {
+    ExpressionPtr call;
+};
+
+struct Print {
+    std::vector<ExpressionPtr> values;
+};
+
+struct If {
+    struct Branch {
+        ExpressionPtr condition; // null: Else
+        Block block;
+    };
+    std::vector<Branch> branches;
+};
+
+struct While {
+    ExpressionPtr condition;
+    Block block;
+};
+
+// A loop's own variable when it has a type, otherwise a variable declared before.
+struct LoopVariable {
+    Name name;
+    std::optional<Name> type;
+};
+
+struct For {
+    LoopVariable variable;
+    ExpressionPtr first;
+    ExpressionPtr last;
+    ExpressionPtr step; // null: 1
+    bool down;
+    Block block;
+};
+
+struct ForEach {
+    LoopVariable variable;
+    ExpressionPtr array;
+    Block block;
+};
+
+struct Try {
+    struct Catch {
+        std::optional<Name> variable;
+        std::optional<Name> className; // none: every exception
+        Block block;
+    };
+    Block block;
+    std::vector<Catch> catches;
+    std::optional<Block> finally;
+};
+
+struct Statement {
+    Offset offset;
+    std::variant<Dim, ReDim, Assignment, Evaluation, Print, If, While, For, ForEach, Try> form;
+};
+
+} // namespace host::language::syntax
