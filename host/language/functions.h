@@ -1,0 +1,17 @@
+// The functions of the language itself: Str, Len, Round and so on. They are bound functions with declarations, like those of a
+// plugin, and are resolved and called in the same way.
+#pragma once
+
+#include "model/classes.h"
+
+#include <string_view>
+
+namespace host::language {
+
+// By name without regard to case; empty when there is none.
+OverloadSet findFunctions(std::string_view name);
+
+// All of them, overloads one by one.
+const std::vector<Method>& functions();
+
+} // namespace host::language
