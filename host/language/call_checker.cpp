@@ -1,0 +1,239 @@
+// Members, calls and array elements.
+#include "language/check_error.h"
+#include "language/class_names.h"
+#include "language/diagnostics.h"
+#include "language/expression_checker.h"
+#include "language/functions.h"
+#include "language/operators.h"
+#include "language/places.h"
+
+#include "model/resolve.h"
+
+namespace host::language {
+namespace {
+
+using syntax::Name;
+
+constexpr std::string_view upperBoundName = "UBound";
+
+const Type integerType = {Kind::Integer, false, {}};
+
+std::string quoted(std::string_view name) { return "'" + std::string(name) + "'"; }
+
+// Bound functions of the language and of built-in classes autorelease nothing.
+bool needsPool(const ClassInfo* owner) { return owner && !owner->isBuiltIn(); }
+
+std::vector<Argument> described(const std::vector<Operand>& operands) {
+    std::vector<Argument> arguments;
+    for (const Operand& operand : operands)
+        arguments.push_back({operand.type(), operand.isAssignable()});
+    return arguments;
+}
+
+[[noreturn]] void failUnknownMember(const ClassInfo& info, const Name& name) {
+    NearestName nearest(name.text);
+    for (const ClassInfo* from = &info; from; from = from->super()) {
+        for (const Method& method : from->methods())
+            nearest.offer(method.signature.name);
+        for (const Method& method : from->sharedMethods())
+            nearest.offer(method.signature.name);
+        for (const Property& property : from->properties())
+            nearest.offer(property.name);
+        for (const Constant& constant : from->constants())
+            nearest.offer(constant.name);
+    }
+    failCheck(name.offset, info.name() + " has no member " + quoted(name.text) + nearest.suggestion());
+}
+
+} // namespace
+
+// ---- Names ------------------------------------------------------------------------------------------------------------------
+
+ClassInfo* ExpressionChecker::classNamedBy(const syntax::Expression& expression) const {
+    const auto* const reference = std::get_if<syntax::Reference>(&expression.form);
+    return reference && !scopes_.find(reference->name) ? registry().find(reference->name) : nullptr;
+}
+
+void ExpressionChecker::failUnknownName(std::string_view name, Offset offset, bool called) const {
+    NearestName nearest(name);
+    scopes_.offerNames(nearest);
+    for (const Method& method : functions())
+        nearest.offer(method.signature.name);
+    nearest.offer(upperBoundName);
+    for (const auto& info : registry().classes())
+        nearest.offer(info->name());
+    failCheck(offset, std::string(called ? "there is no function or array " : "there is no variable ") + quoted(name) +
+                          nearest.suggestion());
+}
+
+Operand ExpressionChecker::function(std::string_view name, const Arguments& arguments, Offset offset) {
+    if (equalIgnoringCase(name, upperBoundName)) return upperBound(arguments, offset);
+    const OverloadSet overloads = findFunctions(name);
+    if (overloads.empty()) failUnknownName(name, offset, !arguments.empty());
+    return callOne(overloads.front()->signature.name, overloads, nullptr, &arguments, offset);
+}
+
+Operand ExpressionChecker::upperBound(const Arguments& arguments, Offset offset) {
+    if (arguments.size() != 1) failCheck(offset, "UBound takes one array");
+    Value array = value(*arguments.front());
+    if (!array.type.isArray) failCheck(arguments.front()->offset, "this is of type " + nameOf(array.type) + ", no array");
+    return Operand::result(integerType, upperBoundOf(std::move(array.code), offset));
+}
+
+Operand ExpressionChecker::cast(const ClassInfo& info, const Arguments& arguments, Offset offset) {
+    if (arguments.size() != 1)
+        failCheck(offset, "a conversion to " + info.name() + " takes one object; 'New " + info.name() + "' makes one");
+    Value object = value(*arguments.front());
+    const Type target = Type::object(info.name());
+    const bool related =
+        object.type.kind == Kind::Variant || (object.type.kind == Kind::Object && !object.type.isNil() &&
+                                              (isConvertible(object.type, target) || isConvertible(target, object.type)));
+    if (object.type.isArray || !related)
+        failCheck(arguments.front()->offset, "this is of type " + nameOf(object.type) + " and never is a " + info.name());
+    return Operand::computed(target, converted(std::move(object.code), {Kind::Variant, false, {}}, target, offset));
+}
+
+// ---- Members ----------------------------------------------------------------------------------------------------------------
+
+Operand ExpressionChecker::form(const syntax::Member& member, Offset) { return this->member(member, nullptr); }
+
+Operand ExpressionChecker::form(const syntax::Call& call, Offset offset) {
+    if (const auto* const called = std::get_if<syntax::Member>(&call.callee->form)) return member(*called, &call.arguments);
+    if (const auto* const reference = std::get_if<syntax::Reference>(&call.callee->form)) {
+        if (!scopes_.find(reference->name)) {
+            const ClassInfo* const info = registry().find(reference->name);
+            return info ? cast(*info, call.arguments, offset) : function(reference->name, call.arguments, offset);
+        }
+    }
+    return element(value(*call.callee), call.arguments, offset);
+}
+
+Operand ExpressionChecker::member(const syntax::Member& member, const Arguments* arguments) {
+    if (ClassInfo* const info = classNamedBy(*member.object)) return sharedMember(*info, member.name, arguments);
+    Value object = value(*member.object);
+    if (object.type.isArray) return arrayMember(std::move(object), member.name, arguments);
+    if (object.type.kind == Kind::Variant)
+        failCheck(member.name.offset, "a Variant has no members; convert it to its class first, as in NSColorZRX(value)");
+    if (object.type.kind != Kind::Object || object.type.isNil())
+        failCheck(member.name.offset, nameOf(object.type) + " has no members");
+    ClassInfo* const info = registry().find(object.type.className);
+    if (!info) {
+        failCheck(member.name.offset, equalIgnoringCase(object.type.className, "Object")
+                                          ? "Object has no members; convert it to its class first"
+                                          : "the class " + object.type.className + " is not loaded");
+    }
+    return objectMember(*info, std::move(object.code), member.name, arguments);
+}
+
+Operand ExpressionChecker::sharedMember(ClassInfo& info, const Name& name, const Arguments* arguments) {
+    if (const Constant* const constant = info.findConstant(name.text); constant && !arguments)
+        return Operand::computed(constant->value.type(), literalCode(constant->value));
+    const OverloadSet overloads = info.findSharedMethods(name.text);
+    if (overloads.empty()) {
+        if (info.findConstant(name.text))
+            failCheck(name.offset, quoted(name.text) + " is a constant and takes no arguments");
+        if (info.findProperty(name.text) || !info.findMethods(name.text).empty())
+            failCheck(name.offset, quoted(name.text) + " belongs to the objects of " + info.name() + ", not to the class");
+        failUnknownMember(info, name);
+    }
+    return callOne(info.name() + "." + overloads.front()->signature.name, overloads, nullptr, arguments, name.offset);
+}
+
+Operand ExpressionChecker::objectMember(ClassInfo& info, CodePtr object, const Name& name, const Arguments* arguments) {
+    if (const Property* const property = info.findProperty(name.text)) {
+        if (property->invokeGetter || property->invokeSetter) needs_.pool = needs_.pool || needsPool(property->owner);
+        Operand place = Operand::property(*property, std::move(object), name.offset);
+        if (!arguments) return place;
+        if (!property->type.isArray)
+            failCheck(name.offset, quoted(property->name) + " is a property and takes no arguments");
+        return element({property->type, read(std::move(place), name.offset)}, *arguments, name.offset);
+    }
+    const OverloadSet overloads = info.findMethods(name.text);
+    if (overloads.empty()) {
+        if (info.findConstant(name.text) || !info.findSharedMethods(name.text).empty())
+            failCheck(name.offset,
+                      quoted(name.text) + " belongs to the class: write " + info.name() + "." + std::string(name.text));
+        failUnknownMember(info, name);
+    }
+    const std::string what = info.name() + "." + overloads.front()->signature.name;
+    return callOne(what, overloads, std::move(object), arguments, name.offset);
+}
+
+Operand ExpressionChecker::arrayMember(Value array, const Name& name, const Arguments* arguments) {
+    const Type elementType = array.type.element();
+    if (!equalIgnoringCase(name.text, "Append") && !equalIgnoringCase(name.text, "Add")) {
+        NearestName nearest(name.text);
+        nearest.offer("Append");
+        nearest.offer("Add");
+        failCheck(name.offset, "an array has no member " + quoted(name.text) + nearest.suggestion());
+    }
+    if (!arguments || arguments->size() != 1) failCheck(name.offset, quoted(name.text) + " takes one element");
+    CodePtr added = valueAs(*arguments->front(), elementType);
+    return Operand::result({}, appendToArray(std::move(array.code), std::move(added), name.offset));
+}
+
+Operand ExpressionChecker::element(Value array, const Arguments& arguments, Offset offset) {
+    if (!array.type.isArray) failCheck(offset, "this is of type " + nameOf(array.type) + " and has no elements to call for");
+    if (arguments.size() != 1) failCheck(offset, "an array element has one index");
+    Type type = array.type.element();
+    return Operand::element(std::move(type), std::move(array.code), valueAs(*arguments.front(), integerType), offset);
+}
+
+// ---- Calls ------------------------------------------------------------------------------------------------------------------
+
+Operand ExpressionChecker::newObject(const syntax::New& form, Offset offset) {
+    ClassInfo* const info = classOf(form.className);
+    if (!info) failCheck(form.className.offset, "an Object has to be of some class; 'Object' alone cannot be made");
+    Operands values = operands(form.arguments);
+    const Resolution resolution = resolveConstruction(*info, described(values));
+    if (!resolution.error.empty()) failCheck(offset, resolution.error);
+    needs_.pool = needs_.pool || needsPool(info);
+    std::vector<ArgumentCode> bound = bind(resolution, std::move(values), offset);
+    return Operand::result(Type::object(info->name()), makeObject(*info, resolution.method, std::move(bound), offset));
+}
+
+ExpressionChecker::Operands ExpressionChecker::operands(const Arguments& arguments) {
+    Operands found;
+    for (const syntax::ExpressionPtr& argument : arguments)
+        found.push_back(operand(*argument));
+    return found;
+}
+
+Operand ExpressionChecker::callOne(const std::string& what, const OverloadSet& overloads, CodePtr receiver,
+                                   const Arguments* arguments, Offset offset) {
+    Operands values = arguments ? operands(*arguments) : Operands();
+    const Resolution resolution = resolveCall(what, overloads, described(values));
+    if (!resolution.method) failCheck(offset, resolution.error);
+    const Method& method = *resolution.method;
+    needs_.pool = needs_.pool || needsPool(method.owner);
+    std::vector<ArgumentCode> bound = bind(resolution, std::move(values), offset);
+    return Operand::result(method.signature.result, callMethod(method, std::move(receiver), std::move(bound), offset));
+}
+
+std::vector<ArgumentCode> ExpressionChecker::bind(const Resolution& resolution, Operands operands, Offset offset) {
+    const auto argument = [&](std::size_t index, const Type& type) {
+        const Type from = operands[index].type();
+        return convert(read(std::move(operands[index]), offset), from, type, offset);
+    };
+    std::vector<ArgumentCode> codes;
+    for (const Binding& binding : resolution.bindings) {
+        const Type& type = binding.parameter->type;
+        switch (binding.source) {
+        case Binding::Source::Argument: codes.push_back({argument(binding.first, type), nullptr, nullptr}); break;
+        case Binding::Source::Reference: codes.push_back(operands[binding.first].reference()); break;
+        case Binding::Source::Default:
+            codes.push_back({literalCode(*binding.parameter->defaultValue), nullptr, nullptr});
+            break;
+        case Binding::Source::ParamArray: {
+            needs_.temporaries = true;
+            std::vector<CodePtr> elements;
+            for (std::size_t i = 0; i < binding.conversions.size(); ++i)
+                elements.push_back(argument(binding.first + i, type.element()));
+            codes.push_back({makeArrayOf(type.element(), std::move(elements)), nullptr, nullptr});
+        }
+        }
+    }
+    return codes;
+}
+
+} // namespace host::language
