@@ -17,6 +17,14 @@ public:
         : invoke_(method.invoke), function_(method.function), counting_(countingOf(method.signature.result)),
           offset_(offset) {}
 
+    static Callee setterOf(const Method& method, Offset offset) {
+        Callee callee(method, offset);
+        callee.invoke_ = method.invokeSetter;
+        callee.function_ = method.setter;
+        callee.counting_ = Counting::none;
+        return callee;
+    }
+
     // The result is in the frame's keeping before anything raises.
     Slot run(Frame& frame, const Slot* slots) const {
         Slot result;
@@ -108,12 +116,9 @@ CodePtr withArguments(std::vector<ArgumentCode> arguments, Make make) {
     return make(Values(std::move(arguments)));
 }
 
-} // namespace
-
-CodePtr callMethod(const Method& method, CodePtr receiver, std::vector<ArgumentCode> arguments, Offset offset) {
-    const Callee callee(method, offset);
+CodePtr call(const Callee& callee, bool shared, CodePtr receiver, std::vector<ArgumentCode> arguments) {
     return withArguments(std::move(arguments), [&](auto passing) {
-        if (method.shared) {
+        if (shared) {
             return makeCode([callee, passing = std::move(passing)](Frame& frame) {
                 Slots slots;
                 return passing.pass(frame, callee, slots, 0);
@@ -125,6 +130,17 @@ CodePtr callMethod(const Method& method, CodePtr receiver, std::vector<ArgumentC
             return passing.pass(frame, callee, slots, 1);
         });
     });
+}
+
+} // namespace
+
+CodePtr callMethod(const Method& method, CodePtr receiver, std::vector<ArgumentCode> arguments, Offset offset) {
+    return call(Callee(method, offset), method.shared, std::move(receiver), std::move(arguments));
+}
+
+ActionPtr callSetter(const Method& method, CodePtr receiver, std::vector<ArgumentCode> arguments, Offset offset) {
+    CodePtr called = call(Callee::setterOf(method, offset), method.shared, std::move(receiver), std::move(arguments));
+    return makeAction([called = std::move(called)](Frame& frame) { called->evaluate(frame); });
 }
 
 CodePtr makeObject(ClassInfo& info, const Method* constructor, std::vector<ArgumentCode> arguments, Offset offset) {

@@ -21,6 +21,9 @@ struct ArgumentCode {
 // The method must outlive the code.
 CodePtr callMethod(const Method& method, CodePtr receiver, std::vector<ArgumentCode> arguments, Offset offset);
 
+// Calls the setter of the method, as "receiver.method(arguments) = value" means it; the value is the last of the arguments.
+ActionPtr callSetter(const Method& method, CodePtr receiver, std::vector<ArgumentCode> arguments, Offset offset);
+
 // A new object, on which the Constructor then runs; null: it has none to run.
 CodePtr makeObject(ClassInfo& info, const Method* constructor, std::vector<ArgumentCode> arguments, Offset offset);
 

@@ -56,10 +56,11 @@ ClassInfo* ExpressionChecker::classNamedBy(const syntax::Expression& expression)
 
 void ExpressionChecker::failUnknownName(std::string_view name, Offset offset, bool called) const {
     NearestName nearest(name);
-    scopes_.offerNames(nearest);
+    if (!called) scopes_.offerNames(nearest);
     for (const Method& method : functions())
         nearest.offer(method.signature.name);
     nearest.offer(upperBoundName);
+    if (called) scopes_.offerNames(nearest);
     for (const auto& info : registry().classes())
         nearest.offer(info->name());
     failCheck(offset, std::string(called ? "there is no function or array " : "there is no variable ") + quoted(name) +
@@ -173,7 +174,7 @@ Operand ExpressionChecker::arrayMember(Value array, const Name& name, const Argu
 }
 
 Operand ExpressionChecker::element(Value array, const Arguments& arguments, Offset offset) {
-    if (!array.type.isArray) failCheck(offset, "this is of type " + nameOf(array.type) + " and has no elements to call for");
+    if (!array.type.isArray) failCheck(offset, "this is of type " + nameOf(array.type) + "; only an array has elements");
     if (arguments.size() != 1) failCheck(offset, "an array element has one index");
     Type type = array.type.element();
     return Operand::element(std::move(type), std::move(array.code), valueAs(*arguments.front(), integerType), offset);
@@ -207,7 +208,7 @@ Operand ExpressionChecker::callOne(const std::string& what, const OverloadSet& o
     const Method& method = *resolution.method;
     needs_.pool = needs_.pool || needsPool(method.owner);
     std::vector<ArgumentCode> bound = bind(resolution, std::move(values), offset);
-    return Operand::result(method.signature.result, callMethod(method, std::move(receiver), std::move(bound), offset));
+    return Operand::call(method, std::move(receiver), std::move(bound), offset);
 }
 
 std::vector<ArgumentCode> ExpressionChecker::bind(const Resolution& resolution, Operands operands, Offset offset) {

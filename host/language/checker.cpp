@@ -141,7 +141,7 @@ ActionPtr Checker::form(const syntax::Assignment& assignment, Offset offset) {
 
 ActionPtr Checker::form(const syntax::Evaluation& evaluation, Offset offset) {
     Operand call = expressions_.operand(*evaluation.call);
-    if (!call.isResult()) failCheck(evaluation.call->offset, "this is a value, but nothing is done with it");
+    if (!call.hasEffect()) failCheck(evaluation.call->offset, "this is a value, but nothing is done with it");
     return asStep(discard(call.read()), offset);
 }
 

@@ -8,17 +8,18 @@
 namespace host::language {
 namespace {
 
-// Edits (insert, delete, replace) between two names, in any case.
+// Edits (insert, delete, replace, swap two neighbours) between two names, in any case.
 std::size_t editDistance(std::string_view a, std::string_view b) {
-    std::vector<std::size_t> row(b.size() + 1);
+    const auto same = [&](std::size_t i, std::size_t j) { return lower(a[i]) == lower(b[j]); };
+    std::vector<std::size_t> beforeLast(b.size() + 1), last(b.size() + 1), row(b.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (std::size_t i = 0; i < a.size(); ++i) {
-        std::size_t diagonal = row[0];
+        beforeLast.swap(last);
+        last.swap(row);
         row[0] = i + 1;
         for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t replaced = diagonal + (lower(a[i]) == lower(b[j]) ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+            row[j + 1] = std::min({last[j] + (same(i, j) ? 0 : 1), row[j] + 1, last[j + 1] + 1});
+            if (i > 0 && j > 0 && same(i, j - 1) && same(i - 1, j)) row[j + 1] = std::min(row[j + 1], beforeLast[j - 1] + 1);
         }
     }
     return row.back();
@@ -38,7 +39,7 @@ std::string Diagnostics::report(const Source& source) const {
 void NearestName::offer(std::string_view name) {
     constexpr std::size_t longestCompared = 200;
     const std::size_t tolerated = std::max<std::size_t>(1, wanted_.size() / 4);
-    if (wanted_.size() > longestCompared || name.size() > wanted_.size() + tolerated ||
+    if (wanted_.size() < 2 || wanted_.size() > longestCompared || name.size() > wanted_.size() + tolerated ||
         wanted_.size() > name.size() + tolerated)
         return;
     const std::size_t distance = editDistance(wanted_, name);

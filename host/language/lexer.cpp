@@ -135,6 +135,8 @@ Token Lexer::name() {
     while (isNamePart(at(position_)))
         ++position_;
     Token token = finish(TokenKind::name, start);
+    constexpr std::size_t longest = 255;
+    if (token.text.size() > longest) fail(start, "a name has at most " + std::to_string(longest) + " characters");
     if (!afterDot_) token.keyword = keywordOf(token.text);
     return token;
 }

@@ -5,6 +5,11 @@
 namespace host::language {
 
 Operand Operand::result(Type type, CodePtr code) { return {std::move(type), Result{std::move(code)}}; }
+
+Operand Operand::call(const Method& method, CodePtr receiver, std::vector<ArgumentCode> arguments, Offset offset) {
+    return {method.signature.result, Call{&method, std::move(receiver), std::move(arguments), offset}};
+}
+
 Operand Operand::computed(Type type, CodePtr code) { return {std::move(type), Computed{std::move(code)}}; }
 Operand Operand::variable(const Variable& variable) { return {variable.type, VariablePlace{variable.index}}; }
 
@@ -25,10 +30,15 @@ bool Operand::isAssignable() const {
     return std::holds_alternative<VariablePlace>(form_) || std::holds_alternative<ElementPlace>(form_);
 }
 
-bool Operand::isWritable() const { return isAssignable() || (property() && property()->setter); }
+bool Operand::isWritable() const {
+    const auto* const call = std::get_if<Call>(&form_);
+    return isAssignable() || (property() && property()->setter) || (call && call->method->setter);
+}
 
 CodePtr Operand::read() {
     if (auto* const result = std::get_if<Result>(&form_)) return std::move(result->code);
+    if (auto* const call = std::get_if<Call>(&form_))
+        return callMethod(*call->method, std::move(call->receiver), std::move(call->arguments), call->offset);
     if (auto* const computed = std::get_if<Computed>(&form_)) return std::move(computed->code);
     if (const auto* const variable = std::get_if<VariablePlace>(&form_)) return readVariable(variable->index, type_);
     if (auto* const element = std::get_if<ElementPlace>(&form_))
@@ -49,6 +59,10 @@ ActionPtr Operand::assign(CodePtr value) {
         return writeVariable(variable->index, type_, std::move(value));
     if (auto* const element = std::get_if<ElementPlace>(&form_))
         return writeElement(std::move(element->array), std::move(element->index), std::move(value), element->offset);
+    if (auto* const call = std::get_if<Call>(&form_)) {
+        call->arguments.push_back({std::move(value), nullptr, nullptr});
+        return callSetter(*call->method, std::move(call->receiver), std::move(call->arguments), call->offset);
+    }
     auto& place = std::get<PropertyPlace>(form_);
     return writeProperty(*place.property, std::move(place.object), std::move(value), place.offset);
 }

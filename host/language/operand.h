@@ -17,19 +17,21 @@ struct Value {
 
 class Operand {
 public:
-    static Operand result(Type type, CodePtr code); // of a call; the type may be Void
+    static Operand result(Type type, CodePtr code); // done for an effect too; the type may be Void
+    static Operand call(const Method& method, CodePtr receiver, std::vector<ArgumentCode> arguments, Offset offset);
     static Operand computed(Type type, CodePtr code);
     static Operand variable(const Variable& variable);
     static Operand element(Type type, CodePtr array, CodePtr index, Offset offset);
     static Operand property(const Property& property, CodePtr object, Offset offset);
 
     const Type& type() const { return type_; }
-    bool isResult() const { return std::holds_alternative<Result>(form_); }
+    // Whether it makes a statement of its own.
+    bool hasEffect() const { return std::holds_alternative<Result>(form_) || std::holds_alternative<Call>(form_); }
     // Null unless it is a property.
     const Property* property() const;
     // Whether it can be passed by reference: a variable or an element.
     bool isAssignable() const;
-    // Whether `assign` can be called: the above and properties with a setter.
+    // Whether `assign` can be called: the above, and properties and methods with a setter.
     bool isWritable() const;
 
     // Each of these uses the operand up. A property that is read must have a getter.
@@ -40,6 +42,12 @@ public:
 private:
     struct Result {
         CodePtr code;
+    };
+    struct Call {
+        const Method* method;
+        CodePtr receiver;
+        std::vector<ArgumentCode> arguments;
+        Offset offset;
     };
     struct Computed {
         CodePtr code;
@@ -57,7 +65,7 @@ private:
         CodePtr object;
         Offset offset;
     };
-    using Form = std::variant<Result, Computed, VariablePlace, ElementPlace, PropertyPlace>;
+    using Form = std::variant<Result, Call, Computed, VariablePlace, ElementPlace, PropertyPlace>;
 
     Operand(Type type, Form form) : type_(std::move(type)), form_(std::move(form)) {}
 
