@@ -135,6 +135,7 @@ private:
         result.name = name("a parameter");
         const bool namedAsArray = skipParentheses();
         if (!skipWord("as")) failExpecting("\"as\"");
+        skipBlanks();
         const std::size_t typeStart = at_;
         result.type = type();
         if (result.type.isArray && (namedAsArray || result.paramArray)) fail("an array of arrays", typeStart);

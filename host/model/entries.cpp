@@ -62,6 +62,8 @@ Object* newInstance(const char* className) {
     });
 }
 
+HostBoolean objectIsA(Object* object, const char* className) { return object && className && isKindOf(object, className); }
+
 void lockObject(Object* object) { lock(object); }
 void unlockObject(Object* object) { unlock(object); }
 
@@ -213,6 +215,7 @@ const std::vector<Entry>& entries() {
         {"RegisterPluginVersion", 0.0, entry<RegisterPluginVersionProc>(registerPluginVersion)},
         {"PluginRegisterClass", 0.0, entry<PluginRegisterClassProc>(registerClass)},
         {"PluginNewInstance", 0.0, entry<PluginNewInstanceProc>(newInstance)},
+        {"ChromaObjectIsA", 0.0, entry(objectIsA)},
         {"REALLockObject", 0.0, entry<REALLockObjectProc>(lockObject)},
         {"REALUnlockObject", 0.0, entry<REALUnlockObjectProc>(unlockObject)},
         {"REALLockString", 0.0, entry<REALLockStringProc>(lockString)},

@@ -6,17 +6,27 @@ namespace host {
 
 namespace {
 
-// What a way of giving arguments costs, the lower the better; compared place by place.
-enum Cost { exact, upcast, nilLiteral, widened, toVariant, fromVariant };
+// What a way of giving an argument costs, the lower the better; compared place by place. The nearer of two superclasses is the
+// better one, and "Object" the farthest.
+enum Cost { exact = 0, upcast = 1, toAnyObject = 100, nilLiteral, widened, toVariant, fromVariant };
 
-Cost costOf(const Type& from, const Type& to, Conversion conversion) {
+int upcastCost(const std::string& from, const std::string& to) {
+    int cost = upcast;
+    for (const ClassInfo* info = registry().find(from); info; info = info->super(), ++cost) {
+        if (equalIgnoringCase(info->name(), to)) return cost;
+    }
+    return toAnyObject;
+}
+
+int costOf(const Type& from, const Type& to, Conversion conversion) {
     switch (conversion) {
     case Conversion::IntegerToDouble: return widened;
     case Conversion::ToVariant: return toVariant;
     case Conversion::FromVariant: return fromVariant;
     case Conversion::None: break;
     }
-    return from == to ? exact : from.isNil() ? nilLiteral : upcast;
+    if (from == to) return exact;
+    return from.isNil() ? nilLiteral : upcastCost(from.className, to.className);
 }
 
 // What filling a parameter costs when the arguments alone do not decide: a default is better than a paramarray.
@@ -27,7 +37,7 @@ constexpr int paramArrayExtra = maximumArguments + 1;
 struct Candidate {
     const Method* method;
     std::vector<Binding> bindings;
-    std::vector<Cost> costs; // of each argument
+    std::vector<int> costs; // of each argument
     int extras = 0;
 };
 

@@ -2,6 +2,8 @@
 // statically to whoever handles it.
 #pragma once
 
+#include "model/types.h" // first: its enumerators must not meet the aliases below
+
 #include "chromabridge/host_abi.h"
 
 namespace host {

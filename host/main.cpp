@@ -1,0 +1,101 @@
+// The command line of the reference host.
+#include "language/language.h"
+#include "model/classes.h"
+#include "model/entries.h"
+#include "model/leaks.h"
+#include "model/plugin.h"
+#include "model/record_listing.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <stdexcept>
+
+namespace {
+
+enum ExitCode { success = 0, failure = 1, usage = 2, leaked = 3 };
+
+constexpr const char* footer = R"(
+Exit codes: 0 success, 1 a failure that stderr explains, 2 wrong usage, 3 leaks found.
+
+Example:
+  printf 'Dim c As NSColorZRX = NSColorZRX.redColor\nPrint c.redComponent\n' > red.txt
+  chromahost run red.txt
+  chromahost records --host-version 2011.0
+  chromahost run red.txt --without memoryBlockGetPtr --check-leaks)";
+
+struct Options {
+    host::HostOptions host;
+    std::vector<std::string> plugins;
+    std::string program;
+    bool checkLeaks = false;
+    bool json = false;
+};
+
+void start(const Options& options) {
+    host::startHost(options.host);
+    for (const std::string& path : options.plugins)
+        host::loadPlugin(path);
+}
+
+int run(const Options& options) {
+    start(options);
+    const int result = host::language::runFile(options.program);
+    const std::string leaks = options.checkLeaks ? host::describeLeaks() : "";
+    if (leaks.empty()) return result;
+    std::cerr << "chromahost: still alive at the end: " << leaks << "\n";
+    return leaked;
+}
+
+int records(const Options& options) {
+    start(options);
+    if (options.json) {
+        host::listRecordsAsJson(host::registry(), std::cout);
+    } else {
+        host::listRecords(host::registry(), std::cout);
+    }
+    return success;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    Options options;
+    CLI::App app("Loads a plugin as its host would and runs programs of the host language with it.", "chromahost");
+    app.footer(footer);
+    app.require_subcommand(1);
+    app.fallthrough();
+    app.add_option("--plugin", options.plugins, "A plugin library; may be repeated")
+        ->type_name("PATH")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->default_str(host::defaultPluginPath());
+    app.add_option("--without", options.host.without, "An entry point that the host shall not have; may be repeated")
+        ->type_name("NAME")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    app.add_option("--host-version", options.host.version,
+                   "The version that the host reports, which decides the record layout")
+        ->type_name("V")
+        ->capture_default_str();
+
+    CLI::App* const runCommand = app.add_subcommand("run", "Run a program");
+    runCommand->add_option("FILE", options.program, "The program")->required();
+    runCommand->add_flag("--check-leaks", options.checkLeaks, "Fail when host objects or strings are left at the end");
+    CLI::App* const recordsCommand = app.add_subcommand("records", "List the class records as the host received them");
+    recordsCommand->add_flag("--json", options.json, "As JSON");
+
+    try {
+        app.parse(argc, argv);
+        if (options.plugins.empty()) options.plugins.push_back(host::defaultPluginPath());
+        return runCommand->parsed() ? run(options) : records(options);
+    } catch (const CLI::CallForHelp& help) {
+        return app.exit(help);
+    } catch (const CLI::ParseError& error) {
+        std::cerr << "chromahost: " << error.what() << "\n";
+        return usage;
+    } catch (const std::exception& error) {
+        std::cerr << "chromahost: " << error.what() << "\n";
+        return failure;
+    }
+}
