@@ -21,7 +21,7 @@ const Type integerType = {Kind::Integer, false, {}};
 std::string quoted(std::string_view name) { return "'" + std::string(name) + "'"; }
 
 // Bound functions of the language and of built-in classes autorelease nothing.
-bool needsPool(const ClassInfo* owner) { return owner && !owner->isBuiltIn(); }
+bool mayAutorelease(const ClassInfo* owner) { return owner && !owner->isBuiltIn(); }
 
 std::vector<Argument> described(const std::vector<Operand>& operands) {
     std::vector<Argument> arguments;
@@ -142,7 +142,7 @@ Operand ExpressionChecker::sharedMember(ClassInfo& info, const Name& name, const
 
 Operand ExpressionChecker::objectMember(ClassInfo& info, CodePtr object, const Name& name, const Arguments* arguments) {
     if (const Property* const property = info.findProperty(name.text)) {
-        if (property->invokeGetter || property->invokeSetter) needs_.pool = needs_.pool || needsPool(property->owner);
+        if (property->invokeGetter || property->invokeSetter) needsPool_ = needsPool_ || mayAutorelease(property->owner);
         Operand place = Operand::property(*property, std::move(object), name.offset);
         if (!arguments) return place;
         if (!property->type.isArray)
@@ -188,7 +188,7 @@ Operand ExpressionChecker::newObject(const syntax::New& form, Offset offset) {
     Operands values = operands(form.arguments);
     const Resolution resolution = resolveConstruction(*info, described(values));
     if (!resolution.error.empty()) failCheck(offset, resolution.error);
-    needs_.pool = needs_.pool || needsPool(info);
+    needsPool_ = needsPool_ || mayAutorelease(info);
     std::vector<ArgumentCode> bound = bind(resolution, std::move(values), offset);
     return Operand::result(Type::object(info->name()), makeObject(*info, resolution.method, std::move(bound), offset));
 }
@@ -206,7 +206,7 @@ Operand ExpressionChecker::callOne(const std::string& what, const OverloadSet& o
     const Resolution resolution = resolveCall(what, overloads, described(values));
     if (!resolution.method) failCheck(offset, resolution.error);
     const Method& method = *resolution.method;
-    needs_.pool = needs_.pool || needsPool(method.owner);
+    needsPool_ = needsPool_ || mayAutorelease(method.owner);
     std::vector<ArgumentCode> bound = bind(resolution, std::move(values), offset);
     return Operand::call(method, std::move(receiver), std::move(bound), offset);
 }
@@ -226,7 +226,6 @@ std::vector<ArgumentCode> ExpressionChecker::bind(const Resolution& resolution, 
             codes.push_back({literalCode(*binding.parameter->defaultValue), nullptr, nullptr});
             break;
         case Binding::Source::ParamArray: {
-            needs_.temporaries = true;
             std::vector<CodePtr> elements;
             for (std::size_t i = 0; i < binding.conversions.size(); ++i)
                 elements.push_back(argument(binding.first + i, type.element()));

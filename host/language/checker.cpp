@@ -39,7 +39,9 @@ private:
     ActionPtr form(const syntax::ForEach& loop, Offset offset);
     ActionPtr form(const syntax::Try& statement, Offset offset);
 
-    CodePtr initialValue(const syntax::Declarator& declarator, const syntax::Dim& dim, const Type& type);
+    ActionPtr declared(const syntax::Declarator& declarator, const syntax::Dim::Group& group, const Type& type,
+                       Offset offset);
+    CodePtr initialValue(const syntax::Declarator& declarator, const syntax::Dim::Group& group, const Type& type);
     Handler handler(const syntax::Try::Catch& form, Offset offset);
 
     Variable declare(const syntax::Name& name, Type type);
@@ -47,7 +49,9 @@ private:
     Variable loopVariable(const syntax::LoopVariable& form, const Type& type);
     CodePtr stepValue(const syntax::Expression& expression, const Type& type);
 
-    ActionPtr asStep(ActionPtr action, Offset offset) { return step(std::move(action), expressions_.takeNeeds(), offset); }
+    ActionPtr asStep(ActionPtr action, Offset offset) {
+        return step(std::move(action), expressions_.takeNeedsPool(), offset);
+    }
 
     // Runs the check of a part; its error is reported, and the answer then is the null value.
     template <class Check>
@@ -55,7 +59,7 @@ private:
         try {
             return check();
         } catch (const CheckError& error) {
-            expressions_.takeNeeds();
+            expressions_.takeNeedsPool();
             if (!error.message.empty()) diagnostics_.add(error.offset, error.message);
             return decltype(check())();
         }
@@ -93,27 +97,33 @@ Variable Checker::declare(const syntax::Name& name, Type type) {
 }
 
 ActionPtr Checker::form(const syntax::Dim& dim, Offset offset) {
-    const Type type = attempt([&] { return typeOf(dim.type); });
     Actions actions;
-    for (const syntax::Declarator& declarator : dim.declarators) {
-        // A declaration that fails still declares its name, so that its uses are no errors of their own.
-        CodePtr value = attempt([&] { return type.kind == Kind::Void ? nullptr : initialValue(declarator, dim, type); });
-        const Type variableType = declarator.isArray && type.kind != Kind::Void ? type.arrayOf() : type;
-        const Variable variable = declare(declarator.name, variableType);
-        actions.push_back(asStep(writeVariable(variable.index, variable.type, std::move(value)), offset));
+    for (const syntax::Dim::Group& group : dim.groups) {
+        const Type type = attempt([&] { return typeOf(group.type); });
+        for (const syntax::Declarator& declarator : group.declarators)
+            actions.push_back(declared(declarator, group, type, offset));
     }
     return sequence(std::move(actions));
 }
 
-CodePtr Checker::initialValue(const syntax::Declarator& declarator, const syntax::Dim& dim, const Type& type) {
-    if (declarator.isArray && !dim.value) {
+// A declaration that fails still declares its name, so that its uses are no errors of their own.
+ActionPtr Checker::declared(const syntax::Declarator& declarator, const syntax::Dim::Group& group, const Type& type,
+                            Offset offset) {
+    const bool known = type.kind != Kind::Void;
+    CodePtr value = attempt([&] { return known ? initialValue(declarator, group, type) : nullptr; });
+    const Variable variable = declare(declarator.name, declarator.isArray && known ? type.arrayOf() : type);
+    return asStep(writeVariable(variable.index, variable.type, std::move(value)), offset);
+}
+
+CodePtr Checker::initialValue(const syntax::Declarator& declarator, const syntax::Dim::Group& group, const Type& type) {
+    if (declarator.isArray && !group.value) {
         CodePtr bound = declarator.upperBound ? expressions_.valueAs(*declarator.upperBound, integerType)
                                               : constant(Slot::ofInteger(-1));
         return makeArray(type, std::move(bound), declarator.name.offset);
     }
     if (declarator.upperBound)
         failCheck(declarator.upperBound->offset, "an array that gets a value takes its bound from the value");
-    if (dim.value) return expressions_.valueAs(*dim.value, declarator.isArray ? type.arrayOf() : type);
+    if (group.value) return expressions_.valueAs(*group.value, declarator.isArray ? type.arrayOf() : type);
     return constant(Slot());
 }
 
@@ -158,7 +168,7 @@ ActionPtr Checker::form(const syntax::Print& statement, Offset offset) {
 CodePtr Checker::stepValue(const syntax::Expression& expression, const Type& type) {
     return attempt([&] {
         CodePtr value = expressions_.valueAs(expression, type);
-        return step(std::move(value), expressions_.takeNeeds(), expression.offset);
+        return step(std::move(value), expressions_.takeNeedsPool(), expression.offset);
     });
 }
 
@@ -228,7 +238,7 @@ ActionPtr Checker::form(const syntax::ForEach& loop, Offset offset) {
         }
         CodePtr element = readElement(readVariable(held, array.type), readVariable(index, integerType), elementType, offset);
         CodePtr converted = language::converted(std::move(element), elementType, type, offset);
-        ActionPtr assign = step(writeVariable(variable.index, type, std::move(converted)), {true, false}, offset);
+        ActionPtr assign = step(writeVariable(variable.index, type, std::move(converted)), false, offset);
         ActionPtr body = block(loop.block, offset);
         actions.push_back(forEachLoop(held, index, std::move(assign), std::move(body), loop.array->offset));
         return sequence(std::move(actions));

@@ -81,24 +81,22 @@ ActionPtr countingLoop(ForLoop loop, Number Slot::*member) {
 
 } // namespace
 
-ActionPtr step(ActionPtr action, StepNeeds needs, Offset offset) {
-    if (needs.pool) {
+ActionPtr step(ActionPtr action, bool pool, Offset offset) {
+    if (pool) {
         return makeAction([action = std::move(action), offset](Frame& frame) {
             runPooled(frame, offset, [&] { action->execute(frame); });
         });
     }
-    if (!needs.temporaries) return action;
     return makeAction(
         [action = std::move(action), offset](Frame& frame) { runKeeping(frame, offset, [&] { action->execute(frame); }); });
 }
 
-CodePtr step(CodePtr value, StepNeeds needs, Offset offset) {
-    if (needs.pool) {
+CodePtr step(CodePtr value, bool pool, Offset offset) {
+    if (pool) {
         return makeCode([value = std::move(value), offset](Frame& frame) {
             return runPooled(frame, offset, [&] { return value->evaluate(frame); });
         });
     }
-    if (!needs.temporaries) return value;
     return makeCode([value = std::move(value), offset](Frame& frame) {
         return runKeeping(frame, offset, [&] { return value->evaluate(frame); });
     });

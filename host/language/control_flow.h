@@ -10,14 +10,9 @@
 
 namespace host::language {
 
-// What a step has to clear up behind it.
-struct StepNeeds {
-    bool temporaries = false; // values that the frame keeps
-    bool pool = false;        // bound functions that may autorelease
-};
-
-ActionPtr step(ActionPtr action, StepNeeds needs, Offset offset);
-CodePtr step(CodePtr value, StepNeeds needs, Offset offset); // of a value that carries no reference
+// With `pool`, for code that calls bound functions which may autorelease, the step has a pool of its own.
+ActionPtr step(ActionPtr action, bool pool, Offset offset);
+CodePtr step(CodePtr value, bool pool, Offset offset); // of a value that carries no reference
 
 ActionPtr sequence(Actions actions);
 

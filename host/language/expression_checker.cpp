@@ -11,13 +11,10 @@ CodePtr literalCode(const Literal& literal) {
     return constant(literal.newSlot());
 }
 
-StepNeeds ExpressionChecker::takeNeeds() { return std::exchange(needs_, StepNeeds()); }
+bool ExpressionChecker::takeNeedsPool() { return std::exchange(needsPool_, false); }
 
 Operand ExpressionChecker::operand(const syntax::Expression& expression) {
-    Operand found =
-        std::visit([&](const auto& alternative) { return form(alternative, expression.offset); }, expression.form);
-    if (countingOf(found.type()) != Counting::none) needs_.temporaries = true;
-    return found;
+    return std::visit([&](const auto& alternative) { return form(alternative, expression.offset); }, expression.form);
 }
 
 Value ExpressionChecker::value(const syntax::Expression& expression) {
@@ -34,10 +31,7 @@ CodePtr ExpressionChecker::valueAs(const syntax::Expression& expression, const T
 
 CodePtr ExpressionChecker::text(const syntax::Expression& expression) { return text(value(expression)); }
 
-CodePtr ExpressionChecker::text(Value value) {
-    needs_.temporaries = true;
-    return asText(std::move(value.code), value.type);
-}
+CodePtr ExpressionChecker::text(Value value) { return asText(std::move(value.code), value.type); }
 
 CodePtr ExpressionChecker::read(Operand operand, Offset offset) {
     const Property* const property = operand.property();
@@ -48,7 +42,6 @@ CodePtr ExpressionChecker::read(Operand operand, Offset offset) {
 CodePtr ExpressionChecker::convert(CodePtr code, const Type& from, const Type& to, Offset offset) {
     if (!isConvertible(from, to))
         failCheck(offset, "this is of type " + nameOf(from) + ", but " + nameOf(to) + " is needed here");
-    if (countingOf(to) != Counting::none) needs_.temporaries = true;
     return converted(std::move(code), from, to, offset);
 }
 

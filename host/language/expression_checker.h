@@ -29,8 +29,8 @@ public:
     // New Class(arguments), which a Dim may stand for too.
     Operand newObject(const syntax::New& form, Offset offset);
 
-    // What the code made since the last call needs of its step.
-    StepNeeds takeNeeds();
+    // Whether the code made since the last question calls functions that may autorelease.
+    bool takeNeedsPool();
 
 private:
     using Arguments = std::vector<syntax::ExpressionPtr>;
@@ -76,7 +76,7 @@ private:
     CodePtr convert(CodePtr code, const Type& from, const Type& to, Offset offset);
 
     const Scopes& scopes_;
-    StepNeeds needs_;
+    bool needsPool_ = false;
 };
 
 // The value of a declared constant or default.

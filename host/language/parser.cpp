@@ -39,6 +39,7 @@ private:
     Statement statement();
 
     syntax::Dim dim();
+    syntax::Dim::Group dimGroup();
     syntax::Declarator declarator();
     syntax::ReDim reDim();
     syntax::Print print();
@@ -119,6 +120,14 @@ Statement StatementParser::statement() {
 
 syntax::Dim StatementParser::dim() {
     syntax::Dim form;
+    do {
+        form.groups.push_back(dimGroup());
+    } while (tokens_.accept(TokenKind::comma));
+    return form;
+}
+
+syntax::Dim::Group StatementParser::dimGroup() {
+    syntax::Dim::Group form;
     do {
         form.declarators.push_back(declarator());
     } while (tokens_.accept(TokenKind::comma));

@@ -100,11 +100,14 @@ struct Declarator {
     ExpressionPtr upperBound; // null: an empty array
 };
 
-// Dim a, b As Type [= value] or Dim a, b As New Type(arguments), which is the same with a New as the value.
+// Dim a, b As Type [= value], c As New Type(arguments); the latter is the same with a New as the value.
 struct Dim {
-    std::vector<Declarator> declarators;
-    Name type;
-    ExpressionPtr value; // null: the type's null value
+    struct Group {
+        std::vector<Declarator> declarators;
+        Name type;
+        ExpressionPtr value; // null: the type's null value
+    };
+    std::vector<Group> groups;
 };
 
 struct ReDim {
