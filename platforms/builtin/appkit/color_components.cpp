@@ -1,0 +1,109 @@
+// The component messages. A colour answers those of its own family and raises for the others.
+#include "appkit/color.h"
+#include "appkit/hsb.h"
+
+#include <algorithm>
+
+namespace chroma::builtin {
+namespace {
+
+const ColorContents& contentsWithComponents(Color* color, SEL selector) {
+    if (color->contents.kind != Kind::components) raiseNotValid(color, selector);
+    return color->contents;
+}
+
+const float* componentsOf(Color* color, SEL selector, ColorModel model) {
+    const ColorContents& contents = contentsWithComponents(color, selector);
+    if (contents.space->definition->model != model) raiseNotValid(color, selector);
+    return contents.components.data();
+}
+
+template <ColorModel Model, std::size_t Index>
+float component(Color* self, SEL selector) {
+    return componentsOf(self, selector, Model)[Index];
+}
+
+Vector3 hsbOf(Color* color, SEL selector) {
+    const float* const rgb = componentsOf(color, selector, ColorModel::rgb);
+    return hsbFromRgb({rgb[0], rgb[1], rgb[2]});
+}
+
+template <std::size_t Index>
+float hsbComponent(Color* self, SEL selector) {
+    return static_cast<float>(hsbOf(self, selector)[Index]);
+}
+
+float alphaComponent(Color* self, SEL selector) { return contentsWithComponents(self, selector).alpha(); }
+
+// Outputs that are null are not asked for.
+void put(float* output, double value) {
+    if (output) *output = static_cast<float>(value);
+}
+
+void getRed(Color* self, SEL selector, float* red, float* green, float* blue, float* alpha) {
+    const float* const components = componentsOf(self, selector, ColorModel::rgb);
+    put(red, components[0]);
+    put(green, components[1]);
+    put(blue, components[2]);
+    put(alpha, components[3]);
+}
+
+void getHue(Color* self, SEL selector, float* hue, float* saturation, float* brightness, float* alpha) {
+    const Vector3 hsb = hsbOf(self, selector);
+    put(hue, hsb[0]);
+    put(saturation, hsb[1]);
+    put(brightness, hsb[2]);
+    put(alpha, self->contents.alpha());
+}
+
+void getWhite(Color* self, SEL selector, float* white, float* alpha) {
+    const float* const components = componentsOf(self, selector, ColorModel::gray);
+    put(white, components[0]);
+    put(alpha, components[1]);
+}
+
+void getCyan(Color* self, SEL selector, float* cyan, float* magenta, float* yellow, float* black, float* alpha) {
+    const float* const components = componentsOf(self, selector, ColorModel::cmyk);
+    put(cyan, components[0]);
+    put(magenta, components[1]);
+    put(yellow, components[2]);
+    put(black, components[3]);
+    put(alpha, components[4]);
+}
+
+std::intptr_t numberOfComponents(Color* self, SEL selector) {
+    return static_cast<std::intptr_t>(contentsWithComponents(self, selector).count());
+}
+
+void getComponents(Color* self, SEL selector, float* components) {
+    const ColorContents& contents = contentsWithComponents(self, selector);
+    if (components) std::copy_n(contents.components.begin(), contents.count(), components);
+}
+
+} // namespace
+
+Category categoryOfColorComponents() {
+    static const MethodEntry methods[] = {
+        method("redComponent", component<ColorModel::rgb, 0>),
+        method("greenComponent", component<ColorModel::rgb, 1>),
+        method("blueComponent", component<ColorModel::rgb, 2>),
+        method("hueComponent", hsbComponent<0>),
+        method("saturationComponent", hsbComponent<1>),
+        method("brightnessComponent", hsbComponent<2>),
+        method("whiteComponent", component<ColorModel::gray, 0>),
+        method("cyanComponent", component<ColorModel::cmyk, 0>),
+        method("magentaComponent", component<ColorModel::cmyk, 1>),
+        method("yellowComponent", component<ColorModel::cmyk, 2>),
+        method("blackComponent", component<ColorModel::cmyk, 3>),
+        method("alphaComponent", alphaComponent),
+        method("getRed:green:blue:alpha:", getRed),
+        method("getHue:saturation:brightness:alpha:", getHue),
+        method("getWhite:alpha:", getWhite),
+        method("getCyan:magenta:yellow:black:alpha:", getCyan),
+        method("numberOfComponents", numberOfComponents),
+        method("getComponents:", getComponents),
+    };
+    return {&Color::cls, methods, {}};
+}
+
+} // namespace chroma::builtin

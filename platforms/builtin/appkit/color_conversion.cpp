@@ -1,0 +1,97 @@
+// The messages that answer a colour made from another: conversions, other alphas, blends.
+#include "appkit/catalog.h"
+#include "appkit/color.h"
+
+namespace chroma::builtin {
+
+Color* withComponents(Color* color) {
+    switch (color->contents.kind) {
+    case Kind::components: return color;
+    case Kind::catalog: return resolved(*color->contents.catalogColor);
+    case Kind::pattern: break;
+    }
+    return nullptr;
+}
+
+Color* converted(Color* color, ColorSpace* space) {
+    Color* const source = withComponents(color);
+    if (!source || !space) return nullptr;
+    const SpaceDefinition& from = *source->contents.space->definition;
+    const SpaceDefinition& to = *space->definition;
+    if (isSameSpace(from, to)) return source;
+
+    std::array<float, maxComponents> components{};
+    if (!convertChannels(from, source->contents.components.data(), to, components.data())) return nullptr;
+    components[to.channels] = source->contents.alpha();
+    Color* const made = componentColor(space, {});
+    made->contents.components = components;
+    return made;
+}
+
+namespace {
+
+const Message colorUsingColorSpaceNameMessage{"colorUsingColorSpaceName:"};
+
+Color* colorUsingColorSpace(Color* self, SEL, id space) {
+    static const Message colorSpaceModel{"colorSpaceModel"};
+    return converted(self, argument<ColorSpace>(space, colorSpaceModel));
+}
+
+Color* colorUsingColorSpaceName(Color* self, SEL, id name) {
+    static const Message colorSpaceName{"colorSpaceName"};
+    static const Message isEqualToString{"isEqualToString:"};
+    if (!name) return nullptr;
+    if (send<BOOL>(send<id>(self, colorSpaceName), isEqualToString, name)) return self;
+    return converted(self, spaceForName(name));
+}
+
+// A pattern has no alpha of its own to change.
+Color* colorWithAlphaComponent(Color* self, SEL, float alpha) {
+    Color* const source = withComponents(self);
+    if (!source) return self;
+    Color* const made = newColor(source->contents);
+    made->contents.components[made->contents.count() - 1] = static_cast<float>(clip(alpha));
+    return made;
+}
+
+// The fraction is not clipped. nil when one of the two cannot be converted to calibrated RGB.
+Color* blended(Color* color, double fraction, Color* other) {
+    ColorSpace* const space = standardSpace(StandardSpace::genericRGB);
+    Color* const first = converted(color, space);
+    Color* const second = other ? converted(other, space) : nullptr;
+    if (!first || !second) return nullptr;
+    Color* const made = componentColor(space, {});
+    for (std::size_t index = 0; index < made->contents.count(); ++index) {
+        made->contents.components[index] = static_cast<float>((1 - fraction) * first->contents.components[index] +
+                                                              fraction * second->contents.components[index]);
+    }
+    return made;
+}
+
+Color* blendedColorWithFraction(Color* self, SEL, float fraction, id other) {
+    return blended(self, fraction, argument<Color>(other, colorUsingColorSpaceNameMessage));
+}
+
+Color* highlightWithLevel(Color* self, SEL, float level) {
+    return blended(self, clip(level), colorOf(*findCatalogColor(u"highlightColor")));
+}
+
+Color* shadowWithLevel(Color* self, SEL, float level) {
+    return blended(self, clip(level), colorOf(*findCatalogColor(u"shadowColor")));
+}
+
+} // namespace
+
+Category categoryOfColorConversion() {
+    static const MethodEntry methods[] = {
+        method("colorUsingColorSpace:", colorUsingColorSpace),
+        method("colorUsingColorSpaceName:", colorUsingColorSpaceName),
+        method("colorWithAlphaComponent:", colorWithAlphaComponent),
+        method("blendedColorWithFraction:ofColor:", blendedColorWithFraction),
+        method("highlightWithLevel:", highlightWithLevel),
+        method("shadowWithLevel:", shadowWithLevel),
+    };
+    return {&Color::cls, methods, {}};
+}
+
+} // namespace chroma::builtin

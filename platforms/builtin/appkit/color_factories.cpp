@@ -1,0 +1,106 @@
+// The class methods that make colours from numbers, spaces and handles. Calibrated and profiled spaces take components as they
+// are, also outside 0..1; device spaces clip them.
+#include "appkit/color.h"
+#include "appkit/core_graphics.h"
+#include "appkit/hsb.h"
+
+#include <algorithm>
+
+namespace chroma::builtin {
+namespace {
+
+template <StandardSpace Space>
+Color* colorWithWhite(ClassObject*, SEL, float white, float alpha) {
+    return componentColor(standardSpace(Space), {white, alpha});
+}
+
+Color* colorWithDeviceWhite(ClassObject*, SEL, float white, float alpha) {
+    return componentColor(standardSpace(StandardSpace::deviceGray), {clip(white), clip(alpha)});
+}
+
+template <StandardSpace Space>
+Color* colorWithRed(ClassObject*, SEL, float red, float green, float blue, float alpha) {
+    return componentColor(standardSpace(Space), {red, green, blue, alpha});
+}
+
+Color* colorWithDeviceRed(ClassObject*, SEL, float red, float green, float blue, float alpha) {
+    return componentColor(standardSpace(StandardSpace::deviceRGB), {clip(red), clip(green), clip(blue), clip(alpha)});
+}
+
+Color* colorWithHsb(ColorSpace* space, const Vector3& hsb, double alpha) {
+    const Vector3 rgb = rgbFromHsb(hsb);
+    return componentColor(space, {rgb[0], rgb[1], rgb[2], alpha});
+}
+
+Color* colorWithCalibratedHue(ClassObject*, SEL, float hue, float saturation, float brightness, float alpha) {
+    return colorWithHsb(standardSpace(StandardSpace::genericRGB), {hue, saturation, brightness}, alpha);
+}
+
+Color* colorWithDeviceHue(ClassObject*, SEL, float hue, float saturation, float brightness, float alpha) {
+    return colorWithHsb(standardSpace(StandardSpace::deviceRGB), {hue, saturation, brightness}, clip(alpha));
+}
+
+Color* colorWithDeviceCyan(ClassObject*, SEL, float cyan, float magenta, float yellow, float black, float alpha) {
+    return componentColor(standardSpace(StandardSpace::deviceCMYK),
+                          {clip(cyan), clip(magenta), clip(yellow), clip(black), clip(alpha)});
+}
+
+ColorSpace* spaceArgument(SEL selector, id space) {
+    static const Message numberOfColorComponents{"numberOfColorComponents"};
+    if (!space)
+        raise(exceptionName::invalidArgument, formatted("+[NSColor %s]: the color space is nil", sel_getName(selector)));
+    return argument<ColorSpace>(space, numberOfColorComponents);
+}
+
+Color* colorWithColorSpaceComponents(ClassObject*, SEL selector, id spaceObject, const float* components,
+                                     std::intptr_t count) {
+    ColorSpace* const space = spaceArgument(selector, spaceObject);
+    const auto expected = static_cast<std::intptr_t>(space->definition->channels) + 1;
+    if (count != expected || !components || space->definition->model == ColorModel::unknown) {
+        raise(exceptionName::invalidArgument,
+              formatted("+[NSColor %s]: %s takes %ld components, not %ld", sel_getName(selector),
+                        printable(send<String*>(space, msg::description)), static_cast<long>(expected),
+                        static_cast<long>(count)));
+    }
+    Color* const color = componentColor(space, {});
+    std::copy_n(components, count, color->contents.components.begin());
+    return color;
+}
+
+Color* colorWithColorSpaceHue(ClassObject*, SEL selector, id spaceObject, float hue, float saturation, float brightness,
+                              float alpha) {
+    ColorSpace* const space = spaceArgument(selector, spaceObject);
+    if (space->definition->model != ColorModel::rgb) {
+        raise(exceptionName::invalidArgument, formatted("+[NSColor %s]: %s is no RGB color space", sel_getName(selector),
+                                                        printable(send<String*>(space, msg::description))));
+    }
+    return colorWithHsb(space, {hue, saturation, brightness}, alpha);
+}
+
+// nil for null and for a handle of another kind.
+Color* colorWithCGColor(ClassObject*, SEL, id handle) {
+    return isKindOf(handle, CGColorObject::cls) ? newColor(static_cast<CGColorObject*>(handle)->contents) : nullptr;
+}
+
+} // namespace
+
+Category categoryOfColorFactories() {
+    static const MethodEntry classMethods[] = {
+        method("colorWithCalibratedWhite:alpha:", colorWithWhite<StandardSpace::genericGray>),
+        method("colorWithDeviceWhite:alpha:", colorWithDeviceWhite),
+        method("colorWithGenericGamma22White:alpha:", colorWithWhite<StandardSpace::genericGamma22Gray>),
+        method("colorWithCalibratedRed:green:blue:alpha:", colorWithRed<StandardSpace::genericRGB>),
+        method("colorWithDeviceRed:green:blue:alpha:", colorWithDeviceRed),
+        method("colorWithSRGBRed:green:blue:alpha:", colorWithRed<StandardSpace::sRGB>),
+        method("colorWithDisplayP3Red:green:blue:alpha:", colorWithRed<StandardSpace::displayP3>),
+        method("colorWithCalibratedHue:saturation:brightness:alpha:", colorWithCalibratedHue),
+        method("colorWithDeviceHue:saturation:brightness:alpha:", colorWithDeviceHue),
+        method("colorWithDeviceCyan:magenta:yellow:black:alpha:", colorWithDeviceCyan),
+        method("colorWithColorSpace:components:count:", colorWithColorSpaceComponents),
+        method("colorWithColorSpace:hue:saturation:brightness:alpha:", colorWithColorSpaceHue),
+        method("colorWithCGColor:", colorWithCGColor),
+    };
+    return {&Color::cls, {}, classMethods};
+}
+
+} // namespace chroma::builtin

@@ -1,0 +1,135 @@
+#include "appkit/color_space.h"
+
+#include "appkit/core_graphics.h"
+#include "foundation/array.h"
+
+#include <array>
+#include <utility>
+
+namespace chroma::builtin {
+
+ClassObject ColorSpace::cls;
+
+ColorSpace::ColorSpace() : definition(unknownDefinition()) {}
+
+ColorSpace::~ColorSpace() = default;
+
+ColorSpace* standardSpace(StandardSpace space) {
+    static const auto spaces = [] {
+        std::array<ColorSpace*, standardSpaceCount> made;
+        for (std::size_t index = 0; index < made.size(); ++index) {
+            made[index] = makeImmortal(make<ColorSpace>());
+            made[index]->definition = standardDefinition(static_cast<StandardSpace>(index));
+        }
+        return made;
+    }();
+    return spaces[static_cast<std::size_t>(space)];
+}
+
+ColorSpace* spaceForName(id name) {
+    struct NamedSpace {
+        const String& name;
+        StandardSpace space;
+    };
+    static const NamedSpace spaces[] = {
+        {spaceName::calibratedWhite, StandardSpace::genericGray}, {spaceName::calibratedBlack, StandardSpace::genericGray},
+        {spaceName::calibratedRGB, StandardSpace::genericRGB},    {spaceName::deviceWhite, StandardSpace::deviceGray},
+        {spaceName::deviceBlack, StandardSpace::deviceGray},      {spaceName::deviceRGB, StandardSpace::deviceRGB},
+        {spaceName::deviceCMYK, StandardSpace::deviceCMYK},
+    };
+    static const Message length{"length"};
+    const String* const wanted = argument<String>(name, length);
+    if (!wanted) return nullptr;
+    for (const NamedSpace& candidate : spaces) {
+        if (candidate.name.text() == wanted->text()) return standardSpace(candidate.space);
+    }
+    return nullptr;
+}
+
+namespace {
+
+template <StandardSpace Space>
+ColorSpace* standard(ClassObject*, SEL) {
+    return standardSpace(Space);
+}
+
+ColorSpace* colorSpaceForName(ClassObject*, SEL, id name) { return spaceForName(name); }
+
+// Empty for a model of which there is none.
+Array* availableSpaces(ClassObject*, SEL, std::intptr_t model) {
+    auto* const array = autorelease(make<Array>());
+    for (std::size_t index = 0; index < standardSpaceCount; ++index) {
+        ColorSpace* const space = standardSpace(static_cast<StandardSpace>(index));
+        if (static_cast<std::intptr_t>(space->definition->model) == model) array->append(space);
+    }
+    return array;
+}
+
+// nil for null, which ends the new object, and for a handle of another kind.
+ColorSpace* initWithCGColorSpace(ColorSpace* self, SEL, id handle) {
+    if (!isKindOf(handle, CGColorSpaceObject::cls)) {
+        release(self);
+        return nullptr;
+    }
+    self->definition = static_cast<CGColorSpaceObject*>(handle)->definition;
+    return self;
+}
+
+CGColorSpaceObject* cgColorSpace(ColorSpace* self, SEL) {
+    return self->handle.get([self] {
+        auto* const handle = make<CGColorSpaceObject>();
+        handle->definition = self->definition;
+        return handle;
+    });
+}
+
+String* localizedName(ColorSpace* self, SEL) { return string(self->definition->name); }
+
+String* colorSpaceName(ColorSpace* self, SEL) { return self->definition->kind; }
+
+String* description(ColorSpace* self, SEL) { return formatted("%s colorspace", printable(string(self->definition->name))); }
+
+std::intptr_t colorSpaceModel(ColorSpace* self, SEL) { return static_cast<std::intptr_t>(self->definition->model); }
+
+std::intptr_t numberOfColorComponents(ColorSpace* self, SEL) {
+    return static_cast<std::intptr_t>(self->definition->channels);
+}
+
+BOOL isEqual(ColorSpace* self, SEL, id other) {
+    return isKindOf(other, ColorSpace::cls) && isSameSpace(*self->definition, *static_cast<ColorSpace*>(other)->definition);
+}
+
+std::uintptr_t hash(ColorSpace* self, SEL) { return std::hash<std::u16string>()(self->definition->name); }
+
+} // namespace
+
+ClassTable tableOfNSColorSpace() {
+    static const MethodEntry methods[] = {
+        method("initWithCGColorSpace:", initWithCGColorSpace),
+        method("CGColorSpace", cgColorSpace),
+        method("localizedName", localizedName),
+        method("colorSpaceName", colorSpaceName),
+        method("description", description),
+        method("colorSpaceModel", colorSpaceModel),
+        method("numberOfColorComponents", numberOfColorComponents),
+        method("isEqual:", isEqual),
+        method("hash", hash),
+    };
+    static const MethodEntry classMethods[] = {
+        method("genericRGBColorSpace", standard<StandardSpace::genericRGB>),
+        method("genericGrayColorSpace", standard<StandardSpace::genericGray>),
+        method("genericCMYKColorSpace", standard<StandardSpace::genericCMYK>),
+        method("deviceRGBColorSpace", standard<StandardSpace::deviceRGB>),
+        method("deviceGrayColorSpace", standard<StandardSpace::deviceGray>),
+        method("deviceCMYKColorSpace", standard<StandardSpace::deviceCMYK>),
+        method("sRGBColorSpace", standard<StandardSpace::sRGB>),
+        method("adobeRGB1998ColorSpace", standard<StandardSpace::adobeRGB1998>),
+        method("genericGamma22GrayColorSpace", standard<StandardSpace::genericGamma22Gray>),
+        method("displayP3ColorSpace", standard<StandardSpace::displayP3>),
+        method("colorSpaceForColorSpaceName:", colorSpaceForName),
+        method("availableColorSpacesWithModel:", availableSpaces),
+    };
+    return classTable<ColorSpace>("NSColorSpace", &NSObject::cls, methods, classMethods);
+}
+
+} // namespace chroma::builtin

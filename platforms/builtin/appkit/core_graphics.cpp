@@ -1,0 +1,12 @@
+#include "appkit/core_graphics.h"
+
+namespace chroma::builtin {
+
+ClassObject CGColorSpaceObject::cls;
+ClassObject CGColorObject::cls;
+
+ClassTable tableOfCGColorSpace() { return classTable<CGColorSpaceObject>("CGColorSpace", &NSObject::cls, {}); }
+
+ClassTable tableOfCGColor() { return classTable<CGColorObject>("CGColor", &NSObject::cls, {}); }
+
+} // namespace chroma::builtin

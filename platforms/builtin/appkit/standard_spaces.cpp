@@ -1,0 +1,76 @@
+#include "appkit/standard_spaces.h"
+
+#include <array>
+
+namespace chroma::builtin {
+namespace {
+
+std::shared_ptr<SpaceDefinition> named(ColorModel model, std::size_t channels, std::u16string_view name, String& kind) {
+    auto space = std::make_shared<SpaceDefinition>();
+    space->model = model;
+    space->channels = channels;
+    space->name = name;
+    space->kind = &kind;
+    space->isConvertible = true;
+    return space;
+}
+
+SpacePointer rgbSpace(std::u16string_view name, const Matrix3& toXyz, const TransferCurve& curve,
+                      String& kind = spaceName::custom) {
+    const auto space = named(ColorModel::rgb, 3, name, kind);
+    space->toXyz = toXyz;
+    space->fromXyz = inverse(toXyz);
+    for (TransferCurve& channel : space->curves) {
+        channel = curve;
+    }
+    return space;
+}
+
+SpacePointer graySpace(std::u16string_view name, const TransferCurve& curve, String& kind = spaceName::custom) {
+    const auto space = named(ColorModel::gray, 1, name, kind);
+    space->curves[0] = curve;
+    return space;
+}
+
+SpacePointer cmykSpace(std::u16string_view name, const SpacePointer& complement, String& kind = spaceName::custom) {
+    const auto space = named(ColorModel::cmyk, 4, name, kind);
+    space->complement = complement;
+    return space;
+}
+
+std::array<SpacePointer, standardSpaceCount> makeStandardSpaces() {
+    const Matrix3 generic =
+        colorantsToXyz({0.45427, 0.24263, 0.01482}, {0.35332, 0.67441, 0.09042}, {0.15662, 0.08336, 0.71953});
+    const Matrix3 srgb = rgbToXyz({0.64, 0.33}, {0.30, 0.60}, {0.15, 0.06}, d65);
+    const Matrix3 adobe = rgbToXyz({0.64, 0.33}, {0.21, 0.71}, {0.15, 0.06}, d65);
+    const Matrix3 p3 = rgbToXyz({0.680, 0.320}, {0.265, 0.690}, {0.150, 0.060}, d65);
+
+    const SpacePointer genericRGB = rgbSpace(u"Generic RGB Profile", generic, gammaCurve(1.8), spaceName::calibratedRGB);
+    const SpacePointer deviceRGB = rgbSpace(u"Device RGB", srgb, srgbCurve(), spaceName::deviceRGB);
+    return {
+        genericRGB,
+        graySpace(u"Generic Gray Profile", gammaCurve(1.8), spaceName::calibratedWhite),
+        cmykSpace(u"Generic CMYK Profile", genericRGB),
+        deviceRGB,
+        graySpace(u"Device Gray", srgbCurve(), spaceName::deviceWhite),
+        cmykSpace(u"Device CMYK", deviceRGB, spaceName::deviceCMYK),
+        rgbSpace(u"sRGB IEC61966-2.1", srgb, srgbCurve()),
+        rgbSpace(u"Adobe RGB (1998)", adobe, gammaCurve(563.0 / 256)),
+        graySpace(u"Generic Gray Gamma 2.2 Profile", gammaCurve(2.2)),
+        rgbSpace(u"Display P3", p3, srgbCurve()),
+    };
+}
+
+} // namespace
+
+const SpacePointer& standardDefinition(StandardSpace space) {
+    static const auto& spaces = *new const std::array<SpacePointer, standardSpaceCount>(makeStandardSpaces());
+    return spaces[static_cast<std::size_t>(space)];
+}
+
+const SpacePointer& unknownDefinition() {
+    static const auto& unknown = *new const SpacePointer(std::make_shared<SpaceDefinition>());
+    return unknown;
+}
+
+} // namespace chroma::builtin

@@ -1,0 +1,29 @@
+// The colour spaces that the platform itself has.
+#pragma once
+
+#include "appkit/space_definition.h"
+
+namespace chroma::builtin {
+
+enum class StandardSpace {
+    genericRGB,
+    genericGray,
+    genericCMYK,
+    deviceRGB,
+    deviceGray,
+    deviceCMYK,
+    sRGB,
+    adobeRGB1998,
+    genericGamma22Gray,
+    displayP3,
+};
+
+constexpr std::size_t standardSpaceCount = 10;
+
+// Never freed.
+const SpacePointer& standardDefinition(StandardSpace space);
+
+// Of a space object that has not been initialised: no model, no channels.
+const SpacePointer& unknownDefinition();
+
+} // namespace chroma::builtin

@@ -1,0 +1,50 @@
+#include "corefoundation/cf_dictionary.h"
+
+#include "builtin/corefoundation.h"
+#include "runtime/bootstrap.h"
+#include "runtime/export.h"
+
+namespace chroma::builtin {
+
+ClassObject Dictionary::cls;
+
+static std::uintptr_t count(Dictionary* self, SEL) { return self->values.size(); }
+
+ClassTable tableOfNSMutableDictionary() {
+    static const MethodEntry methods[] = {method("count", count)};
+    return classTable<Dictionary>("NSMutableDictionary", &NSObject::cls, methods);
+}
+
+} // namespace chroma::builtin
+
+namespace chroma {
+
+using builtin::Dictionary;
+
+static auto& valuesOf(CFMutableDictionaryRef dictionary) { return static_cast<Dictionary*>(dictionary)->values; }
+
+BUILTIN_EXPORT CFMutableDictionaryRef CFDictionaryCreateMutable(CFAllocatorRef, CFIndex, const void* keyCallBacks,
+                                                                const void* valueCallBacks) {
+    builtin::ensurePlatform();
+    return keyCallBacks || valueCallBacks ? nullptr : builtin::make<Dictionary>();
+}
+
+BUILTIN_EXPORT CFIndex CFDictionaryGetCount(CFMutableDictionaryRef dictionary) {
+    return static_cast<CFIndex>(valuesOf(dictionary).size());
+}
+
+BUILTIN_EXPORT const void* CFDictionaryGetValue(CFMutableDictionaryRef dictionary, const void* key) {
+    const auto& values = valuesOf(dictionary);
+    const auto entry = values.find(key);
+    return entry == values.end() ? nullptr : entry->second;
+}
+
+BUILTIN_EXPORT void CFDictionarySetValue(CFMutableDictionaryRef dictionary, const void* key, const void* value) {
+    valuesOf(dictionary)[key] = value;
+}
+
+BUILTIN_EXPORT void CFDictionaryRemoveValue(CFMutableDictionaryRef dictionary, const void* key) {
+    valuesOf(dictionary).erase(key);
+}
+
+} // namespace chroma

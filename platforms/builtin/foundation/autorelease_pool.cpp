@@ -1,0 +1,44 @@
+// NSAutoreleasePool: an entry of the thread's stack of autoreleased objects, from init until drain.
+#include "foundation/autorelease_pool.h"
+
+#include "foundation/exception.h"
+#include "runtime/autorelease.h"
+
+namespace chroma::builtin {
+
+ClassObject AutoreleasePool::cls;
+
+namespace {
+
+AutoreleasePool* init(AutoreleasePool* self, SEL) {
+    self->height = autoreleaseHeight();
+    pushAutoreleased(self);
+    return self;
+}
+
+// The pool goes before its contents: a release that throws leaves the rest to the enclosing pool.
+void dealloc(AutoreleasePool* self, SEL) {
+    const std::size_t height = self->height;
+    const bool isOpen = takeAutoreleased(height, self);
+    deallocate(self);
+    if (isOpen) drainAutoreleased(height);
+}
+
+void drain(AutoreleasePool* self, SEL) { release(self); }
+
+id refuse(AutoreleasePool* self, SEL selector) {
+    raise(exceptionName::invalidArgument, formatted("-[NSAutoreleasePool %s]: a pool cannot be shared: %p",
+                                                    sel_getName(selector), static_cast<void*>(self)));
+}
+
+} // namespace
+
+ClassTable tableOfNSAutoreleasePool() {
+    static const MethodEntry methods[] = {
+        method("init", init),     method("dealloc", dealloc),    method("drain", drain),
+        method("retain", refuse), method("autorelease", refuse),
+    };
+    return classTable<AutoreleasePool>("NSAutoreleasePool", &NSObject::cls, methods);
+}
+
+} // namespace chroma::builtin

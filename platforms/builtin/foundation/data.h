@@ -1,0 +1,21 @@
+// NSData: immutable bytes.
+#pragma once
+
+#include "foundation/nsobject.h"
+
+#include <vector>
+
+namespace chroma::builtin {
+
+struct Data : Object {
+    static ClassObject cls;
+
+    std::vector<std::uint8_t> bytes;
+};
+
+ClassTable tableOfNSData();
+
+// Autoreleased, with a copy of the bytes.
+Data* data(const std::uint8_t* bytes, std::size_t count);
+
+} // namespace chroma::builtin

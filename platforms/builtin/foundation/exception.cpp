@@ -1,0 +1,71 @@
+#include "foundation/exception.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace chroma::builtin {
+
+ClassObject Exception::cls;
+
+void raise(String& name, String* reason) {
+    auto* const exception = make<Exception>();
+    exception->name = &name;
+    exception->reason = reason;
+    objc_exception_throw(autorelease(exception));
+}
+
+void reportUncaught(id thrown) {
+    if (isKindOf(thrown, Exception::cls)) {
+        const auto* const exception = static_cast<Exception*>(thrown);
+        std::fprintf(stderr, "*** Terminating app due to uncaught exception '%s', reason: '%s'\n",
+                     printable(exception->name.get()), printable(exception->reason.get()));
+    } else {
+        std::fprintf(stderr, "*** Terminating app due to uncaught exception of class '%s'\n", object_getClassName(thrown));
+    }
+    std::abort();
+}
+
+namespace {
+
+const Message lengthMessage{"length"};
+
+Exception* initWithName(Exception* self, SEL, id name, id reason, id userInfo) {
+    self->name = argument<String>(name, lengthMessage);
+    self->reason = argument<String>(reason, lengthMessage);
+    self->userInfo = userInfo;
+    return self;
+}
+
+id exceptionWithName(ClassObject* self, SEL, id name, id reason, id userInfo) {
+    static const Message initWithNameMessage{"initWithName:reason:userInfo:"};
+    return autorelease(send<id>(allocate(*self), initWithNameMessage, name, reason, userInfo));
+}
+
+String* name(Exception* self, SEL) { return self->name.get(); }
+
+String* reason(Exception* self, SEL) { return self->reason.get(); }
+
+id userInfo(Exception* self, SEL) { return self->userInfo.get(); }
+
+String* description(Exception* self, SEL) { return self->reason ? self->reason.get() : self->name.get(); }
+
+void raiseException(Exception* self, SEL) { objc_exception_throw(self); }
+
+} // namespace
+
+ClassTable tableOfNSException() {
+    static const MethodEntry methods[] = {
+        method("initWithName:reason:userInfo:", initWithName),
+        method("name", name),
+        method("reason", reason),
+        method("userInfo", userInfo),
+        method("description", description),
+        method("raise", raiseException),
+    };
+    static const MethodEntry classMethods[] = {
+        method("exceptionWithName:reason:userInfo:", exceptionWithName),
+    };
+    return classTable<Exception>("NSException", &NSObject::cls, methods, classMethods);
+}
+
+} // namespace chroma::builtin

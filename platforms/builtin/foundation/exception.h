@@ -1,0 +1,33 @@
+// NSException, and how the platform raises one.
+#pragma once
+
+#include "foundation/string.h"
+
+namespace chroma::builtin {
+
+struct Exception : Object {
+    static ClassObject cls;
+
+    Ref<String> name;
+    Ref<String> reason;
+    Ref<Object> userInfo;
+};
+
+ClassTable tableOfNSException();
+
+namespace exceptionName {
+
+extern String generic;
+extern String invalidArgument;
+extern String range;
+extern String colorListNotEditable;
+
+} // namespace exceptionName
+
+// Throws a new exception: a jump to the innermost guard. Nothing with a destructor may be alive in the frames between.
+[[noreturn]] void raise(String& name, String* reason);
+
+// The end of the process after a throw that no guard was open for.
+[[noreturn]] void reportUncaught(id thrown);
+
+} // namespace chroma::builtin

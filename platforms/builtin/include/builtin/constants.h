@@ -1,0 +1,31 @@
+// The string constants of the builtin platform's Foundation and AppKit. They are objects from the start: they can be read before
+// anything of the platform has run. Their values are their names.
+#pragma once
+
+namespace chroma {
+
+struct Object;
+using id = Object*;
+
+extern "C" {
+
+// Colour spaces.
+extern const id NSCalibratedWhiteColorSpace;
+extern const id NSCalibratedBlackColorSpace;
+extern const id NSCalibratedRGBColorSpace;
+extern const id NSDeviceWhiteColorSpace;
+extern const id NSDeviceBlackColorSpace;
+extern const id NSDeviceRGBColorSpace;
+extern const id NSDeviceCMYKColorSpace;
+extern const id NSNamedColorSpace;
+extern const id NSPatternColorSpace;
+extern const id NSCustomColorSpace;
+
+// Exceptions.
+extern const id NSGenericException;
+extern const id NSInvalidArgumentException;
+extern const id NSRangeException;
+extern const id NSColorListNotEditableException;
+}
+
+} // namespace chroma

@@ -1,0 +1,54 @@
+// The CoreFoundation functions of the builtin platform. Every CoreFoundation reference is an object of the platform's runtime:
+// strings are NSStrings, URLs NSURLs, dictionaries and colour handles are objects too, and all take retain and release.
+//
+// "Create" and "Copy" give a reference that the caller releases. An allocator is ignored; null is the usual argument.
+#pragma once
+
+#include <cstdint>
+
+namespace chroma {
+
+struct Object;
+using id = Object*;
+
+using CFTypeRef = const void*;
+using CFAllocatorRef = const void*;
+using CFStringRef = id;
+using CFURLRef = id;
+using CFMutableDictionaryRef = id;
+using CFIndex = std::intptr_t;
+using CFStringEncoding = std::uint32_t;
+using Boolean = unsigned char;
+using UniChar = std::uint16_t;
+
+extern "C" {
+
+// Null does nothing, and CFRetain answers its argument.
+CFTypeRef CFRetain(CFTypeRef object);
+void CFRelease(CFTypeRef object);
+
+// Encodings: Mac Roman 0, UTF-16 0x100, Latin-1 0x201, Windows Latin-1 0x500, ASCII 0x600, UTF-8 0x08000100, UTF-32 0x0C000100,
+// the wide ones in the machine's byte order. Null when the bytes are invalid in the encoding, the encoding is another, or the
+// count is negative. With isExternalRepresentation a byte order mark of the encoding is honoured and left out.
+CFStringRef CFStringCreateWithBytes(CFAllocatorRef allocator, const std::uint8_t* bytes, CFIndex count,
+                                    CFStringEncoding encoding, Boolean isExternalRepresentation);
+
+// Any units, paired or not.
+CFStringRef CFStringCreateWithCharacters(CFAllocatorRef allocator, const UniChar* units, CFIndex count);
+
+CFIndex CFStringGetLength(CFStringRef string); // in UTF-16 units; 0 for null
+
+// Writes the text and a NUL. False when the text cannot be written in the encoding, the encoding's units are not bytes, or text
+// and NUL do not fit the capacity; the buffer then starts with a NUL if it has room for one.
+Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex capacity, CFStringEncoding encoding);
+
+// Keys and values are plain pointers, neither retained nor compared by what they point to. Null for callbacks that are not null.
+CFMutableDictionaryRef CFDictionaryCreateMutable(CFAllocatorRef allocator, CFIndex capacity, const void* keyCallBacks,
+                                                 const void* valueCallBacks);
+CFIndex CFDictionaryGetCount(CFMutableDictionaryRef dictionary);
+const void* CFDictionaryGetValue(CFMutableDictionaryRef dictionary, const void* key); // null when there is none
+void CFDictionarySetValue(CFMutableDictionaryRef dictionary, const void* key, const void* value);
+void CFDictionaryRemoveValue(CFMutableDictionaryRef dictionary, const void* key);
+}
+
+} // namespace chroma

@@ -1,0 +1,79 @@
+// The C interface of the builtin Objective-C runtime: the GNU family's, so far as the plugin, its siblings and the tests use it.
+//
+// Every function may be called before anything else of the platform; the first call registers the platform's classes. All of
+// them may be called from any thread. Names are copied. A class is an object of its metaclass, so that `object_getClass(cls)`
+// is where class methods are added. The types agree with those of the plugin's seam: one file may include both.
+#pragma once
+
+#include <cstddef>
+
+namespace chroma {
+
+struct Object;
+using id = Object*;
+using Class = id;
+
+struct SelectorEntry;
+using SEL = const SelectorEntry*;
+
+struct MethodRecord;
+using Method = MethodRecord*;
+
+using IMP = void (*)();
+using BOOL = unsigned char;
+
+extern "C" {
+
+// Classes. A name that no class has gives nil.
+id objc_getClass(const char* name);
+Class objc_lookUpClass(const char* name);
+const char* class_getName(Class cls); // "nil" for nil
+Class class_getSuperclass(Class cls); // nil for a root class and for nil
+Class object_getClass(id object);     // nil for nil
+const char* object_getClassName(id object);
+
+// Makes a class that inherits everything from `superclass`, with `extraBytes` of zeroed room behind its instances. nil when the
+// name is taken. The class can be found by name once it has been registered. Classes are never freed.
+Class objc_allocateClassPair(Class superclass, const char* name, std::size_t extraBytes);
+void objc_registerClassPair(Class cls);
+
+// Selectors: one entry per name, for the life of the process.
+SEL sel_registerName(const char* name);
+const char* sel_getName(SEL selector); // "<null selector>" for null
+
+// The function to call for a message. It is never null: for nil it is a function that answers zero, which serves every result
+// that travels in an integer register, and for a selector that the class does not know one that raises
+// NSInvalidArgumentException. It may change whenever a method is added or replaced.
+IMP objc_msg_lookup(id receiver, SEL selector);
+
+// Methods, searched up the superclasses. Null when there is none; class_getMethodImplementation then gives the function that
+// raises. A Method stays valid for the life of the process.
+Method class_getInstanceMethod(Class cls, SEL selector);
+Method class_getClassMethod(Class cls, SEL selector);
+IMP class_getMethodImplementation(Class cls, SEL selector);
+BOOL class_respondsToSelector(Class cls, SEL selector);
+IMP method_getImplementation(Method method);
+SEL method_getName(Method method);
+
+// Changes of a class's own methods, in force for the next message, also to instances of subclasses that inherit the method.
+// `types` is not used and may be null.
+//
+// class_addMethod does nothing and answers NO when the class itself has the method already. class_replaceMethod adds it or
+// replaces it; its answer is what the class itself had before, null when it had inherited the method or had none.
+// method_setImplementation answers the previous function.
+BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char* types);
+IMP class_replaceMethod(Class cls, SEL selector, IMP implementation, const char* types);
+IMP method_setImplementation(Method method, IMP implementation);
+
+// Exceptions: a chain of guards per thread. A guard is a std::jmp_buf and four words of the runtime's behind it. The caller
+// enters it and then calls setjmp on it at once; a throw leaves the innermost guard and jumps to it, so that no destructor
+// between runs. Any object may be thrown; the runtime does not retain it. A throw without a guard ends the process with a line
+// on the standard error.
+void objc_exception_try_enter(void* guard);
+void objc_exception_try_exit(void* guard); // the guard and those entered inside it
+id objc_exception_extract(void* guard);    // what the jump brought
+int objc_exception_match(id exceptionClass, id exception);
+[[noreturn]] void objc_exception_throw(id exception);
+}
+
+} // namespace chroma

@@ -1,0 +1,47 @@
+// The platform's classes: the only file that knows every one of them.
+#include "appkit/catalog.h"
+#include "appkit/color.h"
+#include "appkit/core_graphics.h"
+#include "corefoundation/cf_dictionary.h"
+#include "foundation/array.h"
+#include "foundation/autorelease_pool.h"
+#include "foundation/data.h"
+#include "foundation/exception.h"
+#include "runtime/bootstrap.h"
+
+#include <mutex>
+
+namespace chroma::builtin {
+namespace {
+
+// A class comes after its superclass.
+constexpr ClassTable (*classTables[])() = {
+    tableOfNSObject,     tableOfNSAutoreleasePool, tableOfNSString,     tableOfNSException,
+    tableOfNSData,       tableOfNSArray,           tableOfNSEnumerator, tableOfNSMutableDictionary,
+    tableOfNSColorSpace, tableOfNSColor,           tableOfCGColor,      tableOfCGColorSpace,
+};
+
+constexpr Category (*categories[])() = {
+    categoryOfColorComponents,
+    categoryOfColorFactories,
+    categoryOfColorConversion,
+    categoryOfNamedColors,
+};
+
+std::once_flag registered;
+
+} // namespace
+
+void registerPlatform() {
+    std::call_once(registered, [] {
+        for (const auto table : classTables) {
+            registerClass(table());
+        }
+        for (const auto category : categories) {
+            registerCategory(category());
+        }
+        platformIsReady.store(true, std::memory_order_release);
+    });
+}
+
+} // namespace chroma::builtin

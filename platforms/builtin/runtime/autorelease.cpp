@@ -1,0 +1,40 @@
+#include "runtime/autorelease.h"
+
+#include "runtime/lifetime.h"
+
+#include <vector>
+
+namespace chroma::builtin {
+namespace {
+
+struct AutoreleaseStack {
+    std::vector<Object*> entries;
+
+    ~AutoreleaseStack() { drainAutoreleased(0); }
+};
+
+thread_local AutoreleaseStack stack;
+
+} // namespace
+
+void pushAutoreleased(Object* object) { stack.entries.push_back(object); }
+
+std::size_t autoreleaseHeight() { return stack.entries.size(); }
+
+bool takeAutoreleased(std::size_t height, const Object* object) {
+    auto& entries = stack.entries;
+    if (height >= entries.size() || entries[height] != object) return false;
+    entries[height] = nullptr;
+    return true;
+}
+
+void drainAutoreleased(std::size_t height) {
+    auto& entries = stack.entries;
+    while (entries.size() > height) {
+        Object* const object = entries.back();
+        entries.pop_back(); // first: a release may throw, and may push
+        release(object);
+    }
+}
+
+} // namespace chroma::builtin

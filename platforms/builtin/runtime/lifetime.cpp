@@ -1,0 +1,39 @@
+#include "runtime/lifetime.h"
+
+#include "builtin/introspection.h"
+#include "runtime/bootstrap.h"
+#include "runtime/export.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace chroma::builtin {
+
+Object* allocate(ClassObject& cls) {
+    void* const memory = std::calloc(1, cls.instanceSize);
+    if (!memory) throw std::bad_alloc();
+    cls.construct(memory);
+    auto* const object = static_cast<Object*>(memory);
+    object->isa = &cls;
+    cls.liveInstances.fetch_add(1, std::memory_order_relaxed);
+    return object;
+}
+
+void deallocate(Object* object) {
+    ClassObject& cls = *object->isa;
+    cls.destroy(object);
+    cls.liveInstances.fetch_sub(1, std::memory_order_relaxed);
+    std::free(object);
+}
+
+} // namespace chroma::builtin
+
+namespace chroma {
+
+BUILTIN_EXPORT std::size_t builtin_liveInstances(const char* className) {
+    builtin::ensurePlatform();
+    const builtin::ClassObject* const cls = builtin::findClass(className);
+    return cls ? static_cast<std::size_t>(cls->liveInstances.load(std::memory_order_relaxed)) : 0;
+}
+
+} // namespace chroma

@@ -1,0 +1,97 @@
+// Objects from their allocation to their end.
+#pragma once
+
+#include "runtime/message.h"
+
+namespace chroma::builtin {
+
+// A new instance with a retain count of 1, its members constructed. Throws std::bad_alloc.
+Object* allocate(ClassObject& cls);
+
+// Destroys the members and frees the memory: what NSObject's dealloc does.
+void deallocate(Object* object);
+
+template <class Instance>
+Instance* make() {
+    return static_cast<Instance*>(allocate(Instance::cls));
+}
+
+// Takes the object out of all counting: it is never freed.
+template <class Instance>
+Instance* makeImmortal(Instance* object) {
+    object->retainCount.store(immortal, std::memory_order_relaxed);
+    object->isa->liveInstances.fetch_sub(1, std::memory_order_relaxed);
+    return object;
+}
+
+template <class Instance>
+Instance* retain(Instance* object) {
+    send<id>(object, msg::retain);
+    return object;
+}
+
+inline void release(Object* object) { send<void>(object, msg::release); }
+
+template <class Instance>
+Instance* autorelease(Instance* object) {
+    send<id>(object, msg::autorelease);
+    return object;
+}
+
+// A retained reference that is a member of an object. Never a local variable: an exception would jump past its destructor.
+template <class Instance>
+class Ref {
+public:
+    Ref() = default;
+    Ref(const Ref& other) : object_(retain(other.object_)) {}
+    Ref& operator=(const Ref& other) { return *this = other.object_; }
+    ~Ref() { release(object_); }
+
+    Ref& operator=(Instance* object) {
+        retain(object);
+        Instance* const previous = object_;
+        object_ = object;
+        release(previous);
+        return *this;
+    }
+
+    // Takes over a reference that the caller owns.
+    void adopt(Instance* object) {
+        Instance* const previous = object_;
+        object_ = object;
+        release(previous);
+    }
+
+    Instance* get() const { return object_; }
+    Instance* operator->() const { return object_; }
+    explicit operator bool() const { return object_ != nullptr; }
+
+private:
+    Instance* object_ = nullptr;
+};
+
+// A retained reference, as a member, to an object that is made when it is first asked for.
+template <class Instance>
+class LazyRef {
+public:
+    LazyRef() = default;
+    LazyRef(const LazyRef&) = delete;
+    LazyRef& operator=(const LazyRef&) = delete;
+    ~LazyRef() { release(object_.load(std::memory_order_relaxed)); }
+
+    // `makeNew()` gives a reference that the caller owns, or null, and then it is asked again the next time.
+    template <class MakeNew>
+    Instance* get(MakeNew makeNew) {
+        Instance* current = object_.load(std::memory_order_acquire);
+        if (current) return current;
+        Instance* const made = makeNew();
+        if (object_.compare_exchange_strong(current, made, std::memory_order_acq_rel)) return made;
+        release(made);
+        return current;
+    }
+
+private:
+    std::atomic<Instance*> object_{nullptr};
+};
+
+} // namespace chroma::builtin

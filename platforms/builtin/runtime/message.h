@@ -1,0 +1,52 @@
+// Messages from inside the platform. They go through the dispatch tables like anyone's, so that a method that a test or a
+// sibling plugin replaced is the one that runs.
+#pragma once
+
+#include "runtime/classes.h"
+#include "runtime/selectors.h"
+
+namespace chroma::builtin {
+
+// A selector that is registered when it is first sent.
+class Message {
+public:
+    constexpr explicit Message(const char* name) : name_(name) {}
+
+    SEL get() const {
+        SEL selector = selector_.load(std::memory_order_acquire);
+        if (!selector) {
+            selector = internSelector(name_);
+            selector_.store(selector, std::memory_order_release);
+        }
+        return selector;
+    }
+
+private:
+    const char* name_;
+    mutable std::atomic<SEL> selector_{nullptr};
+};
+
+// nil answers R{}. May throw a native exception: a jump past everything with a destructor.
+template <class R, class... Arguments>
+R send(Object* receiver, const Message& message, Arguments... arguments) {
+    if (!receiver) return R();
+    const SEL selector = message.get();
+    const auto function = reinterpret_cast<R (*)(Object*, SEL, Arguments...)>(lookUp(*receiver->isa, selector));
+    return function(receiver, selector, arguments...);
+}
+
+namespace msg {
+
+inline const Message autorelease{"autorelease"};
+inline const Message dealloc{"dealloc"};
+inline const Message description{"description"};
+inline const Message doesNotRecognizeSelector{"doesNotRecognizeSelector:"};
+inline const Message hash{"hash"};
+inline const Message init{"init"};
+inline const Message isEqual{"isEqual:"};
+inline const Message release{"release"};
+inline const Message retain{"retain"};
+
+} // namespace msg
+
+} // namespace chroma::builtin
