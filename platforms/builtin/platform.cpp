@@ -2,7 +2,10 @@
 #include "appkit/catalog.h"
 #include "appkit/color.h"
 #include "appkit/core_graphics.h"
+#include "appkit/image.h"
+#include "appkit/pasteboard.h"
 #include "corefoundation/cf_dictionary.h"
+#include "corefoundation/cf_url.h"
 #include "foundation/array.h"
 #include "foundation/autorelease_pool.h"
 #include "foundation/data.h"
@@ -16,16 +19,15 @@ namespace {
 
 // A class comes after its superclass.
 constexpr ClassTable (*classTables[])() = {
-    tableOfNSObject,     tableOfNSAutoreleasePool, tableOfNSString,     tableOfNSException,
-    tableOfNSData,       tableOfNSArray,           tableOfNSEnumerator, tableOfNSMutableDictionary,
-    tableOfNSColorSpace, tableOfNSColor,           tableOfCGColor,      tableOfCGColorSpace,
+    tableOfNSObject, tableOfNSAutoreleasePool, tableOfNSString,     tableOfNSException,
+    tableOfNSData,   tableOfNSArray,           tableOfNSEnumerator, tableOfNSMutableDictionary,
+    tableOfNSURL,    tableOfCGColorSpace,      tableOfCGColor,      tableOfNSColorSpace,
+    tableOfNSColor,  tableOfNSImage,           tableOfNSPasteboard,
 };
 
 constexpr Category (*categories[])() = {
-    categoryOfColorComponents,
-    categoryOfColorFactories,
-    categoryOfColorConversion,
-    categoryOfNamedColors,
+    categoryOfColorComponents, categoryOfColorFactories, categoryOfColorConversion,
+    categoryOfNamedColors,     categoryOfPatternColors,  categoryOfColorPasteboard,
 };
 
 std::once_flag registered;

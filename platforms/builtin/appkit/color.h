@@ -26,6 +26,8 @@ ClassTable tableOfNSColor();
 Category categoryOfColorComponents();
 Category categoryOfColorConversion();
 Category categoryOfColorFactories();
+Category categoryOfColorPasteboard();
+Category categoryOfPatternColors();
 
 // Autoreleased colours. The components are the space's, then alpha, rounded to single precision.
 Color* newColor(const ColorContents& contents);

@@ -47,4 +47,11 @@ BUILTIN_EXPORT void CFDictionaryRemoveValue(CFMutableDictionaryRef dictionary, c
     valuesOf(dictionary).erase(key);
 }
 
+BUILTIN_EXPORT void CFDictionaryApplyFunction(CFMutableDictionaryRef dictionary,
+                                              void (*function)(const void* key, const void* value, void*), void* context) {
+    for (const auto& [key, value] : valuesOf(dictionary)) {
+        function(key, value, context);
+    }
+}
+
 } // namespace chroma

@@ -17,6 +17,7 @@ using CFStringRef = id;
 using CFURLRef = id;
 using CFMutableDictionaryRef = id;
 using CFIndex = std::intptr_t;
+using CFURLPathStyle = CFIndex;
 using CFStringEncoding = std::uint32_t;
 using Boolean = unsigned char;
 using UniChar = std::uint16_t;
@@ -49,6 +50,22 @@ CFIndex CFDictionaryGetCount(CFMutableDictionaryRef dictionary);
 const void* CFDictionaryGetValue(CFMutableDictionaryRef dictionary, const void* key); // null when there is none
 void CFDictionarySetValue(CFMutableDictionaryRef dictionary, const void* key, const void* value);
 void CFDictionaryRemoveValue(CFMutableDictionaryRef dictionary, const void* key);
+
+// Calls the function with every key and value, in no particular order; it must not change the dictionary.
+void CFDictionaryApplyFunction(CFMutableDictionaryRef dictionary,
+                               void (*function)(const void* key, const void* value, void*), void* context);
+
+// The path style is 0, POSIX; with another the answer is null.
+//
+// From a path, which is made absolute against the working folder; null when it is empty or not Unicode text.
+CFURLRef CFURLCreateWithFileSystemPath(CFAllocatorRef allocator, CFStringRef path, CFURLPathStyle style,
+                                       Boolean isDirectory);
+
+// From the text of a URL, with percent escapes; null when it is empty or has characters that a URL has not. The base must be null.
+CFURLRef CFURLCreateWithString(CFAllocatorRef allocator, CFStringRef text, CFURLRef base);
+
+// The URL's path, escapes decoded, without a slash at its end; null when it has none or the escapes are no UTF-8.
+CFStringRef CFURLCopyFileSystemPath(CFURLRef url, CFURLPathStyle style);
 }
 
 } // namespace chroma

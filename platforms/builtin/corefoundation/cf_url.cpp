@@ -1,0 +1,125 @@
+#include "corefoundation/cf_url.h"
+
+#include "builtin/corefoundation.h"
+#include "corefoundation/text_encoding.h"
+#include "runtime/bootstrap.h"
+#include "runtime/export.h"
+
+#include <climits>
+#include <string>
+#include <unistd.h>
+
+namespace chroma::builtin {
+
+ClassObject URL::cls;
+
+ClassTable tableOfNSURL() { return classTable<URL>("NSURL", &NSObject::cls, {}); }
+
+namespace {
+
+bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+// -1 for what is no hexadecimal digit.
+int hexValue(char c) {
+    if (isDigit(c)) return c - '0';
+    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+    return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
+}
+
+// Whether every character may stand in a URL and every percent sign starts an escape.
+bool isURLText(std::string_view text) {
+    constexpr std::string_view marks = "-._~:/?#[]@!$&'()*+,;=";
+    for (std::size_t index = 0; index < text.size(); ++index) {
+        const char c = text[index];
+        if (c == '%') {
+            if (text.size() - index < 3 || hexValue(text[index + 1]) < 0 || hexValue(text[index + 2]) < 0) return false;
+            index += 2;
+        } else if (!isLetter(c) && !isDigit(c) && marks.find(c) == std::string_view::npos) {
+            return false;
+        }
+    }
+    return !text.empty();
+}
+
+// Where the scheme and its colon end, 0 when there is none.
+std::size_t schemeEnd(std::string_view text) {
+    if (!isLetter(text.front())) return 0;
+    std::size_t end = 0;
+    while (end < text.size() && (isLetter(text[end]) || isDigit(text[end]) ||
+                                 std::string_view("+-.").find(text[end]) != std::string_view::npos)) {
+        ++end;
+    }
+    return end < text.size() && text[end] == ':' ? end + 1 : 0;
+}
+
+// The path between scheme and authority before it and query and fragment behind it, escapes as they are.
+std::string_view pathPart(std::string_view url) {
+    std::string_view rest = url.substr(schemeEnd(url));
+    rest = rest.substr(0, rest.find_first_of("?#"));
+    if (rest.substr(0, 2) != "//") return rest;
+    const std::size_t start = rest.find('/', 2);
+    return start == std::string_view::npos ? std::string_view() : rest.substr(start);
+}
+
+std::string withoutEscapes(std::string_view text) {
+    std::string plain;
+    for (std::size_t index = 0; index < text.size(); ++index) {
+        if (text[index] == '%') {
+            plain.push_back(static_cast<char>(hexValue(text[index + 1]) * 16 + hexValue(text[index + 2])));
+            index += 2;
+        } else {
+            plain.push_back(text[index]);
+        }
+    }
+    return plain;
+}
+
+std::string absolutePath(std::string path) {
+    if (path.front() == '/') return path;
+    char folder[PATH_MAX];
+    return getcwd(folder, sizeof folder) ? std::string(folder) + "/" + path : path;
+}
+
+// A URL of the path, which names none when it is empty, no UTF-8, or holds a NUL.
+URL* newURL(std::string_view path) {
+    while (path.size() > 1 && path.back() == '/') {
+        path.remove_suffix(1);
+    }
+    URL* const url = make<URL>();
+    std::u16string text;
+    const bool isPath = !path.empty() && path.find('\0') == std::string_view::npos;
+    if (isPath && decodeText(path, encoding::utf8, false, text)) url->path.adopt(newString(text));
+    return url;
+}
+
+} // namespace
+} // namespace chroma::builtin
+
+namespace chroma {
+
+using builtin::String;
+using builtin::URL;
+
+constexpr CFURLPathStyle posixStyle = 0;
+
+BUILTIN_EXPORT CFURLRef CFURLCreateWithFileSystemPath(CFAllocatorRef, CFStringRef path, CFURLPathStyle style, Boolean) {
+    builtin::ensurePlatform();
+    const char* const text = path ? builtin::utf8Of(static_cast<String*>(path)) : nullptr;
+    if (!text || !*text || style != posixStyle) return nullptr;
+    return builtin::newURL(builtin::absolutePath(text));
+}
+
+BUILTIN_EXPORT CFURLRef CFURLCreateWithString(CFAllocatorRef, CFStringRef text, CFURLRef base) {
+    builtin::ensurePlatform();
+    const char* const url = text ? builtin::utf8Of(static_cast<String*>(text)) : nullptr;
+    if (!url || base || !builtin::isURLText(url)) return nullptr;
+    return builtin::newURL(builtin::withoutEscapes(builtin::pathPart(url)));
+}
+
+BUILTIN_EXPORT CFStringRef CFURLCopyFileSystemPath(CFURLRef url, CFURLPathStyle style) {
+    return url && style == posixStyle ? builtin::retain(static_cast<URL*>(url)->path.get()) : nullptr;
+}
+
+} // namespace chroma
