@@ -229,6 +229,9 @@ typedef void (*PluginRegisterClassProc)(REALclassDefinition* record);
 /* "PluginNewInstance": a new object, its class constructor run; null when no class has that name. */
 typedef REALobjectStruct* (*PluginNewInstanceProc)(const char* className);
 
+/* "ChromaObjectIsA", on hosts that can tell: whether the object is of the named class or of one that descends from it. */
+typedef HostBoolean (*ChromaObjectIsAProc)(REALobjectStruct* object, const char* className);
+
 /* "REALLockObject", "REALUnlockObject": one reference more, one fewer. "REALLockString", "REALUnlockString" likewise. */
 typedef void (*REALLockObjectProc)(REALobjectStruct* object);
 typedef void (*REALUnlockObjectProc)(REALobjectStruct* object);

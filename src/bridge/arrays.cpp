@@ -8,10 +8,12 @@
 namespace chroma {
 
 void REALInsertArrayValueDouble(REALarrayDouble* array, std::int32_t index, double value) {
+    if (!array) return;
     if (const auto insert = insertDoubleProcedure(array)) insert(array, index, value);
 }
 
 void REALInsertArrayValueObject(void* array, std::int32_t index, REALobjectStruct* value) {
+    if (!array) return;
     if (const auto insert = insertObjectProcedure(array)) insert(array, index, value);
 }
 

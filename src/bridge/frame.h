@@ -6,6 +6,7 @@
 #pragma once
 
 #include "bridge/errors.h"
+#include "chromabridge/host_abi.h"
 #include "platform/guard.h"
 
 namespace chroma {
@@ -23,5 +24,9 @@ bool quiet(Body body) {
     if (thrown && !isNSException(thrown)) throwNative(thrown);
     return !thrown;
 }
+
+// Whether an initialiser may fill the object: not a null one, and not one that holds a native object already, which raises an
+// "UnsupportedOperationException".
+bool mayInitialise(const REALobjectStruct* object);
 
 } // namespace chroma

@@ -1,6 +1,7 @@
 #include "bridge/strings.h"
 
 #include "bridge/errors.h"
+#include "platform/selectors.h"
 #include "runtime/host_entries.h"
 #include "runtime/host_values.h"
 #include "runtime/host_version.h"
@@ -122,6 +123,8 @@ CFStringRef RBString2CFString(REALstringStruct* string) {
     if (const CFStringRef answer = askHost(string)) return answer;
     return fromStorage(string, encoding);
 }
+
+id autoreleasedString(REALstringStruct* string) { return send<id>(RBString2CFString(string), sel::autorelease); }
 
 REALstringStruct* NSStringRB(id string) {
     REALstringStruct* result = nullptr;

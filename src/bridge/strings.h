@@ -15,6 +15,9 @@ constexpr CFStringEncoding kUnknownEncoding = 0xFFFF;
 // A new platform string, which the caller releases. Null for the null host string and when the text is invalid in its encoding.
 CFStringRef RBString2CFString(REALstringStruct* string);
 
+// The same, handed to the autorelease pool; nil for null.
+id autoreleasedString(REALstringStruct* string);
+
 // A new UTF-8 host string, which the caller owns. Null, the empty string, for nil, for empty text and on any failure.
 REALstringStruct* NSStringRB(id string);
 

@@ -14,6 +14,8 @@ using CFStringRef = id;
 using CFMutableDictionaryRef = id;
 using CFIndex = std::intptr_t;
 using CFStringEncoding = std::uint32_t;
+using CFURLRef = id;
+using CFURLPathStyle = CFIndex;
 using Boolean = unsigned char;
 using UniChar = std::uint16_t;
 
@@ -24,6 +26,8 @@ constexpr CFStringEncoding kCFStringEncodingWindowsLatin1 = 0x00000500;
 constexpr CFStringEncoding kCFStringEncodingASCII = 0x00000600;
 constexpr CFStringEncoding kCFStringEncodingUTF8 = 0x08000100;
 constexpr CFStringEncoding kCFStringEncodingUTF32 = 0x0C000100; // UTF-32 in the machine's byte order
+
+constexpr CFURLPathStyle kCFURLPOSIXPathStyle = 0;
 
 extern "C" {
 // New strings, which the caller releases; null when the bytes are invalid in the encoding or the encoding is unknown. With
@@ -44,6 +48,17 @@ void CFRelease(CFTypeRef object);
 const void* CFDictionaryGetValue(CFMutableDictionaryRef dictionary, const void* key);
 void CFDictionarySetValue(CFMutableDictionaryRef dictionary, const void* key, const void* value);
 void CFDictionaryRemoveValue(CFMutableDictionaryRef dictionary, const void* key);
+
+// Calls the function with every key and value; it must not change the dictionary.
+void CFDictionaryApplyFunction(CFMutableDictionaryRef dictionary,
+                               void (*function)(const void* key, const void* value, void*), void* context);
+
+// New URLs, which the caller releases; null when the text is no path or no URL. A relative path starts at the working folder.
+CFURLRef CFURLCreateWithFileSystemPath(CFAllocatorRef, CFStringRef path, CFURLPathStyle, Boolean isDirectory);
+CFURLRef CFURLCreateWithString(CFAllocatorRef, CFStringRef text, CFURLRef base);
+
+// The path that a URL names, percent escapes decoded; a new string, which the caller releases.
+CFStringRef CFURLCopyFileSystemPath(CFURLRef url, CFURLPathStyle);
 
 // An NSString constant of AppKit: the name of the calibrated RGB colour space.
 extern const id NSCalibratedRGBColorSpace;

@@ -35,6 +35,17 @@ constexpr REALword kCurrentLayoutVersion = 13;
         CHROMA_BOUND(function), nullptr, declaration, chroma::kMethodFlags, {}                                              \
     }
 
+// A class record; each table is CHROMA_ROWS(array) or CHROMA_NO_ROWS.
+#define CHROMA_ROWS(rows) rows, chroma::countOf(rows)
+#define CHROMA_NO_ROWS nullptr, 0
+#define CHROMA_CLASS(name, superName, constructor, destructor, properties, methods, constants, sharedMethods)               \
+    {                                                                                                                       \
+        chroma::kCurrentLayoutVersion, name, superName, chroma::kInstanceDataSize, 0, CHROMA_BOUND(constructor),            \
+            CHROMA_BOUND(destructor), properties, methods, /* events */ nullptr, 0, /* event instances */ nullptr, 0,       \
+            /* interfaces */ nullptr, /* bindings */ nullptr, 0, constants, chroma::kClassFlags,                            \
+            /* shared properties */ nullptr, 0, sharedMethods, /* delegates */ nullptr, 0, /* enumerations */ nullptr, 0    \
+    }
+
 template <class Row, REALword length>
 constexpr REALword countOf(Row (&)[length]) {
     return length;

@@ -25,9 +25,14 @@ class HostEntry<lookup, Result (*)(Arguments...)> {
 public:
     constexpr explicit HostEntry(const char* name, const char* olderName = nullptr) : name_(name), olderName_(olderName) {}
 
-    Result operator()(Arguments... arguments) {
+    // Whether the host has the entry.
+    bool isOffered() {
         if (!address_ && !(lookup == Lookup::Once && asked_)) resolve();
-        if (!address_) return Result();
+        return address_ != nullptr;
+    }
+
+    Result operator()(Arguments... arguments) {
+        if (!isOffered()) return Result();
         return reinterpret_cast<Result (*)(Arguments...)>(address_)(arguments...);
     }
 
@@ -55,8 +60,10 @@ inline OnceEntry<PluginNewInstanceProc> REALnewInstance{"PluginNewInstance"};
 inline OnceEntry<REALLockObjectProc> REALLockObject{"REALLockObject"};
 inline OnceEntry<REALUnlockObjectProc> REALUnlockObject{"REALUnlockObject"};
 inline OnceEntry<RuntimeRaiseExceptionProc> REALRaiseException{"RuntimeRaiseException"};
+inline OnceEntry<ChromaObjectIsAProc> ChromaObjectIsA{"ChromaObjectIsA"};
 inline RetryEntry<REALSetPropValueStringProc> REALSetPropValueString{"REALSetPropValueString"};
 inline RetryEntry<REALSetPropValueIntegerProc> REALSetPropValueInteger{"REALSetPropValueInteger", "REALSetPropValueInt"};
+inline OnceEntry<REALGetPropValueStringProc> REALGetPropValueString{"REALGetPropValueString"};
 
 // Strings
 inline OnceEntry<REALBuildStringProc> originalREALBuildString{"REALBuildString"};

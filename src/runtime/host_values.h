@@ -56,9 +56,12 @@ inline const double* storedElements(const REALarrayDouble* array) {
     return readField<const double*>(array, REALarrayElementsOffset);
 }
 
+// Memory blocks and folder items are objects too.
 inline REALobjectStruct* asObject(REALmemoryBlockStruct* block) { return reinterpret_cast<REALobjectStruct*>(block); }
+inline REALobjectStruct* asObject(REALfolderItemStruct* item) { return reinterpret_cast<REALobjectStruct*>(item); }
 
-// A platform pointer as the host's integer.
+// A platform pointer as the host's integer, and back.
 inline HostInteger asHandle(const void* pointer) { return reinterpret_cast<HostInteger>(pointer); }
+inline const void* fromHandle(HostInteger handle) { return reinterpret_cast<const void*>(handle); }
 
 } // namespace chroma

@@ -17,6 +17,7 @@ std::int32_t controlVersionFor(double hostVersion);
 // From these versions on the host serves strings, paths, and memory blocks and arrays through newer entries.
 inline bool hostBuildsStringsWithEncoding() { return rbversion_rbversion >= 2012.0; }
 inline bool hostConvertsUTF32() { return rbversion_rbversion >= 2013.0; }
+inline bool hostHasNativePaths() { return rbversion_rbversion >= 2013.0; }
 inline bool hostHidesStorage() { return rbversion_rbversion >= 2017.0; }
 
 } // namespace chroma

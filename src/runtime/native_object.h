@@ -22,6 +22,8 @@ void initCocoa();
 REALobjectStruct* wrapNative(id native, const char* className);
 
 inline REALobjectStruct* NewNSColorZRX(id color) { return wrapNative(color, "NSColorZRX"); }
+inline REALobjectStruct* NewNSColorSpaceZRX(id space) { return wrapNative(space, "NSColorSpaceZRX"); }
+inline REALobjectStruct* NewNSImageZRX(id image) { return wrapNative(image, "NSImageZRX"); }
 
 // Stores a native object that the caller has retained for the host object, and enters the pair in the registry. Nil is stored
 // and not entered.

@@ -49,6 +49,22 @@ HostColor colorValue(REALobjectStruct* object, REALword parameter);
 // The number of components, alpha included.
 HostInteger numberOfComponents(REALobjectStruct* object, REALword parameter);
 
+// Another colour made from this one: a new reference to its host object, or nil. Null and empty arguments are passed on as nil.
+REALobjectStruct* blendedColorWithFraction(REALobjectStruct* object, double alpha, REALobjectStruct* c);
+REALobjectStruct* colorWithAlphaComponent(REALobjectStruct* object, double alpha);
+REALobjectStruct* colorUsingColorSpaceName(REALobjectStruct* object, REALstringStruct* colorSpace);
+REALobjectStruct* colorUsingColorSpace(REALobjectStruct* object, REALobjectStruct* colorSpace);
+REALobjectStruct* shadowWithLevel(REALobjectStruct* object, double level);
+REALobjectStruct* highlightWithLevel(REALobjectStruct* object, double level);
+
+// A new reference to the NSColorSpaceZRX object of the colour's space, and to the NSImageZRX object of its pattern; nil where the
+// sibling plugin that has the class is absent.
+REALobjectStruct* colorSpace(REALobjectStruct* object);
+REALobjectStruct* patternImage(REALobjectStruct* object);
+
+// Puts the colour on the general pasteboard.
+void writeToPasteboard(REALobjectStruct* object);
+
 // Property getters named after their message: a colour that does not answer gives 0.0 or the empty string, and no exception.
 #define CHROMA_COLOR_NUMBERS(X)                                                                                             \
     X(blackComponent)                                                                                                       \

@@ -10,13 +10,6 @@
 namespace chroma::color {
 namespace {
 
-// Whether a constructor may fill the object; one that already holds a colour is told so and left alone.
-bool mayInitialise(REALobjectStruct* object) {
-    if (!nativeObject(object)) return object != nullptr;
-    RaiseException("UnsupportedOperationException", "Constructor called too often. Object is already initialized.");
-    return false;
-}
-
 void fillCalibratedRGB(REALobjectStruct* object, double red, double green, double blue, double alpha) {
     const id color = send<id>(cls::NSColor, sel::colorWithCalibratedRed_green_blue_alpha_, component(red), component(green),
                               component(blue), component(alpha));

@@ -19,51 +19,29 @@ REALproperty NSColorProperties[] = {
 };
 // clang-format on
 
+// clang-format off
 REALmethodDefinition NSColorMethods[] = {
     CHROMA_METHOD(DummyException, "_exception as NSExceptionZRX"),
     CHROMA_METHOD(ConstructorColor, "Constructor(c as color)"),
     CHROMA_METHOD(ConstructorRGB, "Constructor(red as double, green as double, blue as double, alpha as double = 1.0)"),
     CHROMA_METHOD(getCGColor, "CGColorHandle as Integer"),
     CHROMA_METHOD(getComponents, "Components as double()"),
-    CHROMA_METHOD(getCyan,
-                  "getCMYK(byref cyan as double, byref magenta as double, byref yellow as double, byref black as double)"),
+    CHROMA_METHOD(getCyan, "getCMYK(byref cyan as double, byref magenta as double, byref yellow as double, byref black as double)"),
     CHROMA_METHOD(getWhite, "getWhite(byref white as double)"),
     CHROMA_METHOD(getHue, "getHSV(byref hue as double, byref saturation as double, byref brightness as double)"),
     CHROMA_METHOD(getRed, "getRGB(byref red as double, byref green as double, byref blue as double)"),
-    CHROMA_METHOD(
-        getCyanA,
-        "getCMYK(byref cyan as double, byref magenta as double, byref yellow as double, byref black as double, byref alpha as double)"),
+    CHROMA_METHOD(getCyanA, "getCMYK(byref cyan as double, byref magenta as double, byref yellow as double, byref black as double, byref alpha as double)"),
     CHROMA_METHOD(getWhiteA, "getWhite(byref white as double, byref alpha as double)"),
-    CHROMA_METHOD(
-        getHueA,
-        "getHSV(byref hue as double, byref saturation as double, byref brightness as double, byref alpha as double)"),
-    CHROMA_METHOD(getRedA,
-                  "getRGB(byref red as double, byref green as double, byref blue as double, byref alpha as double)"),
+    CHROMA_METHOD(getHueA, "getHSV(byref hue as double, byref saturation as double, byref brightness as double, byref alpha as double)"),
+    CHROMA_METHOD(getRedA, "getRGB(byref red as double, byref green as double, byref blue as double, byref alpha as double)"),
 };
+
+// clang-format on
 
 } // namespace
 
-// clang-format off
-REALclassDefinition NSColorClass = {
-    kCurrentLayoutVersion,
-    "NSColorZRX",
-    nullptr, // no superclass
-    kInstanceDataSize, 0,
-    CHROMA_BOUND(NSColorConstructor),
-    CHROMA_BOUND(NSColorDestructor),
-    NSColorProperties, countOf(NSColorProperties),
-    NSColorMethods, countOf(NSColorMethods),
-    nullptr, 0, // events
-    nullptr, 0, // event instances
-    nullptr,    // interfaces
-    nullptr, 0, // bindings
-    nullptr, 0, // constants
-    kClassFlags,
-    nullptr, 0, // shared properties
-    nullptr, 0, // shared methods
-    nullptr, 0, // delegates
-    nullptr, 0, // enumerations
-};
-// clang-format on
+REALclassDefinition NSColorClass =
+    CHROMA_CLASS("NSColorZRX", nullptr, NSColorConstructor, NSColorDestructor, CHROMA_ROWS(NSColorProperties),
+                 CHROMA_ROWS(NSColorMethods), CHROMA_NO_ROWS, CHROMA_NO_ROWS);
 
 } // namespace chroma::color

@@ -1,0 +1,50 @@
+// The system colours that AppKit names, each a class message of NSColor without arguments.
+#pragma once
+
+#define CHROMA_SYSTEM_COLORS(X)                                                                                             \
+    X(blackColor)                                                                                                           \
+    X(darkGrayColor)                                                                                                        \
+    X(lightGrayColor)                                                                                                       \
+    X(whiteColor)                                                                                                           \
+    X(grayColor)                                                                                                            \
+    X(redColor)                                                                                                             \
+    X(greenColor)                                                                                                           \
+    X(blueColor)                                                                                                            \
+    X(cyanColor)                                                                                                            \
+    X(yellowColor)                                                                                                          \
+    X(magentaColor)                                                                                                         \
+    X(orangeColor)                                                                                                          \
+    X(purpleColor)                                                                                                          \
+    X(brownColor)                                                                                                           \
+    X(clearColor)                                                                                                           \
+    X(controlShadowColor)                                                                                                   \
+    X(controlDarkShadowColor)                                                                                               \
+    X(controlColor)                                                                                                         \
+    X(controlHighlightColor)                                                                                                \
+    X(controlLightHighlightColor)                                                                                           \
+    X(controlTextColor)                                                                                                     \
+    X(controlBackgroundColor)                                                                                               \
+    X(selectedControlColor)                                                                                                 \
+    X(secondarySelectedControlColor)                                                                                        \
+    X(selectedControlTextColor)                                                                                             \
+    X(disabledControlTextColor)                                                                                             \
+    X(textColor)                                                                                                            \
+    X(textBackgroundColor)                                                                                                  \
+    X(selectedTextColor)                                                                                                    \
+    X(selectedTextBackgroundColor)                                                                                          \
+    X(gridColor)                                                                                                            \
+    X(keyboardFocusIndicatorColor)                                                                                          \
+    X(windowBackgroundColor)                                                                                                \
+    X(scrollBarColor)                                                                                                       \
+    X(knobColor)                                                                                                            \
+    X(selectedKnobColor)                                                                                                    \
+    X(windowFrameColor)                                                                                                     \
+    X(windowFrameTextColor)                                                                                                 \
+    X(selectedMenuItemColor)                                                                                                \
+    X(selectedMenuItemTextColor)                                                                                            \
+    X(highlightColor)                                                                                                       \
+    X(shadowColor)                                                                                                          \
+    X(headerColor)                                                                                                          \
+    X(headerTextColor)                                                                                                      \
+    X(alternateSelectedControlColor)                                                                                        \
+    X(alternateSelectedControlTextColor)

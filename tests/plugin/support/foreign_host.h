@@ -1,0 +1,95 @@
+// A host of the tests' own, written from the ABI header alone. It can play any version, leave entries out, refuse work, and it
+// counts what it hands out, so that a test can show that everything came back.
+#pragma once
+
+#include "chromabridge/host_abi.h"
+
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace foreign {
+
+constexpr std::uint32_t kUTF8 = 0x08000100, kUTF16 = 0x0100, kUTF32 = 0x0C000100, kLatin1 = 0x0201, kASCII = 0x0600,
+                        kMacRoman = 0, kUnknown = 0xFFFF;
+
+struct Raised {
+    std::string className, message;
+    int errorNumber;
+    bool operator==(const Raised& other) const {
+        return className == other.className && message == other.message && errorNumber == other.errorNumber;
+    }
+};
+void PrintTo(const Raised& raised, std::ostream* out);
+
+// Process-wide, since entries are plain functions. Each test runs in a process of its own.
+struct Host {
+    double version = 2021.0;
+    std::set<std::string> missing;             // entries that the resolver does not know
+    std::map<std::string, int> asked;          // how often the resolver was asked, by entry
+    std::vector<std::string> calls;            // announcements and registrations, in order
+    std::vector<REALclassDefinition*> records; // as received
+    std::set<std::string> exceptionClasses{"RuntimeException",     "OutOfBoundsException",
+                                           "OutOfMemoryException", "UnsupportedOperationException",
+                                           "IllegalCastException", "NSExceptionZRX"};
+    std::vector<Raised> raised;  // since the last takeRaised
+    bool givesCFStrings = true;  // whether REALGetStringCFString answers
+    bool givesProcedures = true; // whether array procedure getters answer
+    bool givesElements = true;   // whether double arrays expose their storage
+    bool makesMemoryBlocks = true, showsBlockBytes = true;
+    std::function<void()> onBuildString; // runs inside REALBuildString; may throw
+
+    static Host& instance();
+    static void* resolve(const char* entryName);
+
+    // The raised exceptions, which are forgotten then.
+    std::vector<Raised> takeRaised();
+
+    // What is alive: objects, arrays and memory blocks; strings.
+    static int liveObjects();
+    static int liveStrings();
+};
+
+// Objects. `make` answers a new instance with one reference, its class constructor run.
+REALobjectStruct* make(const char* className);
+int references(REALobjectStruct* object);
+void lock(REALobjectStruct* object);
+void unlock(REALobjectStruct* object);
+std::string classOf(REALobjectStruct* object);
+
+// A function from a registered record, in either layout, by its declaration or its property name; null when there is none.
+REALfunction method(const char* className, const std::string& declaration);
+REALfunction getter(const char* className, const std::string& property);
+
+template <class Function>
+Function* bound(REALfunction function) {
+    return reinterpret_cast<Function*>(function);
+}
+
+// Strings: a new one with one reference; text and encoding of an existing one ("" and 0 for null); text, then gives it up.
+REALstringStruct* string(const std::string& bytes, std::uint32_t encoding = kUTF8);
+std::string bytesOf(REALstringStruct* string);
+std::uint32_t encodingOf(REALstringStruct* string);
+std::string take(REALstringStruct* string);
+int references(REALstringStruct* string);
+void unlock(REALstringStruct* string);
+
+// Arrays and memory blocks: contents of an existing one; unlock as objects.
+REALarrayDouble* doubles(const std::vector<double>& values);
+std::vector<double> valuesOf(REALarrayDouble* array);
+std::vector<double> take(REALarrayDouble* array);
+std::vector<REALobjectStruct*> objectsOf(void* array);
+REALmemoryBlockStruct* block(const std::string& bytes);
+std::string bytesOf(REALmemoryBlockStruct* block);
+
+// A file with the given string properties; unlock as an object.
+REALfolderItemStruct* folderItem(const std::map<std::string, std::string>& properties);
+
+template <class T>
+REALobjectStruct* object(T* value) {
+    return reinterpret_cast<REALobjectStruct*>(value);
+}
+
+} // namespace foreign

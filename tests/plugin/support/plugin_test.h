@@ -1,0 +1,40 @@
+// What the plugin's tests start from: an autorelease pool around each, and a balance of everything handed out at its end.
+#pragma once
+
+#include "support/faults.h"
+#include "support/foreign_host.h"
+#include "support/native.h"
+
+#include <gtest/gtest.h>
+
+extern "C" void REALPluginMain(REALresolver resolver);
+
+class PluginTest : public ::testing::Test {
+protected:
+    using Raised = foreign::Raised;
+
+    void SetUp() override { pool = native::tell(native::classNamed("NSAutoreleasePool"), "new"); }
+
+    void TearDown() override {
+        native::tell<void>(pool, "drain");
+        EXPECT_EQ(foreign::Host::liveObjects(), 0);
+        EXPECT_EQ(foreign::Host::liveStrings(), 0);
+        EXPECT_EQ(host.takeRaised(), std::vector<Raised>{});
+    }
+
+    // Loads the plugin into the test's host.
+    void start(double version = 2021.0) {
+        host.version = version;
+        REALPluginMain(foreign::Host::resolve);
+    }
+
+    // The one exception raised since the last look.
+    Raised raisedOne() {
+        const auto raised = host.takeRaised();
+        EXPECT_EQ(raised.size(), 1U);
+        return raised.empty() ? Raised{} : raised[0];
+    }
+
+    foreign::Host& host = foreign::Host::instance();
+    chroma::id pool = nullptr;
+};
