@@ -1,7 +1,10 @@
 // The library's one export.
 #include "classes/color/color.h"
+#include "classes/colorlist/colorlist.h"
+#include "classes/colorspace/colorspace.h"
 #include "runtime/start.h"
 
 extern "C" __attribute__((visibility("default"))) void REALPluginMain(REALresolver resolver) {
-    chroma::startPlugin(resolver, {&chroma::color::NSColorClass});
+    chroma::startPlugin(resolver, {&chroma::color::NSColorClass, &chroma::colorlist::NSColorListClass,
+                                   &chroma::colorspace::NSColorSpaceClass});
 }

@@ -1,0 +1,13 @@
+// Images, which belong to the sibling plugin's host class NSImageZRX.
+#pragma once
+
+#include "chromabridge/host_abi.h"
+#include "platform/objc.h"
+
+namespace chroma {
+
+// The NSImage that a host object holds, borrowed; nil for null, for an empty image object, and for an object that is not known to
+// be an NSImageZRX: memory of an object of another class is never read.
+id imageOf(REALobjectStruct* object);
+
+} // namespace chroma

@@ -1,0 +1,125 @@
+#include "classes/color/color_factories.h"
+
+#include "bridge/arrays.h"
+#include "bridge/errors.h"
+#include "bridge/frame.h"
+#include "bridge/images.h"
+#include "classes/color/color_values.h"
+#include "platform/selectors.h"
+#include "runtime/host_values.h"
+#include "runtime/native_object.h"
+
+namespace chroma::color {
+namespace {
+
+// The body of every factory: `make` sends the class message, and its answer is wrapped.
+template <class Make>
+REALobjectStruct* made(Make make) {
+    REALobjectStruct* result = nullptr;
+    guarded([&] {
+        initCocoa();
+        result = NewNSColorZRX(make());
+    });
+    return result;
+}
+
+template <class... Components>
+REALobjectStruct* fromComponents(Selector& message, Components... components) {
+    return made([&] { return send<id>(cls::NSColor, message, component(components)...); });
+}
+
+} // namespace
+
+REALobjectStruct* colorWithDisplayP3Red(double red, double green, double blue, double alpha) {
+    return fromComponents(sel::colorWithDisplayP3Red_green_blue_alpha_, red, green, blue, alpha);
+}
+
+REALobjectStruct* colorWithGenericGamma22White(double white, double alpha) {
+    return fromComponents(sel::colorWithGenericGamma22White_alpha_, white, alpha);
+}
+
+REALobjectStruct* colorWithDeviceCyan(double cyan, double magenta, double yellow, double black, double alpha) {
+    return fromComponents(sel::colorWithDeviceCyan_magenta_yellow_black_alpha_, cyan, magenta, yellow, black, alpha);
+}
+
+REALobjectStruct* colorWithDeviceRed(double red, double green, double blue, double alpha) {
+    return fromComponents(sel::colorWithDeviceRed_green_blue_alpha_, red, green, blue, alpha);
+}
+
+REALobjectStruct* colorWithDeviceHue(double hue, double saturation, double brightness, double alpha) {
+    return fromComponents(sel::colorWithDeviceHue_saturation_brightness_alpha_, hue, saturation, brightness, alpha);
+}
+
+REALobjectStruct* colorWithDeviceWhite(double white, double alpha) {
+    return fromComponents(sel::colorWithDeviceWhite_alpha_, white, alpha);
+}
+
+REALobjectStruct* colorWithSRGBRed(double red, double green, double blue, double alpha) {
+    return fromComponents(sel::colorWithSRGBRed_green_blue_alpha_, red, green, blue, alpha);
+}
+
+REALobjectStruct* colorWithCalibratedRed(double red, double green, double blue, double alpha) {
+    return fromComponents(sel::colorWithCalibratedRed_green_blue_alpha_, red, green, blue, alpha);
+}
+
+REALobjectStruct* colorWithCalibratedHue(double hue, double saturation, double brightness, double alpha) {
+    return fromComponents(sel::colorWithCalibratedHue_saturation_brightness_alpha_, hue, saturation, brightness, alpha);
+}
+
+REALobjectStruct* colorWithCalibratedWhite(double white, double alpha) {
+    return fromComponents(sel::colorWithCalibratedWhite_alpha_, white, alpha);
+}
+
+REALobjectStruct* colorWithColorSpaceHSV(REALobjectStruct* space, double hue, double saturation, double brightness,
+                                         double alpha) {
+    return made([&] {
+        return send<id>(cls::NSColor, sel::colorWithColorSpace_hue_saturation_brightness_alpha_, nativeObject(space),
+                        component(hue), component(saturation), component(brightness), component(alpha));
+    });
+}
+
+REALobjectStruct* colorWithColorSpace(REALobjectStruct* space, REALarrayDouble* components) {
+    constexpr std::int32_t lowestBound = 1, pastHighestBound = 20;
+    return made([&]() -> id {
+        const id nativeSpace = nativeObject(space);
+        if (!nativeSpace) {
+            RaiseException("NilObjectException", "Colorspace is nil!");
+            return nullptr;
+        }
+        const std::int32_t bound = REALGetArrayUBound(components);
+        if (bound < lowestBound || bound >= pastHighestBound) {
+            RaiseOutOfBoundsException(bound, lowestBound, pastHighestBound, "values ubound", "colorWithColorSpace");
+            return nullptr;
+        }
+        CGFloat values[pastHighestBound] = {};
+        for (std::int32_t i = 0; i <= bound; ++i)
+            values[i] = component(REALGetArrayValueDouble(components, i));
+        return send<id>(cls::NSColor, sel::colorWithColorSpace_components_count_, nativeSpace,
+                        static_cast<const CGFloat*>(values), static_cast<NSInteger>(bound + 1));
+    });
+}
+
+REALobjectStruct* colorWithCGColor(HostInteger handle) {
+    return made([&] { return send<id>(cls::NSColor, sel::colorWithCGColor_, fromHandle(handle)); });
+}
+
+REALobjectStruct* colorFromPasteboard() {
+    return made([] {
+        return send<id>(cls::NSColor, sel::colorFromPasteboard_, send<id>(cls::NSPasteboard, sel::generalPasteboard));
+    });
+}
+
+REALobjectStruct* colorWithPatternImage(REALobjectStruct* image) {
+    return made([&]() -> id {
+        const id nativeImage = imageOf(image);
+        return nativeImage ? send<id>(cls::NSColor, sel::colorWithPatternImage_, nativeImage) : nullptr;
+    });
+}
+
+REALobjectStruct* scrubberTexturedBackgroundColor() { return fromComponents(sel::scrubberTexturedBackgroundColor); }
+
+#define CHROMA_SYSTEM_COLOR(name)                                                                                           \
+    REALobjectStruct* get##name() { return fromComponents(sel::name); }
+CHROMA_SYSTEM_COLORS(CHROMA_SYSTEM_COLOR)
+
+} // namespace chroma::color

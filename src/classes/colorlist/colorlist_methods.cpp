@@ -1,0 +1,109 @@
+#include "classes/colorlist/colorlist.h"
+
+#include "bridge/frame.h"
+#include "bridge/strings.h"
+#include "platform/selectors.h"
+#include "runtime/host_values.h"
+#include "runtime/native_object.h"
+
+namespace chroma::colorlist {
+namespace {
+
+// Inside the frame: `use` gets the list, if there is one.
+template <class Use>
+void withList(REALobjectStruct* object, Use use) {
+    guarded([&] {
+        if (const id list = nativeObject(object)) use(list);
+    });
+}
+
+// The body of every loader: drops the held list, then `load` puts a new one in place of it, or none.
+template <class Load>
+HostBoolean loaded(REALobjectStruct* object, Load load) {
+    if (!object) return false;
+    bool holds = false;
+    guarded([&] {
+        dropNative(object);
+        load();
+        holds = nativeObject(object) != nullptr;
+    });
+    return holds;
+}
+
+id newList() { return send<id>(cls::NSColorList, sel::alloc); }
+
+} // namespace
+
+void NSColorListConstructor(REALobjectStruct*) { guarded(initCocoa); }
+
+void NSColorListDestructor(REALobjectStruct* object) {
+    guarded([&] { dropNative(object); });
+}
+
+HostBoolean Create1(REALobjectStruct* object, REALstringStruct* name) {
+    return loaded(object, [&] {
+        const id listName = autoreleasedString(name);
+        holdNative(object, send<id>(newList(), sel::initWithName_, listName));
+    });
+}
+
+HostBoolean Create2(REALobjectStruct* object, REALstringStruct* name, REALstringStruct* path) {
+    return loaded(object, [&] {
+        const id listName = autoreleasedString(name);
+        const id file = autoreleasedString(path);
+        holdNative(object, send<id>(newList(), sel::initWithName_fromFile_, listName, file));
+    });
+}
+
+// The list is the platform's, shared by all who load it, so it is not entered as this object's.
+HostBoolean Load(REALobjectStruct* object, REALstringStruct* name) {
+    return loaded(object, [&] {
+        const id list = send<id>(cls::NSColorList, sel::colorListNamed_, autoreleasedString(name));
+        setNativeObject(object, send<id>(list, sel::retain));
+    });
+}
+
+void insertColor(REALobjectStruct* object, REALobjectStruct* color, REALstringStruct* key, HostInteger index) {
+    withList(object, [&](id list) {
+        send<void>(list, sel::insertColor_key_atIndex_, nativeObject(color), autoreleasedString(key), NSInteger{index});
+    });
+}
+
+void setColor(REALobjectStruct* object, REALobjectStruct* color, REALstringStruct* key) {
+    withList(object,
+             [&](id list) { send<void>(list, sel::setColor_forKey_, nativeObject(color), autoreleasedString(key)); });
+}
+
+REALobjectStruct* colorWithKey(REALobjectStruct* object, REALstringStruct* key) {
+    REALobjectStruct* result = nullptr;
+    withList(object, [&](id list) { result = NewNSColorZRX(send<id>(list, sel::colorWithKey_, autoreleasedString(key))); });
+    return result;
+}
+
+void removeColorWithKey(REALobjectStruct* object, REALstringStruct* key) {
+    withList(object, [&](id list) { send<void>(list, sel::removeColorWithKey_, autoreleasedString(key)); });
+}
+
+HostBoolean writeToFile(REALobjectStruct* object, REALstringStruct* path) {
+    HostBoolean written = false;
+    withList(object, [&](id list) { written = send<BOOL>(list, sel::writeToFile_, autoreleasedString(path)) != 0; });
+    return written;
+}
+
+void removeFile(REALobjectStruct* object) {
+    guarded([&] { send<void>(nativeObject(object), sel::removeFile); });
+}
+
+HostBoolean isEditable(REALobjectStruct* object) {
+    HostBoolean editable = false;
+    guarded([&] { editable = send<BOOL>(nativeObject(object), sel::isEditable) != 0; });
+    return editable;
+}
+
+REALstringStruct* name(REALobjectStruct* object) {
+    REALstringStruct* result = nullptr;
+    guarded([&] { result = NSStringRB(send<id>(nativeObject(object), sel::name)); });
+    return result;
+}
+
+} // namespace chroma::colorlist
