@@ -63,9 +63,10 @@ int main(int argc, char** argv) {
     Options options;
     CLI::App app("Loads a plugin as its host would and runs programs of the host language with it.", "chromahost");
     app.footer(footer);
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);
     app.fallthrough();
-    app.add_option("--plugin", options.plugins, "A plugin library; may be repeated")
+    app.add_option("--plugin", options.plugins,
+                   "A plugin library, by default the one in ../lib beside this program; may be repeated")
         ->type_name("PATH")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
@@ -87,11 +88,15 @@ int main(int argc, char** argv) {
 
     try {
         app.parse(argc, argv);
+        if (app.get_subcommands().empty()) throw CLI::RequiredError("A command, run or records,");
         if (options.plugins.empty()) options.plugins.push_back(host::defaultPluginPath());
         return runCommand->parsed() ? run(options) : records(options);
     } catch (const CLI::CallForHelp& help) {
         return app.exit(help);
     } catch (const CLI::ParseError& error) {
+        std::cerr << "chromahost: " << error.what() << "\n";
+        return usage;
+    } catch (const std::invalid_argument& error) {
         std::cerr << "chromahost: " << error.what() << "\n";
         return usage;
     } catch (const std::exception& error) {

@@ -25,7 +25,7 @@ public:
     // the caller; without a result the slot is cleared. The function may record a pending exception (exceptions.h): check after.
     void operator()(REALfunction function, const Slot* arguments, Slot* result) const {
         shape_(function, arguments, result);
-        result->integer &= resultMask_;
+        if (resultMask_ != -1) result->integer &= resultMask_;
     }
 
 private:

@@ -5,19 +5,22 @@
 
 namespace host {
 
+namespace {
+void append(std::string& text, std::size_t count, const std::string& what) {
+    if (!text.empty()) text += ", ";
+    text += std::to_string(count) + " x " + what;
+}
+} // namespace
+
 std::string describeLeaks() {
     std::string text;
-    if (liveObjectCount() > 0) {
-        std::size_t others = liveObjectCount(); // arrays and boxed variants
-        text = std::to_string(others) + " objects (";
-        for (const auto& info : registry().classes()) {
-            if (info->liveObjects == 0) continue;
-            text += std::to_string(info->liveObjects) + " " + info->name() + ", ";
-            others -= info->liveObjects;
-        }
-        text += std::to_string(others) + " other)";
+    std::size_t others = liveObjectCount();
+    for (const auto& info : registry().classes()) {
+        if (info->liveObjects > 0) append(text, info->liveObjects, info->name());
+        others -= info->liveObjects;
     }
-    if (liveStringCount() > 0) text += (text.empty() ? "" : ", ") + std::to_string(liveStringCount()) + " strings";
+    if (others > 0) append(text, others, "array or variant");
+    if (liveStringCount() > 0) append(text, liveStringCount(), "String");
     return text;
 }
 

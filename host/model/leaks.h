@@ -5,7 +5,7 @@
 
 namespace host {
 
-// "3 objects (2 NSColorZRX, 1 other), 1 string": the host objects and strings still alive; empty when there are none.
+// "2 x NSColorZRX, 1 x String": the host objects and strings still alive; empty when there are none.
 std::string describeLeaks();
 
 } // namespace host

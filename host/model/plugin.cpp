@@ -2,6 +2,7 @@
 
 #include "model/classes.h"
 #include "model/entries.h"
+#include "model/platform.h"
 
 #include <dlfcn.h>
 
@@ -20,7 +21,10 @@ void loadPlugin(const std::string& path) {
     if (!symbol) throw std::runtime_error(path + " is no plugin: it has no REALPluginMain");
 
     const std::size_t before = registry().problems().size();
-    reinterpret_cast<REALPluginMainProc>(symbol)(resolveEntry);
+    {
+        const platform::AutoreleasePool pool;
+        reinterpret_cast<REALPluginMainProc>(symbol)(resolveEntry);
+    }
     if (registry().problems().size() == before) return;
     std::string message = path + ": the host cannot take all of its class records";
     for (std::size_t i = before; i < registry().problems().size(); ++i)

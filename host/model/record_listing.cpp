@@ -33,10 +33,10 @@ Json rows(std::size_t count, Row row) {
 }
 
 Json describeMethod(const REALmethodDefinitionLegacy& method) {
-    return {{"declaration", textOrNull(method.declaration)},
-            {"flags", method.flags},
+    return {{"flags", method.flags},
             {"function", accessorKind(method.function)},
-            {"setter", accessorKind(method.setter)}};
+            {"setter", accessorKind(method.setter)},
+            {"declaration", textOrNull(method.declaration)}};
 }
 
 Json describeProperty(const REALpropertyLegacy& property) {
@@ -49,7 +49,7 @@ Json describeProperty(const REALpropertyLegacy& property) {
 }
 
 Json describeConstant(const REALconstantLegacy& constant) {
-    return {{"declaration", textOrNull(constant.declaration)}, {"flags", constant.flags}, {"value", constant.value}};
+    return {{"flags", constant.flags}, {"value", constant.value}, {"declaration", textOrNull(constant.declaration)}};
 }
 
 Json describe(const REALclassDefinition& record) {

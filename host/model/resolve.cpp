@@ -20,7 +20,9 @@ int upcastCost(const std::string& from, const std::string& to) {
 
 int costOf(const Type& from, const Type& to, Conversion conversion) {
     switch (conversion) {
-    case Conversion::IntegerToDouble: return widened;
+    case Conversion::IntegerToDouble:
+    case Conversion::IntegerToColor:
+    case Conversion::ColorToInteger: return widened;
     case Conversion::ToVariant: return toVariant;
     case Conversion::FromVariant: return fromVariant;
     case Conversion::None: break;
@@ -132,6 +134,8 @@ std::optional<Conversion> implicitConversion(const Type& from, const Type& to) {
     if (fromPlainVariant) return Conversion::FromVariant;
     if (from.isArray || to.isArray) return std::nullopt;
     if (from.kind == Kind::Integer && to.kind == Kind::Double) return Conversion::IntegerToDouble;
+    if (from.kind == Kind::Integer && to.kind == Kind::Color) return Conversion::IntegerToColor;
+    if (from.kind == Kind::Color && to.kind == Kind::Integer) return Conversion::ColorToInteger;
     if (from.kind == Kind::Object && to.kind == Kind::Object && isSubclass(from.className, to.className))
         return Conversion::None;
     return std::nullopt;

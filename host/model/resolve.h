@@ -9,10 +9,12 @@
 namespace host {
 
 enum class Conversion : unsigned char {
-    None,            // same value: equal types, a subclass for its superclass, Nil for an object
-    IntegerToDouble, //
-    ToVariant,       // newVariant: a new reference
-    FromVariant,     // readVariant: may raise
+    None, // same value: equal types, a subclass for its superclass, Nil for an object
+    IntegerToDouble,
+    IntegerToColor, // a colour is its number
+    ColorToInteger,
+    ToVariant,   // newVariant: a new reference
+    FromVariant, // readVariant: may raise
 };
 
 // How a value of type `from` becomes one of type `to` without being asked; nullopt when it does not.

@@ -77,10 +77,14 @@ bool readVariant(Object* variant, const Type& type, Slot& value) {
     }
     if (type.isObjectReference()) {
         value = Slot::ofObject(variant);
-    } else if (*conversion == Conversion::IntegerToDouble) {
-        value = Slot::ofReal(static_cast<double>(variant->own.integer));
-    } else {
-        value = variant->own;
+        return true;
+    }
+    const Slot own = variant->own;
+    switch (*conversion) {
+    case Conversion::IntegerToDouble: value = Slot::ofReal(static_cast<double>(own.integer)); break;
+    case Conversion::IntegerToColor: value = Slot::ofColor(static_cast<HostColor>(own.integer)); break;
+    case Conversion::ColorToInteger: value = Slot::ofInteger(static_cast<HostInteger>(own.color)); break;
+    default: value = own; break;
     }
     return true;
 }

@@ -12,7 +12,7 @@ Object* newVariant(const Type& type, Slot value);
 // What a variant holds at this moment: a plain type, "Object" of the object's class, an array type, or Nil.
 Type typeInVariant(const Object* variant);
 
-// Reads a variant as `type`, borrowed. An integer reads as a double too, and Nil as the zero of every type. Otherwise raises
+// Reads a variant as `type`, borrowed. It converts as an argument would (resolve.h), and Nil reads as the zero of every type. Otherwise raises
 // TypeMismatchException (IllegalCastException between classes) and answers false.
 bool readVariant(Object* variant, const Type& type, Slot& value);
 

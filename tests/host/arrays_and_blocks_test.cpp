@@ -75,6 +75,10 @@ TEST(Arrays, KeepTheirOwnReferences) {
     EXPECT_EQ(upperBound(texts), 4);
     removeElement(texts, 1);
     EXPECT_EQ(bytesOf(elementAt(texts, 1).string), "a");
+    String* const other = newString("d");
+    setElement(texts, 1, Slot::ofString(other));
+    unlock(other);
+    EXPECT_EQ(bytesOf(elementAt(texts, 1).string), "d");
     EXPECT_EQ(liveStringCount(), 2u);
     resize(texts, 0);
     EXPECT_EQ(liveStringCount(), 1u);

@@ -5,6 +5,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include <unistd.h>
+
 using namespace host;
 
 TEST(Entries, OlderHostsLackTheNewerOnes) {
@@ -69,7 +71,7 @@ TEST(Entries, PropertiesAreReachedByNameAndType) {
 
 TEST(Plugins, ThatCannotBeLoadedSayWhy) {
     startHost();
-    const std::string file = testing::TempDir() + "/no_plugin.so";
+    const std::string file = testing::TempDir() + "/no_plugin_" + std::to_string(getpid()) + ".so";
     std::ofstream(file) << "text";
     for (const std::string& path : {std::string("no/such/plugin.so"), file}) {
         try {

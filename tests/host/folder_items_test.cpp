@@ -6,6 +6,8 @@
 #include <cstring>
 #include <filesystem>
 
+#include <unistd.h>
+
 using namespace host;
 
 namespace {
@@ -61,7 +63,7 @@ TEST(FolderItems, HaveNoNativePathBefore2013) {
 
 TEST(FolderItems, WriteReadAndRemoveFiles) {
     startHost();
-    Item file(testing::TempDir() + "/host folder item.bin");
+    Item file(testing::TempDir() + "/host folder item " + std::to_string(getpid()));
     MemoryBlock* const block = newMemoryBlock(3);
     std::memcpy(bytesOf(block), "\0\xFFz", 3);
     file.call("WriteBytes", Slot::ofObject(block));

@@ -54,12 +54,14 @@ TEST(Variants, ShowAPluginAnEmptyObject) {
     unlock(variant);
 }
 
-TEST(Variants, RaiseWhenReadAsSomethingElse) {
+TEST(Variants, ConvertLikeArgumentsOrRaise) {
     startHost();
     Object* const variant = newVariant(integer, Slot::ofInteger(4));
     Slot read;
     EXPECT_TRUE(readVariant(variant, real, read));
     EXPECT_EQ(read.real, 4.0);
+    EXPECT_TRUE(readVariant(variant, {Kind::Color, false, {}}, read));
+    EXPECT_EQ(read.color, 4u);
     EXPECT_FALSE(readVariant(variant, string, read));
     EXPECT_EQ(pendingMessage("TypeMismatchException"), "The variant holds Integer, not String.");
     unlock(variant);
