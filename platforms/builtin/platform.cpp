@@ -19,10 +19,10 @@ namespace {
 
 // A class comes after its superclass.
 constexpr ClassTable (*classTables[])() = {
-    tableOfNSObject, tableOfNSAutoreleasePool, tableOfNSString,     tableOfNSException,
-    tableOfNSData,   tableOfNSArray,           tableOfNSEnumerator, tableOfNSMutableDictionary,
-    tableOfNSURL,    tableOfCGColorSpace,      tableOfCGColor,      tableOfNSColorSpace,
-    tableOfNSColor,  tableOfNSImage,           tableOfNSPasteboard,
+    tableOfNSObject,     tableOfNSAutoreleasePool, tableOfNSString,     tableOfNSException,
+    tableOfNSData,       tableOfNSArray,           tableOfNSEnumerator, tableOfNSMutableDictionary,
+    tableOfNSURL,        tableOfCGColorSpace,      tableOfCGColor,      tableOfColorSyncProfile,
+    tableOfNSColorSpace, tableOfNSColor,           tableOfNSImage,      tableOfNSPasteboard,
 };
 
 constexpr Category (*categories[])() = {

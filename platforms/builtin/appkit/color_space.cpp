@@ -1,7 +1,9 @@
 #include "appkit/color_space.h"
 
 #include "appkit/core_graphics.h"
+#include "appkit/icc/profile.h"
 #include "foundation/array.h"
+#include "foundation/data.h"
 
 #include <array>
 #include <utility>
@@ -65,22 +67,56 @@ Array* availableSpaces(ClassObject*, SEL, std::intptr_t model) {
     return array;
 }
 
-// nil for null, which ends the new object, and for a handle of another kind.
-ColorSpace* initWithCGColorSpace(ColorSpace* self, SEL, id handle) {
-    if (!isKindOf(handle, CGColorSpaceObject::cls)) {
+// An initialiser that cannot make a space ends the new object and answers nil.
+ColorSpace* initialized(ColorSpace* self, const SpacePointer& definition) {
+    if (!definition) {
         release(self);
         return nullptr;
     }
-    self->definition = static_cast<CGColorSpaceObject*>(handle)->definition;
+    self->definition = definition;
     return self;
 }
 
-CGColorSpaceObject* cgColorSpace(ColorSpace* self, SEL) {
-    return self->handle.get([self] {
-        auto* const handle = make<CGColorSpaceObject>();
-        handle->definition = self->definition;
-        return handle;
+// What a handle stands for, null for null and for another kind of object.
+template <class Handle>
+SpacePointer definitionOf(id handle) {
+    return isKindOf(handle, Handle::cls) ? static_cast<Handle*>(handle)->definition : nullptr;
+}
+
+ColorSpace* initWithICCProfileData(ColorSpace* self, SEL, id object) {
+    static const Message bytes{"bytes"};
+    const Data* const data = argument<Data>(object, bytes);
+    return initialized(self, data ? spaceFromProfile(data->bytes.data(), data->bytes.size()) : nullptr);
+}
+
+ColorSpace* initWithCGColorSpace(ColorSpace* self, SEL, id handle) {
+    return initialized(self, definitionOf<CGColorSpaceObject>(handle));
+}
+
+ColorSpace* initWithColorSyncProfile(ColorSpace* self, SEL, id handle) {
+    return initialized(self, definitionOf<ProfileObject>(handle));
+}
+
+// nil for a space without a profile.
+Data* iccProfileData(ColorSpace* self, SEL) {
+    const std::vector<std::uint8_t>& profile = self->definition->profile;
+    return profile.empty() ? nullptr : data(profile.data(), profile.size());
+}
+
+template <class Handle>
+Handle* handleOf(ColorSpace* space, LazyRef<Handle>& handle) {
+    return handle.get([space] {
+        auto* const made = make<Handle>();
+        made->definition = space->definition;
+        return made;
     });
+}
+
+CGColorSpaceObject* cgColorSpace(ColorSpace* self, SEL) { return handleOf(self, self->handle); }
+
+// Null for a space without a profile.
+ProfileObject* colorSyncProfile(ColorSpace* self, SEL) {
+    return self->definition->profile.empty() ? nullptr : handleOf(self, self->profile);
 }
 
 String* localizedName(ColorSpace* self, SEL) { return string(self->definition->name); }
@@ -105,8 +141,12 @@ std::uintptr_t hash(ColorSpace* self, SEL) { return std::hash<std::u16string>()(
 
 ClassTable tableOfNSColorSpace() {
     static const MethodEntry methods[] = {
+        method("initWithICCProfileData:", initWithICCProfileData),
         method("initWithCGColorSpace:", initWithCGColorSpace),
+        method("initWithColorSyncProfile:", initWithColorSyncProfile),
+        method("ICCProfileData", iccProfileData),
         method("CGColorSpace", cgColorSpace),
+        method("colorSyncProfile", colorSyncProfile),
         method("localizedName", localizedName),
         method("colorSpaceName", colorSpaceName),
         method("description", description),

@@ -6,6 +6,7 @@
 namespace chroma::builtin {
 
 struct CGColorSpaceObject;
+struct ProfileObject;
 
 struct ColorSpace : Object {
     static ClassObject cls;
@@ -15,6 +16,7 @@ struct ColorSpace : Object {
 
     SpacePointer definition; // never null
     LazyRef<CGColorSpaceObject> handle;
+    LazyRef<ProfileObject> profile;
 };
 
 ClassTable tableOfNSColorSpace();

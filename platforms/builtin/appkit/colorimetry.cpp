@@ -19,12 +19,6 @@ Matrix3 columns(const Vector3& first, const Vector3& second, const Vector3& thir
 
 Matrix3 diagonal(const Vector3& values) { return {{{values[0], 0, 0}, {0, values[1], 0}, {0, 0, values[2]}}}; }
 
-Matrix3 adaptation(const Vector3& fromWhite, const Vector3& toWhite) {
-    const Vector3 from = bradford * fromWhite;
-    const Vector3 to = bradford * toWhite;
-    return inverse(bradford) * (diagonal({to[0] / from[0], to[1] / from[1], to[2] / from[2]}) * bradford);
-}
-
 } // namespace
 
 Vector3 operator*(const Matrix3& matrix, const Vector3& vector) {
@@ -65,11 +59,16 @@ Matrix3 inverse(const Matrix3& m) {
     return result;
 }
 
+Matrix3 adaptationToD50(Chromaticity white) {
+    const Vector3 from = bradford * xyzOf(white);
+    const Vector3 to = bradford * d50White;
+    return inverse(bradford) * (diagonal({to[0] / from[0], to[1] / from[1], to[2] / from[2]}) * bradford);
+}
+
 Matrix3 rgbToXyz(Chromaticity red, Chromaticity green, Chromaticity blue, Chromaticity white) {
     const Matrix3 primaries = columns(xyzOf(red), xyzOf(green), xyzOf(blue));
-    const Vector3 whiteXyz = xyzOf(white);
-    const Vector3 strengths = inverse(primaries) * whiteXyz;
-    return adaptation(whiteXyz, d50White) * (primaries * diagonal(strengths));
+    const Vector3 strengths = inverse(primaries) * xyzOf(white);
+    return adaptationToD50(white) * (primaries * diagonal(strengths));
 }
 
 Matrix3 colorantsToXyz(const Vector3& red, const Vector3& green, const Vector3& blue) {

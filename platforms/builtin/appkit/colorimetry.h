@@ -23,7 +23,10 @@ struct Chromaticity {
 
 constexpr Chromaticity d65{0.3127, 0.3290};
 
-// The matrix from linear RGB of the primaries under the white point to XYZ, adapted to D50 by the linear Bradford transform.
+// The linear Bradford transform of XYZ under the white point to XYZ under D50.
+Matrix3 adaptationToD50(Chromaticity white);
+
+// The matrix from linear RGB of the primaries under the white point to XYZ, adapted to D50.
 Matrix3 rgbToXyz(Chromaticity red, Chromaticity green, Chromaticity blue, Chromaticity white);
 
 // The matrix whose columns are the colorants, each row scaled so that white, the sum of the three, is exactly D50: neutral

@@ -1,4 +1,4 @@
-// The handles under colours and spaces: what CGColor and CGColorSpace hand out. A handle knows all of what it stands for, and
+// The handles under colours and spaces: what CGColor, CGColorSpace and colorSyncProfile hand out. A handle knows all of what it stands for, and
 // lives as long as the object that handed it out unless someone retains it.
 #pragma once
 
@@ -12,6 +12,13 @@ struct CGColorSpaceObject : Object {
     SpacePointer definition;
 };
 
+// A ColorSync profile: of spaces that have profile data.
+struct ProfileObject : Object {
+    static ClassObject cls;
+
+    SpacePointer definition;
+};
+
 struct CGColorObject : Object {
     static ClassObject cls;
 
@@ -20,5 +27,6 @@ struct CGColorObject : Object {
 
 ClassTable tableOfCGColorSpace();
 ClassTable tableOfCGColor();
+ClassTable tableOfColorSyncProfile();
 
 } // namespace chroma::builtin

@@ -1,5 +1,7 @@
 #include "appkit/standard_spaces.h"
 
+#include "appkit/icc/profile.h"
+
 #include <array>
 
 namespace chroma::builtin {
@@ -15,8 +17,10 @@ std::shared_ptr<SpaceDefinition> named(ColorModel model, std::size_t channels, s
     return space;
 }
 
-SpacePointer rgbSpace(std::u16string_view name, const Matrix3& toXyz, const TransferCurve& curve,
-                      String& kind = spaceName::custom) {
+using NewSpace = std::shared_ptr<SpaceDefinition>;
+
+NewSpace rgbSpace(std::u16string_view name, const Matrix3& toXyz, const TransferCurve& curve,
+                  String& kind = spaceName::custom) {
     const auto space = named(ColorModel::rgb, 3, name, kind);
     space->toXyz = toXyz;
     space->fromXyz = inverse(toXyz);
@@ -26,15 +30,20 @@ SpacePointer rgbSpace(std::u16string_view name, const Matrix3& toXyz, const Tran
     return space;
 }
 
-SpacePointer graySpace(std::u16string_view name, const TransferCurve& curve, String& kind = spaceName::custom) {
+NewSpace graySpace(std::u16string_view name, const TransferCurve& curve, String& kind = spaceName::custom) {
     const auto space = named(ColorModel::gray, 1, name, kind);
     space->curves[0] = curve;
     return space;
 }
 
-SpacePointer cmykSpace(std::u16string_view name, const SpacePointer& complement, String& kind = spaceName::custom) {
+NewSpace cmykSpace(std::u16string_view name, const SpacePointer& complement, String& kind = spaceName::custom) {
     const auto space = named(ColorModel::cmyk, 4, name, kind);
     space->complement = complement;
+    return space;
+}
+
+NewSpace withProfile(const NewSpace& space, const Matrix3* adaptation = nullptr) {
+    space->profile = profileOfSpace(*space, adaptation);
     return space;
 }
 
@@ -45,19 +54,22 @@ std::array<SpacePointer, standardSpaceCount> makeStandardSpaces() {
     const Matrix3 adobe = rgbToXyz({0.64, 0.33}, {0.21, 0.71}, {0.15, 0.06}, d65);
     const Matrix3 p3 = rgbToXyz({0.680, 0.320}, {0.265, 0.690}, {0.150, 0.060}, d65);
 
-    const SpacePointer genericRGB = rgbSpace(u"Generic RGB Profile", generic, gammaCurve(1.8), spaceName::calibratedRGB);
+    const Matrix3 fromD65 = adaptationToD50(d65);
+
+    const SpacePointer genericRGB =
+        withProfile(rgbSpace(u"Generic RGB Profile", generic, gammaCurve(1.8), spaceName::calibratedRGB));
     const SpacePointer deviceRGB = rgbSpace(u"Device RGB", srgb, srgbCurve(), spaceName::deviceRGB);
     return {
         genericRGB,
-        graySpace(u"Generic Gray Profile", gammaCurve(1.8), spaceName::calibratedWhite),
+        withProfile(graySpace(u"Generic Gray Profile", gammaCurve(1.8), spaceName::calibratedWhite)),
         cmykSpace(u"Generic CMYK Profile", genericRGB),
         deviceRGB,
         graySpace(u"Device Gray", srgbCurve(), spaceName::deviceWhite),
         cmykSpace(u"Device CMYK", deviceRGB, spaceName::deviceCMYK),
-        rgbSpace(u"sRGB IEC61966-2.1", srgb, srgbCurve()),
-        rgbSpace(u"Adobe RGB (1998)", adobe, gammaCurve(563.0 / 256)),
-        graySpace(u"Generic Gray Gamma 2.2 Profile", gammaCurve(2.2)),
-        rgbSpace(u"Display P3", p3, srgbCurve()),
+        withProfile(rgbSpace(u"sRGB IEC61966-2.1", srgb, srgbCurve()), &fromD65),
+        withProfile(rgbSpace(u"Adobe RGB (1998)", adobe, gammaCurve(563.0 / 256)), &fromD65),
+        withProfile(graySpace(u"Generic Gray Gamma 2.2 Profile", gammaCurve(2.2))),
+        withProfile(rgbSpace(u"Display P3", p3, srgbCurve()), &fromD65),
     };
 }
 

@@ -1,6 +1,7 @@
 // Objects from their allocation to their end.
 #pragma once
 
+#include "runtime/autorelease.h"
 #include "runtime/message.h"
 
 namespace chroma::builtin {
@@ -32,9 +33,10 @@ Instance* retain(Instance* object) {
 
 inline void release(Object* object) { send<void>(object, msg::release); }
 
+// For objects that the platform has just made: no message is sent, so that nothing is thrown. nil stays nil.
 template <class Instance>
 Instance* autorelease(Instance* object) {
-    send<id>(object, msg::autorelease);
+    if (object) pushAutoreleased(object);
     return object;
 }
 

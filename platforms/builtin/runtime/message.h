@@ -37,7 +37,6 @@ R send(Object* receiver, const Message& message, Arguments... arguments) {
 
 namespace msg {
 
-inline const Message autorelease{"autorelease"};
 inline const Message dealloc{"dealloc"};
 inline const Message description{"description"};
 inline const Message doesNotRecognizeSelector{"doesNotRecognizeSelector:"};

@@ -1,0 +1,57 @@
+// Big-endian numbers from bytes that nobody vouches for.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace chroma::builtin {
+
+// Every access is checked against the bounds: what lies outside reads as 0 and is remembered. Nothing that was read counts unless
+// `isInBounds` is still true at the end. The bytes are borrowed.
+class ByteReader {
+public:
+    ByteReader() = default;
+    ByteReader(const std::uint8_t* bytes, std::size_t size) : bytes_(bytes), size_(size) {}
+
+    std::size_t size() const { return size_; }
+    bool isInBounds() const { return isInBounds_; }
+
+    std::uint16_t u16(std::size_t offset) const { return static_cast<std::uint16_t>(number(offset, 2)); }
+    std::uint32_t u32(std::size_t offset) const { return number(offset, 4); }
+
+    // Signed fixed point with 16 fractional bits.
+    double s15Fixed16(std::size_t offset) const { return static_cast<std::int32_t>(u32(offset)) / 65536.0; }
+
+    // A range within, whose own offsets start at 0; an empty one when it does not lie within.
+    ByteReader range(std::size_t offset, std::size_t size) const {
+        return has(offset, size) ? ByteReader(bytes_ + offset, size) : ByteReader();
+    }
+
+    std::string_view text(std::size_t offset, std::size_t size) const {
+        return has(offset, size) ? std::string_view(reinterpret_cast<const char*>(bytes_) + offset, size)
+                                 : std::string_view();
+    }
+
+private:
+    bool has(std::size_t offset, std::size_t count) const {
+        const bool isInside = offset <= size_ && count <= size_ - offset;
+        isInBounds_ = isInBounds_ && isInside;
+        return isInside;
+    }
+
+    std::uint32_t number(std::size_t offset, std::size_t count) const {
+        if (!has(offset, count)) return 0;
+        std::uint32_t value = 0;
+        for (std::size_t index = 0; index < count; ++index) {
+            value = value << 8 | bytes_[offset + index];
+        }
+        return value;
+    }
+
+    const std::uint8_t* bytes_ = nullptr;
+    std::size_t size_ = 0;
+    mutable bool isInBounds_ = true;
+};
+
+} // namespace chroma::builtin

@@ -1,0 +1,56 @@
+// The four-character names in ICC profiles, and where the header's fields are.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace chroma::builtin::icc {
+
+constexpr std::uint32_t signature(const char (&name)[5]) {
+    std::uint32_t value = 0;
+    for (std::size_t index = 0; index < 4; ++index) {
+        value = value << 8 | static_cast<std::uint8_t>(name[index]);
+    }
+    return value;
+}
+
+constexpr std::size_t headerSize = 128;
+constexpr std::size_t tagEntrySize = 12; // signature, offset, size; behind the count that follows the header
+
+// Offsets in the header.
+constexpr std::size_t sizeField = 0;
+constexpr std::size_t versionField = 8;
+constexpr std::size_t classField = 12;
+constexpr std::size_t colorSpaceField = 16;
+constexpr std::size_t connectionSpaceField = 20;
+constexpr std::size_t magicField = 36;
+constexpr std::size_t illuminantField = 68;
+
+constexpr std::uint32_t magic = signature("acsp");
+constexpr std::uint32_t displayClass = signature("mntr");
+
+constexpr std::uint32_t graySpace = signature("GRAY");
+constexpr std::uint32_t rgbSpace = signature("RGB ");
+constexpr std::uint32_t cmykSpace = signature("CMYK");
+constexpr std::uint32_t labSpace = signature("Lab ");
+constexpr std::uint32_t xyzSpace = signature("XYZ ");
+
+constexpr std::uint32_t description = signature("desc"); // a tag, and the old type of its value
+constexpr std::uint32_t copyright = signature("cprt");
+constexpr std::uint32_t whitePoint = signature("wtpt");
+constexpr std::uint32_t adaptation = signature("chad");
+constexpr std::uint32_t grayCurve = signature("kTRC");
+constexpr std::uint32_t redCurve = signature("rTRC");
+constexpr std::uint32_t greenCurve = signature("gTRC");
+constexpr std::uint32_t blueCurve = signature("bTRC");
+constexpr std::uint32_t redColorant = signature("rXYZ");
+constexpr std::uint32_t greenColorant = signature("gXYZ");
+constexpr std::uint32_t blueColorant = signature("bXYZ");
+
+constexpr std::uint32_t localizedText = signature("mluc");
+constexpr std::uint32_t xyzType = signature("XYZ ");
+constexpr std::uint32_t curveType = signature("curv");
+constexpr std::uint32_t parametricType = signature("para");
+constexpr std::uint32_t fixedArrayType = signature("sf32");
+
+} // namespace chroma::builtin::icc
