@@ -30,7 +30,7 @@ const FailingCase names[] = {
     {"NoExceptionClass", "Try\nCatch e As Probe\nEnd Try",
      "test.bas:2:12: error: 'Probe' is no class of exceptions\nCatch e As Probe\n           ^\n"},
 };
-FAILING_CASES(Names, names);
+const bool namesAdded = addCases("WrongNames", names);
 
 const FailingCase types[] = {
     {"Assignment", "Dim s As String\ns = 1",
@@ -63,7 +63,7 @@ const FailingCase types[] = {
     {"CastToAnUnrelatedClass", "Print Probe(New MemoryBlock(1))",
      "test.bas:1:13: error: this is of type MemoryBlock and never is a Probe\nPrint Probe(New MemoryBlock(1))\n            ^\n"},
 };
-FAILING_CASES(Types, types);
+const bool typesAdded = addCases("WrongTypes", types);
 
 const FailingCase calls[] = {
     {"TypesOfArguments", "Dim p As New Probe(\"a\")",
@@ -84,7 +84,7 @@ const FailingCase calls[] = {
      "    split(byref whole as double, byref half as double, byref third as double)\nProbe.make(1).split d, 0.5\n"
      "              ^\n"},
 };
-FAILING_CASES(Calls, calls);
+const bool callsAdded = addCases("WrongCalls", calls);
 
 const FailingCase blocks[] = {
     {"NeverClosed", "Print 1\nIf True Then\n  Print 2\n",
@@ -96,7 +96,7 @@ const FailingCase blocks[] = {
      "test.bas:2:6: error: this Next closes the loop over 'i', not over 'j'\nNext j\n     ^\n"},
     {"TryAlone", "Try\nEnd Try", "test.bas:2:1: error: 'Catch' or 'Finally' is expected here, not 'End'\nEnd Try\n^\n"},
 };
-FAILING_CASES(Blocks, blocks);
+const bool blocksAdded = addCases("WrongBlocks", blocks);
 
 const FailingCase texts[] = {
     {"OpenText", "Print \"abc\nPrint 2",
@@ -116,7 +116,7 @@ const FailingCase texts[] = {
     {"HalfAColor", "Print &cFF80",
      "test.bas:1:7: error: a colour is written &cRRGGBB or &cRRGGBBAA\nPrint &cFF80\n      ^\n"},
 };
-FAILING_CASES(Texts, texts);
+const bool textsAdded = addCases("WrongTexts", texts);
 
 const FailingCase places[] = {
     // Columns count characters; a tab stays a tab in the line of the caret.
@@ -129,6 +129,6 @@ const FailingCase places[] = {
      "test.bas:4:4: error: there is no variable 'd'\nIf d Then\n   ^\n"
      "test.bas:5:14: error: '+' cannot be applied to Boolean and Integer\n  Print True + 1\n             ^\n"},
 };
-FAILING_CASES(Places, places);
+const bool placesAdded = addCases("PlacesInMessages", places);
 
 } // namespace

@@ -12,6 +12,8 @@ Dim c As New Probe(1, 0.5, 4)
 Dim d As Probe = New Probe(1.5, 1.5)
 Print a.Number, b.Number, c.Number, d.Number, (New Probe).Number)",
      "7 9 6 3 0\n"},
+    {"ColorsAndIntegersAreOneNumber",
+     R"(Print Probe.blueOf(&hFF0102), Probe.blueOf(RGB(1, 2, 3)), Probe.make(&c000007).Number)", "2 3 7\n"},
     {"WithAndWithoutParentheses", R"(Dim p As New Probe(6)
 Dim a, b, c As Double
 p.split a, b
@@ -58,7 +60,7 @@ Print p IsA Probe, r IsA OutOfBoundsException, r IsA NilObjectException, r IsA O
 Print OutOfBoundsException(r).ErrorNumber, r.Message)",
      "True True True False True\nTrue True False True False\n3 text\n"},
 };
-PRINTING_CASES(Calls, calls);
+const bool callsAdded = addCases("Calls", calls);
 
 const PrintingCase lifetimes[] = {
     {"VariablesGoAtTheEndOfTheirBlock", R"(If True Then
@@ -151,7 +153,7 @@ v = 3
 Print Probe.events)",
      "held\n-1\n"},
 };
-PRINTING_CASES(Lifetimes, lifetimes);
+const bool lifetimesAdded = addCases("Lifetimes", lifetimes);
 
 TEST(UncaughtException, LetsGoOfEverythingAndShowsWhereItWasRaised) {
     const Outcome outcome = runProgram("Dim a As New Probe(1)\nPrint \"before\"\nIf True Then\n\tDim b As New Probe(2)\n"

@@ -143,6 +143,8 @@ double sum(_REALarrayDouble* values) {
 
 double scaledSum(double factor, _REALarrayDouble* values) { return factor * sum(values); }
 
+HostInteger blueOf(HostColor color) { return static_cast<HostInteger>(color & 0xFF); }
+
 void* row(HostInteger count) {
     void* const array = entry<RuntimeArrayCreateProc>("RuntimeArrayCreateSingleDimBoundedArray")(REALarrayOfObjects, -1);
     const auto insert = entry<PluginObjectArrayInsertProc>("PluginObjectArrayInsertProc")(array);
@@ -190,6 +192,7 @@ REALmethodDefinition sharedMethods[] = {
     {bound(eventsAsString), nullptr, "events as string", 0, {}},
     {bound(scaledSum), nullptr, "sum(factor as double, paramarray values as double) as double", 0, {}},
     {bound(scaledSum), nullptr, "sum(factor as double, values() as double) as double", 0, {}},
+    {bound(blueOf), nullptr, "blueOf(c as color) as integer", 0, {}},
     {bound(row), nullptr, "row(count as integer) as Probe()", 0, {}},
     {bound(echo), nullptr, "echo(value as variant) as variant", 0, {}},
 };

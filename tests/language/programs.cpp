@@ -31,17 +31,54 @@ Outcome runProgram(const std::string& text) {
     return {exitCode, output.str(), errors.str()};
 }
 
-TEST_P(Printing, PrintsWhatIsExpected) {
-    const Outcome outcome = runProgram(GetParam().program);
-    EXPECT_EQ(outcome.errors, "");
-    EXPECT_EQ(outcome.output, GetParam().output);
-    EXPECT_EQ(outcome.exitCode, 0);
+namespace {
+
+class PrintingTest : public testing::Test {
+public:
+    explicit PrintingTest(const PrintingCase& tested) : tested_(tested) {}
+
+    void TestBody() override {
+        const Outcome outcome = runProgram(tested_.program);
+        EXPECT_EQ(outcome.errors, "") << tested_.program;
+        EXPECT_EQ(outcome.output, tested_.output) << tested_.program;
+        EXPECT_EQ(outcome.exitCode, 0);
+    }
+
+private:
+    const PrintingCase& tested_;
+};
+
+// A program with an error does not start.
+class FailingTest : public testing::Test {
+public:
+    explicit FailingTest(const FailingCase& tested) : tested_(tested) {}
+
+    void TestBody() override {
+        const Outcome outcome = runProgram(tested_.program);
+        EXPECT_EQ(outcome.errors, tested_.errors);
+        EXPECT_EQ(outcome.output, "");
+        EXPECT_EQ(outcome.exitCode, 1);
+    }
+
+private:
+    const FailingCase& tested_;
+};
+
+template <class Test, class Case>
+bool addTests(const char* group, const Case* cases, std::size_t count) {
+    for (const Case* tested = cases; tested != cases + count; ++tested) {
+        testing::RegisterTest(group, tested->name, nullptr, nullptr, __FILE__, __LINE__,
+                              [tested]() -> testing::Test* { return new Test(*tested); });
+    }
+    return true;
 }
 
-// Programs with an error do not start; those that end with an exception may print first, which these do not.
-TEST_P(Failing, ReportsWhatIsExpected) {
-    const Outcome outcome = runProgram(GetParam().program);
-    EXPECT_EQ(outcome.errors, GetParam().errors);
-    EXPECT_EQ(outcome.output, "");
-    EXPECT_EQ(outcome.exitCode, 1);
+} // namespace
+
+bool addCases(const char* group, const PrintingCase* cases, std::size_t count) {
+    return addTests<PrintingTest>(group, cases, count);
+}
+
+bool addCases(const char* group, const FailingCase* cases, std::size_t count) {
+    return addTests<FailingTest>(group, cases, count);
 }

@@ -18,7 +18,7 @@ struct Outcome {
 // behind.
 Outcome runProgram(const std::string& text);
 
-// A program with what it prints. The name is that of the case.
+// A program with what it prints.
 struct PrintingCase {
     const char* name;
     const char* program;
@@ -32,14 +32,11 @@ struct FailingCase {
     const char* errors;
 };
 
-inline void PrintTo(const PrintingCase& tested, std::ostream* stream) { *stream << tested.program; }
-inline void PrintTo(const FailingCase& tested, std::ostream* stream) { *stream << tested.program; }
+// Adds a test for every row of a table, which lives as long as the process. For the initialisation of a constant.
+bool addCases(const char* group, const PrintingCase* cases, std::size_t count);
+bool addCases(const char* group, const FailingCase* cases, std::size_t count);
 
-class Printing : public testing::TestWithParam<PrintingCase> {};
-class Failing : public testing::TestWithParam<FailingCase> {};
-
-// One test for every row of the table.
-#define PRINTING_CASES(group, table)                                                                                        \
-    INSTANTIATE_TEST_SUITE_P(group, Printing, testing::ValuesIn(table), [](const auto& tested) { return tested.param.name; })
-#define FAILING_CASES(group, table)                                                                                         \
-    INSTANTIATE_TEST_SUITE_P(group, Failing, testing::ValuesIn(table), [](const auto& tested) { return tested.param.name; })
+template <class Case, std::size_t count>
+bool addCases(const char* group, const Case (&cases)[count]) {
+    return addCases(group, cases, count);
+}

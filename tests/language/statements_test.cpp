@@ -37,7 +37,7 @@ p.Next = Probe.make(5)
 Print p.next.number)",
      "5\n"},
 };
-PRINTING_CASES(Variables, variables);
+const bool variablesAdded = addCases("Variables", variables);
 
 const PrintingCase arrays[] = {
     {"BoundsAndElements", R"(Dim v(2) As Integer, w() As String
@@ -68,7 +68,7 @@ Dim v(n * 2) As Double
 Print UBound(v))",
      "4\n"},
 };
-PRINTING_CASES(Arrays, arrays);
+const bool arraysAdded = addCases("Arrays", arrays);
 
 const PrintingCase branching[] = {
     {"FirstTrueBranchRuns", R"(For i As Integer = 1 To 4
@@ -98,7 +98,7 @@ While False
 Wend)",
      "3\n2\n1\n"},
 };
-PRINTING_CASES(Branching, branching);
+const bool branchingAdded = addCases("Branching", branching);
 
 const PrintingCase counting[] = {
     {"UpAndDown", R"(Dim s As String
@@ -154,7 +154,7 @@ Next
 Print total)",
      "6\n"},
 };
-PRINTING_CASES(Counting, counting);
+const bool countingAdded = addCases("Counting", counting);
 
 const PrintingCase catching[] = {
     {"TheFirstFittingCatchTakesIt", R"(Dim v() As Double
@@ -225,7 +225,7 @@ Next)",
      "6 OutOfBoundsException\n7 TypeMismatchException\n8 IllegalCastException\n9 TypeMismatchException\n10 RuntimeException\n"
      "11 NilObjectException\n"},
 };
-PRINTING_CASES(Catching, catching);
+const bool catchingAdded = addCases("Catching", catching);
 
 const PrintingCase lines[] = {
     {"Comments", R"(' first
@@ -241,6 +241,6 @@ Dim remark As Integer = 5 : Print remark)",
     {"ByteOrderMark", "\xEF\xBB\xBFPrint 1", "1\n"},
     {"Empty", "", ""},
 };
-PRINTING_CASES(Lines, lines);
+const bool linesAdded = addCases("Lines", lines);
 
 } // namespace

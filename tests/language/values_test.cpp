@@ -15,7 +15,7 @@ h2 = 8
 Print "x"&b1&h2, b1 &h2, &b1)",
      "x78 78 1\n"},
 };
-PRINTING_CASES(Literals, literals);
+const bool literalsAdded = addCases("Literals", literals);
 
 const PrintingCase numbers[] = {
     // The shortest form that reads back the same, with an exponent only far from 1.
@@ -34,7 +34,7 @@ c = c + 1
 Print c, i = 16744448, c And &hFF, c <> i)",
      "&h00FF8001 True 1 True\n"},
 };
-PRINTING_CASES(Numbers, numbers);
+const bool numbersAdded = addCases("Numbers", numbers);
 
 const PrintingCase operators[] = {
     {"Arithmetic", R"(Print 7 + 2, 7 - 2, 7 * 2, 7 / 2, 7 \ 2, -7 \ 2, 7 Mod 3, -7 Mod 3, 2 ^ 10, 7.9 \ 2.9)",
@@ -62,7 +62,7 @@ If lowest + lowest <> 0 Then lowest = lowest * big * 4 ' 64 bits
 Print lowest < 0, lowest - 1 > 0, lowest \ -1 = lowest, lowest Mod -1, Abs(lowest) = lowest)",
      "True True True 0 True\n"},
 };
-PRINTING_CASES(Operators, operators);
+const bool operatorsAdded = addCases("Operators", operators);
 
 const PrintingCase functions[] = {
     {"Texts",
@@ -80,7 +80,7 @@ const PrintingCase functions[] = {
      "3 -3 -1 1 3 0.5 1 3\n"},
     {"Rgb", R"(Print RGB(1, 2, 255), RGB(300, -1, 0, 128))", "&h000102FF &h80FF0000\n"},
 };
-PRINTING_CASES(Functions, functions);
+const bool functionsAdded = addCases("Functions", functions);
 
 const PrintingCase otherValues[] = {
     {"ObjectsPrintTheirClass", R"(Dim p As New Probe(1)
@@ -103,6 +103,6 @@ Dim p As Probe = Probe.echo(Probe.make(8))
 Print d, p.Number, Probe(Probe.echo(p)).Number)",
      "3 8 8\n"},
 };
-PRINTING_CASES(OtherValues, otherValues);
+const bool otherValuesAdded = addCases("OtherValues", otherValues);
 
 } // namespace
