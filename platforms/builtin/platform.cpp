@@ -1,6 +1,7 @@
 // The platform's classes: the only file that knows every one of them.
 #include "appkit/catalog.h"
 #include "appkit/color.h"
+#include "appkit/color_list.h"
 #include "appkit/core_graphics.h"
 #include "appkit/image.h"
 #include "appkit/pasteboard.h"
@@ -22,7 +23,8 @@ constexpr ClassTable (*classTables[])() = {
     tableOfNSObject,     tableOfNSAutoreleasePool, tableOfNSString,     tableOfNSException,
     tableOfNSData,       tableOfNSArray,           tableOfNSEnumerator, tableOfNSMutableDictionary,
     tableOfNSURL,        tableOfCGColorSpace,      tableOfCGColor,      tableOfColorSyncProfile,
-    tableOfNSColorSpace, tableOfNSColor,           tableOfNSImage,      tableOfNSPasteboard,
+    tableOfNSColorSpace, tableOfNSColor,           tableOfNSColorList,  tableOfNSImage,
+    tableOfNSPasteboard,
 };
 
 constexpr Category (*categories[])() = {

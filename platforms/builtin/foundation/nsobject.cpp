@@ -14,17 +14,9 @@ NSObject* init(NSObject* self, SEL) { return self; }
 
 void dealloc(NSObject* self, SEL) { deallocate(self); }
 
-Object* retainObject(Object* self, SEL) {
-    if (self->retainCount.load(std::memory_order_relaxed) != immortal) {
-        self->retainCount.fetch_add(1, std::memory_order_relaxed);
-    }
-    return self;
-}
+Object* retainObject(Object* self, SEL) { return retain(self); }
 
-void releaseObject(Object* self, SEL) {
-    if (self->retainCount.load(std::memory_order_relaxed) == immortal) return;
-    if (self->retainCount.fetch_sub(1, std::memory_order_acq_rel) == 1) send<void>(self, msg::dealloc);
-}
+void releaseObject(Object* self, SEL) { release(self); }
 
 Object* autoreleaseObject(Object* self, SEL) {
     if (self->retainCount.load(std::memory_order_relaxed) != immortal) pushAutoreleased(self);

@@ -1,6 +1,6 @@
 #include "runtime/autorelease.h"
 
-#include "runtime/lifetime.h"
+#include "runtime/message.h"
 
 #include <vector>
 
@@ -33,7 +33,7 @@ void drainAutoreleased(std::size_t height) {
     while (entries.size() > height) {
         Object* const object = entries.back();
         entries.pop_back(); // first: a release may throw, and may push
-        release(object);
+        send<void>(object, msg::release);
     }
 }
 

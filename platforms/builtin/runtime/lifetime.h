@@ -4,6 +4,8 @@
 #include "runtime/autorelease.h"
 #include "runtime/message.h"
 
+#include <utility>
+
 namespace chroma::builtin {
 
 // A new instance with a retain count of 1, its members constructed. Throws std::bad_alloc.
@@ -25,13 +27,20 @@ Instance* makeImmortal(Instance* object) {
     return object;
 }
 
+// Counting, as NSObject does it. Inside the platform objects are counted directly, without messages: nothing is thrown on the way
+// into an object. Only the end of an object is a message, dealloc. nil is allowed.
 template <class Instance>
 Instance* retain(Instance* object) {
-    send<id>(object, msg::retain);
+    if (object && object->retainCount.load(std::memory_order_relaxed) != immortal) {
+        object->retainCount.fetch_add(1, std::memory_order_relaxed);
+    }
     return object;
 }
 
-inline void release(Object* object) { send<void>(object, msg::release); }
+inline void release(Object* object) {
+    if (!object || object->retainCount.load(std::memory_order_relaxed) == immortal) return;
+    if (object->retainCount.fetch_sub(1, std::memory_order_acq_rel) == 1) send<void>(object, msg::dealloc);
+}
 
 // For objects that the platform has just made: no message is sent, so that nothing is thrown. nil stays nil.
 template <class Instance>
@@ -46,23 +55,22 @@ class Ref {
 public:
     Ref() = default;
     Ref(const Ref& other) : object_(retain(other.object_)) {}
+    Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
     Ref& operator=(const Ref& other) { return *this = other.object_; }
+    Ref& operator=(Ref&& other) noexcept {
+        std::swap(object_, other.object_);
+        return *this;
+    }
     ~Ref() { release(object_); }
 
     Ref& operator=(Instance* object) {
         retain(object);
-        Instance* const previous = object_;
-        object_ = object;
-        release(previous);
+        adopt(object);
         return *this;
     }
 
     // Takes over a reference that the caller owns.
-    void adopt(Instance* object) {
-        Instance* const previous = object_;
-        object_ = object;
-        release(previous);
-    }
+    void adopt(Instance* object) { release(std::exchange(object_, object)); }
 
     Instance* get() const { return object_; }
     Instance* operator->() const { return object_; }

@@ -44,7 +44,6 @@ inline const Message hash{"hash"};
 inline const Message init{"init"};
 inline const Message isEqual{"isEqual:"};
 inline const Message release{"release"};
-inline const Message retain{"retain"};
 
 } // namespace msg
 

@@ -1,0 +1,235 @@
+#include "appkit/color_list.h"
+
+#include "appkit/catalog.h"
+#include "appkit/color_list_file.h"
+#include "corefoundation/text_encoding.h"
+#include "foundation/array.h"
+#include "foundation/data.h"
+#include "foundation/files.h"
+
+#include <algorithm>
+#include <cstring>
+#include <unistd.h>
+
+namespace chroma::builtin {
+
+ClassObject ColorList::cls;
+
+namespace {
+
+const Message lengthMessage{"length"};
+const Message colorSpaceNameMessage{"colorSpaceName"};
+
+using Entries = std::vector<ColorList::Entry>;
+
+Entries::iterator find(ColorList* list, const String* key) {
+    return std::find_if(list->entries.begin(), list->entries.end(),
+                        [key](const ColorList::Entry& entry) { return entry.key == key->text(); });
+}
+
+// Puts the colour in the place of the key's, or at the end.
+Entries::iterator put(ColorList* list, const String* key, Color* color) {
+    auto entry = find(list, key);
+    if (entry == list->entries.end()) {
+        entry = list->entries.emplace(list->entries.end());
+        entry->key = key->text();
+    }
+    entry->color = color;
+    return entry;
+}
+
+// Paths, in UTF-8.
+
+// "" for text that no path can hold.
+std::string utf8Text(std::u16string_view text) {
+    std::string bytes(3 * text.size() + 1, '\0'); // a unit takes at most three bytes
+    const bool isPath = text.find(u'\0') == text.npos && encodeText(text, encoding::utf8, bytes.data(), bytes.size());
+    bytes.resize(isPath ? std::strlen(bytes.c_str()) : 0);
+    return bytes;
+}
+
+std::string userFolder() {
+    const std::string data = userDataFolder();
+    return data.empty() ? "" : data + "/chromabridge/colors";
+}
+
+// "" when the list's name is no file name or there is no folder.
+std::string fileIn(const std::string& folder, const std::string& name) {
+    const bool isFileName = !name.empty() && name.find('/') == std::string::npos;
+    return folder.empty() || !isFileName ? "" : folder + "/" + name + ".clr";
+}
+
+// Where writeToFile: puts the list: the file itself, a file of the list's name in a folder, for nil in the user's.
+std::string targetFile(ColorList* list, String* path) {
+    const std::string name = utf8Text(list->name);
+    if (!path) {
+        const std::string folder = userFolder();
+        return makeFolders(folder) ? fileIn(folder, name) : "";
+    }
+    const std::string file = utf8Text(path->text());
+    return isFolder(file) ? fileIn(file, name) : file;
+}
+
+bool readList(ColorList* list, const std::string& path) {
+    Data* const contents = data(nullptr, 0);
+    if (!readFile(path.c_str(), contents->bytes)) return false;
+    list->file = path;
+    return readEntries({reinterpret_cast<const char*>(contents->bytes.data()), contents->bytes.size()}, *list);
+}
+
+bool writeList(ColorList* list, const std::string& path) {
+    std::string text;
+    if (path.empty() || !writeEntries(*list, text) || !replaceFile(path, text)) return false;
+    list->file = path;
+    return true;
+}
+
+// The arguments of the editing messages: the list must be editable, the key and the colour not nil.
+
+void requireEditable(ColorList* list, SEL selector) {
+    if (list->isEditable) return;
+    raise(exceptionName::colorListNotEditable, formatted("-[NSColorList %s]: color list %s is not editable",
+                                                         sel_getName(selector), printable(string(list->name))));
+}
+
+template <class Instance>
+Instance* required(id object, const Message& expected, SEL selector, const char* what) {
+    if (!object)
+        raise(exceptionName::invalidArgument, formatted("-[NSColorList %s]: %s is nil", sel_getName(selector), what));
+    return argument<Instance>(object, expected);
+}
+
+String* requiredKey(id key, SEL selector) { return required<String>(key, lengthMessage, selector, "the key"); }
+
+Color* requiredColor(id color, SEL selector) { return required<Color>(color, colorSpaceNameMessage, selector, "the color"); }
+
+// An initialiser that cannot make a list ends the new object and answers nil. A list has a name.
+ColorList* abandoned(ColorList* list) {
+    release(list);
+    return nullptr;
+}
+
+ColorList* initWithName(ColorList* self, SEL, id nameObject) {
+    const String* const name = argument<String>(nameObject, lengthMessage);
+    if (!name) return abandoned(self);
+    self->name = name->text();
+    return self;
+}
+
+ColorList* initWithNameFromFile(ColorList* self, SEL, id nameObject, id pathObject) {
+    const String* const name = argument<String>(nameObject, lengthMessage);
+    String* const path = argument<String>(pathObject, lengthMessage);
+    if (!name || !path || !readList(self, utf8Text(path->text()))) return abandoned(self);
+    self->name = name->text();
+    return self;
+}
+
+ColorList* systemList() {
+    static ColorList* const list = [] {
+        ColorList* const made = makeImmortal(make<ColorList>());
+        made->name = u"System";
+        made->isEditable = false;
+        const CatalogColors colors = catalogColors();
+        for (std::size_t index = 0; index < colors.count; ++index) {
+            const std::string_view key = colors.colors[index].name;
+            ColorList::Entry& entry = made->entries.emplace_back();
+            entry.key.assign(key.begin(), key.end());
+            entry.color = colorOf(colors.colors[index]);
+        }
+        return made;
+    }();
+    return list;
+}
+
+// The platform's list, or a list that was saved in the user's folder, read anew; nil when there is none of the name.
+ColorList* colorListNamed(ClassObject*, SEL, id nameObject) {
+    const String* const name = argument<String>(nameObject, lengthMessage);
+    if (!name) return nullptr;
+    if (name->text() == systemList()->name) return systemList();
+    ColorList* const list = autorelease(make<ColorList>());
+    list->name = name->text();
+    return readList(list, fileIn(userFolder(), utf8Text(list->name))) ? list : nullptr;
+}
+
+String* name(ColorList* self, SEL) { return string(self->name); }
+
+BOOL isEditable(ColorList* self, SEL) { return self->isEditable; }
+
+Array* allKeys(ColorList* self, SEL) {
+    auto* const keys = autorelease(make<Array>());
+    for (const ColorList::Entry& entry : self->entries) {
+        keys->append(string(entry.key));
+    }
+    return keys;
+}
+
+Color* colorWithKey(ColorList* self, SEL, id keyObject) {
+    const String* const key = argument<String>(keyObject, lengthMessage);
+    if (!key) return nullptr;
+    const auto entry = find(self, key);
+    return entry == self->entries.end() ? nullptr : entry->color.get();
+}
+
+// A key that the list has already is moved.
+void insertColor(ColorList* self, SEL selector, id colorObject, id keyObject, std::uintptr_t index) {
+    requireEditable(self, selector);
+    Color* const color = requiredColor(colorObject, selector);
+    const String* const key = requiredKey(keyObject, selector);
+    Entries& entries = self->entries;
+    if (index > entries.size()) {
+        raise(exceptionName::range, formatted("-[NSColorList %s]: index %zu beyond count %zu", sel_getName(selector),
+                                              static_cast<std::size_t>(index), entries.size()));
+    }
+    const auto entry = put(self, key, color);
+    const auto last = static_cast<std::ptrdiff_t>(entries.size()) - 1;
+    const auto target = entries.begin() + std::min(static_cast<std::ptrdiff_t>(index), last);
+    if (entry < target) std::rotate(entry, entry + 1, target + 1);
+    if (target < entry) std::rotate(target, entry, entry + 1);
+}
+
+void setColor(ColorList* self, SEL selector, id colorObject, id keyObject) {
+    requireEditable(self, selector);
+    Color* const color = requiredColor(colorObject, selector);
+    const String* const key = requiredKey(keyObject, selector);
+    put(self, key, color);
+}
+
+void removeColorWithKey(ColorList* self, SEL selector, id keyObject) {
+    requireEditable(self, selector);
+    const String* const key = requiredKey(keyObject, selector);
+    const auto entry = find(self, key);
+    if (entry != self->entries.end()) self->entries.erase(entry);
+}
+
+BOOL writeToFile(ColorList* self, SEL, id pathObject) {
+    String* const path = argument<String>(pathObject, lengthMessage);
+    return writeList(self, targetFile(self, path));
+}
+
+// Of a list that was neither read nor written there is no file.
+void removeFile(ColorList* self, SEL) {
+    if (!self->file.empty()) unlink(self->file.c_str());
+    self->file.clear();
+}
+
+} // namespace
+
+ClassTable tableOfNSColorList() {
+    static const MethodEntry methods[] = {
+        method("initWithName:", initWithName),
+        method("initWithName:fromFile:", initWithNameFromFile),
+        method("name", name),
+        method("isEditable", isEditable),
+        method("allKeys", allKeys),
+        method("colorWithKey:", colorWithKey),
+        method("insertColor:key:atIndex:", insertColor),
+        method("setColor:forKey:", setColor),
+        method("removeColorWithKey:", removeColorWithKey),
+        method("writeToFile:", writeToFile),
+        method("removeFile", removeFile),
+    };
+    static const MethodEntry classMethods[] = {method("colorListNamed:", colorListNamed)};
+    return classTable<ColorList>("NSColorList", &NSObject::cls, methods, classMethods);
+}
+
+} // namespace chroma::builtin

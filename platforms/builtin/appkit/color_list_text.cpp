@@ -1,0 +1,134 @@
+#include "appkit/color_list_text.h"
+
+#include "corefoundation/text_encoding.h"
+
+#include <charconv>
+#include <cstring>
+
+namespace chroma::builtin {
+namespace {
+
+void writeHex(std::uint32_t value, int digits, std::string& text) {
+    for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) {
+        text.push_back("0123456789abcdef"[value >> shift & 0xF]);
+    }
+}
+
+// Exactly the digits, in either case.
+template <class Number>
+bool readHex(std::string_view digits, Number& value) {
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
+    return error == std::errc() && end == digits.data() + digits.size();
+}
+
+bool isPair(std::u16string_view text, std::size_t index) {
+    return (text[index] & 0xFC00) == 0xD800 && index + 1 < text.size() && (text[index + 1] & 0xFC00) == 0xDC00;
+}
+
+void writeUtf8(std::u16string_view character, std::string& text) {
+    char bytes[8];
+    if (encodeText(character, encoding::utf8, bytes, sizeof bytes)) text += bytes;
+}
+
+} // namespace
+
+void writeKey(std::u16string_view key, std::string& text) {
+    text.push_back('"');
+    for (std::size_t index = 0; index < key.size(); ++index) {
+        const char16_t unit = key[index];
+        if (unit == u'"' || unit == u'\\') {
+            text.push_back('\\');
+            text.push_back(static_cast<char>(unit));
+        } else if (isPair(key, index)) {
+            writeUtf8(key.substr(index++, 2), text);
+        } else if (unit < 0x20 || unit == 0x7F || (unit & 0xF800) == 0xD800) {
+            text += "\\u";
+            writeHex(unit, 4, text);
+        } else {
+            writeUtf8(key.substr(index, 1), text);
+        }
+    }
+    text.push_back('"');
+}
+
+void writeFloat(float value, std::string& text) {
+    std::uint32_t bits;
+    std::memcpy(&bits, &value, sizeof bits);
+    text.push_back(' ');
+    writeHex(bits, 8, text);
+}
+
+void writeBytes(const std::vector<std::uint8_t>& bytes, std::string& text) {
+    for (const std::uint8_t byte : bytes) {
+        writeHex(byte, 2, text);
+    }
+}
+
+bool LineReader::endWord() {
+    if (rest_.empty()) return true;
+    if (rest_.front() != ' ') return false;
+    rest_.remove_prefix(1);
+    return !rest_.empty();
+}
+
+bool LineReader::word(std::string_view& word) {
+    word = rest_.substr(0, rest_.find(' '));
+    rest_.remove_prefix(word.size());
+    return !word.empty() && endWord();
+}
+
+bool LineReader::keyword(std::string_view expected) {
+    std::string_view found;
+    return word(found) && found == expected;
+}
+
+bool LineReader::number(std::size_t& value) {
+    std::string_view digits;
+    if (!word(digits)) return false;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    return error == std::errc() && end == digits.data() + digits.size();
+}
+
+bool LineReader::key(std::u16string& key) {
+    if (rest_.empty() || rest_.front() != '"') return false;
+    rest_.remove_prefix(1);
+    for (;;) {
+        const std::size_t plain = rest_.find_first_of("\"\\");
+        if (plain == std::string_view::npos || !decodeText(rest_.substr(0, plain), encoding::utf8, false, key)) return false;
+        const bool isEnd = rest_[plain] == '"';
+        rest_.remove_prefix(plain + 1);
+        if (isEnd) return endWord();
+        if (rest_.empty()) return false;
+        const char escaped = rest_.front();
+        rest_.remove_prefix(1);
+        std::uint16_t unit = static_cast<unsigned char>(escaped);
+        if (escaped == 'u') {
+            if (rest_.size() < 4 || !readHex(rest_.substr(0, 4), unit)) return false;
+            rest_.remove_prefix(4);
+        } else if (escaped != '"' && escaped != '\\') {
+            return false;
+        }
+        key.push_back(static_cast<char16_t>(unit));
+    }
+}
+
+bool LineReader::float32(float& value) {
+    std::string_view digits;
+    std::uint32_t bits = 0;
+    if (!word(digits) || digits.size() != 8 || !readHex(digits, bits)) return false;
+    std::memcpy(&value, &bits, sizeof value);
+    return true;
+}
+
+bool LineReader::bytes(std::vector<std::uint8_t>& bytes) {
+    std::string_view digits;
+    if (!word(digits) || digits.size() % 2 != 0) return false;
+    for (std::size_t index = 0; index < digits.size(); index += 2) {
+        std::uint8_t byte;
+        if (!readHex(digits.substr(index, 2), byte)) return false;
+        bytes.push_back(byte);
+    }
+    return true;
+}
+
+} // namespace chroma::builtin
