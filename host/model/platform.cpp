@@ -24,9 +24,8 @@ namespace host::platform {
 namespace {
 
 // A message without arguments whose answer is an object or nothing.
-objc_object* send(objc_object* receiver, const char* selectorName) {
+objc_object* send(objc_object* receiver, const objc_selector* selector) {
     if (!receiver) return nullptr;
-    const objc_selector* const selector = sel_registerName(selectorName);
     using Method = objc_object* (*)(objc_object*, const objc_selector*);
     return reinterpret_cast<Method>(objc_msg_lookup(receiver, selector))(receiver, selector);
 }
@@ -44,9 +43,18 @@ std::size_t utf8Length(const char* text, std::intptr_t units) {
 
 } // namespace
 
-AutoreleasePool::AutoreleasePool() : pool_(send(send(objc_getClass("NSAutoreleasePool"), "alloc"), "init")) {}
+// Looked up once: a pool is made for every statement.
+AutoreleasePool::AutoreleasePool() {
+    static objc_object* const poolClass = objc_getClass("NSAutoreleasePool");
+    static const objc_selector* const alloc = sel_registerName("alloc");
+    static const objc_selector* const init = sel_registerName("init");
+    pool_ = send(send(poolClass, alloc), init);
+}
 
-AutoreleasePool::~AutoreleasePool() { send(static_cast<objc_object*>(pool_), "drain"); }
+AutoreleasePool::~AutoreleasePool() {
+    static const objc_selector* const drain = sel_registerName("drain");
+    send(static_cast<objc_object*>(pool_), drain);
+}
 
 const void* newCFString(std::string_view bytes, Encoding encoding) {
     const auto* const start = reinterpret_cast<const std::uint8_t*>(bytes.data());
