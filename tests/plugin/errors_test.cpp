@@ -120,8 +120,9 @@ TEST_F(Errors, FromThePlatformWithoutSiblingTellNameAndReason) {
     });
     EXPECT_FALSE(finished);
     EXPECT_EQ(raisedOne(), (Raised{"RuntimeException", "ColorException: no gr\xC3\xBCn", 0}));
-    guarded([&] { native::raise("Long", std::string(1000, 'r').c_str()); });
-    EXPECT_EQ(raisedOne().message, "Long: " + std::string(1000, 'r'));
+    const std::string reason(1000, 'r');
+    guarded([&] { native::raise("Long", reason.c_str()); });
+    EXPECT_EQ(raisedOne().message, "Long: " + reason);
 }
 
 TEST_F(Errors, FromThePlatformGoThroughTheSibling) {

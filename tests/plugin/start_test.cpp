@@ -33,7 +33,7 @@ TEST_F(Start, ChoosesTheControlVersionAtEachThreshold) {
 TEST_F(Start, AnnouncesTheVersionOnceBeforeTheClasses) {
     start(2013.03);
     EXPECT_EQ(host.calls,
-              (std::vector<std::string>{"version 12", "class NSColorZRX"}));
+              (std::vector<std::string>{"version 12", "class NSColorZRX", "class NSColorListZRX", "class NSColorSpaceZRX"}));
     EXPECT_EQ(host.asked["RegisterPluginVersion"], 1);
     EXPECT_EQ(rbversion_rbversion, 2013.03);
 }

@@ -27,6 +27,8 @@ bool failAllocation(int n) {
 
 void throwFromNextStringCall(chroma::id object) { thrown = object; }
 
+// Visible, since the linker binds the shared libraries' references to these names too.
+#pragma GCC visibility push(default)
 extern "C" {
 
 void* __real_calloc(std::size_t count, std::size_t size);
@@ -53,3 +55,4 @@ Boolean __wrap_CFStringGetCString(CFStringRef string, char* buffer, CFIndex capa
     return __real_CFStringGetCString(string, buffer, capacity, encoding);
 }
 }
+#pragma GCC visibility pop

@@ -28,7 +28,9 @@ struct Cell {
     std::uint32_t encoding = 0;
 };
 
-std::map<const void*, Cell*> objectCells, stringCells;
+// Never destroyed: what a partial host cannot give back stays reachable, and is not taken for a leak of the plugin.
+auto& objectCells = *new std::map<const void*, Cell*>;
+auto& stringCells = *new std::map<const void*, Cell*>;
 
 template <class T>
 void put(Cell* cell, int offset, T value) {
