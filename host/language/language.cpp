@@ -7,11 +7,11 @@
 #include "model/classes.h"
 #include "model/platform.h"
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 
 namespace host::language {
 namespace {
@@ -54,7 +54,10 @@ int runText(const std::string& name, std::string text, std::ostream& output, std
 
 int runFile(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::string text;
+    std::array<char, 1 << 16> chunk;
+    while (file.read(chunk.data(), chunk.size()), file.gcount() > 0)
+        text.append(chunk.data(), static_cast<std::size_t>(file.gcount()));
     if (!file.is_open() || file.bad()) {
         std::cerr << path << ": error: cannot be read: " << std::strerror(errno) << "\n";
         return 1;

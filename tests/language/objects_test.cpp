@@ -155,6 +155,31 @@ Print Probe.events)",
 };
 const bool lifetimesAdded = addCases("Lifetimes", lifetimes);
 
+const PrintingCase pools[] = {
+    {"DrainAtTheEndOfEveryStatement", R"(Dim before As Integer = Probe.nativesGone
+Print Probe.leaveNative, Probe.nativesGone - before
+Print Probe.nativesGone - before
+For i As Integer = 1 To 3
+  Probe.leaveNative
+  Print Probe.nativesGone - before
+Next)",
+     "True 0\n1\n2\n3\n4\n"},
+    {"DrainBehindConditionsAndExceptions", R"(Dim before As Integer = Probe.nativesGone
+If Probe.leaveNative Then Print Probe.nativesGone - before
+Dim rounds As Integer
+While Probe.leaveNative And rounds < 2
+  rounds = rounds + 1
+  Print Probe.nativesGone - before
+Wend
+Try
+  Print Probe.leaveNative, Probe.make(1).makeAndRaise("IOException")
+Catch
+  Print Probe.nativesGone - before
+End Try)",
+     "1\n2\n3\n5\n"},
+};
+const bool poolsAdded = addCases("Pools", pools);
+
 TEST(UncaughtException, LetsGoOfEverythingAndShowsWhereItWasRaised) {
     const Outcome outcome = runProgram("Dim a As New Probe(1)\nPrint \"before\"\nIf True Then\n\tDim b As New Probe(2)\n"
                                        "\tPrint \"ä\", b.makeAndRaise(\"OutOfBoundsException\")\nEnd If\nPrint \"after\"\n");

@@ -1,4 +1,5 @@
 #include "probe.h"
+#include "pools.h"
 
 #include "chromabridge/host_abi.h"
 #include "model/entries.h"
@@ -143,6 +144,9 @@ double sum(_REALarrayDouble* values) {
 
 double scaledSum(double factor, _REALarrayDouble* values) { return factor * sum(values); }
 
+HostBoolean leaveNative() { return autoreleaseNative(), 1; }
+HostInteger gone() { return nativesGone(); }
+
 HostInteger blueOf(HostColor color) { return static_cast<HostInteger>(color & 0xFF); }
 
 void* row(HostInteger count) {
@@ -192,6 +196,8 @@ REALmethodDefinition sharedMethods[] = {
     {bound(eventsAsString), nullptr, "events as string", 0, {}},
     {bound(scaledSum), nullptr, "sum(factor as double, paramarray values as double) as double", 0, {}},
     {bound(scaledSum), nullptr, "sum(factor as double, values() as double) as double", 0, {}},
+    {bound(leaveNative), nullptr, "leaveNative as boolean", 0, {}},
+    {bound(gone), nullptr, "nativesGone as integer", 0, {}},
     {bound(blueOf), nullptr, "blueOf(c as color) as integer", 0, {}},
     {bound(row), nullptr, "row(count as integer) as Probe()", 0, {}},
     {bound(echo), nullptr, "echo(value as variant) as variant", 0, {}},

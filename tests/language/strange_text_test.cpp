@@ -1,6 +1,8 @@
 // Text that nobody would write: each gives one clear error or runs, in bounded time and stack.
 #include "programs.h"
 
+#include "language/language.h"
+
 #include <random>
 
 namespace {
@@ -87,6 +89,17 @@ TEST(StrangeText, LargePrograms) {
                 "test.bas:1:7: error: a name has at most 255 characters\n");
     expectError(runProgram(repeated("If True Then\nx = 1\nEnd If\n", 20000)),
                 "test.bas:2:1: error: there is no variable 'x'\n");
+}
+
+TEST(StrangeText, FilesThatCannotBeRead) {
+    startHostWithProbe();
+    for (const std::string& path : {testing::TempDir() + "no/such/file", testing::TempDir()}) {
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(host::language::runFile(path), 1);
+        const std::string report = testing::internal::GetCapturedStderr();
+        const std::string start = path + ": error: cannot be read: ";
+        EXPECT_EQ(report.substr(0, start.size()), start);
+    }
 }
 
 // A long line is cut around the caret.
