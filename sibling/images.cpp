@@ -1,0 +1,74 @@
+#include "sibling/images.h"
+
+#include "bridge/frame.h"
+#include "platform/selectors.h"
+#include "runtime/class_records.h"
+#include "runtime/host_entries.h"
+#include "runtime/host_values.h"
+#include "runtime/native_object.h"
+
+namespace chroma::sibling {
+namespace {
+
+struct NSSize {
+    CGFloat width, height;
+};
+
+Selector backgroundColorMessage{"backgroundColor"};
+Selector initWithSize_{"initWithSize:"};
+Selector setBackgroundColor_{"setBackgroundColor:"};
+Selector sizeMessage{"size"};
+
+void NSImageConstructor(REALobjectStruct*) { guarded(initCocoa); }
+
+void NSImageDestructor(REALobjectStruct* object) {
+    guarded([&] { dropNative(object); });
+}
+
+// Fills an empty object with an image of that size in points, of the colour that an NSColorZRX object holds; null: none.
+void ConstructorSize(REALobjectStruct* object, double width, double height, REALobjectStruct* color) {
+    if (!mayInitialise(object)) return;
+    guarded([&] {
+        const NSSize size{static_cast<CGFloat>(width), static_cast<CGFloat>(height)};
+        const id image = send<id>(send<id>(cls::NSImage, sel::alloc), initWithSize_, size);
+        holdNative(object, image);
+        if (const id native = nativeObject(color)) send<void>(image, setBackgroundColor_, native);
+    });
+}
+
+NSSize sizeOf(REALobjectStruct* object) {
+    NSSize size = {};
+    guarded([&] { size = send<NSSize>(nativeObject(object), sizeMessage); });
+    return size;
+}
+
+double width(REALobjectStruct* object, REALword) { return sizeOf(object).width; }
+double height(REALobjectStruct* object, REALword) { return sizeOf(object).height; }
+
+// A new reference to the NSColorZRX object of the image's colour, or nil.
+REALobjectStruct* backgroundColor(REALobjectStruct* object) {
+    REALobjectStruct* result = nullptr;
+    guarded([&] { result = NewNSColorZRX(send<id>(nativeObject(object), backgroundColorMessage)); });
+    return result;
+}
+
+// clang-format off
+REALproperty NSImageProperties[] = {
+    CHROMA_PROPERTY(width, "double"),
+    CHROMA_PROPERTY(height, "double"),
+    CHROMA_HANDLE_PROPERTY,
+};
+
+REALmethodDefinition NSImageMethods[] = {
+    CHROMA_METHOD(ConstructorSize, "Constructor(width as double, height as double, c as NSColorZRX = nil)"),
+    CHROMA_METHOD(backgroundColor, "backgroundColor as NSColorZRX"),
+};
+// clang-format on
+
+} // namespace
+
+REALclassDefinition NSImageClass =
+    CHROMA_CLASS("NSImageZRX", nullptr, NSImageConstructor, NSImageDestructor, CHROMA_ROWS(NSImageProperties),
+                 CHROMA_ROWS(NSImageMethods), CHROMA_NO_ROWS, CHROMA_NO_ROWS);
+
+} // namespace chroma::sibling
