@@ -13,12 +13,18 @@ Image* initWithSize(Image* self, SEL, Size size) {
 
 Size sizeOf(Image* self, SEL) { return self->size; }
 
+void setBackgroundColor(Image* self, SEL, Color* color) { self->backgroundColor = color; }
+
+Color* backgroundColor(Image* self, SEL) { return self->backgroundColor.get(); }
+
 } // namespace
 
 ClassTable tableOfNSImage() {
     static const MethodEntry methods[] = {
         method("initWithSize:", initWithSize),
         method("size", sizeOf),
+        method("setBackgroundColor:", setBackgroundColor),
+        method("backgroundColor", backgroundColor),
     };
     return classTable<Image>("NSImage", &NSObject::cls, methods);
 }

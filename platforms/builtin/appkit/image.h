@@ -1,7 +1,7 @@
-// NSImage: as much of an image as a pattern colour needs, an object with a size.
+// NSImage: as much of an image as a pattern colour needs, a size and the colour behind whatever would be drawn.
 #pragma once
 
-#include "foundation/nsobject.h"
+#include "appkit/color.h"
 
 namespace chroma::builtin {
 
@@ -14,6 +14,7 @@ struct Image : Object {
     static ClassObject cls;
 
     Size size{0, 0};
+    Ref<Color> backgroundColor; // null: none
 };
 
 ClassTable tableOfNSImage();
