@@ -164,11 +164,13 @@ TEST_F(Errors, OtherObjectsPassOutward) {
 
 TEST_F(Errors, StandardExceptionsCloseTheGuardAndPass) {
     start();
-    EXPECT_THROW(guarded([] { throw std::runtime_error("outward"); }), std::runtime_error);
-    EXPECT_THROW(quiet([] { throw 1; }), int);
-    // An open guard left behind would catch this in a frame that is gone.
-    auto body = [&] { throwNative(object); };
-    EXPECT_EQ(catchNative(body), object);
+    // A guard left open would catch this in a frame that is gone.
+    auto outer = [&] {
+        EXPECT_THROW(guarded([] { throw std::runtime_error("outward"); }), std::runtime_error);
+        EXPECT_THROW(quiet([] { throw 1; }), int);
+        throwNative(object);
+    };
+    EXPECT_EQ(catchNative(outer), object);
 }
 
 TEST_F(Errors, CleanupRunsOnceOnEveryPath) {
