@@ -65,12 +65,11 @@ int main(int argc, char** argv) {
     app.footer(footer);
     app.require_subcommand(0, 1);
     app.fallthrough();
-    app.add_option("--plugin", options.plugins,
-                   "A plugin library, by default the one in ../lib beside this program; may be repeated")
+    app.add_option("--plugin", options.plugins, "A plugin library, by default the one in ../lib; may be repeated")
         ->type_name("PATH")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-        ->default_str(host::defaultPluginPath());
+        ->default_str("libchromabridge.so");
     app.add_option("--without", options.host.without, "An entry point that the host shall not have; may be repeated")
         ->type_name("NAME")
         ->expected(1)

@@ -13,7 +13,7 @@ namespace host {
 
 void loadPlugin(const std::string& path) {
     std::error_code error;
-    // A path that exists is meant as it is; a bare name is left to the loader, which looks beside the program first.
+    // A path that exists is meant as it is, also without a slash; the loader searches for any other name.
     const std::string file = std::filesystem::exists(path, error) ? std::filesystem::absolute(path, error).string() : path;
     void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!library) throw std::runtime_error("cannot load the plugin " + path + ": " + dlerror());
@@ -32,6 +32,11 @@ void loadPlugin(const std::string& path) {
     throw std::runtime_error(message);
 }
 
-std::string defaultPluginPath() { return "libchromabridge.so"; }
+std::string defaultPluginPath() {
+    const char* const file = "libchromabridge.so";
+    std::error_code error;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? file : (program.parent_path().parent_path() / "lib" / file).string();
+}
 
 } // namespace host

@@ -9,7 +9,7 @@ namespace host {
 // there is no such library, it has no REALPluginMain, or the host cannot take a class record, with one line for each of those.
 void loadPlugin(const std::string& path);
 
-// The plugin that a program loads when it names none: libchromabridge.so, found in ../lib beside the program.
+// The plugin to load when none is named: libchromabridge.so in the folder lib beside the running program's own.
 std::string defaultPluginPath();
 
 } // namespace host
