@@ -37,20 +37,32 @@ id spaceOf(const Profile& profile) {
 // A floating-point format of lcms with as many channels as the space has.
 cmsUInt32Number format(id space) {
     const auto channels = static_cast<cmsUInt32Number>(send<std::intptr_t>(space, "numberOfColorComponents"));
-    const cmsUInt32Number kind = channels == 1 ? PT_GRAY : PT_RGB;
+    const cmsUInt32Number kind = channels == 1 ? PT_GRAY : channels == 4 ? PT_CMYK : PT_RGB;
     return FLOAT_SH(1) | COLORSPACE_SH(kind) | CHANNELS_SH(channels) | BYTES_SH(4);
 }
+
+// What lcms counts a full component as: ink is in percent.
+float scaleOf(id space) { return send<std::intptr_t>(space, "colorSpaceModel") == 2 ? 100.f : 1.f; }
 
 // Converts colours all over the gamut in both ways and compares.
 void expectSameConversion(id from, const Profile& fromProfile, id to, const Profile& toProfile, double tolerance) {
     const cmsHTRANSFORM transform = cmsCreateTransform(fromProfile.get(), format(from), toProfile.get(), format(to),
                                                        INTENT_RELATIVE_COLORIMETRIC, cmsFLAGS_NOOPTIMIZE | cmsFLAGS_NOCACHE);
     ASSERT_NE(transform, nullptr);
-    for (const auto& rgb :
-         {std::array{0.9f, 0.5f, 0.3f}, {0.2f, 0.4f, 0.6f}, {0.5f, 0.5f, 0.5f}, {1.f, 1.f, 1.f}, {0.6f, 0.7f, 0.1f}}) {
-        std::vector<float> components(rgb.begin(), rgb.begin() + send<std::intptr_t>(from, "numberOfColorComponents"));
+    for (const auto& channels : {std::array{0.9f, 0.5f, 0.3f, 0.1f},
+                                 {0.2f, 0.4f, 0.6f, 0.3f},
+                                 {0.5f, 0.5f, 0.5f, 0.5f},
+                                 {1.f, 1.f, 1.f, 0.f},
+                                 {0.f, 0.f, 0.f, 0.f},
+                                 {0.6f, 0.7f, 0.1f, 0.9f}}) {
+        std::vector<float> components(channels.begin(),
+                                      channels.begin() + send<std::intptr_t>(from, "numberOfColorComponents"));
+        std::vector<float> scaled = components;
+        for (float& channel : scaled) {
+            channel *= scaleOf(from);
+        }
         float expected[3] = {};
-        cmsDoTransform(transform, components.data(), expected, 1);
+        cmsDoTransform(transform, scaled.data(), expected, 1);
         components.push_back(1);
         const id color = sendClass("NSColor", "colorWithColorSpace:components:count:", from, components.data(),
                                    static_cast<std::intptr_t>(components.size()));
@@ -71,7 +83,9 @@ constexpr const char* profiled[] = {"genericRGBColorSpace",   "genericGrayColorS
 
 TEST(OtherEngine, AcceptsEveryProfileAndReadsItsName) {
     const Pool pool;
-    for (const char* const message : profiled) {
+    std::vector<const char*> messages(std::begin(profiled), std::end(profiled));
+    messages.push_back("genericCMYKColorSpace");
+    for (const char* const message : messages) {
         const Profile profile = opened(standardSpace(message));
         ASSERT_NE(profile, nullptr) << message;
         char name[256] = "";
@@ -88,6 +102,9 @@ TEST(OtherEngine, ConvertsAlikeBetweenAllSpaces) {
                                  opened(standardSpace(to)), 5e-4);
         }
     }
+    // CMYK goes through a coarse table, and one way.
+    const id cmyk = standardSpace("genericCMYKColorSpace"), rgb = standardSpace("genericRGBColorSpace");
+    expectSameConversion(cmyk, opened(cmyk), rgb, opened(rgb), 0.02);
 }
 
 TEST(OtherEngine, WritesProfilesThatAreAccepted) {

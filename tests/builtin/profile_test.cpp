@@ -44,12 +44,14 @@ ProfileBuilder linearRGB() {
 
 TEST(Profiles, OfStandardSpacesComeBackAsEqualSpaces) {
     Pool pool;
-    for (const char* const message : {"genericRGBColorSpace", "genericGrayColorSpace", "sRGBColorSpace",
-                                      "adobeRGB1998ColorSpace", "genericGamma22GrayColorSpace", "displayP3ColorSpace"}) {
+    for (const char* const message :
+         {"genericRGBColorSpace", "genericGrayColorSpace", "sRGBColorSpace", "adobeRGB1998ColorSpace",
+          "genericGamma22GrayColorSpace", "displayP3ColorSpace", "genericCMYKColorSpace"}) {
         const id space = standardSpace(message);
         const id same = spaceFrom(profileOf(message));
         ASSERT_NE(same, nullptr) << message;
         EXPECT_TRUE(send<BOOL>(same, "isEqual:", space)) << message;
+        EXPECT_EQ(textOf(send(same, "colorSpaceName")), textOf(send(space, "colorSpaceName")));
         EXPECT_EQ(nameOf(same), nameOf(space));
         EXPECT_EQ(modelOf(same), modelOf(space));
         EXPECT_EQ(bytesOf(send(same, "ICCProfileData")), profileOf(message));
@@ -62,6 +64,23 @@ TEST(Profiles, OfStandardSpacesComeBackAsEqualSpaces) {
     pool.drain();
     for (const char* const cls : {"NSColorSpace", "ColorSyncProfile", "NSData", "NSString"}) {
         EXPECT_EQ(builtin_liveInstances(cls), 0u) << cls;
+    }
+}
+
+TEST(Profiles, OfStandardSpacesHoldAllOfTheSpace) {
+    const Pool pool;
+    constexpr std::size_t creator = 80; // a header field that nothing depends on, to make it somebody else's profile
+    for (const char* const message :
+         {"genericRGBColorSpace", "sRGBColorSpace", "adobeRGB1998ColorSpace", "displayP3ColorSpace"}) {
+        const id space = standardSpace(message);
+        const id other = spaceFrom(profileOf(message).replace(creator, 4, "else"));
+        EXPECT_FALSE(send<BOOL>(other, "isEqual:", space));
+        const std::vector<float> there =
+            componentsOf(send(colorIn(space, {0.9f, 0.5f, 0.1f, 1}), "colorUsingColorSpace:", other));
+        ASSERT_EQ(there.size(), 4u);
+        EXPECT_NEAR(there[0], 0.9f, 2e-4) << message;
+        EXPECT_NEAR(there[1], 0.5f, 2e-4) << message;
+        EXPECT_NEAR(there[2], 0.1f, 2e-4) << message;
     }
 }
 
@@ -95,6 +114,20 @@ TEST(Profiles, ConvertAsTheirTagsSay) {
     EXPECT_NEAR(white(ProfileBuilder("GRAY").parametric("kTRC", 2, {2, 0.5, 0.25, 0.1}), 0.5f), 0.35, 1e-4);
     EXPECT_NEAR(white(ProfileBuilder("GRAY").parametric("kTRC", 3, {2, 1, 0, 0.5, 0.5}), 0.25f), 0.125, 1e-4);
     EXPECT_NEAR(white(ProfileBuilder("GRAY").parametric("kTRC", 4, {2, 0.9, 0, 0.5, 0.5, 0.1, 0.05}), 0.25f), 0.175, 1e-4);
+}
+
+TEST(Profiles, OfGreyMayTellLightness) {
+    const Pool pool;
+    const auto luminance = [](float value) {
+        const id grey = spaceFrom(ProfileBuilder("GRAY", "Lab ").gamma("kTRC", 1).finish());
+        const id gamma22 =
+            send(colorIn(grey, {value, 1}), "colorUsingColorSpace:", standardSpace("genericGamma22GrayColorSpace"));
+        EXPECT_NEAR(componentsOf(send(gamma22, "colorUsingColorSpace:", grey))[0], value, 1e-5);
+        return std::pow(componentsOf(gamma22)[0], 2.2f);
+    };
+    EXPECT_NEAR(luminance(0.5f), 0.184187, 1e-5);
+    EXPECT_NEAR(luminance(0.05f), 0.0055354, 1e-6);
+    EXPECT_NEAR(luminance(1), 1, 1e-6);
 }
 
 TEST(Profiles, TellTheirModelAndChannels) {

@@ -2,7 +2,6 @@
 
 #include "appkit/catalog.h"
 #include "appkit/color_list_text.h"
-#include "appkit/icc/profile.h"
 #include "appkit/image.h"
 #include "foundation/array.h"
 
@@ -132,7 +131,7 @@ private:
         ColorSpace* const space = autorelease(make<ColorSpace>());
         std::vector<std::uint8_t> profile;
         if (!line.bytes(profile)) return nullptr;
-        const SpacePointer definition = spaceFromProfile(profile.data(), profile.size());
+        const SpacePointer definition = definitionOfProfile(profile);
         if (definition) space->definition = definition;
         return definition ? space : nullptr;
     }

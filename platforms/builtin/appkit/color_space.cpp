@@ -1,7 +1,6 @@
 #include "appkit/color_space.h"
 
 #include "appkit/core_graphics.h"
-#include "appkit/icc/profile.h"
 #include "foundation/array.h"
 #include "foundation/data.h"
 
@@ -86,7 +85,7 @@ SpacePointer definitionOf(id handle) {
 ColorSpace* initWithICCProfileData(ColorSpace* self, SEL, id object) {
     static const Message bytes{"bytes"};
     const Data* const data = argument<Data>(object, bytes);
-    return initialized(self, data ? spaceFromProfile(data->bytes.data(), data->bytes.size()) : nullptr);
+    return initialized(self, data ? definitionOfProfile(data->bytes) : nullptr);
 }
 
 ColorSpace* initWithCGColorSpace(ColorSpace* self, SEL, id handle) {

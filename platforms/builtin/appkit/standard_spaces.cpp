@@ -62,7 +62,7 @@ std::array<SpacePointer, standardSpaceCount> makeStandardSpaces() {
     return {
         genericRGB,
         withProfile(graySpace(u"Generic Gray Profile", gammaCurve(1.8), spaceName::calibratedWhite)),
-        cmykSpace(u"Generic CMYK Profile", genericRGB),
+        withProfile(cmykSpace(u"Generic CMYK Profile", genericRGB)),
         deviceRGB,
         graySpace(u"Device Gray", srgbCurve(), spaceName::deviceWhite),
         cmykSpace(u"Device CMYK", deviceRGB, spaceName::deviceCMYK),
@@ -78,6 +78,15 @@ std::array<SpacePointer, standardSpaceCount> makeStandardSpaces() {
 const SpacePointer& standardDefinition(StandardSpace space) {
     static const auto& spaces = *new const std::array<SpacePointer, standardSpaceCount>(makeStandardSpaces());
     return spaces[static_cast<std::size_t>(space)];
+}
+
+SpacePointer definitionOfProfile(const std::vector<std::uint8_t>& profile) {
+    const SpacePointer described = spaceFromProfile(profile.data(), profile.size());
+    for (std::size_t index = 0; described && index < standardSpaceCount; ++index) {
+        const SpacePointer& standard = standardDefinition(static_cast<StandardSpace>(index));
+        if (isSameSpace(*standard, *described)) return standard;
+    }
+    return described;
 }
 
 const SpacePointer& unknownDefinition() {

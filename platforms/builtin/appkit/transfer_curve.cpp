@@ -25,18 +25,36 @@ double invert(const std::vector<double>& samples, double linear) {
     return (static_cast<double>(after - 1 - samples.begin()) + fraction) / static_cast<double>(samples.size() - 1);
 }
 
+double valueAt(const TransferCurve& curve, double encoded) {
+    if (!curve.samples.empty()) return interpolate(curve.samples, encoded);
+    if (encoded < curve.d) return curve.c * encoded + curve.f;
+    return std::pow(std::max(curve.a * encoded + curve.b, 0.0), curve.gamma) + curve.e;
+}
+
+double placeOf(const TransferCurve& curve, double value) {
+    if (!curve.samples.empty()) return invert(curve.samples, value);
+    if (curve.c != 0 && value < curve.c * curve.d + curve.f) return (value - curve.f) / curve.c;
+    return (std::pow(std::max(value - curve.e, 0.0), 1 / curve.gamma) - curve.b) / curve.a;
+}
+
+// CIE 1976 lightness, as L* / 100: a cube root of the light above (6/29)^3, a straight line below.
+constexpr double slope = 24389.0 / 27 / 100;
+constexpr double breakLight = 216.0 / 24389;
+
+double lightOf(double lightness) {
+    return lightness > slope * breakLight ? std::pow((lightness + 0.16) / 1.16, 3) : lightness / slope;
+}
+
+double lightnessOf(double light) { return light > breakLight ? 1.16 * std::cbrt(light) - 0.16 : slope * light; }
+
 } // namespace
 
 double TransferCurve::toLinear(double encoded) const {
-    if (!samples.empty()) return interpolate(samples, encoded);
-    return encoded >= d ? std::pow(std::max(a * encoded + b, 0.0), gamma) + e : c * encoded + f;
+    const double value = valueAt(*this, encoded);
+    return isLightness ? lightOf(value) : value;
 }
 
-double TransferCurve::toEncoded(double linear) const {
-    if (!samples.empty()) return invert(samples, linear);
-    if (c != 0 && linear < c * d + f) return (linear - f) / c;
-    return (std::pow(std::max(linear - e, 0.0), 1 / gamma) - b) / a;
-}
+double TransferCurve::toEncoded(double linear) const { return placeOf(*this, isLightness ? lightnessOf(linear) : linear); }
 
 TransferCurve gammaCurve(double gamma) {
     TransferCurve curve;

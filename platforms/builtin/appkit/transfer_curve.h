@@ -6,7 +6,7 @@
 namespace chroma::builtin {
 
 // y = (a x + b)^gamma + e from x = d on, y = c x + f below: the parametric curve of colour profiles, of which a plain gamma is the
-// simplest. With samples, the curve is the polygon through them, spaced evenly over 0..1, instead.
+// simplest. With samples, the curve is the polygon through them, spaced evenly over 0..1, instead. Either may tell lightness in place of light.
 struct TransferCurve {
     double gamma = 1;
     double a = 1;
@@ -16,6 +16,7 @@ struct TransferCurve {
     double e = 0;
     double f = 0;
     std::vector<double> samples; // none, or at least two
+    bool isLightness = false;    // the curve's value is CIE lightness, as L* / 100
 
     double toLinear(double encoded) const;
     double toEncoded(double linear) const;

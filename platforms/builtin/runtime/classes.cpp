@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <mutex>
+#include <new>
 #include <string_view>
 #include <unordered_map>
 
@@ -46,25 +47,32 @@ MethodRecord* inheritedMethod(ClassObject* cls, SEL selector) {
 // Makes the next message of the selector to the class and its descendants look the function up again.
 void forget(const ClassObject& changed, SEL selector) {
     for (ClassObject* cls = firstClass; cls; cls = cls->next) {
-        const DispatchTable& table = *cls->dispatch.load(std::memory_order_relaxed);
+        DispatchTable& table = *cls->dispatch.load(std::memory_order_relaxed);
         if (selector->index < table.size && descendsFrom(cls, &changed)) {
-            table.slots[selector->index].store(nullptr, std::memory_order_relaxed);
+            table.slots()[selector->index].store(nullptr, std::memory_order_relaxed);
         }
     }
+}
+
+// A larger table with what is in the present one. The memory is zeroed: null in every other slot.
+DispatchTable* grown(DispatchTable& present) {
+    const std::uint32_t size = std::max(selectorCount(), 2 * present.size);
+    void* const memory = std::calloc(1, sizeof(DispatchTable) + size * sizeof(std::atomic<IMP>));
+    if (!memory) throw std::bad_alloc();
+    auto* const table = new (memory) DispatchTable{size, &present};
+    for (std::uint32_t index = 0; index < present.size; ++index) {
+        table->slots()[index].store(present.slots()[index].load(std::memory_order_relaxed), std::memory_order_relaxed);
+    }
+    return table;
 }
 
 void remember(ClassObject& cls, SEL selector, IMP implementation) {
     DispatchTable* table = cls.dispatch.load(std::memory_order_relaxed);
     if (selector->index >= table->size) {
-        const std::uint32_t size = std::max(selectorCount(), 2 * table->size);
-        auto* const slots = new std::atomic<IMP>[size]();
-        for (std::uint32_t index = 0; index < table->size; ++index) {
-            slots[index].store(table->slots[index].load(std::memory_order_relaxed), std::memory_order_relaxed);
-        }
-        table = new DispatchTable{size, table, slots};
+        table = grown(*table);
         cls.dispatch.store(table, std::memory_order_release);
     }
-    table->slots[selector->index].store(implementation, std::memory_order_relaxed);
+    table->slots()[selector->index].store(implementation, std::memory_order_relaxed);
 }
 
 void addMethod(ClassObject& cls, SEL selector, IMP implementation) {
@@ -141,11 +149,7 @@ IMP findImplementation(ClassObject& cls, SEL selector) {
     return record ? record->implementation : nullptr;
 }
 
-IMP lookUp(ClassObject& cls, SEL selector) {
-    const DispatchTable& table = *cls.dispatch.load(std::memory_order_acquire);
-    if (selector->index < table.size) {
-        if (const IMP known = table.slots[selector->index].load(std::memory_order_relaxed)) return known;
-    }
+IMP resolve(ClassObject& cls, SEL selector) {
     const std::lock_guard<std::mutex> lock(classLock);
     const MethodRecord* const record = inheritedMethod(&cls, selector);
     if (!record) return unrecognizedMessage();

@@ -49,14 +49,16 @@ struct MethodRecord {
 
 namespace chroma::builtin {
 
-// The functions of one class by selector index, inherited ones included, as far as they have been asked for.
+// The functions of one class by selector index, inherited ones included, as far as they have been asked for. The slots lie right
+// behind the table.
 struct DispatchTable {
     std::uint32_t size;
     DispatchTable* outgrown; // the table that this one took the place of; a reader may still be in it
-    std::atomic<IMP>* slots;
+
+    std::atomic<IMP>* slots() { return reinterpret_cast<std::atomic<IMP>*>(this + 1); }
 };
 
-inline DispatchTable emptyDispatchTable{0, nullptr, nullptr};
+inline DispatchTable emptyDispatchTable{0, nullptr};
 
 struct ClassObject : Object {
     constexpr ClassObject() : Object(nullptr, immortal) {}

@@ -11,7 +11,8 @@ namespace chroma::test {
 
 class ProfileBuilder {
 public:
-    explicit ProfileBuilder(std::string colorSpace) : colorSpace_(std::move(colorSpace)) {}
+    explicit ProfileBuilder(std::string colorSpace, std::string connectionSpace = "XYZ ")
+        : colorSpaces_(std::move(colorSpace) + std::move(connectionSpace)) {}
 
     ProfileBuilder& tag(std::string name, std::string_view value) {
         tags_.emplace_back(std::move(name), value);
@@ -64,7 +65,7 @@ public:
             table += name + u32(start + values.size()) + u32(value.size());
             values += value;
         }
-        std::string header = u32(start + values.size()) + std::string(12, '\0') + colorSpace_ + "XYZ ";
+        std::string header = u32(start + values.size()) + std::string(12, '\0') + colorSpaces_;
         header.resize(36);
         header += "acsp";
         header.resize(128);
@@ -93,7 +94,7 @@ private:
 
     static std::string fixed(double value) { return u32(std::lround(value * 65536)); }
 
-    std::string colorSpace_;
+    std::string colorSpaces_;
     std::vector<std::pair<std::string, std::string>> tags_;
 };
 

@@ -9,8 +9,9 @@ namespace chroma::builtin {
 // profile has no curves, or for RGB no colorants, is accepted but converts to no other.
 SpacePointer spaceFromProfile(const std::uint8_t* bytes, std::size_t size);
 
-// A version 4 display profile of a grey or RGB space. `adaptation` is the matrix that brought the colorants to D50, null when
-// they were D50 to begin with.
+// A version 4 profile: of a grey or RGB space a display's, with curves and colorants; of a CMYK space an input device's, with a
+// table, which converts from the space only. `adaptation` is the matrix that brought the colorants to D50, null when they were
+// D50 to begin with.
 std::vector<std::uint8_t> profileOfSpace(const SpaceDefinition& space, const Matrix3* adaptation);
 
 } // namespace chroma::builtin

@@ -194,10 +194,11 @@ SpacePointer spaceFromProfile(const std::uint8_t* bytes, std::size_t size) {
     if (const auto name = tags.find(icc::description)) {
         if (!readName(*name, space->name)) return nullptr;
     }
-    if (profile.u32(icc::connectionSpaceField) != icc::xyzSpace) return space;
+    const bool connectsByXyz = profile.u32(icc::connectionSpaceField) == icc::xyzSpace;
     bool isSound = true;
     if (channels.model == ColorModel::gray) isSound = readGray(tags, *space);
-    if (channels.model == ColorModel::rgb) isSound = readRgb(tags, *space);
+    if (channels.model == ColorModel::rgb && connectsByXyz) isSound = readRgb(tags, *space);
+    space->curves[0].isLightness = channels.model == ColorModel::gray && !connectsByXyz; // the other is Lab
     return isSound ? space : nullptr;
 }
 

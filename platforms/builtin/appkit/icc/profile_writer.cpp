@@ -10,10 +10,13 @@ namespace {
 
 class ByteWriter {
 public:
+    void u8(std::uint32_t value) { number(value, 1); }
     void u16(std::uint32_t value) { number(value, 2); }
     void u32(std::uint32_t value) { number(value, 4); }
 
     void s15Fixed16(double value) { u32(static_cast<std::uint32_t>(static_cast<std::int32_t>(std::lround(value * 65536)))); }
+
+    void fraction(double value) { u16(static_cast<std::uint32_t>(std::lround(value * 65535))); }
 
     void align() { bytes.resize((bytes.size() + 3) / 4 * 4); }
 
@@ -43,10 +46,10 @@ public:
         writer_.bytes.resize(nextEntry_ + tagCount * icc::tagEntrySize);
     }
 
-    void header(std::uint32_t colorSpace) {
+    void header(std::uint32_t profileClass, std::uint32_t colorSpace) {
         constexpr std::uint32_t version = 0x04300000;
         writer_.putU32(icc::versionField, version);
-        writer_.putU32(icc::classField, icc::displayClass);
+        writer_.putU32(icc::classField, profileClass);
         writer_.putU32(icc::colorSpaceField, colorSpace);
         writer_.putU32(icc::connectionSpaceField, icc::xyzSpace);
         writer_.putU32(icc::magicField, icc::magic);
@@ -94,6 +97,36 @@ public:
         end();
     }
 
+    // The complement of an RGB space with one gamma, as a table over the light that each ink leaves. Light is a sum of products
+    // of these, so that the points of the table are exact and what is interpolated between them comes within two hundredths.
+    void complement(std::uint32_t name, const SpaceDefinition& rgb) {
+        constexpr std::uint32_t inks = 4, points = 9, nodes = points * points * points * points, samples = 256;
+        begin(name, icc::lookupType);
+        for (const std::uint32_t field : {inks, 3u, points, 0u}) {
+            writer_.u8(field);
+        }
+        numbers({1, 0, 0, 0, 1, 0, 0, 0, 1}); // a matrix that only XYZ input would pass through
+        writer_.u16(samples);
+        writer_.u16(2);
+        for (std::uint32_t sample = 0; sample < inks * samples; ++sample) {
+            writer_.fraction(rgb.curves[0].toLinear(1 - (sample % samples) / (samples - 1.0)));
+        }
+        for (std::uint32_t node = 0; node < nodes; ++node) { // cyan varies slowest, black fastest
+            const auto light = [node](std::uint32_t place) { return (node / place % points) / (points - 1.0); };
+            const double black = light(1);
+            const Vector3 linear{black * light(points * points * points), black * light(points * points),
+                                 black * light(points)};
+            for (const double value : rgb.toXyz* linear) {
+                writer_.u16(static_cast<std::uint32_t>(std::lround(value * 32768)));
+            }
+        }
+        for (std::uint32_t channel = 0; channel < 3; ++channel) { // the result stays as it is
+            writer_.fraction(0);
+            writer_.fraction(1);
+        }
+        end();
+    }
+
     std::vector<std::uint8_t> finish() {
         writer_.putU32(icc::sizeField, static_cast<std::uint32_t>(writer_.bytes.size()));
         return std::move(writer_.bytes);
@@ -130,22 +163,32 @@ Vector3 column(const Matrix3& matrix, std::size_t index) { return {matrix[0][ind
 } // namespace
 
 std::vector<std::uint8_t> profileOfSpace(const SpaceDefinition& space, const Matrix3* adaptation) {
-    const bool isGray = space.model == ColorModel::gray;
-    ProfileWriter writer((isGray ? 4u : 9u) + (adaptation ? 1u : 0u));
-    writer.header(isGray ? icc::graySpace : icc::rgbSpace);
+    constexpr std::uint32_t commonTags = 3;
+    struct Shape {
+        std::uint32_t profileClass;
+        std::uint32_t colorSpace;
+        std::uint32_t tags;
+    };
+    const Shape shape = space.model == ColorModel::gray   ? Shape{icc::displayClass, icc::graySpace, 1}
+                        : space.model == ColorModel::cmyk ? Shape{icc::inputClass, icc::cmykSpace, 1}
+                                                          : Shape{icc::displayClass, icc::rgbSpace, 6};
+    ProfileWriter writer(commonTags + shape.tags + (adaptation ? 1 : 0));
+    writer.header(shape.profileClass, shape.colorSpace);
     writer.text(icc::description, space.name);
     writer.text(icc::copyright, u"No copyright, use freely");
     writer.xyz(icc::whitePoint, d50White);
     if (adaptation) writer.matrix(icc::adaptation, *adaptation);
-    if (isGray) {
+    if (space.model == ColorModel::gray) {
         writer.curve(icc::grayCurve, space.curves[0]);
-        return writer.finish();
-    }
-    constexpr std::uint32_t curves[] = {icc::redCurve, icc::greenCurve, icc::blueCurve};
-    constexpr std::uint32_t colorants[] = {icc::redColorant, icc::greenColorant, icc::blueColorant};
-    for (std::size_t index = 0; index < 3; ++index) {
-        writer.curve(curves[index], space.curves[index]);
-        writer.xyz(colorants[index], column(space.toXyz, index));
+    } else if (space.model == ColorModel::cmyk) {
+        writer.complement(icc::toConnection, *space.complement);
+    } else {
+        constexpr std::uint32_t curves[] = {icc::redCurve, icc::greenCurve, icc::blueCurve};
+        constexpr std::uint32_t colorants[] = {icc::redColorant, icc::greenColorant, icc::blueColorant};
+        for (std::size_t index = 0; index < 3; ++index) {
+            writer.curve(curves[index], space.curves[index]);
+            writer.xyz(colorants[index], column(space.toXyz, index));
+        }
     }
     return writer.finish();
 }

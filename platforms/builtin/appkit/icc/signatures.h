@@ -28,6 +28,7 @@ constexpr std::size_t illuminantField = 68;
 
 constexpr std::uint32_t magic = signature("acsp");
 constexpr std::uint32_t displayClass = signature("mntr");
+constexpr std::uint32_t inputClass = signature("scnr");
 
 constexpr std::uint32_t graySpace = signature("GRAY");
 constexpr std::uint32_t rgbSpace = signature("RGB ");
@@ -39,6 +40,7 @@ constexpr std::uint32_t description = signature("desc"); // a tag, and the old t
 constexpr std::uint32_t copyright = signature("cprt");
 constexpr std::uint32_t whitePoint = signature("wtpt");
 constexpr std::uint32_t adaptation = signature("chad");
+constexpr std::uint32_t toConnection = signature("A2B0");
 constexpr std::uint32_t grayCurve = signature("kTRC");
 constexpr std::uint32_t redCurve = signature("rTRC");
 constexpr std::uint32_t greenCurve = signature("gTRC");
@@ -51,6 +53,7 @@ constexpr std::uint32_t localizedText = signature("mluc");
 constexpr std::uint32_t xyzType = signature("XYZ ");
 constexpr std::uint32_t curveType = signature("curv");
 constexpr std::uint32_t parametricType = signature("para");
+constexpr std::uint32_t lookupType = signature("mft2");
 constexpr std::uint32_t fixedArrayType = signature("sf32");
 
 } // namespace chroma::builtin::icc
