@@ -93,15 +93,6 @@ TEST_F(Objects, WhatTheHostDoesNotMakeIsNotRetained) {
     EXPECT_EQ(native::retainCount(color), before);
 }
 
-TEST_F(Objects, AHitWithoutLockEntryIsReturnedUnlocked) {
-    host.missing = {"REALLockObject"};
-    startWith(true);
-    REALobjectStruct* const first = NewNSColorZRX(color);
-    EXPECT_EQ(NewNSColorZRX(color), first);
-    EXPECT_EQ(foreign::references(first), 1);
-    foreign::unlock(first);
-}
-
 TEST_F(Objects, TheSiblingIsAskedOnceAndNeverAgain) {
     startWith(true);
     foreign::unlock(foreign::make("NSColorZRX"));

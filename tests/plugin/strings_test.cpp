@@ -213,18 +213,6 @@ TEST_F(Strings, RefusesWhatIsNoText) {
     EXPECT_EQ(REALBuildUnicodeStringUTF16("x", 0), nullptr);
 }
 
-TEST_F(Strings, MissingEntriesGiveNullAndLeakNothing) {
-    const std::string wide = units<char16_t>(u"ab");
-    for (const double version : {2011.0, 2021.0}) {
-        start(version);
-        EXPECT_EQ(built(wide, kCFStringEncodingUnicode), "ab");
-    }
-    // Each entry's cache is the process's, so what is missing is so from the first use on.
-    host.missing = {"REALSetStringEncoding"};
-    std::uint32_t recorded = 0;
-    EXPECT_EQ(built("x", kCFStringEncodingUTF8, &recorded), "x");
-}
-
 TEST_F(Strings, WithoutConversionWideTextIsEmpty) {
     host.missing = {"REALConvertString", "REALSetStringEncoding"};
     const std::string wide = units<char16_t>(u"ab");
