@@ -56,6 +56,8 @@ const FailingCase types[] = {
     {"NotAssignable", "Probe.kAnswer = 1", "test.bas:1:7: error: this cannot be assigned to\nProbe.kAnswer = 1\n      ^\n"},
     {"NoElements", "Dim i As Integer\nPrint i(0)",
      "test.bas:2:7: error: this is of type Integer; only an array has elements\nPrint i(0)\n      ^\n"},
+    {"BoundAndValue", "Dim v(3) As Double = Nil",
+     "test.bas:1:7: error: an array that gets a value takes its bound from the value\nDim v(3) As Double = Nil\n      ^\n"},
     {"LoopVariable", "For s As String = 1 To 2\nNext",
      "test.bas:1:5: error: a For loop counts an Integer or a Double, not a String\nFor s As String = 1 To 2\n    ^\n"},
     {"EachOfNoArray", "For Each i As Integer In 3\nNext",

@@ -42,6 +42,15 @@ Print v
 p.split(v(1), v(1))
 Print v)",
      "(4, 0, 8)\n(4, 4, 8)\n"},
+    {"TextsByReference", R"(Dim p As New Probe(1)
+Dim s As String = "a"
+Dim v(1) As String
+v(1) = "b"
+p.exclaim s
+p.exclaim v(1)
+p.exclaim v(1)
+Print s, v)",
+     "a! (, b!!)\n"},
     {"Properties", R"(Dim p As New Probe(2)
 p.Number = p.Number * 5
 p.Next = p.successor

@@ -117,6 +117,13 @@ REALstringStruct* label(REALobjectStruct* object, REALstringStruct* prefix, Host
     return newString(brackets ? "[" + text + "]" : text);
 }
 
+// Gives up the text that it was given by reference for a new one.
+void exclaim(REALobjectStruct*, REALstringStruct** text) {
+    REALstringStruct* const louder = newString(textOf(*text) + "!");
+    entry<REALUnlockStringProc>("REALUnlockString")(*text);
+    *text = louder;
+}
+
 REALstringStruct* description(REALobjectStruct* object, REALword) {
     return newString("probe " + std::to_string(dataOf(object).number));
 }
@@ -188,6 +195,7 @@ REALmethodDefinition methods[] = {
     {bound(splitThree), nullptr, "split(byref whole as double, byref half as double, byref third as double)", 0, {}},
     {bound(splitAndRaise), nullptr, "splitAndRaise(byref whole as double)", 0, {}},
     {bound(makeAndRaise), nullptr, "makeAndRaise(className as string) as Probe", 0, {}},
+    {bound(exclaim), nullptr, "exclaim(byref text as string)", 0, {}},
     {bound(label), nullptr, "label(prefix as string = \"#\", brackets as boolean = false) as string", 0, {}},
 };
 
