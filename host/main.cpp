@@ -28,18 +28,20 @@ struct Options {
     host::HostOptions host;
     std::vector<std::string> plugins;
     std::string program;
+    bool noSibling = false;
     bool checkLeaks = false;
     bool json = false;
 };
 
-void start(const Options& options) {
+void start(const Options& options, bool sibling) {
     host::startHost(options.host);
+    if (sibling) host::loadPlugin(host::bundledPlugin("libchromasibling.so"));
     for (const std::string& path : options.plugins)
         host::loadPlugin(path);
 }
 
 int run(const Options& options) {
-    start(options);
+    start(options, !options.noSibling);
     const int result = host::language::runFile(options.program);
     const std::string leaks = options.checkLeaks ? host::describeLeaks() : "";
     if (leaks.empty()) return result;
@@ -48,7 +50,7 @@ int run(const Options& options) {
 }
 
 int records(const Options& options) {
-    start(options);
+    start(options, false); // whose records are another plugin's
     if (options.json) {
         host::listRecordsAsJson(host::registry(), std::cout);
     } else {
@@ -81,6 +83,8 @@ int main(int argc, char** argv) {
 
     CLI::App* const runCommand = app.add_subcommand("run", "Run a program");
     runCommand->add_option("FILE", options.program, "The program")->required();
+    runCommand->add_flag("--no-sibling", options.noSibling,
+                         "Leave the sibling plugin out, which has NSExceptionZRX, NSImageZRX and the instance registry");
     runCommand->add_flag("--check-leaks", options.checkLeaks, "Fail when host objects or strings are left at the end");
     CLI::App* const recordsCommand = app.add_subcommand("records", "List the class records as the host received them");
     recordsCommand->add_flag("--json", options.json, "As JSON");
@@ -88,7 +92,7 @@ int main(int argc, char** argv) {
     try {
         app.parse(argc, argv);
         if (app.get_subcommands().empty()) throw CLI::RequiredError("A command, run or records,");
-        if (options.plugins.empty()) options.plugins.push_back(host::defaultPluginPath());
+        if (options.plugins.empty()) options.plugins.push_back(host::bundledPlugin("libchromabridge.so"));
         return runCommand->parsed() ? run(options) : records(options);
     } catch (const CLI::CallForHelp& help) {
         return app.exit(help);

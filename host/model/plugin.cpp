@@ -32,8 +32,7 @@ void loadPlugin(const std::string& path) {
     throw std::runtime_error(message);
 }
 
-std::string defaultPluginPath() {
-    const char* const file = "libchromabridge.so";
+std::string bundledPlugin(const std::string& file) {
     std::error_code error;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
     return error ? file : (program.parent_path().parent_path() / "lib" / file).string();

@@ -9,7 +9,7 @@ namespace host {
 // there is no such library, it has no REALPluginMain, or the host cannot take a class record, with one line for each of those.
 void loadPlugin(const std::string& path);
 
-// The plugin to load when none is named: libchromabridge.so in the folder lib beside the running program's own.
-std::string defaultPluginPath();
+// The path of a plugin library in the folder lib beside the running program's own.
+std::string bundledPlugin(const std::string& file);
 
 } // namespace host
