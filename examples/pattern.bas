@@ -8,8 +8,8 @@ Print "the image that went in comes out: ", pattern.patternImage Is image
 Print "a pattern converts to nothing: ", pattern.colorUsingColorSpaceName("NSCalibratedRGBColorSpace") Is Nil
 Try
     Print pattern.numberOfComponents
-Catch e As RuntimeException
-    Print "and has no components: " & e.Message
+Catch e As NSExceptionZRX
+    Print "and has no components: " & e.name
 End Try
 
 Dim red As NSColorZRX = NSColorZRX.redColor
