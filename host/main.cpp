@@ -1,4 +1,5 @@
 // The command line of the reference host.
+#include "commands/browse.h"
 #include "language/language.h"
 #include "model/classes.h"
 #include "model/entries.h"
@@ -89,10 +90,17 @@ int main(int argc, char** argv) {
     CLI::App* const recordsCommand = app.add_subcommand("records", "List the class records as the host received them");
     recordsCommand->add_flag("--json", options.json, "As JSON");
 
+    host::commands::BrowseOptions browsing;
+    CLI::App* const browseCommand = host::commands::addBrowse(app, browsing);
+
     try {
         app.parse(argc, argv);
-        if (app.get_subcommands().empty()) throw CLI::RequiredError("A command, run or records,");
+        if (app.get_subcommands().empty()) throw CLI::RequiredError("A command (--help lists them)");
         if (options.plugins.empty()) options.plugins.push_back(host::bundledPlugin("libchromabridge.so"));
+        if (browseCommand->parsed()) {
+            start(options, true);
+            return host::commands::browse(browsing, std::cout);
+        }
         return runCommand->parsed() ? run(options) : records(options);
     } catch (const CLI::CallForHelp& help) {
         return app.exit(help);

@@ -75,7 +75,7 @@ TEST(CommandLine, SaysWhatIsWrong) {
         int exitCode;
         const char* output;
     } const cases[] = {
-        {"", 2, "chromahost: A command, run or records, is required\n"},
+        {"", 2, "chromahost: A command (--help lists them) is required\n"},
         {"records --foo", 2, "chromahost: The following argument was not expected: --foo\n"},
         {"run", 2, "chromahost: FILE is required\n"},
         {"records --without nothing", 2, "chromahost: there is no entry \"nothing\"; the entries are:\n"},

@@ -1,0 +1,70 @@
+// The members of the sibling plugin's classes and of the classes that the host brings along.
+#include "documentation/texts.h"
+
+namespace host::documentation {
+
+std::vector<ClassText> siblingTexts() {
+    return {
+        {"NSExceptionZRX",
+         "A failure of the system, as an exception of the host; its Message is the reason.",
+         {
+             {"name", "The kind of failure, such as `NSInvalidArgumentException`."},
+             {"reason", "What went wrong, in words."},
+             {"Handle", "The address of the NSException inside; 0 in an empty object."},
+         }},
+        {"NSImageZRX",
+         "An image, to make a pattern of.",
+         {
+             {"Constructor", "Makes an image of that size in points, filled with a colour when there is one."},
+             {"width", "The width in points."},
+             {"height", "The height in points."},
+             {"Handle", "The address of the NSImage inside; 0 in an empty object."},
+             {"backgroundColor", "The colour that fills the image; Nil when there is none."},
+         }},
+    };
+}
+
+std::vector<ClassText> builtInTexts() {
+    return {
+        {"RuntimeException",
+         "What Catch catches. Every other exception descends from it.",
+         {
+             {"Constructor", "Makes an exception, to be raised."},
+             {"Message", "What went wrong, in words."},
+             {"ErrorNumber", "A number for the error, 0 where there is none."},
+         }},
+        {"OutOfBoundsException", "A value or an index outside its range.", {}},
+        {"NilObjectException", "A member of Nil was used.", {}},
+        {"UnsupportedOperationException", "Something that the object does not do.", {}},
+        {"OutOfMemoryException", "There is no memory left.", {}},
+        {"IllegalCastException", "An object was taken for one of a class that it is not of.", {}},
+        {"TypeMismatchException", "A variant was taken for a type that it does not hold.", {}},
+        {"DivideByZeroException", "An integer was divided by 0.", {}},
+        {"StackOverflowException", "Calls went too deep.", {}},
+        {"KeyNotFoundException", "There is nothing under that key.", {}},
+        {"IOException", "A file could not be read, written or removed.", {}},
+        {"MemoryBlock",
+         "A piece of memory, such as an ICC profile.",
+         {
+             {"Constructor", "Makes a block of so many bytes, all 0."},
+             {"Size", "How many bytes the block has. Setting it cuts the block or adds bytes of 0."},
+             {"Byte", "The byte at an offset counted from 0, as a number from 0 to 255."},
+             {"StringValue", "So many bytes from an offset as a string."},
+         }},
+        {"FolderItem",
+         "A file, which need not exist.",
+         {
+             {"Constructor", "Names the file; a relative path starts from the working folder."},
+             {"Name", "The last part of the path."},
+             {"URLPath", "The path as a `file:` URL."},
+             {"Exists", "Whether there is such a file."},
+             {"Length", "The file's size in bytes."},
+             {"NativePath", "The whole path."},
+             {"ReadBytes", "The file's bytes; a file that cannot be read raises an IOException."},
+             {"WriteBytes", "Writes the file anew with these bytes, or raises an IOException."},
+             {"Delete", "Removes the file, or raises an IOException."},
+         }},
+    };
+}
+
+} // namespace host::documentation
