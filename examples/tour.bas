@@ -80,3 +80,21 @@ Catch e As UnsupportedOperationException
     Print "   UnsupportedOperationException: " & e.Message
 End Try
 Print "   still " & teal.description
+
+Print "8. Colour spaces: the orange in others, and what they are called."
+Dim srgb As NSColorSpaceZRX = NSColorSpaceZRX.sRGBColorSpace
+Dim inSRGB As NSColorZRX = orange.colorUsingColorSpace(srgb)
+inSRGB.getRGB(r, g, b, a)
+Print "   " & srgb.localizedName & ":", r, g, b
+Print "   " & NSColorSpaceZRX.genericGrayColorSpace.localizedName & ":", orange.colorUsingColorSpace(NSColorSpaceZRX.genericGrayColorSpace).whiteComponent
+Print "   the same space is the same object:", inSRGB.colorSpace Is srgb
+Print "   its profile has     ", srgb.ICCProfileData.Size, "bytes"
+
+Print "9. A colour list keeps colours under keys, in order."
+Dim list As New NSColorListZRX
+If list.Create("Tour") Then
+    list.setColor orange, "orange"
+    list.insertColor teal, "teal", 0
+    Print "   " & list.name & ": " & list.colorWithKey("teal").description
+    Print "   the same colour is the same object:", list.colorWithKey("orange") Is orange
+End If
