@@ -1,0 +1,87 @@
+// The class browser over the real plugins: everything declared is explained, everything explained is declared, and the page in
+// docs/ is what the browser writes today.
+#include "documentation/browser.h"
+#include "documentation/pages.h"
+#include "documentation/texts.h"
+
+#include "model/entries.h"
+#include "model/plugin.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+using namespace host::documentation;
+
+namespace {
+
+class Documentation : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        host::startHost();
+        host::loadPlugin(CHROMASIBLING);
+        host::loadPlugin(CHROMABRIDGE);
+    }
+};
+
+bool declares(const ClassPage& page, std::string_view member) {
+    for (const Section& section : page.sections) {
+        for (const MemberPage& declared : section.members) {
+            if (declared.name == member) return true;
+        }
+    }
+    return false;
+}
+
+std::string browsed(const char* className, const char* member) {
+    std::ostringstream out;
+    try {
+        browseMember(host::registry(), className, member, out);
+    } catch (const std::invalid_argument& error) {
+        return error.what();
+    }
+    return out.str();
+}
+
+} // namespace
+
+TEST_F(Documentation, ExplainsEveryClassAndMember) {
+    for (const ClassPage& page : pagesOf(host::registry())) {
+        EXPECT_FALSE(page.text.empty()) << page.info->name();
+        for (const Section& section : page.sections) {
+            for (const MemberPage& member : section.members)
+                EXPECT_FALSE(member.text.empty()) << page.info->name() << "." << member.name;
+        }
+    }
+}
+
+TEST_F(Documentation, ExplainsNothingThatIsNotDeclared) {
+    for (const ClassText& text : classTexts()) {
+        const host::ClassInfo* const info = host::registry().find(text.name);
+        ASSERT_NE(info, nullptr) << text.name;
+        const ClassPage page = pageOf(*info);
+        for (const MemberText& member : text.members)
+            EXPECT_TRUE(declares(page, member.name)) << text.name << "." << member.name;
+    }
+}
+
+TEST_F(Documentation, ReferenceIsUpToDate) {
+    std::ostringstream kept, written;
+    kept << std::ifstream(REFERENCE).rdbuf();
+    writeReference(host::registry(), written);
+    EXPECT_EQ(kept.str(), written.str()) << "chromahost browse --markdown > docs/reference.md";
+}
+
+TEST_F(Documentation, BrowsesOverloadsAndInheritedMembersAndGuessesWhatIsMeant) {
+    EXPECT_EQ(browsed("nscolorlistzrx", "CREATE"),
+              "NSColorListZRX, Methods\n"
+              "  Create(name as string) as boolean\n"
+              "  Create(name as string, path as string) as boolean\n"
+              "      Fills the object with a new list of that name, or with the list in a file; False when there is\n"
+              "      none.\n");
+    EXPECT_EQ(browsed("NSExceptionZRX", "Message").rfind("RuntimeException, Properties\n", 0), 0u);
+    EXPECT_EQ(browsed("NSColour", "x"), "there is no class NSColour; did you mean NSColorZRX?");
+    EXPECT_EQ(browsed("NSColorZRX", "getRBG"), "NSColorZRX has no member getRBG; did you mean getRGB?");
+    EXPECT_EQ(browsed("FolderItem", "zzzzzz"), "FolderItem has no member zzzzzz");
+}
