@@ -26,6 +26,15 @@ using CGFloat = float;
 using NSInteger = std::intptr_t;
 using NSUInteger = std::uintptr_t;
 
+// The integers of colour spaces, and positions in colour lists: not every platform declares them as NSInteger.
+#if defined(CHROMA_NARROW_INTEGERS)
+using SpaceInteger = int;
+using ListIndex = unsigned;
+#else
+using SpaceInteger = NSInteger;
+using ListIndex = NSInteger;
+#endif
+
 // A byte, 0 for NO.
 using BOOL = unsigned char;
 

@@ -65,7 +65,8 @@ HostBoolean Load(REALobjectStruct* object, REALstringStruct* name) {
 
 void insertColor(REALobjectStruct* object, REALobjectStruct* color, REALstringStruct* key, HostInteger index) {
     withList(object, [&](id list) {
-        send<void>(list, sel::insertColor_key_atIndex_, nativeObject(color), autoreleasedString(key), NSInteger{index});
+        send<void>(list, sel::insertColor_key_atIndex_, nativeObject(color), autoreleasedString(key),
+                   static_cast<ListIndex>(index));
     });
 }
 

@@ -33,7 +33,7 @@ REALstringStruct* text(REALobjectStruct* object, Selector& message) {
 
 HostInteger integer(REALobjectStruct* object, Selector& message) {
     HostInteger result = 0;
-    guarded([&] { result = send<NSInteger>(nativeObject(object), message); });
+    guarded([&] { result = send<SpaceInteger>(nativeObject(object), message); });
     return result;
 }
 

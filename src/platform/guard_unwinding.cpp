@@ -1,0 +1,19 @@
+// The guard of runtimes whose native exceptions unwind the stack. Destructors run there; the rule of guard.h holds all the same, since
+// the same code also runs where they do not.
+#include "platform/guard.h"
+#include "platform/selectors.h"
+
+namespace chroma {
+
+extern "C" {
+id chroma_guard_run(void (*body)(void*), void* context); // the platform's, compiled as Objective-C
+[[noreturn]] void objc_exception_throw(id exception);
+}
+
+id runGuarded(void (*body)(void*), void* context) { return chroma_guard_run(body, context); }
+
+void throwNative(id object) { objc_exception_throw(object); }
+
+bool isNSException(id object) { return send<BOOL>(object, sel::isKindOfClass_, cls::NSException.get()) != 0; }
+
+} // namespace chroma
