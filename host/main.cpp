@@ -1,5 +1,6 @@
 // The command line of the reference host.
 #include "commands/browse.h"
+#include "commands/swatches.h"
 #include "language/language.h"
 #include "model/classes.h"
 #include "model/entries.h"
@@ -92,6 +93,8 @@ int main(int argc, char** argv) {
 
     host::commands::BrowseOptions browsing;
     CLI::App* const browseCommand = host::commands::addBrowse(app, browsing);
+    host::commands::SwatchesOptions drawing;
+    CLI::App* const swatchesCommand = host::commands::addSwatches(app, drawing);
 
     try {
         app.parse(argc, argv);
@@ -100,6 +103,10 @@ int main(int argc, char** argv) {
         if (browseCommand->parsed()) {
             start(options, true);
             return host::commands::browse(browsing, std::cout);
+        }
+        if (swatchesCommand->parsed()) {
+            start(options, true);
+            return host::commands::swatches(drawing);
         }
         return runCommand->parsed() ? run(options) : records(options);
     } catch (const CLI::CallForHelp& help) {

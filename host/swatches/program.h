@@ -1,0 +1,49 @@
+// Colours as a program of the host language uses them: every value here comes from a member of a plugin's class.
+#pragma once
+
+#include "model/classes.h"
+
+#include <string>
+#include <vector>
+
+namespace host::swatches {
+
+// A reference to a host object, given up at the end; may be Nil.
+class Reference {
+public:
+    Reference() = default;
+    explicit Reference(Object* owned) : object_(owned) {}
+    Reference(Reference&& other) noexcept : object_(other.object_) { other.object_ = nullptr; }
+    Reference& operator=(Reference other) noexcept {
+        std::swap(object_, other.object_);
+        return *this;
+    }
+    ~Reference() { unlock(object_); }
+
+    Object* get() const { return object_; }
+    explicit operator bool() const { return object_ != nullptr; }
+
+private:
+    Object* object_ = nullptr;
+};
+
+// A colour as a screen shows it: sRGB, each from 0.0 to 1.0.
+struct ScreenColor {
+    double red, green, blue, alpha;
+};
+
+// These throw std::runtime_error when a class or a member is missing and when the call raises a host exception.
+Reference newColorList(const std::string& name, const std::string& path); // Nil: no file, or not of a list
+Reference colorWithKey(const Reference& list, const std::string& key);    // Nil: no such key
+Reference namedColor(const std::string& name);
+Reference sRGBColor(const ScreenColor& color);
+Reference namedSpace(const std::string& name);
+Reference converted(const Reference& color, const Reference& space); // Nil: cannot be
+std::string textProperty(const Reference& object, const char* name);
+std::vector<double> componentsOf(const Reference& color);
+ScreenColor onScreen(const Reference& color); // of a pattern, which has no components: transparent
+
+// The shared methods of a class without parameters that answer an object of that very class, in declared order.
+std::vector<std::string> sharedMakers(const char* className);
+
+} // namespace host::swatches
