@@ -2,16 +2,32 @@
 #include "platform/guard.h"
 #include "platform/selectors.h"
 
+#if !defined(__APPLE__)
 #include <csetjmp>
+#endif
 
 namespace chroma {
+
+#if defined(__APPLE__)
+// The system's jump buffer on i386, whichever C headers this is compiled with.
+static_assert(sizeof(void*) == 4);
+using JumpBuffer = int[18];
+extern "C" int _setjmp(JumpBuffer buffer) __attribute__((returns_twice));
+#else
+using JumpBuffer = std::jmp_buf;
+#endif
+
 namespace {
 
 // What the runtime keeps per guard: the buffer that a throw jumps to, and words of its own behind it.
 struct GuardRecord {
-    std::jmp_buf buffer;
+    JumpBuffer buffer;
     void* runtimeWords[4];
 };
+static_assert(sizeof(GuardRecord) == sizeof(JumpBuffer) + 4 * sizeof(void*));
+#if defined(__APPLE__)
+static_assert(sizeof(GuardRecord) == 88 && alignof(GuardRecord) == 4);
+#endif
 
 } // namespace
 

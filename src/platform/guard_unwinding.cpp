@@ -6,7 +6,7 @@
 namespace chroma {
 
 extern "C" {
-id chroma_guard_run(void (*body)(void*), void* context); // the platform's, compiled as Objective-C
+id chroma_guard_run(void (*body)(void*), void* context); // guard_unwinding.m
 [[noreturn]] void objc_exception_throw(id exception);
 }
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <type_traits>
 
 namespace chroma {
 
@@ -17,7 +18,7 @@ using SEL = const SelectorEntry*;
 using IMP = void (*)();
 
 // The platform's component type. The plugin narrows every double of the host to single precision first, whatever this is.
-#if defined(CHROMA_CGFLOAT_DOUBLE)
+#if defined(CHROMA_CGFLOAT_DOUBLE) || (defined(__APPLE__) && defined(__LP64__))
 using CGFloat = double;
 #else
 using CGFloat = float;
@@ -36,12 +37,37 @@ using ListIndex = NSInteger;
 #endif
 
 // A byte, 0 for NO.
+#if defined(__APPLE__) && defined(__arm64__)
+using BOOL = bool;
+#elif defined(__APPLE__)
+using BOOL = signed char;
+#else
 using BOOL = unsigned char;
+#endif
 
 extern "C" {
 id objc_getClass(const char* name);
 SEL sel_registerName(const char* name);
+#if defined(__APPLE__)
+void objc_msgSend();
+void objc_msgSend_fpret(); // for results that i386 returns on the floating-point stack
+#else
 IMP objc_msg_lookup(id receiver, SEL selector);
+#endif
+}
+
+// The function to call for a message with a result of type R. The GNU family's runtimes look the method up, Apple's call it
+// themselves, with the arguments they find.
+template <class R>
+IMP messageFunction([[maybe_unused]] id receiver, [[maybe_unused]] SEL selector) {
+#if !defined(__APPLE__)
+    return objc_msg_lookup(receiver, selector);
+#elif defined(__i386__)
+    static_assert(std::is_void_v<R> || std::is_scalar_v<R>, "structures are returned in other ways");
+    return std::is_floating_point_v<R> ? &objc_msgSend_fpret : &objc_msgSend;
+#else
+    return &objc_msgSend;
+#endif
 }
 
 // A selector, registered with the runtime when it is first sent.
@@ -82,7 +108,7 @@ template <class R, class... Args>
 R send(id receiver, Selector& selector, Args... arguments) {
     if (!receiver) return R();
     const SEL registered = selector.get();
-    const auto method = reinterpret_cast<R (*)(id, SEL, Args...)>(objc_msg_lookup(receiver, registered));
+    const auto method = reinterpret_cast<R (*)(id, SEL, Args...)>(messageFunction<R>(receiver, registered));
     return method(receiver, registered, arguments...);
 }
 

@@ -51,12 +51,16 @@ bool rewriteInLegacyLayout(REALclassDefinition& record) {
     std::memcpy(&legacy, &record, sizeof legacy);
     legacy.bindings = nullptr;
     legacy.bindingCount = 0;
-    const bool complete = copyLegacy(legacy.properties, record.properties, record.propertyCount) &
-                          copyLegacy(legacy.methods, record.methods, record.methodCount) &
-                          copyLegacy(legacy.events, record.events, record.eventCount) &
-                          copyLegacy(legacy.constants, record.constants, record.constantCount) &
-                          copyLegacy(legacy.sharedProperties, record.sharedProperties, record.sharedPropertyCount) &
-                          copyLegacy(legacy.sharedMethods, record.sharedMethods, record.sharedMethodCount);
+    bool complete = true;
+    const auto copyAll = [&](auto& copy, const auto* rows, REALword count) {
+        if (!copyLegacy(copy, rows, count)) complete = false; // the others go on, so that each pointer is ours or null
+    };
+    copyAll(legacy.properties, record.properties, record.propertyCount);
+    copyAll(legacy.methods, record.methods, record.methodCount);
+    copyAll(legacy.events, record.events, record.eventCount);
+    copyAll(legacy.constants, record.constants, record.constantCount);
+    copyAll(legacy.sharedProperties, record.sharedProperties, record.sharedPropertyCount);
+    copyAll(legacy.sharedMethods, record.sharedMethods, record.sharedMethodCount);
     if (!complete) {
         std::free(legacy.properties);
         std::free(legacy.methods);

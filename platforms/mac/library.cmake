@@ -1,0 +1,17 @@
+# What the library is on macOS; included where the plugin's sources are listed.
+target_link_libraries(chromabridge PRIVATE chroma_platform)
+target_link_options(chromabridge PRIVATE -Wl,-exported_symbol,_REALPluginMain)
+set_target_properties(chromabridge PROPERTIES
+    PREFIX "" INSTALL_RPATH "" INSTALL_NAME_DIR @rpath BUILD_WITH_INSTALL_NAME_DIR ON
+    MACHO_CURRENT_VERSION ${PROJECT_VERSION} MACHO_COMPATIBILITY_VERSION 0)
+
+# The same sources for i386, as far as they come without that system's linker: an archive of objects. Exceptions are jumps there.
+if(CMAKE_CROSSCOMPILING)
+    add_library(chromabridge-i386 STATIC plugin_main.cpp platform/guard_legacy.cpp ${sources}
+                                         ${PROJECT_SOURCE_DIR}/platforms/mac/widths.cpp)
+    set_target_properties(chromabridge-i386 PROPERTIES
+        PREFIX "" OSX_ARCHITECTURES i386 ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+    target_compile_options(chromabridge-i386 PRIVATE -mmacosx-version-min=10.6)
+    target_include_directories(chromabridge-i386 PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(chromabridge-i386 PRIVATE chroma_options)
+endif()

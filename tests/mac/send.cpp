@@ -1,0 +1,3 @@
+#include "platform/objc.h"
+
+extern "C" RESULT message(chroma::id object, chroma::Selector& selector) { return chroma::send<RESULT>(object, selector); }
