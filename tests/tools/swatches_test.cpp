@@ -91,22 +91,28 @@ TEST_F(Swatches, ShowTheColoursThatTheClassesAnswer) {
     EXPECT_EQ(shapesOf<Label>(page)[1].text.rfind("46 ", 0), 0u);
 }
 
-TEST_F(Swatches, KeepsTextAndSwatchesInsideTheirCards) {
+TEST_F(Swatches, KeepsTextInsideItsCardAndApart) {
     const Picture page = systemColorPage();
     const std::vector<Outline> outlines = shapesOf<Outline>(page);
+    std::vector<Frame> texts;
     for (const Label& label : shapesOf<Label>(page)) {
-        if (label.y < 84) continue; // the header
         const double width = 0.6 * label.size * static_cast<double>(label.text.size());
-        const double left = label.align == Align::right ? label.x - width : label.x;
+        texts.push_back(
+            {label.align == Align::right ? label.x - width : label.x, label.y - label.size, width, label.size, 0});
+        if (texts.size() <= 2) continue; // the header
+        const Frame& text = texts.back();
         const bool inside = std::any_of(outlines.begin(), outlines.end(), [&](const Outline& card) {
             const Frame& f = card.frame;
-            return left >= f.x && left + width <= f.x + f.width && label.y > f.y && label.y < f.y + f.height;
+            return text.x >= f.x && text.x + text.width <= f.x + f.width && text.y > f.y && label.y < f.y + f.height;
         });
         EXPECT_TRUE(inside) << label.text;
     }
-    for (const Outline& outline : outlines) {
-        EXPECT_LE(outline.frame.x + outline.frame.width, page.width);
-        EXPECT_LE(outline.frame.y + outline.frame.height, page.height);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        for (std::size_t j = 0; j < i; ++j) {
+            const Frame &a = texts[i], &b = texts[j];
+            EXPECT_FALSE(a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height && b.y < a.y + a.height)
+                << shapesOf<Label>(page)[i].text << " over " << shapesOf<Label>(page)[j].text;
+        }
     }
 }
 
