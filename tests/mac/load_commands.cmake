@@ -13,5 +13,5 @@ foreach(slice IN ITEMS arm64 x86_64)
     endif()
 endforeach()
 
-file(STRINGS ${LIBRARY} places REGEX "${BUILD}|${SYSROOT}")
+file(STRINGS ${LIBRARY} places REGEX "${BUILD}|${SOURCE}")
 expect("folders of the machine that built it" "${places}" "")
