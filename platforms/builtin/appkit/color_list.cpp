@@ -20,22 +20,12 @@ namespace {
 const Message lengthMessage{"length"};
 const Message colorSpaceNameMessage{"colorSpaceName"};
 
-using Entries = std::vector<ColorList::Entry>;
-
-Entries::iterator find(ColorList* list, const String* key) {
-    return std::find_if(list->entries.begin(), list->entries.end(),
-                        [key](const ColorList::Entry& entry) { return entry.key == key->text(); });
-}
-
 // Puts the colour in the place of the key's, or at the end.
-Entries::iterator put(ColorList* list, const String* key, Color* color) {
-    auto entry = find(list, key);
-    if (entry == list->entries.end()) {
-        entry = list->entries.emplace(list->entries.end());
-        entry->key = key->text();
-    }
-    entry->color = color;
-    return entry;
+ColorList::Entry* put(ColorList* list, std::u16string_view key, Color* color) {
+    const auto [entry, isNew] = list->colors.try_emplace(std::u16string(key));
+    entry->second = color;
+    if (isNew) list->entries.push_back(&*entry);
+    return &*entry;
 }
 
 // Paths, in UTF-8.
@@ -132,9 +122,7 @@ ColorList* systemList() {
         const CatalogColors colors = catalogColors();
         for (std::size_t index = 0; index < colors.count; ++index) {
             const std::string_view key = colors.colors[index].name;
-            ColorList::Entry& entry = made->entries.emplace_back();
-            entry.key.assign(key.begin(), key.end());
-            entry.color = colorOf(colors.colors[index]);
+            put(made, std::u16string(key.begin(), key.end()), colorOf(colors.colors[index]));
         }
         return made;
     }();
@@ -157,8 +145,8 @@ BOOL isEditable(ColorList* self, SEL) { return self->isEditable; }
 
 Array* allKeys(ColorList* self, SEL) {
     auto* const keys = autorelease(make<Array>());
-    for (const ColorList::Entry& entry : self->entries) {
-        keys->append(string(entry.key));
+    for (const ColorList::Entry* entry : self->entries) {
+        keys->append(string(entry->first));
     }
     return keys;
 }
@@ -166,8 +154,8 @@ Array* allKeys(ColorList* self, SEL) {
 Color* colorWithKey(ColorList* self, SEL, id keyObject) {
     const String* const key = argument<String>(keyObject, lengthMessage);
     if (!key) return nullptr;
-    const auto entry = find(self, key);
-    return entry == self->entries.end() ? nullptr : entry->color.get();
+    const auto entry = self->colors.find(std::u16string(key->text()));
+    return entry == self->colors.end() ? nullptr : entry->second.get();
 }
 
 // A key that the list has already is moved.
@@ -175,12 +163,13 @@ void insertColor(ColorList* self, SEL selector, id colorObject, id keyObject, st
     requireEditable(self, selector);
     Color* const color = requiredColor(colorObject, selector);
     const String* const key = requiredKey(keyObject, selector);
-    Entries& entries = self->entries;
+    auto& entries = self->entries;
     if (index > entries.size()) {
         raise(exceptionName::range, formatted("-[NSColorList %s]: index %zu beyond count %zu", sel_getName(selector),
                                               static_cast<std::size_t>(index), entries.size()));
     }
-    const auto entry = put(self, key, color);
+    ColorList::Entry* const placed = put(self, key->text(), color);
+    const auto entry = std::find(entries.rbegin(), entries.rend(), placed).base() - 1;
     const auto last = static_cast<std::ptrdiff_t>(entries.size()) - 1;
     const auto target = entries.begin() + std::min(static_cast<std::ptrdiff_t>(index), last);
     if (entry < target) std::rotate(entry, entry + 1, target + 1);
@@ -191,14 +180,16 @@ void setColor(ColorList* self, SEL selector, id colorObject, id keyObject) {
     requireEditable(self, selector);
     Color* const color = requiredColor(colorObject, selector);
     const String* const key = requiredKey(keyObject, selector);
-    put(self, key, color);
+    put(self, key->text(), color);
 }
 
 void removeColorWithKey(ColorList* self, SEL selector, id keyObject) {
     requireEditable(self, selector);
     const String* const key = requiredKey(keyObject, selector);
-    const auto entry = find(self, key);
-    if (entry != self->entries.end()) self->entries.erase(entry);
+    const auto entry = self->colors.find(std::u16string(key->text()));
+    if (entry == self->colors.end()) return;
+    self->entries.erase(std::find(self->entries.begin(), self->entries.end(), &*entry));
+    self->colors.erase(entry);
 }
 
 BOOL writeToFile(ColorList* self, SEL, id pathObject) {

@@ -4,6 +4,7 @@
 #include "appkit/color.h"
 
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace chroma::builtin {
@@ -11,13 +12,12 @@ namespace chroma::builtin {
 struct ColorList : Object {
     static ClassObject cls;
 
-    struct Entry {
-        std::u16string key;
-        Ref<Color> color;
-    };
+    using Colors = std::unordered_map<std::u16string, Ref<Color>>;
+    using Entry = Colors::value_type; // the key and its colour
 
     std::u16string name;
-    std::vector<Entry> entries; // no key twice
+    Colors colors;
+    std::vector<Entry*> entries; // those of `colors`, which stay where they are, in the list's order
     bool isEditable = true;
     std::string file; // where the list was last read from or written to, "" while it is only in memory
 };

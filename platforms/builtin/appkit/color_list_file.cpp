@@ -29,8 +29,8 @@ const char* standardNameOf(const SpaceDefinition& space) {
 class ListWriter {
 public:
     bool write(const ColorList::Entry& entry) {
-        const ColorContents& contents = entry.color->contents;
-        writeKey(entry.key, colors_);
+        const ColorContents& contents = entry.second->contents;
+        writeKey(entry.first, colors_);
         switch (contents.kind) {
         case Kind::components: writeComponents(contents); break;
         case Kind::catalog: colors_.append(" catalog System ").append(contents.catalogColor->name); break;
@@ -106,11 +106,14 @@ public:
     }
 
     bool color(LineReader line) {
+        std::u16string key;
         std::string_view form;
-        ColorList::Entry& entry = list_.entries.emplace_back();
+        if (!line.key(key) || !line.word(form)) return false;
+        const auto [entry, isNew] = list_.colors.try_emplace(std::move(key));
+        if (!isNew) return false;
+        list_.entries.push_back(&*entry);
         Color* const color = newColor({});
-        entry.color = color;
-        if (!line.key(entry.key) || !line.word(form)) return false;
+        entry->second = color;
         const bool isRead = form == "components" ? components(line, color->contents)
                             : form == "catalog"  ? catalog(line, color->contents)
                             : form == "pattern"  ? pattern(line, color->contents)
@@ -164,15 +167,6 @@ private:
     Array& spaces_;
 };
 
-bool hasKeyTwice(const ColorList& list) {
-    std::vector<std::u16string_view> keys;
-    for (const ColorList::Entry& entry : list.entries) {
-        keys.push_back(entry.key);
-    }
-    std::sort(keys.begin(), keys.end());
-    return std::adjacent_find(keys.begin(), keys.end()) != keys.end();
-}
-
 // Takes a line and its end off the text. False when there is no whole line.
 bool nextLine(std::string_view& text, std::string_view& line) {
     const std::size_t end = text.find('\n');
@@ -186,8 +180,8 @@ bool nextLine(std::string_view& text, std::string_view& line) {
 
 bool writeEntries(const ColorList& list, std::string& text) {
     ListWriter writer;
-    for (const ColorList::Entry& entry : list.entries) {
-        if (!writer.write(entry)) return false;
+    for (const ColorList::Entry* entry : list.entries) {
+        if (!writer.write(*entry)) return false;
     }
     writer.finish(list.entries.size(), text);
     return true;
@@ -205,8 +199,7 @@ bool readEntries(std::string_view text, ColorList& list) {
         } else {
             LineReader end(line);
             std::size_t count;
-            return end.keyword("end") && end.number(count) && end.isAtEnd() && text.empty() &&
-                   count == list.entries.size() && !hasKeyTwice(list);
+            return end.keyword("end") && end.number(count) && end.isAtEnd() && text.empty() && count == list.entries.size();
         }
     }
     return false;

@@ -33,7 +33,7 @@ Vector3 rgbFromXyz(const SpaceDefinition& space, const Vector3& xyz) {
     const Vector3 linear = space.fromXyz * xyz;
     Vector3 rgb;
     for (std::size_t index = 0; index < 3; ++index) {
-        rgb[index] = clip(space.curves[index].toEncoded(clip(linear[index])));
+        rgb[index] = clip(space.curves[index].toEncoded(linear[index]));
     }
     return rgb;
 }
@@ -85,7 +85,7 @@ bool convertChannels(const SpaceDefinition& from, const float* channels, const S
     if (!hasGray && isSameSpace(rgbSpaceOf(from), rgbSpaceOf(to))) {
         setRgb(to, rgbOf(from, source), target);
     } else if (to.model == ColorModel::gray) {
-        target[0] = clip(to.curves[0].toEncoded(clip(xyzOf(from, source)[1])));
+        target[0] = clip(to.curves[0].toEncoded(xyzOf(from, source)[1]));
     } else {
         setRgb(to, rgbFromXyz(rgbSpaceOf(to), xyzOf(from, source)), target);
     }
