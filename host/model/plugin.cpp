@@ -35,7 +35,11 @@ void loadPlugin(const std::string& path) {
 std::string bundledPlugin(const std::string& file) {
     std::error_code error;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? file : (program.parent_path().parent_path() / "lib" / file).string();
+    if (error) return file;
+    const std::filesystem::path folder = program.parent_path();
+    const std::filesystem::path installed = (folder / CHROMA_INSTALLED_LIBRARIES / file).lexically_normal();
+    if (std::filesystem::exists(installed, error)) return installed.string();
+    return (folder.parent_path() / "lib" / file).string(); // as they are built
 }
 
 } // namespace host

@@ -9,7 +9,8 @@ namespace host {
 // there is no such library, it has no REALPluginMain, or the host cannot take a class record, with one line for each of those.
 void loadPlugin(const std::string& path);
 
-// The path of a plugin library in the folder lib beside the running program's own.
+// The path of a plugin library in the folder of libraries that belongs to the running program's own, lib beside it unless
+// installed elsewhere.
 std::string bundledPlugin(const std::string& file);
 
 } // namespace host
