@@ -73,7 +73,7 @@ TEST_P(Data, TooLongForABlock) {
 }
 
 TEST_P(Data, UnlocksTheBlockWhenThePlatformThrows) {
-    native::failOn("NSData", "dataWithBytes:length:", true);
+    native::failOnClass("NSData", "dataWithBytes:length:");
     REALmemoryBlockStruct* const block = foreign::block("abc");
     auto convert = [&] { NewNSData(block); };
     EXPECT_NE(catchNative(convert), nullptr);

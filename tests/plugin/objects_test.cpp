@@ -111,7 +111,7 @@ TEST_F(Objects, ASiblingThatComesLateStaysUnknown) {
 
 TEST_F(Objects, ARetainThatThrowsLeavesNoHostObject) {
     startWith(true);
-    native::failOn("NSColor", "retain");
+    native::failOn(color, "retain");
     REALobjectStruct* result = nullptr;
     guarded([&] { result = NewNSColorZRX(color); });
     EXPECT_EQ(result, nullptr);
@@ -124,10 +124,10 @@ TEST_F(Objects, DestructorsTurnNativeExceptionsIntoHostExceptions) {
     startWith(true);
     REALobjectStruct* const object = NewNSColorZRX(color);
     const auto release = reinterpret_cast<void (*)(id, SEL)>(objc_msg_lookup(color, sel_registerName("release")));
-    native::failOn("NSColor", "release");
+    native::failOn(color, "release");
     foreign::unlock(object);
     EXPECT_EQ(raisedOne().message, "made to fail");
     EXPECT_EQ(entries(), 0);
-    native::replace(native::classNamed("NSColor"), "release", release);
+    native::replace(native::object_getClass(color), "release", release);
     native::tell<void>(color, "release");
 }

@@ -47,10 +47,9 @@ void raise(const char* name, const char* reason) {
     throwNative(tell(classNamed("NSException"), "exceptionWithName:reason:userInfo:", nameText, reasonText, id{}));
 }
 
-void failOn(const char* className, const char* selector, bool onClass) {
-    const id cls = classNamed(className);
-    replace(onClass ? object_getClass(cls) : cls, selector, failingMethod);
-}
+void failOn(id object, const char* selector) { replace(object_getClass(object), selector, failingMethod); }
+
+void failOnClass(const char* className, const char* selector) { failOn(classNamed(className), selector); }
 
 CFMutableDictionaryRef Sibling::registry() {
     static const CFMutableDictionaryRef dictionary = CFDictionaryCreateMutable(nullptr, 0, nullptr, nullptr);

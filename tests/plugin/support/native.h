@@ -7,6 +7,7 @@
 #include "platform/selectors.h"
 
 #include <string>
+#include <type_traits>
 
 namespace native {
 
@@ -37,14 +38,34 @@ std::string textOf(id string);
 // Throws a new autoreleased NSException.
 [[noreturn]] void raise(const char* name, const char* reason);
 
-// Lets the class answer the selector with `method`, a function of (id, SEL, ...).
-template <class Method>
-void replace(id cls, const char* selector, Method* method) {
-    class_replaceMethod(cls, sel_registerName(selector), reinterpret_cast<IMP>(method), "");
+// How the runtime writes a type down in a method's encoding.
+template <class T>
+constexpr char typeCode() {
+    if (std::is_void_v<T>) return 'v';
+    if (std::is_same_v<T, SEL>) return ':';
+    if (std::is_same_v<T, id>) return '@';
+    if (std::is_same_v<T, BOOL>) return 'C';
+    if (std::is_same_v<T, float>) return 'f';
+    if (std::is_same_v<T, double>) return 'd';
+    if (std::is_integral_v<T>) return std::is_signed_v<T> ? 'l' : 'L';
+    return '?'; // of pointers no one asks more
 }
 
-// Lets the instances of a class, or with `onClass` the class itself, raise an NSException instead of answering.
-void failOn(const char* className, const char* selector, bool onClass = false);
+// Lets the class itself answer the selector with `method`.
+template <class Result, class... Arguments>
+void replace(id cls, const char* selector, Result (*method)(Arguments...)) {
+    const char types[] = {typeCode<Result>(), typeCode<Arguments>()..., '\0'};
+    const auto implementation = reinterpret_cast<IMP>(method);
+    // Where the class only inherits the method, some runtimes would replace its parent's.
+    if (!class_addMethod(cls, sel_registerName(selector), implementation, types))
+        class_replaceMethod(cls, sel_registerName(selector), implementation, types);
+}
+
+// Lets the instances of the object's class raise an NSException instead of answering.
+void failOn(id object, const char* selector);
+
+// The same for a class's own answers.
+void failOnClass(const char* className, const char* selector);
 
 // What the sibling plugin adds to NSException: the registry, and host exceptions of class "NSExceptionZRX" whose "Message" is
 // the reason. It counts what it was asked.
