@@ -1,6 +1,14 @@
 # Runs a program in the host and fails when it leaves anything behind or prints something unexpected.
-# -DHOST=... -DPROGRAM=... [-DOPTIONS=...] [-DEXPECTED=file with the output]
-execute_process(COMMAND ${HOST} run --check-leaks ${OPTIONS} ${PROGRAM} OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
+# -DHOST=... -DPROGRAM=... [-DOPTIONS=...] [-DEXPECTED=file with the output] [-DENDS_IN=pattern of the exception that ends it]
+execute_process(COMMAND ${HOST} run --check-leaks ${OPTIONS} ${PROGRAM} OUTPUT_VARIABLE output ERROR_VARIABLE errors
+                RESULT_VARIABLE result)
+if(ENDS_IN)
+    if(result EQUAL 0 OR NOT errors MATCHES "uncaught .*${ENDS_IN}")
+        message(FATAL_ERROR "expected to end in: ${ENDS_IN}\nended with ${result}:\n${errors}")
+    endif()
+elseif(NOT result EQUAL 0)
+    message(FATAL_ERROR "ended with ${result}:\n${errors}")
+endif()
 if(EXPECTED)
     file(READ ${EXPECTED} expected)
     if(NOT output STREQUAL expected)
