@@ -1,5 +1,5 @@
-# Builds for macOS on another system: clang, LLVM's tools, headers of a C library that is not the system's own, and link-time lists of
-# the system's libraries.
+# Builds for macOS on another system: clang, LLVM's tools, the headers of another C library, and link-time lists of the system's
+# libraries.
 set(CMAKE_SYSTEM_NAME Darwin)
 find_program(CMAKE_C_COMPILER clang REQUIRED)
 find_program(CMAKE_CXX_COMPILER clang++ REQUIRED)

@@ -1,5 +1,5 @@
-// The guard of runtimes whose native exceptions unwind the stack. Destructors run there; the rule of guard.h holds all the same, since
-// the same code also runs where they do not.
+// The guard of runtimes whose native exceptions unwind the stack. Destructors run there; the rule of guard.h holds all the same,
+// since the same code also runs where they do not.
 #include "platform/guard.h"
 #include "platform/selectors.h"
 
