@@ -2,6 +2,7 @@
 #include "swatches/picture.h"
 
 #include <cairo.h>
+#include <fontconfig/fontconfig.h>
 
 #include <cmath>
 #include <memory>
@@ -83,7 +84,7 @@ void draw(cairo_t* cairo, const Label& label) {
 
 void writePNG(const Picture& picture, const std::string& file) {
     const auto pixels = [](double length) { return static_cast<int>(std::ceil(length * scale)); };
-    const std::unique_ptr<cairo_surface_t, Release> surface(
+    std::unique_ptr<cairo_surface_t, Release> surface(
         cairo_image_surface_create(CAIRO_FORMAT_ARGB32, pixels(picture.width), pixels(picture.height)));
     {
         const std::unique_ptr<cairo_t, Release> cairo(cairo_create(surface.get()));
@@ -94,6 +95,9 @@ void writePNG(const Picture& picture, const std::string& file) {
             throw std::runtime_error(file + ": " + cairo_status_to_string(cairo_status(cairo.get())));
     }
     const cairo_status_t status = cairo_surface_write_to_png(surface.get(), file.c_str());
+    surface.reset();
+    cairo_debug_reset_static_data(); // the fonts that are kept for a next picture
+    FcFini();
     if (status != CAIRO_STATUS_SUCCESS) throw std::runtime_error(file + ": " + cairo_status_to_string(status));
 }
 
