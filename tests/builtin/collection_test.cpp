@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <sys/stat.h>
 
 using namespace chroma;
 using namespace chroma::test;
@@ -37,6 +38,9 @@ TEST(Data, ReadsWholeFilesOrNothing) {
     std::remove(path.c_str());
     EXPECT_EQ(sendClass("NSData", "dataWithContentsOfFile:", string(path)), nullptr);
     EXPECT_EQ(sendClass("NSData", "dataWithContentsOfFile:", string(testing::TempDir())), nullptr) << "a folder";
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    EXPECT_EQ(sendClass("NSData", "dataWithContentsOfFile:", string(path)), nullptr) << "a pipe";
+    std::remove(path.c_str());
     EXPECT_EQ(sendClass("NSData", "dataWithContentsOfFile:", id{}), nullptr);
 }
 

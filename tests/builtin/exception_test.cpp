@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <future>
 #include <thread>
 
 using namespace chroma;
@@ -71,10 +72,25 @@ TEST(Exceptions, AnyObjectCanBeThrownAndMatchedByClass) {
 
 TEST(Exceptions, EachThreadHasItsOwnGuards) {
     const Pool pool;
-    const id exception = exceptionNamed("A", "a");
-    const id thrown =
-        caught([&] { std::thread([&] { EXPECT_EQ(caught([&] { objc_exception_throw(exception); }), exception); }).join(); });
-    EXPECT_EQ(thrown, nullptr);
+    const id here = exceptionNamed("A", "a"), there = exceptionNamed("B", "b");
+    std::promise<void> isGuarded, isCaught;
+    id caughtThere = nullptr;
+    std::thread other([&] {
+        caughtThere = caught([&] {
+            isGuarded.set_value();
+            isCaught.get_future().wait();
+            objc_exception_throw(there);
+        });
+    });
+    // The other thread's guard is the latest that was opened while this thread throws.
+    const id caughtHere = caught([&] {
+        isGuarded.get_future().wait();
+        objc_exception_throw(here);
+    });
+    isCaught.set_value();
+    other.join();
+    EXPECT_EQ(caughtHere, here);
+    EXPECT_EQ(caughtThere, there);
 }
 
 TEST(ExceptionsDeathTest, UncaughtOnesEndTheProcessWithALine) {

@@ -216,7 +216,9 @@ TEST_F(ColorLists, AreSavedUnderTheirNameWhereNoFileIsNamed) {
     EXPECT_TRUE(fs::exists(folder / "Caf\xC3\xA9.clr")) << "a list removes its own file only";
     send<void>(list, "removeFile");
     EXPECT_EQ(fileCount(), 0);
+    ASSERT_TRUE(write(found, folder));
     send<void>(list, "removeFile");
+    EXPECT_EQ(fileCount(), 1) << "a list removes its file once";
 
     for (const char* const name : {"../outside", "", "a/b"}) {
         EXPECT_FALSE(send<BOOL>(newList(name), "writeToFile:", id{})) << name;

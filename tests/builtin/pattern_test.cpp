@@ -60,8 +60,9 @@ TEST(Patterns, AreNothingButPatterns) {
 TEST(Pasteboard, KeepsTheLatestColorOfAnyKind) {
     Pool pool;
     EXPECT_EQ(pasted(), nullptr);
-    for (const id color : {calibratedRGB(0.1f, 2, -1, 0.5f), sendClass("NSColor", "textColor"), patternOf(image(8, 8)),
-                           colorIn(standardSpace("genericCMYKColorSpace"), {0.1f, 0.2f, 0.3f, 0.4f, 0.5f})}) {
+    for (const id color :
+         {calibratedRGB(0.1f, 2, -1, 0.5f), sendClass("NSColor", "textColor"),
+          colorIn(standardSpace("genericCMYKColorSpace"), {0.1f, 0.2f, 0.3f, 0.4f, 0.5f}), patternOf(image(8, 8))}) {
         send<void>(color, "writeToPasteboard:", pasteboard());
         EXPECT_TRUE(send<BOOL>(pasted(), "isEqual:", color));
     }

@@ -67,7 +67,7 @@ void syncFolder(const std::string& path) {
 } // namespace
 
 bool readFile(const char* path, std::vector<std::uint8_t>& contents) {
-    const File file(open(path, O_RDONLY | O_CLOEXEC));
+    const File file(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // a pipe without a writer would wait for one
     struct stat status;
     if (!file.isOpen() || fstat(file.descriptor(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
     std::uint8_t chunk[16384];

@@ -33,7 +33,7 @@ Class object_getClass(id object);     // nil for nil
 const char* object_getClassName(id object);
 
 // Makes a class that inherits everything from `superclass`, with `extraBytes` of zeroed room behind its instances. nil when the
-// name is taken. The class can be found by name once it has been registered. Classes are never freed.
+// name is taken or the superclass is nil. The class can be found by name once it has been registered. Classes are never freed.
 Class objc_allocateClassPair(Class superclass, const char* name, std::size_t extraBytes);
 void objc_registerClassPair(Class cls);
 
