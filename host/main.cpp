@@ -7,6 +7,7 @@
 #include "model/leaks.h"
 #include "model/plugin.h"
 #include "model/record_listing.h"
+#include "repl/repl.h"
 
 #include <CLI/CLI.hpp>
 
@@ -51,6 +52,17 @@ int run(const Options& options) {
     return leaked;
 }
 
+int check(const Options& options) {
+    start(options, !options.noSibling);
+    return host::language::checkFile(options.program);
+}
+
+int prompt(const Options& options) {
+    start(options, !options.noSibling);
+    host::repl::runPrompt();
+    return success;
+}
+
 int records(const Options& options) {
     start(options, false); // whose records are another plugin's
     if (options.json) {
@@ -88,6 +100,11 @@ int main(int argc, char** argv) {
     runCommand->add_flag("--no-sibling", options.noSibling,
                          "Leave the sibling plugin out, which has NSExceptionZRX, NSImageZRX and the instance registry");
     runCommand->add_flag("--check-leaks", options.checkLeaks, "Fail when host objects or strings are left at the end");
+    CLI::App* const checkCommand = app.add_subcommand("check", "Report all errors in a program without running it");
+    checkCommand->add_option("FILE", options.program, "The program")->required();
+    checkCommand->add_flag("--no-sibling", options.noSibling, "Leave the sibling plugin out");
+    CLI::App* const promptCommand = app.add_subcommand("repl", "Run statements as they are typed, and show values");
+    promptCommand->add_flag("--no-sibling", options.noSibling, "Leave the sibling plugin out");
     CLI::App* const recordsCommand = app.add_subcommand("records", "List the class records as the host received them");
     recordsCommand->add_flag("--json", options.json, "As JSON");
 
@@ -108,6 +125,8 @@ int main(int argc, char** argv) {
             start(options, true);
             return host::commands::swatches(drawing);
         }
+        if (checkCommand->parsed()) return check(options);
+        if (promptCommand->parsed()) return prompt(options);
         return runCommand->parsed() ? run(options) : records(options);
     } catch (const CLI::CallForHelp& help) {
         return app.exit(help);

@@ -1,5 +1,6 @@
 #include "language/bound_calls.h"
 
+#include "language/argument_passing.h"
 #include "language/places.h"
 
 #include "model/arrays.h"
@@ -43,91 +44,18 @@ private:
 
 using Slots = std::array<Slot, maximumArguments>;
 
-// Arguments none of which is an element by reference.
-class Values {
-public:
-    explicit Values(std::vector<ArgumentCode> arguments) {
-        for (ArgumentCode& argument : arguments)
-            codes_.push_back(std::move(argument.value));
-    }
-
-    Slot pass(Frame& frame, const Callee& callee, Slots& slots, std::size_t first) const {
-        for (std::size_t i = 0; i < codes_.size(); ++i)
-            slots[first + i] = codes_[i]->evaluate(frame);
-        const Slot result = callee.run(frame, slots.data());
-        checkPending(callee.offset());
-        return result;
-    }
-
-private:
-    std::vector<CodePtr> codes_;
-};
-
-// An element while it is passed by reference.
-struct ElementCopy {
-    ElementCopy() = default;
-    ElementCopy(const ElementCopy&) = delete;
-    ElementCopy& operator=(const ElementCopy&) = delete;
-    ~ElementCopy() { unlock(counting, value); }
-
-    Array* array = nullptr; // kept by the frame; null: not an element
-    HostInteger index = 0;
-    Counting counting = Counting::none;
-    Slot value;
-};
-
-class ValuesAndElements {
-public:
-    explicit ValuesAndElements(std::vector<ArgumentCode> arguments) : arguments_(std::move(arguments)) {}
-
-    Slot pass(Frame& frame, const Callee& callee, Slots& slots, std::size_t first) const {
-        std::array<ElementCopy, maximumArguments> copies;
-        for (std::size_t i = 0; i < arguments_.size(); ++i) {
-            const ArgumentCode& argument = arguments_[i];
-            slots[first + i] = argument.value ? argument.value->evaluate(frame) : copyIn(frame, argument, copies[i], callee);
-        }
-        const Slot result = callee.run(frame, slots.data());
-        for (const ElementCopy& copy : copies)
-            if (copy.array && inBounds(copy.array, copy.index)) setElement(copy.array, copy.index, copy.value);
-        checkPending(callee.offset());
-        return result;
-    }
-
-private:
-    static Slot copyIn(Frame& frame, const ArgumentCode& argument, ElementCopy& copy, const Callee& callee) {
-        Array* const array = requireArray(argument.array->evaluate(frame).object, callee.offset());
-        copy.index = argument.index->evaluate(frame).integer;
-        requireIndex(array, copy.index, callee.offset());
-        copy.value = elementAt(array, copy.index);
-        copy.counting = argument.counting;
-        lock(copy.counting, copy.value);
-        copy.array = array;
-        return Slot::ofReference(&copy.value);
-    }
-
-    std::vector<ArgumentCode> arguments_;
-};
-
-// Gives `make` the arguments in the form that suits them.
-template <class Make>
-CodePtr withArguments(std::vector<ArgumentCode> arguments, Make make) {
-    for (const ArgumentCode& argument : arguments)
-        if (!argument.value) return make(ValuesAndElements(std::move(arguments)));
-    return make(Values(std::move(arguments)));
-}
-
 CodePtr call(const Callee& callee, bool shared, CodePtr receiver, std::vector<ArgumentCode> arguments) {
     return withArguments(std::move(arguments), [&](auto passing) {
         if (shared) {
             return makeCode([callee, passing = std::move(passing)](Frame& frame) {
                 Slots slots;
-                return passing.pass(frame, callee, slots, 0);
+                return passing.pass(frame, callee, slots.data(), 0);
             });
         }
         return makeCode([callee, receiver = std::move(receiver), passing = std::move(passing)](Frame& frame) {
             Slots slots;
             slots[0] = Slot::ofObject(requireObject(receiver->evaluate(frame).object, callee.offset()));
-            return passing.pass(frame, callee, slots, 1);
+            return passing.pass(frame, callee, slots.data(), 1);
         });
     });
 }
@@ -157,7 +85,7 @@ CodePtr makeObject(ClassInfo& info, const Method* constructor, std::vector<Argum
         return makeCode([newInFrame, callee, passing = std::move(passing)](Frame& frame) {
             Slots slots;
             const Slot object = slots[0] = newInFrame(frame);
-            passing.pass(frame, callee, slots, 1);
+            passing.pass(frame, callee, slots.data(), 1);
             return object;
         });
     });

@@ -9,12 +9,16 @@
 
 #include "model/resolve.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace host::language {
 namespace {
 
 using syntax::Name;
 
 constexpr std::string_view upperBoundName = "UBound";
+constexpr std::string_view newArrayName = "Array";
 
 const Type integerType = {Kind::Integer, false, {}};
 
@@ -28,6 +32,15 @@ std::vector<Argument> described(const std::vector<Operand>& operands) {
     for (const Operand& operand : operands)
         arguments.push_back({operand.type(), operand.isAssignable()});
     return arguments;
+}
+
+// The type that takes values of both; Void stands for none yet.
+Type united(const Type& a, const Type& b) {
+    const Type variant = {Kind::Variant, false, {}};
+    if (a.kind == Kind::Void) return b;
+    if (a == variant || b == variant) return variant;
+    if (implicitConversion(b, a)) return a;
+    return implicitConversion(a, b) ? b : variant;
 }
 
 [[noreturn]] void failUnknownMember(const ClassInfo& info, const Name& name) {
@@ -57,9 +70,12 @@ ClassInfo* ExpressionChecker::classNamedBy(const syntax::Expression& expression)
 void ExpressionChecker::failUnknownName(std::string_view name, Offset offset, bool called) const {
     NearestName nearest(name);
     if (!called) scopes_.offerNames(nearest);
+    for (const auto& entry : procedures_.visible())
+        nearest.offer(entry.first);
     for (const Method& method : functions())
         nearest.offer(method.signature.name);
     nearest.offer(upperBoundName);
+    nearest.offer(newArrayName);
     if (called) scopes_.offerNames(nearest);
     for (const auto& info : registry().classes())
         nearest.offer(info->name());
@@ -68,10 +84,45 @@ void ExpressionChecker::failUnknownName(std::string_view name, Offset offset, bo
 }
 
 Operand ExpressionChecker::function(std::string_view name, const Arguments& arguments, Offset offset) {
+    if (const OverloadSet own = procedures_.find(name); !own.empty()) return callProcedure(own, arguments, offset);
     if (equalIgnoringCase(name, upperBoundName)) return upperBound(arguments, offset);
+    if (equalIgnoringCase(name, newArrayName)) return newArray(arguments, std::nullopt);
     const OverloadSet overloads = findFunctions(name);
     if (overloads.empty()) failUnknownName(name, offset, !arguments.empty());
     return callOne(overloads.front()->signature.name, overloads, nullptr, &arguments, offset);
+}
+
+Operand ExpressionChecker::callProcedure(const OverloadSet& overloads, const Arguments& arguments, Offset offset) {
+    Operands values = operands(arguments);
+    const Resolution resolution = resolveCall(overloads.front()->signature.name, overloads, described(values));
+    if (!resolution.method) failCheck(offset, resolution.error);
+    const auto& procedure = static_cast<const Procedure&>(*resolution.method);
+    std::vector<ArgumentCode> bound = bind(resolution, std::move(values), offset);
+    return Operand::result(procedure.signature.result, language::callProcedure(procedure, std::move(bound), offset));
+}
+
+bool ExpressionChecker::makesArray(const syntax::Expression& expression) const {
+    const auto* const call = std::get_if<syntax::Call>(&expression.form);
+    const auto* const callee = call ? std::get_if<syntax::Reference>(&call->callee->form) : nullptr;
+    return callee && equalIgnoringCase(callee->name, newArrayName) && !scopes_.find(callee->name) &&
+           procedures_.find(callee->name).empty();
+}
+
+// Without an element type, the one that takes the values of all the others.
+Operand ExpressionChecker::newArray(const Arguments& elements, const std::optional<Type>& elementType) {
+    std::vector<Value> values;
+    Type common = elementType.value_or(Type());
+    for (const syntax::ExpressionPtr& element : elements) {
+        values.push_back(value(*element));
+        const Type& type = values.back().type;
+        if (type.isArray) failCheck(element->offset, "there are no arrays of arrays");
+        if (!elementType) common = united(common, type);
+    }
+    if (common.kind == Kind::Void || common.isNil()) common = {Kind::Variant, false, {}};
+    std::vector<CodePtr> codes;
+    for (std::size_t i = 0; i < values.size(); ++i)
+        codes.push_back(convert(std::move(values[i].code), values[i].type, common, elements[i]->offset));
+    return Operand::result(common.arrayOf(), makeArrayOf(common, std::move(codes)));
 }
 
 Operand ExpressionChecker::upperBound(const Arguments& arguments, Offset offset) {
@@ -79,6 +130,14 @@ Operand ExpressionChecker::upperBound(const Arguments& arguments, Offset offset)
     Value array = value(*arguments.front());
     if (!array.type.isArray) failCheck(arguments.front()->offset, "this is of type " + nameOf(array.type) + ", no array");
     return Operand::result(integerType, upperBoundOf(std::move(array.code), offset));
+}
+
+Operand ExpressionChecker::plainConversion(const Type& type, const Arguments& arguments, Offset offset) {
+    if (arguments.size() != 1) failCheck(offset, "a conversion to " + nameOf(type) + " takes one value");
+    Value found = value(*arguments.front());
+    const bool asText = type.kind == Kind::String && (found.type.isArray || found.type.kind != Kind::Variant);
+    return Operand::computed(type, asText ? text(std::move(found))
+                                          : convert(std::move(found.code), found.type, type, arguments.front()->offset));
 }
 
 Operand ExpressionChecker::cast(const ClassInfo& info, const Arguments& arguments, Offset offset) {
@@ -103,6 +162,8 @@ Operand ExpressionChecker::form(const syntax::Call& call, Offset offset) {
     if (const auto* const reference = std::get_if<syntax::Reference>(&call.callee->form)) {
         if (!scopes_.find(reference->name)) {
             const ClassInfo* const info = registry().find(reference->name);
+            const Type plain = typeNamed(reference->name);
+            if (plain.kind != Kind::Object) return plainConversion(plain, call.arguments, offset);
             return info ? cast(*info, call.arguments, offset) : function(reference->name, call.arguments, offset);
         }
     }
@@ -161,16 +222,46 @@ Operand ExpressionChecker::objectMember(ClassInfo& info, CodePtr object, const N
 }
 
 Operand ExpressionChecker::arrayMember(Value array, const Name& name, const Arguments* arguments) {
-    const Type elementType = array.type.element();
-    if (!equalIgnoringCase(name.text, "Append") && !equalIgnoringCase(name.text, "Add")) {
+    enum class Change { append, insert, remove, count };
+    struct ArrayMember {
+        const char* name;
+        Change action;
+        std::size_t arguments;
+    };
+    static constexpr ArrayMember members[] = {{"Append", Change::append, 1},
+                                              {"Add", Change::append, 1},
+                                              {"Insert", Change::insert, 2},
+                                              {"Remove", Change::remove, 1},
+                                              {"Count", Change::count, 0}};
+    const ArrayMember* const found = std::find_if(std::begin(members), std::end(members), [&](const ArrayMember& member) {
+        return equalIgnoringCase(name.text, member.name);
+    });
+    if (found == std::end(members)) {
         NearestName nearest(name.text);
-        nearest.offer("Append");
-        nearest.offer("Add");
+        for (const ArrayMember& member : members)
+            nearest.offer(member.name);
         failCheck(name.offset, "an array has no member " + quoted(name.text) + nearest.suggestion());
     }
-    if (!arguments || arguments->size() != 1) failCheck(name.offset, quoted(name.text) + " takes one element");
-    CodePtr added = valueAs(*arguments->front(), elementType);
-    return Operand::result({}, appendToArray(std::move(array.code), std::move(added), name.offset));
+    if ((arguments ? arguments->size() : 0) != found->arguments) {
+        static constexpr const char* wanted[] = {"one element", "an index and an element", "one index", "no arguments"};
+        failCheck(name.offset, quoted(name.text) + " takes " + wanted[static_cast<std::size_t>(found->action)]);
+    }
+    const Type elementType = array.type.element();
+    const auto argument = [&](std::size_t index, const Type& type) { return valueAs(*(*arguments)[index], type); };
+    const Offset offset = name.offset;
+    switch (found->action) {
+    case Change::append: return Operand::result({}, appendToArray(std::move(array.code), argument(0, elementType), offset));
+    case Change::insert: {
+        CodePtr index = argument(0, integerType);
+        return Operand::result({},
+                               insertIntoArray(std::move(array.code), std::move(index), argument(1, elementType), offset));
+    }
+    case Change::remove:
+        return Operand::result({}, removeFromArray(std::move(array.code), argument(0, integerType), offset));
+    case Change::count: break;
+    }
+    return Operand::computed(integerType, transform(upperBoundOf(std::move(array.code), offset),
+                                                    [](Slot bound) { return Slot::ofInteger(bound.integer + 1); }));
 }
 
 Operand ExpressionChecker::element(Value array, const Arguments& arguments, Offset offset) {

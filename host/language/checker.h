@@ -1,15 +1,49 @@
-// Checks a whole program and turns it into code.
+// Checks programs and turns them into code.
 #pragma once
 
 #include "language/code.h"
 #include "language/diagnostics.h"
+#include "language/frame.h"
+#include "language/parser.h"
+#include "language/procedures.h"
+#include "language/scopes.h"
 #include "language/syntax.h"
 
-#include <optional>
+#include <memory>
 
 namespace host::language {
 
-// None when there are errors, which the diagnostics then hold. The classes in use must outlive the program.
-std::optional<Program> check(const syntax::Block& block, Diagnostics& diagnostics);
+class StatementChecker;
+
+// Checks a program, at once or, at a prompt, piece by piece. It keeps what is declared, and must outlive the code that it makes,
+// as must the classes in use.
+class Checker {
+public:
+    explicit Checker(ParseMode mode);
+    ~Checker();
+    Checker(const Checker&) = delete;
+    Checker& operator=(const Checker&) = delete;
+
+    // The code of the statements. With errors, which go to the diagnostics, it is null and nothing of them stays declared.
+    ActionPtr check(const syntax::Block& block, Diagnostics& diagnostics);
+
+    // The variables of the program that carry references, in order of declaration. To be asked when all is checked.
+    std::vector<ScopeVariable> endProgram() { return scopes_.close(); }
+
+    // The type of an expression, or the class that a name means; Void when it is neither.
+    struct Meaning {
+        Type type;
+        ClassInfo* namedClass = nullptr; // null: a value
+    };
+    Meaning meaningOf(const syntax::Expression& expression);
+
+    const Scopes& scopes() const { return scopes_; }
+    const Procedures& procedures() const { return procedures_; }
+
+private:
+    ParseMode mode_;
+    Scopes scopes_;
+    Procedures procedures_;
+};
 
 } // namespace host::language

@@ -5,7 +5,9 @@
 #include "model/types.h"
 #include "model/values.h"
 
+#include <cstdint>
 #include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -22,10 +24,19 @@ public:
 };
 using CodePtr = std::unique_ptr<Code>;
 
+// How an action ends: normally, or by a statement that leaves what is around it.
+struct Completion {
+    enum class Kind : std::uint8_t { normal, exitLoop, continueLoop, leaveProcedure };
+    Kind kind = Kind::normal;
+    std::uint16_t loop = 0; // of the first two kinds of leaving: how many loops are around the loop's body, itself included
+
+    bool isNormal() const { return kind == Kind::normal; }
+};
+
 class Action {
 public:
     virtual ~Action() = default;
-    virtual void execute(Frame& frame) const = 0; // throws Raised
+    virtual Completion execute(Frame& frame) const = 0; // throws Raised and Interrupted
 };
 using ActionPtr = std::unique_ptr<Action>;
 using Actions = std::vector<ActionPtr>;
@@ -44,13 +55,20 @@ CodePtr makeCode(Function function) {
     return std::make_unique<Closure>(std::move(function));
 }
 
-// An action from a closure (Frame&) -> void.
+// An action from a closure (Frame&) -> void, which ends normally, or (Frame&) -> Completion.
 template <class Function>
 ActionPtr makeAction(Function function) {
     class Closure final : public Action {
     public:
         explicit Closure(Function&& f) : function_(std::move(f)) {}
-        void execute(Frame& frame) const override { function_(frame); }
+        Completion execute(Frame& frame) const override {
+            if constexpr (std::is_void_v<decltype(function_(frame))>) {
+                function_(frame);
+                return {};
+            } else {
+                return function_(frame);
+            }
+        }
 
     private:
         Function function_;
@@ -73,10 +91,5 @@ template <class Function>
 CodePtr transform(CodePtr operand, Function function) {
     return makeCode([operand = std::move(operand), function](Frame& frame) { return function(operand->evaluate(frame)); });
 }
-
-struct Program {
-    ActionPtr body;
-    std::size_t variableCount = 0;
-};
 
 } // namespace host::language

@@ -1,5 +1,6 @@
 #include "language/control_flow.h"
 
+#include "language/limits.h"
 #include "language/places.h"
 
 #include "model/arrays.h"
@@ -60,22 +61,35 @@ bool advance(double& value, double step) {
     return true;
 }
 
+// Runs a loop's body once. Whether the loop goes on; `completion` is how it ends otherwise.
+bool runOnce(Frame& frame, const LoopBody& loop, Completion& completion) {
+    checkInterrupt(loop.offset);
+    completion = loop.body->execute(frame);
+    const bool own =
+        !completion.isNormal() && completion.kind != Completion::Kind::leaveProcedure && completion.loop == loop.depth;
+    const bool goesOn = completion.isNormal() || (own && completion.kind == Completion::Kind::continueLoop);
+    if (own) completion = {};
+    return goesOn;
+}
+
 // `member` is the part of a slot that holds the loop's numbers.
 template <class Number>
-ActionPtr countingLoop(ForLoop loop, Number Slot::*member) {
-    return makeAction([loop = std::move(loop), member](Frame& frame) {
+ActionPtr countingLoop(ForLoop form, Number Slot::*member) {
+    return makeAction([loop = std::move(form), member](Frame& frame) {
+        Completion completion;
         Number value = loop.first->evaluate(frame).*member;
         const Number last = loop.last->evaluate(frame).*member;
         Number step = loop.step ? loop.step->evaluate(frame).*member : Number(1);
-        if (step == Number(0)) throwNew(loop.offset, "RuntimeException", "The step of a loop cannot be 0.");
+        if (step == Number(0)) throwNew(loop.loop.offset, "RuntimeException", "The step of a loop cannot be 0.");
         if (loop.down) step = opposite(step);
         Slot& variable = frame.variable(loop.variable);
         variable = Slot();
         for (variable.*member = value; step > Number(0) ? value <= last : value >= last; variable.*member = value) {
-            loop.body->execute(frame);
+            if (!runOnce(frame, loop.loop, completion)) break;
             value = variable.*member;
             if (!advance(value, step)) break;
         }
+        return completion;
     });
 }
 
@@ -84,11 +98,12 @@ ActionPtr countingLoop(ForLoop loop, Number Slot::*member) {
 ActionPtr step(ActionPtr action, bool pool, Offset offset) {
     if (pool) {
         return makeAction([action = std::move(action), offset](Frame& frame) {
-            runPooled(frame, offset, [&] { action->execute(frame); });
+            return runPooled(frame, offset, [&] { return action->execute(frame); });
         });
     }
-    return makeAction(
-        [action = std::move(action), offset](Frame& frame) { runKeeping(frame, offset, [&] { action->execute(frame); }); });
+    return makeAction([action = std::move(action), offset](Frame& frame) {
+        return runKeeping(frame, offset, [&] { return action->execute(frame); });
+    });
 }
 
 CodePtr step(CodePtr value, bool pool, Offset offset) {
@@ -105,19 +120,22 @@ CodePtr step(CodePtr value, bool pool, Offset offset) {
 ActionPtr sequence(Actions actions) {
     if (actions.size() == 1) return std::move(actions.front());
     return makeAction([actions = std::move(actions)](Frame& frame) {
-        for (const ActionPtr& action : actions)
-            action->execute(frame);
+        for (const ActionPtr& action : actions) {
+            const Completion completion = action->execute(frame);
+            if (!completion.isNormal()) return completion;
+        }
+        return Completion();
     });
 }
 
 ActionPtr scope(ActionPtr body, std::vector<ScopeVariable> variables, Offset offset) {
     if (variables.empty()) return body;
     return makeAction([body = std::move(body), variables = std::move(variables), offset](Frame& frame) {
-        withEnd(
-            offset, [&] { body->execute(frame); },
+        return withEnd(
+            offset, [&] { return body->execute(frame); },
             [&] {
                 for (auto variable = variables.rbegin(); variable != variables.rend(); ++variable)
-                    store(frame, variable->index, variable->counting, Slot());
+                    store(frame, variable->place, variable->counting, Slot());
             });
     });
 }
@@ -128,29 +146,56 @@ ActionPtr branches(std::vector<Branch> list) {
             if (branch.condition && branch.condition->evaluate(frame).boolean == 0) continue;
             return branch.body->execute(frame);
         }
+        return Completion();
     });
 }
 
-ActionPtr whileLoop(CodePtr condition, ActionPtr body) {
-    return makeAction([condition = std::move(condition), body = std::move(body)](Frame& frame) {
-        while (condition->evaluate(frame).boolean != 0)
-            body->execute(frame);
+ActionPtr conditionLoop(CodePtr before, CodePtr after, LoopBody loop) {
+    return makeAction([before = std::move(before), after = std::move(after), loop = std::move(loop)](Frame& frame) {
+        Completion completion;
+        while (!before || before->evaluate(frame).boolean != 0) {
+            if (!runOnce(frame, loop, completion)) break;
+            if (after && after->evaluate(frame).boolean == 0) break;
+        }
+        return completion;
     });
 }
 
-ActionPtr forLoop(ForLoop loop) {
-    return loop.kind == Kind::Integer ? countingLoop(std::move(loop), &Slot::integer)
-                                      : countingLoop(std::move(loop), &Slot::real);
+ActionPtr forLoop(ForLoop form) {
+    return form.kind == Kind::Integer ? countingLoop(std::move(form), &Slot::integer)
+                                      : countingLoop(std::move(form), &Slot::real);
 }
 
-ActionPtr forEachLoop(std::size_t array, std::size_t index, ActionPtr assign, ActionPtr body, Offset offset) {
-    return makeAction([array, index, assign = std::move(assign), body = std::move(body), offset](Frame& frame) {
-        const Array* const elements = requireArray(frame.variable(array).object, offset);
+ActionPtr forEachLoop(VariablePlace array, VariablePlace index, ActionPtr assign, LoopBody loop) {
+    return makeAction([array, index, assign = std::move(assign), loop = std::move(loop)](Frame& frame) {
+        Completion completion;
+        const Array* const elements = requireArray(frame.variable(array).object, loop.offset);
         for (HostInteger i = 0; inBounds(elements, i); ++i) {
             frame.variable(index) = Slot::ofInteger(i);
             assign->execute(frame);
-            body->execute(frame);
+            if (!runOnce(frame, loop, completion)) break;
         }
+        return completion;
+    });
+}
+
+ActionPtr leave(Completion completion) {
+    return makeAction([completion](Frame&) { return completion; });
+}
+
+ActionPtr returnValue(CodePtr value) {
+    return makeAction([value = std::move(value)](Frame& frame) {
+        frame.setResult(value->evaluate(frame));
+        return Completion{Completion::Kind::leaveProcedure, 0};
+    });
+}
+
+ActionPtr raiseException(CodePtr exception, Offset offset) {
+    return makeAction([exception = std::move(exception), offset](Frame& frame) {
+        Object* const raised = exception->evaluate(frame).object;
+        if (!raised) throwNew(offset, "NilObjectException", "Nil cannot be raised.");
+        lock(raised);
+        throw Raised(raised, offset);
     });
 }
 
@@ -168,17 +213,21 @@ ActionPtr tryBlock(ActionPtr body, std::vector<Handler> handlers, ActionPtr fina
             }
             if (!chosen) throw;
         }
-        chosen->body->execute(frame);
+        return chosen->body->execute(frame);
     });
     if (!finally) return guarded;
     return makeAction([guarded = std::move(guarded), finally = std::move(finally)](Frame& frame) {
         std::optional<Raised> raised;
+        Completion completion;
         try {
-            guarded->execute(frame);
+            completion = guarded->execute(frame);
         } catch (const Raised& caught) {
             raised.emplace(caught);
-        } finally->execute(frame);
+        }
+        const Completion last = finally->execute(frame);
+        if (!last.isNormal()) return last;
         if (raised) throw Raised(*raised);
+        return completion;
     });
 }
 
@@ -187,7 +236,14 @@ ActionPtr print(std::vector<CodePtr> texts) {
         std::string line;
         for (std::size_t i = 0; i < texts.size(); ++i)
             line.append(i == 0 ? "" : " ").append(utf8Of(texts[i]->evaluate(frame).string));
-        frame.output() << line << '\n';
+        frame.execution().output << line << '\n';
+    });
+}
+
+ActionPtr present(CodePtr value, const Type& type) {
+    return makeAction([value = std::move(value), type](Frame& frame) {
+        const Slot result = value->evaluate(frame);
+        if (Presenter* const presenter = frame.execution().presenter) presenter->present(type, result);
     });
 }
 

@@ -18,7 +18,7 @@ ActionPtr sequence(Actions actions);
 
 // The variables of a block that carry references: at its end, however it ends, the last declared is released first.
 struct ScopeVariable {
-    std::size_t index;
+    VariablePlace place;
     Counting counting;
 };
 ActionPtr scope(ActionPtr body, std::vector<ScopeVariable> variables, Offset offset);
@@ -28,35 +28,51 @@ struct Branch {
     ActionPtr body;
 };
 ActionPtr branches(std::vector<Branch> list);
-ActionPtr whileLoop(CodePtr condition, ActionPtr body);
+
+// What every loop has. `depth` is the number of loops that it is in, itself included.
+struct LoopBody {
+    ActionPtr body;
+    std::uint16_t depth;
+    Offset offset;
+};
+
+// Goes on while the conditions, in front of the body and behind it, hold; null: always.
+ActionPtr conditionLoop(CodePtr before, CodePtr after, LoopBody loop);
 
 // For over a variable of kind Integer or Double. `step` is null for 1. With `down` the step is subtracted; otherwise a step below
 // zero counts down too. A step of 0 raises.
 struct ForLoop {
-    std::size_t variable;
+    VariablePlace variable;
     Kind kind;
     CodePtr first;
     CodePtr last;
     CodePtr step;
     bool down;
-    ActionPtr body;
-    Offset offset;
+    LoopBody loop;
 };
-ActionPtr forLoop(ForLoop loop);
+ActionPtr forLoop(ForLoop form);
 
 // `array` is a variable that holds the array; `assign` stores the element at the index in variable `index`. The array may change
 // its length while the loop runs.
-ActionPtr forEachLoop(std::size_t array, std::size_t index, ActionPtr assign, ActionPtr body, Offset offset);
+ActionPtr forEachLoop(VariablePlace array, VariablePlace index, ActionPtr assign, LoopBody loop);
+
+ActionPtr leave(Completion completion);
+ActionPtr returnValue(CodePtr value);
+ActionPtr raiseException(CodePtr exception, Offset offset);
 
 struct Handler {
     const ClassInfo* info; // null: every exception
-    std::optional<std::size_t> variable;
+    std::optional<VariablePlace> variable;
     ActionPtr body;
 };
-ActionPtr tryBlock(ActionPtr body, std::vector<Handler> handlers, ActionPtr finally); // finally may be null
+ActionPtr tryBlock(ActionPtr body, std::vector<Handler> handlers,
+                   ActionPtr finally); // finally may be null; what it leaves, it leaves
 
 // Writes the texts that the values give, separated by blanks, and ends the line.
 ActionPtr print(std::vector<CodePtr> texts);
+
+// Hands the value to the presenter.
+ActionPtr present(CodePtr value, const Type& type);
 
 // Evaluates for the effect.
 ActionPtr discard(CodePtr value);

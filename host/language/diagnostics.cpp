@@ -33,6 +33,7 @@ std::string Diagnostics::report(const Source& source) const {
     std::string report;
     for (const Diagnostic& diagnostic : ordered)
         report += source.report(diagnostic.offset, "error: " + diagnostic.message);
+    if (dropped_) report += source.name() + ": error: there are more errors\n";
     return report;
 }
 

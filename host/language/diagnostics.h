@@ -14,19 +14,27 @@ struct Diagnostic {
     std::string message;
 };
 
-// The errors of one program. Beyond a limit further ones are dropped: they are mostly echoes of the first.
+// The errors of one program. Beyond a limit further ones are dropped.
 class Diagnostics {
 public:
+    explicit Diagnostics(std::size_t limit) : limit_(limit) {}
+
     void add(Offset offset, std::string message) {
-        if (list_.size() < limit) list_.push_back({offset, std::move(message)});
+        if (list_.size() < limit_) {
+            list_.push_back({offset, std::move(message)});
+        } else {
+            dropped_ = true;
+        }
     }
     bool empty() const { return list_.empty(); }
+    bool full() const { return dropped_; }
 
     // The whole report, in the order of the program's text.
     std::string report(const Source& source) const;
 
 private:
-    static constexpr std::size_t limit = 20;
+    std::size_t limit_;
+    bool dropped_ = false;
     std::vector<Diagnostic> list_;
 };
 

@@ -3,6 +3,11 @@
 #include "language/check_error.h"
 #include "language/class_names.h"
 #include "language/operators.h"
+#include "language/values.h"
+
+#include "model/strings.h"
+
+#include <ostream>
 
 namespace host::language {
 
@@ -25,6 +30,8 @@ Value ExpressionChecker::value(const syntax::Expression& expression) {
 }
 
 CodePtr ExpressionChecker::valueAs(const syntax::Expression& expression, const Type& type) {
+    if (type.isArray && makesArray(expression))
+        return newArray(std::get<syntax::Call>(expression.form).arguments, type.element()).read();
     Value found = value(expression);
     return convert(std::move(found.code), found.type, type, expression.offset);
 }
@@ -52,6 +59,7 @@ Operand ExpressionChecker::form(const Literal& literal, Offset) {
 Operand ExpressionChecker::form(const syntax::Reference& reference, Offset offset) {
     if (const Variable* const variable = scopes_.find(reference.name)) {
         if (variable->type.kind == Kind::Void) throw CheckError{offset, {}};
+        if (variable->constant) return Operand::computed(variable->type, literalCode(*variable->constant));
         return Operand::variable(*variable);
     }
     if (registry().find(reference.name))
@@ -63,6 +71,54 @@ Operand ExpressionChecker::form(const syntax::IsA& test, Offset offset) {
     Value object = value(*test.object);
     if (!object.type.isObjectReference()) failCheck(offset, "IsA asks objects, not a value of type " + nameOf(object.type));
     return Operand::computed({Kind::Boolean, false, {}}, isOfClass(std::move(object.code), classOf(test.className)));
+}
+
+// ---- Constants --------------------------------------------------------------------------------------------------------------
+
+bool ExpressionChecker::isConstant(const syntax::Expression& expression) const {
+    if (const auto* const unary = std::get_if<syntax::Unary>(&expression.form)) return isConstant(*unary->operand);
+    if (const auto* const binary = std::get_if<syntax::Binary>(&expression.form))
+        return isConstant(*binary->left) && isConstant(*binary->right);
+    if (const auto* const reference = std::get_if<syntax::Reference>(&expression.form)) {
+        const Variable* const variable = scopes_.find(reference->name);
+        return variable && (variable->constant || variable->type.kind == Kind::Void);
+    }
+    if (const auto* const member = std::get_if<syntax::Member>(&expression.form)) {
+        const ClassInfo* const info = classNamedBy(*member->object);
+        return info && info->findConstant(member->name.text);
+    }
+    return std::holds_alternative<Literal>(expression.form);
+}
+
+Literal ExpressionChecker::constantValue(const syntax::Expression& expression, const std::optional<Type>& wanted) {
+    if (!isConstant(expression)) failCheck(expression.offset, "this value must be made of literals and constants");
+    Value found = value(expression);
+    if (found.type.isNil() && wanted && wanted->isObjectReference()) return {};
+    const Type type = wanted ? *wanted : found.type;
+    const bool simple =
+        !type.isArray && (type.kind == Kind::Boolean || type.kind == Kind::Integer || type.kind == Kind::Double ||
+                          type.kind == Kind::Color || type.kind == Kind::String);
+    if (!simple) failCheck(expression.offset, "a constant cannot be of type " + nameOf(type));
+    const CodePtr code = convert(std::move(found.code), found.type, type, expression.offset);
+    std::ostream nowhere(nullptr);
+    Execution execution{nowhere};
+    Frame frame(execution);
+    try {
+        const Slot result = code->evaluate(frame);
+        Literal literal;
+        switch (type.kind) {
+        case Kind::Boolean: literal.value = result.boolean != 0; break;
+        case Kind::Integer: literal.value = result.integer; break;
+        case Kind::Double: literal.value = result.real; break;
+        case Kind::Color: literal.value = result.color; break;
+        default: literal.value = utf8Of(result.string);
+        }
+        frame.release({0, 0});
+        return literal;
+    } catch (const Raised& raised) {
+        frame.release({0, 0});
+        failCheck(raised.offset(), exceptionMessage(raised.exception()));
+    }
 }
 
 } // namespace host::language

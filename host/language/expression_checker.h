@@ -3,6 +3,7 @@
 
 #include "language/control_flow.h"
 #include "language/operand.h"
+#include "language/procedures.h"
 #include "language/scopes.h"
 #include "language/syntax.h"
 
@@ -12,7 +13,7 @@ namespace host::language {
 
 class ExpressionChecker {
 public:
-    explicit ExpressionChecker(const Scopes& scopes) : scopes_(scopes) {}
+    ExpressionChecker(const Scopes& scopes, const Procedures& procedures) : scopes_(scopes), procedures_(procedures) {}
 
     // Whatever the expression is, a call without a result too. All of these throw CheckError.
     Operand operand(const syntax::Expression& expression);
@@ -28,6 +29,15 @@ public:
 
     // New Class(arguments), which a Dim may stand for too.
     Operand newObject(const syntax::New& form, Offset offset);
+
+    // The value of an expression of literals and constants, converted to the type if there is one.
+    Literal constantValue(const syntax::Expression& expression, const std::optional<Type>& type);
+
+    // The comparison of a value with that of an expression.
+    CodePtr comparison(syntax::Operator operation, Value left, const syntax::Expression& right);
+
+    // Code that does not come from here calls functions that may autorelease.
+    void requirePool() { needsPool_ = true; }
 
     // Whether the code made since the last question calls functions that may autorelease.
     bool takeNeedsPool();
@@ -54,7 +64,10 @@ private:
 
     // Members and calls (call_checker.cpp).
     Operand function(std::string_view name, const Arguments& arguments, Offset offset);
+    Operand callProcedure(const OverloadSet& overloads, const Arguments& arguments, Offset offset);
+    Operand newArray(const Arguments& elements, const std::optional<Type>& elementType);
     Operand upperBound(const Arguments& arguments, Offset offset);
+    Operand plainConversion(const Type& type, const Arguments& arguments, Offset offset);
     Operand cast(const ClassInfo& info, const Arguments& arguments, Offset offset);
     // `arguments` is null without parentheses.
     Operand member(const syntax::Member& member, const Arguments* arguments);
@@ -75,7 +88,12 @@ private:
     CodePtr read(Operand operand, Offset offset); // fails for a property without getter
     CodePtr convert(CodePtr code, const Type& from, const Type& to, Offset offset);
 
+    bool isConstant(const syntax::Expression& expression) const;
+    // Whether the expression is a call of the language's own Array.
+    bool makesArray(const syntax::Expression& expression) const;
+
     const Scopes& scopes_;
+    const Procedures& procedures_;
     bool needsPool_ = false;
 };
 

@@ -67,7 +67,16 @@ std::string unquoted(std::string_view quoted) {
 
 ExpressionPtr ExpressionParser::binary(int lowest) {
     Nesting nesting(depth_, tokens_.peek().offset);
-    ExpressionPtr left = prefix();
+    return operators(prefix(), lowest, nesting);
+}
+
+ExpressionPtr ExpressionParser::expressionFrom(ExpressionPtr first) {
+    Nesting nesting(depth_, tokens_.peek().offset);
+    return operators(std::move(first), 0, nesting);
+}
+
+// What operators at least as tight as the lowest make of the left side.
+ExpressionPtr ExpressionParser::operators(ExpressionPtr left, int lowest, Nesting& nesting) {
     for (;;) {
         const Offset offset = tokens_.peek().offset;
         if (tokens_.at(Keyword::isA) && lowest <= comparison) {

@@ -19,7 +19,8 @@ public:
     // One level more until this goes out of scope.
     void deepen(Offset offset) {
         if (++depth_ > deepest)
-            throw SyntaxError{offset, "this is nested more than " + std::to_string(deepest) + " levels deep; split it up"};
+            throw SyntaxError{offset, "this is nested more than " + std::to_string(deepest) + " levels deep; split it up",
+                              true};
     }
 
 private:
@@ -33,6 +34,9 @@ public:
     ExpressionParser(TokenStream& tokens, unsigned& depth) : tokens_(tokens), depth_(depth) {}
 
     syntax::ExpressionPtr expression() { return binary(0); }
+
+    // The expression that begins with the given one.
+    syntax::ExpressionPtr expressionFrom(syntax::ExpressionPtr first);
 
     // A name with what follows it in dots and parentheses: what a statement can begin with.
     syntax::ExpressionPtr postfix();
@@ -48,6 +52,7 @@ public:
 
 private:
     syntax::ExpressionPtr binary(int lowest);
+    syntax::ExpressionPtr operators(syntax::ExpressionPtr left, int lowest, Nesting& nesting);
     syntax::ExpressionPtr prefix();
     syntax::ExpressionPtr primary();
 

@@ -15,14 +15,14 @@ void throwNew(Offset offset, std::string_view className, std::string_view messag
 }
 
 void Frame::release(Mark mark) {
-    while (objects_.size() > mark.objects) {
-        Object* const object = objects_.back();
-        objects_.pop_back();
+    while (execution_.objects.size() > mark.objects) {
+        Object* const object = execution_.objects.back();
+        execution_.objects.pop_back();
         unlock(object);
     }
-    while (strings_.size() > mark.strings) {
-        String* const string = strings_.back();
-        strings_.pop_back();
+    while (execution_.strings.size() > mark.strings) {
+        String* const string = execution_.strings.back();
+        execution_.strings.pop_back();
         unlock(string);
     }
 }

@@ -1,5 +1,6 @@
 #include "language/functions.h"
 
+#include "language/text_functions.h"
 #include "language/utf8.h"
 #include "language/values.h"
 
@@ -44,6 +45,8 @@ double val(String* string) {
 double roundReal(double value) { return std::round(value); }
 double floorReal(double value) { return std::floor(value); }
 double ceilReal(double value) { return std::ceil(value); }
+
+double squareRoot(double value) { return std::sqrt(value); }
 
 HostInteger absInteger(HostInteger value) {
     return value < 0 ? static_cast<HostInteger>(-static_cast<std::uintptr_t>(value)) : value;
@@ -92,6 +95,15 @@ HostInteger inStr(String* text, String* wanted) {
     return at == std::string::npos ? 0 : static_cast<HostInteger>(utf8::length(std::string_view(bytes).substr(0, at))) + 1;
 }
 
+// From character number `start` on.
+HostInteger inStrFrom(HostInteger start, String* text, String* wanted) {
+    const HostInteger first = std::max(start, HostInteger{1});
+    String* const rest = midToEnd(text, first);
+    const HostInteger at = inStr(rest, wanted);
+    unlock(rest);
+    return at == 0 || first > len(text) + 1 ? 0 : at + first - 1;
+}
+
 // The letters of all scripts, whatever the locale of the process; null where the system has no such table.
 locale_t unicodeLocale() {
     static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
@@ -127,11 +139,23 @@ const Definition definitions[] = {
     {"Left(text as string, length as integer) as string", bound(left)},
     {"Right(text as string, length as integer) as string", bound(right)},
     {"InStr(text as string, wanted as string) as integer", bound(inStr)},
+    {"InStr(start as integer, text as string, wanted as string) as integer", bound(inStrFrom)},
+    {"Trim(text as string) as string", bound(text::trim)},
+    {"LTrim(text as string) as string", bound(text::trimLeft)},
+    {"RTrim(text as string) as string", bound(text::trimRight)},
+    {"Replace(text as string, wanted as string, by as string) as string", bound(text::replace)},
+    {"Repeat(text as string, count as integer) as string", bound(text::repeat)},
+    {"Split(text as string, delimiter as string = \" \") as string()", bound(text::split)},
+    {"Join(parts() as string, delimiter as string = \" \") as string", bound(text::join)},
+    {"Chr(code as integer) as string", bound(text::character)},
+    {"Asc(text as string) as integer", bound(text::codeOf)},
+    {"Format(value as double, pattern as string) as string", bound(text::format)},
     {"Uppercase(text as string) as string", bound(uppercase)},
     {"Lowercase(text as string) as string", bound(lowercase)},
     {"Round(value as double) as double", bound(roundReal)},
     {"Floor(value as double) as double", bound(floorReal)},
     {"Ceil(value as double) as double", bound(ceilReal)},
+    {"Sqrt(value as double) as double", bound(squareRoot)},
     {"Abs(value as integer) as integer", bound(absInteger)},
     {"Abs(value as double) as double", bound(absReal)},
     {"Min(a as integer, b as integer) as integer", bound(minInteger)},

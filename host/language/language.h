@@ -7,11 +7,15 @@
 
 namespace host::language {
 
-// Runs a program: 0 when it ran to its end, 1 after an error in its text, which then did not run at all, or an exception that
-// nobody caught. What it prints goes to stdout, what is wrong to stderr.
+// Runs a program: 0 when it ran to its end, 1 after errors in its text, which then did not run at all, an exception that nobody
+// caught, or an interruption by SIGINT. What it prints goes to stdout, what is wrong to stderr.
 int runFile(const std::string& path);
 
 // The same for a program's text, with the name by which messages call it.
 int runText(const std::string& name, std::string text, std::ostream& output, std::ostream& errors);
+
+// Reports all errors in a program's text to stderr without running it: 0 when there are none, otherwise 1.
+int checkFile(const std::string& path);
+int checkText(const std::string& name, std::string text, std::ostream& errors);
 
 } // namespace host::language

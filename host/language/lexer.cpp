@@ -18,21 +18,58 @@ struct KeywordName {
 };
 
 constexpr KeywordName keywords[] = {
-    {"And", Keyword::andOperator},  {"As", Keyword::as},           {"Catch", Keyword::catchBlock},
-    {"Dim", Keyword::dim},          {"DownTo", Keyword::downTo},   {"Each", Keyword::each},
-    {"Else", Keyword::elseBranch},  {"ElseIf", Keyword::elseIf},   {"End", Keyword::end},
-    {"False", Keyword::falseValue}, {"Finally", Keyword::finally}, {"For", Keyword::forLoop},
-    {"If", Keyword::ifBranch},      {"In", Keyword::in},           {"Is", Keyword::is},
-    {"IsA", Keyword::isA},          {"Mod", Keyword::mod},         {"New", Keyword::newObject},
-    {"Next", Keyword::next},        {"Nil", Keyword::nil},         {"Not", Keyword::notOperator},
-    {"Or", Keyword::orOperator},    {"Print", Keyword::print},     {"ReDim", Keyword::reDim},
-    {"Step", Keyword::step},        {"Then", Keyword::then},       {"To", Keyword::to},
-    {"True", Keyword::trueValue},   {"Try", Keyword::tryBlock},    {"Wend", Keyword::wend},
-    {"While", Keyword::whileLoop},  {"Xor", Keyword::xorOperator},
+    {"And", Keyword::andOperator},
+    {"As", Keyword::as},
+    {"ByRef", Keyword::byRef},
+    {"ByVal", Keyword::byVal},
+    {"Case", Keyword::caseBranch},
+    {"Catch", Keyword::catchBlock},
+    {"Const", Keyword::constant},
+    {"Continue", Keyword::continueLoop},
+    {"Dim", Keyword::dim},
+    {"Do", Keyword::doLoop},
+    {"DownTo", Keyword::downTo},
+    {"Each", Keyword::each},
+    {"Else", Keyword::elseBranch},
+    {"ElseIf", Keyword::elseIf},
+    {"End", Keyword::end},
+    {"Exit", Keyword::exit},
+    {"False", Keyword::falseValue},
+    {"Finally", Keyword::finally},
+    {"For", Keyword::forLoop},
+    {"Function", Keyword::function},
+    {"If", Keyword::ifBranch},
+    {"In", Keyword::in},
+    {"Is", Keyword::is},
+    {"IsA", Keyword::isA},
+    {"Loop", Keyword::loop},
+    {"Mod", Keyword::mod},
+    {"New", Keyword::newObject},
+    {"Next", Keyword::next},
+    {"Nil", Keyword::nil},
+    {"Not", Keyword::notOperator},
+    {"Optional", Keyword::optional},
+    {"Or", Keyword::orOperator},
+    {"ParamArray", Keyword::paramArray},
+    {"Print", Keyword::print},
+    {"Raise", Keyword::raise},
+    {"ReDim", Keyword::reDim},
+    {"Return", Keyword::returnFrom},
+    {"Select", Keyword::select},
+    {"Step", Keyword::step},
+    {"Sub", Keyword::sub},
+    {"Then", Keyword::then},
+    {"To", Keyword::to},
+    {"True", Keyword::trueValue},
+    {"Try", Keyword::tryBlock},
+    {"Until", Keyword::until},
+    {"Wend", Keyword::wend},
+    {"While", Keyword::whileLoop},
+    {"Xor", Keyword::xorOperator},
 };
 
 Keyword keywordOf(std::string_view name) {
-    constexpr std::size_t longest = 7;
+    constexpr std::size_t longest = 10;
     if (name.size() > longest) return Keyword::none;
     for (const KeywordName& entry : keywords)
         if (equalIgnoringCase(name, entry.name)) return entry.keyword;
@@ -58,9 +95,16 @@ unsigned digitValue(char c) {
 
 } // namespace
 
-Lexer::Lexer(std::string_view text) : text_(text) {
+std::vector<std::string_view> keywordNames() {
+    std::vector<std::string_view> names;
+    for (const KeywordName& entry : keywords)
+        names.push_back(entry.name);
+    return names;
+}
+
+Lexer::Lexer(std::string_view text, Offset start) : text_(text), position_(start) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    if (text.substr(0, byteOrderMark.size()) == byteOrderMark) position_ = byteOrderMark.size();
+    if (start == 0 && text.substr(0, byteOrderMark.size()) == byteOrderMark) position_ = byteOrderMark.size();
 }
 
 Token Lexer::next() {
@@ -72,6 +116,12 @@ Token Lexer::next() {
     afterOperand_ = value || token.kind == TokenKind::closeParenthesis ||
                     (token.kind >= TokenKind::integer && token.kind <= TokenKind::string);
     return token;
+}
+
+void Lexer::skipLine() {
+    while (position_ < text_.size() && !isLineEnd(text_[position_]))
+        ++position_;
+    afterOperand_ = afterDot_ = false;
 }
 
 Token Lexer::read() {

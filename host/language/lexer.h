@@ -4,21 +4,30 @@
 #include "language/diagnostics.h"
 #include "language/token.h"
 
+#include <vector>
+
 namespace host::language {
 
-// Why a program cannot be read any further. Thrown by the lexer and the parser and caught in `parse`.
+// Why a statement cannot be read any further. Thrown by the lexer and the parser, which goes on behind the statement.
 struct SyntaxError {
     Offset offset;
     std::string message;
+    bool fatal = false; // nothing behind it is read
 };
+
+// The keywords as they are usually written.
+std::vector<std::string_view> keywordNames();
 
 class Lexer {
 public:
     // The text must outlive the lexer and its tokens.
-    explicit Lexer(std::string_view text);
+    explicit Lexer(std::string_view text, Offset start = 0);
 
     // The next token; endOfFile again and again at the end. Throws SyntaxError.
     Token next();
+
+    // Goes to the end of the line, after an error.
+    void skipLine();
 
 private:
     Token read();

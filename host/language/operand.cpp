@@ -11,7 +11,7 @@ Operand Operand::call(const Method& method, CodePtr receiver, std::vector<Argume
 }
 
 Operand Operand::computed(Type type, CodePtr code) { return {std::move(type), Computed{std::move(code)}}; }
-Operand Operand::variable(const Variable& variable) { return {variable.type, VariablePlace{variable.index}}; }
+Operand Operand::variable(const Variable& variable) { return {variable.type, variable.place}; }
 
 Operand Operand::element(Type type, CodePtr array, CodePtr index, Offset offset) {
     return {std::move(type), ElementPlace{std::move(array), std::move(index), offset}};
@@ -40,7 +40,7 @@ CodePtr Operand::read() {
     if (auto* const call = std::get_if<Call>(&form_))
         return callMethod(*call->method, std::move(call->receiver), std::move(call->arguments), call->offset);
     if (auto* const computed = std::get_if<Computed>(&form_)) return std::move(computed->code);
-    if (const auto* const variable = std::get_if<VariablePlace>(&form_)) return readVariable(variable->index, type_);
+    if (const auto* const variable = std::get_if<VariablePlace>(&form_)) return readVariable(*variable, type_);
     if (auto* const element = std::get_if<ElementPlace>(&form_))
         return readElement(std::move(element->array), std::move(element->index), type_, element->offset);
     auto& place = std::get<PropertyPlace>(form_);
@@ -49,14 +49,14 @@ CodePtr Operand::read() {
 
 ArgumentCode Operand::reference() {
     if (const auto* const variable = std::get_if<VariablePlace>(&form_))
-        return {addressOfVariable(variable->index), nullptr, nullptr, Counting::none};
+        return {addressOfVariable(*variable), nullptr, nullptr, Counting::none};
     auto& element = std::get<ElementPlace>(form_);
     return {nullptr, std::move(element.array), std::move(element.index), countingOf(type_)};
 }
 
 ActionPtr Operand::assign(CodePtr value) {
     if (const auto* const variable = std::get_if<VariablePlace>(&form_))
-        return writeVariable(variable->index, type_, std::move(value));
+        return writeVariable(*variable, type_, std::move(value));
     if (auto* const element = std::get_if<ElementPlace>(&form_))
         return writeElement(std::move(element->array), std::move(element->index), std::move(value), element->offset);
     if (auto* const call = std::get_if<Call>(&form_)) {

@@ -52,9 +52,6 @@ private:
     struct Computed {
         CodePtr code;
     };
-    struct VariablePlace {
-        std::size_t index;
-    };
     struct ElementPlace {
         CodePtr array;
         CodePtr index;

@@ -114,6 +114,10 @@ Operand ExpressionChecker::comparison(Operator operation, Value left, Value righ
     failOperands(operation, left.type, right.type, offset);
 }
 
+CodePtr ExpressionChecker::comparison(Operator operation, Value left, const syntax::Expression& right) {
+    return comparison(operation, std::move(left), value(right), right.offset).read();
+}
+
 Operand ExpressionChecker::logic(Operator operation, Value left, Value right, Offset offset) {
     const bool booleans = isPlain(left.type, Kind::Boolean) && isPlain(right.type, Kind::Boolean);
     if (!booleans && !(isWhole(left.type) && isWhole(right.type))) failOperands(operation, left.type, right.type, offset);

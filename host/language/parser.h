@@ -4,11 +4,18 @@
 #include "language/diagnostics.h"
 #include "language/syntax.h"
 
-#include <optional>
-
 namespace host::language {
 
-// None when the program cannot be read; the diagnostics then hold the first error. The source must outlive the tree.
-std::optional<syntax::Block> parse(const Source& source, Diagnostics& diagnostics);
+enum class ParseMode : std::uint8_t {
+    program,
+    prompt // an expression alone is a statement that shows its value
+};
+
+// Reads the source from `start` on. What is wrong goes to the diagnostics; reading goes on behind a wrong statement, whose place
+// in the tree a Broken takes. The source must outlive the tree.
+syntax::Block parse(const Source& source, Diagnostics& diagnostics, ParseMode mode = ParseMode::program, Offset start = 0);
+
+// Whether the source from `start` on ends inside a block or a continued line, so that more lines belong to it.
+bool needsMore(const Source& source, Offset start);
 
 } // namespace host::language

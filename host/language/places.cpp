@@ -44,27 +44,24 @@ void requireIndex(const Array* array, HostInteger index, Offset offset) {
                  (bound < 0 ? " is used on an empty array." : " is outside the range 0 to " + textOf(bound) + "."));
 }
 
-void store(Frame& frame, std::size_t index, Counting counting, Slot value) {
-    Slot& variable = frame.variable(index);
+void store(Frame& frame, VariablePlace place, Counting counting, Slot value) {
     lock(counting, value);
-    const Slot old = variable;
-    variable = value;
-    unlock(counting, old); // last: a destructor may run
+    unlock(counting, std::exchange(frame.variable(place), value)); // last: a destructor may run
 }
 
-CodePtr readVariable(std::size_t index, const Type& type) {
+CodePtr readVariable(VariablePlace place, const Type& type) {
     const Counting counting = countingOf(type);
-    if (counting == Counting::none) return makeCode([index](Frame& frame) { return frame.variable(index); });
+    if (counting == Counting::none) return makeCode([place](Frame& frame) { return frame.variable(place); });
     // Assigning to the variable later in the same step must not take the value away.
-    return makeCode([index, counting](Frame& frame) {
-        const Slot value = frame.variable(index);
+    return makeCode([place, counting](Frame& frame) {
+        const Slot value = frame.variable(place);
         lock(counting, value);
         return frame.keep(counting, value);
     });
 }
 
-CodePtr addressOfVariable(std::size_t index) {
-    return makeCode([index](Frame& frame) { return Slot::ofReference(&frame.variable(index)); });
+CodePtr addressOfVariable(VariablePlace place) {
+    return makeCode([place](Frame& frame) { return Slot::ofReference(&frame.variable(place)); });
 }
 
 CodePtr readElement(CodePtr array, CodePtr index, const Type& elementType, Offset offset) {
@@ -94,14 +91,14 @@ CodePtr readProperty(const Property& property, CodePtr object, Offset offset) {
     });
 }
 
-ActionPtr writeVariable(std::size_t index, const Type& type, CodePtr value) {
+ActionPtr writeVariable(VariablePlace place, const Type& type, CodePtr value) {
     const Counting counting = countingOf(type);
     if (counting == Counting::none) {
         return makeAction(
-            [index, value = std::move(value)](Frame& frame) { frame.variable(index) = value->evaluate(frame); });
+            [place, value = std::move(value)](Frame& frame) { frame.variable(place) = value->evaluate(frame); });
     }
-    return makeAction([index, counting, value = std::move(value)](Frame& frame) {
-        store(frame, index, counting, value->evaluate(frame));
+    return makeAction([place, counting, value = std::move(value)](Frame& frame) {
+        store(frame, place, counting, value->evaluate(frame));
     });
 }
 
@@ -144,6 +141,27 @@ CodePtr appendToArray(CodePtr array, CodePtr value, Offset offset) {
         Array* const object = requireArray(array->evaluate(frame).object, offset);
         const Slot element = value->evaluate(frame);
         allocating(offset, [&] { return appendElement(object, element), true; });
+        return Slot();
+    });
+}
+
+CodePtr insertIntoArray(CodePtr array, CodePtr index, CodePtr value, Offset offset) {
+    return makeCode([array = std::move(array), index = std::move(index), value = std::move(value), offset](Frame& frame) {
+        Array* const object = requireArray(array->evaluate(frame).object, offset);
+        const HostInteger position = index->evaluate(frame).integer;
+        const Slot element = value->evaluate(frame);
+        if (position != upperBound(object) + 1) requireIndex(object, position, offset);
+        allocating(offset, [&] { return insertElement(object, position, element), true; });
+        return Slot();
+    });
+}
+
+CodePtr removeFromArray(CodePtr array, CodePtr index, Offset offset) {
+    return makeCode([array = std::move(array), index = std::move(index), offset](Frame& frame) {
+        Array* const object = requireArray(array->evaluate(frame).object, offset);
+        const HostInteger position = index->evaluate(frame).integer;
+        requireIndex(object, position, offset);
+        removeElement(object, position);
         return Slot();
     });
 }

@@ -10,8 +10,8 @@
 
 namespace host::language {
 
-CodePtr readVariable(std::size_t index, const Type& type);
-CodePtr addressOfVariable(std::size_t index); // for a by-reference argument
+CodePtr readVariable(VariablePlace place, const Type& type);
+CodePtr addressOfVariable(VariablePlace place); // for a by-reference argument
 
 // Elements of the array that `array` gives. Nil and an index out of bounds raise.
 CodePtr readElement(CodePtr array, CodePtr index, const Type& elementType, Offset offset);
@@ -20,17 +20,21 @@ CodePtr upperBoundOf(CodePtr array, Offset offset);
 // A property of the object that `object` gives, which must not be Nil.
 CodePtr readProperty(const Property& property, CodePtr object, Offset offset);
 
-ActionPtr writeVariable(std::size_t index, const Type& type, CodePtr value);
+ActionPtr writeVariable(VariablePlace place, const Type& type, CodePtr value);
 ActionPtr writeElement(CodePtr array, CodePtr index, CodePtr value, Offset offset);
 ActionPtr writeProperty(const Property& property, CodePtr object, CodePtr value, Offset offset);
 
 // A new array with the upper bound that `upperBound` gives.
 CodePtr makeArray(const Type& elementType, CodePtr upperBound, Offset offset);
 ActionPtr resizeArray(CodePtr array, CodePtr upperBound, Offset offset);
-CodePtr appendToArray(CodePtr array, CodePtr value, Offset offset); // gives no value
+
+// These give no value. An index may be one past the end for inserting.
+CodePtr appendToArray(CodePtr array, CodePtr value, Offset offset);
+CodePtr insertIntoArray(CodePtr array, CodePtr index, CodePtr value, Offset offset);
+CodePtr removeFromArray(CodePtr array, CodePtr index, Offset offset);
 
 // Gives the variable a new value, of which it takes a reference.
-void store(Frame& frame, std::size_t index, Counting counting, Slot value);
+void store(Frame& frame, VariablePlace place, Counting counting, Slot value);
 
 // The array itself, after the checks that raise.
 Array* requireArray(Object* array, Offset offset);

@@ -37,6 +37,17 @@ Source::Place Source::place(Offset offset) const {
     return {line, utf8::length(before.substr(lineStart(before, before.size()))) + 1};
 }
 
+std::string Source::location(Offset offset) const {
+    const Place where = place(offset);
+    return name_ + ":" + std::to_string(where.line) + ":" + std::to_string(where.column);
+}
+
+Offset Source::append(std::string_view text) {
+    const auto start = static_cast<Offset>(text_.size());
+    text_.append(text);
+    return start;
+}
+
 std::string Source::report(Offset offset, std::string_view message) const {
     const std::string_view text = text_;
     const std::size_t at = std::min<std::size_t>(offset, text.size());
@@ -47,8 +58,7 @@ std::string Source::report(Offset offset, std::string_view message) const {
     if (at - first > shownCharacters) first = utf8::floor(text, at - shownCharacters);
     if (last - at > shownCharacters) last = utf8::floor(text, at + shownCharacters);
 
-    const Place where = place(static_cast<Offset>(at));
-    std::string report = name_ + ":" + std::to_string(where.line) + ":" + std::to_string(where.column) + ": ";
+    std::string report = location(static_cast<Offset>(at)) + ": ";
     report.append(message).append("\n");
     const bool wellFormed = utf8::findInvalid(text.substr(first, last - first)) == std::string_view::npos;
     std::string caret;

@@ -24,6 +24,10 @@ public:
         std::size_t column; // from 1, in characters
     };
     Place place(Offset offset) const;
+    std::string location(Offset offset) const; // "name:line:column"
+
+    // More text at the end, and where it starts. Views of the text are no longer valid.
+    Offset append(std::string_view text);
 
     // "name:line:column: message", the source line, and a line with a caret below the place. A long line is cut to the
     // neighbourhood of the caret.

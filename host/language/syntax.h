@@ -129,6 +129,35 @@ struct Print {
     std::vector<ExpressionPtr> values;
 };
 
+// Const Name [As Type] = value, which is made of literals and constants.
+struct Const {
+    Name name;
+    std::optional<Name> type;
+    ExpressionPtr value;
+};
+
+struct Raise {
+    ExpressionPtr exception;
+};
+
+struct Return {
+    ExpressionPtr value; // null: none
+};
+
+// The kinds of what Exit and Continue leave.
+enum class Surrounding : std::uint8_t { anyLoop, forLoop, whileLoop, doLoop, sub, function };
+
+// Exit For and its like, Continue [For].
+struct Leave {
+    Surrounding what;
+    bool continues;
+};
+
+// An expression typed at a prompt, whose value is shown.
+struct Presentation {
+    ExpressionPtr value;
+};
+
 struct If {
     struct Branch {
         ExpressionPtr condition; // null: Else
@@ -140,6 +169,29 @@ struct If {
 struct While {
     ExpressionPtr condition;
     Block block;
+};
+
+// Do [While|Until condition] ... Loop [While|Until condition]
+struct Do {
+    ExpressionPtr before; // null: none
+    ExpressionPtr after;
+    Block block;
+};
+
+// One of the alternatives of a Case: "value" and "Is > value" compare with `first`, "first To last" asks for a range.
+struct CaseTest {
+    Operator operation;
+    ExpressionPtr first;
+    ExpressionPtr last; // null: no range
+};
+
+struct Select {
+    struct Case {
+        std::vector<CaseTest> tests; // none: Case Else
+        Block block;
+    };
+    ExpressionPtr value;
+    std::vector<Case> cases;
 };
 
 // A loop's own variable when it has a type, otherwise a variable declared before.
@@ -174,9 +226,40 @@ struct Try {
     std::optional<Block> finally;
 };
 
+// ---- Procedures -------------------------------------------------------------------------------------------------------------
+
+struct TypeName {
+    Name name;
+    bool isArray;
+};
+
+struct Parameter {
+    Name name;
+    TypeName type; // of a ParamArray: the array's
+    bool byRef;
+    bool paramArray;
+    ExpressionPtr defaultValue; // null: none
+};
+
+struct Procedure {
+    Name name;
+    std::vector<Parameter> parameters;
+    std::optional<TypeName> result; // none: a Sub
+    Block block;
+};
+
+// What an error in a statement has left of it: the names that it may have declared, so that their uses are no errors of their own,
+// and the block that it began.
+struct Broken {
+    std::vector<Name> names;
+    std::optional<Block> block;
+};
+
 struct Statement {
     Offset offset;
-    std::variant<Dim, ReDim, Assignment, Evaluation, Print, If, While, For, ForEach, Try> form;
+    std::variant<Dim, ReDim, Assignment, Evaluation, Print, Const, Raise, Return, Leave, Presentation, If, While, Do, Select,
+                 For, ForEach, Try, Procedure, Broken>
+        form;
 };
 
 } // namespace host::language::syntax

@@ -17,8 +17,29 @@ std::string described(const Token& token) {
 
 Token TokenStream::take() {
     const Token taken = token_;
+    broken_ = true;
     token_ = lexer_.next();
+    broken_ = false;
     return taken;
+}
+
+Keyword TokenStream::keywordBehind() const {
+    try {
+        const Token behind = Lexer(lexer_).next();
+        return behind.kind == TokenKind::name ? behind.keyword : Keyword::none;
+    } catch (const SyntaxError&) {
+        return Keyword::none;
+    }
+}
+
+void TokenStream::skipLine() {
+    while (broken_ || !atLineEnd()) {
+        if (broken_) lexer_.skipLine();
+        try {
+            take();
+        } catch (const SyntaxError&) { // of a line that is given up already
+        }
+    }
 }
 
 void TokenStream::expect(TokenKind kind, std::string_view wanted) {

@@ -9,10 +9,21 @@ namespace host::language {
 
 class TokenStream {
 public:
-    explicit TokenStream(std::string_view text) : lexer_(text), token_(lexer_.next()) {}
+    // Begins with the end of a line that is not there, so that an error in the first word is met like any other.
+    explicit TokenStream(std::string_view text, Offset start = 0) : lexer_(text, start) {
+        token_.kind = TokenKind::endOfStatement;
+        token_.lineEnd = true;
+        token_.offset = start;
+    }
 
     const Token& peek() const { return token_; }
     Token take();
+
+    // The keyword of the word behind the next one; none when there is no such word.
+    Keyword keywordBehind() const;
+
+    // Gives up the rest of the line, after an error.
+    void skipLine();
 
     bool at(TokenKind kind) const { return token_.kind == kind; }
     bool at(Keyword keyword) const { return token_.kind == TokenKind::name && token_.keyword == keyword; }
@@ -39,6 +50,7 @@ public:
 private:
     Lexer lexer_;
     Token token_;
+    bool broken_ = false; // the lexer failed behind the token
 };
 
 } // namespace host::language

@@ -74,6 +74,18 @@ std::size_t findInvalid(std::string_view text) {
     return std::string_view::npos;
 }
 
+std::string encoded(std::uint32_t code) {
+    std::string text;
+    append(text, code);
+    return text;
+}
+
+std::optional<std::uint32_t> firstOf(std::string_view text) {
+    if (text.empty()) return std::nullopt;
+    const Decoded first = decode(text, 0);
+    return first.size == 0 ? std::nullopt : std::optional<std::uint32_t>(first.code);
+}
+
 std::string map(std::string_view text, std::uint32_t (*mapping)(std::uint32_t)) {
     std::string mapped;
     mapped.reserve(text.size());

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,12 @@ std::size_t offsetOf(std::string_view text, std::size_t index);
 
 // The offset of the first byte that is no part of well-formed UTF-8, or npos.
 std::size_t findInvalid(std::string_view text);
+
+// The character of a code point.
+std::string encoded(std::uint32_t code);
+
+// The code point of the first character; nothing without one, or when it is malformed.
+std::optional<std::uint32_t> firstOf(std::string_view text);
 
 // Applies a mapping of code points, such as towupper. Malformed bytes stay as they are.
 std::string map(std::string_view text, std::uint32_t (*mapping)(std::uint32_t));

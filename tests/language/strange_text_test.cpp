@@ -37,10 +37,12 @@ TEST(StrangeText, RandomBytesAndRandomWords) {
         byte = static_cast<char>(random());
     EXPECT_EQ(runProgram(bytes).exitCode, 1);
 
-    const char* const words[] = {"If ", "Then ", "End ", "Print ", "(",   ")",      "\"",    "1",     "x ",
-                                 "= ",  ".",     ",",    "\n",     ":",   "For ",   "Next ", "+",     "&",
-                                 "_",   "New ",  "Try ", "Dim ",   "As ", "Probe ", "To ",   "Catch", "Else ",
-                                 "'",   "-",     "^",    "&h",     "Is ", "In ",    "Nil ",  "Not ",  "Double "};
+    const char* const words[] = {
+        "If ",   "Then ",  "End ",    "Print ", "(",         ")",  "\"",      "1",     "x ",   "= ",    ".",
+        ",",     "\n",     ":",       "For ",   "Next ",     "+",  "&",       "_",     "New ", "Try ",  "Dim ",
+        "As ",   "Probe ", "To ",     "Catch",  "Else ",     "'",  "-",       "^",     "&h",   "Is ",   "In ",
+        "Nil ",  "Not ",   "Double ", "Sub ",   "Function ", "f ", "Return ", "Exit ", "Do ",  "Loop ", "Select Case ",
+        "Case ", "Const ", "Raise ",  "Until "};
     for (int program = 0; program < 3000; ++program) {
         std::string text;
         for (int word = 0; word < 12; ++word)

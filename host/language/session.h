@@ -1,0 +1,43 @@
+// A program that is typed piece by piece at a prompt. What a piece declares stays for those behind it, and its errors end only
+// the piece.
+#pragma once
+
+#include "language/checker.h"
+#include "language/frame.h"
+#include "language/source.h"
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace host::language {
+
+class Session {
+public:
+    // `presenter` gets the values of expressions; both must outlive the session. Messages call the text `name`.
+    Session(std::string name, std::ostream& output, Presenter& presenter);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    // Whether the text ends inside a block or a continued line.
+    bool needsMore(std::string_view text) const;
+
+    // Checks and runs the text: what is wrong with it, or nothing.
+    std::string run(std::string_view text);
+
+    // What an expression is, without running it.
+    Checker::Meaning meaningOf(std::string_view expression);
+
+    // Variables, constants and procedures.
+    std::vector<std::string> names() const;
+
+private:
+    Source source_;
+    Checker checker_;
+    Execution execution_;
+};
+
+} // namespace host::language

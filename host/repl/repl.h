@@ -1,0 +1,16 @@
+// The interactive prompt of the language.
+#pragma once
+
+#include "repl/line_reader.h"
+
+#include <iosfwd>
+
+namespace host::repl {
+
+// Reads statements, expressions and commands from stdin until its end or :quit. Errors go to stderr and end nothing.
+void runPrompt();
+
+// The same with lines from elsewhere.
+void runPrompt(LineReader& reader, std::ostream& output, std::ostream& errors, bool swatches);
+
+} // namespace host::repl
