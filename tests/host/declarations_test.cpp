@@ -1,90 +1,63 @@
 #include "model/declarations.h"
 
-#include <gtest/gtest.h>
+#include "host_test.h"
 
 using namespace host;
 
-TEST(Declarations, ReadsParametersOfEveryForm) {
-    const Signature signature =
-        parseSignature("colorWithColorSpace(ColorSpace as NSColorSpaceZRX, components() as double, BYREF n As Integer, "
-                       "paramarray rest as string) as NSColorZRX()");
-    EXPECT_EQ(signature.name, "colorWithColorSpace");
-    ASSERT_EQ(signature.parameters.size(), 4u);
-    EXPECT_EQ(signature.parameters[0].type, Type::object("nscolorspacezrx"));
-    EXPECT_EQ(nameOf(signature.parameters[1].type), "Double()");
-    EXPECT_TRUE(signature.parameters[2].byRef);
-    EXPECT_FALSE(signature.parameters[1].paramArray);
-    EXPECT_TRUE(signature.parameters[3].paramArray);
-    EXPECT_EQ(nameOf(signature.parameters[3].type), "String()");
-    EXPECT_EQ(nameOf(signature.result), "NSColorZRX()");
-}
-
-TEST(Declarations, NeedsNoParenthesesAndNoResult) {
-    const Signature plain = parseSignature("writeToPasteboard");
-    EXPECT_TRUE(plain.parameters.empty());
-    EXPECT_EQ(plain.result.kind, Kind::Void);
-    EXPECT_TRUE(parseSignature("close()").parameters.empty());
-    EXPECT_EQ(parseSignature("_exception as NSExceptionZRX").result, Type::object("NSExceptionZRX"));
-}
-
-TEST(Declarations, ReadsDefaultsWithAndWithoutBlanks) {
-    for (const char* text : {"f(red as double, alpha as double = 1.0)", "f(red as double,alpha as double=1)"}) {
-        const Parameter alpha = parseSignature(text).parameters.at(1);
-        EXPECT_EQ(std::get<double>(alpha.defaultValue.value().value), 1.0) << text;
+TEST(Declarations, ReadParametersDefaultsAndConstantsOfEveryForm) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"f(Space as NSColorSpaceZRX, c() as double, BYREF n As Integer, paramarray rest as string) as NSColorZRX()",
+         "f Space:NSColorSpaceZRX c:Double() byref n:Integer paramarray rest:String() NSColorZRX()"},
+        {"writeToPasteboard", "writeToPasteboard "},
+        {"close()", "close "},
+        {"_exception as NSExceptionZRX", "_exception NSExceptionZRX"},
+    };
+    for (const auto& [text, expected] : cases) {
+        const Signature signature = parseSignature(text);
+        std::string read = signature.name;
+        for (const Parameter& p : signature.parameters)
+            read += (p.byRef ? " byref " : p.paramArray ? " paramarray " : " ") + p.name + ":" + nameOf(p.type);
+        EXPECT_EQ(read + " " + nameOf(signature.result), expected);
     }
-    const Signature others =
-        parseSignature("f(s as string = \"a \"\"b\"\"\", c as color = &cFF8000, o as NSColorZRX = nil)");
-    EXPECT_EQ(std::get<std::string>(others.parameters[0].defaultValue->value), "a \"b\"");
-    EXPECT_EQ(std::get<HostColor>(others.parameters[1].defaultValue->value), 0xFF8000u);
-    EXPECT_TRUE(others.parameters[2].defaultValue->type().isNil());
-}
+    EXPECT_EQ(parseType("NSColorZRX"), Type::object("nscolorzrx"));
 
-TEST(Declarations, ReadsConstants) {
+    const auto defaultIn = [](const char* text) { return parseSignature(text).parameters.back().defaultValue.value(); };
+    for (const char* text : {"f(red as double, alpha as double = 1.0)", "f(red as double,alpha as double=1)"})
+        EXPECT_EQ(std::get<double>(defaultIn(text).value), 1.0) << text;
+    EXPECT_EQ(std::get<std::string>(defaultIn("f(s as string = \"a \"\"b\"\"\")").value), "a \"b\"");
+    EXPECT_EQ(std::get<HostColor>(defaultIn("f(c as color = &cFF8000)").value), 0xFF8000u);
+    EXPECT_TRUE(defaultIn("f(o as NSColorZRX = nil)").type().isNil());
+
     EXPECT_EQ(std::get<HostInteger>(parseConstant("NSUnknownColorSpaceModel=-1").value.value), -1);
     EXPECT_EQ(std::get<HostInteger>(parseConstant("mask = &hff").value.value), 255);
     EXPECT_EQ(std::get<double>(parseConstant("half = 5e-1").value.value), 0.5);
-    const Constant text = parseConstant("NSNamedColorSpace = \"NSNamedColorSpace\"");
-    EXPECT_EQ(text.name, "NSNamedColorSpace");
-    EXPECT_EQ(std::get<std::string>(text.value.value), "NSNamedColorSpace");
+    EXPECT_EQ(parseConstant("NSNamedColorSpace = \"text\"").name, "NSNamedColorSpace");
 }
 
-TEST(Declarations, SaysWhatIsMalformedAndWhere) {
-    struct {
-        const char* text;
-        const char* reason;
-        std::size_t position;
-    } const cases[] = {
-        {"", "expected a name", 0},
-        {"(a as double)", "expected a name", 0},
-        {"f(", "expected a parameter", 2},
-        {"f(a as double", "expected \")\"", 13},
-        {"f(a double)", "expected \"as\"", 4},
-        {"f(a as )", "expected a type", 7},
-        {"f(a as double,)", "expected a parameter", 14},
-        {"f(a as double) double", "expected the end", 15},
-        {"f(a as double(0))", "expected \")\"", 14},
-        {"f(a() as double())", "an array of arrays", 9},
-        {"f(paramarray a as double, b as double)", "a parameter after the paramarray", 26},
-        {"f(a as double = 1, b as double)", "a parameter without a default after one with", 19},
-        {"f(byref a as double = 1)", "a default for a byref or paramarray parameter", 22},
-        {"f(a as integer = \"1\")", "a default of another type than Integer", 17},
-        {"f(a as integer = 99999999999999999999)", "a number too big", 17},
-        {"f(a as double = 1.2.3)", "a malformed number", 16},
-        {"f(a as integer = -)", "a malformed number", 17},
-        {"f(a as string = \"x)", "text without its closing quote", 16},
-        {"f(a as color = &cFFFFFFFFF)", "a number too big", 15},
+TEST(Declarations, SayWhatIsMalformedAndWhere) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"(a as double)", "expected a name at column 1"},
+        {"f(", "expected a parameter at column 3"},
+        {"f(a as double", "expected \")\" at column 14"},
+        {"f(a double)", "expected \"as\" at column 5"},
+        {"f(a as )", "expected a type at column 8"},
+        {"f(a as double,)", "expected a parameter at column 15"},
+        {"f(a as double) double", "expected the end at column 16"},
+        {"f(a as double(0))", "expected \")\" at column 15"},
+        {"f(a() as double())", "an array of arrays at column 10"},
+        {"f(paramarray a as double, b as double)", "a parameter after the paramarray at column 27"},
+        {"f(a as double = 1, b as double)", "a parameter without a default after one with at column 20"},
+        {"f(byref a as double = 1)", "a default for a byref or paramarray parameter at column 23"},
+        {"f(a as integer = \"1\")", "a default of another type than Integer at column 18"},
+        {"f(a as integer = 99999999999999999999)", "a number too big at column 18"},
+        {"f(a as double = 1.2.3)", "a malformed number at column 17"},
+        {"f(a as integer = -)", "a malformed number at column 18"},
+        {"f(a as string = \"x)", "text without its closing quote at column 17"},
+        {"f(a as color = &cFFFFFFFFF)", "a number too big at column 16"},
     };
-    for (const auto& bad : cases) {
-        try {
-            parseSignature(bad.text);
-            ADD_FAILURE() << bad.text << " was accepted";
-        } catch (const DeclarationError& error) {
-            EXPECT_EQ(error.position, bad.position) << bad.text;
-            EXPECT_EQ(std::string(error.what()), std::string(bad.reason) + " at column " + std::to_string(bad.position + 1) +
-                                                     " of \"" + bad.text + "\"");
-        }
-    }
-    EXPECT_THROW(parseConstant("a = "), DeclarationError);
-    EXPECT_THROW(parseConstant("a"), DeclarationError);
+    for (const auto& [text, error] : cases)
+        EXPECT_EQ(errorOf([text = text] { parseSignature(text); }), std::string(error) + " of \"" + text + "\"");
+    for (const char* constant : {"a = ", "a"})
+        EXPECT_THROW(parseConstant(constant), DeclarationError);
     EXPECT_THROW(parseType("double() x"), DeclarationError);
 }

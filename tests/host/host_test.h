@@ -1,0 +1,66 @@
+// What these tests share: a started host, calls through its resolver as a plugin makes them, and references that end with their
+// scope.
+#pragma once
+
+#include "model/classes.h"
+#include "model/entries.h"
+#include "model/exceptions.h"
+#include "model/strings.h"
+
+#include <gtest/gtest.h>
+
+// A host of the given version, at whose end no object and no string may be left.
+template <int version>
+struct HostOf : testing::Test {
+    HostOf() { host::startHost({version, {}}); }
+    void TearDown() override {
+        EXPECT_EQ(host::liveObjectCount(), 0u);
+        EXPECT_EQ(host::liveStringCount(), 0u);
+    }
+};
+using StartedHost = HostOf<2021>;
+
+// One reference, given up at the end of the scope; null is allowed.
+template <class T>
+struct Held {
+    T* const value;
+    explicit Held(T* reference) : value(reference) {}
+    Held(const Held&) = delete;
+    ~Held() { host::unlock(value); }
+    operator T*() const { return value; }
+};
+
+// The named entry under its contract type; the test fails when the host does not offer it.
+template <class Proc>
+Proc entry(const char* name) {
+    void* const address = host::resolveEntry(name);
+    EXPECT_NE(address, nullptr) << name;
+    return reinterpret_cast<Proc>(address);
+}
+
+// Calls the first method of that name, or its setter.
+inline host::Slot call(host::Object* object, const char* name, std::vector<host::Slot> arguments = {}, bool set = false) {
+    const host::Method& method = *object->info->findMethods(name).front();
+    arguments.insert(arguments.begin(), host::Slot::ofObject(object));
+    host::Slot result;
+    (set ? method.invokeSetter : method.invoke)(set ? method.setter : method.function, arguments.data(), &result);
+    return result;
+}
+
+// What the action throws says; empty when it throws nothing.
+template <class Action>
+std::string errorOf(Action action) {
+    try {
+        action();
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+    return "";
+}
+
+// The message of the pending exception, which must be of the class and is pending no longer.
+inline std::string pendingMessage(const char* className) {
+    const Held exception(host::takePendingException());
+    EXPECT_EQ(exception ? exception.value->info->name() : "no exception", className);
+    return exception ? host::exceptionMessage(exception) : "";
+}
