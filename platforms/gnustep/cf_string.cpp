@@ -1,5 +1,4 @@
-// CoreFoundation strings are NSStrings. Text is converted here and not by NSString, whose converters let invalid bytes pass in some
-// encodings.
+// CoreFoundation strings are NSStrings. Text is converted by the same strict rules as on the builtin platform, not by NSString's own.
 #include "corefoundation/text_encoding.h"
 #include "platform/corefoundation.h"
 #include "platform/selectors.h"

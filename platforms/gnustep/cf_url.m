@@ -1,5 +1,4 @@
-// CoreFoundation's URLs are NSURLs. What NSURL makes on the way goes with a pool of its own: these functions, unlike messages, may be
-// called where there is none.
+// CoreFoundation's URLs are NSURLs. What NSURL makes on the way goes with a pool of its own, so that only the answer is left.
 #import <Foundation/NSAutoreleasePool.h>
 #import <Foundation/NSString.h>
 #import <Foundation/NSURL.h>
