@@ -11,7 +11,8 @@ install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 # Paths relative to the file itself, so that the tree can be moved after it was installed.
-file(RELATIVE_PATH CHROMA_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+file(RELATIVE_PATH prefix_from_package /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" CHROMA_PREFIX_FROM_PC ${prefix_from_package})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/chromabridge.pc.in ${PROJECT_BINARY_DIR}/chromabridge.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/chromabridge.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 

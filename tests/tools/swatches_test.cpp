@@ -91,6 +91,12 @@ TEST_F(Swatches, ShowTheColoursThatTheClassesAnswer) {
     EXPECT_EQ(shapesOf<Label>(page)[1].text.rfind("46 ", 0), 0u);
 }
 
+TEST_F(Swatches, ThePictureInTheDocumentationIsUpToDate) {
+    std::ostringstream kept;
+    kept << std::ifstream(PICTURE).rdbuf();
+    EXPECT_EQ(kept.str(), svgOf(systemColorPage())) << "chromahost swatches docs/pictures/system_colors.svg";
+}
+
 TEST_F(Swatches, KeepsTextInsideItsCardAndApart) {
     const Picture page = systemColorPage();
     const std::vector<Outline> outlines = shapesOf<Outline>(page);
