@@ -72,7 +72,7 @@ bool runOnce(Frame& frame, const LoopBody& loop, Completion& completion) {
     return goesOn;
 }
 
-// `member` is the part of a slot that holds the loop's numbers.
+// `member` names the member of a slot that holds the loop's numbers.
 template <class Number>
 ActionPtr countingLoop(ForLoop form, Number Slot::*member) {
     return makeAction([loop = std::move(form), member](Frame& frame) {
