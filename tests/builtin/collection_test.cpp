@@ -75,6 +75,12 @@ TEST(Dictionaries, MapPlainPointers) {
     CFDictionarySetValue(dictionary, &first, &first);
     EXPECT_EQ(CFDictionaryGetCount(dictionary), 2);
     EXPECT_EQ(CFDictionaryGetValue(dictionary, &first), &first);
+    std::size_t equal = 0;
+    CFDictionaryApplyFunction(
+        dictionary,
+        [](const void* key, const void* value, void* context) { *static_cast<std::size_t*>(context) += key == value; },
+        &equal);
+    EXPECT_EQ(equal, 2u);
     CFDictionaryRemoveValue(dictionary, &first);
     CFDictionaryRemoveValue(dictionary, &first);
     EXPECT_EQ(CFDictionaryGetValue(dictionary, &first), nullptr);

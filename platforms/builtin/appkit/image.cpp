@@ -13,7 +13,10 @@ Image* initWithSize(Image* self, SEL, Size size) {
 
 Size sizeOf(Image* self, SEL) { return self->size; }
 
-void setBackgroundColor(Image* self, SEL, Color* color) { self->backgroundColor = color; }
+void setBackgroundColor(Image* self, SEL, id color) {
+    static const Message colorSpaceName{"colorSpaceName"};
+    self->backgroundColor = argument<Color>(color, colorSpaceName);
+}
 
 Color* backgroundColor(Image* self, SEL) { return self->backgroundColor.get(); }
 
