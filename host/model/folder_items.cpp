@@ -54,6 +54,25 @@ HostBoolean exists(Object* item, REALword) {
     return fs::exists(pathOf(item), error);
 }
 
+HostBoolean isFolder(Object* item, REALword) {
+    std::error_code error;
+    return fs::is_directory(pathOf(item), error);
+}
+
+// A new item, which the caller owns; null when memory is exhausted.
+Object* newItem(const fs::path& path) {
+    Object* const item = newObject(*registry().find("FolderItem"));
+    if (item) pathOf(item) = path;
+    return item;
+}
+
+Object* parent(Object* item, REALword) {
+    const fs::path path = pathOf(item).parent_path();
+    return path == pathOf(item) ? nullptr : newItem(path);
+}
+
+Object* child(Object* item, String* name) { return newItem(pathOf(item) / std::string(utf8Of(name))); }
+
 HostInteger length(Object* item, REALword) {
     std::error_code error;
     const std::uintmax_t size = fs::file_size(pathOf(item), error);
@@ -89,12 +108,15 @@ REALproperty properties[] = {
     readOnlyProperty("Name", "String", name),
     readOnlyProperty("URLPath", "String", urlPath),
     readOnlyProperty("Exists", "Boolean", exists),
+    readOnlyProperty("IsFolder", "Boolean", isFolder),
     readOnlyProperty("Length", "Integer", length),
+    readOnlyProperty("Parent", "FolderItem", parent),
     readOnlyProperty("NativePath", "String", nativePath),
 };
 
 REALmethodDefinition methods[] = {
     method("Constructor(path as string)", initialize),
+    method("Child(name as string) as FolderItem", child),
     method("ReadBytes as MemoryBlock", readBytes),
     method("WriteBytes(bytes as MemoryBlock)", writeBytes),
     method("Delete", remove),

@@ -6,7 +6,9 @@
 #include "model/storage.h"
 #include "model/strings.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <limits>
 #include <string>
 
@@ -17,6 +19,7 @@ namespace {
 struct Bytes {
     unsigned char* start; // null when size is 0
     std::int32_t size;
+    bool isLittleEndian; // of the numbers that programs read and write
 };
 
 Bytes& bytesIn(const Object* block) { return *static_cast<Bytes*>(block->own.reference); }
@@ -29,7 +32,7 @@ void publish(Object* block) {
 }
 
 void construct(Object* block) {
-    block->own = Slot::ofReference(new Bytes{nullptr, 0});
+    block->own = Slot::ofReference(new Bytes{nullptr, 0, true});
     publish(block);
 }
 
@@ -50,7 +53,8 @@ bool resize(Object* block, std::int32_t size) {
         if (kept > 0) std::memcpy(start, bytes.start, static_cast<std::size_t>(kept));
     }
     std::free(bytes.start);
-    bytes = {start, size};
+    bytes.start = start;
+    bytes.size = size;
     publish(block);
     return true;
 }
@@ -81,6 +85,37 @@ void setByteAt(Object* block, HostInteger offset, HostInteger value) {
     if (inRange(block, offset, 1)) bytesIn(block).start[offset] = static_cast<unsigned char>(value & 0xFF);
 }
 
+HostBoolean littleEndian(Object* block, REALword) { return bytesIn(block).isLittleEndian; }
+void setLittleEndian(Object* block, REALword, HostBoolean value) { bytesIn(block).isLittleEndian = value != 0; }
+
+// A number of the type Stored in the block's byte order, as one of the type Value.
+template <class Stored, class Value>
+Value numberAt(Object* block, HostInteger offset) {
+    if (!inRange(block, offset, sizeof(Stored))) return 0;
+    unsigned char bytes[sizeof(Stored)];
+    std::memcpy(bytes, bytesIn(block).start + offset, sizeof bytes);
+    if (!bytesIn(block).isLittleEndian) std::reverse(std::begin(bytes), std::end(bytes));
+    Stored stored;
+    std::memcpy(&stored, bytes, sizeof stored);
+    return static_cast<Value>(stored);
+}
+
+// What does not fit the stored type is cut to it.
+template <class Stored, class Value>
+void setNumberAt(Object* block, HostInteger offset, Value value) {
+    if (!inRange(block, offset, sizeof(Stored))) return;
+    const auto stored = static_cast<Stored>(value);
+    unsigned char bytes[sizeof(Stored)];
+    std::memcpy(bytes, &stored, sizeof bytes);
+    if (!bytesIn(block).isLittleEndian) std::reverse(std::begin(bytes), std::end(bytes));
+    std::memcpy(bytesIn(block).start + offset, bytes, sizeof bytes);
+}
+
+template <class Stored, class Value = HostInteger>
+REALmethodDefinition numberMethod(const char* declaration) {
+    return assignableMethod(declaration, numberAt<Stored, Value>, setNumberAt<Stored, Value>);
+}
+
 String* stringValue(Object* block, HostInteger offset, HostInteger length) {
     if (!inRange(block, offset, length) || length == 0) return nullptr;
     const auto* const text = reinterpret_cast<const char*>(bytesIn(block).start + offset);
@@ -97,11 +132,21 @@ void setStringValue(Object* block, HostInteger offset, HostInteger length, Strin
     }
 }
 
-REALproperty properties[] = {{nullptr, "Size", "Integer", 0, bound(size), bound(setSize), 0, {}}};
+REALproperty properties[] = {
+    {nullptr, "Size", "Integer", 0, bound(size), bound(setSize), 0, {}},
+    {nullptr, "LittleEndian", "Boolean", 0, bound(littleEndian), bound(setLittleEndian), 0, {}},
+};
 
 REALmethodDefinition methods[] = {
     method("Constructor(size as integer)", resizeOrRaise),
     assignableMethod("Byte(offset as integer) as integer", byteAt, setByteAt),
+    numberMethod<std::int8_t>("Int8Value(offset as integer) as integer"),
+    numberMethod<std::uint8_t>("UInt8Value(offset as integer) as integer"),
+    numberMethod<std::int16_t>("Int16Value(offset as integer) as integer"),
+    numberMethod<std::uint16_t>("UInt16Value(offset as integer) as integer"),
+    numberMethod<std::int32_t>("Int32Value(offset as integer) as integer"),
+    numberMethod<float, double>("SingleValue(offset as integer) as double"),
+    numberMethod<double, double>("DoubleValue(offset as integer) as double"),
     assignableMethod("StringValue(offset as integer, length as integer) as string", stringValue, setStringValue),
 };
 

@@ -143,6 +143,18 @@ TEST_F(MemoryBlocks, HoldBytesAndTextAndRaiseOutsideThem) {
     EXPECT_EQ(bytesOf(block)[3], 0x41);
     EXPECT_EQ(bytesOf(block)[5], 0);
 
+    const std::vector<Slot> big = {Slot::ofInteger(0), Slot::ofInteger(-2)};
+    call(block, "Int16Value", big, true);
+    EXPECT_EQ(call(block, "UInt16Value", big).integer, 0xFFFE);
+    EXPECT_EQ(call(block, "Int16Value", big).integer, -2);
+    writeProperty(*registry().find("MemoryBlock")->findProperty("LittleEndian"), block, Slot());
+    EXPECT_EQ(call(block, "UInt16Value", big).integer, 0xFEFF);
+    call(block, "SingleValue", {Slot::ofInteger(0), Slot::ofReal(0.5)}, true);
+    EXPECT_EQ(bytesOf(block)[0], 0x3F);
+    EXPECT_EQ(call(block, "SingleValue", big).real, 0.5);
+    call(block, "DoubleValue", big);
+    EXPECT_EQ(pendingMessage("OutOfBoundsException"), "8 bytes from offset 0 are not inside a memory block of 6 bytes.");
+
     const Held value(newString("abc"));
     for (const int offset : {1, 0})
         call(block, "StringValue", {Slot::ofInteger(offset), Slot::ofInteger(offset ? 4 : 2), Slot::ofString(value)}, true);
