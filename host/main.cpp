@@ -84,11 +84,13 @@ int main(int argc, char** argv) {
     app.add_option("--plugin", options.plugins, "A plugin library, by default the one in ../lib; may be repeated")
         ->type_name("PATH")
         ->expected(1)
+        ->allow_extra_args(false) // what follows the value is the program
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
         ->default_str("libchromabridge.so");
     app.add_option("--without", options.host.without, "An entry point that the host shall not have; may be repeated")
         ->type_name("NAME")
         ->expected(1)
+        ->allow_extra_args(false) // what follows the value is the program
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     app.add_option("--host-version", options.host.version,
                    "The version that the host reports, which decides the record layout")

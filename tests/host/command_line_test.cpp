@@ -61,6 +61,7 @@ TEST(CommandLine, SaysWhatIsWrong) {
         {"records --without nothing", 2, "chromahost: there is no entry \"nothing\"; the entries are:\n"},
         {"records --plugin no.so", 1, "chromahost: cannot load the plugin no.so: "},
         {"run /no/such/file", 1, "/no/such/file: "},
+        {"run --without REALLockObject --without newMemoryBlock /no/such/file", 1, "/no/such/file: "},
         {"--help", 0, ""},
     };
     for (const auto& [arguments, exitCode, message] : cases) {
