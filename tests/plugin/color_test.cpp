@@ -13,18 +13,8 @@ using namespace chroma;
 using namespace chroma::color;
 using foreign::Host;
 
-class Color : public PluginTest {
+class Color : public SiblingTest {
 protected:
-    void SetUp() override {
-        PluginTest::SetUp();
-        native::Sibling::install();
-        start();
-    }
-    void TearDown() override {
-        EXPECT_EQ(native::CFDictionaryGetCount(native::Sibling::registry()), 0);
-        PluginTest::TearDown();
-    }
-
     // Host objects, which the test gives up with foreign::unlock.
     REALobjectStruct* rgb(double red, double green, double blue, double alpha = 1.0) {
         REALobjectStruct* const object = foreign::make("NSColorZRX");

@@ -17,23 +17,18 @@ using namespace chroma;
 using namespace chroma::colorlist;
 using foreign::Host;
 
-class Lists : public PluginTest {
+class Lists : public SiblingTest {
 protected:
     void SetUp() override {
-        PluginTest::SetUp();
-        native::Sibling::install();
-        start();
+        SiblingTest::SetUp();
         list = foreign::make("NSColorListZRX");
         path = ::testing::TempDir() + "list " + std::to_string(getpid()) + ".clr";
     }
     void TearDown() override {
         foreign::unlock(list);
-        EXPECT_EQ(registered(), 0);
         std::remove(path.c_str());
-        PluginTest::TearDown();
+        SiblingTest::TearDown();
     }
-
-    static CFIndex registered() { return native::CFDictionaryGetCount(native::Sibling::registry()); }
 
     // Calls a function with host strings that are given up afterwards; the empty text is the null string.
     template <class Function, class... Arguments>

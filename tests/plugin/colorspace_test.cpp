@@ -16,19 +16,12 @@ using namespace chroma;
 using namespace chroma::colorspace;
 using foreign::Host;
 
-class Spaces : public PluginTest {
+class Spaces : public SiblingTest {
 protected:
     void SetUp() override {
-        PluginTest::SetUp();
-        native::Sibling::install();
-        start();
+        SiblingTest::SetUp();
         foreign::unlock(foreign::make("NSColorSpaceZRX"));
     }
-    void TearDown() override {
-        EXPECT_EQ(native::CFDictionaryGetCount(native::Sibling::registry()), 0);
-        PluginTest::TearDown();
-    }
-
     // The bytes of a profile that the platform accepts; where it checks none, any will do.
     static std::string profile() {
         if (platform::differs(Difference::ProfileChecks)) return std::string("any \0 bytes", 11);
@@ -108,7 +101,7 @@ TEST_F(Spaces, AProfileMakesASpaceThatHandsItOut) {
     REALobjectStruct* const space = foreign::make("NSColorSpaceZRX");
     initWithICCProfileData(space, block);
     EXPECT_EQ(takeProfile(space), bytes);
-    EXPECT_EQ(native::CFDictionaryGetCount(native::Sibling::registry()), 1);
+    EXPECT_EQ(registered(), 1);
     EXPECT_EQ(native::retainCount(nativeObject(space)), 1U);
     expectRefused(space);
     EXPECT_EQ(takeProfile(space), bytes);
@@ -134,7 +127,6 @@ TEST_F(Spaces, HandlesComeBackAndOnlyOneInitialiserStaysUnregistered) {
         return;
     }
     REALobjectStruct* const srgb = getsRGBColorSpace();
-    const auto registered = [] { return native::CFDictionaryGetCount(native::Sibling::registry()); };
 
     REALobjectStruct* const fromSpace = foreign::make("NSColorSpaceZRX");
     const CFIndex before = registered();

@@ -11,18 +11,8 @@ using namespace chroma;
 using namespace chroma::color;
 using foreign::Host;
 
-class Factories : public PluginTest {
+class Factories : public SiblingTest {
 protected:
-    void SetUp() override {
-        PluginTest::SetUp();
-        native::Sibling::install();
-        start();
-    }
-    void TearDown() override {
-        EXPECT_EQ(native::CFDictionaryGetCount(native::Sibling::registry()), 0);
-        PluginTest::TearDown();
-    }
-
     // The components of a factory's answer, which is given up; empty for nil.
     static std::vector<double> componentsOf(REALobjectStruct* color) {
         if (!color) return {};

@@ -57,3 +57,19 @@ protected:
     foreign::Host& host = foreign::Host::instance();
     chroma::id pool = nullptr;
 };
+
+// With a stand-in for the sibling plugin, whose registry must be empty again at the end.
+class SiblingTest : public PluginTest {
+protected:
+    void SetUp() override {
+        PluginTest::SetUp();
+        native::Sibling::install();
+        start();
+    }
+    void TearDown() override {
+        EXPECT_EQ(registered(), 0);
+        PluginTest::TearDown();
+    }
+
+    static chroma::CFIndex registered() { return native::CFDictionaryGetCount(native::Sibling::registry()); }
+};
