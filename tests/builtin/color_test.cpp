@@ -1,7 +1,5 @@
-// Colours: who answers what, names, descriptions, the named colours.
+// Colours: who answers what, names, descriptions, patterns, the named colours, the pasteboard.
 #include "support/native.h"
-
-#include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
@@ -9,67 +7,77 @@
 using namespace chroma;
 using namespace chroma::test;
 
+using Colors = PlatformTest;
+using Pasteboard = PlatformTest;
+
 namespace {
 
-id calibratedWhite(float white, float alpha) {
-    return sendClass("NSColor", "colorWithCalibratedWhite:alpha:", white, alpha);
-}
+struct Size {
+    float width;
+    float height;
+};
+
+id image() { return made("NSImage", "initWithSize:", Size{8, 4}); }
+id patternOf(id image) { return color("colorWithPatternImage:", image); }
+id calibratedWhite(float white, float alpha) { return color("colorWithCalibratedWhite:alpha:", white, alpha); }
 
 id deviceRGB(float red, float green, float blue, float alpha) {
-    return sendClass("NSColor", "colorWithDeviceRed:green:blue:alpha:", red, green, blue, alpha);
+    return color("colorWithDeviceRed:green:blue:alpha:", red, green, blue, alpha);
 }
 
 id deviceCMYK(float cyan, float magenta, float yellow, float black, float alpha) {
-    return sendClass("NSColor", "colorWithDeviceCyan:magenta:yellow:black:alpha:", cyan, magenta, yellow, black, alpha);
-}
-
-// "name of the kind of space: the component messages that the colour answers".
-std::string answersOf(id color) {
-    std::string answers = textOf(send(color, "colorSpaceName")) + ":";
-    for (const char* const message : {"red", "green", "blue", "hue", "saturation", "brightness", "white", "cyan", "magenta",
-                                      "yellow", "black", "alpha"}) {
-        const std::string selector = std::string(message) + "Component";
-        if (!caught([&] { send<float>(color, selector.c_str()); })) answers += std::string(" ") + message;
-    }
-    return answers;
+    return color("colorWithDeviceCyan:magenta:yellow:black:alpha:", cyan, magenta, yellow, black, alpha);
 }
 
 } // namespace
 
-TEST(Colors, AnswerTheComponentsOfTheirOwnFamily) {
-    const Pool pool;
+TEST_F(Colors, AnswerTheComponentsOfTheirFamilyAlone) {
     const std::string rgb = ": red green blue hue saturation brightness alpha";
-    EXPECT_EQ(answersOf(calibratedRGB(1, 0, 0)), "NSCalibratedRGBColorSpace" + rgb);
-    EXPECT_EQ(answersOf(deviceRGB(1, 0, 0, 1)), "NSDeviceRGBColorSpace" + rgb);
-    EXPECT_EQ(answersOf(colorIn(standardSpace("sRGBColorSpace"), {1, 0, 0, 1})), "NSCustomColorSpace" + rgb);
-    EXPECT_EQ(answersOf(calibratedWhite(1, 1)), "NSCalibratedWhiteColorSpace: white alpha");
-    EXPECT_EQ(answersOf(sendClass("NSColor", "colorWithDeviceWhite:alpha:", 1.f, 1.f)),
-              "NSDeviceWhiteColorSpace: white alpha");
-    EXPECT_EQ(answersOf(deviceCMYK(0, 0, 0, 0, 1)), "NSDeviceCMYKColorSpace: cyan magenta yellow black alpha");
-    EXPECT_EQ(answersOf(sendClass("NSColor", "controlColor")), "NSNamedColorSpace:");
+    const std::pair<id, std::string> cases[] = {
+        {calibratedRGB(1, 0, 0), "NSCalibratedRGBColorSpace" + rgb},
+        {deviceRGB(1, 0, 0, 1), "NSDeviceRGBColorSpace" + rgb},
+        {colorIn(standardSpace("sRGBColorSpace"), {1, 0, 0, 1}), "NSCustomColorSpace" + rgb},
+        {calibratedWhite(1, 1), "NSCalibratedWhiteColorSpace: white alpha"},
+        {color("colorWithDeviceWhite:alpha:", 1.f, 1.f), "NSDeviceWhiteColorSpace: white alpha"},
+        {deviceCMYK(0, 0, 0, 0, 1), "NSDeviceCMYKColorSpace: cyan magenta yellow black alpha"},
+        {color("controlColor"), "NSNamedColorSpace:"},
+        {patternOf(image()), "NSPatternColorSpace:"}};
+    for (const auto& [color, expected] : cases) {
+        std::string answers = textOf(send(color, "colorSpaceName")) + ":";
+        for (const char* const component : {"red", "green", "blue", "hue", "saturation", "brightness", "white", "cyan",
+                                            "magenta", "yellow", "black", "alpha"}) {
+            const std::string message = component + std::string("Component");
+            const id exception = caught([&, color = color] { send<float>(color, message.c_str()); });
+            if (!exception) answers += std::string(" ") + component;
+        }
+        EXPECT_EQ(answers, expected);
+    }
 }
 
-TEST(Colors, RaiseForOtherComponentsWithSelectorAndDescription) {
-    const Pool pool;
-    const id grey = calibratedWhite(0.5f, 1);
+TEST_F(Colors, RefuseWhatTheirKindDoesNotHave) {
+    const id grey = calibratedWhite(0.5f, 1), catalog = color("controlColor"), red = color("redColor");
     EXPECT_EQ(raised([&] { send<float>(grey, "redComponent"); }),
               "NSInvalidArgumentException: *** -[NSColor redComponent] not valid for the NSColor "
               "NSCalibratedWhiteColorSpace 0.5 1; need to first convert colorspace.");
     float sink[5];
     float* const out = sink;
-    EXPECT_TRUE(
-        raises("NSInvalidArgumentException", [&] { send<void>(grey, "getRed:green:blue:alpha:", out, out, out, out); }));
-    EXPECT_TRUE(
-        raises("NSInvalidArgumentException", [&] { send<void>(calibratedRGB(1, 0, 0), "getWhite:alpha:", out, out); }));
-    const id catalog = sendClass("NSColor", "controlColor");
-    for (const char* const message : {"numberOfComponents", "colorSpace"}) {
-        EXPECT_TRUE(raises("NSInvalidArgumentException", [&] { send(catalog, message); })) << message;
+    EXPECT_TRUE(refuses([&] { send<void>(grey, "getRed:green:blue:alpha:", out, out, out, out); }));
+    EXPECT_TRUE(refuses([&] { send<void>(red, "getWhite:alpha:", out, out); }));
+    EXPECT_TRUE(refuses([&] { send<void>(catalog, "getComponents:", out); }));
+    EXPECT_TRUE(refuses([&] { patternOf(string("no image")); }));
+    EXPECT_EQ(patternOf(nullptr), nullptr);
+    const std::pair<id, std::vector<const char*>> lacking[] = {
+        {catalog, {"numberOfComponents", "colorSpace", "patternImage"}},
+        {patternOf(image()), {"numberOfComponents", "colorSpace", "colorNameComponent"}},
+        {red, {"colorNameComponent", "localizedColorNameComponent", "catalogNameComponent", "patternImage"}}};
+    for (const auto& [color, messages] : lacking) {
+        for (const char* const message : messages) {
+            EXPECT_TRUE(refuses([&, color = color] { send(color, message); })) << textOf(color) << " " << message;
+        }
     }
-    EXPECT_TRUE(raises("NSInvalidArgumentException", [&] { send<void>(catalog, "getComponents:", out); }));
 }
 
-TEST(Colors, ReadOutInOneGoAndSkipNullOutputs) {
-    const Pool pool;
+TEST_F(Colors, ReadOutInOneGoAndSkipNullOutputs) {
     float* const none = nullptr;
     float a = 9, b = 9, c = 9;
     send<void>(calibratedRGB(0.25f, 0.5f, 0.75f, 0.125f), "getRed:green:blue:alpha:", &a, none, &b, &c);
@@ -78,70 +86,63 @@ TEST(Colors, ReadOutInOneGoAndSkipNullOutputs) {
     EXPECT_EQ(a, 0.5f);
     send<void>(deviceCMYK(0.1f, 0.2f, 0.3f, 0.4f, 0.5f), "getCyan:magenta:yellow:black:alpha:", none, &a, none, &b, &c);
     EXPECT_EQ(std::vector({a, b, c}), std::vector({0.2f, 0.4f, 0.5f}));
-    EXPECT_EQ(componentsOf(deviceCMYK(0.1f, 0.2f, 0.3f, 0.4f, 0.5f)), std::vector({0.1f, 0.2f, 0.3f, 0.4f, 0.5f}));
-    EXPECT_EQ(componentsOf(calibratedWhite(0.25f, 0.5f)), std::vector({0.25f, 0.5f}));
 }
 
-TEST(Colors, CalibratedOnesTakeAnyComponentDeviceOnesClip) {
-    const Pool pool;
-    EXPECT_EQ(componentsOf(calibratedRGB(2.5f, -0.5f, 0, 7)), std::vector({2.5f, -0.5f, 0.f, 7.f}));
-    EXPECT_EQ(componentsOf(calibratedWhite(1.5f, -1)), std::vector({1.5f, -1.f}));
-    EXPECT_EQ(componentsOf(deviceRGB(2.5f, -0.5f, 0.5f, 7)), std::vector({1.f, 0.f, 0.5f, 1.f}));
-    EXPECT_EQ(componentsOf(deviceCMYK(-1, 2, 0.5f, 0, 3)), std::vector({0.f, 1.f, 0.5f, 0.f, 1.f}));
-    const float nan = std::numeric_limits<float>::quiet_NaN();
-    EXPECT_TRUE(std::isnan(componentsOf(calibratedRGB(nan, 0, 0))[0]));
-    EXPECT_EQ(componentsOf(deviceRGB(nan, 0, 0, nan)), std::vector({0.f, 0.f, 0.f, 0.f}));
-}
-
-TEST(Colors, HueSaturationAndBrightnessAreAnotherWayToWriteRGB) {
-    const Pool pool;
+TEST_F(Colors, AreDescribedByTheirSpaceAndShortestComponents) {
     const auto fromHue = [](float hue, float saturation, float brightness) {
-        return sendClass("NSColor", "colorWithCalibratedHue:saturation:brightness:alpha:", hue, saturation, brightness, 1.f);
+        return color("colorWithCalibratedHue:saturation:brightness:alpha:", hue, saturation, brightness, 1.f);
     };
-    EXPECT_EQ(componentsOf(fromHue(0, 1, 1)), std::vector({1.f, 0.f, 0.f, 1.f}));
-    EXPECT_EQ(componentsOf(fromHue(2 / 3.f, 1, 0.5f))[2], 0.5f);
-    EXPECT_EQ(componentsOf(fromHue(0.25f, 0.5f, 0.8f)), std::vector({0.6f, 0.8f, 0.4f, 1.f}));
-    EXPECT_EQ(componentsOf(fromHue(0.3f, 0, 0.8f)), std::vector({0.8f, 0.8f, 0.8f, 1.f}));
-    EXPECT_EQ(componentsOf(fromHue(2, 3, -1)), std::vector({0.f, 0.f, 0.f, 1.f})) << "all three are clipped";
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    const id srgb = standardSpace("sRGBColorSpace"), grey = standardSpace("genericGrayColorSpace");
+    const std::pair<id, const char*> cases[] = {
+        // What is calibrated takes any component, a device clips.
+        {calibratedRGB(2.5f, -0.5f, 0, 7), "NSCalibratedRGBColorSpace 2.5 -0.5 0 7"},
+        {calibratedRGB(0.1f, 1 / 3.f, 1e-9f), "NSCalibratedRGBColorSpace 0.1 0.33333334 1e-09 1"},
+        {calibratedWhite(1.5f, -1), "NSCalibratedWhiteColorSpace 1.5 -1"},
+        {deviceRGB(2.5f, -0.5f, 0.5f, 7), "NSDeviceRGBColorSpace 1 0 0.5 1"},
+        {deviceRGB(nan, 0, 0, nan), "NSDeviceRGBColorSpace 0 0 0 0"},
+        {deviceCMYK(-1, 2, 0.5f, 0.25f, 3), "NSDeviceCMYKColorSpace 0 1 0.5 0.25 1"},
+        {colorIn(srgb, {1, 0, 0, 1}), "NSCustomColorSpace sRGB IEC61966-2.1 colorspace 1 0 0 1"},
+        {colorIn(grey, {0.25f, 2}), "NSCalibratedWhiteColorSpace 0.25 2"},
+        // Hue, saturation and brightness are clipped.
+        {fromHue(0, 1, 1), "NSCalibratedRGBColorSpace 1 0 0 1"},
+        {fromHue(0.25f, 0.5f, 0.8f), "NSCalibratedRGBColorSpace 0.6 0.8 0.4 1"},
+        {fromHue(0.3f, 0, 0.8f), "NSCalibratedRGBColorSpace 0.8 0.8 0.8 1"},
+        {fromHue(2, 3, -1), "NSCalibratedRGBColorSpace 0 0 0 1"},
+        {color("controlColor"), "Catalog color: System controlColor"},
+        {color("orangeColor"), "NSCalibratedRGBColorSpace 1 0.5 0 1"},
+        {color("lightGrayColor"), "NSCalibratedWhiteColorSpace 0.6666667 1"},
+        {color("clearColor"), "NSCalibratedWhiteColorSpace 0 0"}};
+    for (const auto& [color, description] : cases)
+        EXPECT_EQ(textOf(color), description);
+    EXPECT_TRUE(std::isnan(componentsOf(calibratedRGB(nan, 0, 0))[0]));
 
-    for (const auto& rgb : {std::array{0.9f, 0.1f, 0.3f}, {0.2f, 0.7f, 0.71f}, {0.33f, 0.34f, 0.99f}, {1.f, 1.f, 0.f}}) {
+    for (const auto& rgb :
+         {std::vector{0.9f, 0.1f, 0.3f}, {0.2f, 0.7f, 0.71f}, {0.33f, 0.34f, 0.99f}, {1.f, 1.f, 0.f}, {0.1f, 0.2f, 0.9f}}) {
         float h, s, b, alpha;
         send<void>(calibratedRGB(rgb[0], rgb[1], rgb[2], 0.5f), "getHue:saturation:brightness:alpha:", &h, &s, &b, &alpha);
-        const std::vector<float> back = componentsOf(fromHue(h, s, b));
-        for (std::size_t index = 0; index < 3; ++index) {
-            EXPECT_NEAR(back[index], rgb[index], 3e-7) << h << " " << s << " " << b;
-        }
+        expectNear(componentsOf(fromHue(h, s, b)), {rgb[0], rgb[1], rgb[2], 1}, 3e-7);
         EXPECT_EQ(alpha, 0.5f);
     }
 }
 
-TEST(Colors, AreDescribedByTheirSpaceAndShortestComponents) {
-    const Pool pool;
-    const auto description = [](id color) { return textOf(send(color, "description")); };
-    EXPECT_EQ(description(calibratedRGB(1, 0.5f, 0, 0.25f)), "NSCalibratedRGBColorSpace 1 0.5 0 0.25");
-    EXPECT_EQ(description(calibratedRGB(0.1f, 1 / 3.f, 1e-9f)), "NSCalibratedRGBColorSpace 0.1 0.33333334 1e-09 1");
-    EXPECT_EQ(description(colorIn(standardSpace("sRGBColorSpace"), {1, 0, 0, 1})),
-              "NSCustomColorSpace sRGB IEC61966-2.1 colorspace 1 0 0 1");
-    EXPECT_EQ(description(sendClass("NSColor", "controlColor")), "Catalog color: System controlColor");
+TEST_F(Colors, AreEqualWhenSpaceAndComponentsAre) {
+    const id rgb = calibratedRGB(1, 0.5f, 0), catalog = color("textColor"), tile = image(), pattern = patternOf(tile);
+    for (const id color : {rgb, catalog, pattern})
+        EXPECT_TRUE(isEqual(color, test::color("colorWithCGColor:", send(color, "CGColor")))) << textOf(color);
+    EXPECT_EQ(color("colorWithCGColor:", id{}), nullptr);
+    EXPECT_TRUE(isEqual(rgb, colorIn(standardSpace("genericRGBColorSpace"), {1, 0.5f, 0, 1})));
+    EXPECT_TRUE(isEqual(pattern, patternOf(tile)));
+    for (const id other : {calibratedRGB(1, 0.5f, 0, 0.5f), deviceRGB(1, 0.5f, 0, 1), string("1 0.5 0 1"), catalog})
+        EXPECT_FALSE(isEqual(rgb, other));
+    EXPECT_FALSE(isEqual(catalog, color("controlTextColor")));
+    EXPECT_FALSE(isEqual(pattern, patternOf(image())));
+    EXPECT_EQ(send(pattern, "patternImage"), tile);
+    EXPECT_EQ(send<Size>(tile, "size").width, 8);
+    EXPECT_EQ(send<Size>(tile, "size").height, 4);
 }
 
-TEST(Colors, AreEqualWhenSpaceAndComponentsAre) {
-    const Pool pool;
-    const id color = calibratedRGB(1, 0.5f, 0);
-    const auto isEqual = [](id first, id second) { return send<BOOL>(first, "isEqual:", second) != 0; };
-    EXPECT_TRUE(isEqual(color, colorIn(standardSpace("genericRGBColorSpace"), {1, 0.5f, 0, 1})));
-    EXPECT_TRUE(isEqual(color, sendClass("NSColor", "colorWithCGColor:", send(color, "CGColor"))));
-    EXPECT_FALSE(isEqual(color, calibratedRGB(1, 0.5f, 0, 0.5f)));
-    EXPECT_FALSE(isEqual(color, deviceRGB(1, 0.5f, 0, 1)));
-    EXPECT_FALSE(isEqual(color, string("1 0.5 0 1")));
-    const id catalog = sendClass("NSColor", "textColor");
-    EXPECT_TRUE(isEqual(catalog, sendClass("NSColor", "colorWithCGColor:", send(catalog, "CGColor"))));
-    EXPECT_FALSE(isEqual(catalog, sendClass("NSColor", "controlTextColor")));
-    EXPECT_EQ(sendClass("NSColor", "colorWithCGColor:", id{}), nullptr);
-}
-
-TEST(Colors, AHandleLivesAsLongAsItsColor) {
-    Pool pool;
+TEST_F(Colors, AHandleLivesAsLongAsItsColor) {
     const id color = send(calibratedRGB(1, 0.5f, 0), "retain");
     const id handle = send(color, "CGColor");
     pool.drain();
@@ -151,41 +152,42 @@ TEST(Colors, AHandleLivesAsLongAsItsColor) {
     EXPECT_EQ(builtin_liveInstances("CGColor"), 0u);
 }
 
-TEST(Colors, NamedOnesAreSingleObjects) {
-    const Pool pool;
-    EXPECT_EQ(sendClass("NSColor", "redColor"), sendClass("NSColor", "redColor"));
-    EXPECT_EQ(sendClass("NSColor", "gridColor"), sendClass("NSColor", "gridColor"));
-    EXPECT_EQ(textOf(send(sendClass("NSColor", "orangeColor"), "description")), "NSCalibratedRGBColorSpace 1 0.5 0 1");
-    EXPECT_EQ(componentsOf(sendClass("NSColor", "lightGrayColor")), std::vector({2 / 3.f, 1.f}));
-    EXPECT_EQ(componentsOf(sendClass("NSColor", "clearColor")), std::vector({0.f, 0.f}));
-}
-
-TEST(Colors, OnlyCatalogColorsHaveNames) {
-    const Pool pool;
-    for (const char* const message : {"catalogNameComponent", "localizedCatalogNameComponent"}) {
-        EXPECT_EQ(textOf(send(sendClass("NSColor", "headerColor"), message)), "System");
-    }
-    for (const char* const message : {"colorNameComponent", "localizedColorNameComponent"}) {
-        EXPECT_EQ(textOf(send(sendClass("NSColor", "headerColor"), message)), "headerColor");
-        EXPECT_TRUE(raises("NSInvalidArgumentException", [&] { send(sendClass("NSColor", "redColor"), message); }));
+TEST_F(Colors, NamedOnesAreSingleObjects) {
+    const id header = color("headerColor");
+    EXPECT_EQ(header, color("headerColor"));
+    EXPECT_EQ(color("redColor"), color("redColor"));
+    for (const char* const prefix : {"c", "localizedC"}) {
+        EXPECT_EQ(textOf(send(header, (prefix + std::string("atalogNameComponent")).c_str())), "System");
+        EXPECT_EQ(textOf(send(header, (prefix + std::string("olorNameComponent")).c_str())), "headerColor");
     }
 }
 
-TEST(Colors, TakeAsManyComponentsAsTheSpaceHasAndAlpha) {
-    const Pool pool;
-    const id grey = standardSpace("genericGrayColorSpace");
-    EXPECT_EQ(componentsOf(colorIn(grey, {0.25f, 2})), std::vector({0.25f, 2.f}));
-    EXPECT_TRUE(raises("NSInvalidArgumentException", [&] { colorIn(grey, {1}); }));
-    EXPECT_TRUE(raises("NSInvalidArgumentException", [&] { colorIn(grey, {1, 1, 1}); }));
-    EXPECT_TRUE(raises("NSInvalidArgumentException", [&] { colorIn(nullptr, {1, 1}); }));
-    EXPECT_TRUE(raises("NSInvalidArgumentException", [&] { colorIn(string("no space"), {1, 1}); }));
-
+TEST_F(Colors, TakeAsManyComponentsAsTheSpaceHasAndAlpha) {
+    const id grey = standardSpace("genericGrayColorSpace"), adobe = standardSpace("adobeRGB1998ColorSpace");
+    EXPECT_TRUE(refuses([&] { colorIn(grey, {1}); }));
+    EXPECT_TRUE(refuses([&] { colorIn(grey, {1, 1, 1}); }));
+    EXPECT_TRUE(refuses([&] { colorIn(nullptr, {1, 1}); }));
+    EXPECT_TRUE(refuses([&] { colorIn(string("no space"), {1, 1}); }));
     const auto fromHue = [](id space) {
-        return sendClass("NSColor", "colorWithColorSpace:hue:saturation:brightness:alpha:", space, 1 / 3.f, 1.f, 1.f, 0.5f);
+        return color("colorWithColorSpace:hue:saturation:brightness:alpha:", space, 1 / 3.f, 1.f, 1.f, 0.5f);
     };
-    const id adobe = standardSpace("adobeRGB1998ColorSpace");
     EXPECT_EQ(send(fromHue(adobe), "colorSpace"), adobe);
-    EXPECT_NEAR(componentsOf(fromHue(adobe))[1], 1, 1e-7);
-    EXPECT_TRUE(raises("NSInvalidArgumentException", [&] { fromHue(grey); }));
-    EXPECT_TRUE(raises("NSInvalidArgumentException", [&] { fromHue(nullptr); }));
+    expectNear(componentsOf(fromHue(adobe)), {0, 1, 0, 0.5f}, 1e-7);
+    EXPECT_TRUE(refuses([&] { fromHue(grey); }));
+    EXPECT_TRUE(refuses([&] { fromHue(nullptr); }));
+}
+
+TEST_F(Pasteboard, KeepsTheLatestColorOfAnyKind) {
+    const id pasteboard = sendClass("NSPasteboard", "generalPasteboard");
+    const auto pasted = [&] { return color("colorFromPasteboard:", pasteboard); };
+    EXPECT_EQ(pasted(), nullptr);
+    for (const id color : {calibratedRGB(0.1f, 2, -1, 0.5f), color("textColor"), deviceCMYK(0.1f, 0.2f, 0.3f, 0.4f, 0.5f),
+                           patternOf(image())}) {
+        send<void>(color, "writeToPasteboard:", pasteboard);
+        EXPECT_TRUE(isEqual(pasted(), color));
+    }
+    send<void>(pasteboard, "clearContents");
+    send<void>(color("redColor"), "writeToPasteboard:", id{});
+    EXPECT_EQ(pasted(), nullptr);
+    EXPECT_EQ(color("colorFromPasteboard:", id{}), nullptr);
 }

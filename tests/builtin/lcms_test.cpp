@@ -58,9 +58,8 @@ void expectSameConversion(id from, const Profile& fromProfile, id to, const Prof
         std::vector<float> components(channels.begin(),
                                       channels.begin() + send<std::intptr_t>(from, "numberOfColorComponents"));
         std::vector<float> scaled = components;
-        for (float& channel : scaled) {
+        for (float& channel : scaled)
             channel *= scaleOf(from);
-        }
         float expected[3] = {};
         cmsDoTransform(transform, scaled.data(), expected, 1);
         components.push_back(1);
@@ -68,10 +67,9 @@ void expectSameConversion(id from, const Profile& fromProfile, id to, const Prof
                                    static_cast<std::intptr_t>(components.size()));
         const std::vector<float> actual = componentsOf(send(color, "colorUsingColorSpace:", to));
         ASSERT_FALSE(actual.empty());
-        for (std::size_t index = 0; index + 1 < actual.size(); ++index) {
+        for (std::size_t index = 0; index + 1 < actual.size(); ++index)
             EXPECT_NEAR(actual[index], std::clamp(expected[index], 0.f, 1.f), tolerance)
                 << textOf(send(from, "localizedName")) << " to " << textOf(send(to, "localizedName"));
-        }
     }
     cmsDeleteTransform(transform);
 }

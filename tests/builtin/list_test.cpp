@@ -2,16 +2,14 @@
 #include "support/native.h"
 #include "support/profile_builder.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cmath>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <limits>
+#include <sstream>
+
 #include <sys/resource.h>
 
 using namespace chroma;
@@ -21,54 +19,43 @@ namespace {
 
 namespace fs = std::filesystem;
 
-id newList(std::string_view name) {
-    return send(send(sendClass("NSColorList", "alloc"), "initWithName:", string(name)), "autorelease");
-}
-
+id newList(std::string_view name) { return made("NSColorList", "initWithName:", string(name)); }
+id listNamed(std::string_view name) { return sendClass("NSColorList", "colorListNamed:", string(name)); }
 id listFrom(const fs::path& file) {
-    return send(send(sendClass("NSColorList", "alloc"), "initWithName:fromFile:", string("Read"), string(file.string())),
-                "autorelease");
+    return made("NSColorList", "initWithName:fromFile:", string("Read"), string(file.c_str()));
 }
-
+bool write(id list, const fs::path& path) { return send<BOOL>(list, "writeToFile:", string(path.c_str())) != 0; }
 void set(id list, id color, std::string_view key) { send<void>(list, "setColor:forKey:", color, string(key)); }
+void remove(id list, std::string_view key) { send<void>(list, "removeColorWithKey:", string(key)); }
+id colorWithKey(id list, std::string_view key) { return send(list, "colorWithKey:", string(key)); }
 
 void insert(id list, id color, std::string_view key, std::uintptr_t index) {
     send<void>(list, "insertColor:key:atIndex:", color, string(key), index);
 }
 
-id colorWithKey(id list, std::string_view key) { return send(list, "colorWithKey:", string(key)); }
-
-bool write(id list, const fs::path& path) { return send<BOOL>(list, "writeToFile:", string(path.string())) != 0; }
-
 std::string keysOf(id list) {
     std::string keys;
     const id enumerator = send(send(list, "allKeys"), "objectEnumerator");
-    while (const id key = send(enumerator, "nextObject")) {
+    while (const id key = send(enumerator, "nextObject"))
         keys += textOf(key) + " ";
-    }
     return keys;
 }
 
 std::string contentsOf(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    std::ostringstream contents;
+    contents << std::ifstream(file, std::ios::binary).rdbuf();
+    return contents.str();
 }
-
-void put(const fs::path& file, std::string_view contents) {
-    std::ofstream(file, std::ios::binary).write(contents.data(), static_cast<std::streamsize>(contents.size()));
-}
-
-id red() { return sendClass("NSColor", "redColor"); }
-id blue() { return sendClass("NSColor", "blueColor"); }
 
 } // namespace
 
 // A new folder for files, which is also the user's data folder.
-class ColorLists : public testing::Test {
+class ColorLists : public PlatformTest {
 protected:
     ColorLists() {
         std::string pattern = testing::TempDir() + "builtin-lists-XXXXXX";
         folder = mkdtemp(pattern.data());
+        file = folder / "mine.clr";
         setenv("XDG_DATA_HOME", folder.c_str(), 1);
     }
     ~ColorLists() override { fs::remove_all(folder); }
@@ -79,164 +66,129 @@ protected:
                              [](const auto& entry) { return entry.is_regular_file(); });
     }
 
-    fs::path folder;
+    fs::path folder, file;
+    id list = newList("Mine"), red = color("redColor"), blue = color("blueColor");
 };
 
 TEST_F(ColorLists, KeepTheOrderOfInsertion) {
-    const Pool pool;
-    const id list = newList("Mine");
     EXPECT_EQ(textOf(send(list, "name")), "Mine");
     EXPECT_TRUE(send<BOOL>(list, "isEditable"));
-    for (const char* const key : {"a", "b", "c"}) {
-        set(list, red(), key);
+    for (const char* const key : {"a", "b", "c"})
+        set(list, red, key);
+    const std::tuple<const char*, std::uintptr_t, const char*> inserted[] = {
+        {"d", 0, "d a b c "}, {"d", 2, "a b d c "}, {"c", 0, "c a b d "}, {"c", 4, "a b d c "}};
+    for (const auto& [key, index, keys] : inserted) {
+        insert(list, blue, key, index);
+        EXPECT_EQ(keysOf(list), keys);
     }
-    insert(list, blue(), "d", 0);
-    EXPECT_EQ(keysOf(list), "d a b c ");
-    insert(list, blue(), "d", 2);
-    EXPECT_EQ(keysOf(list), "a b d c ");
-    insert(list, blue(), "c", 0);
-    EXPECT_EQ(keysOf(list), "c a b d ");
-    insert(list, blue(), "c", 4);
-    EXPECT_EQ(keysOf(list), "a b d c ");
-    set(list, blue(), "a");
+    set(list, blue, "a");
     EXPECT_EQ(keysOf(list), "a b d c ") << "a replacement stays in place";
-    EXPECT_EQ(colorWithKey(list, "a"), blue());
-    EXPECT_EQ(colorWithKey(list, "b"), red());
+    EXPECT_EQ(colorWithKey(list, "a"), blue);
+    EXPECT_EQ(colorWithKey(list, "b"), red);
     EXPECT_EQ(colorWithKey(list, "B"), nullptr);
-    send<void>(list, "removeColorWithKey:", string("d"));
-    send<void>(list, "removeColorWithKey:", string("unknown"));
+    EXPECT_EQ(send(list, "colorWithKey:", id{}), nullptr);
+    remove(list, "d");
+    remove(list, "unknown");
     EXPECT_EQ(keysOf(list), "a b c ");
 }
 
 TEST_F(ColorLists, RefuseWhatTheyCannotHold) {
-    const Pool pool;
-    const id list = newList("Mine");
-    EXPECT_TRUE(raises("NSRangeException", [&] { insert(list, red(), "a", 1); }));
-    EXPECT_TRUE(raises("NSRangeException", [&] { insert(list, red(), "a", std::numeric_limits<std::uintptr_t>::max()); }));
-    EXPECT_TRUE(raises("NSInvalidArgumentException", [&] { set(list, nullptr, "a"); }));
-    EXPECT_TRUE(raises("NSInvalidArgumentException", [&] { send<void>(list, "setColor:forKey:", red(), id{}); }));
-    EXPECT_TRUE(
-        raises("NSInvalidArgumentException", [&] { send<void>(list, "setColor:forKey:", string("a"), string("b")); }));
-    EXPECT_TRUE(raises("NSInvalidArgumentException", [&] { send<void>(list, "removeColorWithKey:", id{}); }));
+    EXPECT_TRUE(raises("NSRangeException", [&] { insert(list, red, "a", 1); }));
+    EXPECT_TRUE(raises("NSRangeException", [&] { insert(list, red, "a", std::numeric_limits<std::uintptr_t>::max()); }));
+    EXPECT_TRUE(refuses([&] { set(list, nullptr, "a"); }));
+    EXPECT_TRUE(refuses([&] { set(list, string("a"), "b"); }));
+    EXPECT_TRUE(refuses([&] { send<void>(list, "setColor:forKey:", red, id{}); }));
+    EXPECT_TRUE(refuses([&] { send<void>(list, "removeColorWithKey:", id{}); }));
     EXPECT_EQ(keysOf(list), "");
-    EXPECT_EQ(send(list, "colorWithKey:", id{}), nullptr);
-    EXPECT_EQ(send(sendClass("NSColorList", "alloc"), "initWithName:", id{}), nullptr);
-}
+    EXPECT_EQ(made("NSColorList", "initWithName:", id{}), nullptr);
 
-TEST_F(ColorLists, OfThePlatformCannotBeEdited) {
-    const Pool pool;
-    const id list = sendClass("NSColorList", "colorListNamed:", string("System"));
-    ASSERT_NE(list, nullptr);
-    EXPECT_EQ(list, sendClass("NSColorList", "colorListNamed:", string("System")));
-    EXPECT_EQ(colorWithKey(list, "textColor"), sendClass("NSColor", "textColor"));
-    EXPECT_FALSE(send<BOOL>(list, "isEditable"));
+    const id system = listNamed("System");
+    EXPECT_EQ(colorWithKey(system, "textColor"), color("textColor"));
+    EXPECT_EQ(system, listNamed("System"));
+    EXPECT_FALSE(send<BOOL>(system, "isEditable"));
     for (const char* const key : {"textColor", "new"}) {
-        EXPECT_TRUE(raises("NSColorListNotEditableException", [&] { set(list, red(), key); }));
-        EXPECT_TRUE(raises("NSColorListNotEditableException", [&] { insert(list, red(), key, 0); }));
-        EXPECT_TRUE(
-            raises("NSColorListNotEditableException", [&] { send<void>(list, "removeColorWithKey:", string(key)); }));
+        EXPECT_TRUE(raises("NSColorListNotEditableException", [&] { set(system, red, key); }));
+        EXPECT_TRUE(raises("NSColorListNotEditableException", [&] { insert(system, red, key, 0); }));
+        EXPECT_TRUE(raises("NSColorListNotEditableException", [&] { remove(system, key); }));
     }
 }
 
 TEST_F(ColorLists, ComeBackFromTheirFileBitForBit) {
-    Pool pool;
-    const id list = newList("Mine");
-    const std::string inks = ProfileBuilder("6CLR").plainText("desc", "Six inks").finish();
-    const id data =
-        sendClass("NSData", "dataWithBytes:length:", static_cast<const void*>(inks.data()), std::uintptr_t{inks.size()});
-    const id sixInks = send(send(sendClass("NSColorSpace", "alloc"), "initWithICCProfileData:", data), "autorelease");
-    const float inf = std::numeric_limits<float>::infinity(), tiny = std::numeric_limits<float>::denorm_min();
-
-    set(list, calibratedRGB(0.1f, -0.f, 1e30f, inf), "plain");
-    set(list, colorIn(standardSpace("deviceCMYKColorSpace"), {tiny, 0.2f, 0.3f, 0.4f, 1}), "a \"quoted\" \\ key");
-    set(list, colorIn(standardSpace("displayP3ColorSpace"), {1, 0, 0, 1}), "\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80");
-    set(list, colorIn(sixInks, {0.1f, 0.2f, 0.3f, 0.4f, 0.5f, 0.6f, 0.7f}), "new\nline\x7F");
-    set(list, colorIn(sixInks, {1, 1, 1, 1, 1, 1, 1}), " ");
-    set(list, sendClass("NSColor", "headerTextColor"), "");
-    constexpr UniChar unpaired[] = {0xDE00, u'x', 0xD83D};
-    const id unpairedKey = send(CFStringCreateWithCharacters(nullptr, unpaired, 3), "autorelease");
-    send<void>(list, "setColor:forKey:", red(), unpairedKey);
-    ASSERT_TRUE(write(list, folder / "mine.clr"));
-
-    const id same = listFrom(folder / "mine.clr");
-    ASSERT_NE(same, nullptr);
-    const id keys = send(list, "allKeys"), sameKeys = send(same, "allKeys");
-    ASSERT_EQ(send<std::uintptr_t>(sameKeys, "count"), 7u);
-    for (std::uintptr_t index = 0; index < 7; ++index) {
-        const id key = send(keys, "objectAtIndex:", index);
-        EXPECT_TRUE(send<BOOL>(send(sameKeys, "objectAtIndex:", index), "isEqual:", key)) << index;
-        const id color = send(same, "colorWithKey:", key);
-        EXPECT_TRUE(send<BOOL>(color, "isEqual:", send(list, "colorWithKey:", key))) << index;
-    }
-    EXPECT_TRUE(std::signbit(componentsOf(colorWithKey(same, "plain"))[1]));
-    const id space = send(colorWithKey(same, " "), "colorSpace");
-    EXPECT_EQ(textOf(send(space, "localizedName")), "Six inks");
-    EXPECT_EQ(send(colorWithKey(same, "new\nline\x7F"), "colorSpace"), space) << "a space is written once";
-    EXPECT_EQ(send(colorWithKey(same, "plain"), "colorSpace"), standardSpace("genericRGBColorSpace"));
-
-    ASSERT_TRUE(write(same, folder / "again.clr"));
-    EXPECT_EQ(contentsOf(folder / "again.clr"), contentsOf(folder / "mine.clr"));
-    pool.drain();
-    for (const char* const cls : {"NSColorList", "NSColor", "NSColorSpace", "NSString", "NSArray"}) {
-        EXPECT_EQ(builtin_liveInstances(cls), 0u) << cls;
-    }
-}
-
-TEST_F(ColorLists, KeepAPatternAndItsSize) {
-    const Pool pool;
     struct Size {
         float width;
         float height;
     };
-    const id image = send(send(sendClass("NSImage", "alloc"), "initWithSize:", Size{8, 4.5f}), "autorelease");
-    const id list = newList("Mine");
-    set(list, sendClass("NSColor", "colorWithPatternImage:", image), "tiles");
-    ASSERT_TRUE(write(list, folder / "mine.clr"));
-    const id same = send(colorWithKey(listFrom(folder / "mine.clr"), "tiles"), "patternImage");
-    EXPECT_EQ(send<Size>(same, "size").width, 8);
-    EXPECT_EQ(send<Size>(same, "size").height, 4.5f);
+    const id image = made("NSImage", "initWithSize:", Size{8, 4.5f});
+    const id inks = made("NSColorSpace", "initWithICCProfileData:", dataOf(profile("6CLR", {{"desc", plainText("Inks")}})));
+    const float inf = std::numeric_limits<float>::infinity(), tiny = std::numeric_limits<float>::denorm_min();
+    constexpr UniChar unpaired[] = {0xDE00, u'x', 0xD83D};
+    const std::pair<id, id> entries[] = {
+        {string("plain"), calibratedRGB(0.1f, -0.f, 1e30f, inf)},
+        {string("a \"quoted\" \\ key"), colorIn(standardSpace("deviceCMYKColorSpace"), {tiny, 0.2f, 0.3f, 0.4f, 1})},
+        {string("\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80"), colorIn(standardSpace("displayP3ColorSpace"), {1, 0, 0, 1})},
+        {string("new\nline\x7F"), colorIn(inks, {0.1f, 0.2f, 0.3f, 0.4f, 0.5f, 0.6f, 0.7f})},
+        {string(" "), colorIn(inks, {1, 1, 1, 1, 1, 1, 1})},
+        {string(""), color("headerTextColor")},
+        {send(CFStringCreateWithCharacters(nullptr, unpaired, 3), "autorelease"), red}};
+    for (const auto& [key, color] : entries)
+        send<void>(list, "setColor:forKey:", color, key);
+    ASSERT_TRUE(write(list, file));
+    const id same = listFrom(file), keys = send(same, "allKeys");
+    ASSERT_EQ(send<std::uintptr_t>(keys, "count"), std::size(entries));
+    for (std::uintptr_t index = 0; index < std::size(entries); ++index) {
+        const auto& [key, color] = entries[index];
+        EXPECT_TRUE(isEqual(send(keys, "objectAtIndex:", index), key)) << index;
+        EXPECT_TRUE(isEqual(send(same, "colorWithKey:", key), color)) << index;
+    }
+    EXPECT_TRUE(std::signbit(componentsOf(colorWithKey(same, "plain"))[1]));
+    EXPECT_EQ(send(colorWithKey(same, "plain"), "colorSpace"), standardSpace("genericRGBColorSpace"));
+    const id space = send(colorWithKey(same, " "), "colorSpace");
+    EXPECT_EQ(textOf(send(space, "localizedName")), "Inks");
+    EXPECT_EQ(send(colorWithKey(same, "new\nline\x7F"), "colorSpace"), space) << "a space is written once";
+    ASSERT_TRUE(write(same, folder / "again.clr"));
+    EXPECT_EQ(contentsOf(folder / "again.clr"), contentsOf(file));
+
+    set(list, color("colorWithPatternImage:", image), "tiles"); // of which the size is kept
+    ASSERT_TRUE(write(list, file));
+    const auto size = send<Size>(send(colorWithKey(listFrom(file), "tiles"), "patternImage"), "size");
+    EXPECT_EQ(std::pair(size.width, size.height), std::pair(8.f, 4.5f));
 }
 
 TEST_F(ColorLists, AreSavedUnderTheirNameWhereNoFileIsNamed) {
-    const Pool pool;
-    const id list = newList("Caf\xC3\xA9");
-    set(list, red(), "a");
-    EXPECT_EQ(sendClass("NSColorList", "colorListNamed:", string("Caf\xC3\xA9")), nullptr);
-    EXPECT_TRUE(send<BOOL>(list, "writeToFile:", id{}));
-    const id found = sendClass("NSColorList", "colorListNamed:", string("Caf\xC3\xA9"));
-    EXPECT_TRUE(send<BOOL>(colorWithKey(found, "a"), "isEqual:", red()));
-    EXPECT_EQ(textOf(send(found, "name")), "Caf\xC3\xA9");
+    constexpr const char* name = "Caf\xC3\xA9";
+    const id cafe = newList(name);
+    set(cafe, red, "a");
+    EXPECT_EQ(listNamed(name), nullptr);
+    EXPECT_TRUE(send<BOOL>(cafe, "writeToFile:", id{}));
+    const id found = listNamed(name);
+    EXPECT_TRUE(isEqual(colorWithKey(found, "a"), red));
+    EXPECT_EQ(textOf(send(found, "name")), name);
     EXPECT_TRUE(send<BOOL>(found, "isEditable"));
-
-    EXPECT_TRUE(write(list, folder));
+    EXPECT_TRUE(write(cafe, folder));
     EXPECT_TRUE(fs::exists(folder / "Caf\xC3\xA9.clr"));
 
     send<void>(found, "removeFile");
-    EXPECT_EQ(sendClass("NSColorList", "colorListNamed:", string("Caf\xC3\xA9")), nullptr);
+    EXPECT_EQ(listNamed(name), nullptr);
     EXPECT_TRUE(fs::exists(folder / "Caf\xC3\xA9.clr")) << "a list removes its own file only";
-    send<void>(list, "removeFile");
+    send<void>(cafe, "removeFile");
     EXPECT_EQ(fileCount(), 0);
     ASSERT_TRUE(write(found, folder));
-    send<void>(list, "removeFile");
+    send<void>(cafe, "removeFile");
     EXPECT_EQ(fileCount(), 1) << "a list removes its file once";
 
-    for (const char* const name : {"../outside", "", "a/b"}) {
-        EXPECT_FALSE(send<BOOL>(newList(name), "writeToFile:", id{})) << name;
-        EXPECT_EQ(sendClass("NSColorList", "colorListNamed:", string(name)), nullptr);
+    for (const char* const noFile : {"../outside", "", "a/b"}) {
+        EXPECT_FALSE(send<BOOL>(newList(noFile), "writeToFile:", id{})) << noFile;
+        EXPECT_EQ(listNamed(noFile), nullptr) << noFile;
     }
     EXPECT_EQ(sendClass("NSColorList", "colorListNamed:", id{}), nullptr);
 }
 
 TEST_F(ColorLists, LeaveTheOldFileWhenWritingFails) {
-    const Pool pool;
-    const id list = newList("Mine");
-    set(list, red(), "a");
-    const fs::path file = folder / "mine.clr";
+    set(list, red, "a");
     ASSERT_TRUE(write(list, file));
     const std::string old = contentsOf(file);
-    for (int index = 0; index < 200; ++index) {
-        set(list, blue(), "key " + std::to_string(index));
-    }
+    for (int index = 0; index < 200; ++index)
+        set(list, blue, "key " + std::to_string(index));
     // The disk is full halfway through.
     rlimit limit;
     getrlimit(RLIMIT_FSIZE, &limit);
@@ -247,55 +199,49 @@ TEST_F(ColorLists, LeaveTheOldFileWhenWritingFails) {
     setrlimit(RLIMIT_FSIZE, &limit);
     EXPECT_FALSE(isWritten);
     EXPECT_EQ(contentsOf(file), old);
-    EXPECT_EQ(fileCount(), 1) << "nothing is left beside it";
-
     EXPECT_FALSE(write(list, folder / "missing" / "mine.clr"));
     EXPECT_FALSE(write(list, ""));
+    EXPECT_EQ(fileCount(), 1) << "nothing is left beside it";
     EXPECT_TRUE(write(list, file));
     EXPECT_EQ(fileCount(), 1);
 }
 
 TEST_F(ColorLists, AreNotReadFromMalformedFiles) {
-    const Pool pool;
-    const id list = newList("Mine");
     set(list, calibratedRGB(0.1f, 0.2f, 0.3f), "a");
     set(list, colorIn(standardSpace("sRGBColorSpace"), {0.1f, 0.2f, 0.3f, 1}), "b\n");
-    set(list, sendClass("NSColor", "textColor"), "c");
-    const fs::path file = folder / "mine.clr";
+    set(list, color("textColor"), "c");
     ASSERT_TRUE(write(list, file));
     const std::string whole = contentsOf(file);
-    ASSERT_NE(listFrom(file), nullptr);
-
+    const auto read = [&](const std::string& contents) {
+        std::ofstream(file, std::ios::binary) << contents;
+        return listFrom(file);
+    };
     EXPECT_EQ(listFrom(folder / "missing.clr"), nullptr);
     EXPECT_EQ(listFrom(folder), nullptr);
-    for (std::size_t size = 0; size < whole.size(); ++size) {
-        put(file, std::string_view(whole).substr(0, size));
-        EXPECT_EQ(listFrom(file), nullptr) << "cut to " << size;
+    EXPECT_NE(read(whole), nullptr);
+    EXPECT_EQ(read(whole + "\n"), nullptr);
+    for (std::size_t size = 0; size < whole.size(); ++size)
+        EXPECT_EQ(read(whole.substr(0, size)), nullptr) << "cut to " << size;
+    // What is replaced, and by what.
+    const std::pair<std::string_view, std::string_view> changes[] = {{"list 1", "list 2"},
+                                                                     {"genericRGB", "noRGB"},
+                                                                     {"space 1", "space 0"},
+                                                                     {"space 1 standard sRGB", "space 1 profile 00ff"},
+                                                                     {"space 1 standard sRGB", "space 1 profile 0f0"},
+                                                                     {"components 0", "components 7"},
+                                                                     {"components 0", "components 0 00000000"},
+                                                                     {"3dcccccd", "3dccccc"},
+                                                                     {"3dcccccd", "3dcccccg"},
+                                                                     {"\\u000a", "\\u00"},
+                                                                     {"\\u000a", "\\x"},
+                                                                     {"\"a\"", "\"\xFF\""},
+                                                                     {"\"a\"", "\"c\""}, // one key twice
+                                                                     {"System textColor", "System noColor"},
+                                                                     {"System textColor", "Crayons textColor"},
+                                                                     {"end 3", "end 2"}};
+    for (const auto& [from, to] : changes) {
+        const std::size_t place = whole.find(from);
+        ASSERT_NE(place, std::string::npos) << from;
+        EXPECT_EQ(read(std::string(whole).replace(place, from.size(), to)), nullptr) << from << " to " << to;
     }
-    const auto isRead = [&](std::string_view from, std::string_view to) {
-        std::string changed = whole;
-        const std::size_t place = changed.find(from);
-        if (place == std::string::npos) return true;
-        put(file, changed.replace(place, from.size(), to));
-        return listFrom(file) != nullptr;
-    };
-    EXPECT_TRUE(isRead("\"a\"", "\"another key\""));
-    EXPECT_FALSE(isRead("list 1", "list 2"));
-    EXPECT_FALSE(isRead("genericRGB", "noRGB"));
-    EXPECT_FALSE(isRead("space 1", "space 0"));
-    EXPECT_FALSE(isRead("space 1 standard sRGB", "space 1 profile 00ff"));
-    EXPECT_FALSE(isRead("space 1 standard sRGB", "space 1 profile 0f0"));
-    EXPECT_FALSE(isRead("components 0", "components 7"));
-    EXPECT_FALSE(isRead("components 0", "components 0 00000000"));
-    EXPECT_FALSE(isRead("3dcccccd", "3dccccc"));
-    EXPECT_FALSE(isRead("3dcccccd", "3dcccccg"));
-    EXPECT_FALSE(isRead("\\u000a", "\\u00"));
-    EXPECT_FALSE(isRead("\\u000a", "\\x"));
-    EXPECT_FALSE(isRead("\"a\"", "\"\xFF\""));
-    EXPECT_FALSE(isRead("\"a\"", "\"c\"")) << "one key twice";
-    EXPECT_FALSE(isRead("System textColor", "System noColor"));
-    EXPECT_FALSE(isRead("System textColor", "Crayons textColor"));
-    EXPECT_FALSE(isRead("end 3", "end 2"));
-    put(file, whole + "\n");
-    EXPECT_EQ(listFrom(file), nullptr);
 }

@@ -1,18 +1,23 @@
-// Classes, selectors and dispatch.
+// Classes, selectors and dispatch; throwing and catching; retain counts and autorelease pools.
 #include "support/native.h"
 
-#include <gtest/gtest.h>
-
+#include <future>
 #include <thread>
 
 using namespace chroma;
 using namespace chroma::test;
+
+using Runtime = PlatformTest;
+using Exceptions = PlatformTest;
+using ExceptionsDeathTest = PlatformTest;
+using Memory = PlatformTest;
 
 namespace {
 
 int answerOne(id, SEL) { return 1; }
 int answerTwo(id, SEL) { return 2; }
 int answerThree(id, SEL) { return 3; }
+void throwFromRelease(id self, SEL) { objc_exception_throw(self); }
 
 Class subclass(const char* parent, const char* name) {
     const Class cls = objc_allocateClassPair(objc_getClass(parent), name, 0);
@@ -20,54 +25,68 @@ Class subclass(const char* parent, const char* name) {
     return cls;
 }
 
+id exceptionNamed(const char* name, const char* reason) {
+    return sendClass("NSException", "exceptionWithName:reason:userInfo:", string(name), string(reason), string("info"));
+}
+
+std::size_t alive() { return builtin_liveInstances("NSData"); }
+id newData() { return sendClass("NSData", "new"); }
+std::uintptr_t retainCount(id object) { return send<std::uintptr_t>(object, "retainCount"); }
+
 } // namespace
 
-TEST(Runtime, SelectorsAreInternedByName) {
+TEST_F(Runtime, SelectorsAreInternedByNameAndNilAnswersZero) {
     const SEL first = sel_registerName("some:message:");
     EXPECT_EQ(first, sel_registerName(std::string("some:message:").c_str()));
     EXPECT_NE(first, sel_registerName("some:message"));
     EXPECT_STREQ(sel_getName(first), "some:message:");
+    EXPECT_EQ(reinterpret_cast<id (*)(id, SEL)>(objc_msg_lookup(nullptr, first))(nullptr, first), nullptr);
 }
 
-TEST(Runtime, ClassesAreFoundByNameAndKnowTheirKin) {
-    const Class exception = objc_getClass("NSException");
-    EXPECT_STREQ(class_getName(exception), "NSException");
-    EXPECT_EQ(class_getSuperclass(exception), objc_getClass("NSObject"));
-    EXPECT_EQ(class_getSuperclass(objc_getClass("NSObject")), nullptr);
-    EXPECT_EQ(objc_lookUpClass("NSNoSuchClass"), nullptr);
+TEST_F(Runtime, ClassesAreFoundByNameKnowTheirKinAndCanBeMade) {
+    const Class color = objc_getClass("NSColor"), root = objc_getClass("NSObject");
+    const Class cls = objc_allocateClassPair(color, "WideColor", 64);
+    EXPECT_EQ(objc_lookUpClass("WideColor"), nullptr) << "found before it was registered";
+    objc_registerClassPair(cls);
+    EXPECT_EQ(objc_getClass("WideColor"), cls);
+    EXPECT_EQ(objc_allocateClassPair(color, "WideColor", 0), nullptr);
 
     // A metaclass is what class methods live in; the root's metaclass descends from the root itself.
-    EXPECT_EQ(class_getSuperclass(object_getClass(exception)), object_getClass(objc_getClass("NSObject")));
-    EXPECT_EQ(class_getSuperclass(object_getClass(objc_getClass("NSObject"))), objc_getClass("NSObject"));
-    EXPECT_TRUE(send<BOOL>(exception, "respondsToSelector:", sel_registerName("alloc")));
-    EXPECT_FALSE(send<BOOL>(exception, "respondsToSelector:", sel_registerName("reason")));
-    EXPECT_TRUE(send<BOOL>(exception, "instancesRespondToSelector:", sel_registerName("reason")));
+    const std::pair<Class, Class> kin[] = {{cls, color},
+                                           {color, root},
+                                           {root, nullptr},
+                                           {object_getClass(cls), object_getClass(color)},
+                                           {object_getClass(color), object_getClass(root)},
+                                           {object_getClass(root), root}};
+    for (const auto& [child, parent] : kin)
+        EXPECT_EQ(class_getSuperclass(child), parent) << class_getName(child);
+    const SEL message = sel_registerName("colorSpaceName");
+    EXPECT_TRUE(send<BOOL>(cls, "respondsToSelector:", sel_registerName("alloc")));
+    EXPECT_FALSE(send<BOOL>(cls, "respondsToSelector:", message));
+    EXPECT_TRUE(send<BOOL>(cls, "instancesRespondToSelector:", message));
+
+    const id object = made("WideColor", "init");
+    EXPECT_STREQ(object_getClassName(object), "WideColor");
+    EXPECT_TRUE(send<BOOL>(object, "isKindOfClass:", color));
+    EXPECT_FALSE(send<BOOL>(object, "isMemberOfClass:", color));
+    EXPECT_EQ(textOf(send(object, "colorSpaceName")), "NSPatternColorSpace");
 }
 
-TEST(Runtime, MessagesToNilAnswerZero) {
-    const SEL selector = sel_registerName("anything");
-    const auto function = reinterpret_cast<id (*)(id, SEL)>(objc_msg_lookup(nullptr, selector));
-    EXPECT_EQ(function(nullptr, selector), nullptr);
+TEST_F(Runtime, UnknownSelectorsRaiseInTheUsualWords) {
+    const std::pair<id, const char*> cases[] = {
+        {calibratedRGB(1, 0, 0), "-[NSColor foo:]: unrecognized selector sent to instance "},
+        {objc_getClass("NSColor"), "+[NSColor foo:]: unrecognized selector sent to class "}};
+    for (const auto& [receiver, words] : cases) {
+        std::ostringstream expected;
+        expected << "NSInvalidArgumentException: " << words << static_cast<void*>(receiver);
+        EXPECT_EQ(raised([receiver = receiver] { send(receiver, "foo:", receiver); }), expected.str());
+    }
 }
 
-TEST(Runtime, UnknownSelectorsRaiseInTheUsualWords) {
-    const Pool pool;
-    const id color = calibratedRGB(1, 0, 0);
-    char place[32];
-    std::snprintf(place, sizeof place, "%p", static_cast<void*>(color));
-    EXPECT_EQ(raised([&] { send(color, "foo:", color); }),
-              std::string("NSInvalidArgumentException: -[NSColor foo:]: unrecognized selector sent to instance ") + place);
-    std::snprintf(place, sizeof place, "%p", static_cast<void*>(objc_getClass("NSColor")));
-    EXPECT_EQ(raised([] { sendClass("NSColor", "foo"); }),
-              std::string("NSInvalidArgumentException: +[NSColor foo]: unrecognized selector sent to class ") + place);
-}
-
-TEST(Runtime, AddedAndReplacedMethodsAreInForceAtOnce) {
-    const Class parent = subclass("NSObject", "Parent");
-    const Class child = subclass("Parent", "Child");
+TEST_F(Runtime, AddedAndReplacedMethodsAreInForceAtOnce) {
+    const Class parent = subclass("NSObject", "Parent"), child = subclass("Parent", "Child");
     const SEL number = sel_registerName("number");
-    const id object = send(child, "new");
-
+    const id object = made("Child", "init");
     EXPECT_FALSE(class_respondsToSelector(child, number));
     EXPECT_TRUE(class_addMethod(parent, number, implementation(answerOne), "i@:"));
     EXPECT_FALSE(class_addMethod(parent, number, implementation(answerTwo), "i@:"));
@@ -81,54 +100,157 @@ TEST(Runtime, AddedAndReplacedMethodsAreInForceAtOnce) {
     EXPECT_EQ(class_replaceMethod(child, number, implementation(answerThree), "i@:"), nullptr);
     EXPECT_EQ(send<int>(object, "number"), 3);
     EXPECT_EQ(class_getMethodImplementation(parent, number), implementation(answerTwo));
-
     const Method method = class_getInstanceMethod(child, number);
     EXPECT_EQ(method_setImplementation(method, implementation(answerOne)), implementation(answerThree));
     EXPECT_EQ(method_getImplementation(method), implementation(answerOne));
     EXPECT_EQ(send<int>(object, "number"), 1);
-    send<void>(object, "release");
+
+    const Class metaclass = object_getClass(child);
+    EXPECT_TRUE(class_addMethod(metaclass, number, implementation(answerTwo), nullptr));
+    EXPECT_EQ(send<int>(child, "number"), 2);
+    EXPECT_EQ(class_getClassMethod(child, number), class_getInstanceMethod(metaclass, number));
+    EXPECT_FALSE(send<BOOL>(parent, "respondsToSelector:", number));
 }
 
-TEST(Runtime, ClassMethodsAreAddedToTheMetaclass) {
-    const Class exception = objc_getClass("NSException");
-    const SEL number = sel_registerName("sharedNumber");
-    EXPECT_TRUE(class_addMethod(object_getClass(exception), number, implementation(answerTwo), nullptr));
-    EXPECT_EQ(send<int>(exception, "sharedNumber"), 2);
-    EXPECT_EQ(class_getClassMethod(exception, number), class_getInstanceMethod(object_getClass(exception), number));
-    EXPECT_FALSE(send<BOOL>(objc_getClass("NSString"), "respondsToSelector:", number));
-}
-
-TEST(Runtime, NewClassesInheritAndHaveRoomOfTheirOwn) {
-    const Pool pool;
-    const Class cls = objc_allocateClassPair(objc_getClass("NSColor"), "WideColor", 64);
-    EXPECT_EQ(objc_getClass("WideColor"), nullptr) << "found before it was registered";
-    objc_registerClassPair(cls);
-    EXPECT_EQ(objc_getClass("WideColor"), cls);
-    EXPECT_EQ(objc_allocateClassPair(objc_getClass("NSColor"), "WideColor", 0), nullptr);
-
-    const id object = send(send(cls, "new"), "autorelease");
-    EXPECT_STREQ(object_getClassName(object), "WideColor");
-    EXPECT_TRUE(send<BOOL>(object, "isKindOfClass:", objc_getClass("NSColor")));
-    EXPECT_FALSE(send<BOOL>(object, "isMemberOfClass:", objc_getClass("NSColor")));
-    EXPECT_EQ(textOf(send(object, "colorSpaceName")), "NSPatternColorSpace");
-}
-
-TEST(Runtime, ThreadsMayMeetAtTheFirstCallAndWhileMethodsChange) {
-    const auto work = [] {
-        for (int round = 0; round < 2000; ++round) {
-            const Pool pool;
-            class_replaceMethod(objc_getClass("NSData"), sel_registerName("round"), implementation(answerOne), nullptr);
-            EXPECT_EQ(send<int>(sendClass("NSData", "data"), "round"), 1);
-            EXPECT_EQ(textOf(send(calibratedRGB(1, 0, 0), "colorSpaceName")), "NSCalibratedRGBColorSpace");
-        }
-    };
+TEST_F(Runtime, ThreadsMayMeetAtTheFirstCallAndWhileMethodsChange) {
     std::vector<std::thread> threads;
     for (int index = 0; index < 4; ++index) {
-        threads.emplace_back(work);
+        threads.emplace_back([] {
+            for (int round = 0; round < 2000; ++round) {
+                const Pool inner;
+                class_replaceMethod(objc_getClass("NSData"), sel_registerName("round"), implementation(answerOne), nullptr);
+                EXPECT_EQ(send<int>(sendClass("NSData", "data"), "round"), 1);
+                EXPECT_EQ(textOf(send(calibratedRGB(1, 0, 0), "colorSpaceName")), "NSCalibratedRGBColorSpace");
+            }
+        });
     }
-    for (std::thread& thread : threads) {
+    for (std::thread& thread : threads)
         thread.join();
+}
+
+TEST_F(Exceptions, AnyObjectCanBeThrownAndMatchedByClass) {
+    const id exception = exceptionNamed("Name", "Reason"), text = string("thrown");
+    EXPECT_EQ(caught([&] { send<void>(exception, "raise"); }), exception);
+    EXPECT_EQ(caught([&] { objc_exception_throw(text); }), text);
+    for (const auto& [message, answer] : {std::pair{"name", "Name"}, {"reason", "Reason"}, {"userInfo", "info"}})
+        EXPECT_EQ(textOf(send(exception, message)), answer);
+    EXPECT_EQ(textOf(exception), "Reason");
+
+    const Class general = objc_getClass("NSException"), special = subclass("NSException", "SpecialException");
+    EXPECT_TRUE(objc_exception_match(general, made("SpecialException", "init")));
+    EXPECT_FALSE(objc_exception_match(special, exception));
+    EXPECT_FALSE(objc_exception_match(general, text));
+    EXPECT_FALSE(objc_exception_match(general, nullptr));
+}
+
+TEST_F(Exceptions, GoToTheInnermostGuardThatIsOpen) {
+    const id exception = exceptionNamed("A", "a");
+    id inner = nullptr;
+    const id outer = caught([&] {
+        inner = caught([&] { objc_exception_throw(exception); });
+        objc_exception_throw(inner);
+        ADD_FAILURE() << "a throw came back";
+    });
+    EXPECT_EQ(inner, exception);
+    EXPECT_EQ(outer, exception);
+
+    const id thrown = caught([&] {
+        Guard left, open;
+        objc_exception_try_enter(&left);
+        objc_exception_try_enter(&open);
+        objc_exception_try_exit(&left); // and with it the one inside
+        objc_exception_throw(exception);
+    });
+    EXPECT_EQ(thrown, exception);
+}
+
+TEST_F(Exceptions, EachThreadHasItsOwnGuards) {
+    const id here = exceptionNamed("A", "a"), there = exceptionNamed("B", "b");
+    std::promise<void> isGuarded, isCaught;
+    id caughtThere = nullptr;
+    std::thread other([&] {
+        caughtThere = caught([&] {
+            isGuarded.set_value();
+            isCaught.get_future().wait();
+            objc_exception_throw(there);
+        });
+    });
+    // The other thread's guard is the latest that was opened while this thread throws.
+    const id caughtHere = caught([&] {
+        isGuarded.get_future().wait();
+        objc_exception_throw(here);
+    });
+    isCaught.set_value();
+    other.join();
+    EXPECT_EQ(caughtHere, here);
+    EXPECT_EQ(caughtThere, there);
+}
+
+TEST_F(ExceptionsDeathTest, UncaughtOnesEndTheProcessWithALine) {
+    EXPECT_DEATH(send<void>(exceptionNamed("A", "because"), "raise"),
+                 "\\*\\*\\* Terminating app due to uncaught exception 'A', reason: 'because'");
+    EXPECT_DEATH(objc_exception_throw(string("text")), "uncaught exception of class 'NSString'");
+}
+
+TEST_F(Memory, RetainsAndReleasesBalance) {
+    const id object = newData();
+    EXPECT_EQ(retainCount(object), 1u);
+    EXPECT_EQ(send(object, "retain"), object);
+    CFRetain(object);
+    EXPECT_EQ(retainCount(object), 3u);
+    CFRelease(object);
+    send<void>(object, "release");
+    EXPECT_EQ(alive(), 1u);
+    send<void>(object, "release");
+    EXPECT_EQ(alive(), 0u);
+
+    const id red = color("redColor");
+    for (const id forever : {NSCalibratedRGBColorSpace, red, standardSpace("sRGBColorSpace"), objc_getClass("NSColor")}) {
+        send<void>(forever, "release");
+        send<void>(forever, "release");
+        EXPECT_EQ(retainCount(forever), UINTPTR_MAX);
     }
-    EXPECT_EQ(builtin_liveInstances("NSData"), 0u);
-    EXPECT_EQ(builtin_liveInstances("NSColor"), 0u);
+    EXPECT_EQ(builtin_liveInstances("NSColor"), 0u) << "single objects are not counted";
+    EXPECT_EQ(textOf(send(red, "colorSpaceName")), "NSCalibratedRGBColorSpace");
+}
+
+TEST_F(Memory, PoolsNestAndReleaseWhatWasAutoreleasedInThem) {
+    send(newData(), "autorelease");
+    {
+        const Pool inner;
+        const id object = send(newData(), "autorelease");
+        send(send(object, "retain"), "autorelease");
+        EXPECT_EQ(retainCount(object), 2u) << "autorelease defers the release";
+        EXPECT_EQ(alive(), 2u);
+    }
+    EXPECT_EQ(alive(), 1u);
+    const id leftOpen = sendClass("NSAutoreleasePool", "new");
+    send(newData(), "autorelease");
+    EXPECT_TRUE(refuses([&] { send(leftOpen, "retain"); }));
+    EXPECT_TRUE(refuses([&] { send(leftOpen, "autorelease"); }));
+    pool.drain();
+    EXPECT_EQ(alive(), 0u);
+}
+
+TEST_F(Memory, ADrainThatThrowsLeavesTheRestToTheEnclosingPool) {
+    const id inner = sendClass("NSAutoreleasePool", "new");
+    send(newData(), "autorelease");
+    const id thrower = send(newData(), "autorelease");
+    const Class data = objc_getClass("NSData");
+    const SEL release = sel_registerName("release");
+    const IMP original = class_getMethodImplementation(data, release);
+    class_addMethod(data, release, implementation(throwFromRelease), nullptr);
+    EXPECT_EQ(caught([&] { send<void>(inner, "drain"); }), thrower);
+    class_replaceMethod(data, release, original, nullptr);
+    pool.drain();
+    EXPECT_EQ(alive(), 1u) << "only the object whose release threw";
+    send<void>(thrower, "release");
+}
+
+TEST_F(Memory, WithoutAPoolObjectsGoWithTheirThread) {
+    std::thread([] {
+        send(newData(), "autorelease");
+        EXPECT_EQ(alive(), 1u);
+    }).join();
+    EXPECT_EQ(alive(), 0u);
 }

@@ -2,28 +2,58 @@
 
 namespace chroma::test {
 
+void PlatformTest::TearDown() {
+    pool.drain();
+    for (const char* const cls :
+         {"NSAutoreleasePool", "NSArray", "NSEnumerator", "NSData", "NSException", "NSString", "NSURL",
+          "NSMutableDictionary", "NSColor", "NSColorList", "NSColorSpace", "ColorSyncProfile", "NSImage"}) {
+        EXPECT_EQ(builtin_liveInstances(cls), 0u) << cls;
+    }
+}
+
 id string(std::string_view text) {
     const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.data());
     return send(CFStringCreateWithBytes(nullptr, bytes, static_cast<CFIndex>(text.size()), 0x08000100, 0), "autorelease");
 }
 
-std::string textOf(id string) { return string ? send<const char*>(string, "UTF8String") : "(nil)"; }
+std::string textOf(id object) {
+    if (!object) return "(nil)";
+    const bool isString = send<BOOL>(object, "isKindOfClass:", objc_getClass("NSString"));
+    return send<const char*>(isString ? object : send(object, "description"), "UTF8String");
+}
+
+id dataOf(std::string_view bytes) {
+    return sendClass("NSData", "dataWithBytes:length:", static_cast<const void*>(bytes.data()),
+                     std::uintptr_t{bytes.size()});
+}
+
+std::string bytesOf(id data) {
+    const std::uintptr_t length = send<std::uintptr_t>(data, "length");
+    return length > 0 ? std::string(static_cast<const char*>(send<const void*>(data, "bytes")), length) : "";
+}
+
+bool isEqual(id first, id second) { return send<BOOL>(first, "isEqual:", second) != 0; }
 
 id calibratedRGB(float red, float green, float blue, float alpha) {
-    return sendClass("NSColor", "colorWithCalibratedRed:green:blue:alpha:", red, green, blue, alpha);
+    return color("colorWithCalibratedRed:green:blue:alpha:", red, green, blue, alpha);
 }
 
 id standardSpace(const char* message) { return sendClass("NSColorSpace", message); }
-
-id colorIn(id space, std::initializer_list<float> components) {
-    return sendClass("NSColor", "colorWithColorSpace:components:count:", space, components.begin(),
-                     static_cast<std::intptr_t>(components.size()));
-}
 
 std::vector<float> componentsOf(id color) {
     std::vector<float> components(color ? static_cast<std::size_t>(send<std::intptr_t>(color, "numberOfComponents")) : 0);
     send<void>(color, "getComponents:", components.data());
     return components;
 }
+
+void expectNear(const std::vector<float>& actual, const std::vector<float>& expected, double tolerance) {
+    ASSERT_EQ(actual.size(), expected.size());
+    for (std::size_t index = 0; index < actual.size(); ++index) {
+        EXPECT_NEAR(actual[index], expected[index], tolerance) << "component " << index;
+    }
+}
+
+id inSpace(id color, const char* space) { return send(color, "colorUsingColorSpace:", standardSpace(space)); }
+id named(id color, const char* name) { return send(color, "colorUsingColorSpaceName:", string(name)); }
 
 } // namespace chroma::test

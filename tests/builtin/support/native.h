@@ -6,9 +6,11 @@
 #include "builtin/introspection.h"
 #include "builtin/objc_runtime.h"
 
-#include <array>
+#include <gtest/gtest.h>
+
 #include <csetjmp>
 #include <initializer_list>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +28,12 @@ R send(id receiver, const char* selectorName, Arguments... arguments) {
 template <class R = id, class... Arguments>
 R sendClass(const char* className, const char* selectorName, Arguments... arguments) {
     return send<R>(objc_getClass(className), selectorName, arguments...);
+}
+
+// A new autoreleased object, nil when its initialiser answers nil.
+template <class... Arguments>
+id made(const char* className, const char* initializer, Arguments... arguments) {
+    return send(send(sendClass(className, "alloc"), initializer, arguments...), "autorelease");
 }
 
 // A function as an IMP. It takes the receiver, the selector and the arguments.
@@ -69,9 +77,25 @@ private:
     id pool_;
 };
 
-// An autoreleased string of UTF-8 text, and back: "(nil)" for nil.
+// A pool around a case, behind which nothing may be alive.
+class PlatformTest : public testing::Test {
+protected:
+    void TearDown() override;
+
+    Pool pool;
+};
+
+// An autoreleased string of UTF-8 text.
 id string(std::string_view text);
-std::string textOf(id string);
+
+// The text of a string, what another object is described as, "(nil)" for nil.
+std::string textOf(id object);
+
+// Autoreleased data with the bytes, and back: "" for nil.
+id dataOf(std::string_view bytes);
+std::string bytesOf(id data);
+
+bool isEqual(id first, id second);
 
 // What the body raises, as "name: reason", and "" when it raises nothing.
 template <class Body>
@@ -86,10 +110,32 @@ bool raises(const char* name, Body body) {
     return textOf(send(caught(body), "name")) == name;
 }
 
-// Colours and spaces.
+template <class Body>
+bool refuses(Body body) {
+    return raises("NSInvalidArgumentException", body);
+}
+
+// A colour by the message that makes it, as "redColor".
+template <class... Arguments>
+id color(const char* factory, Arguments... arguments) {
+    return sendClass("NSColor", factory, arguments...);
+}
+
 id calibratedRGB(float red, float green, float blue, float alpha = 1);
 id standardSpace(const char* message);
-id colorIn(id space, std::initializer_list<float> components);
+
+// Of any sequence of components.
+template <class Components = std::initializer_list<float>>
+id colorIn(id space, const Components& components) {
+    const auto count = static_cast<std::intptr_t>(std::size(components));
+    return color("colorWithColorSpace:components:count:", space, std::data(components), count);
+}
+
 std::vector<float> componentsOf(id color);
+void expectNear(const std::vector<float>& actual, const std::vector<float>& expected, double tolerance);
+
+// The colour in another space, which is named by its message or by its constant; nil when it cannot be converted.
+id inSpace(id color, const char* space);
+id named(id color, const char* name);
 
 } // namespace chroma::test

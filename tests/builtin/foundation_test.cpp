@@ -1,0 +1,226 @@
+// Strings in every encoding, both ways and strictly; URLs; data, arrays and dictionaries.
+#include "support/native.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include <sys/stat.h>
+
+using namespace chroma;
+using namespace chroma::test;
+using namespace std::string_literals;
+
+using Strings = PlatformTest;
+using URLs = PlatformTest;
+using Collections = PlatformTest;
+
+namespace {
+
+constexpr CFStringEncoding macRoman = 0, utf16 = 0x100, latin1 = 0x201, windowsLatin1 = 0x500, ascii = 0x600,
+                           utf8 = 0x08000100, utf32 = 0x0C000100;
+
+id decode(std::string_view bytes, CFStringEncoding encoding, bool isExternal = false) {
+    const auto* const start = reinterpret_cast<const std::uint8_t*>(bytes.data());
+    return send(CFStringCreateWithBytes(nullptr, start, static_cast<CFIndex>(bytes.size()), encoding, isExternal),
+                "autorelease");
+}
+
+template <class Unit>
+std::string bytesOf(const std::basic_string<Unit>& text) {
+    return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(Unit)};
+}
+
+id fromUnits(std::u16string_view units) {
+    return send(CFStringCreateWithCharacters(nullptr, reinterpret_cast<const UniChar*>(units.data()),
+                                             static_cast<CFIndex>(units.size())),
+                "autorelease");
+}
+
+std::u16string unitsOf(id string) {
+    std::u16string units;
+    for (CFIndex index = 0; string && index < CFStringGetLength(string); ++index)
+        units.push_back(send<char16_t>(string, "characterAtIndex:", static_cast<std::uintptr_t>(index)));
+    return units;
+}
+
+std::string encode(id string, CFStringEncoding encoding) {
+    char buffer[1024];
+    return CFStringGetCString(string, buffer, sizeof buffer, encoding) ? buffer : "(refused)";
+}
+
+// The path that a URL names, "(no URL)" when there is none.
+std::string pathOf(CFURLRef url) {
+    if (!url) return "(no URL)";
+    return textOf(send(CFURLCopyFileSystemPath(send(url, "autorelease"), 0), "autorelease"));
+}
+
+} // namespace
+
+TEST_F(Strings, AreReadInEveryEncoding) {
+    const std::u16string text = u"a\u00E9\u20AC\U0001F600z";
+    // A byte order mark counts in an external representation alone, which without one is in the machine's order.
+    constexpr bool external = true;
+    const std::tuple<std::string, CFStringEncoding, bool, std::u16string> cases[] = {
+        {"a\x80\xDB\xF0\xCA", macRoman, false, u"a\u00C4\u20AC\uF8FF\u00A0"},
+        {"a\x80\xFF", latin1, false, u"a\u0080\u00FF"},
+        {"a\x80\x9F\xFF", windowsLatin1, false, u"a\u20AC\u0178\u00FF"},
+        {"a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z", utf8, false, text},
+        {bytesOf(text), utf16, false, text},
+        {bytesOf<char32_t>(U"a\u00E9\u20AC\U0001F600z"), utf32, false, text},
+        {"\xEF\xBB\xBFz", utf8, false, u"\uFEFFz"},
+        {"\xEF\xBB\xBFz", utf8, external, u"z"},
+        {"\xFE\xFF\0z\xD8\x3D\xDE\0"s, utf16, external, u"z\U0001F600"},
+        {"\xFF\xFEz\0"s, utf16, external, u"z"},
+        {"\0\0\xFE\xFF\0\1\xF6\0"s, utf32, external, u"\U0001F600"},
+        {"\xFF\xFE\0\0z\0\0\0"s, utf32, external, u"z"},
+        {"\xFE\xFF"s, utf16, external, u""},
+        {"z\0"s, utf16, external, u"z"}};
+    for (const auto& [bytes, encoding, isExternal, units] : cases)
+        EXPECT_EQ(unitsOf(decode(bytes, encoding, isExternal)), units) << testing::PrintToString(bytes);
+    const std::pair<CFStringEncoding, std::vector<std::string>> malformed[] = {
+        {ascii, {"\x80"}},
+        {windowsLatin1, {"\x81"}},
+        {0xFFFF, {"abc"}},
+        {utf8,
+         {"\x80", "\xC3", "\xC3(", "\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF8\x88\x80\x80\x80",
+          "a\xFF"}},
+        {utf16, {"abc", bytesOf<char16_t>({0xD83D, u'a'})}},
+        {utf32, {"abcde", bytesOf<char32_t>({0xD800}), bytesOf<char32_t>({0x110000})}}};
+    for (const auto& [encoding, texts] : malformed)
+        for (const std::string& bytes : texts)
+            EXPECT_EQ(decode(bytes, encoding), nullptr) << testing::PrintToString(bytes) << " in " << std::hex << encoding;
+    for (const CFIndex count : {3, -1})
+        EXPECT_EQ(CFStringCreateWithBytes(nullptr, nullptr, count, utf8, 0), nullptr);
+}
+
+TEST_F(Strings, AreWrittenWhereTheyFit) {
+    const std::tuple<std::u16string, CFStringEncoding, const char*> cases[] = {
+        {u"\u20AC", macRoman, "\xDB"},
+        {u"\u20AC", windowsLatin1, "\x80"},
+        {u"\u20AC", latin1, "(refused)"},
+        {u"\u00E9", ascii, "(refused)"},
+        {u"a\u00E9\u20AC\U0001F600z", utf8, "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z"},
+        {u"a", utf16, "(refused)"}, // its units are no bytes
+        {{0xD83D}, utf8, "(refused)"},
+        {{0xDE00, 0xD83D}, utf8, "(refused)"},
+        {{0xD83D, u'a'}, utf8, "(refused)"}};
+    for (const auto& [units, encoding, bytes] : cases) {
+        const id string = fromUnits(units);
+        EXPECT_EQ(unitsOf(string), units) << "any units make a string";
+        EXPECT_EQ(encode(string, encoding), bytes) << std::hex << encoding;
+    }
+    EXPECT_EQ(send<const char*>(fromUnits(std::u16string{0xD83D}), "UTF8String"), nullptr);
+
+    std::string everyByte;
+    for (int byte = 1; byte < 256; ++byte)
+        everyByte.push_back(static_cast<char>(byte));
+    for (const CFStringEncoding encoding : {macRoman, latin1})
+        EXPECT_EQ(encode(decode(everyByte, encoding), encoding), everyByte) << encoding;
+    char buffer[8] = "unread";
+    EXPECT_TRUE(CFStringGetCString(fromUnits(u"\u20AC"), buffer, 4, utf8));
+    EXPECT_STREQ(buffer, "\xE2\x82\xAC");
+    EXPECT_FALSE(CFStringGetCString(fromUnits(u"\u20AC"), buffer, 3, utf8));
+    EXPECT_STREQ(buffer, "");
+    EXPECT_FALSE(CFStringGetCString(fromUnits(u""), buffer, 0, utf8));
+    EXPECT_TRUE(CFStringGetCString(fromUnits(u""), buffer, 1, utf8));
+}
+
+TEST(Constants, AreStringsBeforeAnythingHasRun) {
+    EXPECT_EQ(encode(NSCalibratedRGBColorSpace, utf8), "NSCalibratedRGBColorSpace");
+}
+
+TEST_F(Strings, CompareByContents) {
+    const id first = string("abc"), same = fromUnits(u"abc"), later = string("abd");
+    EXPECT_TRUE(isEqual(first, same));
+    EXPECT_TRUE(send<BOOL>(first, "isEqualToString:", same));
+    EXPECT_EQ(send<std::uintptr_t>(first, "hash"), send<std::uintptr_t>(same, "hash"));
+    EXPECT_FALSE(isEqual(first, later));
+    EXPECT_FALSE(isEqual(first, calibratedRGB(0, 0, 0)));
+    EXPECT_EQ(send<std::intptr_t>(first, "compare:", later), -1);
+    EXPECT_EQ(send<std::intptr_t>(later, "compare:", first), 1);
+    EXPECT_EQ(send<std::intptr_t>(first, "compare:", same), 0);
+    EXPECT_TRUE(raises("NSRangeException", [&] { send<char16_t>(first, "characterAtIndex:", std::uintptr_t{3}); }));
+    EXPECT_TRUE(refuses([&] { send<BOOL>(first, "isEqualToString:", calibratedRGB(0, 0, 0)); }));
+}
+
+TEST_F(URLs, NameTheirPath) {
+    const std::pair<const char*, const char*> texts[] = {{"file:///a/b%20c/%C3%A9.icc", "/a/b c/\xC3\xA9.icc"},
+                                                         {"file://localhost/a/b/?query#part", "/a/b"},
+                                                         {"file:///", "/"},
+                                                         {"https://example.org:80/x%2Fy?z=/w", "/x/y"},
+                                                         {"relative/path", "relative/path"},
+                                                         {"https://example.org", "(nil)"},
+                                                         {"file:///%FF", "(nil)"}, // no UTF-8 behind the escape
+                                                         {"file:///a%00b", "(nil)"},
+                                                         {"", "(no URL)"},
+                                                         {"file:///a b", "(no URL)"},
+                                                         {"file:///%", "(no URL)"},
+                                                         {"file:///%2", "(no URL)"},
+                                                         {"file:///%G0", "(no URL)"},
+                                                         {"file:///\xC3\xA9", "(no URL)"},
+                                                         {"file:///<a>", "(no URL)"}};
+    for (const auto& [text, path] : texts)
+        EXPECT_EQ(pathOf(CFURLCreateWithString(nullptr, string(text), nullptr)), path) << text;
+    const std::pair<const char*, std::string> paths[] = {
+        {"/a/50%/b c/", "/a/50%/b c"}, {"a.icc", std::filesystem::current_path() / "a.icc"}, {"", "(no URL)"}};
+    for (const auto& [path, absolute] : paths)
+        EXPECT_EQ(pathOf(CFURLCreateWithFileSystemPath(nullptr, string(path), 0, 0)), absolute);
+    EXPECT_EQ(CFURLCreateWithString(nullptr, nullptr, nullptr), nullptr);
+    EXPECT_EQ(CFURLCreateWithFileSystemPath(nullptr, string("/a"), 2, 0), nullptr) << "another style than POSIX";
+}
+
+TEST_F(Collections, DataOwnsACopyOfItsBytesAndReadsWholeFiles) {
+    std::string contents(50000, 'c');
+    const id data = dataOf(contents), none = sendClass("NSData", "data");
+    contents[0] = 'x';
+    EXPECT_EQ(send<char*>(data, "bytes")[0], 'c');
+    EXPECT_FALSE(isEqual(data, none));
+    EXPECT_EQ(send<const void*>(none, "bytes"), nullptr);
+
+    const std::string path = testing::TempDir() + "builtin-data-\xC3\xA9";
+    const auto read = [&] { return sendClass("NSData", "dataWithContentsOfFile:", string(path)); };
+    contents[0] = 'c';
+    std::ofstream(path) << contents;
+    EXPECT_TRUE(isEqual(read(), data));
+    std::filesystem::remove(path);
+    EXPECT_EQ(read(), nullptr);
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    EXPECT_EQ(read(), nullptr) << "a pipe";
+    std::filesystem::remove(path);
+    EXPECT_EQ(sendClass("NSData", "dataWithContentsOfFile:", string(testing::TempDir())), nullptr) << "a folder";
+    EXPECT_EQ(sendClass("NSData", "dataWithContentsOfFile:", id{}), nullptr);
+}
+
+TEST_F(Collections, ArraysHoldTheirObjectsInOrder) {
+    const id objects[] = {string("a"), string("b"), string("a"), nullptr};
+    const auto arrayOf = [&](std::uintptr_t count) {
+        return sendClass("NSArray", "arrayWithObjects:count:", &objects[0], count);
+    };
+    const id array = arrayOf(3), enumerator = send(array, "objectEnumerator");
+    EXPECT_EQ(send<std::uintptr_t>(array, "count"), 3u);
+    EXPECT_EQ(send(array, "objectAtIndex:", std::uintptr_t{1}), objects[1]);
+    EXPECT_TRUE(raises("NSRangeException", [&] { send(array, "objectAtIndex:", std::uintptr_t{3}); }));
+    EXPECT_TRUE(refuses([&] { arrayOf(4); })) << "nil among them";
+    for (const id object : objects)
+        EXPECT_EQ(send(enumerator, "nextObject"), object);
+    EXPECT_EQ(send(enumerator, "nextObject"), nullptr);
+}
+
+TEST_F(Collections, DictionariesMapPlainPointers) {
+    int first = 1, second = 2, equal = 0;
+    const CFMutableDictionaryRef dictionary = CFDictionaryCreateMutable(nullptr, 0, nullptr, nullptr);
+    CFDictionarySetValue(dictionary, &first, &second);
+    CFDictionarySetValue(dictionary, &second, &second);
+    CFDictionarySetValue(dictionary, &first, &first);
+    const auto count = [](const void* key, const void* value, void* context) {
+        *static_cast<int*>(context) += key == value;
+    };
+    CFDictionaryApplyFunction(dictionary, count, &equal);
+    EXPECT_EQ(equal, 2);
+    for (int time = 0; time < 2; ++time)
+        CFDictionaryRemoveValue(dictionary, &first);
+    EXPECT_EQ(CFDictionaryGetCount(dictionary), 1);
+    EXPECT_EQ(CFDictionaryGetValue(dictionary, &first), nullptr);
+    EXPECT_EQ(CFDictionaryGetValue(dictionary, &second), &second);
+    CFRelease(dictionary);
+}
