@@ -12,6 +12,7 @@ namespace exceptionName {
 
 String generic{u"NSGenericException"};
 String invalidArgument{u"NSInvalidArgumentException"};
+String malloc{u"NSMallocException"};
 String range{u"NSRangeException"};
 String colorListNotEditable{u"NSColorListNotEditableException"};
 

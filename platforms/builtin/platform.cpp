@@ -36,7 +36,7 @@ std::once_flag registered;
 
 } // namespace
 
-void registerPlatform() {
+void registerPlatform() noexcept {
     std::call_once(registered, [] {
         for (const auto table : classTables) {
             registerClass(table());

@@ -111,7 +111,7 @@ Color* colorNamed(ClassObject*, SEL) {
 
 template <ColorAt At, class Row, std::size_t... Indices>
 void addMethods(MethodEntry* entries, const Row* rows, std::index_sequence<Indices...>) {
-    ((entries[Indices] = method(rows[Indices].name, colorNamed<At, Indices>)), ...);
+    ((entries[Indices] = method<colorNamed<At, Indices>>(rows[Indices].name)), ...);
 }
 
 const CatalogColor& catalogColorOf(Color* color, SEL selector) {
@@ -149,10 +149,10 @@ Color* resolved(const CatalogColor& color) {
 Category categoryOfNamedColors() {
     // Nothing is localised: the localised names are the names.
     static const MethodEntry methods[] = {
-        method("catalogNameComponent", catalogName),
-        method("colorNameComponent", colorName),
-        method("localizedCatalogNameComponent", catalogName),
-        method("localizedColorNameComponent", colorName),
+        method<catalogName>("catalogNameComponent"),
+        method<colorName>("colorNameComponent"),
+        method<catalogName>("localizedCatalogNameComponent"),
+        method<colorName>("localizedColorNameComponent"),
     };
     static const auto classMethods = [] {
         std::array<MethodEntry, std::size(plainColors) + std::size(catalog)> entries;

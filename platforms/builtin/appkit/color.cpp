@@ -125,8 +125,8 @@ CGColorObject* cgColor(Color* self, SEL) {
 
 ClassTable tableOfNSColor() {
     static const MethodEntry methods[] = {
-        method("description", description),       method("isEqual:", isEqual),      method("hash", hash),
-        method("colorSpaceName", colorSpaceName), method("colorSpace", colorSpace), method("CGColor", cgColor),
+        method<description>("description"),       method<isEqual>("isEqual:"),      method<hash>("hash"),
+        method<colorSpaceName>("colorSpaceName"), method<colorSpace>("colorSpace"), method<cgColor>("CGColor"),
     };
     return classTable<Color>("NSColor", &NSObject::cls, methods);
 }

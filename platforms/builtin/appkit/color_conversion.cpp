@@ -84,12 +84,12 @@ Color* shadowWithLevel(Color* self, SEL, float level) {
 
 Category categoryOfColorConversion() {
     static const MethodEntry methods[] = {
-        method("colorUsingColorSpace:", colorUsingColorSpace),
-        method("colorUsingColorSpaceName:", colorUsingColorSpaceName),
-        method("colorWithAlphaComponent:", colorWithAlphaComponent),
-        method("blendedColorWithFraction:ofColor:", blendedColorWithFraction),
-        method("highlightWithLevel:", highlightWithLevel),
-        method("shadowWithLevel:", shadowWithLevel),
+        method<colorUsingColorSpace>("colorUsingColorSpace:"),
+        method<colorUsingColorSpaceName>("colorUsingColorSpaceName:"),
+        method<colorWithAlphaComponent>("colorWithAlphaComponent:"),
+        method<blendedColorWithFraction>("blendedColorWithFraction:ofColor:"),
+        method<highlightWithLevel>("highlightWithLevel:"),
+        method<shadowWithLevel>("shadowWithLevel:"),
     };
     return {&Color::cls, methods, {}};
 }

@@ -86,19 +86,19 @@ Color* colorWithCGColor(ClassObject*, SEL, id handle) {
 
 Category categoryOfColorFactories() {
     static const MethodEntry classMethods[] = {
-        method("colorWithCalibratedWhite:alpha:", colorWithWhite<StandardSpace::genericGray>),
-        method("colorWithDeviceWhite:alpha:", colorWithDeviceWhite),
-        method("colorWithGenericGamma22White:alpha:", colorWithWhite<StandardSpace::genericGamma22Gray>),
-        method("colorWithCalibratedRed:green:blue:alpha:", colorWithRed<StandardSpace::genericRGB>),
-        method("colorWithDeviceRed:green:blue:alpha:", colorWithDeviceRed),
-        method("colorWithSRGBRed:green:blue:alpha:", colorWithRed<StandardSpace::sRGB>),
-        method("colorWithDisplayP3Red:green:blue:alpha:", colorWithRed<StandardSpace::displayP3>),
-        method("colorWithCalibratedHue:saturation:brightness:alpha:", colorWithCalibratedHue),
-        method("colorWithDeviceHue:saturation:brightness:alpha:", colorWithDeviceHue),
-        method("colorWithDeviceCyan:magenta:yellow:black:alpha:", colorWithDeviceCyan),
-        method("colorWithColorSpace:components:count:", colorWithColorSpaceComponents),
-        method("colorWithColorSpace:hue:saturation:brightness:alpha:", colorWithColorSpaceHue),
-        method("colorWithCGColor:", colorWithCGColor),
+        method<colorWithWhite<StandardSpace::genericGray>>("colorWithCalibratedWhite:alpha:"),
+        method<colorWithDeviceWhite>("colorWithDeviceWhite:alpha:"),
+        method<colorWithWhite<StandardSpace::genericGamma22Gray>>("colorWithGenericGamma22White:alpha:"),
+        method<colorWithRed<StandardSpace::genericRGB>>("colorWithCalibratedRed:green:blue:alpha:"),
+        method<colorWithDeviceRed>("colorWithDeviceRed:green:blue:alpha:"),
+        method<colorWithRed<StandardSpace::sRGB>>("colorWithSRGBRed:green:blue:alpha:"),
+        method<colorWithRed<StandardSpace::displayP3>>("colorWithDisplayP3Red:green:blue:alpha:"),
+        method<colorWithCalibratedHue>("colorWithCalibratedHue:saturation:brightness:alpha:"),
+        method<colorWithDeviceHue>("colorWithDeviceHue:saturation:brightness:alpha:"),
+        method<colorWithDeviceCyan>("colorWithDeviceCyan:magenta:yellow:black:alpha:"),
+        method<colorWithColorSpaceComponents>("colorWithColorSpace:components:count:"),
+        method<colorWithColorSpaceHue>("colorWithColorSpace:hue:saturation:brightness:alpha:"),
+        method<colorWithCGColor>("colorWithCGColor:"),
     };
     return {&Color::cls, {}, classMethods};
 }

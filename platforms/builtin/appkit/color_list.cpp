@@ -207,19 +207,19 @@ void removeFile(ColorList* self, SEL) {
 
 ClassTable tableOfNSColorList() {
     static const MethodEntry methods[] = {
-        method("initWithName:", initWithName),
-        method("initWithName:fromFile:", initWithNameFromFile),
-        method("name", name),
-        method("isEditable", isEditable),
-        method("allKeys", allKeys),
-        method("colorWithKey:", colorWithKey),
-        method("insertColor:key:atIndex:", insertColor),
-        method("setColor:forKey:", setColor),
-        method("removeColorWithKey:", removeColorWithKey),
-        method("writeToFile:", writeToFile),
-        method("removeFile", removeFile),
+        initialiser<initWithName>("initWithName:"),
+        initialiser<initWithNameFromFile>("initWithName:fromFile:"),
+        method<name>("name"),
+        method<isEditable>("isEditable"),
+        method<allKeys>("allKeys"),
+        method<colorWithKey>("colorWithKey:"),
+        method<insertColor>("insertColor:key:atIndex:"),
+        method<setColor>("setColor:forKey:"),
+        method<removeColorWithKey>("removeColorWithKey:"),
+        method<writeToFile>("writeToFile:"),
+        method<removeFile>("removeFile"),
     };
-    static const MethodEntry classMethods[] = {method("colorListNamed:", colorListNamed)};
+    static const MethodEntry classMethods[] = {method<colorListNamed>("colorListNamed:")};
     return classTable<ColorList>("NSColorList", &NSObject::cls, methods, classMethods);
 }
 

@@ -24,8 +24,8 @@ Color* colorFromPasteboard(ClassObject*, SEL, id object) {
 } // namespace
 
 Category categoryOfColorPasteboard() {
-    static const MethodEntry methods[] = {method("writeToPasteboard:", writeToPasteboard)};
-    static const MethodEntry classMethods[] = {method("colorFromPasteboard:", colorFromPasteboard)};
+    static const MethodEntry methods[] = {method<writeToPasteboard>("writeToPasteboard:")};
+    static const MethodEntry classMethods[] = {method<colorFromPasteboard>("colorFromPasteboard:")};
     return {&Color::cls, methods, classMethods};
 }
 

@@ -23,8 +23,8 @@ id patternImage(Color* self, SEL selector) {
 } // namespace
 
 Category categoryOfPatternColors() {
-    static const MethodEntry methods[] = {method("patternImage", patternImage)};
-    static const MethodEntry classMethods[] = {method("colorWithPatternImage:", colorWithPatternImage)};
+    static const MethodEntry methods[] = {method<patternImage>("patternImage")};
+    static const MethodEntry classMethods[] = {method<colorWithPatternImage>("colorWithPatternImage:")};
     return {&Color::cls, methods, classMethods};
 }
 

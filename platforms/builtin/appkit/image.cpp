@@ -24,10 +24,10 @@ Color* backgroundColor(Image* self, SEL) { return self->backgroundColor.get(); }
 
 ClassTable tableOfNSImage() {
     static const MethodEntry methods[] = {
-        method("initWithSize:", initWithSize),
-        method("size", sizeOf),
-        method("setBackgroundColor:", setBackgroundColor),
-        method("backgroundColor", backgroundColor),
+        initialiser<initWithSize>("initWithSize:"),
+        method<sizeOf>("size"),
+        method<setBackgroundColor>("setBackgroundColor:"),
+        method<backgroundColor>("backgroundColor"),
     };
     return classTable<Image>("NSImage", &NSObject::cls, methods);
 }

@@ -19,8 +19,8 @@ void clearContents(Pasteboard* self, SEL) {
 } // namespace
 
 ClassTable tableOfNSPasteboard() {
-    static const MethodEntry methods[] = {method("clearContents", clearContents)};
-    static const MethodEntry classMethods[] = {method("generalPasteboard", generalPasteboard)};
+    static const MethodEntry methods[] = {method<clearContents>("clearContents")};
+    static const MethodEntry classMethods[] = {method<generalPasteboard>("generalPasteboard")};
     return classTable<Pasteboard>("NSPasteboard", &NSObject::cls, methods, classMethods);
 }
 

@@ -11,7 +11,7 @@ ClassObject Dictionary::cls;
 static std::uintptr_t count(Dictionary* self, SEL) { return self->values.size(); }
 
 ClassTable tableOfNSMutableDictionary() {
-    static const MethodEntry methods[] = {method("count", count)};
+    static const MethodEntry methods[] = {method<count>("count")};
     return classTable<Dictionary>("NSMutableDictionary", &NSObject::cls, methods);
 }
 
@@ -26,7 +26,8 @@ static auto& valuesOf(CFMutableDictionaryRef dictionary) { return static_cast<Di
 BUILTIN_EXPORT CFMutableDictionaryRef CFDictionaryCreateMutable(CFAllocatorRef, CFIndex, const void* keyCallBacks,
                                                                 const void* valueCallBacks) {
     builtin::ensurePlatform();
-    return keyCallBacks || valueCallBacks ? nullptr : builtin::make<Dictionary>();
+    if (keyCallBacks || valueCallBacks) return nullptr;
+    return builtin::orNull(builtin::make<Dictionary>);
 }
 
 BUILTIN_EXPORT CFIndex CFDictionaryGetCount(CFMutableDictionaryRef dictionary) {
@@ -40,7 +41,7 @@ BUILTIN_EXPORT const void* CFDictionaryGetValue(CFMutableDictionaryRef dictionar
 }
 
 BUILTIN_EXPORT void CFDictionarySetValue(CFMutableDictionaryRef dictionary, const void* key, const void* value) {
-    valuesOf(dictionary)[key] = value;
+    builtin::orExhausted([&] { valuesOf(dictionary)[key] = value; }, builtin::raiseMemoryExhausted);
 }
 
 BUILTIN_EXPORT void CFDictionaryRemoveValue(CFMutableDictionaryRef dictionary, const void* key) {

@@ -16,16 +16,19 @@ BUILTIN_EXPORT CFStringRef CFStringCreateWithBytes(CFAllocatorRef, const std::ui
                                                    CFStringEncoding encoding, Boolean isExternalRepresentation) {
     if (count < 0 || (count > 0 && !bytes)) return nullptr;
     builtin::ensurePlatform();
-    std::u16string text;
-    const std::string_view view(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(count));
-    if (!builtin::decodeText(view, encoding, isExternalRepresentation != 0, text)) return nullptr;
-    return builtin::newString(text);
+    return builtin::orNull([&]() -> CFStringRef {
+        std::u16string text;
+        const std::string_view view(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(count));
+        if (!builtin::decodeText(view, encoding, isExternalRepresentation != 0, text)) return nullptr;
+        return builtin::newString(text);
+    });
 }
 
 BUILTIN_EXPORT CFStringRef CFStringCreateWithCharacters(CFAllocatorRef, const UniChar* units, CFIndex count) {
     if (count < 0 || (count > 0 && !units)) return nullptr;
     builtin::ensurePlatform();
-    return builtin::newString({reinterpret_cast<const char16_t*>(units), static_cast<std::size_t>(count)});
+    const std::u16string_view text(reinterpret_cast<const char16_t*>(units), static_cast<std::size_t>(count));
+    return builtin::orNull([&]() -> CFStringRef { return builtin::newString(text); });
 }
 
 BUILTIN_EXPORT CFIndex CFStringGetLength(CFStringRef string) {

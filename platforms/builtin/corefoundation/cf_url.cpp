@@ -87,10 +87,16 @@ URL* newURL(std::string_view path) {
     while (path.size() > 1 && path.back() == '/') {
         path.remove_suffix(1);
     }
-    URL* const url = make<URL>();
     std::u16string text;
-    const bool isPath = !path.empty() && path.find('\0') == std::string_view::npos;
-    if (isPath && decodeText(path, encoding::utf8, false, text)) url->path.adopt(newString(text));
+    const bool isPath =
+        !path.empty() && path.find('\0') == std::string_view::npos && decodeText(path, encoding::utf8, false, text);
+    URL* const url = make<URL>();
+    try {
+        if (isPath) url->path.adopt(newString(text));
+    } catch (...) {
+        deallocate(url);
+        throw;
+    }
     return url;
 }
 
@@ -106,16 +112,20 @@ constexpr CFURLPathStyle posixStyle = 0;
 
 BUILTIN_EXPORT CFURLRef CFURLCreateWithFileSystemPath(CFAllocatorRef, CFStringRef path, CFURLPathStyle style, Boolean) {
     builtin::ensurePlatform();
-    const char* const text = path ? builtin::utf8Of(static_cast<String*>(path)) : nullptr;
-    if (!text || !*text || style != posixStyle) return nullptr;
-    return builtin::newURL(builtin::absolutePath(text));
+    return builtin::orNull([&]() -> CFURLRef {
+        const char* const text = path ? builtin::utf8Of(static_cast<String*>(path)) : nullptr;
+        if (!text || !*text || style != posixStyle) return nullptr;
+        return builtin::newURL(builtin::absolutePath(text));
+    });
 }
 
 BUILTIN_EXPORT CFURLRef CFURLCreateWithString(CFAllocatorRef, CFStringRef text, CFURLRef base) {
     builtin::ensurePlatform();
-    const char* const url = text ? builtin::utf8Of(static_cast<String*>(text)) : nullptr;
-    if (!url || base || !builtin::isURLText(url)) return nullptr;
-    return builtin::newURL(builtin::withoutEscapes(builtin::pathPart(url)));
+    return builtin::orNull([&]() -> CFURLRef {
+        const char* const url = text ? builtin::utf8Of(static_cast<String*>(text)) : nullptr;
+        if (!url || base || !builtin::isURLText(url)) return nullptr;
+        return builtin::newURL(builtin::withoutEscapes(builtin::pathPart(url)));
+    });
 }
 
 BUILTIN_EXPORT CFStringRef CFURLCopyFileSystemPath(CFURLRef url, CFURLPathStyle style) {

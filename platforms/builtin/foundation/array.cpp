@@ -50,19 +50,19 @@ id nextObject(Enumerator* self, SEL) {
 
 ClassTable tableOfNSArray() {
     static const MethodEntry methods[] = {
-        method("count", count),
-        method("objectAtIndex:", objectAtIndex),
-        method("objectEnumerator", objectEnumerator),
+        method<count>("count"),
+        method<objectAtIndex>("objectAtIndex:"),
+        method<objectEnumerator>("objectEnumerator"),
     };
     static const MethodEntry classMethods[] = {
-        method("array", emptyArray),
-        method("arrayWithObjects:count:", arrayWithObjects),
+        method<emptyArray>("array"),
+        method<arrayWithObjects>("arrayWithObjects:count:"),
     };
     return classTable<Array>("NSArray", &NSObject::cls, methods, classMethods);
 }
 
 ClassTable tableOfNSEnumerator() {
-    static const MethodEntry methods[] = {method("nextObject", nextObject)};
+    static const MethodEntry methods[] = {method<nextObject>("nextObject")};
     return classTable<Enumerator>("NSEnumerator", &NSObject::cls, methods);
 }
 

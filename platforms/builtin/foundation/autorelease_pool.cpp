@@ -35,8 +35,8 @@ id refuse(AutoreleasePool* self, SEL selector) {
 
 ClassTable tableOfNSAutoreleasePool() {
     static const MethodEntry methods[] = {
-        method("init", init),     method("dealloc", dealloc),    method("drain", drain),
-        method("retain", refuse), method("autorelease", refuse),
+        method<init>("init"),     method<dealloc>("dealloc"),    method<drain>("drain"),
+        method<refuse>("retain"), method<refuse>("autorelease"),
     };
     return classTable<AutoreleasePool>("NSAutoreleasePool", &NSObject::cls, methods);
 }

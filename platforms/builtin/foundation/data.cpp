@@ -50,15 +50,15 @@ std::uintptr_t hash(Data* self, SEL) {
 
 ClassTable tableOfNSData() {
     static const MethodEntry methods[] = {
-        method("bytes", bytes),
-        method("length", length),
-        method("isEqual:", isEqual),
-        method("hash", hash),
+        method<bytes>("bytes"),
+        method<length>("length"),
+        method<isEqual>("isEqual:"),
+        method<hash>("hash"),
     };
     static const MethodEntry classMethods[] = {
-        method("data", emptyData),
-        method("dataWithBytes:length:", dataWithBytes),
-        method("dataWithContentsOfFile:", dataWithContentsOfFile),
+        method<emptyData>("data"),
+        method<dataWithBytes>("dataWithBytes:length:"),
+        method<dataWithContentsOfFile>("dataWithContentsOfFile:"),
     };
     return classTable<Data>("NSData", &NSObject::cls, methods, classMethods);
 }

@@ -14,6 +14,12 @@ void raise(String& name, String* reason) {
     objc_exception_throw(autorelease(exception));
 }
 
+void raiseMemoryExhausted() {
+    static String reason{u"memory is exhausted"};
+    static Exception exception{exceptionName::malloc, reason};
+    objc_exception_throw(&exception);
+}
+
 void reportUncaught(id thrown) {
     if (isKindOf(thrown, Exception::cls)) {
         const auto* const exception = static_cast<Exception*>(thrown);
@@ -55,15 +61,15 @@ void raiseException(Exception* self, SEL) { objc_exception_throw(self); }
 
 ClassTable tableOfNSException() {
     static const MethodEntry methods[] = {
-        method("initWithName:reason:userInfo:", initWithName),
-        method("name", name),
-        method("reason", reason),
-        method("userInfo", userInfo),
-        method("description", description),
-        method("raise", raiseException),
+        initialiser<initWithName>("initWithName:reason:userInfo:"),
+        method<name>("name"),
+        method<reason>("reason"),
+        method<userInfo>("userInfo"),
+        method<description>("description"),
+        method<raiseException>("raise"),
     };
     static const MethodEntry classMethods[] = {
-        method("exceptionWithName:reason:userInfo:", exceptionWithName),
+        method<exceptionWithName>("exceptionWithName:reason:userInfo:"),
     };
     return classTable<Exception>("NSException", &NSObject::cls, methods, classMethods);
 }

@@ -8,6 +8,11 @@ namespace chroma::builtin {
 struct Exception : Object {
     static ClassObject cls;
 
+    constexpr Exception() = default;
+    // Constant-initialised and never freed, of strings that never are.
+    constexpr Exception(String& constantName, String& constantReason)
+        : Object(&cls, immortal), name(&constantName), reason(&constantReason) {}
+
     Ref<String> name;
     Ref<String> reason;
     Ref<Object> userInfo;
@@ -19,6 +24,7 @@ namespace exceptionName {
 
 extern String generic;
 extern String invalidArgument;
+extern String malloc;
 extern String range;
 extern String colorListNotEditable;
 

@@ -6,6 +6,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <string>
 
 namespace chroma::builtin {
@@ -17,16 +18,13 @@ HeapString::~HeapString() {
     delete[] utf8.load(std::memory_order_relaxed);
 }
 
-void HeapString::assign(std::u16string_view text) {
-    storage = new char16_t[text.size() + 1]();
-    text.copy(storage, text.size());
-    units = storage;
-    length = text.size();
-}
-
 String* newString(std::u16string_view text) {
+    auto storage = std::make_unique<char16_t[]>(text.size() + 1);
+    text.copy(storage.get(), text.size());
     auto* const string = static_cast<HeapString*>(allocate(String::cls));
-    string->assign(text);
+    string->storage = storage.release();
+    string->units = string->storage;
+    string->length = text.size();
     return string;
 }
 
@@ -129,18 +127,18 @@ String* description(String* self, SEL) { return self; }
 
 ClassTable tableOfNSString() {
     static const MethodEntry methods[] = {
-        method("length", length),
-        method("characterAtIndex:", characterAtIndex),
-        method("UTF8String", utf8String),
-        method("isEqual:", isEqual),
-        method("isEqualToString:", isEqualToString),
-        method("hash", hash),
-        method("compare:", compare),
-        method("description", description),
+        method<length>("length"),
+        method<characterAtIndex>("characterAtIndex:"),
+        method<utf8String>("UTF8String"),
+        method<isEqual>("isEqual:"),
+        method<isEqualToString>("isEqualToString:"),
+        method<hash>("hash"),
+        method<compare>("compare:"),
+        method<description>("description"),
     };
     static const MethodEntry classMethods[] = {
-        method("string", emptyString),
-        method("stringWithUTF8String:", stringWithUtf8),
+        method<emptyString>("string"),
+        method<stringWithUtf8>("stringWithUTF8String:"),
     };
     return classTable<HeapString>("NSString", &NSObject::cls, methods, classMethods);
 }

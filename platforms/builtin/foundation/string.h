@@ -26,8 +26,6 @@ struct String : Object {
 struct HeapString : String {
     ~HeapString();
 
-    void assign(std::u16string_view text); // once
-
     char16_t* storage = nullptr;
 };
 

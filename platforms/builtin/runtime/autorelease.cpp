@@ -1,7 +1,8 @@
 #include "runtime/autorelease.h"
 
-#include "runtime/message.h"
+#include "runtime/lifetime.h"
 
+#include <new>
 #include <vector>
 
 namespace chroma::builtin {
@@ -17,7 +18,15 @@ thread_local AutoreleaseStack stack;
 
 } // namespace
 
-void pushAutoreleased(Object* object) { stack.entries.push_back(object); }
+void pushAutoreleased(Object* object) {
+    try {
+        stack.entries.push_back(object);
+        return;
+    } catch (const std::bad_alloc&) {
+    }
+    release(object); // may throw a native exception: not in the handler
+    throw std::bad_alloc();
+}
 
 std::size_t autoreleaseHeight() { return stack.entries.size(); }
 

@@ -6,7 +6,8 @@
 
 namespace chroma::builtin {
 
-// Takes over one reference, to be released when the innermost pool is drained; without a pool, when the thread ends.
+// Takes over one reference, to be released when the innermost pool is drained; without a pool, when the thread ends. When it throws
+// std::bad_alloc, the reference has been released.
 void pushAutoreleased(Object* object);
 
 // The number of entries: a pool notes it before it pushes itself.

@@ -1,14 +1,16 @@
 // How the platform's classes are declared: a table per class, walked by one registration routine.
 //
 //     ClassTable tableOfNSThing() {
-//         static const MethodEntry methods[] = {method("length", length), ...};
+//         static const MethodEntry methods[] = {method<length>("length"), ...};
 //         return {classTable<Thing>("NSThing", &Root::cls), methods, classMethods};
 //     }
 //
-// This is the one place where typed functions become IMPs.
+// This is the one place where typed functions become IMPs, and where exhausted memory, a C++ exception inside the platform,
+// becomes a native one: no C++ exception leaves a message.
 #pragma once
 
-#include "runtime/object.h"
+#include "runtime/exhaustion.h"
+#include "runtime/lifetime.h"
 
 #include <new>
 
@@ -20,11 +22,38 @@ struct MethodEntry {
     std::size_t arguments; // as many as the selector has colons
 };
 
+template <auto function>
+struct Method;
+
 // A method is a plain function of the receiver, as any struct that an object of the class is, the selector and the arguments. A
 // class method's receiver is a ClassObject.
-template <class R, class Self, class... Arguments>
-MethodEntry method(const char* selector, R (*function)(Self*, SEL, Arguments...)) {
-    return {selector, reinterpret_cast<IMP>(function), sizeof...(Arguments)};
+template <class R, class Self, class... Arguments, R (*function)(Self*, SEL, Arguments...)>
+struct Method<function> {
+    static constexpr std::size_t arguments = sizeof...(Arguments);
+
+    static R answer(Self* self, SEL selector, Arguments... arguments) {
+        const auto body = [&] { return function(self, selector, arguments...); };
+        return orExhausted(body, []() -> R { raiseMemoryExhausted(); });
+    }
+
+    // An initialiser that does not return gives its receiver up.
+    static R initialise(Self* self, SEL selector, Arguments... arguments) {
+        const auto body = [&] { return function(self, selector, arguments...); };
+        return orExhausted(body, [self]() -> R {
+            release(self);
+            raiseMemoryExhausted();
+        });
+    }
+};
+
+template <auto function>
+MethodEntry method(const char* selector) {
+    return {selector, reinterpret_cast<IMP>(Method<function>::answer), Method<function>::arguments};
+}
+
+template <auto function>
+MethodEntry initialiser(const char* selector) {
+    return {selector, reinterpret_cast<IMP>(Method<function>::initialise), Method<function>::arguments};
 }
 
 struct MethodEntries {

@@ -10,6 +10,7 @@
 #include <cassert>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <mutex>
 #include <new>
 #include <string_view>
@@ -54,11 +55,11 @@ void forget(const ClassObject& changed, SEL selector) {
     }
 }
 
-// A larger table with what is in the present one. The memory is zeroed: null in every other slot.
+// A larger table with what is in the present one; null when memory is exhausted. It is zeroed: null in every other slot.
 DispatchTable* grown(DispatchTable& present) {
     const std::uint32_t size = std::max(selectorCount(), 2 * present.size);
     void* const memory = std::calloc(1, sizeof(DispatchTable) + size * sizeof(std::atomic<IMP>));
-    if (!memory) throw std::bad_alloc();
+    if (!memory) return nullptr;
     auto* const table = new (memory) DispatchTable{size, &present};
     for (std::uint32_t index = 0; index < present.size; ++index) {
         table->slots()[index].store(present.slots()[index].load(std::memory_order_relaxed), std::memory_order_relaxed);
@@ -66,10 +67,12 @@ DispatchTable* grown(DispatchTable& present) {
     return table;
 }
 
+// Without memory for it the function is looked up again the next time.
 void remember(ClassObject& cls, SEL selector, IMP implementation) {
     DispatchTable* table = cls.dispatch.load(std::memory_order_relaxed);
     if (selector->index >= table->size) {
         table = grown(*table);
+        if (!table) return;
         cls.dispatch.store(table, std::memory_order_release);
     }
     table->slots()[selector->index].store(implementation, std::memory_order_relaxed);
@@ -183,14 +186,18 @@ BUILTIN_EXPORT const char* object_getClassName(id object) { return object ? obje
 BUILTIN_EXPORT Class objc_allocateClassPair(Class superclass, const char* name, std::size_t extraBytes) {
     ClassObject* const parent = asClass(superclass);
     if (!parent || objc_getClass(name)) return nullptr;
-    auto* const cls = new ClassObject;
-    cls->name = strdup(name);
-    cls->superclass = parent;
-    cls->instanceSize = parent->instanceSize + extraBytes;
-    cls->construct = parent->construct;
-    cls->destroy = parent->destroy;
-    cls->isa = builtin::makeMetaclass(*cls);
-    return cls;
+    return builtin::orNull([&]() -> Class {
+        auto cls = std::make_unique<ClassObject>();
+        auto copy = std::make_unique<char[]>(std::strlen(name) + 1);
+        std::strcpy(copy.get(), name);
+        cls->superclass = parent;
+        cls->instanceSize = parent->instanceSize + extraBytes;
+        cls->construct = parent->construct;
+        cls->destroy = parent->destroy;
+        cls->isa = builtin::makeMetaclass(*cls);
+        cls->name = cls->isa->name = copy.release();
+        return cls.release();
+    });
 }
 
 BUILTIN_EXPORT void objc_registerClassPair(Class cls) {
@@ -201,8 +208,12 @@ BUILTIN_EXPORT void objc_registerClassPair(Class cls) {
 // Answers for nil, whatever the message.
 static id answerZero(id, SEL) { return nullptr; }
 
+// Answers where no selector could be registered.
+static id raiseExhausted(id, SEL) { builtin::raiseMemoryExhausted(); }
+
 BUILTIN_EXPORT IMP objc_msg_lookup(id receiver, SEL selector) {
     if (!receiver) return reinterpret_cast<IMP>(answerZero);
+    if (!selector) return reinterpret_cast<IMP>(raiseExhausted);
     return builtin::lookUp(*receiver->isa, selector);
 }
 
@@ -234,8 +245,10 @@ BUILTIN_EXPORT BOOL class_addMethod(Class cls, SEL selector, IMP implementation,
     const std::lock_guard<std::mutex> lock(classLock);
     ClassObject* const target = asClass(cls);
     if (!target || builtin::ownMethod(*target, selector)) return 0;
-    builtin::addMethod(*target, selector, implementation);
-    return 1;
+    return builtin::orNull([&]() -> BOOL {
+        builtin::addMethod(*target, selector, implementation);
+        return 1;
+    });
 }
 
 BUILTIN_EXPORT IMP class_replaceMethod(Class cls, SEL selector, IMP implementation, const char* types) {

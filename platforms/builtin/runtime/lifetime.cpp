@@ -5,15 +5,16 @@
 #include "runtime/export.h"
 
 #include <cstdlib>
+#include <memory>
 #include <new>
 
 namespace chroma::builtin {
 
 Object* allocate(ClassObject& cls) {
-    void* const memory = std::calloc(1, cls.instanceSize);
+    std::unique_ptr<void, decltype(&std::free)> memory(std::calloc(1, cls.instanceSize), &std::free);
     if (!memory) throw std::bad_alloc();
-    cls.construct(memory);
-    auto* const object = static_cast<Object*>(memory);
+    cls.construct(memory.get());
+    auto* const object = static_cast<Object*>(memory.release());
     object->isa = &cls;
     cls.liveInstances.fetch_add(1, std::memory_order_relaxed);
     return object;

@@ -53,7 +53,8 @@ Instance* autorelease(Instance* object) {
 template <class Instance>
 class Ref {
 public:
-    Ref() = default;
+    constexpr Ref() = default;
+    explicit constexpr Ref(Instance* immortalObject) : object_(immortalObject) {}
     Ref(const Ref& other) : object_(retain(other.object_)) {}
     Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
     Ref& operator=(const Ref& other) { return *this = other.object_; }

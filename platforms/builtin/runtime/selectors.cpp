@@ -1,9 +1,11 @@
 #include "runtime/selectors.h"
 
 #include "runtime/bootstrap.h"
+#include "runtime/exhaustion.h"
 #include "runtime/export.h"
 
 #include <cstring>
+#include <memory>
 #include <mutex>
 #include <string_view>
 #include <unordered_map>
@@ -29,12 +31,14 @@ SEL internSelector(const char* name) {
     if (known != selectors.end()) return known->second;
 
     const std::size_t length = std::strlen(name);
-    char* const copy = new char[length + 1];
-    std::memcpy(copy, name, length + 1);
-    const SEL selector = new SelectorEntry{copy, registeredSelectors.load(std::memory_order_relaxed)};
-    selectors.emplace(std::string_view(copy, length), selector);
+    auto copy = std::make_unique<char[]>(length + 1);
+    std::memcpy(copy.get(), name, length + 1);
+    auto selector =
+        std::make_unique<SelectorEntry>(SelectorEntry{copy.get(), registeredSelectors.load(std::memory_order_relaxed)});
+    selectors.emplace(std::string_view(copy.get(), length), selector.get());
+    copy.release();
     registeredSelectors.fetch_add(1, std::memory_order_release);
-    return selector;
+    return selector.release();
 }
 
 std::uint32_t selectorCount() { return registeredSelectors.load(std::memory_order_acquire); }
@@ -45,7 +49,7 @@ namespace chroma {
 
 BUILTIN_EXPORT SEL sel_registerName(const char* name) {
     builtin::ensurePlatform();
-    return builtin::internSelector(name);
+    return builtin::orNull([&] { return builtin::internSelector(name); });
 }
 
 BUILTIN_EXPORT const char* sel_getName(SEL selector) { return selector ? selector->name : "<null selector>"; }

@@ -5,7 +5,7 @@
 
 namespace chroma::builtin {
 
-// The entry of a name, made at its first use. Needs no registration of the platform's classes.
+// The entry of a name, made at its first use. Throws std::bad_alloc. Needs no registration of the platform's classes.
 SEL internSelector(const char* name);
 
 // How many selectors there are: every index is below.

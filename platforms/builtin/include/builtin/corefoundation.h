@@ -1,7 +1,7 @@
 // The CoreFoundation functions of the builtin platform. Every CoreFoundation reference is an object of the platform's runtime:
 // strings are NSStrings, URLs NSURLs, dictionaries and colour handles are objects too, and all take retain and release.
 //
-// "Create" and "Copy" give a reference that the caller releases. An allocator is ignored; null is the usual argument.
+// "Create" and "Copy" give a reference that the caller releases; null when memory is exhausted. An allocator is ignored; null is the usual argument.
 #pragma once
 
 #include <cstdint>
@@ -48,6 +48,7 @@ CFMutableDictionaryRef CFDictionaryCreateMutable(CFAllocatorRef allocator, CFInd
                                                  const void* valueCallBacks);
 CFIndex CFDictionaryGetCount(CFMutableDictionaryRef dictionary);
 const void* CFDictionaryGetValue(CFMutableDictionaryRef dictionary, const void* key); // null when there is none
+// May raise NSMallocException.
 void CFDictionarySetValue(CFMutableDictionaryRef dictionary, const void* key, const void* value);
 void CFDictionaryRemoveValue(CFMutableDictionaryRef dictionary, const void* key);
 

@@ -33,11 +33,12 @@ Class object_getClass(id object);     // nil for nil
 const char* object_getClassName(id object);
 
 // Makes a class that inherits everything from `superclass`, with `extraBytes` of zeroed room behind its instances. nil when the
-// name is taken or the superclass is nil. The class can be found by name once it has been registered. Classes are never freed.
+// name is taken, the superclass is nil, or memory is exhausted. The class can be found by name once it has been registered. Classes are never freed.
 Class objc_allocateClassPair(Class superclass, const char* name, std::size_t extraBytes);
 void objc_registerClassPair(Class cls);
 
-// Selectors: one entry per name, for the life of the process.
+// Selectors: one entry per name, for the life of the process. Null when memory is exhausted; a message of the null selector raises
+// NSMallocException.
 SEL sel_registerName(const char* name);
 const char* sel_getName(SEL selector); // "<null selector>" for null
 
@@ -58,7 +59,7 @@ SEL method_getName(Method method);
 // Changes of a class's own methods, in force for the next message, also to instances of subclasses that inherit the method.
 // `types` is not used and may be null.
 //
-// class_addMethod does nothing and answers NO when the class itself has the method already. class_replaceMethod adds it or
+// class_addMethod does nothing and answers NO when the class itself has the method already, and when memory is exhausted. class_replaceMethod adds it or
 // replaces it; its answer is what the class itself had before, null when it had inherited the method or had none.
 // method_setImplementation answers the previous function.
 BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char* types);
