@@ -17,6 +17,10 @@ void REALInsertArrayValueObject(void* array, std::int32_t index, REALobjectStruc
     if (const auto insert = insertObjectProcedure(array)) insert(array, index, value);
 }
 
+void REALUnlockArray(void* array) {
+    if (array) REALUnlockObject(arrayAsObject(array));
+}
+
 std::int32_t REALGetArrayUBound(void* array) { return array ? RuntimeUBound(array) : -1; }
 
 double REALGetArrayValueDouble(REALarrayDouble* array, std::int32_t index) {

@@ -13,6 +13,9 @@ namespace chroma {
 void REALInsertArrayValueDouble(REALarrayDouble* array, std::int32_t index, double value);
 void REALInsertArrayValueObject(void* array, std::int32_t index, REALobjectStruct* value);
 
+// Gives up an array that is not handed out after all; null is allowed.
+void REALUnlockArray(void* array);
+
 // The upper bound: -1 for an empty or null array, 0 when the host cannot tell.
 std::int32_t REALGetArrayUBound(void* array);
 

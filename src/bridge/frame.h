@@ -17,6 +17,12 @@ void guarded(Body body) {
     if (const id thrown = catchNative(body)) raisePlatformException(thrown);
 }
 
+// The same for a function that has made a result already: `giveUp` releases it when a thrown object passes outward.
+template <class Body, class GiveUp>
+void guarded(Body body, GiveUp giveUp) {
+    if (const id thrown = catchNative(body)) onThrow([thrown] { raisePlatformException(thrown); }, giveUp);
+}
+
 // The quiet frame: an NSException is dropped. Answers whether the body ran to its end.
 template <class Body>
 bool quiet(Body body) {

@@ -56,9 +56,10 @@ inline const double* storedElements(const REALarrayDouble* array) {
     return readField<const double*>(array, REALarrayElementsOffset);
 }
 
-// Memory blocks and folder items are objects too.
+// Memory blocks, folder items and arrays are objects too.
 inline REALobjectStruct* asObject(REALmemoryBlockStruct* block) { return reinterpret_cast<REALobjectStruct*>(block); }
 inline REALobjectStruct* asObject(REALfolderItemStruct* item) { return reinterpret_cast<REALobjectStruct*>(item); }
+inline REALobjectStruct* arrayAsObject(void* array) { return static_cast<REALobjectStruct*>(array); }
 
 // A platform pointer as the host's integer, and back.
 inline HostInteger asHandle(const void* pointer) { return reinterpret_cast<HostInteger>(pointer); }

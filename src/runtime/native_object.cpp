@@ -58,8 +58,8 @@ void dropNative(REALobjectStruct* object) {
     const id native = nativeObject(object);
     if (!native) return;
     if (liveObject(native) == object) CFDictionaryRemoveValue(instances, native);
+    setNativeObject(object, nullptr); // first: a release that throws must not be made again
     send<void>(native, sel::release);
-    setNativeObject(object, nullptr);
 }
 
 } // namespace chroma

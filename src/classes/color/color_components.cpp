@@ -99,7 +99,7 @@ void getRedA(REALobjectStruct* object, double* red, double* green, double* blue,
 REALarrayDouble* getComponents(REALobjectStruct* object) {
     constexpr NSInteger most = 32;
     auto* const array = static_cast<REALarrayDouble*>(REALCreateArray(REALarrayOfDoubles, -1));
-    guarded([&] {
+    const auto fill = [&] {
         const id color = nativeObject(object);
         const auto reported = send<NSInteger>(color, sel::numberOfComponents);
         if (reported <= 0) return;
@@ -110,7 +110,8 @@ REALarrayDouble* getComponents(REALobjectStruct* object) {
             for (NSInteger i = 0; i < reported && i < most; ++i)
                 REALInsertArrayValueDouble(array, static_cast<std::int32_t>(i), values[i]);
         });
-    });
+    };
+    guarded(fill, [&] { REALUnlockArray(array); });
     return array;
 }
 

@@ -35,7 +35,13 @@ REALobjectStruct* made(Selector& initialiser, Argument argument) {
         const void* const value = argument();
         if (!value) return;
         const id space = send<id>(send<id>(cls::NSColorSpace, sel::alloc), initialiser, value);
-        withCleanup([&] { result = NewNSColorSpaceZRX(space); }, [&] { send<void>(space, sel::release); });
+        const auto release = [space] { send<void>(space, sel::release); };
+        REALobjectStruct* object = nullptr;
+        onThrow([&] { object = NewNSColorSpaceZRX(space); }, release);
+        onThrow(release, [object] {
+            if (object) REALUnlockObject(object);
+        });
+        result = object;
     });
     return result;
 }
@@ -99,7 +105,7 @@ REALobjectStruct* colorSpaceForColorSpaceName(REALstringStruct* name) {
 
 void* availableColorSpacesWithModel(HostInteger model) {
     void* const array = REALCreateArray(REALarrayOfObjects, -1);
-    guarded([&] {
+    const auto fill = [&] {
         initCocoa();
         const id spaces = send<id>(cls::NSColorSpace, sel::availableColorSpacesWithModel_, NSInteger{model});
         const id enumerator = send<id>(spaces, sel::objectEnumerator);
@@ -109,7 +115,8 @@ void* availableColorSpacesWithModel(HostInteger model) {
             REALInsertArrayValueObject(array, index++, object);
             if (object) REALUnlockObject(object);
         }
-    });
+    };
+    guarded(fill, [&] { REALUnlockArray(array); });
     return array;
 }
 
