@@ -9,7 +9,7 @@
 #include "model/record_listing.h"
 #include "repl/repl.h"
 
-#include <CLI/CLI.hpp>
+#include <CLI/CLI.hpp> // slow to compile, so only here
 
 #include <iostream>
 #include <stdexcept>
@@ -73,6 +73,34 @@ int records(const Options& options) {
     return success;
 }
 
+// The options, which the parser fills, must outlive the application.
+CLI::App* addBrowse(CLI::App& application, host::commands::BrowseOptions& options) {
+    CLI::App* const command =
+        application.add_subcommand("browse", "Show the classes, a class or a member, and what it is for");
+    command->add_option("CLASS", options.className, "A class; without one all classes, a line each");
+    command->add_option("MEMBER", options.member, "A property, method or constant of the class");
+    command->add_flag("--markdown", options.markdown, "All classes as one Markdown page");
+    return command;
+}
+
+CLI::App* addSwatches(CLI::App& application, host::commands::SwatchesOptions& options) {
+    CLI::App* const command =
+        application.add_subcommand("swatches", "Draw the system's colours, or those of a list, as a picture");
+    command->add_option("PICTURE", options.picture, "The file to write, .svg or .png")->required();
+    CLI::Option* const list =
+        command->add_option("--list", options.list, "Draw colours of the list in this file")->type_name("FILE");
+    CLI::Option* const key = command->add_option("--key", options.keys, "A colour's key in the list; may be repeated")
+                                 ->type_name("NAME")
+                                 ->expected(1)
+                                 ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    list->needs(key);
+    key->needs(list);
+    command->add_option("--spaces", options.color, "Draw this colour, #RRGGBB or #RRGGBBAA, in every named space")
+        ->type_name("COLOR")
+        ->excludes(list);
+    return command;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -111,9 +139,9 @@ int main(int argc, char** argv) {
     recordsCommand->add_flag("--json", options.json, "As JSON");
 
     host::commands::BrowseOptions browsing;
-    CLI::App* const browseCommand = host::commands::addBrowse(app, browsing);
+    CLI::App* const browseCommand = addBrowse(app, browsing);
     host::commands::SwatchesOptions drawing;
-    CLI::App* const swatchesCommand = host::commands::addSwatches(app, drawing);
+    CLI::App* const swatchesCommand = addSwatches(app, drawing);
 
     try {
         app.parse(argc, argv);

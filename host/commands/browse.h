@@ -1,8 +1,6 @@
 // The command `browse`.
 #pragma once
 
-#include <CLI/App.hpp>
-
 #include <iosfwd>
 #include <string>
 
@@ -13,9 +11,6 @@ struct BrowseOptions {
     std::string member;    // empty: the whole class
     bool markdown = false;
 };
-
-// The options, which the parser fills, must outlive the application.
-CLI::App* addBrowse(CLI::App& application, BrowseOptions& options);
 
 // Over the classes of the running host. Throws std::invalid_argument for names that nothing has.
 int browse(const BrowseOptions& options, std::ostream& out);

@@ -1,8 +1,6 @@
 // The command `swatches`.
 #pragma once
 
-#include <CLI/App.hpp>
-
 #include <string>
 #include <vector>
 
@@ -14,9 +12,6 @@ struct SwatchesOptions {
     std::vector<std::string> keys; // of the list
     std::string color;             // in hexadecimal, to show in every space; empty: none
 };
-
-// The options, which the parser fills, must outlive the application.
-CLI::App* addSwatches(CLI::App& application, SwatchesOptions& options);
 
 // Draws with the classes of the running host. Throws std::invalid_argument for what is no colour or no picture's file name, and
 // std::runtime_error for what cannot be drawn or written.
