@@ -1,0 +1,7 @@
+# What makes the libraries and programs hard to misuse where the linker is GNU's; tests/plugin/hardening_check.cmake looks at what
+# came of it. A library takes no symbol from nowhere, as it is the rule on macOS.
+target_compile_options(chroma_options INTERFACE -fstack-protector-strong)
+target_link_options(chroma_options INTERFACE -Wl,-z,defs,-z,relro,-z,now,-z,noexecstack)
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86)$")
+    target_compile_options(chroma_options INTERFACE -fcf-protection)
+endif()
