@@ -1,4 +1,5 @@
-#include "faults.h"
+// Faults that strike: the messages and CoreFoundation calls of the plugin come through the linker's wrappers.
+#include "driver.h"
 
 #include "platform/corefoundation.h"
 #include "platform/guard.h"
@@ -7,13 +8,9 @@
 #include <string_view>
 
 namespace matrix {
+namespace {
 
 using namespace chroma;
-
-id testException = nullptr;
-id testObject = nullptr;
-
-namespace {
 
 Plan plan;
 Traces traces;
@@ -21,27 +18,13 @@ int remaining = 0;
 int suspensions = 1; // the process begins unarmed
 bool answersNumber = false;
 
-extern "C" const char* sel_getName(SEL selector);
-
-id newString(const char* text) {
-    return CFStringCreateWithBytes(nullptr, reinterpret_cast<const std::uint8_t*>(text),
-                                   static_cast<CFIndex>(std::string_view(text).size()), kCFStringEncodingUTF8, false);
-}
-
 } // namespace
 
-void prepareThrownObjects() {
-    Selector initWithName{"initWithName:reason:userInfo:"};
-    testObject = newString("no exception");
-    testException = send<id>(send<id>(cls::NSException, sel::alloc), initWithName, newString("TestException"),
-                             newString("made to fail"), id{});
-}
-
-void arm(Plan planned, bool numbers) {
+void arm(Plan planned, bool number) {
     plan = planned;
     traces = {};
     remaining = planned.at;
-    answersNumber = numbers;
+    answersNumber = number;
     --suspensions;
 }
 
@@ -55,53 +38,48 @@ Suspension::~Suspension() { --suspensions; }
 
 bool strikes(Fault first, Fault last) {
     if (suspensions > 0 || plan.fault < first || plan.fault > last) return false;
-    if (--remaining > 0) return false;
-    if (remaining < 0 && plan.fault != Fault::ExhaustMemory) return false;
-    traces.struck = true;
-    return true;
+    if (--remaining > 0 || (traces.struck && plan.fault != Fault::ExhaustMemory)) return false;
+    return traces.struck = true;
 }
 
 void countRaised() { ++traces.raised; }
 
 namespace {
 
-// A message whose receiver belongs to the platform from then on, whatever comes of it.
-bool consumesReceiver(std::string_view name) {
-    return name.substr(0, 4) == "init" || name == "autorelease" || name == "release";
+extern "C" const char* sel_getName(SEL selector);
+
+// The receivers of these belong to the platform, whatever comes of them.
+bool consumesReceiver(std::string_view message) {
+    return message.substr(0, 4) == "init" || message == "autorelease" || message == "release";
 }
 
-// In place of the method.
-id fail(id receiver, SEL selector) {
-    const Suspension suspension;
-    if (consumesReceiver(sel_getName(selector))) send<void>(receiver, sel::release);
-    return nullptr;
-}
-
-void throwWhatIsPlanned() {
+void fail() {
     if (plan.fault == Fault::Raise) throwNative(testException);
     if (plan.fault == Fault::Throw) throwNative(testObject);
 }
 
-id failWithWord(id receiver, SEL selector) {
-    fail(receiver, selector);
-    throwWhatIsPlanned();
-    return nullptr;
-}
-
-CGFloat failWithNumber(id receiver, SEL selector) {
-    failWithWord(receiver, selector);
-    return 0;
+// In place of a method that answers Result.
+template <class Result>
+Result failingMethod(id receiver, SEL selector) {
+    ++suspensions;
+    if (consumesReceiver(sel_getName(selector))) send<void>(receiver, sel::release);
+    --suspensions;
+    fail();
+    return Result();
 }
 
 bool strikesMessage() { return strikes(Fault::Raise, Fault::AnswerNil); }
 
-// Notes where a message that is about to fail belongs. False for the question that guards ask of what they caught.
-bool isCounted(id receiver, SEL selector) {
-    const Suspension suspension;
+// Guards ask what they caught for its class; that is no message of the function.
+bool strikesMessage(id receiver, SEL selector) {
+    if (suspensions > 0 || traces.struck) return false;
+    ++suspensions;
     const bool isException = isNSException(receiver);
-    if ((isException || receiver == testObject) && selector == sel::isKindOfClass_.get()) return false;
-    traces.struckBridging = isException || receiver == cls::NSException.get();
-    return true;
+    const bool isGuards = (isException || receiver == testObject) && selector == sel::isKindOfClass_.get();
+    --suspensions;
+    if (isGuards) return false;
+    traces.bridging = traces.bridging || isException || receiver == cls::NSException.get();
+    return strikesMessage();
 }
 
 } // namespace
@@ -112,38 +90,28 @@ bool isCounted(id receiver, SEL selector) {
 extern "C" {
 
 using namespace chroma;
-using namespace matrix;
 
 IMP __real_objc_msg_lookup(id receiver, SEL selector);
 IMP __wrap_objc_msg_lookup(id receiver, SEL selector) {
-    if (suspensions > 0 || plan.fault > Fault::AnswerNil || plan.fault == Fault::None || traces.struck ||
-        !isCounted(receiver, selector) || !strikesMessage())
-        return __real_objc_msg_lookup(receiver, selector);
-    return answersNumber ? reinterpret_cast<IMP>(failWithNumber) : reinterpret_cast<IMP>(failWithWord);
+    if (!matrix::strikesMessage(receiver, selector)) return __real_objc_msg_lookup(receiver, selector);
+    if (matrix::answersNumber) return reinterpret_cast<IMP>(matrix::failingMethod<CGFloat>);
+    return reinterpret_cast<IMP>(matrix::failingMethod<id>);
 }
 
-// The CoreFoundation functions that may throw count as messages.
-#define CHROMA_WRAPPED(Result, name, parameters, arguments)                                                                 \
+#define CHROMA_WRAPPED(Result, name, parameters, ...)                                                                       \
     Result __real_##name parameters;                                                                                        \
     Result __wrap_##name parameters {                                                                                       \
-        if (!strikesMessage()) return __real_##name arguments;                                                              \
-        throwWhatIsPlanned();                                                                                               \
+        if (!matrix::strikesMessage()) return __real_##name(__VA_ARGS__);                                                   \
+        matrix::fail();                                                                                                     \
         return Result();                                                                                                    \
     }
-CHROMA_WRAPPED(CFStringRef, CFStringCreateWithBytes,
-               (CFAllocatorRef allocator, const std::uint8_t* bytes, CFIndex count, CFStringEncoding encoding,
-                Boolean external),
-               (allocator, bytes, count, encoding, external))
-CHROMA_WRAPPED(CFStringRef, CFStringCreateWithCharacters, (CFAllocatorRef allocator, const UniChar* units, CFIndex count),
-               (allocator, units, count))
-CHROMA_WRAPPED(CFIndex, CFStringGetLength, (CFStringRef string), (string))
-CHROMA_WRAPPED(Boolean, CFStringGetCString, (CFStringRef string, char* buffer, CFIndex capacity, CFStringEncoding encoding),
-               (string, buffer, capacity, encoding))
-CHROMA_WRAPPED(CFURLRef, CFURLCreateWithFileSystemPath,
-               (CFAllocatorRef allocator, CFStringRef path, CFURLPathStyle style, Boolean isDirectory),
-               (allocator, path, style, isDirectory))
-CHROMA_WRAPPED(CFURLRef, CFURLCreateWithString, (CFAllocatorRef allocator, CFStringRef text, CFURLRef base),
-               (allocator, text, base))
-CHROMA_WRAPPED(CFStringRef, CFURLCopyFileSystemPath, (CFURLRef url, CFURLPathStyle style), (url, style))
+CHROMA_WRAPPED(id, CFStringCreateWithBytes, (const void* a, const std::uint8_t* b, CFIndex c, std::uint32_t d, Boolean e), a,
+               b, c, d, e)
+CHROMA_WRAPPED(id, CFStringCreateWithCharacters, (const void* a, const UniChar* b, CFIndex c), a, b, c)
+CHROMA_WRAPPED(CFIndex, CFStringGetLength, (id a), a)
+CHROMA_WRAPPED(Boolean, CFStringGetCString, (id a, char* b, CFIndex c, CFStringEncoding d), a, b, c, d)
+CHROMA_WRAPPED(id, CFURLCreateWithFileSystemPath, (const void* a, id b, CFIndex c, Boolean d), a, b, c, d)
+CHROMA_WRAPPED(id, CFURLCreateWithString, (const void* a, id b, id c), a, b, c)
+CHROMA_WRAPPED(id, CFURLCopyFileSystemPath, (id a, CFIndex b), a, b)
 }
 #pragma GCC visibility pop

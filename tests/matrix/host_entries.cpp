@@ -1,89 +1,72 @@
-// The reference host's entries, each behind a function of the same type that can fail and inside which nothing is counted.
-#include "faults.h"
+// The reference host's entries as the plugin gets them: what makes values and what runs other code of the host's is behind a
+// function of the same type, inside which nothing is counted.
+#include "driver.h"
 
 #include "model/entries.h"
 
-#include <cstring>
 #include <stdexcept>
+#include <string_view>
 #include <type_traits>
 
 namespace matrix {
 
 std::set<std::string> missingEntries;
 
-void countRaised();
-
 namespace {
 
-template <int index, class Procedure>
+template <class Procedure>
 struct Entry;
 
-template <int index, class Result, class... Arguments>
-struct Entry<index, Result (*)(Arguments...)> {
-    static inline Result (*target)(Arguments...) = nullptr;
+template <class Result, class... Arguments>
+struct Entry<Result (*)(Arguments...)> {
+    template <int index>
+    struct At {
+        static inline Result (*target)(Arguments...) = nullptr;
 
-    static Result call(Arguments... arguments) {
-        constexpr bool isValue = std::is_same_v<Result, REALstringStruct*> || std::is_same_v<Result, REALmemoryBlockStruct*>;
-        if constexpr (std::is_pointer_v<Result>)
-            if (strikes(Fault::HostAnswersNull, Fault::HostAnswersNull)) return nullptr;
-        if constexpr (isValue)
-            if (strikes(Fault::HostThrows, Fault::HostThrows)) throw std::range_error("thrown by the host");
-        const Suspension suspension;
-        return target(arguments...);
-    }
-
-    static void* around(void* address) {
-        target = reinterpret_cast<Result (*)(Arguments...)>(address);
-        return target ? reinterpret_cast<void*>(call) : nullptr;
-    }
+        static Result call(Arguments... arguments) {
+            if constexpr (std::is_pointer_v<Result>)
+                if (strikes(Fault::HostAnswersNull, Fault::HostAnswersNull)) return nullptr;
+            if constexpr (std::is_same_v<Result, REALstringStruct*> || std::is_same_v<Result, REALmemoryBlockStruct*>)
+                if (strikes(Fault::HostThrows, Fault::HostThrows)) throw std::range_error("thrown by the host");
+            const Suspension suspension;
+            if constexpr (index == 0) countRaised();
+            return target(arguments...);
+        }
+    };
 };
 
-void (*hostRaise)(REALobjectStruct*) = nullptr;
-
-void raiseCounted(REALobjectStruct* exception) {
-    countRaised();
-    hostRaise(exception);
+template <class Procedure, int index>
+void* around(void* address) {
+    using Around = typename Entry<Procedure>::template At<index>;
+    Around::target = reinterpret_cast<Procedure>(address);
+    return address ? reinterpret_cast<void*>(Around::call) : nullptr;
 }
 
-#define CHROMA_ENTRIES(X)                                                                                                   \
-    X(PluginRegisterClass, PluginRegisterClassProc)                                                                         \
-    X(PluginNewInstance, PluginNewInstanceProc)                                                                             \
-    X(ChromaObjectIsA, ChromaObjectIsAProc)                                                                                 \
-    X(REALLockObject, REALLockObjectProc)                                                                                   \
-    X(REALUnlockObject, REALUnlockObjectProc)                                                                               \
-    X(REALLockString, REALLockStringProc)                                                                                   \
-    X(REALUnlockString, REALUnlockStringProc)                                                                               \
-    X(REALSetPropValueString, REALSetPropValueStringProc)                                                                   \
-    X(REALSetPropValueInteger, REALSetPropValueIntegerProc)                                                                 \
-    X(REALSetPropValueInt, REALSetPropValueIntegerProc)                                                                     \
-    X(REALGetPropValueString, REALGetPropValueStringProc)                                                                   \
-    X(REALBuildString, REALBuildStringProc)                                                                                 \
-    X(REALBuildStringWithEncoding, REALBuildStringWithEncodingProc)                                                         \
-    X(REALConvertString, REALConvertStringProc)                                                                             \
-    X(REALGetStringCFString, REALGetStringCFStringProc)                                                                     \
-    X(RuntimeArrayCreateSingleDimBoundedArray, RuntimeArrayCreateProc)                                                      \
-    X(newMemoryBlock, NewMemoryBlockProc)                                                                                   \
-    X(memoryBlockGetPtr, MemoryBlockGetPtrProc)
-
-enum Index {
-#define CHROMA_INDEX(name, Procedure) index##name,
-    CHROMA_ENTRIES(CHROMA_INDEX)
+constexpr struct {
+    std::string_view name;
+    void* (*around)(void* address);
+} entries[] = {
+    {"RuntimeRaiseException", around<RuntimeRaiseExceptionProc, 0>},
+    {"PluginNewInstance", around<PluginNewInstanceProc, 1>},
+    {"REALUnlockObject", around<REALUnlockObjectProc, 2>},
+    {"REALGetPropValueString", around<REALGetPropValueStringProc, 3>},
+    {"REALBuildString", around<REALBuildStringProc, 4>},
+    {"REALBuildStringWithEncoding", around<REALBuildStringWithEncodingProc, 5>},
+    {"REALConvertString", around<REALConvertStringProc, 6>},
+    {"REALGetStringCFString", around<REALGetStringCFStringProc, 7>},
+    {"RuntimeArrayCreateSingleDimBoundedArray", around<RuntimeArrayCreateProc, 8>},
+    {"newMemoryBlock", around<NewMemoryBlockProc, 9>},
+    {"memoryBlockGetPtr", around<MemoryBlockGetPtrProc, 10>},
 };
 
 } // namespace
 
 void* resolveEntry(const char* name) {
     const Suspension suspension;
-    if (missingEntries.count(name)) return nullptr;
     void* const address = host::resolveEntry(name);
-    if (address && std::strcmp(name, "RuntimeRaiseException") == 0) {
-        hostRaise = reinterpret_cast<RuntimeRaiseExceptionProc>(address);
-        return reinterpret_cast<void*>(raiseCounted);
-    }
-#define CHROMA_AROUND(entry, Procedure)                                                                                     \
-    if (std::strcmp(name, #entry) == 0) return Entry<index##entry, Procedure>::around(address);
-    CHROMA_ENTRIES(CHROMA_AROUND)
-    return address; // what allocates nothing and makes nothing
+    for (const auto& entry : entries)
+        if (entry.name == name) return entry.around(address);
+    return address;
 }
 
 } // namespace matrix

@@ -1,0 +1,102 @@
+// The driver of the fault matrix and the soak: all bound functions, all that they may be called with, all that may fail meanwhile.
+#pragma once
+
+#include "model/classes.h"
+#include "platform/objc.h"
+
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace matrix {
+
+enum class Fault {
+    None,
+    Raise,           // a message raises an NSException
+    Throw,           // a message throws an object that is none
+    AnswerNil,       // a message answers nil or zero and does nothing
+    FailAllocation,  // one allocation fails
+    ExhaustMemory,   // that allocation and all later ones fail
+    HostAnswersNull, // an entry of the host answers null
+    HostThrows,      // an entry of the host that makes a string or a block throws a C++ exception
+    AfterTheLast
+};
+
+// The fault strikes at the n-th message, allocation or value of the host, from 1.
+struct Plan {
+    Fault fault = Fault::None;
+    int at = 0;
+};
+
+// What a call met.
+struct Traces {
+    bool struck = false;
+    bool bridging = false; // before it struck: an NSException was being turned into a host exception
+    int raised = 0;        // host exceptions, those included that the host dropped
+};
+
+// Between the two a call is counted. A message that fails answers a number or a word.
+void arm(Plan plan, bool answersNumber);
+Traces disarm();
+
+// Nothing is counted while one lives, such as inside the host.
+class Suspension {
+public:
+    Suspension();
+    ~Suspension();
+    Suspension(const Suspension&) = delete;
+    Suspension& operator=(const Suspension&) = delete;
+};
+
+// Whether the present event is the one that one of these faults waits for.
+bool strikes(Fault first, Fault last);
+void countRaised();
+std::size_t liveBlocks(); // of the heap
+
+// A way to make an argument or a receiver; the value belongs to the caller.
+struct Form {
+    std::function<host::Slot()> make;
+    const char* refusal = nullptr; // the host exception that answers this value; null: none is certain
+};
+
+// The ordinary form first. The forms of a by-reference argument are an address, which is the caller's affair, and none.
+std::vector<Form> formsOf(const host::Parameter& parameter);
+// Null, an empty object, and one around each native object.
+std::vector<Form> receiversOf(const std::string& className);
+
+// Makes the native objects, and files in the working folder.
+void prepareNatives();
+extern chroma::id testException, testObject; // what messages throw
+std::size_t retainsOfNatives();
+
+struct Function {
+    std::string name;
+    REALfunction address;
+    host::Invoker invoke;
+    host::Signature signature;
+    std::vector<Form> receivers; // empty: a shared method
+    std::vector<std::vector<Form>> arguments;
+    bool isQuiet;  // drops NSExceptions
+    bool converts; // drops the first message's, and asks another colour
+};
+
+// Starts a host of that version and loads the plugin; calls every function in every form, so that what is made once is made.
+std::vector<Function> start(double version, const std::vector<std::string>& missing, bool withSibling);
+extern std::set<std::string> missingEntries;
+
+// Which receiver; which argument is not the ordinary one (-1: none), and its form.
+struct Choice {
+    std::size_t receiver;
+    int argument;
+    std::size_t form;
+};
+std::vector<Choice> choicesFor(const Function& function);
+
+struct Verdict {
+    bool struck = false;
+    std::string complaint; // empty: all promises were kept
+};
+Verdict call(const Function& function, const Choice& choice, Plan plan);
+
+} // namespace matrix
