@@ -1,23 +1,32 @@
 // The built library in a host that knows nothing of it but the ABI: loaded by path, on hosts of every age and with entries
-// missing, and used through the records that it registered.
+// missing, from any thread and more than once, and used through the records that it registered.
 #include "support/foreign_host.h"
 
 #include <gtest/gtest.h>
 
 #include <dlfcn.h>
 
+#include <filesystem>
+#include <thread>
+
 using foreign::bound;
 using foreign::Host;
 
 namespace {
 
+// Loads the library, to which nothing of the process is visible that it is not linked with, and starts it.
+void start(const std::string& path, REALresolver resolver) {
+    void* const library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    ASSERT_NE(library, nullptr) << dlerror();
+    EXPECT_EQ(dlsym(RTLD_DEFAULT, "REALPluginMain"), nullptr);
+    const auto main = reinterpret_cast<REALPluginMainProc>(dlsym(library, "REALPluginMain"));
+    ASSERT_NE(main, nullptr);
+    main(resolver);
+}
+
 void load(double version) {
     Host::instance().version = version;
-    void* const library = dlopen(CHROMA_LIBRARY, RTLD_NOW | RTLD_LOCAL);
-    ASSERT_NE(library, nullptr) << dlerror();
-    const auto start = reinterpret_cast<REALPluginMainProc>(dlsym(library, "REALPluginMain"));
-    ASSERT_NE(start, nullptr);
-    start(Host::resolve);
+    start(CHROMA_LIBRARY, Host::resolve);
 }
 
 const char* const constructorRGB = "Constructor(red as double, green as double, blue as double, alpha as double = 1.0)";
@@ -31,13 +40,10 @@ REALobjectStruct* newColor(double red, double green, double blue, double alpha) 
     return object;
 }
 
-} // namespace
+const std::vector<foreign::Raised> outOfBounds{
+    {"OutOfBoundsException", "Invalid values. Please pass values in range 0.0 to 1.0.", 0}};
 
-class Load : public ::testing::TestWithParam<double> {};
-INSTANTIATE_TEST_SUITE_P(Hosts, Load, ::testing::Values(2011.0, 2012.0, 2013.0, 2013.03, 2013.04, 2016.4, 2017.0, 2021.0));
-
-TEST_P(Load, AForeignHostUsesTheClass) {
-    load(GetParam());
+void useTheClass() {
     REALobjectStruct* const color = newColor(1.0, 0.5, 0.0, 0.25);
     double red = 9, green = 9, blue = 9, alpha = 9;
     bound<void(REALobjectStruct*, double*, double*, double*, double*)>(foreign::method("NSColorZRX", getRGBA))(
@@ -57,12 +63,76 @@ TEST_P(Load, AForeignHostUsesTheClass) {
     foreign::unlock(color);
 
     REALobjectStruct* const refused = newColor(3.0, 0.0, 0.0, 1.0);
-    EXPECT_EQ(Host::instance().takeRaised(),
-              (std::vector<foreign::Raised>{
-                  {"OutOfBoundsException", "Invalid values. Please pass values in range 0.0 to 1.0.", 0}}));
+    EXPECT_EQ(Host::instance().takeRaised(), outOfBounds);
     foreign::unlock(refused);
     EXPECT_EQ(Host::liveObjects(), 0);
     EXPECT_EQ(Host::liveStrings(), 0);
+}
+
+// What is registered and raised through its entries stays with it.
+template <int which>
+struct OwnHost {
+    static inline std::vector<REALclassDefinition*> records;
+    static inline int raised = 0;
+
+    static double version() { return which == 1 ? 2013.0 : 2021.0; }
+    static void registerClass(REALclassDefinition* record) {
+        record->instanceDataOffset = REALinstanceDataOffset;
+        records.push_back(record);
+    }
+    static void raise(REALobjectStruct*) { ++raised; }
+
+    static void* resolve(const char* entry) {
+        if (std::string_view(entry) == "REALGetRBVersion") return reinterpret_cast<void*>(version);
+        if (std::string_view(entry) == "PluginRegisterClass") return reinterpret_cast<void*>(registerClass);
+        if (std::string_view(entry) == "RuntimeRaiseException") return reinterpret_cast<void*>(raise);
+        return Host::resolve(entry);
+    }
+
+    // Makes a colour of the class that this host got.
+    static void refuseColor() {
+        Host::instance().records = records;
+        foreign::unlock(newColor(3.0, 0.0, 0.0, 1.0));
+    }
+};
+
+} // namespace
+
+class Load : public ::testing::TestWithParam<double> {};
+INSTANTIATE_TEST_SUITE_P(Hosts, Load, ::testing::Values(2011.0, 2012.0, 2013.0, 2013.03, 2013.04, 2016.4, 2017.0, 2021.0));
+
+TEST_P(Load, AForeignHostUsesTheClass) {
+    load(GetParam());
+    useTheClass();
+}
+
+TEST(LoadElsewhere, AThreadThatIsNotTheFirstLoadsAndCalls) {
+    std::thread([] {
+        load(2021.0);
+        useTheClass();
+    }).join();
+    useTheClass();
+}
+
+TEST(LoadElsewhere, ACopyUnderAnotherNameSharesNothing) {
+    using First = OwnHost<1>;
+    using Second = OwnHost<2>;
+    const std::string copy = testing::TempDir() + "copy_of_the_library.so";
+    std::filesystem::copy_file(CHROMA_LIBRARY, copy, std::filesystem::copy_options::overwrite_existing);
+    start(CHROMA_LIBRARY, First::resolve);
+    start(copy, Second::resolve);
+    std::filesystem::remove(copy);
+    ASSERT_EQ(First::records.size(), 3U);
+    ASSERT_EQ(Second::records.size(), 3U);
+    EXPECT_EQ(First::records[0]->version, 11);
+    EXPECT_EQ(Second::records[0]->version, 13);
+
+    First::refuseColor();
+    Second::refuseColor();
+    Second::refuseColor();
+    EXPECT_EQ(First::raised, 1);
+    EXPECT_EQ(Second::raised, 2);
+    EXPECT_EQ(Host::liveObjects(), 0);
 }
 
 TEST(LoadPartial, AHostWithTheFewestEntriesIsServed) {
