@@ -155,6 +155,7 @@ Verdict callOnce(const Function& function, const Choice& choice, Plan plan, cons
         makeArguments(call);
         invoke(call);
         verdict.struck = call.traces.struck;
+        verdict.raised = call.traces.raised > 0;
         verdict.complaint = complaintOf(call);
         host::unlock(function.signature.result, call.result);
         giveUpArguments(call);

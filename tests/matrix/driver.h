@@ -81,7 +81,7 @@ struct Function {
     bool converts; // drops the first message's, and asks another colour
 };
 
-// Starts a host of that version and loads the plugin; calls every function in every form, so that what is made once is made.
+// Starts a host of that version, loads the plugin and lists the functions that its records bind.
 std::vector<Function> start(double version, const std::vector<std::string>& missing, bool withSibling);
 extern std::set<std::string> missingEntries;
 
@@ -95,6 +95,7 @@ std::vector<Choice> choicesFor(const Function& function);
 
 struct Verdict {
     bool struck = false;
+    bool raised = false;   // a host exception
     std::string complaint; // empty: all promises were kept
 };
 Verdict call(const Function& function, const Choice& choice, Plan plan);

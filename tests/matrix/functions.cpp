@@ -85,9 +85,6 @@ std::vector<Function> start(double version, const std::vector<std::string>& miss
         if (!host::registry().find(record->name)) host::registry().add(*record); // a host that takes no classes
         addFunctions(functions, *host::registry().find(record->name));
     }
-    for (const Function& function : functions)
-        for (const Choice& choice : choicesFor(function))
-            call(function, choice, {});
     return functions;
 }
 

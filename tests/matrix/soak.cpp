@@ -1,0 +1,51 @@
+// soak CALLS: mixed calls in one process, one in four with a fault. Each must leave nothing behind, and memory stay where it was
+// after the first tenth.
+#include "driver.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <random>
+#include <unistd.h>
+
+namespace {
+
+long residentKiB() {
+    long pages = 0, resident = 0;
+    std::ifstream("/proc/self/statm") >> pages >> resident;
+    return resident * sysconf(_SC_PAGESIZE) / 1024;
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    using namespace matrix;
+    const long calls = count > 1 ? std::atol(arguments[1]) : 0;
+    constexpr long mostGrowth = 256; // KiB: what the C library's bins are worth
+    const std::vector<Function> functions = start(2021.0, {}, true);
+    std::mt19937 random(2021);
+    const auto below = [&random](std::size_t limit) { return random() % limit; };
+
+    // What is made once is made, without a fault.
+    for (const Function& function : functions)
+        for (const Choice& choice : choicesFor(function))
+            call(function, choice, {});
+    long before = 0, raising = 0;
+    for (long i = 0; i < calls; ++i) {
+        if (i == calls / 10) before = residentKiB();
+        const Function& function = functions[below(functions.size())];
+        const std::vector<Choice> choices = choicesFor(function);
+        const Plan none,
+            plan{static_cast<Fault>(1 + below(static_cast<int>(Fault::AfterTheLast) - 1)), 1 + static_cast<int>(below(8))};
+        const Choice& choice = choices[below(choices.size())];
+        const Verdict verdict = call(function, choice, below(4) == 0 ? plan : none);
+        raising += verdict.raised;
+        if (verdict.complaint.empty()) continue;
+        std::printf("soak: call %ld, %s: %s\n", i, function.name.c_str(), verdict.complaint.c_str());
+        return 1;
+    }
+    const long growth = residentKiB() - before;
+    std::printf("soak: %ld calls, %ld with host exceptions, %ld KiB resident, %ld KiB of them since the first tenth\n",
+                calls, raising, before + growth, growth);
+    return calls == 0 || raising == 0 || growth > mostGrowth;
+}
