@@ -1,214 +1,188 @@
 #include "probe.h"
-#include "pools.h"
 
-#include "chromabridge/host_abi.h"
+#include "model/arrays.h"
+#include "model/builtins.h"
 #include "model/entries.h"
+#include "model/exceptions.h"
+#include "model/strings.h"
 
-#include <cstring>
 #include <iterator>
-#include <string>
 #include <utility>
+
+extern "C" {
+struct objc_object;
+struct objc_selector;
+using Implementation = void (*)();
+
+objc_object* objc_getClass(const char* name);
+objc_object* objc_allocateClassPair(objc_object* superclass, const char* name, unsigned long extraBytes);
+void objc_registerClassPair(objc_object* cls);
+const objc_selector* sel_registerName(const char* name);
+Implementation objc_msg_lookup(objc_object* receiver, const objc_selector* selector);
+Implementation class_getMethodImplementation(objc_object* cls, const objc_selector* selector);
+unsigned char class_addMethod(objc_object* cls, const objc_selector* selector, Implementation method, const char* types);
+}
 
 namespace {
 
-template <class Proc>
-Proc entry(const char* name) {
-    return reinterpret_cast<Proc>(host::resolveEntry(name));
+using NativeMethod = objc_object* (*)(objc_object*, const objc_selector*);
+
+HostInteger nativesGone = 0;
+
+void countAndDeallocate(objc_object* object, const objc_selector* selector) {
+    ++nativesGone;
+    reinterpret_cast<NativeMethod>(class_getMethodImplementation(objc_getClass("NSObject"), selector))(object, selector);
 }
 
-void lock(REALobjectStruct* object) { entry<REALLockObjectProc>("REALLockObject")(object); }
-void unlock(REALobjectStruct* object) { entry<REALUnlockObjectProc>("REALUnlockObject")(object); }
-
-REALstringStruct* newString(const std::string& text) {
-    constexpr std::uint32_t utf8 = 0x08000100;
-    const auto build = entry<REALBuildStringWithEncodingProc>("REALBuildStringWithEncoding");
-    return build(text.data(), static_cast<std::int32_t>(text.size()), utf8);
+objc_object* countingClass() {
+    objc_object* const made = objc_allocateClassPair(objc_getClass("NSObject"), "CountingObject", 0);
+    class_addMethod(made, sel_registerName("dealloc"), reinterpret_cast<Implementation>(countAndDeallocate), "v@:");
+    objc_registerClassPair(made);
+    return made;
 }
 
-// The text of short strings, as it stands in their buffer.
-std::string textOf(REALstringStruct* string) {
-    if (!string) return {};
-    const char* buffer = nullptr;
-    std::int32_t length = 0;
-    const auto* const base = reinterpret_cast<const char*>(string);
-    std::memcpy(&buffer, base + REALstringBufferOffset, sizeof buffer);
-    std::memcpy(&length, base + REALstringLengthOffset, sizeof length);
-    return {buffer + 1, static_cast<std::size_t>(length)};
+// Autoreleases a native object that counts its end.
+HostBoolean leaveNative() {
+    static objc_object* const counting = countingClass();
+    objc_object* object = counting;
+    for (const char* message : {"alloc", "init", "autorelease"}) {
+        const objc_selector* const selector = sel_registerName(message);
+        object = reinterpret_cast<NativeMethod>(objc_msg_lookup(object, selector))(object, selector);
+    }
+    return 1;
 }
 
 struct Probe {
-    REALobjectStruct* next; // owned
+    host::Object* next; // owned
     HostInteger number;
 };
 static_assert(sizeof(Probe) <= 16);
 
-Probe& dataOf(REALobjectStruct* object) {
-    return *reinterpret_cast<Probe*>(reinterpret_cast<unsigned char*>(object) + REALinstanceDataOffset);
+std::string events;
+
+Probe& dataOf(host::Object* object) { return *reinterpret_cast<Probe*>(host::instanceData(object)); }
+
+void destroy(host::Object* object) {
+    events += "-" + std::to_string(dataOf(object).number);
+    host::unlock(dataOf(object).next);
 }
 
-std::string& events() {
-    static std::string all;
-    return all;
-}
-
-void destroy(REALobjectStruct* object) {
-    events() += "-" + std::to_string(dataOf(object).number);
-    unlock(dataOf(object).next);
-}
-
-REALobjectStruct* make(HostInteger number) {
-    REALobjectStruct* const object = entry<PluginNewInstanceProc>("PluginNewInstance")("Probe");
+host::Object* make(HostInteger number) {
+    host::Object* const object = host::newObject(*host::registry().find("Probe"));
     dataOf(object).number = number;
     return object;
 }
 
-void raise(const char* className, const std::string& message) {
-    REALobjectStruct* const exception = entry<PluginNewInstanceProc>("PluginNewInstance")(className);
-    REALstringStruct* const text = newString(message);
-    entry<REALSetPropValueStringProc>("REALSetPropValueString")(exception, "Message", text);
-    entry<REALUnlockStringProc>("REALUnlockString")(text);
-    entry<RuntimeRaiseExceptionProc>("RuntimeRaiseException")(exception);
-    unlock(exception);
-}
+// With a reference for the caller.
+host::Object* locked(host::Object* object) { return host::lock(object), object; }
 
 // ---- What is bound --------------------------------------------------------------------------------------------------------------
 
-void constructNumber(REALobjectStruct* object, HostInteger number) { dataOf(object).number = number; }
+void constructNumber(host::Object* object, HostInteger number) { dataOf(object).number = number; }
+void constructColor(host::Object* object, HostColor color) { dataOf(object).number = color & 0xFFFFFF; }
 
-void constructColor(REALobjectStruct* object, HostColor color) {
-    dataOf(object).number = static_cast<HostInteger>(color & 0xFFFFFF);
-}
-
-void constructSum(REALobjectStruct* object, double a, double b, double factor) {
-    if (a < 0) return raise("OutOfBoundsException", "a is below 0");
+void constructSum(host::Object* object, double a, double b, double factor) {
+    if (a < 0) return host::raise("OutOfBoundsException", "a is below 0");
     dataOf(object).number = static_cast<HostInteger>((a + b) * factor);
 }
 
-REALobjectStruct* successor(REALobjectStruct* object) { return make(dataOf(object).number + 1); }
+host::Object* successor(host::Object* object) { return make(dataOf(object).number + 1); }
 
-REALobjectStruct* self(REALobjectStruct* object) {
-    lock(object);
-    return object;
-}
-
-void split(REALobjectStruct* object, double* whole, double* half) {
+void split(host::Object* object, double* whole, double* half) {
     *whole = static_cast<double>(dataOf(object).number);
     *half = *whole / 2;
 }
 
-void splitThree(REALobjectStruct* object, double* whole, double* half, double* third) {
+void splitThree(host::Object* object, double* whole, double* half, double* third) {
     split(object, whole, half);
     *third = *whole / 3;
 }
 
-void splitAndRaise(REALobjectStruct*, double* whole) {
+void splitAndRaise(host::Object*, double* whole) {
     *whole = -1;
-    raise("UnsupportedOperationException", "split");
+    host::raise("UnsupportedOperationException", "split");
 }
 
 // An object and an exception: the caller of such a function has both to give up.
-REALobjectStruct* makeAndRaise(REALobjectStruct*, REALstringStruct* className) {
-    raise(textOf(className).c_str(), "made");
+host::Object* makeAndRaise(host::Object*, host::String* className) {
+    host::raise(host::utf8Of(className), "made");
     return make(99);
 }
 
-REALstringStruct* label(REALobjectStruct* object, REALstringStruct* prefix, HostBoolean brackets) {
-    const std::string text = textOf(prefix) + std::to_string(dataOf(object).number);
-    return newString(brackets ? "[" + text + "]" : text);
+host::String* label(host::Object* object, host::String* prefix, HostBoolean brackets) {
+    const std::string text = host::utf8Of(prefix) + std::to_string(dataOf(object).number);
+    return host::newString(brackets ? "[" + text + "]" : text);
 }
 
 // Gives up the text that it was given by reference for a new one.
-void exclaim(REALobjectStruct*, REALstringStruct** text) {
-    REALstringStruct* const louder = newString(textOf(*text) + "!");
-    entry<REALUnlockStringProc>("REALUnlockString")(*text);
-    *text = louder;
+void exclaim(host::Object*, host::String** text) {
+    host::unlock(std::exchange(*text, host::newString(host::utf8Of(*text) + "!")));
 }
 
-REALstringStruct* description(REALobjectStruct* object, REALword) {
-    return newString("probe " + std::to_string(dataOf(object).number));
+host::String* description(host::Object* object, REALword) {
+    return host::newString("probe " + std::to_string(dataOf(object).number));
 }
 
-REALobjectStruct* next(REALobjectStruct* object, REALword) {
-    lock(dataOf(object).next);
-    return dataOf(object).next;
+host::Object* next(host::Object* object, REALword) { return locked(dataOf(object).next); }
+
+void setNext(host::Object* object, REALword, host::Object* value) {
+    host::unlock(std::exchange(dataOf(object).next, locked(value)));
 }
 
-void setNext(REALobjectStruct* object, REALword, REALobjectStruct* value) {
-    lock(value);
-    unlock(dataOf(object).next);
-    dataOf(object).next = value;
-}
+host::String* eventsAsString() { return host::newString(takeProbeEvents()); }
 
-REALstringStruct* eventsAsString() { return newString(takeProbeEvents()); }
-
-double sum(_REALarrayDouble* values) {
-    const auto get = entry<PluginDoubleArrayGetProc>("PluginDoubleArrayGetProc")(values);
+double scaledSum(double factor, host::Array* values) {
     double total = 0;
-    for (std::int32_t i = 0; i <= entry<RuntimeUBoundProc>("RuntimeUBound")(values); ++i)
-        total += get(values, i);
-    return total;
+    for (std::int32_t i = 0; i <= host::upperBound(values); ++i)
+        total += host::elementAt(values, i).real;
+    return factor * total;
 }
 
-double scaledSum(double factor, _REALarrayDouble* values) { return factor * sum(values); }
+HostInteger gone() { return nativesGone; }
+HostInteger blueOf(HostColor color) { return color & 0xFF; }
 
-HostBoolean leaveNative() { return autoreleaseNative(), 1; }
-HostInteger gone() { return nativesGone(); }
-
-HostInteger blueOf(HostColor color) { return static_cast<HostInteger>(color & 0xFF); }
-
-void* row(HostInteger count) {
-    void* const array = entry<RuntimeArrayCreateProc>("RuntimeArrayCreateSingleDimBoundedArray")(REALarrayOfObjects, -1);
-    const auto insert = entry<PluginObjectArrayInsertProc>("PluginObjectArrayInsertProc")(array);
-    for (std::int32_t i = 0; i < count; ++i) {
-        REALobjectStruct* const object = make(i);
-        insert(array, i, object);
-        unlock(object);
+host::Object* row(HostInteger count) {
+    host::Array* const array = host::newArray(host::Type::object("Probe"));
+    for (HostInteger i = 0; i < count; ++i) {
+        host::Object* const object = make(i);
+        host::appendElement(array, host::Slot::ofObject(object));
+        host::unlock(object);
     }
     return array;
 }
 
-REALobjectStruct* echo(REALobjectStruct* value) {
-    lock(value);
-    return value;
-}
-
 // ---- The tables -----------------------------------------------------------------------------------------------------------------
-
-template <class Function>
-REALfunction bound(Function* function) {
-    return reinterpret_cast<REALfunction>(function);
-}
 
 REALproperty properties[] = {
     {nullptr, "Number", "Integer", 0, REALstandardAccessor, REALstandardAccessor, offsetof(Probe, number), {}},
-    {nullptr, "description", "string", 0, bound(description), nullptr, 0, {}},
-    {nullptr, "Next", "Probe", 0, bound(next), bound(setNext), 0, {}},
+    host::readOnlyProperty("description", "string", description),
+    {nullptr, "Next", "Probe", 0, host::bound(next), host::bound(setNext), 0, {}},
 };
 
 REALmethodDefinition methods[] = {
-    {bound(constructNumber), nullptr, "Constructor(number as integer)", 0, {}},
-    {bound(constructColor), nullptr, "Constructor(c as color)", 0, {}},
-    {bound(constructSum), nullptr, "Constructor(a as double, b as double, factor as double = 1.0)", 0, {}},
-    {bound(successor), nullptr, "successor as Probe", 0, {}},
-    {bound(self), nullptr, "self as Probe", 0, {}},
-    {bound(split), nullptr, "split(byref whole as double, byref half as double)", 0, {}},
-    {bound(splitThree), nullptr, "split(byref whole as double, byref half as double, byref third as double)", 0, {}},
-    {bound(splitAndRaise), nullptr, "splitAndRaise(byref whole as double)", 0, {}},
-    {bound(makeAndRaise), nullptr, "makeAndRaise(className as string) as Probe", 0, {}},
-    {bound(exclaim), nullptr, "exclaim(byref text as string)", 0, {}},
-    {bound(label), nullptr, "label(prefix as string = \"#\", brackets as boolean = false) as string", 0, {}},
+    host::method("Constructor(number as integer)", constructNumber),
+    host::method("Constructor(c as color)", constructColor),
+    host::method("Constructor(a as double, b as double, factor as double = 1.0)", constructSum),
+    host::method("successor as Probe", successor),
+    host::method("self as Probe", locked),
+    host::method("split(byref whole as double, byref half as double)", split),
+    host::method("split(byref whole as double, byref half as double, byref third as double)", splitThree),
+    host::method("splitAndRaise(byref whole as double)", splitAndRaise),
+    host::method("makeAndRaise(className as string) as Probe", makeAndRaise),
+    host::method("exclaim(byref text as string)", exclaim),
+    host::method("label(prefix as string = \"#\", brackets as boolean = false) as string", label),
 };
 
 REALmethodDefinition sharedMethods[] = {
-    {bound(make), nullptr, "make(number as integer) as Probe", 0, {}},
-    {bound(eventsAsString), nullptr, "events as string", 0, {}},
-    {bound(scaledSum), nullptr, "sum(factor as double, paramarray values as double) as double", 0, {}},
-    {bound(scaledSum), nullptr, "sum(factor as double, values() as double) as double", 0, {}},
-    {bound(leaveNative), nullptr, "leaveNative as boolean", 0, {}},
-    {bound(gone), nullptr, "nativesGone as integer", 0, {}},
-    {bound(blueOf), nullptr, "blueOf(c as color) as integer", 0, {}},
-    {bound(row), nullptr, "row(count as integer) as Probe()", 0, {}},
-    {bound(echo), nullptr, "echo(value as variant) as variant", 0, {}},
+    host::method("make(number as integer) as Probe", make),
+    host::method("events as string", eventsAsString),
+    host::method("sum(factor as double, paramarray values as double) as double", scaledSum),
+    host::method("sum(factor as double, values() as double) as double", scaledSum),
+    host::method("leaveNative as boolean", leaveNative),
+    host::method("nativesGone as integer", gone),
+    host::method("blueOf(c as color) as integer", blueOf),
+    host::method("row(count as integer) as Probe()", row),
+    host::method("echo(value as variant) as variant", locked),
 };
 
 REALconstant constants[] = {
@@ -218,14 +192,10 @@ REALconstant constants[] = {
 
 } // namespace
 
-std::string takeProbeEvents() { return std::exchange(events(), {}); }
+std::string takeProbeEvents() { return std::exchange(events, {}); }
 
 void registerProbe() {
-    static REALclassDefinition record = {};
-    record.version = 13;
-    record.name = "Probe";
-    record.instanceDataSize = 16;
-    record.destructor = bound(destroy);
+    static REALclassDefinition record = host::builtInRecord("Probe", nullptr, 16, nullptr, destroy);
     record.properties = properties;
     record.propertyCount = std::size(properties);
     record.methods = methods;
@@ -234,5 +204,5 @@ void registerProbe() {
     record.constantCount = std::size(constants);
     record.sharedMethods = sharedMethods;
     record.sharedMethodCount = std::size(sharedMethods);
-    entry<PluginRegisterClassProc>("PluginRegisterClass")(&record);
+    host::registry().add(record);
 }

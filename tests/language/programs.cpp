@@ -7,78 +7,83 @@
 #include "model/objects.h"
 #include "model/strings.h"
 
+#include <algorithm>
 #include <sstream>
 
+namespace {
+
+// The report of a message about the place at the end of the text, of which the rest of its line follows.
+std::string report(const std::string& before, const std::string& rest, const std::string& message) {
+    const std::size_t start = before.rfind('\n') + 1;
+    std::string caret;
+    for (const char c : before.substr(start)) {
+        const bool continuesCharacter = (c & 0xC0) == 0x80;
+        if (!continuesCharacter) caret += c == '\t' ? '\t' : ' ';
+    }
+    std::ostringstream text;
+    text << "test.bas:" << std::count(before.begin(), before.end(), '\n') + 1 << ":" << caret.size() + 1 << ": "
+         << (message.rfind("uncaught", 0) == 0 ? "" : "error: ") << message << "\n"
+         << before.substr(start) << rest << "\n"
+         << caret << "^\n";
+    return text.str();
+}
+
+} // namespace
+
 void startHostWithProbe() {
-    static const bool started = [] {
-        host::startHost();
-        registerProbe();
-        return true;
-    }();
+    static const bool started = (host::startHost(), registerProbe(), true);
     static_cast<void>(started);
 }
 
 Outcome runProgram(const std::string& text) {
     startHostWithProbe();
     takeProbeEvents();
-    const std::size_t objects = host::liveObjectCount();
-    const std::size_t strings = host::liveStringCount();
-    std::ostringstream output;
-    std::ostringstream errors;
+    const std::size_t objects = host::liveObjectCount(), strings = host::liveStringCount();
+    std::ostringstream output, errors;
     const int exitCode = host::language::runText("test.bas", text, output, errors);
     EXPECT_EQ(host::liveObjectCount(), objects) << "objects are left over or were given up twice";
     EXPECT_EQ(host::liveStringCount(), strings) << "strings are left over or were given up twice";
     return {exitCode, output.str(), errors.str()};
 }
 
-namespace {
+std::string repeated(const std::string& text, std::size_t times) {
+    std::string all;
+    for (std::size_t i = 0; i < times; ++i)
+        all += text;
+    return all;
+}
 
-class PrintingTest : public testing::Test {
-public:
-    explicit PrintingTest(const PrintingCase& tested) : tested_(tested) {}
-
-    void TestBody() override {
-        const Outcome outcome = runProgram(tested_.program);
-        EXPECT_EQ(outcome.errors, "") << tested_.program;
-        EXPECT_EQ(outcome.output, tested_.output) << tested_.program;
-        EXPECT_EQ(outcome.exitCode, 0);
+void expectPrinted(const std::string& program) {
+    std::string expected;
+    std::istringstream lines(program);
+    for (std::string line; std::getline(lines, line);) {
+        std::size_t start = line.find("'> ");
+        while (start != std::string::npos) {
+            start += 3;
+            const std::size_t end = line.find(" | ", start);
+            expected += line.substr(start, end - start) + "\n";
+            start = end;
+        }
     }
+    const Outcome outcome = runProgram(program);
+    EXPECT_EQ(outcome.errors, "") << program;
+    EXPECT_EQ(outcome.output, expected);
+    EXPECT_EQ(outcome.exitCode, 0);
+}
 
-private:
-    const PrintingCase& tested_;
-};
-
-// A program with an error does not start.
-class FailingTest : public testing::Test {
-public:
-    explicit FailingTest(const FailingCase& tested) : tested_(tested) {}
-
-    void TestBody() override {
-        const Outcome outcome = runProgram(tested_.program);
-        EXPECT_EQ(outcome.errors, tested_.errors);
+void expectReports(const std::vector<Wrong>& cases) {
+    for (const auto& [marked, messages] : cases) {
+        SCOPED_TRACE(marked.substr(0, 1000));
+        std::string program = marked, expected;
+        for (const char* message : messages) {
+            const std::size_t place = program.find('@');
+            program.erase(place, 1);
+            const std::string rest = program.substr(place, program.find('\n', place) - place);
+            expected += report(program.substr(0, place), rest.substr(0, rest.find('@')), message);
+        }
+        const Outcome outcome = runProgram(program);
+        EXPECT_EQ(outcome.errors, expected);
         EXPECT_EQ(outcome.output, "");
         EXPECT_EQ(outcome.exitCode, 1);
     }
-
-private:
-    const FailingCase& tested_;
-};
-
-template <class Test, class Case>
-bool addTests(const char* group, const Case* cases, std::size_t count) {
-    for (const Case* tested = cases; tested != cases + count; ++tested) {
-        testing::RegisterTest(group, tested->name, nullptr, nullptr, __FILE__, __LINE__,
-                              [tested]() -> testing::Test* { return new Test(*tested); });
-    }
-    return true;
-}
-
-} // namespace
-
-bool addCases(const char* group, const PrintingCase* cases, std::size_t count) {
-    return addTests<PrintingTest>(group, cases, count);
-}
-
-bool addCases(const char* group, const FailingCase* cases, std::size_t count) {
-    return addTests<FailingTest>(group, cases, count);
 }

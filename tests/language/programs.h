@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 // Starts the host and registers the class Probe, once in this process.
 void startHostWithProbe();
@@ -18,25 +19,16 @@ struct Outcome {
 // behind.
 Outcome runProgram(const std::string& text);
 
-// A program with what it prints.
-struct PrintingCase {
-    const char* name;
-    const char* program;
-    const char* output;
+std::string repeated(const std::string& text, std::size_t times);
+
+// Runs a program that says itself what it prints: behind "'> " stands the line that a statement prints, or the lines that it
+// prints in its turns, with " | " between them. They are in the order of the output.
+void expectPrinted(const std::string& program);
+
+// Programs that end with reports and print nothing: "@" marks each place that is reported, and the messages follow in the order
+// of the places. A message that begins with "uncaught" is of an exception, any other of an error that is found before a start.
+struct Wrong {
+    std::string program;
+    std::vector<const char*> messages;
 };
-
-// A program with an error, and the report of it.
-struct FailingCase {
-    const char* name;
-    const char* program;
-    const char* errors;
-};
-
-// Adds a test for every row of a table, which lives as long as the process. For the initialisation of a constant.
-bool addCases(const char* group, const PrintingCase* cases, std::size_t count);
-bool addCases(const char* group, const FailingCase* cases, std::size_t count);
-
-template <class Case, std::size_t count>
-bool addCases(const char* group, const Case (&cases)[count]) {
-    return addCases(group, cases, count);
-}
+void expectReports(const std::vector<Wrong>& cases);

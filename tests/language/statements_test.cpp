@@ -1,246 +1,372 @@
-// Variables, arrays, blocks, and how a program's lines are read.
+// Variables, arrays, blocks, exceptions, procedures, and how a program's lines are read.
 #include "programs.h"
 
 namespace {
 
-const PrintingCase variables[] = {
-    {"StartAtZero", R"(Dim i, j As Integer, d As Double
+TEST(Statements, Variables) {
+    expectPrinted(R"(Dim i, j As Integer, d As Double
 Dim s As String, b As Boolean, c As Color, o As Probe
-Print i, j, d, s, b, c, o)",
-     "0 0 0  False &h00000000 Nil\n"},
-    {"AnyCase", R"(DIM Counter AS integer = 1
+Print i, j, d, s, b, c, o '> 0 0 0  False &h00000000 Nil
+DIM Counter AS integer = 1
 counter = COUNTER + 1
-PRINT counter)",
-     "2\n"},
-    {"OneValueForSeveral", R"(Dim a, b As Double = 2
-Print a, b)",
-     "2 2\n"},
-    {"NewAgainInEveryRound", R"(For i As Integer = 1 To 2
+PRINT counter '> 2
+Dim e, f As Double = 2
+Print e, f '> 2 2
+For round As Integer = 1 To 2
   Dim n As Integer
-  Dim s As String
+  Dim t As String
   n = n + 1
-  s = s + "x"
-  Print n, s
-Next)",
-     "1 x\n1 x\n"},
-    {"BlocksNextToEachOtherShareNames", R"(If True Then
+  t = t + "x"
+  Print n, t '> 1 x | 1 x
+Next
+If True Then
   Dim a As Integer = 1
-  Print a
+  Print a '> 1
 End If
 If True Then
   Dim a As String = "b"
-  Print a
-End If)",
-     "1\nb\n"},
-    {"KeywordsAreMembersBehindADot", R"(Dim p As New Probe(4)
+  Print a '> b
+End If
+Dim p As New Probe(4)
 p.Next = Probe.make(5)
-Print p.next.number)",
-     "5\n"},
-};
-const bool variablesAdded = addCases("Variables", variables);
+Print p.next.number '> 5
+Const Size As Double = 2 * 3
+Const Name = "x" & "y"
+Sub Show(scale As Double = -6)
+  Print scale + Size, Name '> 0 xy | 7 xy
+End Sub
+Show
+Show(1))");
+}
 
-const PrintingCase arrays[] = {
-    {"BoundsAndElements", R"(Dim v(2) As Integer, w() As String
+TEST(Statements, Arrays) {
+    expectPrinted(R"(Dim v(2) As Integer, w() As String
 v(0) = 1
 v(2) = v(0) + 4
 w.Append "a"
 w.Add("b")
-Print v, UBound(v), w, UBound(w))",
-     "(1, 0, 5) 2 (a, b) 1\n"},
-    {"ReDimKeepsWhatFits", R"(Dim v(1) As String
-v(0) = "a"
-v(1) = "b"
-ReDim v(2)
-Print v
-ReDim v(0)
-Print v
-ReDim v(-1)
-Print UBound(v))",
-     "(a, b, )\n(a)\n-1\n"},
-    {"AssignmentSharesTheArray", R"(Dim v(0) As Double
-Dim w() As Double = v
-w(0) = 7
-w.Append 8
-Print v)",
-     "(7, 8)\n"},
-    {"BoundsAreComputed", R"(Dim n As Integer = 2
-Dim v(n * 2) As Double
-Print UBound(v))",
-     "4\n"},
-};
-const bool arraysAdded = addCases("Arrays", arrays);
+Print v, UBound(v), w, UBound(w) '> (1, 0, 5) 2 (a, b) 1
+ReDim w(2)
+Print w '> (a, b, )
+ReDim w(0)
+Print w '> (a)
+ReDim w(-1)
+Print UBound(w) '> -1
+Dim d(0) As Double
+Dim shared() As Double = d
+shared(0) = 7
+shared.Append 8
+Print d '> (7, 8)
+Dim bound As Integer = 2
+Dim computed(bound * 2) As Double
+Print UBound(computed) '> 4
+Dim n() As Double = Array(1, 2, 3)
+n.Insert(0, 9)
+n.Remove(1)
+n.Append 4
+n.Insert(n.Count, 5)
+Print n, n.Count '> (9, 2, 3, 4, 5) 5
+Dim probes() As Probe
+probes.Append Probe.make(1)
+probes.Insert(0, Probe.make(2))
+probes.Insert(probes.Count, Probe.make(3))
+probes.Remove(1)
+ReDim probes(2)
+Print probes, probes(0).number, probes(1).number '> (Probe, Probe, Nil) 2 3)");
+}
 
-const PrintingCase branching[] = {
-    {"FirstTrueBranchRuns", R"(For i As Integer = 1 To 4
+TEST(Statements, Branches) {
+    expectPrinted(R"(For i As Integer = 1 To 4
   If i = 1 Then
-    Print "one"
+    Print "one" '> one
   ElseIf i <= 3 Then
-    Print "few"
+    Print "few" '> few | few
   ElseIf i = 2 Then
     Print "never"
   Else
-    Print "many"
+    Print "many" '> many
   End If
-Next)",
-     "one\nfew\nfew\nmany\n"},
-    {"OnOneLine", R"(Dim n As Integer
+Next
+Dim n As Integer
 If True Then n = 1 : n = n + 1 Else n = 9
-If False Then Print "no" Else Print "else", n
+If False Then Print "no" Else Print "else", n '> else 2
 If False Then Print "no"
-If True Then If False Then Print "no" Else Print "inner")",
-     "else 2\ninner\n"},
-    {"While", R"(Dim n As Integer = 3
-While n > 0
-  Print n
-  n = n - 1
-Wend
-While False
-Wend)",
-     "3\n2\n1\n"},
-};
-const bool branchingAdded = addCases("Branching", branching);
+If True Then If False Then Print "no" Else Print "inner" '> inner
+Const High = 100
+Dim sizes As String
+For Each i As Integer In Array(1, 5, 50, 500)
+  Select Case i
+  Case 1, 2
+    sizes = sizes & "small "
+  Case 3 To 9
+    sizes = sizes & "medium "
+  Case Is > High
+    sizes = sizes & "huge"
+  Case Else
+    sizes = sizes & "other "
+  End Select
+Next
+Print sizes '> small medium other huge
+Select Case "b"
+Case "a" To "c"
+  Print "text" '> text
+End Select)");
+}
 
-const PrintingCase counting[] = {
-    {"UpAndDown", R"(Dim s As String
+TEST(Statements, Loops) {
+    expectPrinted(R"(Dim s As String
 For i As Integer = 1 To 3 : s = s & i : Next
 For i As Integer = 3 DownTo 1 : s = s & i : Next i
 For i As Integer = 5 To 1 Step -2 : s = s & i : Next
 For i As Integer = 10 DownTo 1 Step 4 : s = s & "," & i : Next
 For i As Integer = 2 To 1 : s = s & "never" : Next
-Print s)",
-     "123321531,10,6,2\n"},
-    {"Doubles", R"(For x As Double = 0 To 1 Step 0.25
-  Print x
-Next)",
-     "0\n0.25\n0.5\n0.75\n1\n"},
-    {"OwnVariableAndOlderOne", R"(Dim i As Integer = 9
-For i = 1 To 3
+For x As Double = 0 To 1 Step 0.25 : s = s & " " & x : Next
+Print s '> 123321531,10,6,2 0 0.25 0.5 0.75 1
+Dim n As Integer = 9
+For n = 1 To 3
 Next
-Print i
-For i = 1 To 10
-  i = i + 4
-  Print i
-Next)",
-     "4\n5\n10\n"},
-    {"BoundsAreTakenOnce", R"(Dim n As Integer = 2
-For i As Integer = 1 To n
+Print n '> 4
+For n = 1 To 10
+  n = n + 4
+  Print n '> 5 | 10
+Next
+n = 2
+For i As Integer = 1 To n ' of which the end is taken once
   n = 100
-  Print i
-Next)",
-     "1\n2\n"},
-    {"EndsAtTheLastInteger", R"(Dim last As Integer = Not 0
-last = 1e300
-Dim rounds As Integer
+  Print i '> 1 | 2
+Next
+Dim last As Integer = 1e300, rounds As Integer
 For i As Integer = last - 1 To last
   rounds = rounds + 1
 Next
-Print rounds)",
-     "2\n"},
-    {"EachElement", R"(Dim v() As Integer
-For Each n As Integer In v
+Print rounds '> 2
+While rounds > 0
+  Print rounds '> 2 | 1
+  rounds = rounds - 1
+Wend
+Do
+  rounds = rounds + 1
+Loop Until rounds >= 3
+Do While rounds < 5
+  rounds = rounds + 1
+  If rounds = 4 Then Continue Do
+Loop
+Do Until True
+  rounds = 100
+Loop
+Print rounds '> 5
+Dim v() As Integer
+For Each i As Integer In v
   Print "never"
 Next
 v.Append 1
 v.Append 2
 For Each x As Double In v
-  Print x / 2
+  Print x / 2 '> 0.5 | 1 | 5 | 5
   If UBound(v) < 3 Then v.Append 10
-Next x)",
-     "0.5\n1\n5\n5\n"},
-    {"EachOfAResult", R"(Dim total As Integer
+Next x
+n = 0
 For Each p As Probe In Probe.row(4)
-  total = total + p.Number
+  n = n + p.Number
 Next
-Print total)",
-     "6\n"},
-};
-const bool countingAdded = addCases("Counting", counting);
+Print n '> 6)");
+}
 
-const PrintingCase catching[] = {
-    {"TheFirstFittingCatchTakesIt", R"(Dim v() As Double
+TEST(Statements, LeaveLoopsAndProcedures) {
+    expectPrinted(R"(For i As Integer = 1 To 3
+  Dim text As String = "in " & i
+  While True
+    If i = 2 Then Continue For
+    Exit While
+  Wend
+  Do
+    If i = 3 Then Exit For
+    Exit Do
+  Loop
+  Print text '> in 1
+Next
+Function Tried(n As Integer) As Integer
+  For Each i As Integer In Array(1, 2, 3)
+    Try
+      If i = n Then Return i * 10
+      Continue
+    Finally
+      Print "finally", i '> finally 1 | finally 2
+    End Try
+  Next
+  Return -1
+End Function
+Print Tried(2) '> 20
+Function Decided() As String
+  Try
+    Raise New RuntimeException("lost")
+  Finally
+    Return "kept"
+  End Try
+End Function
+Print Decided() '> kept
+If True Then Return
+Print "behind the end")");
+}
+
+TEST(Statements, Catch) {
+    expectPrinted(R"(Dim v() As Double
 For i As Integer = 1 To 3
   Try
     If i = 1 Then v(5) = 1
     If i = 2 Then Print 1 \ 0
-    Print "quiet"
+    Print "quiet" '> OutOfBoundsException The index 5 is used on an empty array. | other DivideByZeroException | quiet
   Catch e As OutOfBoundsException
     Print e, e.Message
   Catch e As RuntimeException
     Print "other", e
   End Try
-Next)",
-     "OutOfBoundsException The index 5 is used on an empty array.\nother DivideByZeroException\nquiet\n"},
-    {"FinallyRunsOnEveryPath", R"(Try
+Next
+Try
   Try
     Print 1 Mod 0
   Finally
-    Print "inner"
+    Print "inner" '> inner
   End Try
   Print "skipped"
 Catch
-  Print "caught"
+  Print "caught" '> caught
 Finally
-  Print "outer"
+  Print "outer" '> outer
 End Try
 Try
-  Print "well"
+  Print "well" '> well
 Finally
-  Print "last"
-End Try)",
-     "inner\ncaught\nouter\nwell\nlast\n"},
-    {"AnExceptionOfAHandlerGoesOn", R"(Try
+  Print "last" '> last
+End Try
+Try
   Try
     Print 1 Mod 0
   Catch e As DivideByZeroException
     Dim p As Probe
     Print p.Number
   Finally
-    Print "finally"
+    Print "finally" '> finally
   End Try
 Catch e As NilObjectException
-  Print e.Message
-End Try)",
-     "finally\nA member of Nil was used.\n"},
-    {"WhatRaises", R"(Dim none() As Double = Probe.echo(Nil)
-Dim p As Probe
-Dim v(1) As Double
-For i As Integer = 1 To 11
-  Try
-    If i = 1 Then p.Number = 1
-    If i = 2 Then Print p.description
-    If i = 3 Then Print p.successor
-    If i = 4 Then Print none(0)
-    If i = 5 Then Print v(-1)
-    If i = 6 Then ReDim v(-2)
-    If i = 7 Then p = Probe.echo("text")
-    If i = 8 Then p = Probe.echo(New MemoryBlock(1))
-    If i = 9 Then v(0) = Probe.echo("text")
-    If i = 10 Then For j As Integer = 1 To 2 Step i - 10 : Next
-    If i = 11 Then For Each d As Double In none : Next
-  Catch e As RuntimeException
-    Print i & " " & e
-  End Try
-Next)",
-     "1 NilObjectException\n2 NilObjectException\n3 NilObjectException\n4 NilObjectException\n5 OutOfBoundsException\n"
-     "6 OutOfBoundsException\n7 TypeMismatchException\n8 IllegalCastException\n9 TypeMismatchException\n10 RuntimeException\n"
-     "11 NilObjectException\n"},
-};
-const bool catchingAdded = addCases("Catching", catching);
+  Print e.Message '> A member of Nil was used.
+End Try)");
+}
 
-const PrintingCase lines[] = {
-    {"Comments", R"(' first
-// second
-Rem third
-Print 1 ' behind
-Print 8 / 2 // behind
-Print "'//Rem" Rem behind
-Dim remark As Integer = 5 : Print remark)",
-     "1\n4\n'//Rem\n5\n"},
-    {"Continuations", "Print 1 + _\n  2, _ ' with a comment\n  3\r\nPrint 4 _\r\n + 5", "3 3\n9\n"},
-    {"LineEndsOfAllKinds", "Print 1\rPrint 2\r\nPrint 3\n\n\n", "1\n2\n3\n"},
-    {"ByteOrderMark", "\xEF\xBB\xBFPrint 1", "1\n"},
-    {"Empty", "", ""},
-};
-const bool linesAdded = addCases("Lines", lines);
+TEST(Statements, ThatRaise) {
+    const std::pair<const char*, const char*> cases[] = {{"p.Number = 1", "NilObject"},
+                                                         {"Print p.description", "NilObject"},
+                                                         {"Print p.successor", "NilObject"},
+                                                         {"Print none(0)", "NilObject"},
+                                                         {"For Each d As Double In none : Next", "NilObject"},
+                                                         {"Dim texts() As String = Nil : Print Join(texts)", "NilObject"},
+                                                         {"Print v(-1)", "OutOfBounds"},
+                                                         {"v.Insert(3, 5)", "OutOfBounds"},
+                                                         {"ReDim v(-2)", "OutOfBounds"},
+                                                         {"Print Chr(&hD800)", "OutOfBounds"},
+                                                         {"Print Chr(-1)", "OutOfBounds"},
+                                                         {"Print Len(Repeat(\"abc\", 1000000000))", "OutOfMemory"},
+                                                         {"p = Probe.echo(\"text\")", "TypeMismatch"},
+                                                         {"v(0) = Probe.echo(\"text\")", "TypeMismatch"},
+                                                         {"p = Probe.echo(New MemoryBlock(1))", "IllegalCast"},
+                                                         {"For j As Integer = 1 To 2 Step UBound(v) - 1 : Next", "Runtime"}};
+    for (const auto& [statement, exception] : cases)
+        EXPECT_EQ(
+            runProgram(std::string("Dim none() As Double = Probe.echo(Nil)\nDim p As Probe\nDim v(1) As Double\nTry\n") +
+                       statement + "\nCatch e As RuntimeException\nPrint e\nEnd Try")
+                .output,
+            exception + std::string("Exception\n"))
+            << statement;
+}
+
+TEST(Statements, Procedures) {
+    expectPrinted(R"(Print Greet("a"), Greet("b", "?"), Total(), Total(1, 2.5) '> a! b? 0 3.5
+Function Greet(name As String, Optional mark As String = "!") As String
+  Return name & mark
+End Function
+Function Total(ParamArray numbers As Double) As Double
+  Dim sum As Double
+  For Each number As Double In numbers
+    sum = sum + number
+  Next
+  Return sum
+End Function
+Function Kind(value As Integer) As String
+  Return "integer"
+End Function
+Function Kind(value As String) As String
+  Return "text"
+End Function
+Print Kind(1), Kind("x") '> integer text
+Sub Swap(ByRef a As String, ByRef b As String)
+  Dim kept As String = a
+  a = b
+  b = kept
+End Sub
+Sub Rotate(ByRef a As String, ByRef b As String, ByRef c As String)
+  Swap a, b
+  Swap(b, c)
+End Sub
+Dim x As String = "x", y() As String = Array("y", "z")
+Rotate x, y(0), y(1)
+Print x, y '> y (z, x)
+Sub Fail(ByRef a As Integer)
+  a = 7
+  Raise New RuntimeException("failed")
+End Sub
+Dim v() As Integer = Array(1, 2)
+Try
+  Fail v(1)
+Catch e As RuntimeException
+  Print v, e.Message '> (1, 7) failed
+End Try
+Dim count As Integer = 1
+Dim hidden As String = "program"
+Sub Add()
+  Dim hidden As Integer = 5
+  count = count + hidden
+End Sub
+Add
+Add()
+Print count, hidden '> 11 program
+Function Factorial(n As Integer) As Double
+  Dim below As Integer = n - 1
+  If n > 1 Then
+    Dim rest As Double = Factorial(below)
+    Return (below + 1) * rest
+  End If
+  Return 1
+End Function
+Print Factorial(5), Factorial(20) '> 120 2432902008176640000
+Function Down(n As Integer, o As Probe) As Integer
+  Return Down(n + 1, o) + 1
+End Function
+For i As Integer = 1 To 2
+  Try
+    Print Down(0, Probe.make(1))
+  Catch e As StackOverflowException
+    Print "too deep" '> too deep | too deep
+  End Try
+Next
+Function Pick(o As Probe) As Probe
+  Dim other As Probe = Probe.make(2)
+  If o.number = 1 Then Return other
+  Return o
+End Function
+Print Pick(Probe.make(1)).number, Pick(Probe.make(3)).number '> 2 3)");
+}
+
+TEST(Statements, LinesAreReadInEveryForm) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"' first\n// second\nRem third\nPrint 1 ' behind\nPrint 8 / 2 // behind\nPrint \"'//Rem\" Rem behind\n",
+         "1\n4\n'//Rem\n"},
+        {"Dim remark As Integer = 5 : Print remark", "5\n"},
+        {"Print 1 + _\n  2, _ ' with a comment\n  3\r\nPrint 4 _\r\n + 5", "3 3\n9\n"},
+        {"Print 1\rPrint 2\r\nPrint 3\n\n\n", "1\n2\n3\n"},
+        {"\xEF\xBB\xBFPrint 1", "1\n"},
+        {"", ""}};
+    for (const auto& [program, output] : cases)
+        EXPECT_EQ(runProgram(program).output, output) << program;
+}
 
 } // namespace
