@@ -1,8 +1,7 @@
 // NSColorSpaceZRX: spaces made from profiles, handles and names, and what they tell.
-#include "support/plugin_test.h"
+#include "support/color_values.h"
 
 #include "classes/colorspace/colorspace.h"
-#include "runtime/host_values.h"
 #include "runtime/host_version.h"
 #include "runtime/native_object.h"
 
@@ -14,336 +13,197 @@
 
 using namespace chroma;
 using namespace chroma::colorspace;
-using foreign::Host;
+using foreign::Owned;
 
-class Spaces : public SiblingTest {
-protected:
-    void SetUp() override {
-        SiblingTest::SetUp();
-        foreign::unlock(foreign::make("NSColorSpaceZRX"));
-    }
-    // The bytes of a profile that the platform accepts; where it checks none, any will do.
-    static std::string profile() {
-        if (platform::differs(Difference::ProfileChecks)) return std::string("any \0 bytes", 11);
-        REALobjectStruct* const space = getsRGBColorSpace();
-        const std::string bytes = takeProfile(space);
-        foreign::unlock(space);
-        return bytes;
-    }
-    static std::string takeProfile(REALobjectStruct* space) {
-        REALmemoryBlockStruct* const block = ICCProfileData(space);
-        if (!block) return "";
-        const std::string bytes = foreign::bytesOf(block);
-        foreign::unlock(foreign::object(block));
-        return bytes;
-    }
-    static void give(REALmemoryBlockStruct* block) { foreign::unlock(foreign::object(block)); }
+namespace {
 
-    void expectRefused(REALobjectStruct* space) {
-        initWithICCProfileData(space, nullptr);
-        initWithColorSyncProfile(space, 1);
-        initWithCGColorSpace(space, 1);
-        const Raised refusal{"UnsupportedOperationException", "Constructor called too often. Object is already initialized.",
-                             0};
-        EXPECT_EQ(host.takeRaised(), (std::vector<Raised>{refusal, refusal, refusal}));
-    }
-
-    static void expectEmpty(REALobjectStruct* space) {
-        EXPECT_EQ(localizedName(space, 0), nullptr);
-        EXPECT_EQ(colorSpaceName(space, 0), nullptr);
-        EXPECT_EQ(description(space, 0), nullptr);
-        EXPECT_EQ(colorSpaceModel(space, 0), 0);
-        EXPECT_EQ(numberOfColorComponents(space, 0), 0);
-        EXPECT_EQ(colorSyncProfile(space), 0);
-        EXPECT_EQ(CGColorSpace(space), 0);
-        EXPECT_EQ(ICCProfileData(space), nullptr);
-    }
-};
-
-TEST_F(Spaces, NamedSpacesTellWhatTheyAre) {
-    struct Named {
-        const char* name;
-        REALobjectStruct* (*function)();
-    };
-#define NAMED(name) {#name, get##name},
-    const Named all[] = {CHROMA_NAMED_SPACES(NAMED)};
-    for (const Named& named : all) {
-        REALobjectStruct* const space = named.function();
-        if (platform::lacks("+", named.name)) {
-            EXPECT_EQ(space, nullptr);
-            expectUnrecognized(named.name);
-            continue;
-        }
-        ASSERT_NE(space, nullptr) << named.name;
-        EXPECT_EQ(named.function(), space);
-        foreign::unlock(space);
-        EXPECT_EQ(nativeObject(space), native::tell(native::classNamed("NSColorSpace"), named.name));
-        const std::string name = named.name;
-        const bool isGray = name.find("Gray") != std::string::npos, isCMYK = name.find("CMYK") != std::string::npos;
-        EXPECT_EQ(colorSpaceModel(space, 0), isGray ? 0 : isCMYK ? 2 : 1);
-        EXPECT_EQ(numberOfColorComponents(space, 0), isGray ? 1 : isCMYK ? 4 : 3);
-        EXPECT_NE(foreign::take(localizedName(space, 0)), "");
-        EXPECT_NE(foreign::take(description(space, 0)), "");
-        const HostInteger handle = CGColorSpace(space);
-        EXPECT_EQ(handle == 0, platform::lacks("-", "CGColorSpace"));
-        if (!handle) expectUnrecognized("CGColorSpace");
-        foreign::unlock(space);
-    }
-    if (platform::lacks("+", "sRGBColorSpace")) return;
-    REALobjectStruct* const srgb = getsRGBColorSpace();
-    EXPECT_EQ(foreign::take(localizedName(srgb, 0)), "sRGB IEC61966-2.1");
-    foreign::unlock(srgb);
+std::string profileOf(const Reference& space) {
+    const Owned block(ICCProfileData(space));
+    return block ? foreign::bytesOf(block) : "";
 }
 
-TEST_F(Spaces, AProfileMakesASpaceThatHandsItOut) {
-    const std::string bytes = profile();
-    REALmemoryBlockStruct* const block = foreign::block(bytes);
-    REALobjectStruct* const space = foreign::make("NSColorSpaceZRX");
-    initWithICCProfileData(space, block);
-    EXPECT_EQ(takeProfile(space), bytes);
-    EXPECT_EQ(registered(), 1);
-    EXPECT_EQ(native::retainCount(nativeObject(space)), 1U);
-    expectRefused(space);
-    EXPECT_EQ(takeProfile(space), bytes);
+// The bytes of a profile that the platform accepts; where it checks none, any will do.
+std::string someProfile() {
+    if (platform::differs(platform::Difference::ProfileChecks)) return std::string("any \0 bytes", 11);
+    return profileOf(getsRGBColorSpace());
+}
 
-    REALobjectStruct* const shared = ColorSpaceWithICCProfileData(block);
-    EXPECT_EQ(takeProfile(shared), bytes);
-    EXPECT_EQ(native::retainCount(nativeObject(shared)), 1U);
-    expectRefused(shared);
-    foreign::unlock(shared);
-    foreign::unlock(space);
-    give(block);
+} // namespace
+
+class Spaces : public SiblingTest {};
+
+TEST_F(Spaces, NamedSpacesTellWhatTheyAre) {
+#define NAMED(name) {#name, get##name},
+    const std::pair<std::string, REALobjectStruct* (*)()> all[] = {CHROMA_NAMED_SPACES(NAMED)};
+    for (const auto& [name, get] : all) {
+        const Reference space(get());
+        if (platform::lacks("+", name.c_str())) {
+            EXPECT_EQ(space, nullptr);
+            expectPlatformException({name, "recognize"});
+            continue;
+        }
+        ASSERT_NE(space, nullptr) << name;
+        EXPECT_EQ(Reference(get()), space);
+        const id direct = native::tell("NSColorSpace", name.c_str());
+        EXPECT_EQ(nativeObject(space), direct);
+        const bool isGray = name.find("Gray") != std::string::npos, isCMYK = name.find("CMYK") != std::string::npos;
+        EXPECT_EQ(colorSpaceModel(space, 0), isGray ? 0 : isCMYK ? 2 : 1) << name;
+        EXPECT_EQ(numberOfColorComponents(space, 0), isGray ? 1 : isCMYK ? 4 : 3) << name;
+        EXPECT_EQ(foreign::take(localizedName(space, 0)), native::textOf(native::tell(direct, "localizedName")));
+        EXPECT_EQ(foreign::take(description(space, 0)), native::textOf(native::tell(direct, "description")));
+        const HostInteger handle = CGColorSpace(space);
+        if (platform::lacks("-", "CGColorSpace")) {
+            EXPECT_EQ(handle, 0);
+            expectPlatformException({"CGColorSpace", "recognize"});
+        } else {
+            EXPECT_EQ(handle, asHandle(native::tell<const void*>(direct, "CGColorSpace")));
+            EXPECT_EQ(foreign::take(colorSpaceName(space, 0)), native::textOf(native::tell(direct, "colorSpaceName")));
+        }
+    }
+    if (platform::lacks("+", "sRGBColorSpace")) return;
+    EXPECT_EQ(foreign::take(localizedName(Reference(getsRGBColorSpace()), 0)), "sRGB IEC61966-2.1");
+}
+
+TEST_F(Spaces, AProfileMakesASpaceThatHandsItOutOnce) {
+    const std::string bytes = someProfile();
+    const Owned block(foreign::block(bytes));
+    const Reference own(foreign::make("NSColorSpaceZRX")), shared(ColorSpaceWithICCProfileData(block));
+    initWithICCProfileData(own, block);
+    EXPECT_EQ(registered(), 2);
+    for (const Reference* const space : {&own, &shared}) {
+        EXPECT_EQ(native::retainCount(nativeObject(*space)), 1U);
+        initWithICCProfileData(*space, nullptr);
+        initWithColorSyncProfile(*space, 1);
+        initWithCGColorSpace(*space, 1);
+        const Raised refusal{"UnsupportedOperationException", "Constructor called too often. Object is already initialized.",
+                             0};
+        expectRaised({refusal, refusal, refusal});
+        EXPECT_EQ(profileOf(*space), bytes);
+    }
 }
 
 TEST_F(Spaces, HandlesComeBackAndOnlyOneInitialiserStaysUnregistered) {
+    const Reference fromSpace(foreign::make("NSColorSpaceZRX")), fromProfile(foreign::make("NSColorSpaceZRX"));
     if (platform::lacks("-", "initWithCGColorSpace:")) {
-        REALobjectStruct* const space = foreign::make("NSColorSpaceZRX");
-        initWithCGColorSpace(space, 1);
-        expectUnrecognized("initWithCGColorSpace:");
-        EXPECT_EQ(nativeObject(space), nullptr);
-        foreign::unlock(space);
+        initWithCGColorSpace(fromSpace, 1);
+        expectPlatformException({"initWithCGColorSpace:", "recognize"});
+        EXPECT_EQ(nativeObject(fromSpace), nullptr);
         EXPECT_EQ(ColorSpaceWithCGColorSpace(1), nullptr);
-        expectUnrecognized("initWithCGColorSpace:");
+        expectPlatformException({"initWithCGColorSpace:", "recognize"});
         return;
     }
-    REALobjectStruct* const srgb = getsRGBColorSpace();
-
-    REALobjectStruct* const fromSpace = foreign::make("NSColorSpaceZRX");
+    const Reference srgb(getsRGBColorSpace());
     const CFIndex before = registered();
     initWithCGColorSpace(fromSpace, CGColorSpace(srgb));
     ASSERT_NE(nativeObject(fromSpace), nullptr);
     EXPECT_EQ(registered(), before);
-    foreign::unlock(fromSpace);
-
-    REALobjectStruct* const fromProfile = foreign::make("NSColorSpaceZRX");
     initWithColorSyncProfile(fromProfile, colorSyncProfile(srgb));
     ASSERT_NE(nativeObject(fromProfile), nullptr);
-    EXPECT_GE(registered(), before);
     EXPECT_EQ(CFDictionaryGetValue(native::Sibling::registry(), nativeObject(fromProfile)), fromProfile);
-    foreign::unlock(fromProfile);
 
-    for (REALobjectStruct* const space :
-         {ColorSpaceWithCGColorSpace(CGColorSpace(srgb)), ColorSpaceWithColorSyncProfile(colorSyncProfile(srgb))}) {
-        ASSERT_NE(space, nullptr);
-        EXPECT_EQ(colorSpaceModel(space, 0), 1);
-        foreign::unlock(space);
-    }
-    foreign::unlock(srgb);
+    EXPECT_EQ(colorSpaceModel(Reference(ColorSpaceWithCGColorSpace(CGColorSpace(srgb))), 0), 1);
+    EXPECT_EQ(colorSpaceModel(Reference(ColorSpaceWithColorSyncProfile(colorSyncProfile(srgb))), 0), 1);
 }
 
 // A platform that checks no profile makes a space of anything, which tells that it knows nothing of it.
-TEST_F(Spaces, WhatIsNoProfileMayMakeASpaceOfNoComponents) {
-    if (!platform::differs(Difference::ProfileChecks)) GTEST_SKIP() << "profiles are checked here";
-    REALmemoryBlockStruct* const noProfile = foreign::block("not a profile");
-    REALobjectStruct* const fromData = foreign::make("NSColorSpaceZRX");
+TEST_F(Spaces, WhatIsNoProfileMakesNoSpaceOrOneOfNoComponents) {
+    const Owned noProfile(foreign::block("not a profile"));
+    const Reference fromData(foreign::make("NSColorSpaceZRX")), fromNull(foreign::make("NSColorSpaceZRX"));
     initWithICCProfileData(fromData, noProfile);
-    EXPECT_EQ(takeProfile(fromData), "not a profile");
-    give(noProfile);
-    ASSERT_TRUE(platform::differs(Difference::NullProfile));
-    REALobjectStruct* const fromNull = foreign::make("NSColorSpaceZRX");
     initWithColorSyncProfile(fromNull, 0);
-    EXPECT_EQ(takeProfile(fromNull), "");
-    for (REALobjectStruct* const space : {fromData, fromNull}) {
-        EXPECT_EQ(colorSpaceModel(space, 0), -1);
-        EXPECT_EQ(numberOfColorComponents(space, 0), 0);
-        EXPECT_EQ(colorSyncProfile(space), 0);
-        EXPECT_EQ(foreign::take(colorSpaceName(space, 0)), "");
-        expectUnrecognized("colorSpaceName");
-        EXPECT_EQ(native::retainCount(nativeObject(space)), 1U);
-        foreign::unlock(space);
+    EXPECT_EQ(nativeObject(fromData) != nullptr, platform::differs(Difference::ProfileChecks));
+    EXPECT_EQ(nativeObject(fromNull) != nullptr, platform::differs(Difference::NullProfile));
+    EXPECT_EQ(profileOf(fromData), platform::expected<std::string>(Difference::ProfileChecks, "", "not a profile"));
+    EXPECT_EQ(profileOf(fromNull), "");
+    for (const Reference* const space : {&fromData, &fromNull}) {
+        EXPECT_EQ(colorSpaceModel(*space, 0), platform::expected(Difference::ProfileChecks, 0, -1));
+        EXPECT_EQ(numberOfColorComponents(*space, 0), 0);
+        EXPECT_EQ(colorSyncProfile(*space), 0);
+        EXPECT_EQ(colorSpaceName(*space, 0), nullptr);
+        if (platform::lacks("-", "colorSpaceName")) expectPlatformException({"colorSpaceName", "recognize"});
     }
-}
-
-TEST_F(Spaces, WhatIsNoSpaceLeavesTheObjectEmptyAndOpenToAnother) {
-    if (platform::differs(Difference::ProfileChecks)) GTEST_SKIP() << "the platform makes a space of anything";
-    REALmemoryBlockStruct* const noProfile = foreign::block("not a profile");
-    REALmemoryBlockStruct* const nothing = foreign::block("");
-    REALobjectStruct* const space = foreign::make("NSColorSpaceZRX");
-    initWithICCProfileData(space, noProfile);
-    initWithICCProfileData(space, nothing);
-    initWithICCProfileData(space, nullptr);
-    initWithColorSyncProfile(space, 0);
-    initWithCGColorSpace(space, 0);
-    host.takeRaised(); // a platform may answer a null handle with an exception
-    expectEmpty(space);
-    REALmemoryBlockStruct* const block = foreign::block(profile());
-    initWithICCProfileData(space, block);
-    EXPECT_EQ(colorSpaceModel(space, 0), 1);
-    give(block);
-    foreign::unlock(space);
-
+    if (platform::differs(Difference::ProfileChecks)) return;
+    const Owned block(foreign::block(someProfile()));
+    initWithICCProfileData(fromData, block); // an empty object may be tried again
+    EXPECT_EQ(colorSpaceModel(fromData, 0), 1);
     EXPECT_EQ(ColorSpaceWithICCProfileData(noProfile), nullptr);
-    EXPECT_EQ(ColorSpaceWithICCProfileData(nothing), nullptr);
     EXPECT_EQ(ColorSpaceWithICCProfileData(nullptr), nullptr);
     EXPECT_EQ(ColorSpaceWithColorSyncProfile(0), nullptr);
     EXPECT_EQ(ColorSpaceWithCGColorSpace(0), nullptr);
-    give(noProfile);
-    give(nothing);
-    expectEmpty(nullptr);
-    initWithICCProfileData(nullptr, nullptr);
-    NSColorSpaceDestructor(nullptr);
 }
 
 TEST_F(Spaces, AModelListsItsSpacesAsTheSameObjects) {
+    const Owned spaces(availableColorSpacesWithModel(1));
     if (platform::lacks("+", "availableColorSpacesWithModel:")) {
-        void* const empty = availableColorSpacesWithModel(1);
-        expectUnrecognized("availableColorSpacesWithModel:");
-        EXPECT_TRUE(foreign::objectsOf(empty).empty());
-        foreign::unlock(foreign::object(empty));
+        expectPlatformException({"availableColorSpacesWithModel:", "recognize"});
+        EXPECT_TRUE(foreign::objectsOf(spaces).empty());
         return;
     }
-    REALobjectStruct* const srgb = getsRGBColorSpace();
-    void* const spaces = availableColorSpacesWithModel(1);
+    const Reference srgb(getsRGBColorSpace());
     const auto objects = foreign::objectsOf(spaces);
-    EXPECT_NE(std::find(objects.begin(), objects.end(), srgb), objects.end());
+    EXPECT_EQ(std::count(objects.begin(), objects.end(), srgb.get()), 1);
     for (REALobjectStruct* const space : objects)
         EXPECT_EQ(foreign::references(space), space == srgb ? 2 : 1);
-    foreign::unlock(foreign::object(spaces));
-    foreign::unlock(srgb);
-
-    void* const none = availableColorSpacesWithModel(99);
-    EXPECT_TRUE(foreign::objectsOf(none).empty());
-    foreign::unlock(foreign::object(none));
+    EXPECT_TRUE(foreign::objectsOf(Owned(availableColorSpacesWithModel(99))).empty());
 }
 
 TEST_F(Spaces, AModelListKeepsWhatItHasWhenThePlatformThrows) {
-    static int left;
-    left = 2;
-    static const id spaceClass = native::classNamed("NSColorSpace");
+    static int left = 2;
+    const auto list = +[](id, SEL, NSInteger) {
+        const id space = native::tell("NSColorSpace", "genericRGBColorSpace");
+        return native::tell("NSArray", "arrayWithObjects:count:", &space, NSUInteger{1});
+    };
+    native::replace(native::metaclass("NSColorSpace"), "availableColorSpacesWithModel:", list);
+    const id enumerator = native::tell(list(nullptr, nullptr, 1), "objectEnumerator");
     native::replace(
-        native::object_getClass(spaceClass), "availableColorSpacesWithModel:", +[](id, SEL, NSInteger) -> id {
-            const id space = native::tell(spaceClass, "genericRGBColorSpace");
-            return native::tell(native::classNamed("NSArray"), "arrayWithObjects:count:", static_cast<const id*>(&space),
-                                NSUInteger{1});
-        });
-    const id enumerator =
-        native::tell(native::tell(spaceClass, "availableColorSpacesWithModel:", NSInteger{1}), "objectEnumerator");
-    native::replace(
-        native::object_getClass(enumerator), "nextObject", +[](id, SEL) -> id {
+        native::object_getClass(enumerator), "nextObject", +[](id, SEL) {
             if (left-- == 0) native::raise("EnumerationException", "ended early");
-            return native::tell(spaceClass, left ? "deviceRGBColorSpace" : "genericRGBColorSpace");
+            return native::tell("NSColorSpace", left ? "deviceRGBColorSpace" : "genericRGBColorSpace");
         });
-    void* const spaces = availableColorSpacesWithModel(1);
-    EXPECT_EQ(foreign::objectsOf(spaces).size(), 2U);
-    EXPECT_EQ(raisedOne().message, "ended early");
-    foreign::unlock(foreign::object(spaces));
+    EXPECT_EQ(foreign::objectsOf(Owned(availableColorSpacesWithModel(1))).size(), 2U);
+    expectPlatformException({"ended early"});
 }
 
 TEST_F(Spaces, NamesFindTheirSpace) {
-    REALstringStruct* const name = foreign::string("NSCalibratedRGBColorSpace");
-    REALobjectStruct* const space = colorSpaceForColorSpaceName(name);
+    const Owned name(foreign::string("NSCalibratedRGBColorSpace")), unknown(foreign::string("no such space"));
+    const Reference space(colorSpaceForColorSpaceName(name));
     if (platform::lacks("+", "colorSpaceForColorSpaceName:")) {
         EXPECT_EQ(space, nullptr);
-        expectUnrecognized("colorSpaceForColorSpaceName:");
-        foreign::unlock(name);
-        return;
+        return expectPlatformException({"colorSpaceForColorSpaceName:", "recognize"});
     }
-    ASSERT_NE(space, nullptr);
-    REALobjectStruct* const generic = getgenericRGBColorSpace();
-    EXPECT_EQ(space, generic);
-    foreign::unlock(generic);
-    foreign::unlock(space);
-    foreign::unlock(name);
-    REALstringStruct* const unknown = foreign::string("no such space");
+    EXPECT_EQ(space, Reference(getgenericRGBColorSpace()));
     EXPECT_EQ(colorSpaceForColorSpaceName(unknown), nullptr);
-    foreign::unlock(unknown);
     EXPECT_EQ(colorSpaceForColorSpaceName(nullptr), nullptr);
 }
 
-TEST_F(Spaces, AMissingClassMessageBecomesAHostException) {
-    native::failOnClass("NSColorSpace", "sRGBColorSpace");
-    EXPECT_EQ(getsRGBColorSpace(), nullptr);
-    EXPECT_EQ(raisedOne().message, "made to fail");
-}
-
-class ProfileFiles : public Spaces {
-protected:
-    void SetUp() override {
-        Spaces::SetUp();
-        bytes = profile();
-        path = ::testing::TempDir() + "profile \xC3\xBC " + std::to_string(getpid()) + ".icc";
-        std::ofstream(path, std::ios::binary) << bytes;
+TEST_F(Spaces, ProfileFilesAreReadByThePathThatTheHostVersionHas) {
+    const std::string bytes = someProfile(), half = bytes.substr(0, bytes.size() / 2);
+    const std::string path = ::testing::TempDir() + "profile \xC3\xBC " + std::to_string(getpid()) + ".icc";
+    std::ofstream(path, std::ios::binary) << bytes;
+    std::string url = "file://"; // everything but letters and slashes escaped
+    for (const char c : path) {
+        char escaped[4];
+        std::snprintf(escaped, sizeof escaped, "%%%02X", static_cast<unsigned char>(c));
+        url += std::isalpha(static_cast<unsigned char>(c)) || c == '/' ? std::string(1, c) : escaped;
     }
-    void TearDown() override {
-        std::remove(path.c_str());
-        Spaces::TearDown();
-    }
-    std::string fromFile(const std::map<std::string, std::string>& properties) {
-        REALfolderItemStruct* const file = foreign::folderItem(properties);
-        REALobjectStruct* const space = ColorSpaceWithICCProfileFile(file);
-        EXPECT_EQ(foreign::references(foreign::object(file)), 1);
-        foreign::unlock(foreign::object(file));
-        if (!space) return "";
-        const std::string result = takeProfile(space);
-        foreign::unlock(space);
+    const auto read = [](const std::map<std::string, std::string>& properties) {
+        const Reference file(foreign::plain("FolderItem", properties));
+        const std::string result =
+            profileOf(ColorSpaceWithICCProfileFile(reinterpret_cast<REALfolderItemStruct*>(file.get())));
+        EXPECT_EQ(foreign::references(file), 1);
         return result;
+    };
+    for (const double version : {2012.9, 2013.0, 2021.0}) {
+        rbversion_rbversion = version;
+        EXPECT_EQ(read({{"NativePath", path}}), version < 2013.0 ? "" : bytes);
+        EXPECT_EQ(read({{"URLPath", url}}), version < 2013.0 ? bytes : "");
     }
-    // The path as a URL, everything but letters and slashes escaped.
-    std::string url() {
-        std::string text = "file://";
-        for (const char c : path) {
-            char escaped[4];
-            std::snprintf(escaped, sizeof escaped, "%%%02X", static_cast<unsigned char>(c));
-            text += std::isalpha(static_cast<unsigned char>(c)) || c == '/' ? std::string(1, c) : escaped;
-        }
-        return text;
-    }
-    std::string bytes, path;
-};
-
-TEST_F(ProfileFiles, AreReadByThePathThatTheHostVersionHas) {
-    EXPECT_EQ(fromFile({{"NativePath", path}}), bytes);
-    EXPECT_EQ(fromFile({{"URLPath", url()}}), "");
-    rbversion_rbversion = 2013.0;
-    EXPECT_EQ(fromFile({{"NativePath", path}}), bytes);
-    rbversion_rbversion = 2012.0;
-    EXPECT_EQ(fromFile({{"URLPath", url()}}), bytes);
-    EXPECT_EQ(fromFile({{"NativePath", path}}), "");
-}
-
-TEST_F(ProfileFiles, ThatCannotBeReadGiveNil) {
     EXPECT_EQ(ColorSpaceWithICCProfileFile(nullptr), nullptr);
-    EXPECT_EQ(fromFile({}), "");
-    EXPECT_EQ(fromFile({{"NativePath", path + ".missing"}}), "");
-    EXPECT_EQ(fromFile({{"NativePath", ""}}), "");
-    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes.substr(0, bytes.size() / 2);
-    EXPECT_EQ(fromFile({{"NativePath", path}}),
-              platform::expected(Difference::ProfileChecks, std::string(), bytes.substr(0, bytes.size() / 2)));
+    EXPECT_EQ(read({{"NativePath", path + ".missing"}}), "");
+    EXPECT_EQ(read({{"NativePath", ""}}), "");
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << half;
+    EXPECT_EQ(read({{"NativePath", path}}), platform::expected(Difference::ProfileChecks, std::string(), half));
     rbversion_rbversion = 2012.0;
-    EXPECT_EQ(fromFile({{"URLPath", "not a url \x01"}}), "");
-}
-
-TEST_F(ProfileFiles, LeaveNothingBehindWhenThePlatformThrows) {
-    native::failOnClass("NSData", "dataWithContentsOfFile:");
-    EXPECT_EQ(fromFile({{"NativePath", path}}), "");
-    EXPECT_EQ(raisedOne().message, "made to fail");
-    const id object = native::string("thrown");
-    host.givesCFStrings = false;
-    REALfolderItemStruct* const file = foreign::folderItem({{"NativePath", path}});
-    throwFromNextStringCall(object);
-    auto read = [&] { ColorSpaceWithICCProfileFile(file); };
-    EXPECT_EQ(catchNative(read), object);
-    foreign::unlock(foreign::object(file));
-    EXPECT_EQ(Host::liveStrings(), 0);
-    CFRelease(object);
+    EXPECT_EQ(read({{"URLPath", "not a url \x01"}}), "");
+    std::remove(path.c_str());
 }

@@ -1,8 +1,7 @@
 // What the platform under the tests is: how it differs from AppKit, and how its own failures reach host code.
-#include "support/plugin_test.h"
+#include "support/color_values.h"
 
 #include "bridge/frame.h"
-#include "classes/color/color.h"
 #include "classes/color/color_factories.h"
 #include "classes/colorlist/colorlist.h"
 
@@ -11,14 +10,11 @@
 
 using namespace chroma;
 
-class Platform : public PluginTest {
-protected:
-    static id colorClass() { return native::classNamed("NSColor"); }
-};
+class Platform : public PluginTest {};
 
 TEST_F(Platform, AnswersEveryMessageButTheOnesItIsKnownToLack) {
     for (const platform::Message& message : platform::missingMessages) {
-        const id cls = native::classNamed(message.className);
+        const id cls = objc_getClass(message.className);
         const SEL selector = sel_registerName(message.name);
         const bool answers = *message.sign == '+' ? native::tell<BOOL>(cls, "respondsToSelector:", selector)
                                                   : native::tell<BOOL>(cls, "instancesRespondToSelector:", selector);
@@ -43,27 +39,19 @@ TEST_F(Platform, DifferencesAreAllOnTheirPage) {
 // Raised by the platform's own code, which the plugin and the tests did not build.
 TEST_F(Platform, ItsOwnExceptionsTellNameAndReason) {
     start();
-    REALobjectStruct* const grey = color::colorWithCalibratedWhite(0.5, 1.0);
+    const Reference grey(color::colorWithCalibratedWhite(0.5, 1.0)), list(foreign::make("NSColorListZRX"));
     double red, green, blue;
     color::getRed(grey, &red, &green, &blue);
-    const std::string name = platform::isGNUstep ? "NSInternalInconsistencyException" : "NSInvalidArgumentException";
-    const Raised raised = raisedOne();
-    EXPECT_EQ(raised.className, "RuntimeException");
-    EXPECT_EQ(raised.message.find(name + ": "), 0U) << raised.message;
-    EXPECT_NE(raised.message.find("getRed:green:blue:alpha:"), std::string::npos) << raised.message;
+    expectPlatformException({platform::isGNUstep ? "NSInternalInconsistencyException: " : "NSInvalidArgumentException: ",
+                            "getRed:green:blue:alpha:"});
 
-    guarded([&] { native::tell(colorClass(), "aMessageNobodyKnows"); });
-    EXPECT_EQ(raisedOne().message.find("NSInvalidArgumentException: +[NSColor aMessageNobodyKnows]: unrecognized selector"),
-              0U);
+    guarded([&] { native::tell("NSColor", "aMessageNobodyKnows"); });
+    expectPlatformException({"NSInvalidArgumentException: +[NSColor aMessageNobodyKnows]: unrecognized selector"});
 
-    REALobjectStruct* const list = foreign::make("NSColorListZRX");
-    REALstringStruct* const text = foreign::string("k");
+    const foreign::Owned text(foreign::string("k"));
     colorlist::Create1(list, text);
     colorlist::insertColor(list, grey, text, 7);
-    EXPECT_EQ(raisedOne().message.find("NSRangeException: "), 0U);
-    foreign::unlock(text);
-    foreign::unlock(list);
-    foreign::unlock(grey);
+    expectPlatformException({"NSRangeException: "});
 }
 
 // Where an exception unwinds, a host's own frames between the throw and the guard are left in order.
@@ -78,7 +66,7 @@ TEST_F(Platform, ExceptionsRunDestructorsOnTheWay) {
         const Counter outer{destroyed};
         const auto inner = [&] {
             const Counter counter{destroyed};
-            native::tell(colorClass(), "aMessageNobodyKnows");
+            native::tell("NSColor", "aMessageNobodyKnows");
         };
         inner();
     };

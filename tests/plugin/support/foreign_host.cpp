@@ -1,7 +1,8 @@
 #include "support/foreign_host.h"
 
+#include <algorithm>
 #include <cstring>
-#include <ostream>
+#include <utility>
 
 // What this host uses of the platform it runs on.
 extern "C" {
@@ -20,41 +21,47 @@ struct Cell {
     int references = 1;
     std::string className;
     REALclassDefinition* record = nullptr;
-    std::map<std::string, std::string> texts;
-    std::map<std::string, int> integers;
+    std::map<std::string, std::string> texts; // properties
+    int errorNumber = -1;
     std::vector<double> doubles;
     std::vector<REALobjectStruct*> objects;
     std::string bytes; // of a string, behind its prefix byte; of a memory block
     std::uint32_t encoding = 0;
+
+    template <class T>
+    T* value() {
+        return reinterpret_cast<T*>(seen);
+    }
+    template <class T>
+    void put(int offset, T field) {
+        std::memcpy(seen + offset, &field, sizeof field);
+    }
 };
 
+const char* const stringClass = "String";
+const char* const doublesClass = "Double()";
+
 // Never destroyed: what a partial host cannot give back stays reachable, and is not taken for a leak of the plugin.
-auto& objectCells = *new std::map<const void*, Cell*>;
-auto& stringCells = *new std::map<const void*, Cell*>;
+auto& cells = *new std::map<const void*, Cell*>;
 
-template <class T>
-void put(Cell* cell, int offset, T value) {
-    std::memcpy(cell->seen + offset, &value, sizeof value);
-}
+Cell* cellOf(const void* value) { return cells.at(value); }
 
-Cell* cellOf(const void* object) { return objectCells.at(object); }
-Cell* stringCell(const void* string) { return stringCells.at(string); }
-
-Cell* newObject(const std::string& className) {
+Cell* newCell(const std::string& className) {
     auto* cell = new Cell;
     cell->className = className;
-    objectCells[cell->seen] = cell;
+    cells[cell->seen] = cell;
     return cell;
 }
 
-void showContents(Cell* cell) {
-    const bool shown = Host::instance().givesElements && !cell->doubles.empty();
-    put<const double*>(cell, REALarrayElementsOffset, shown ? cell->doubles.data() : nullptr);
+int liveCells(bool strings) {
+    return static_cast<int>(std::count_if(
+        cells.begin(), cells.end(), [&](const auto& entry) { return (entry.second->className == stringClass) == strings; }));
 }
 
-void showBlock(Cell* cell) {
-    put<std::int32_t>(cell, REALmemoryBlockSizeOffset, static_cast<std::int32_t>(cell->bytes.size()));
-    put<char*>(cell, REALmemoryBlockBytesOffset, Host::instance().showsBlockBytes ? cell->bytes.data() : nullptr);
+const void* visible(const void* storage) { return Host::instance().showsStorage ? storage : nullptr; }
+
+void showDoubles(Cell* cell) {
+    cell->put(REALarrayElementsOffset, visible(cell->doubles.empty() ? nullptr : cell->doubles.data()));
 }
 
 REALclassDefinition* recordOf(const std::string& className) {
@@ -63,24 +70,20 @@ REALclassDefinition* recordOf(const std::string& className) {
     return nullptr;
 }
 
-template <class Row, class RowLegacy, class Matches, class Pick>
-REALfunction findRow(const REALclassDefinition* record, Row* rows, REALword count, Matches matches, Pick pick) {
-    for (REALword i = 0; i < count; ++i) {
-        Row row = {};
-        if (record->version == 9)
-            std::memcpy(&row, reinterpret_cast<RowLegacy*>(rows) + i, sizeof(RowLegacy));
-        else
-            row = rows[i];
-        if (matches(row)) return pick(row);
+// The function of the row whose text is the wanted one. Legacy rows are the leading words of the current ones.
+template <class Legacy, class Row>
+REALfunction find(const REALclassDefinition* record, const Row* rows, REALword count, const std::string& wanted,
+                  const char* Row::*text, REALfunction Row::*function) {
+    const char* address = reinterpret_cast<const char*>(rows);
+    for (; count > 0; --count, address += record->version == 9 ? sizeof(Legacy) : sizeof(Row)) {
+        Row row;
+        std::memcpy(&row, address, sizeof(Legacy));
+        if (wanted == row.*text) return row.*function;
     }
     return nullptr;
 }
 
-// ---- The entries
-
-double hostVersion() { return Host::instance().version; }
-
-void announce(std::int32_t controlVersion) { Host::instance().calls.push_back("version " + std::to_string(controlVersion)); }
+// ---- Entries that take more than a line
 
 void registerClass(REALclassDefinition* record) {
     record->instanceDataOffset = REALinstanceDataOffset;
@@ -88,59 +91,26 @@ void registerClass(REALclassDefinition* record) {
     Host::instance().calls.push_back(std::string("class ") + record->name);
 }
 
-REALobjectStruct* newInstance(const char* className) {
-    REALclassDefinition* const record = recordOf(className);
-    if (!record && !Host::instance().exceptionClasses.count(className)) return nullptr;
-    Cell* const cell = newObject(className);
-    cell->record = record;
-    if (record) bound<void(REALobjectStruct*)>(record->constructor)(object(cell->seen));
-    return object(cell->seen);
-}
-
-void lockObject(REALobjectStruct* value) { ++cellOf(value)->references; }
-
-void unlockObject(REALobjectStruct* value) {
-    Cell* const cell = cellOf(value);
-    if (--cell->references > 0) return;
-    if (cell->record) bound<void(REALobjectStruct*)>(cell->record->destructor)(value);
-    for (auto* element : cell->objects)
-        if (element) unlockObject(element);
-    objectCells.erase(value);
-    delete cell;
-}
-
-void raiseException(REALobjectStruct* exception) {
+void raise(REALobjectStruct* exception) {
     Cell* const cell = cellOf(exception);
-    const auto number = cell->integers.find("ErrorNumber");
-    Host::instance().raised.push_back(
-        {cell->className, cell->texts["Message"], number == cell->integers.end() ? -1 : number->second});
+    Host::instance().raised.emplace_back(cell->className, cell->texts["Message"], cell->errorNumber);
 }
 
-void setString(REALobjectStruct* object, const char* property, REALstringStruct* value) {
-    cellOf(object)->texts[property] = bytesOf(value);
-}
-
-HostBoolean getString(REALobjectStruct* object, const char* property, REALstringStruct** value) {
-    const auto text = cellOf(object)->texts.find(property);
-    if (text == cellOf(object)->texts.end()) return false;
+HostBoolean getText(REALobjectStruct* object, const char* property, REALstringStruct** value) {
+    const auto& texts = cellOf(object)->texts;
+    const auto text = texts.find(property);
+    if (text == texts.end()) return false;
     *value = string(text->second);
     return true;
 }
 
-HostBoolean objectIsA(REALobjectStruct* object, const char* className) { return cellOf(object)->className == className; }
-
-void setInteger(REALobjectStruct* object, const char* property, std::int32_t value) {
-    cellOf(object)->integers[property] = value;
-}
-
 REALstringStruct* build(const void* bytes, std::int32_t length, std::uint32_t encoding) {
-    auto* cell = new Cell;
+    Cell* const cell = newCell(stringClass);
     cell->bytes.assign(1, '\0').append(static_cast<const char*>(bytes), static_cast<std::size_t>(length));
     cell->encoding = encoding;
-    put<const char*>(cell, REALstringBufferOffset, cell->bytes.data());
-    put<std::int32_t>(cell, REALstringLengthOffset, length);
-    stringCells[cell->seen] = cell;
-    return reinterpret_cast<REALstringStruct*>(cell->seen);
+    cell->put<const char*>(REALstringBufferOffset, cell->bytes.data());
+    cell->put(REALstringLengthOffset, length);
+    return cell->value<REALstringStruct>();
 }
 
 REALstringStruct* buildString(const void* bytes, std::int32_t length) {
@@ -148,19 +118,7 @@ REALstringStruct* buildString(const void* bytes, std::int32_t length) {
     return build(bytes, length, kUnknown);
 }
 
-std::uint32_t getEncoding(REALstringStruct* value) { return stringCell(value)->encoding; }
-void setEncoding(REALstringStruct* value, std::uint32_t encoding) { stringCell(value)->encoding = encoding; }
-void lockString(REALstringStruct* value) { ++stringCell(value)->references; }
-
-void unlockString(REALstringStruct* value) {
-    Cell* const cell = stringCell(value);
-    if (--cell->references > 0) return;
-    stringCells.erase(value);
-    delete cell;
-}
-
-const void* cfString(REALstringStruct* value, std::int32_t) {
-    if (!Host::instance().givesCFStrings) return nullptr;
+const void* newCFString(REALstringStruct* value) {
     const std::string bytes = bytesOf(value);
     return CFStringCreateWithBytes(nullptr, reinterpret_cast<const std::uint8_t*>(bytes.data()),
                                    static_cast<std::intptr_t>(bytes.size()), encodingOf(value), 0);
@@ -168,36 +126,24 @@ const void* cfString(REALstringStruct* value, std::int32_t) {
 
 // Converts to UTF-8, all that the plugin asks for.
 REALstringStruct* convert(REALstringStruct* value, std::uint32_t encoding) {
-    if (!value) return nullptr;
-    const std::string bytes = bytesOf(value);
-    const void* const text = CFStringCreateWithBytes(nullptr, reinterpret_cast<const std::uint8_t*>(bytes.data()),
-                                                     static_cast<std::intptr_t>(bytes.size()), encodingOf(value), 0);
+    const void* const text = value ? newCFString(value) : nullptr;
     if (!text) return nullptr;
     std::string converted(static_cast<std::size_t>(4 * CFStringGetLength(text) + 1), '\0');
     const bool fits = CFStringGetCString(text, converted.data(), static_cast<std::intptr_t>(converted.size()), encoding);
     CFRelease(text);
-    return fits ? build(converted.data(), static_cast<std::int32_t>(std::strlen(converted.data())), encoding) : nullptr;
-}
-
-void* newArray(std::int32_t elementType, std::int32_t) {
-    return newObject(elementType == REALarrayOfDoubles ? "Double()" : "Object()")->seen;
-}
-
-std::int32_t upperBound(void* array) {
-    Cell* const cell = cellOf(array);
-    return static_cast<std::int32_t>(cell->doubles.size() + cell->objects.size()) - 1;
+    return fits ? string(converted.c_str(), encoding) : nullptr;
 }
 
 void insertDouble(void* array, std::int32_t index, double value) {
     Cell* const cell = cellOf(array);
     cell->doubles.insert(cell->doubles.begin() + index, value);
-    showContents(cell);
+    showDoubles(cell);
 }
 
 void insertObject(void* array, std::int32_t index, REALobjectStruct* value) {
-    if (value) lockObject(value);
-    Cell* const cell = cellOf(array);
-    cell->objects.insert(cell->objects.begin() + index, value);
+    if (value) ++cellOf(value)->references;
+    auto& objects = cellOf(array)->objects;
+    objects.insert(objects.begin() + index, value);
 }
 
 double getDouble(void* array, std::int32_t index) { return cellOf(array)->doubles.at(static_cast<std::size_t>(index)); }
@@ -206,71 +152,76 @@ REALarrayInsertDoubleProc doubleInserter(void*) { return Host::instance().givesP
 REALarrayInsertObjectProc objectInserter(void*) { return Host::instance().givesProcedures ? insertObject : nullptr; }
 REALarrayGetDoubleProc doubleGetter(void*) { return Host::instance().givesProcedures ? getDouble : nullptr; }
 
+// The older name serves arrays of both kinds.
 void* anyInserter(void* array) {
-    if (!Host::instance().givesProcedures) return nullptr;
-    return classOf(object(array)) == "Double()" ? reinterpret_cast<void*>(insertDouble)
-                                                : reinterpret_cast<void*>(insertObject);
+    return classOf(array) == doublesClass ? reinterpret_cast<void*>(doubleInserter(array))
+                                          : reinterpret_cast<void*>(objectInserter(array));
 }
 
 REALmemoryBlockStruct* newBlock(std::int32_t size) {
-    if (!Host::instance().makesMemoryBlocks) return nullptr;
-    Cell* const cell = newObject("MemoryBlock");
-    cell->bytes.assign(static_cast<std::size_t>(size), '\0');
-    showBlock(cell);
-    return reinterpret_cast<REALmemoryBlockStruct*>(cell->seen);
+    return Host::instance().makesMemoryBlocks ? block(std::string(static_cast<std::size_t>(size), '\0')) : nullptr;
 }
 
-void* blockPointer(REALmemoryBlockStruct* value) {
-    return Host::instance().showsBlockBytes ? cellOf(value)->bytes.data() : nullptr;
-}
-std::int32_t blockSize(REALmemoryBlockStruct* value) { return static_cast<std::int32_t>(cellOf(value)->bytes.size()); }
+void setNumber(REALobjectStruct* object, const char*, std::int32_t value) { cellOf(object)->errorNumber = value; }
 
-template <class Function>
-void* address(Function* function) {
+// An entry's address, its function checked against the type that the ABI gives it.
+template <class Procedure>
+void* entry(Procedure function) {
     return reinterpret_cast<void*>(function);
 }
 
 const std::map<std::string, void*>& entries() {
     static const std::map<std::string, void*> table = {
-        {"REALGetRBVersion", address(hostVersion)},
-        {"RegisterPluginVersion", address(announce)},
-        {"PluginRegisterClass", address(registerClass)},
-        {"PluginNewInstance", address(newInstance)},
-        {"REALLockObject", address(lockObject)},
-        {"REALUnlockObject", address(unlockObject)},
-        {"RuntimeRaiseException", address(raiseException)},
-        {"REALSetPropValueString", address(setString)},
-        {"REALSetPropValueInteger", address(setInteger)},
-        {"REALSetPropValueInt", address(setInteger)},
-        {"REALGetPropValueString", address(getString)},
-        {"ChromaObjectIsA", address(objectIsA)},
-        {"REALBuildString", address(buildString)},
-        {"REALBuildStringWithEncoding", address(build)},
-        {"REALGetStringEncoding", address(getEncoding)},
-        {"REALSetStringEncoding", address(setEncoding)},
-        {"REALConvertString", address(convert)},
-        {"REALLockString", address(lockString)},
-        {"REALUnlockString", address(unlockString)},
-        {"REALGetStringCFString", address(cfString)},
-        {"RuntimeArrayCreateSingleDimBoundedArray", address(newArray)},
-        {"RuntimeUBound", address(upperBound)},
-        {"PluginDoubleArrayInsertProc", address(doubleInserter)},
-        {"PluginObjectArrayInsertProc", address(objectInserter)},
-        {"PluginDoubleArrayGetProc", address(doubleGetter)},
-        {"RuntimeArrayDirectGetInsertProc", address(anyInserter)},
-        {"RuntimeArrayDirectGetGetProc", address(doubleGetter)},
-        {"newMemoryBlock", address(newBlock)},
-        {"memoryBlockGetPtr", address(blockPointer)},
-        {"memoryBlockGetSize", address(blockSize)},
+        {"REALGetRBVersion", entry<REALGetRBVersionProc>([] { return Host::instance().version; })},
+        {"RegisterPluginVersion", entry<RegisterPluginVersionProc>([](std::int32_t controlVersion) {
+             Host::instance().calls.push_back("version " + std::to_string(controlVersion));
+         })},
+        {"PluginRegisterClass", entry<PluginRegisterClassProc>(registerClass)},
+        {"PluginNewInstance", entry<PluginNewInstanceProc>(make)},
+        {"REALLockObject", entry<REALLockObjectProc>([](auto* object) { ++cellOf(object)->references; })},
+        {"REALUnlockObject", entry<REALUnlockObjectProc>([](auto* object) { unlock(object); })},
+        {"RuntimeRaiseException", entry<RuntimeRaiseExceptionProc>(raise)},
+        {"REALSetPropValueString", entry<REALSetPropValueStringProc>([](auto* object, const char* property, auto* value) {
+             cellOf(object)->texts[property] = bytesOf(value);
+         })},
+        {"REALSetPropValueInteger", entry<REALSetPropValueIntegerProc>(setNumber)},
+        {"REALSetPropValueInt", entry<REALSetPropValueIntegerProc>(setNumber)},
+        {"REALGetPropValueString", entry<REALGetPropValueStringProc>(getText)},
+        {"ChromaObjectIsA", entry<ChromaObjectIsAProc>([](auto* object, const char* className) -> HostBoolean {
+             return classOf(object) == className;
+         })},
+        {"REALBuildString", entry<REALBuildStringProc>(buildString)},
+        {"REALBuildStringWithEncoding", entry<REALBuildStringWithEncodingProc>(build)},
+        {"REALGetStringEncoding", entry<REALGetStringEncodingProc>(encodingOf)},
+        {"REALSetStringEncoding",
+         entry<REALSetStringEncodingProc>([](auto* value, std::uint32_t encoding) { cellOf(value)->encoding = encoding; })},
+        {"REALConvertString", entry<REALConvertStringProc>(convert)},
+        {"REALLockString", entry<REALLockStringProc>([](auto* value) { ++cellOf(value)->references; })},
+        {"REALUnlockString", entry<REALUnlockStringProc>([](auto* value) { unlock(value); })},
+        {"REALGetStringCFString", entry<REALGetStringCFStringProc>([](auto* value, std::int32_t) {
+             return Host::instance().givesCFStrings ? newCFString(value) : nullptr;
+         })},
+        {"RuntimeArrayCreateSingleDimBoundedArray", entry<RuntimeArrayCreateProc>([](std::int32_t type, std::int32_t) {
+             return newCell(type == REALarrayOfDoubles ? doublesClass : "Object()")->value<void>();
+         })},
+        {"RuntimeUBound", entry<RuntimeUBoundProc>([](void* array) {
+             return static_cast<std::int32_t>(cellOf(array)->doubles.size() + cellOf(array)->objects.size()) - 1;
+         })},
+        {"PluginDoubleArrayInsertProc", entry<PluginDoubleArrayInsertProc>(doubleInserter)},
+        {"PluginObjectArrayInsertProc", entry<PluginObjectArrayInsertProc>(objectInserter)},
+        {"PluginDoubleArrayGetProc", entry<PluginDoubleArrayGetProc>(doubleGetter)},
+        {"RuntimeArrayDirectGetInsertProc", entry(anyInserter)},
+        {"RuntimeArrayDirectGetGetProc", entry<PluginDoubleArrayGetProc>(doubleGetter)},
+        {"newMemoryBlock", entry<NewMemoryBlockProc>(newBlock)},
+        {"memoryBlockGetPtr",
+         entry<MemoryBlockGetPtrProc>([](auto* value) { return const_cast<void*>(visible(cellOf(value)->bytes.data())); })},
+        {"memoryBlockGetSize",
+         entry<MemoryBlockGetSizeProc>([](auto* value) { return static_cast<std::int32_t>(cellOf(value)->bytes.size()); })},
     };
     return table;
 }
 
 } // namespace
-
-void PrintTo(const Raised& raised, std::ostream* out) {
-    *out << raised.className << " \"" << raised.message << "\" " << raised.errorNumber;
-}
 
 Host& Host::instance() {
     static Host host;
@@ -278,85 +229,83 @@ Host& Host::instance() {
 }
 
 void* Host::resolve(const char* entryName) {
-    Host& host = instance();
-    ++host.asked[entryName];
-    const auto entry = entries().find(entryName);
-    return entry == entries().end() || host.missing.count(entryName) ? nullptr : entry->second;
+    ++instance().asked[entryName];
+    const auto found = entries().find(entryName);
+    return found == entries().end() || instance().missing.count(entryName) ? nullptr : found->second;
 }
 
-std::vector<Raised> Host::takeRaised() {
-    std::vector<Raised> taken;
-    taken.swap(raised);
-    return taken;
+std::vector<Raised> Host::takeRaised() { return std::exchange(raised, {}); }
+
+int Host::liveObjects() { return liveCells(false); }
+int Host::liveStrings() { return liveCells(true); }
+
+int references(const void* value) { return cellOf(value)->references; }
+
+void unlock(const void* value) {
+    Cell* const cell = cellOf(value);
+    if (--cell->references > 0) return;
+    if (cell->record) bound<void(REALobjectStruct*)>(cell->record->destructor)(cell->value<REALobjectStruct>());
+    for (auto* element : cell->objects)
+        if (element) unlock(element);
+    cells.erase(value);
+    delete cell;
 }
 
-int Host::liveObjects() { return static_cast<int>(objectCells.size()); }
-int Host::liveStrings() { return static_cast<int>(stringCells.size()); }
+REALobjectStruct* make(const char* className) {
+    REALclassDefinition* const record = recordOf(className);
+    if (!record && !Host::instance().plainClasses.count(className)) return nullptr;
+    Cell* const cell = newCell(className);
+    cell->record = record;
+    auto* const object = cell->value<REALobjectStruct>();
+    if (record) bound<void(REALobjectStruct*)>(record->constructor)(object);
+    return object;
+}
 
-REALobjectStruct* make(const char* className) { return newInstance(className); }
-int references(REALobjectStruct* value) { return cellOf(value)->references; }
-void lock(REALobjectStruct* value) { lockObject(value); }
-void unlock(REALobjectStruct* value) { unlockObject(value); }
-std::string classOf(REALobjectStruct* value) { return cellOf(value)->className; }
+REALobjectStruct* plain(const char* className, const std::map<std::string, std::string>& properties) {
+    Cell* const cell = newCell(className);
+    cell->texts = properties;
+    return cell->value<REALobjectStruct>();
+}
+
+std::string classOf(const void* object) { return cellOf(object)->className; }
 
 REALfunction method(const char* className, const std::string& declaration) {
     const REALclassDefinition* const record = recordOf(className);
-    return findRow<REALmethodDefinition, REALmethodDefinitionLegacy>(
-        record, record->methods, record->methodCount, [&](auto& row) { return declaration == row.declaration; },
-        [](auto& row) { return row.function; });
+    return find<REALmethodDefinitionLegacy>(record, record->methods, record->methodCount, declaration,
+                                            &REALmethodDefinition::declaration, &REALmethodDefinition::function);
 }
 
 REALfunction getter(const char* className, const std::string& property) {
     const REALclassDefinition* const record = recordOf(className);
-    return findRow<REALproperty, REALpropertyLegacy>(
-        record, record->properties, record->propertyCount, [&](auto& row) { return property == row.name; },
-        [](auto& row) { return row.getter; });
+    return find<REALpropertyLegacy>(record, record->properties, record->propertyCount, property, &REALproperty::name,
+                                    &REALproperty::getter);
 }
 
 REALstringStruct* string(const std::string& bytes, std::uint32_t encoding) {
     return build(bytes.data(), static_cast<std::int32_t>(bytes.size()), encoding);
 }
-std::string bytesOf(REALstringStruct* value) { return value ? stringCell(value)->bytes.substr(1) : ""; }
-std::uint32_t encodingOf(REALstringStruct* value) { return value ? stringCell(value)->encoding : 0; }
-int references(REALstringStruct* value) { return stringCell(value)->references; }
-void unlock(REALstringStruct* value) { unlockString(value); }
+std::string bytesOf(REALstringStruct* value) { return value ? cellOf(value)->bytes.substr(1) : ""; }
+std::uint32_t encodingOf(REALstringStruct* value) { return value ? cellOf(value)->encoding : 0; }
 
-std::string take(REALstringStruct* value) {
-    const std::string text = bytesOf(value);
-    if (value) unlockString(value);
-    return text;
-}
+std::string take(REALstringStruct* value) { return bytesOf(Owned(value)); }
 
 REALarrayDouble* doubles(const std::vector<double>& values) {
-    Cell* const cell = newObject("Double()");
+    Cell* const cell = newCell(doublesClass);
     cell->doubles = values;
-    showContents(cell);
-    return reinterpret_cast<REALarrayDouble*>(cell->seen);
+    showDoubles(cell);
+    return cell->value<REALarrayDouble>();
 }
 
-std::vector<double> valuesOf(REALarrayDouble* array) { return cellOf(array)->doubles; }
-
-std::vector<double> take(REALarrayDouble* array) {
-    const auto values = valuesOf(array);
-    unlockObject(object(array));
-    return values;
-}
-
+std::vector<double> take(REALarrayDouble* array) { return cellOf(Owned(array))->doubles; }
 std::vector<REALobjectStruct*> objectsOf(void* array) { return cellOf(array)->objects; }
 
 REALmemoryBlockStruct* block(const std::string& bytes) {
-    Cell* const cell = newObject("MemoryBlock");
+    Cell* const cell = newCell("MemoryBlock");
     cell->bytes = bytes;
-    showBlock(cell);
-    return reinterpret_cast<REALmemoryBlockStruct*>(cell->seen);
+    cell->put(REALmemoryBlockSizeOffset, static_cast<std::int32_t>(bytes.size()));
+    cell->put(REALmemoryBlockBytesOffset, visible(cell->bytes.data()));
+    return cell->value<REALmemoryBlockStruct>();
 }
-
-REALfolderItemStruct* folderItem(const std::map<std::string, std::string>& properties) {
-    Cell* const cell = newObject("FolderItem");
-    cell->texts = properties;
-    return reinterpret_cast<REALfolderItemStruct*>(cell->seen);
-}
-
 std::string bytesOf(REALmemoryBlockStruct* value) { return cellOf(value)->bytes; }
 
 } // namespace foreign

@@ -8,6 +8,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace foreign {
@@ -15,14 +16,8 @@ namespace foreign {
 constexpr std::uint32_t kUTF8 = 0x08000100, kUTF16 = 0x0100, kUTF32 = 0x0C000100, kLatin1 = 0x0201, kASCII = 0x0600,
                         kMacRoman = 0, kUnknown = 0xFFFF;
 
-struct Raised {
-    std::string className, message;
-    int errorNumber;
-    bool operator==(const Raised& other) const {
-        return className == other.className && message == other.message && errorNumber == other.errorNumber;
-    }
-};
-void PrintTo(const Raised& raised, std::ostream* out);
+// Class, "Message" and "ErrorNumber" (-1: never set) of an exception.
+using Raised = std::tuple<std::string, std::string, int>;
 
 // Process-wide, since entries are plain functions. Each test runs in a process of its own.
 struct Host {
@@ -31,14 +26,14 @@ struct Host {
     std::map<std::string, int> asked;          // how often the resolver was asked, by entry
     std::vector<std::string> calls;            // announcements and registrations, in order
     std::vector<REALclassDefinition*> records; // as received
-    std::set<std::string> exceptionClasses{"RuntimeException",     "OutOfBoundsException",
-                                           "OutOfMemoryException", "UnsupportedOperationException",
-                                           "IllegalCastException", "NSExceptionZRX"};
-    std::vector<Raised> raised;  // since the last takeRaised
-    bool givesCFStrings = true;  // whether REALGetStringCFString answers
-    bool givesProcedures = true; // whether array procedure getters answer
-    bool givesElements = true;   // whether double arrays expose their storage
-    bool makesMemoryBlocks = true, showsBlockBytes = true;
+    std::set<std::string> plainClasses{"RuntimeException",   "OutOfBoundsException", "OutOfMemoryException",
+                                       "NilObjectException", "IllegalCastException", "UnsupportedOperationException",
+                                       "NSExceptionZRX"}; // without a record
+    std::vector<Raised> raised;                           // since the last takeRaised
+    bool givesCFStrings = true;                           // whether REALGetStringCFString answers
+    bool givesProcedures = true;                          // whether array procedure getters answer
+    bool showsStorage = true; // whether double arrays and memory blocks tell where their contents are
+    bool makesMemoryBlocks = true;
     std::function<void()> onBuildString; // runs inside REALBuildString; may throw
 
     static Host& instance();
@@ -52,12 +47,34 @@ struct Host {
     static int liveStrings();
 };
 
-// Objects. `make` answers a new instance with one reference, its class constructor run.
+// Values of every kind: objects, arrays, memory blocks, strings.
+int references(const void* value);
+void unlock(const void* value);
+
+// A value with one reference that ends with this; may be null.
+template <class T>
+class Owned {
+public:
+    Owned(T* value) : value_(value) {}
+    ~Owned() {
+        if (value_) unlock(value_);
+    }
+    Owned(const Owned&) = delete;
+    Owned& operator=(const Owned&) = delete;
+    T* get() const { return value_; }
+    operator T*() const { return value_; }
+
+private:
+    T* value_;
+};
+template <class T>
+Owned(T*) -> Owned<T>;
+
+// Objects. `make` answers a new instance with one reference, its class constructor run; `plain` one with string properties, of a
+// class without a record.
 REALobjectStruct* make(const char* className);
-int references(REALobjectStruct* object);
-void lock(REALobjectStruct* object);
-void unlock(REALobjectStruct* object);
-std::string classOf(REALobjectStruct* object);
+REALobjectStruct* plain(const char* className, const std::map<std::string, std::string>& properties);
+std::string classOf(const void* object);
 
 // A function from a registered record, in either layout, by its declaration or its property name; null when there is none.
 REALfunction method(const char* className, const std::string& declaration);
@@ -73,23 +90,12 @@ REALstringStruct* string(const std::string& bytes, std::uint32_t encoding = kUTF
 std::string bytesOf(REALstringStruct* string);
 std::uint32_t encodingOf(REALstringStruct* string);
 std::string take(REALstringStruct* string);
-int references(REALstringStruct* string);
-void unlock(REALstringStruct* string);
 
-// Arrays and memory blocks: contents of an existing one; unlock as objects.
+// Arrays and memory blocks: new ones, and the contents of existing ones.
 REALarrayDouble* doubles(const std::vector<double>& values);
-std::vector<double> valuesOf(REALarrayDouble* array);
-std::vector<double> take(REALarrayDouble* array);
+std::vector<double> take(REALarrayDouble* array); // gives it up
 std::vector<REALobjectStruct*> objectsOf(void* array);
 REALmemoryBlockStruct* block(const std::string& bytes);
 std::string bytesOf(REALmemoryBlockStruct* block);
-
-// A file with the given string properties; unlock as an object.
-REALfolderItemStruct* folderItem(const std::map<std::string, std::string>& properties);
-
-template <class T>
-REALobjectStruct* object(T* value) {
-    return reinterpret_cast<REALobjectStruct*>(value);
-}
 
 } // namespace foreign

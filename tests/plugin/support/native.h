@@ -1,13 +1,13 @@
 // The platform's side of the tests: messages, replaced methods, and a stand-in for the sibling plugin.
 #pragma once
 
+#include "support/foreign_host.h"
+
 #include "platform/corefoundation.h"
 #include "platform/guard.h"
 #include "platform/objc.h"
-#include "platform/selectors.h"
 
 #include <string>
-#include <type_traits>
 
 namespace native {
 
@@ -21,58 +21,78 @@ CFMutableDictionaryRef CFDictionaryCreateMutable(CFAllocatorRef, CFIndex capacit
 CFIndex CFDictionaryGetCount(CFMutableDictionaryRef);
 }
 
-// Sends a message that the plugin itself does not send.
+// Sends a message by its name.
 template <class R = id, class... Arguments>
 R tell(id receiver, const char* selector, Arguments... arguments) {
     Selector message{selector};
     return send<R>(receiver, message, arguments...);
 }
+template <class R = id, class... Arguments>
+R tell(const char* className, const char* selector, Arguments... arguments) {
+    return tell<R>(objc_getClass(className), selector, arguments...);
+}
 
-inline id classNamed(const char* name) { return objc_getClass(name); }
+// The class whose methods are the named class's own.
+inline id metaclass(const char* className) { return object_getClass(objc_getClass(className)); }
 inline NSUInteger retainCount(id object) { return tell<NSUInteger>(object, "retainCount"); }
 
 // A new string, which the caller releases.
-id string(const std::string& utf8);
-std::string textOf(id string);
+inline id string(const std::string& utf8) {
+    return CFStringCreateWithBytes(nullptr, reinterpret_cast<const std::uint8_t*>(utf8.data()),
+                                   static_cast<CFIndex>(utf8.size()), kCFStringEncodingUTF8, false);
+}
+
+inline std::string textOf(id string) {
+    std::string text(static_cast<std::size_t>(4 * CFStringGetLength(string) + 1), '\0');
+    CFStringGetCString(string, text.data(), static_cast<CFIndex>(text.size()), kCFStringEncodingUTF8);
+    return text.c_str();
+}
 
 // Throws a new autoreleased NSException.
-[[noreturn]] void raise(const char* name, const char* reason);
-
-// How the runtime writes a type down in a method's encoding.
-template <class T>
-constexpr char typeCode() {
-    if (std::is_void_v<T>) return 'v';
-    if (std::is_same_v<T, SEL>) return ':';
-    if (std::is_same_v<T, id>) return '@';
-    if (std::is_same_v<T, BOOL>) return 'C';
-    if (std::is_same_v<T, float>) return 'f';
-    if (std::is_same_v<T, double>) return 'd';
-    if (std::is_integral_v<T>) return std::is_signed_v<T> ? 'l' : 'L';
-    return '?'; // of pointers no one asks more
+[[noreturn]] inline void raise(const char* name, const char* reason) {
+    const id nameText = tell(string(name), "autorelease"), reasonText = tell(string(reason), "autorelease");
+    throwNative(tell("NSException", "exceptionWithName:reason:userInfo:", nameText, reasonText, id{}));
 }
 
 // Lets the class itself answer the selector with `method`.
 template <class Result, class... Arguments>
-void replace(id cls, const char* selector, Result (*method)(Arguments...)) {
-    const char types[] = {typeCode<Result>(), typeCode<Arguments>()..., '\0'};
+void replace(id cls, const char* selector, Result (*method)(id, SEL, Arguments...)) {
     const auto implementation = reinterpret_cast<IMP>(method);
-    // Where the class only inherits the method, some runtimes would replace its parent's.
-    if (!class_addMethod(cls, sel_registerName(selector), implementation, types))
-        class_replaceMethod(cls, sel_registerName(selector), implementation, types);
+    // Where the class only inherits the method, some runtimes would replace its parent's. No one reads the encoded types.
+    if (!class_addMethod(cls, sel_registerName(selector), implementation, "@@:"))
+        class_replaceMethod(cls, sel_registerName(selector), implementation, "@@:");
 }
 
-// Lets the instances of the object's class raise an NSException instead of answering.
-void failOn(id object, const char* selector);
-
-// The same for a class's own answers.
-void failOnClass(const char* className, const char* selector);
+// Lets the class raise an NSException instead of answering.
+inline void fail(id cls, const char* selector) {
+    replace(
+        cls, selector, +[](id, SEL) { raise("TestException", "made to fail"); });
+}
 
 // What the sibling plugin adds to NSException: the registry, and host exceptions of class "NSExceptionZRX" whose "Message" is
 // the reason. It counts what it was asked.
 struct Sibling {
-    static void install();
-    static CFMutableDictionaryRef registry();
-    static int registryRequests, preparations;
+    static inline int registryRequests = 0, preparations = 0;
+
+    static CFMutableDictionaryRef registry() {
+        static const CFMutableDictionaryRef dictionary = CFDictionaryCreateMutable(nullptr, 0, nullptr, nullptr);
+        return dictionary;
+    }
+
+    static void install() {
+        const id cls = metaclass("NSException");
+        replace(
+            cls, "PrepareNSExceptionZRX", +[](id, SEL) { ++preparations; });
+        replace(
+            cls, "GetInstancesDictionaryZRX", +[](id, SEL) {
+                ++registryRequests;
+                return registry();
+            });
+        replace(
+            cls, "NewNSExceptionZRX:", +[](id, SEL, id exception) {
+                return foreign::plain("NSExceptionZRX", {{"Message", textOf(tell(exception, "reason"))}});
+            });
+    }
 };
 
 } // namespace native

@@ -1,8 +1,6 @@
 // What the plugin's tests start from: an autorelease pool around each, and a balance of everything handed out at its end.
 #pragma once
 
-#include "support/faults.h"
-#include "support/foreign_host.h"
 #include "support/native.h"
 #include "support/platform_differences.h"
 
@@ -10,24 +8,28 @@
 
 extern "C" void REALPluginMain(REALresolver resolver);
 
+// Lets the n-th calloc from now on fail (1 is the next); 0 stops that. Answers whether one has failed since the last call.
+bool failAllocation(int n);
+
 class PluginTest : public ::testing::Test {
 protected:
     using Raised = foreign::Raised;
     using Difference = platform::Difference;
 
-    void SetUp() override { pool = native::tell(native::classNamed("NSAutoreleasePool"), "new"); }
+    void SetUp() override { pool = native::tell("NSAutoreleasePool", "new"); }
 
     void TearDown() override {
         native::tell<void>(pool, "drain");
         EXPECT_EQ(foreign::Host::liveObjects(), 0);
         EXPECT_EQ(foreign::Host::liveStrings(), 0);
-        EXPECT_EQ(host.takeRaised(), std::vector<Raised>{});
+        EXPECT_EQ(registered(), 0);
+        expectRaised({});
     }
 
     // Lets go of what was autoreleased so far.
     void drainPool() {
         native::tell<void>(pool, "drain");
-        pool = native::tell(native::classNamed("NSAutoreleasePool"), "new");
+        pool = native::tell("NSAutoreleasePool", "new");
     }
 
     // Loads the plugin into the test's host.
@@ -36,40 +38,35 @@ protected:
         REALPluginMain(foreign::Host::resolve);
     }
 
-    // The one exception raised since the last look.
-    Raised raisedOne() {
+    // Entries of the stand-in sibling's registry.
+    static chroma::CFIndex registered() { return native::CFDictionaryGetCount(native::Sibling::registry()); }
+
+    // What was raised since the last look is exactly this.
+    void expectRaised(const std::vector<Raised>& expected) { EXPECT_EQ(host.takeRaised(), expected); }
+
+    // One exception of the platform was told to host code since the last look; each part is in its message.
+    void expectPlatformException(std::initializer_list<std::string> parts = {}) {
         const auto raised = host.takeRaised();
-        EXPECT_EQ(raised.size(), 1U);
-        return raised.empty() ? Raised{} : raised[0];
+        ASSERT_EQ(raised.size(), 1U);
+        const auto& [className, message, number] = raised[0];
+        EXPECT_EQ(className, hostException) << message;
+        for (const std::string& part : parts)
+            EXPECT_NE(message.find(part), std::string::npos) << message;
     }
 
-    // An exception of the platform was told to host code.
-    void expectPlatformException() { EXPECT_EQ(raisedOne().className, "NSExceptionZRX"); }
-
-    // A message that nobody answers was told to host code. GNUstep has a second wording, for selectors that other classes answer.
-    void expectUnrecognized(const std::string& message) {
-        const Raised raised = raisedOne();
-        const bool isNamed = raised.message.find(message + "]: unrecognized selector") != std::string::npos ||
-                             raised.message.find("does not recognize " + message) != std::string::npos;
-        EXPECT_TRUE(isNamed) << raised.message;
-    }
-
+    // The class of the host exceptions that the platform's become.
+    const char* hostException = "RuntimeException";
     foreign::Host& host = foreign::Host::instance();
     chroma::id pool = nullptr;
 };
 
-// With a stand-in for the sibling plugin, whose registry must be empty again at the end.
+// With a stand-in for the sibling plugin.
 class SiblingTest : public PluginTest {
 protected:
     void SetUp() override {
         PluginTest::SetUp();
         native::Sibling::install();
+        hostException = "NSExceptionZRX";
         start();
     }
-    void TearDown() override {
-        EXPECT_EQ(registered(), 0);
-        PluginTest::TearDown();
-    }
-
-    static chroma::CFIndex registered() { return native::CFDictionaryGetCount(native::Sibling::registry()); }
 };
