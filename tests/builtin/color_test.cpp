@@ -1,4 +1,4 @@
-// Colours: who answers what, names, descriptions, patterns, the named colours, the pasteboard.
+// Colours: who answers what, names, descriptions, patterns, the named colours.
 #include "support/native.h"
 
 #include <cmath>
@@ -8,7 +8,6 @@ using namespace chroma;
 using namespace chroma::test;
 
 using Colors = PlatformTest;
-using Pasteboard = PlatformTest;
 
 namespace {
 
@@ -65,6 +64,17 @@ TEST_F(Colors, RefuseWhatTheirKindDoesNotHave) {
     EXPECT_TRUE(refuses([&] { send<void>(red, "getWhite:alpha:", out, out); }));
     EXPECT_TRUE(refuses([&] { send<void>(catalog, "getComponents:", out); }));
     EXPECT_TRUE(refuses([&] { patternOf(string("no image")); }));
+    const id space = standardSpace("genericGrayColorSpace");
+    const auto fromHue = [](id any) {
+        return color("colorWithColorSpace:hue:saturation:brightness:alpha:", any, 1 / 3.f, 1.f, 1.f, 0.5f);
+    };
+    EXPECT_TRUE(refuses([&] { colorIn(space, {1}); }));
+    EXPECT_TRUE(refuses([&] { colorIn(space, {1, 1, 1}); }));
+    EXPECT_TRUE(refuses([&] { colorIn(nullptr, {1, 1}); }));
+    EXPECT_TRUE(refuses([&] { colorIn(red, {1, 1}); }));
+    EXPECT_TRUE(refuses([&] { fromHue(space); }));
+    EXPECT_TRUE(refuses([&] { fromHue(nullptr); }));
+    expectNear(componentsOf(fromHue(standardSpace("adobeRGB1998ColorSpace"))), {0, 1, 0, 0.5f}, 1e-7);
     EXPECT_EQ(patternOf(nullptr), nullptr);
     const std::pair<id, std::vector<const char*>> lacking[] = {
         {catalog, {"numberOfComponents", "colorSpace", "patternImage"}},
@@ -75,17 +85,6 @@ TEST_F(Colors, RefuseWhatTheirKindDoesNotHave) {
             EXPECT_TRUE(refuses([&, color = color] { send(color, message); })) << textOf(color) << " " << message;
         }
     }
-}
-
-TEST_F(Colors, ReadOutInOneGoAndSkipNullOutputs) {
-    float* const none = nullptr;
-    float a = 9, b = 9, c = 9;
-    send<void>(calibratedRGB(0.25f, 0.5f, 0.75f, 0.125f), "getRed:green:blue:alpha:", &a, none, &b, &c);
-    EXPECT_EQ(std::vector({a, b, c}), std::vector({0.25f, 0.75f, 0.125f}));
-    send<void>(calibratedWhite(0.25f, 0.5f), "getWhite:alpha:", none, &a);
-    EXPECT_EQ(a, 0.5f);
-    send<void>(deviceCMYK(0.1f, 0.2f, 0.3f, 0.4f, 0.5f), "getCyan:magenta:yellow:black:alpha:", none, &a, none, &b, &c);
-    EXPECT_EQ(std::vector({a, b, c}), std::vector({0.2f, 0.4f, 0.5f}));
 }
 
 TEST_F(Colors, AreDescribedByTheirSpaceAndShortestComponents) {
@@ -140,54 +139,4 @@ TEST_F(Colors, AreEqualWhenSpaceAndComponentsAre) {
     EXPECT_EQ(send(pattern, "patternImage"), tile);
     EXPECT_EQ(send<Size>(tile, "size").width, 8);
     EXPECT_EQ(send<Size>(tile, "size").height, 4);
-}
-
-TEST_F(Colors, AHandleLivesAsLongAsItsColor) {
-    const id color = send(calibratedRGB(1, 0.5f, 0), "retain");
-    const id handle = send(color, "CGColor");
-    pool.drain();
-    EXPECT_EQ(send(color, "CGColor"), handle);
-    EXPECT_EQ(builtin_liveInstances("CGColor"), 1u);
-    send<void>(color, "release");
-    EXPECT_EQ(builtin_liveInstances("CGColor"), 0u);
-}
-
-TEST_F(Colors, NamedOnesAreSingleObjects) {
-    const id header = color("headerColor");
-    EXPECT_EQ(header, color("headerColor"));
-    EXPECT_EQ(color("redColor"), color("redColor"));
-    for (const char* const prefix : {"c", "localizedC"}) {
-        EXPECT_EQ(textOf(send(header, (prefix + std::string("atalogNameComponent")).c_str())), "System");
-        EXPECT_EQ(textOf(send(header, (prefix + std::string("olorNameComponent")).c_str())), "headerColor");
-    }
-}
-
-TEST_F(Colors, TakeAsManyComponentsAsTheSpaceHasAndAlpha) {
-    const id grey = standardSpace("genericGrayColorSpace"), adobe = standardSpace("adobeRGB1998ColorSpace");
-    EXPECT_TRUE(refuses([&] { colorIn(grey, {1}); }));
-    EXPECT_TRUE(refuses([&] { colorIn(grey, {1, 1, 1}); }));
-    EXPECT_TRUE(refuses([&] { colorIn(nullptr, {1, 1}); }));
-    EXPECT_TRUE(refuses([&] { colorIn(string("no space"), {1, 1}); }));
-    const auto fromHue = [](id space) {
-        return color("colorWithColorSpace:hue:saturation:brightness:alpha:", space, 1 / 3.f, 1.f, 1.f, 0.5f);
-    };
-    EXPECT_EQ(send(fromHue(adobe), "colorSpace"), adobe);
-    expectNear(componentsOf(fromHue(adobe)), {0, 1, 0, 0.5f}, 1e-7);
-    EXPECT_TRUE(refuses([&] { fromHue(grey); }));
-    EXPECT_TRUE(refuses([&] { fromHue(nullptr); }));
-}
-
-TEST_F(Pasteboard, KeepsTheLatestColorOfAnyKind) {
-    const id pasteboard = sendClass("NSPasteboard", "generalPasteboard");
-    const auto pasted = [&] { return color("colorFromPasteboard:", pasteboard); };
-    EXPECT_EQ(pasted(), nullptr);
-    for (const id color : {calibratedRGB(0.1f, 2, -1, 0.5f), color("textColor"), deviceCMYK(0.1f, 0.2f, 0.3f, 0.4f, 0.5f),
-                           patternOf(image())}) {
-        send<void>(color, "writeToPasteboard:", pasteboard);
-        EXPECT_TRUE(isEqual(pasted(), color));
-    }
-    send<void>(pasteboard, "clearContents");
-    send<void>(color("redColor"), "writeToPasteboard:", id{});
-    EXPECT_EQ(pasted(), nullptr);
-    EXPECT_EQ(color("colorFromPasteboard:", id{}), nullptr);
 }

@@ -1,11 +1,10 @@
-// Conversions between colour spaces, against numbers that were calculated elsewhere from published matrices; the spaces themselves.
+// Conversions between colour spaces, against numbers that were calculated elsewhere from published matrices.
 #include "support/native.h"
 
 using namespace chroma;
 using namespace chroma::test;
 
 using Conversions = PlatformTest;
-using Spaces = PlatformTest;
 
 namespace {
 
@@ -112,44 +111,4 @@ TEST_F(Conversions, DerivedColorsMixInCalibratedRGB) {
         EXPECT_EQ(textOf(derived), description);
     EXPECT_EQ(send(pattern, "colorWithAlphaComponent:", 0.25f), pattern);
     EXPECT_TRUE(refuses([&] { blend(rgb, 0.5f, string("no colour")); }));
-}
-
-TEST_F(Spaces, NamedOnesAreSingleObjectsFoundByNameAndModel) {
-    const std::tuple<const char*, const char*, std::intptr_t, std::intptr_t> cases[] = {
-        {"genericRGBColorSpace", "Generic RGB Profile", 1, 3},
-        {"deviceGrayColorSpace", "Device Gray", 0, 1},
-        {"genericCMYKColorSpace", "Generic CMYK Profile", 2, 4}};
-    for (const auto& [message, name, model, channels] : cases) {
-        const id space = standardSpace(message);
-        EXPECT_EQ(space, standardSpace(message));
-        EXPECT_EQ(textOf(send(space, "localizedName")), name);
-        EXPECT_EQ(send<std::intptr_t>(space, "colorSpaceModel"), model);
-        EXPECT_EQ(send<std::intptr_t>(space, "numberOfColorComponents"), channels);
-    }
-    EXPECT_EQ(send(calibratedRGB(1, 0, 0), "colorSpace"), standardSpace("genericRGBColorSpace"));
-
-    const auto forName = [](id name) { return sendClass("NSColorSpace", "colorSpaceForColorSpaceName:", name); };
-    EXPECT_EQ(forName(NSCalibratedBlackColorSpace), standardSpace("genericGrayColorSpace"));
-    EXPECT_EQ(forName(string("NSDeviceCMYKColorSpace")), standardSpace("deviceCMYKColorSpace"));
-    EXPECT_EQ(forName(NSCustomColorSpace), nullptr);
-    EXPECT_EQ(forName(nullptr), nullptr);
-    for (const auto& [model, count] : {std::pair<std::intptr_t, std::uintptr_t>{0, 3}, {17, 0}}) {
-        const id spaces = sendClass("NSColorSpace", "availableColorSpacesWithModel:", model);
-        EXPECT_EQ(send<std::uintptr_t>(spaces, "count"), count);
-        for (std::uintptr_t index = 0; index < count; ++index) {
-            EXPECT_EQ(send<std::intptr_t>(send(spaces, "objectAtIndex:", index), "colorSpaceModel"), model);
-        }
-    }
-}
-
-TEST_F(Spaces, GoThroughTheirHandles) {
-    const id space = standardSpace("adobeRGB1998ColorSpace");
-    const id same = made("NSColorSpace", "initWithCGColorSpace:", send(space, "CGColorSpace"));
-    EXPECT_NE(same, space);
-    EXPECT_TRUE(isEqual(same, space));
-    EXPECT_EQ(textOf(send(same, "localizedName")), "Adobe RGB (1998)");
-    const id color = colorIn(space, {1, 0.5f, 0, 1});
-    EXPECT_EQ(send(color, "colorUsingColorSpace:", same), color);
-    for (const id wrong : {id{}, send(color, "CGColor"), id{color}})
-        EXPECT_EQ(made("NSColorSpace", "initWithCGColorSpace:", wrong), nullptr);
 }
