@@ -6,7 +6,9 @@
 #include "model/arrays.h"
 #include "model/platform.h"
 
+#include <new>
 #include <ostream>
+#include <stdexcept>
 
 namespace host::language {
 namespace {
@@ -39,10 +41,19 @@ auto withEnd(Offset offset, Body body, End end) {
     }
 }
 
+// Memory that runs out in the body is told to the program, which can go on without what it wanted.
 template <class Body>
 auto runKeeping(Frame& frame, Offset offset, Body body) {
     const Frame::Mark mark = frame.mark();
-    return withEnd(offset, body, [&frame, mark] { frame.release(mark); });
+    const auto allocating = [&] {
+        try {
+            return body();
+        } catch (const std::bad_alloc&) {
+        } catch (const std::length_error&) {
+        }
+        throwNew(offset, "OutOfMemoryException", "There is not enough memory.");
+    };
+    return withEnd(offset, allocating, [&frame, mark] { frame.release(mark); });
 }
 
 template <class Body>
