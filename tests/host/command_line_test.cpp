@@ -62,8 +62,7 @@ TEST(CommandLine, SaysWhatIsWrong) {
         {"records --plugin no.so", 1, "chromahost: cannot load the plugin no.so: "},
         {"run /no/such/file", 1, "/no/such/file: "},
         {"run --without REALLockObject --without newMemoryBlock /no/such/file", 1, "/no/such/file: "},
-        {"--help", 0, ""},
-    };
+        {"--help", 0, ""}};
     for (const auto& [arguments, exitCode, message] : cases) {
         const auto [code, output] = run(arguments);
         EXPECT_EQ(code, exitCode) << arguments;

@@ -10,8 +10,7 @@ TEST(Declarations, ReadParametersDefaultsAndConstantsOfEveryForm) {
          "f Space:NSColorSpaceZRX c:Double() byref n:Integer paramarray rest:String() NSColorZRX()"},
         {"writeToPasteboard", "writeToPasteboard "},
         {"close()", "close "},
-        {"_exception as NSExceptionZRX", "_exception NSExceptionZRX"},
-    };
+        {"_exception as NSExceptionZRX", "_exception NSExceptionZRX"}};
     for (const auto& [text, expected] : cases) {
         const Signature signature = parseSignature(text);
         std::string read = signature.name;
@@ -53,8 +52,7 @@ TEST(Declarations, SayWhatIsMalformedAndWhere) {
         {"f(a as double = 1.2.3)", "a malformed number at column 17"},
         {"f(a as integer = -)", "a malformed number at column 18"},
         {"f(a as string = \"x)", "text without its closing quote at column 17"},
-        {"f(a as color = &cFFFFFFFFF)", "a number too big at column 16"},
-    };
+        {"f(a as color = &cFFFFFFFFF)", "a number too big at column 16"}};
     for (const auto& [text, error] : cases)
         EXPECT_EQ(errorOf([text = text] { parseSignature(text); }), std::string(error) + " of \"" + text + "\"");
     for (const char* constant : {"a = ", "a"})

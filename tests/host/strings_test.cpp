@@ -50,8 +50,7 @@ TEST_F(Strings, ConvertBetweenEncodings) {
         {encoding::ascii, "plain", encoding::windowsLatin1, "plain"},
         {encoding::utf8, "\xE2\x82\xAC", encoding::ascii, ""},
         {encoding::utf8, "\xFF\xFE", encoding::utf16, ""},
-        {0x12345678, "abc", encoding::utf8, ""},
-    };
+        {0x12345678, "abc", encoding::utf8, ""}};
     for (const auto& [from, bytes, to, expected] : cases) {
         const Held converted(convertString(Held(newString(bytes, from)), to));
         EXPECT_EQ(bytesOf(converted), expected) << std::hex << from << " to " << to;

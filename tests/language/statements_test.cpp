@@ -254,29 +254,41 @@ End Try)");
 }
 
 TEST(Statements, ThatRaise) {
-    const std::pair<const char*, const char*> cases[] = {{"p.Number = 1", "NilObject"},
-                                                         {"Print p.description", "NilObject"},
-                                                         {"Print p.successor", "NilObject"},
-                                                         {"Print none(0)", "NilObject"},
-                                                         {"For Each d As Double In none : Next", "NilObject"},
-                                                         {"Dim texts() As String = Nil : Print Join(texts)", "NilObject"},
-                                                         {"Print v(-1)", "OutOfBounds"},
-                                                         {"v.Insert(3, 5)", "OutOfBounds"},
-                                                         {"ReDim v(-2)", "OutOfBounds"},
-                                                         {"Print Chr(&hD800)", "OutOfBounds"},
-                                                         {"Print Chr(-1)", "OutOfBounds"},
-                                                         {"Print Len(Repeat(\"abc\", 1000000000))", "OutOfMemory"},
-                                                         {"p = Probe.echo(\"text\")", "TypeMismatch"},
-                                                         {"v(0) = Probe.echo(\"text\")", "TypeMismatch"},
-                                                         {"p = Probe.echo(New MemoryBlock(1))", "IllegalCast"},
-                                                         {"For j As Integer = 1 To 2 Step UBound(v) - 1 : Next", "Runtime"}};
-    for (const auto& [statement, exception] : cases)
-        EXPECT_EQ(
-            runProgram(std::string("Dim none() As Double = Probe.echo(Nil)\nDim p As Probe\nDim v(1) As Double\nTry\n") +
-                       statement + "\nCatch e As RuntimeException\nPrint e\nEnd Try")
-                .output,
-            exception + std::string("Exception\n"))
-            << statement;
+    const std::pair<const char*, const char*> cases[] = {
+        {"p.Number = 1", "NilObjectException: A member of Nil was used."},
+        {"Print p.description", "NilObjectException: A member of Nil was used."},
+        {"Print p.successor", "NilObjectException: A member of Nil was used."},
+        {"Print none(0)", "NilObjectException: An array that is Nil was used."},
+        {"For Each d As Double In none : Next", "NilObjectException: "},
+        {"Dim texts() As String = Nil : Print Join(texts)", "NilObjectException: "},
+        {"Print v(-1)", "OutOfBoundsException: The index -1 is outside the range 0 to 1."},
+        {"v.Insert(3, 5)", "OutOfBoundsException: "},
+        {"ReDim v(-2)", "OutOfBoundsException: "},
+        {"Print Chr(&hD800)", "OutOfBoundsException: "},
+        {"Print Chr(-1)", "OutOfBoundsException: "},
+        {"Print Len(Repeat(\"abc\", 1000000000))", "OutOfMemoryException: "},
+        {"For j As Integer = 1 To 2 Step UBound(v) - 1 : Next", "RuntimeException: "},
+        {"p = Probe.echo(\"text\")", "TypeMismatchException: The variant holds String, not Probe."},
+        {"v(0) = Probe.echo(\"text\")", "TypeMismatchException: The variant holds String, not Double."},
+        {"v = Probe.echo(m)", "TypeMismatchException: The variant holds MemoryBlock, not Double()."},
+        {"p = Probe.echo(m)", "IllegalCastException: The variant holds MemoryBlock, not Probe."},
+        {"m.Byte(4) = 1", "OutOfBoundsException: 1 bytes from offset 4 are not inside a memory block of 4 bytes."},
+        {"Print m.Byte(4)", "OutOfBoundsException: 1 bytes from offset 4 are not inside a memory block of 4 bytes."},
+        {"Print m.Byte(-1)", "OutOfBoundsException: 1 bytes from offset -1 are not inside a memory block of 4 bytes."},
+        {"Print m.DoubleValue(0)", "OutOfBoundsException: 8 bytes from offset 0 are not inside a memory block of 4 bytes."},
+        {"Print m.StringValue(1, most)", "OutOfBoundsException: "},
+        {"m.Size = -1", "OutOfBoundsException: A memory block cannot have -1 bytes."},
+        {"Print f.ReadBytes.Size", "IOException: \"/no/such/file\" cannot be read."},
+        {"f.Delete", "IOException: \"/no/such/file\" cannot be removed."},
+        {"f.WriteBytes(m)", "IOException: \"/no/such/file\" cannot be written."}};
+    for (const auto& [statement, message] : cases) {
+        const Outcome outcome = runProgram(std::string(R"(Dim none() As Double = Probe.echo(Nil)
+Dim p As Probe, v(1) As Double, m As New MemoryBlock(4), most As Integer = 1e300
+Dim f As New FolderItem("/no/such/file")
+Try
+)") + statement + "\nCatch e As RuntimeException\nPrint e & \": \" & e.Message\nEnd Try");
+        EXPECT_EQ(outcome.output.substr(0, std::string(message).size()), message) << statement << outcome.errors;
+    }
 }
 
 TEST(Statements, Procedures) {
