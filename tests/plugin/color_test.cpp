@@ -1,5 +1,5 @@
 // NSColorZRX as host code sees it: made by its constructors, read back in every form, and refused.
-#include "support/color_values.h"
+#include "support/plugin_test.h"
 
 #include "runtime/native_object.h"
 
@@ -149,12 +149,6 @@ TEST_F(Color, ReadsInItsOwnFormsAndConvertsOnlyWhereAlphaIsAsked) {
               platform::expected<std::string>(
                   Difference::Description, "NSCalibratedRGBColorSpace 1 0.5 0.25 0.75",
                   R"({ ColorSpace = "NSCalibratedRGBColorSpace"; R = "1"; G = "0.5"; B = "0.25"; Alpha = "0.75"; })"));
-    const HostInteger handle = getCGColor(inRGB);
-    EXPECT_EQ(handle == 0, platform::lacks("-", "CGColor"));
-    if (handle)
-        EXPECT_EQ(handle, asHandle(native::tell<const void*>(nativeObject(inRGB), "CGColor")));
-    else
-        expectPlatformException({"CGColor", "recognize"});
     EXPECT_EQ(DummyException(inRGB), nullptr);
 }
 

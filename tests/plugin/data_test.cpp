@@ -38,9 +38,9 @@ TEST_P(Data, AndBlocksAreCopiesOfEachOther) {
 TEST_P(Data, WithoutABlockToHoldItIsTold) {
     const id data = dataOf("abc");
     const Raised refusal{"OutOfMemoryException", "Failed to allocate a memoryblock with 3 bytes in size.", 0};
-    host.makesMemoryBlocks = false;
+    host.missing = {"newMemoryBlock"};
     EXPECT_EQ(NSDataRB(data), nullptr);
-    host.makesMemoryBlocks = true;
+    host.missing.clear();
     host.showsStorage = false;
     EXPECT_EQ(NSDataRB(data), nullptr);
     expectRaised({refusal, refusal});

@@ -1,9 +1,15 @@
 // The shared methods of NSColorZRX, and colours derived from colours.
-#include "support/color_values.h"
+#include "support/plugin_test.h"
 
 #include "classes/color/color_factories.h"
 #include "runtime/native_object.h"
-#include "support/pasteboard_server.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <dlfcn.h>
+#include <filesystem>
+#include <sys/prctl.h>
+#include <unistd.h>
 
 using namespace chroma;
 using namespace chroma::color;
@@ -124,37 +130,60 @@ TEST_F(Factories, DerivedColoursSendTheirOwnMessageAndLeaveTheirOriginAlone) {
 }
 
 TEST_F(Factories, AMessageThatThePlatformLacksBecomesAHostException) {
-    const Reference color(colorWithCalibratedRed(0.125, 0.25, 0.5, 0.75));
-    if (platform::lacks("+", "colorWithCGColor:")) {
-        EXPECT_EQ(colorWithCGColor(0), nullptr);
-        expectPlatformException({"colorWithCGColor:", "recognize"});
-    } else {
-        EXPECT_EQ(componentsOf(colorWithCGColor(getCGColor(color))), componentsOf(color));
-        EXPECT_EQ(colorWithCGColor(0), nullptr);
-    }
-    const char* const message = "scrubberTexturedBackgroundColor";
-    const bool isMissing = platform::lacks("+", message);
-    if (!isMissing)
+    const bool isAnswered = !platform::lacks("+[NSColor scrubberTexturedBackgroundColor]");
+    if (isAnswered)
         native::replace(
-            native::metaclass("NSColor"), message, +[](id self, SEL) { return native::tell(self, "aMessageNobodyKnows"); });
+            native::metaclass("NSColor"), "scrubberTexturedBackgroundColor",
+            +[](id self, SEL) { return native::tell(self, "aMessageNobodyKnows"); });
     EXPECT_EQ(scrubberTexturedBackgroundColor(), nullptr);
-    expectPlatformException({isMissing ? message : "aMessageNobodyKnows", "recognize"});
+    expectPlatformException({isAnswered ? "aMessageNobodyKnows" : "scrubberTexturedBackgroundColor", "recognize"});
+}
+
+TEST_F(Factories, ACGColorMakesAnEqualColour) {
+    if (platform::lacks("+[NSColor colorWithCGColor:]")) GTEST_SKIP() << "the platform has no such message";
+    const Reference color(colorWithCalibratedRed(0.125, 0.25, 0.5, 0.75));
+    EXPECT_EQ(getCGColor(color), asHandle(native::tell<const void*>(nativeObject(color), "CGColor")));
+    EXPECT_EQ(componentsOf(colorWithCGColor(getCGColor(color))), componentsOf(color));
+    EXPECT_EQ(colorWithCGColor(0), nullptr);
+}
+
+// Starts what serves the pasteboards where they need a server, in a folder of its own, so that a user's is left alone. It ends
+// with this process.
+bool servesPasteboards(const std::string& folder) {
+    std::filesystem::create_directory(folder);
+    setenv("TMPDIR", folder.c_str(), 1);
+    if (fork() == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
+        execlp("gpbs", "gpbs", "--no-fork", nullptr);
+        _exit(1);
+    }
+    const id name = native::tell(native::string("GNUstepGSPasteboardServer"), "autorelease");
+    const id here = native::tell(native::string(""), "autorelease");
+    id proxy = nullptr;
+    for (int attempt = 0; attempt < 100 && !proxy; ++attempt) {
+        usleep(50000);
+        proxy = native::tell("NSConnection", "rootProxyForConnectionWithRegisteredName:host:", name, here);
+    }
+    return proxy != nullptr;
 }
 
 TEST_F(Factories, ThePasteboardCarriesAColour) {
-    const PasteboardServer server;
-    if (!server.isReachable()) GTEST_SKIP() << server.reason();
+    const std::string folder = ::testing::TempDir() + "pasteboard " + std::to_string(getpid());
+    if (platform::isGNUstep && !servesPasteboards(folder)) GTEST_SKIP() << "gpbs is not installed or does not answer";
     const Reference empty(foreign::make("NSColorZRX")), color(colorWithCalibratedRed(0.125, 0.25, 0.5, 0.75));
-    for (REALobjectStruct* const nothing : std::initializer_list<REALobjectStruct*>{empty, nullptr})
-        writeToPasteboard(nothing);
+    writeToPasteboard(empty);
     EXPECT_EQ(colorFromPasteboard(), nullptr);
     writeToPasteboard(color);
     if (platform::differs(Difference::PasteboardType)) {
         EXPECT_EQ(colorFromPasteboard(), nullptr);
-        server.declareColorType();
+        // Lets the general pasteboard take colours, as a program does before it writes.
+        const id types = native::tell("NSArray", "arrayWithObjects:count:",
+                                      static_cast<const id*>(dlsym(RTLD_DEFAULT, "NSColorPboardType")), NSUInteger{1});
+        native::tell<NSInteger>(native::tell("NSPasteboard", "generalPasteboard"), "declareTypes:owner:", types, id{});
         writeToPasteboard(color);
     }
     EXPECT_EQ(componentsOf(colorFromPasteboard()), componentsOf(color));
+    std::filesystem::remove_all(folder);
 }
 
 TEST_F(Factories, PatternsAreMadeOfImagesAndKeepThem) {

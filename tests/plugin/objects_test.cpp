@@ -1,7 +1,6 @@
 // Native objects in host objects: who retains, who releases, and which host object comes back.
-#include "support/color_values.h"
+#include "support/plugin_test.h"
 
-#include "bridge/frame.h"
 #include "classes/color/color_factories.h"
 #include "classes/colorspace/colorspace.h"
 #include "runtime/native_object.h"
@@ -66,13 +65,6 @@ TEST_F(Objects, ADestructorReleasesWhatTheHandleIsAndRemovesItsOwnEntryOnly) {
     native::tell<void>(color, "release");
 }
 
-TEST_F(Objects, WhatTheHostDoesNotMakeIsNotRetained) {
-    start();
-    EXPECT_EQ(NewNSColorZRX(nullptr), nullptr);
-    EXPECT_EQ(host.asked["PluginNewInstance"], 0);
-    EXPECT_EQ(wrapNative(color, "NoSuchClass"), nullptr);
-}
-
 TEST_F(Objects, ASiblingThatComesLateStaysUnknown) {
     startWith(false);
     native::Sibling::install();
@@ -80,14 +72,6 @@ TEST_F(Objects, ASiblingThatComesLateStaysUnknown) {
     foreign::unlock(foreign::make("NSColorZRX"));
     EXPECT_EQ(native::Sibling::registryRequests, 0);
     EXPECT_EQ(native::Sibling::preparations, 0);
-}
-
-TEST_F(Objects, ARetainThatThrowsLeavesNoHostObject) {
-    startWith(true);
-    native::fail(native::object_getClass(color), "retain");
-    guarded([&] { NewNSColorZRX(color); });
-    expectRaised({{"NSExceptionZRX", "made to fail", -1}});
-    EXPECT_EQ(Host::liveObjects(), 0);
 }
 
 // Whatever a program does first finds the sibling, once.

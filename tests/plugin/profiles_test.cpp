@@ -1,5 +1,5 @@
 // Real profiles, those of Debian's icc-profiles-free and colord-data, which a colour management library reads alike.
-#include "support/color_values.h"
+#include "support/plugin_test.h"
 
 #include "classes/colorspace/colorspace.h"
 

@@ -46,13 +46,6 @@ TEST_F(Start, UnknownHostVersionMeansLegacy) {
     EXPECT_EQ(host.records.at(0)->version, 9);
 }
 
-TEST_F(Start, GoesOnWithoutAnnouncementAndWithoutRegistration) {
-    host.missing = {"RegisterPluginVersion", "PluginRegisterClass"};
-    start();
-    EXPECT_TRUE(host.calls.empty());
-    EXPECT_EQ(host.asked["PluginRegisterClass"], 1);
-}
-
 TEST_F(Start, OnceEntriesKeepEvenTheAnswerNull) {
     start();
     const Owned object(foreign::make("RuntimeException"));

@@ -8,7 +8,6 @@
 extern "C" {
 const void* CFStringCreateWithBytes(const void*, const std::uint8_t*, std::intptr_t, std::uint32_t, unsigned char);
 unsigned char CFStringGetCString(const void*, char*, std::intptr_t, std::uint32_t);
-std::intptr_t CFStringGetLength(const void*);
 void CFRelease(const void*);
 }
 
@@ -128,10 +127,10 @@ const void* newCFString(REALstringStruct* value) {
 REALstringStruct* convert(REALstringStruct* value, std::uint32_t encoding) {
     const void* const text = value ? newCFString(value) : nullptr;
     if (!text) return nullptr;
-    std::string converted(static_cast<std::size_t>(4 * CFStringGetLength(text) + 1), '\0');
-    const bool fits = CFStringGetCString(text, converted.data(), static_cast<std::intptr_t>(converted.size()), encoding);
+    char converted[4096];
+    const bool fits = CFStringGetCString(text, converted, sizeof converted, encoding) != 0;
     CFRelease(text);
-    return fits ? string(converted.c_str(), encoding) : nullptr;
+    return fits ? string(converted, encoding) : nullptr;
 }
 
 void insertDouble(void* array, std::int32_t index, double value) {
@@ -156,10 +155,6 @@ REALarrayGetDoubleProc doubleGetter(void*) { return Host::instance().givesProced
 void* anyInserter(void* array) {
     return classOf(array) == doublesClass ? reinterpret_cast<void*>(doubleInserter(array))
                                           : reinterpret_cast<void*>(objectInserter(array));
-}
-
-REALmemoryBlockStruct* newBlock(std::int32_t size) {
-    return Host::instance().makesMemoryBlocks ? block(std::string(static_cast<std::size_t>(size), '\0')) : nullptr;
 }
 
 void setNumber(REALobjectStruct* object, const char*, std::int32_t value) { cellOf(object)->errorNumber = value; }
@@ -212,7 +207,8 @@ const std::map<std::string, void*>& entries() {
         {"PluginDoubleArrayGetProc", entry<PluginDoubleArrayGetProc>(doubleGetter)},
         {"RuntimeArrayDirectGetInsertProc", entry(anyInserter)},
         {"RuntimeArrayDirectGetGetProc", entry<PluginDoubleArrayGetProc>(doubleGetter)},
-        {"newMemoryBlock", entry<NewMemoryBlockProc>(newBlock)},
+        {"newMemoryBlock", entry<NewMemoryBlockProc>(
+                               [](std::int32_t size) { return block(std::string(static_cast<std::size_t>(size), '\0')); })},
         {"memoryBlockGetPtr",
          entry<MemoryBlockGetPtrProc>([](auto* value) { return const_cast<void*>(visible(cellOf(value)->bytes.data())); })},
         {"memoryBlockGetSize",

@@ -32,8 +32,7 @@ struct Host {
     std::vector<Raised> raised;                           // since the last takeRaised
     bool givesCFStrings = true;                           // whether REALGetStringCFString answers
     bool givesProcedures = true;                          // whether array procedure getters answer
-    bool showsStorage = true; // whether double arrays and memory blocks tell where their contents are
-    bool makesMemoryBlocks = true;
+    bool showsStorage = true;            // whether double arrays and memory blocks tell where their contents are
     std::function<void()> onBuildString; // runs inside REALBuildString; may throw
 
     static Host& instance();
