@@ -140,3 +140,14 @@ TEST_F(Colors, AreEqualWhenSpaceAndComponentsAre) {
     EXPECT_EQ(send<Size>(tile, "size").width, 8);
     EXPECT_EQ(send<Size>(tile, "size").height, 4);
 }
+
+TEST_F(Colors, OfEveryKindGoOverThePasteboard) {
+    const id pasteboard = sendClass("NSPasteboard", "generalPasteboard");
+    for (const id copied : {calibratedRGB(0.1f, 2, -1, 0.5f), color("textColor"), patternOf(image())}) {
+        send<void>(copied, "writeToPasteboard:", pasteboard);
+        EXPECT_TRUE(isEqual(color("colorFromPasteboard:", pasteboard), copied));
+    }
+    send<void>(pasteboard, "clearContents");
+    for (const id none : {pasteboard, id{}})
+        EXPECT_EQ(color("colorFromPasteboard:", none), nullptr);
+}
