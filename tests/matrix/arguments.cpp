@@ -26,8 +26,9 @@ id testObject = nullptr;
 
 namespace {
 
-std::map<std::string, std::vector<id>> natives; // by the host class; each is kept by one retain
-std::map<std::string, const void*> handles;     // by the parameter's name
+// By the host class. Each is kept by one retain, and as long as the process.
+auto& natives = *new std::map<std::string, std::vector<id>>;
+std::map<std::string, const void*> handles; // by the parameter's name
 std::string profile;
 
 // The answer, retained; nil where the platform does not know the message.
@@ -197,6 +198,7 @@ void prepareNatives() {
     if (const id data = ask(space, "ICCProfileData")) {
         profile.assign(static_cast<const char*>(send<const void*>(data, sel::bytes)), send<NSUInteger>(data, sel::length));
         spaces.push_back(make(cls::NSColorSpace, "initWithICCProfileData:", data));
+        natives["NSData"] = {data};
     }
     std::ofstream("profile", std::ios::binary) << profile;
     std::ofstream("wrong") << "no profile";

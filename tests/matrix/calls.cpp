@@ -45,9 +45,6 @@ bool hasAll(std::initializer_list<const char*> entries) {
     return std::none_of(entries.begin(), entries.end(), [](auto entry) { return missingEntries.count(entry) > 0; });
 }
 
-// A host that only counts up, or only down, loses what it counts: its values get references to lose, and nothing balances.
-bool hostCounts() { return hasAll({"REALLockObject", "REALUnlockObject", "REALLockString", "REALUnlockString"}); }
-
 // Host exceptions are objects, those for the platform's exceptions of a class that a plugin registers.
 bool hostCanRaise() { return hasAll({"PluginRegisterClass", "PluginNewInstance", "RuntimeRaiseException"}); }
 
@@ -167,6 +164,8 @@ Verdict callOnce(const Function& function, const Choice& choice, Plan plan, cons
 }
 
 } // namespace
+
+bool hostCounts() { return hasAll({"REALLockObject", "REALUnlockObject", "REALLockString", "REALUnlockString"}); }
 
 std::vector<Choice> choicesFor(const Function& function) {
     std::vector<Choice> choices;

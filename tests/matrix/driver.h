@@ -20,7 +20,6 @@ enum class Fault {
     ExhaustMemory,   // that allocation and all later ones fail
     HostAnswersNull, // an entry of the host answers null
     HostThrows,      // an entry of the host that makes a string or a block throws a C++ exception
-    AfterTheLast
 };
 
 // The fault strikes at the n-th message, allocation or value of the host, from 1.
@@ -40,13 +39,12 @@ struct Traces {
 void arm(Plan plan, bool answersNumber);
 Traces disarm();
 
-// Nothing is counted while one lives, such as inside the host.
-class Suspension {
-public:
-    Suspension();
-    ~Suspension();
+// Nothing is counted while this is not 0: before, after, and inside the host.
+extern int suspensions;
+struct Suspension {
+    Suspension() { ++suspensions; }
     Suspension(const Suspension&) = delete;
-    Suspension& operator=(const Suspension&) = delete;
+    ~Suspension() { --suspensions; }
 };
 
 // Whether the present event is the one that one of these faults waits for.
@@ -84,6 +82,9 @@ struct Function {
 // Starts a host of that version, loads the plugin and lists the functions that its records bind.
 std::vector<Function> start(double version, const std::vector<std::string>& missing, bool withSibling);
 extern std::set<std::string> missingEntries;
+
+// A host that only counts up, or only down, loses what it counts: its values get references to lose, and nothing balances.
+bool hostCounts();
 
 // Which receiver; which argument is not the ordinary one (-1: none), and its form.
 struct Choice {

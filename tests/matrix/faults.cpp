@@ -8,14 +8,16 @@
 #include <string_view>
 
 namespace matrix {
-namespace {
 
 using namespace chroma;
+
+int suspensions = 1; // the process begins unarmed
+
+namespace {
 
 Plan plan;
 Traces traces;
 int remaining = 0;
-int suspensions = 1; // the process begins unarmed
 bool answersNumber = false;
 
 } // namespace
@@ -32,9 +34,6 @@ Traces disarm() {
     ++suspensions;
     return traces;
 }
-
-Suspension::Suspension() { ++suspensions; }
-Suspension::~Suspension() { --suspensions; }
 
 bool strikes(Fault first, Fault last) {
     if (suspensions > 0 || plan.fault < first || plan.fault > last) return false;

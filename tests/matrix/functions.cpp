@@ -12,6 +12,7 @@
 #include <filesystem>
 
 extern "C" void REALPluginMain(REALresolver resolver);
+extern "C" void __lsan_disable() __attribute__((weak)); // null without a sanitizer
 // What is written here need not survive a loss of power.
 extern "C" __attribute__((visibility("default"))) int fsync(int) { return 0; }
 
@@ -71,6 +72,7 @@ std::vector<Function> start(double version, const std::vector<std::string>& miss
     static const WorkingFolder folder;
     host::startHost({version, missing});
     missingEntries = {missing.begin(), missing.end()};
+    if (__lsan_disable && !hostCounts()) __lsan_disable();
     const host::platform::AutoreleasePool pool;
     REALPluginMain(resolveEntry);
     if (withSibling) {

@@ -36,7 +36,7 @@ int main(int count, char** arguments) {
         const Function& function = functions[below(functions.size())];
         const std::vector<Choice> choices = choicesFor(function);
         const Plan none,
-            plan{static_cast<Fault>(1 + below(static_cast<int>(Fault::AfterTheLast) - 1)), 1 + static_cast<int>(below(8))};
+            plan{static_cast<Fault>(1 + below(static_cast<std::size_t>(Fault::HostThrows))), 1 + static_cast<int>(below(8))};
         const Choice& choice = choices[below(choices.size())];
         const Verdict verdict = call(function, choice, below(4) == 0 ? plan : none);
         raising += verdict.raised;
