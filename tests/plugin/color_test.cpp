@@ -1,16 +1,23 @@
-// NSColorZRX as host code sees it: made by its constructors, read back in every form, and refused.
+// NSColorZRX as host code sees it: made by constructors and shared methods, read back in every form, derived and refused.
 #include "support/plugin_test.h"
 
-#include "runtime/native_object.h"
+#include "classes/color/color_factories.h"
 
 #include <array>
 #include <cmath>
+#include <csignal>
+#include <cstdlib>
+#include <dlfcn.h>
+#include <filesystem>
 #include <limits>
 #include <numeric>
+#include <sys/prctl.h>
 #include <tuple>
+#include <unistd.h>
 
 using namespace chroma;
 using namespace chroma::color;
+using foreign::Owned;
 
 namespace {
 
@@ -41,6 +48,8 @@ void expectNear(const Components& actual, const Components& expected, const std:
     for (std::size_t i = 0; i < actual.size(); ++i)
         EXPECT_NEAR(actual[i], expected[i], 1e-6) << what << ", output " << i;
 }
+
+REALobjectStruct* space(const char* message) { return NewNSColorSpaceZRX(native::tell("NSColorSpace", message)); }
 
 } // namespace
 
@@ -153,7 +162,7 @@ TEST_F(Color, ReadsInItsOwnFormsAndConvertsOnlyWhereAlphaIsAsked) {
 }
 
 TEST_F(Color, OfACatalogueTellsItsNames) {
-    const Reference plain(rgb(1.0, 0.5, 0.0)), catalogue(NewNSColorZRX(native::tell("NSColor", "controlTextColor")));
+    const Reference plain(rgb(1.0, 0.5, 0.0)), catalogue(made("controlTextColor"));
     const std::pair<const char*, REALstringStruct* (*)(REALobjectStruct*, REALword)> getters[] = {
         {GETTER(catalogNameComponent)},
         {GETTER(colorNameComponent)},
@@ -189,4 +198,213 @@ TEST_F(Color, ComponentsBeyondThirtyTwoAreReadAndCut) {
     Components expected(32);
     std::iota(expected.begin(), expected.end(), 0.0);
     EXPECT_EQ(componentsOf(object), expected);
+}
+
+TEST_F(Color, FromFactoriesIsWhatTheirOwnMessageAnswers) {
+    const id cls = objc_getClass("NSColor");
+    const double a = 0.1, b = 0.2, c = 0.3, d = 0.4, e = 0.6; // not exact in single precision
+    const CGFloat A = single(a), B = single(b), C = single(c), D = single(d), E = single(e);
+    expectAnswers(cls, "colorWithCalibratedRed:green:blue:alpha:", colorWithCalibratedRed(a, b, c, d), A, B, C, D);
+    expectAnswers(cls, "colorWithDeviceRed:green:blue:alpha:", colorWithDeviceRed(a, b, c, d), A, B, C, D);
+    expectAnswers(cls, "colorWithSRGBRed:green:blue:alpha:", colorWithSRGBRed(a, b, c, d), A, B, C, D);
+    expectAnswers(cls, "colorWithDisplayP3Red:green:blue:alpha:", colorWithDisplayP3Red(a, b, c, d), A, B, C, D);
+    expectAnswers(cls, "colorWithCalibratedHue:saturation:brightness:alpha:", colorWithCalibratedHue(a, b, c, d), A, B, C,
+                  D);
+    expectAnswers(cls, "colorWithDeviceHue:saturation:brightness:alpha:", colorWithDeviceHue(a, b, c, d), A, B, C, D);
+    expectAnswers(cls, "colorWithCalibratedWhite:alpha:", colorWithCalibratedWhite(a, b), A, B);
+    expectAnswers(cls, "colorWithDeviceWhite:alpha:", colorWithDeviceWhite(a, b), A, B);
+    expectAnswers(cls, "colorWithGenericGamma22White:alpha:", colorWithGenericGamma22White(a, b), A, B);
+    expectAnswers(cls, "colorWithDeviceCyan:magenta:yellow:black:alpha:", colorWithDeviceCyan(a, b, c, d, e), A, B, C, D, E);
+    const Reference rgb(space("genericRGBColorSpace"));
+    expectAnswers(cls, "colorWithColorSpace:hue:saturation:brightness:alpha:", colorWithColorSpaceHSV(rgb, a, b, c, d),
+                  nativeObject(rgb), A, B, C, D);
+
+    EXPECT_EQ(componentsOf(colorWithDeviceCyan(0.125, 0.25, 0.5, 0.75, 1.0)), (Components{0.125, 0.25, 0.5, 0.75, 1.0}));
+    EXPECT_EQ(componentsOf(colorWithCalibratedHue(0.0, 1.0, 0.5, 0.25)), (Components{0.5, 0.0, 0.0, 0.25}));
+    // Unlike the constructor, the factory refuses nothing.
+    EXPECT_EQ(
+        componentsOf(colorWithCalibratedRed(2.5, -0.5, 0.0, 1.0)),
+        platform::expected(Difference::CalibratedRange, Components{2.5, -0.5, 0.0, 1.0}, Components{1.0, 0.0, 0.0, 1.0}));
+    EXPECT_EQ(foreign::take(colorSpaceName(Reference(colorWithSRGBRed(0, 0, 0, 1)), 0)),
+              platform::expected<std::string>(Difference::SRGBSpaceName, "NSCustomColorSpace", "NSCalibratedRGBColorSpace"));
+}
+
+TEST_F(Color, OfANameIsItsOwnAndKeepsItsIdentity) {
+    const Reference red(getredColor());
+    EXPECT_EQ(Reference(getredColor()) == red, !platform::differs(Difference::PlainColors));
+    EXPECT_EQ(colorValue(red, 0), 0xFF0000U);
+
+    // Every one answers, and each under the name it was asked for.
+#define NAMED(name) {#name, get##name},
+    const std::pair<const char*, REALobjectStruct* (*)()> all[] = {CHROMA_SYSTEM_COLORS(NAMED)};
+    for (const auto& [name, get] : all) {
+        const Reference color(get());
+        expectAnswers(objc_getClass("NSColor"), name, color);
+        const std::string catalogName = foreign::take(colorNameComponent(color, 0));
+        const bool isAnew = catalogName.empty() && platform::differs(Difference::PlainColors);
+        EXPECT_EQ(nativeObject(color) == native::tell("NSColor", name), !isAnew) << name;
+        EXPECT_TRUE(catalogName.empty() || catalogName == name) << catalogName;
+    }
+}
+
+TEST_F(Color, InASpaceNeedsTheSpaceThenTheCount) {
+    const Reference rgb(space("genericRGBColorSpace")), empty(foreign::make("NSColorSpaceZRX"));
+    const auto with = [](REALobjectStruct* inSpace, std::size_t count) {
+        const Owned values(foreign::doubles(Components(count, 0.5)));
+        return componentsOf(colorWithColorSpace(inSpace, values));
+    };
+    EXPECT_EQ(with(rgb, 4), Components(4, 0.5));
+    with(nullptr, 0);
+    with(empty, 4);
+    const Raised nil{"NilObjectException", "Colorspace is nil!", 0};
+    expectRaised({nil, nil});
+
+    const auto refused = [](const std::string& how) {
+        return Raised{"OutOfBoundsException", "Parameter values ubound to method colorWithColorSpace is too " + how, 0};
+    };
+    with(rgb, 0);
+    with(rgb, 1);
+    with(rgb, 21);
+    colorWithColorSpace(rgb, nullptr);
+    expectRaised({refused("small. Range is 1 to 19, but value is -1."), refused("small. Range is 1 to 19, but value is 0."),
+                  refused("big. Range is 1 to 19, but value is 20."), refused("small. Range is 1 to 19, but value is -1.")});
+    // 2 and 20 components pass the library, and the platform says what it thinks of them.
+    for (const std::size_t count : {2U, 20U}) {
+        EXPECT_EQ(with(rgb, count), Components());
+        if (!platform::differs(Difference::WrongCount)) expectPlatformException();
+    }
+}
+
+TEST_F(Color, DerivesByItsOwnMessageAndStaysItself) {
+    const Reference color(colorWithCalibratedRed(1.0, 0.5, 0.0, 1.0)), blue(getblueColor()),
+        greySpace(space("genericGrayColorSpace"));
+    const id origin = nativeObject(color);
+    const Owned cmyk(foreign::string("NSDeviceCMYKColorSpace")), unknown(foreign::string("no such space"));
+    expectAnswers(origin, "colorWithAlphaComponent:", colorWithAlphaComponent(color, 0.1), single(0.1));
+    expectAnswers(origin, "shadowWithLevel:", shadowWithLevel(color, 0.1), single(0.1));
+    expectAnswers(origin, "highlightWithLevel:", highlightWithLevel(color, 0.1), single(0.1));
+    expectAnswers(origin, "blendedColorWithFraction:ofColor:", blendedColorWithFraction(color, 0.1, blue), single(0.1),
+                  nativeObject(blue));
+    expectAnswers(origin, "colorUsingColorSpace:", colorUsingColorSpace(color, greySpace), nativeObject(greySpace));
+    EXPECT_EQ(numberOfComponents(Reference(colorUsingColorSpaceName(color, cmyk)), 0), 5);
+    EXPECT_EQ(componentsOf(blendedColorWithFraction(color, 0.25, blue)), (Components{0.75, 0.375, 0.25, 1.0}));
+    EXPECT_EQ(componentsOf(color), (Components{1.0, 0.5, 0.0, 1.0}));
+
+    EXPECT_EQ(blendedColorWithFraction(color, 0.5, nullptr), nullptr);
+    EXPECT_EQ(colorUsingColorSpaceName(color, unknown), nullptr);
+    EXPECT_EQ(componentsOf(colorUsingColorSpaceName(color, nullptr)),
+              platform::expected(Difference::NilSpaceName, Components(), Components{1.0, 0.5, 0.0, 1.0}));
+    EXPECT_EQ(componentsOf(colorUsingColorSpace(color, nullptr)),
+              platform::expected(Difference::NilSpace, Components(), Components{0.5, 1.0}));
+    EXPECT_EQ(componentsOf(colorWithColorSpaceHSV(nullptr, 0.0, 1.0, 0.5, 0.25)),
+              platform::expected(Difference::HueWithoutSpace, Components(), Components{0.5, 0.0, 0.0, 0.25}));
+    if (!platform::differs(Difference::HueWithoutSpace)) expectPlatformException();
+
+    const Reference first(colorSpace(color));
+    EXPECT_EQ(Reference(colorSpace(color)), first);
+    EXPECT_EQ(foreign::classOf(first), "NSColorSpaceZRX");
+    EXPECT_EQ(nativeObject(first), native::tell(origin, "colorSpace"));
+}
+
+TEST_F(Color, OfAMessageThatThePlatformLacksIsAHostException) {
+    const bool isAnswered = !platform::lacks("+[NSColor scrubberTexturedBackgroundColor]");
+    if (isAnswered)
+        native::replace(
+            native::metaclass("NSColor"), "scrubberTexturedBackgroundColor",
+            +[](id self, SEL) { return native::tell(self, "aMessageNobodyKnows"); });
+    EXPECT_EQ(scrubberTexturedBackgroundColor(), nullptr);
+    expectPlatformException({isAnswered ? "aMessageNobodyKnows" : "scrubberTexturedBackgroundColor", "recognize"});
+}
+
+TEST_F(Color, FromACGColorIsEqual) {
+    if (platform::lacks("+[NSColor colorWithCGColor:]")) GTEST_SKIP() << "the platform has no such message";
+    const Reference color(colorWithCalibratedRed(0.125, 0.25, 0.5, 0.75));
+    EXPECT_EQ(getCGColor(color), asHandle(native::tell<const void*>(nativeObject(color), "CGColor")));
+    EXPECT_EQ(componentsOf(colorWithCGColor(getCGColor(color))), componentsOf(color));
+    EXPECT_EQ(colorWithCGColor(0), nullptr);
+}
+
+// Starts what serves the pasteboards where they need a server, in a folder of its own, so that a user's is left alone. It ends
+// with this process.
+bool servesPasteboards(const std::string& folder) {
+    std::filesystem::create_directory(folder);
+    setenv("TMPDIR", folder.c_str(), 1);
+    if (fork() == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
+        execlp("gpbs", "gpbs", "--no-fork", nullptr);
+        _exit(1);
+    }
+    const id name = native::tell(native::string("GNUstepGSPasteboardServer"), "autorelease");
+    const id here = native::tell(native::string(""), "autorelease");
+    id proxy = nullptr;
+    for (int attempt = 0; attempt < 100 && !proxy; ++attempt) {
+        usleep(50000);
+        proxy = native::tell("NSConnection", "rootProxyForConnectionWithRegisteredName:host:", name, here);
+    }
+    return proxy != nullptr;
+}
+
+TEST_F(Color, GoesThroughThePasteboard) {
+    const std::string folder = ::testing::TempDir() + "pasteboard " + std::to_string(getpid());
+    if (platform::isGNUstep && !servesPasteboards(folder)) GTEST_SKIP() << "gpbs is not installed or does not answer";
+    const Reference empty(foreign::make("NSColorZRX")), color(colorWithCalibratedRed(0.125, 0.25, 0.5, 0.75));
+    writeToPasteboard(empty);
+    EXPECT_EQ(colorFromPasteboard(), nullptr);
+    writeToPasteboard(color);
+    if (platform::differs(Difference::PasteboardType)) {
+        EXPECT_EQ(colorFromPasteboard(), nullptr);
+        // Lets the general pasteboard take colours, as a program does before it writes.
+        const id types = native::tell("NSArray", "arrayWithObjects:count:",
+                                      static_cast<const id*>(dlsym(RTLD_DEFAULT, "NSColorPboardType")), NSUInteger{1});
+        native::tell<NSInteger>(native::tell("NSPasteboard", "generalPasteboard"), "declareTypes:owner:", types, id{});
+        writeToPasteboard(color);
+    }
+    EXPECT_EQ(componentsOf(colorFromPasteboard()), componentsOf(color));
+    std::filesystem::remove_all(folder);
+}
+
+TEST_F(Color, OfAPatternKeepsItsImage) {
+    host.plainClasses.insert("NSImageZRX"); // has no destructor then: its image is released here
+    const id image = native::tell(native::tell("NSImage", "alloc"), "init");
+    const Reference object(foreign::make("NSImageZRX")), empty(foreign::make("NSImageZRX")), color(getredColor());
+    setNativeObject(object, image);
+    for (REALobjectStruct* const noImage : std::initializer_list<REALobjectStruct*>{nullptr, empty, color})
+        EXPECT_EQ(colorWithPatternImage(noImage), nullptr);
+    EXPECT_EQ(patternImage(color), nullptr);
+    expectPlatformException();
+    {
+        const Reference pattern(colorWithPatternImage(object));
+        ASSERT_NE(pattern, nullptr);
+        CFDictionarySetValue(native::Sibling::registry(), image, object);
+        EXPECT_EQ(Reference(patternImage(pattern)), object);
+        CFDictionaryRemoveValue(native::Sibling::registry(), image);
+        const Reference other(patternImage(pattern));
+        EXPECT_EQ(nativeObject(other), image);
+        EXPECT_EQ(Reference(patternImage(pattern)), other);
+        EXPECT_EQ(foreign::classOf(other), "NSImageZRX");
+        CFDictionaryRemoveValue(native::Sibling::registry(), image);
+        native::tell<void>(image, "release");
+
+        const Owned name(foreign::string("NSCalibratedRGBColorSpace"));
+        EXPECT_EQ(colorUsingColorSpaceName(pattern, name), nullptr);
+        if (platform::differs(Difference::PatternConversion)) expectPlatformException();
+        host.plainClasses.erase("NSImageZRX");
+        EXPECT_EQ(patternImage(pattern), nullptr); // no such class here
+    }
+    drainPool();
+    EXPECT_EQ(native::retainCount(image), 1U);
+    native::tell<void>(image, "release");
+}
+
+TEST_F(Color, OfAPatternNeedsTheRegistryOnHostsThatTellNoClasses) {
+    host.missing = {"ChromaObjectIsA"};
+    host.plainClasses.insert("NSImageZRX");
+    const id image = native::tell(native::tell(native::tell("NSImage", "alloc"), "init"), "autorelease");
+    const Reference object(foreign::make("NSImageZRX")), color(getredColor());
+    setNativeObject(object, image);
+    EXPECT_EQ(colorWithPatternImage(object), nullptr);
+    CFDictionarySetValue(native::Sibling::registry(), image, object);
+    EXPECT_NE(Reference(colorWithPatternImage(object)), nullptr);
+    EXPECT_EQ(colorWithPatternImage(color), nullptr); // registered, but no image
+    CFDictionaryRemoveValue(native::Sibling::registry(), image);
 }

@@ -3,7 +3,6 @@
 
 #include "classes/color/color_factories.h"
 #include "classes/colorlist/colorlist.h"
-#include "runtime/native_object.h"
 
 #include <cstdio>
 #include <cstdlib>

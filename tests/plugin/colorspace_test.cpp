@@ -3,7 +3,6 @@
 
 #include "classes/colorspace/colorspace.h"
 #include "runtime/host_version.h"
-#include "runtime/native_object.h"
 
 #include <algorithm>
 #include <cctype>

@@ -6,6 +6,7 @@
 
 #include "classes/color/color.h"
 #include "runtime/host_values.h"
+#include "runtime/native_object.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,414 @@
+// What crosses the bridge: strings, memory blocks, arrays, and failures of every kind.
+#include "support/plugin_test.h"
+
+#include "bridge/arrays.h"
+#include "bridge/data.h"
+#include "bridge/errors.h"
+#include "bridge/frame.h"
+#include "bridge/strings.h"
+#include "runtime/host_entries.h"
+#include "runtime/host_version.h"
+
+#include <new>
+#include <stdexcept>
+#include <typeinfo>
+
+using namespace chroma;
+using foreign::Owned;
+
+namespace {
+
+// Text as a host stores it: bytes and encoding.
+using Stored = std::pair<std::string, std::uint32_t>;
+
+// UTF-16 or UTF-32 bytes in machine order.
+template <class Unit>
+std::string units(const std::basic_string<Unit>& text) {
+    return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(Unit)};
+}
+
+std::string repeated(const std::string& text, std::size_t count) {
+    std::string result;
+    while (count-- > 0)
+        result += text;
+    return result;
+}
+
+const char* const emoji = "\xF0\x9F\x98\x80";
+const Stored wide16(units<char16_t>(u"\u00FC\U0001F600"), foreign::kUTF16);
+const Stored wide32(units<char32_t>(U"\u00FC\U0001F600"), foreign::kUTF32);
+const std::string wideUTF8 = std::string("\xC3\xBC") + emoji;
+
+// The plugin's string for a host string, as UTF-8; "(null)" for null.
+std::string toPlatform(const Stored& stored) {
+    const foreign::Owned hostString(foreign::string(stored.first, stored.second));
+    const CFStringRef text = RBString2CFString(hostString);
+    EXPECT_EQ(foreign::references(hostString), 1);
+    if (!text) return "(null)";
+    const std::string result = native::textOf(text);
+    CFRelease(text);
+    return result;
+}
+
+// The host's string for a platform string, and for bytes; the empty one is null.
+Stored toHost(id text) {
+    const foreign::Owned result(NSStringRB(text));
+    CFRelease(text);
+    return {foreign::bytesOf(result), foreign::encodingOf(result)};
+}
+Stored built(const std::string& bytes, CFStringEncoding encoding) {
+    const foreign::Owned result(REALBuildUnicodeString(bytes.data(), static_cast<std::int64_t>(bytes.size()), encoding));
+    return {foreign::bytesOf(result), foreign::encodingOf(result)};
+}
+const Stored nothing("", 0);
+Stored utf8(const std::string& text) { return {text, foreign::kUTF8}; }
+
+} // namespace
+
+class Strings : public PluginTest {};
+
+TEST_F(Strings, FromTheHostAreReadInTheirEncodingByItOrFromItsStorage) {
+    const std::pair<Stored, std::string> texts[] = {
+        {{"Gr\xC3\xBCn", foreign::kUTF8}, "Gr\xC3\xBCn"},
+        {{"Gr\xFCn", foreign::kLatin1}, "Gr\xC3\xBCn"},
+        {{"\x80", kCFStringEncodingWindowsLatin1}, "\xE2\x82\xAC"},
+        {{"Gr\x9Fn", foreign::kMacRoman}, "Gr\xC3\xBCn"},
+        {{"plain", foreign::kASCII}, "plain"},
+        {wide16, wideUTF8},
+        {wide32, wideUTF8},
+        {{"Gr\x9Fn", foreign::kUnknown}, "Gr\xC3\xBCn"},
+        {{"\xC3", foreign::kUTF8}, "(null)"},
+        {{"abc", 0x0BADBAD}, "(null)"},
+    };
+    for (const bool hostAnswers : {true, false})
+        for (const double version : {2011.0, 2012.0, 2021.0}) {
+            host.givesCFStrings = hostAnswers;
+            start(version);
+            for (const auto& [stored, expected] : texts)
+                EXPECT_EQ(toPlatform(stored), expected) << version << ' ' << stored.second << ' ' << hostAnswers;
+        }
+    EXPECT_EQ(RBString2CFString(nullptr), nullptr);
+
+    // Of storage alone: long, not of whole units, empty, marked in its byte order.
+    EXPECT_EQ(toPlatform({units(std::u16string(1000, u'x')), foreign::kUTF16}), std::string(1000, 'x'));
+    EXPECT_EQ(toPlatform({units<char16_t>(u"ab") + "c", foreign::kUTF16}), "ab");
+    EXPECT_EQ(toPlatform(utf8("")), "");
+    EXPECT_EQ(toPlatform(utf8("\xEF\xBB\xBFz")), "z");
+}
+
+TEST_F(Strings, AHostWithoutEncodingsIsReadAsMacRoman) {
+    host.missing = {"REALGetStringEncoding", "REALGetStringCFString"};
+    start();
+    EXPECT_EQ(toPlatform(utf8("\x9F")), "\xC3\xBC");
+}
+
+TEST_F(Strings, OnlyNewerHostsAreAskedThroughTheCopyingWrapper) {
+    start(2011.0);
+    host.givesCFStrings = false;
+    toPlatform(utf8("x"));
+    EXPECT_EQ(host.asked["REALGetStringCFString"], 1);
+    rbversion_rbversion = 2012.0;
+    toPlatform(utf8("x"));
+    EXPECT_EQ(host.asked["REALGetStringCFString"], 2); // the copying wrapper's own first look-up
+}
+
+TEST_F(Strings, FromThePlatformKeepEveryLength) {
+    for (const double version : {2011.0, 2021.0}) {
+        start(version);
+        EXPECT_EQ(toHost(native::string("")), nothing);
+        for (const std::size_t length : {1U, 99U, 100U, 5000U})
+            for (const std::string& text : {repeated("x", length), repeated("\xE2\x82\xAC", length)})
+                EXPECT_EQ(toHost(native::string(text)), utf8(text));
+    }
+    EXPECT_EQ(NSStringRB(nullptr), nullptr);
+}
+
+TEST_F(Strings, OfUnpairedSurrogatesOrWithoutMemoryAreEmpty) {
+    start(2011.0);
+    for (const std::size_t length : {0U, 200U}) {
+        const std::u16string text = std::u16string(length, u'x') + char16_t{0xD800};
+        EXPECT_EQ(toHost(CFStringCreateWithCharacters(nullptr, reinterpret_cast<const UniChar*>(text.data()),
+                                                      static_cast<CFIndex>(text.size()))),
+                  nothing);
+    }
+    const id longText = native::string(repeated("x", 200));
+    failAllocation(1);
+    EXPECT_EQ(toHost(longText), nothing);
+    EXPECT_TRUE(failAllocation(1));
+    EXPECT_EQ(built(units(std::u32string(1000, U'x')), kCFStringEncodingUTF32), nothing);
+    EXPECT_TRUE(failAllocation(0));
+}
+
+TEST_F(Strings, OfSingleBytesAreTaggedASCIIWhenTheyAre) {
+    start();
+    for (const CFStringEncoding encoding :
+         {kCFStringEncodingMacRoman, kCFStringEncodingISOLatin1, kCFStringEncodingWindowsLatin1, kUnknownEncoding}) {
+        EXPECT_EQ(built("plain", encoding), Stored("plain", foreign::kASCII));
+        EXPECT_EQ(built("Gr\xFCn", encoding), Stored("Gr\xFCn", encoding));
+    }
+    EXPECT_EQ(built("plain", kCFStringEncodingUTF8), utf8("plain"));
+}
+
+TEST_F(Strings, OfWideUnitsEndAsUTF8) {
+    for (const double version : {2011.0, 2012.0, 2012.9, 2013.0, 2021.0}) {
+        start(version);
+        EXPECT_EQ(built(wide16.first, wide16.second), utf8(wideUTF8)) << version;
+        EXPECT_EQ(built(wide32.first, wide32.second), utf8(wideUTF8)) << version;
+    }
+    start(2012.9); // does not know UTF-32
+    const auto fromUTF32 = [](const std::u32string& text) { return built(units(text) + "123", kCFStringEncodingUTF32); };
+    EXPECT_EQ(fromUTF32({0x110000, U'a', 0xD800, 0xDFFF, U'b', 0x10FFFF}), utf8("\xEF\xBF\xBD"
+                                                                                "ab"
+                                                                                "\xF4\x8F\xBF\xBF"));
+    EXPECT_EQ(fromUTF32({0xD800}), nothing);
+    EXPECT_EQ(fromUTF32(std::u32string(500, 0x1F600)), utf8(repeated(emoji, 500)));
+}
+
+TEST_F(Strings, OfNoBytesOrTooManyAreRefused) {
+    start();
+    for (const std::int64_t length : {INT64_C(0), INT64_C(-1), INT64_C(2147483648)})
+        EXPECT_EQ(REALBuildUnicodeString("x", length, kCFStringEncodingUTF8), nullptr);
+    EXPECT_EQ(REALBuildUnicodeString(nullptr, 5, kCFStringEncodingUTF8), nullptr);
+    EXPECT_EQ(REALBuildUnicodeStringUTF16("x", 0), nullptr);
+}
+
+TEST_F(Strings, OfWideUnitsAreEmptyWithoutTheHostsConversion) {
+    host.missing = {"REALConvertString", "REALSetStringEncoding"};
+    for (const double version : {2011.0, 2021.0}) {
+        start(version);
+        for (const Stored& wide : {wide16, wide32})
+            EXPECT_EQ(built(wide.first, wide.second), nothing);
+    }
+    EXPECT_EQ(built("x", kCFStringEncodingUTF8), Stored("x", foreign::kUnknown));
+}
+
+TEST_F(Strings, OfEveryKindAreEmptyWithoutTheHostsBuilders) {
+    host.missing = {"REALBuildString", "REALBuildStringWithEncoding"};
+    for (const double version : {2011.0, 2021.0}) {
+        start(version);
+        for (const Stored& text : {utf8("x"), Stored("x", foreign::kLatin1), wide16, wide32})
+            EXPECT_EQ(built(text.first, text.second), nothing);
+    }
+}
+
+class Data : public PluginTest, public ::testing::WithParamInterface<double> {
+protected:
+    void SetUp() override {
+        PluginTest::SetUp();
+        start(GetParam());
+    }
+    static id dataOf(const std::string& bytes) {
+        const Owned block(foreign::block(bytes));
+        return NewNSData(block);
+    }
+    static REALarrayDouble* newArray() { return static_cast<REALarrayDouble*>(REALCreateArray(REALarrayOfDoubles, -1)); }
+};
+INSTANTIATE_TEST_SUITE_P(Hosts, Data, ::testing::Values(2011.0, 2016.9, 2017.0, 2021.0));
+
+TEST_P(Data, AndBlocksAreCopiesOfEachOther) {
+    const std::string bytes("a\0c", 3);
+    const id data = dataOf(bytes);
+    EXPECT_EQ(std::string(native::tell<const char*>(data, "bytes"), native::tell<NSUInteger>(data, "length")), bytes);
+    const Owned copy(NSDataRB(data));
+    EXPECT_EQ(foreign::bytesOf(copy), bytes);
+
+    EXPECT_EQ(dataOf(""), nullptr);
+    EXPECT_EQ(NSDataRB(native::tell("NSData", "data")), nullptr);
+    host.showsStorage = false;
+    EXPECT_EQ(dataOf("abc"), nullptr);
+}
+
+TEST_P(Data, WithoutABlockToHoldItIsTold) {
+    const id data = dataOf("abc");
+    const Raised refusal{"OutOfMemoryException", "Failed to allocate a memoryblock with 3 bytes in size.", 0};
+    host.missing = {"newMemoryBlock"};
+    EXPECT_EQ(NSDataRB(data), nullptr);
+    host.missing.clear();
+    host.showsStorage = false;
+    EXPECT_EQ(NSDataRB(data), nullptr);
+    expectRaised({refusal, refusal});
+}
+
+TEST_P(Data, TooLongForABlockIsTold) {
+    const id data = dataOf("abc");
+    native::replace(
+        native::object_getClass(data), "length", +[](id, SEL) -> NSUInteger { return 2147483647; });
+    EXPECT_EQ(NSDataRB(data), nullptr);
+    expectRaised({{"OutOfMemoryException", "Failed to allocate a memoryblock with 2147483647 bytes in size.", 0}});
+    EXPECT_EQ(host.asked["newMemoryBlock"], 0);
+}
+
+TEST_P(Data, InArraysIsFoundInStorageWhereTheHostShowsIt) {
+    REALarrayDouble* const array = newArray();
+    EXPECT_EQ(REALGetArrayUBound(array), -1);
+    for (int i = 0; i < 3; ++i)
+        REALInsertArrayValueDouble(array, i, 0.5 * i);
+    EXPECT_EQ(REALGetArrayUBound(array), 2);
+    EXPECT_EQ(REALGetArrayValueDouble(array, 0), 0.0);
+    EXPECT_EQ(REALGetArrayValueDouble(array, 2), 1.0);
+    EXPECT_EQ(host.asked["PluginDoubleArrayGetProc"], GetParam() < 2017.0 ? 0 : 1);
+    host.givesProcedures = false;
+    EXPECT_EQ(REALGetArrayValueDouble(array, 1), GetParam() < 2017.0 ? 0.5 : 0.0);
+    host.givesProcedures = true;
+    host.showsStorage = false;
+    const Owned hidden(foreign::doubles({0.0, 0.25}));
+    EXPECT_EQ(REALGetArrayValueDouble(hidden, 1), 0.25);
+
+    EXPECT_EQ(REALGetArrayValueDouble(array, 3), 0.0);
+    EXPECT_EQ(REALGetArrayValueDouble(array, -1), 0.0);
+    expectRaised({{"OutOfBoundsException", "Parameter index  is too big. Range is 0 to 2, but value is 3.", 0},
+                  {"OutOfBoundsException", "Parameter index  is too small. Range is 0 to 2, but value is -1.", 0}});
+    EXPECT_EQ(foreign::take(array), (std::vector<double>{0.0, 0.5, 1.0}));
+    EXPECT_EQ(REALGetArrayUBound(nullptr), -1);
+    EXPECT_EQ(REALGetArrayValueDouble(nullptr, 0), 0.0);
+    REALInsertArrayValueDouble(nullptr, 0, 1.0);
+    REALInsertArrayValueObject(nullptr, 0, nullptr);
+}
+
+TEST_P(Data, EntersArraysByTheNewerNamesThenTheOlder) {
+    REALarrayDouble* const array = newArray();
+    const std::set<std::string> newer = {"PluginDoubleArrayInsertProc", "PluginObjectArrayInsertProc",
+                                         "PluginDoubleArrayGetProc"};
+    host.missing = newer;
+    host.missing.insert({"RuntimeArrayDirectGetInsertProc", "RuntimeArrayDirectGetGetProc"});
+    REALInsertArrayValueDouble(array, 0, 1.0);
+    host.missing = newer;
+    host.givesProcedures = false; // answers, but has no procedure for this array
+    REALInsertArrayValueDouble(array, 0, 1.0);
+    EXPECT_EQ(REALGetArrayUBound(array), -1);
+    host.givesProcedures = true;
+    REALInsertArrayValueDouble(array, 0, 1.5);
+    host.missing.clear();
+    REALInsertArrayValueDouble(array, 1, 2.5);
+    EXPECT_EQ(host.asked["PluginDoubleArrayInsertProc"], 2);
+    EXPECT_EQ(host.asked["RuntimeArrayDirectGetInsertProc"], 2);
+    EXPECT_EQ(foreign::take(array), (std::vector<double>{1.5, 2.5}));
+
+    host.missing = newer;
+    const Owned objects(REALCreateArray(REALarrayOfObjects, -1));
+    const Owned element(foreign::make("RuntimeException"));
+    REALInsertArrayValueObject(objects, 0, element);
+    EXPECT_EQ(foreign::references(element), 2); // the array's own
+    host.showsStorage = false;
+    const Owned hidden(foreign::doubles({0.25}));
+    EXPECT_EQ(REALGetArrayValueDouble(hidden, 0), 0.25);
+}
+
+class Errors : public PluginTest {
+protected:
+    void SetUp() override {
+        PluginTest::SetUp();
+        start();
+    }
+};
+
+TEST_F(Errors, CarryMessageAndErrorNumber) {
+    RaiseException("OutOfBoundsException", "Gr\xC3\xBCn");
+    RaiseException("NoSuchException", "why");
+    RaiseException("RuntimeException", nullptr);
+    expectRaised({{"OutOfBoundsException", "Gr\xC3\xBCn", 0}, {"RuntimeException", "why", 0}, {"RuntimeException", "", 0}});
+    host.plainClasses.clear();
+    RaiseException("OutOfBoundsException", "unheard");
+}
+
+TEST_F(Errors, WordTheRange) {
+    const auto expectMessage = [&](const std::string& message, std::int64_t value, std::int64_t minimum, std::int64_t limit,
+                                   const char* name, const char* method) {
+        RaiseOutOfBoundsException(value, minimum, limit, name, method);
+        expectRaised({{"OutOfBoundsException", message, 0}});
+    };
+    expectMessage("Parameter values to method m is too big. Range is 1 to 19, but value is 20.", 20, 1, 20, "values", "m");
+    expectMessage("Parameter values to method m is too small. Range is 1 to 19, but value is 0.", 0, 1, 20, "values", "m");
+    expectMessage("Parameter index  is too big. Range is 0 to 4, but value is 5.", 5, 0, 5, "index", nullptr);
+    expectMessage("Parameter ?  is too big. Range is 0 to 4, but value is 3.", 3, 0, 5, nullptr, "");
+    expectMessage("Parameter x to method y is too small. Range is 9223372036854775807 to -1, but value is "
+                  "-9223372036854775808.",
+                  INT64_MIN, INT64_MAX, 0, "x", "y");
+    const std::string longName(5000, 'n');
+    expectMessage("Parameter x to method " + longName + " is too big. Range is 0 to 0, but value is 1.", 1, 0, 1, "x",
+                  longName.c_str());
+    failAllocation(1);
+    expectMessage("Out of Bounds", 1, 0, 1, longName.c_str(), nullptr);
+    EXPECT_TRUE(failAllocation(0));
+}
+
+TEST_F(Errors, InCppAreTranslated) {
+    const auto expectTranslated = [&](auto exception, const char* className, const char* message) {
+        translated([&] { throw exception; });
+        expectRaised({{className, message, 0}});
+    };
+    expectTranslated(std::bad_alloc(), "OutOfMemoryException", "Failed to allocate memory.");
+    expectTranslated(std::bad_array_new_length(), "OutOfMemoryException", "Failed to allocate memory.");
+    expectTranslated(std::range_error("a"), "OutOfBoundsException", "a");
+    expectTranslated(std::out_of_range("b"), "OutOfBoundsException", "b");
+    expectTranslated(std::overflow_error("c"), "OutOfBoundsException", "c");
+    expectTranslated(std::underflow_error("d"), "OutOfBoundsException", "d");
+    expectTranslated(std::bad_cast(), "IllegalCastException", std::bad_cast().what());
+    expectTranslated(std::length_error("e"), "RuntimeException", "e");
+    expectTranslated(std::exception(), "RuntimeException", std::exception().what());
+    expectTranslated(42, "RuntimeException", "Sorry, but there was an unnamed C++ Exception.");
+
+    int builds = 0;
+    host.onBuildString = [&] {
+        if (++builds == 1) throw std::out_of_range("while building");
+    };
+    EXPECT_EQ(REALBuildUnicodeString("x", 1, kCFStringEncodingUTF8), nullptr);
+    expectRaised({{"OutOfBoundsException", "while building", 0}});
+    host.onBuildString = nullptr;
+}
+
+TEST_F(Errors, OfThePlatformTellNameAndReasonWithoutASibling) {
+    bool finished = false;
+    guarded([&] {
+        native::raise("ColorException", "no gr\xC3\xBCn");
+        finished = true;
+    });
+    EXPECT_FALSE(finished);
+    const std::string reason(1000, 'r');
+    guarded([&] { native::raise("Long", reason.c_str()); });
+    expectRaised({{"RuntimeException", "ColorException: no gr\xC3\xBCn", 0}, {"RuntimeException", "Long: " + reason, 0}});
+}
+
+TEST_F(Errors, OfThePlatformAreTheSiblingsToTell) {
+    native::Sibling::install();
+    guarded([&] { native::raise("ColorException", "why"); });
+    expectRaised({{"NSExceptionZRX", "why", -1}}); // its numbering too
+    quiet([&] { native::raise("ColorException", "unheard"); });
+
+    const id metaclass = native::metaclass("NSException");
+    native::replace(
+        metaclass, "NewNSExceptionZRX:", +[](id, SEL, id) -> REALobjectStruct* { return nullptr; });
+    guarded([&] { native::raise("ColorException", "unheard"); });
+    native::fail(metaclass, "NewNSExceptionZRX:");
+    guarded([&] { native::raise("ColorException", "unheard"); });
+}
+
+TEST_F(Errors, ThatAreNoNSExceptionsPassOutwardAndCloseTheirGuards) {
+    const id object = native::string("no exception");
+    auto throwing = [&] { throwNative(object); };
+    auto fromGuarded = [&] { guarded(throwing); };
+    auto fromQuiet = [&] { quiet(throwing); };
+    // A guard left open would catch this in a frame that is gone.
+    auto afterCpp = [&] {
+        EXPECT_THROW(guarded([] { throw std::runtime_error("outward"); }), std::runtime_error);
+        EXPECT_THROW(quiet([] { throw 1; }), int);
+        throwNative(object);
+    };
+    EXPECT_EQ(catchNative(fromGuarded), object);
+    EXPECT_EQ(catchNative(fromQuiet), object);
+    EXPECT_EQ(catchNative(afterCpp), object);
+
+    // Cleanup runs once on every path.
+    int cleanups = 0, onThrows = 0;
+    const auto count = [](int& counter) { return [&counter] { ++counter; }; };
+    const auto cleaned = [&](auto body) { withCleanup([&] { onThrow(body, count(onThrows)); }, count(cleanups)); };
+    cleaned([] {});
+    EXPECT_EQ(std::pair(cleanups, onThrows), std::pair(1, 0));
+    auto native = [&] { cleaned(throwing); };
+    EXPECT_EQ(catchNative(native), object);
+    EXPECT_EQ(std::pair(cleanups, onThrows), std::pair(2, 1));
+    EXPECT_THROW(cleaned([] { throw 1; }), int);
+    EXPECT_EQ(std::pair(cleanups, onThrows), std::pair(3, 2));
+    EXPECT_EQ(native::retainCount(object), 1U);
+    CFRelease(object);
+}
