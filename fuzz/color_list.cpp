@@ -1,0 +1,42 @@
+// A colour list's file from anyone: refused, or written back and read again as the same list.
+#include "require.h"
+
+#include "appkit/color_list_file.h"
+#include "builtin/introspection.h"
+#include "runtime/autorelease.h"
+
+using namespace chroma;
+using namespace chroma::builtin;
+using fuzz::require;
+
+namespace {
+
+std::size_t living() {
+    return builtin_liveInstances("NSColor") + builtin_liveInstances("NSColorList") + builtin_liveInstances("NSColorSpace") +
+           builtin_liveInstances("NSImage");
+}
+
+void readAndWrite(std::string_view text) {
+    ColorList* const list = autorelease(make<ColorList>());
+    if (!readEntries(text, *list)) return;
+    require(list->entries.size() == list->colors.size(), "every colour has its place");
+    std::string written, rewritten;
+    require(writeEntries(*list, written), "what was read can be written");
+
+    ColorList* const again = autorelease(make<ColorList>());
+    require(readEntries(written, *again), "what was written can be read");
+    require(writeEntries(*again, rewritten) && rewritten == written, "a list comes back as it was");
+    for (std::size_t index = 0; index < list->entries.size(); ++index)
+        require(again->entries.at(index)->first == list->entries[index]->first, "keys and their order come back");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::size_t before = living();
+    const std::size_t height = autoreleaseHeight();
+    readAndWrite({reinterpret_cast<const char*>(data), size});
+    drainAutoreleased(height);
+    require(living() == before, "nothing is left");
+    return 0;
+}

@@ -1,0 +1,89 @@
+// A declaration from anyone's class record: refused with a place in it, or written out from its parts and read again the same.
+#include "require.h"
+
+#include "model/declarations.h"
+
+#include <cinttypes>
+#include <cstdio>
+
+using namespace host;
+using fuzz::require;
+
+namespace {
+
+std::string written(const char* format, ...) {
+    char buffer[64];
+    va_list values;
+    va_start(values, format);
+    std::vsnprintf(buffer, sizeof buffer, format, values);
+    va_end(values);
+    return buffer;
+}
+
+struct Writer {
+    std::string operator()(std::monostate) const { return "nil"; }
+    std::string operator()(bool value) const { return value ? "true" : "false"; }
+    std::string operator()(HostInteger value) const { return std::to_string(value); }
+    std::string operator()(HostColor value) const { return written("&c%" PRIx32, value); }
+    std::string operator()(double value) const { return written("%.17e", value); }
+    std::string operator()(const std::string& value) const {
+        std::string text = "\"";
+        for (const char c : value)
+            text.append(c == '"' ? 2 : 1, c);
+        return text + "\"";
+    }
+};
+
+std::string write(const Literal& literal) { return std::visit(Writer(), literal.value); }
+
+std::string write(const Signature& signature) {
+    std::string text;
+    for (const Parameter& p : signature.parameters) {
+        text += (text.empty() ? "" : ",") +
+                std::string(p.byRef        ? "byref "
+                            : p.paramArray ? "paramarray "
+                                           : "") +
+                p.name + " as " + nameOf(p.paramArray ? p.type.element() : p.type);
+        if (p.defaultValue) text += "=" + write(*p.defaultValue);
+    }
+    const std::string result = nameOf(signature.result);
+    return signature.name + "(" + text + ")" + (result.empty() ? "" : " as " + result);
+}
+
+std::string write(const Constant& constant) { return constant.name + "=" + write(constant.value); }
+std::string write(const Type& type) { return nameOf(type); }
+
+template <class Declaration>
+void readAndWrite(Declaration (*parse)(std::string_view), std::string_view text) {
+    Declaration read;
+    try {
+        read = parse(text);
+    } catch (const DeclarationError& error) {
+        require(error.position <= text.size(), "an error is at a place in the text");
+        return;
+    }
+    if constexpr (std::is_same_v<Declaration, Constant>) {
+        if (std::holds_alternative<std::string>(read.value.value))
+            require(text.substr(0, text.rfind('"') + 1).substr(text.find('"')) == write(read.value), "text is kept");
+    }
+    try {
+        require(write(parse(write(read))) == write(read), "a declaration comes back as it was");
+    } catch (const DeclarationError& error) {
+        require(false, error.what());
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    // One reading in most runs, since refusals cost the most.
+    const std::size_t sign = text.find_first_of("(=");
+    if (sign != text.npos && text[sign] == '=') {
+        readAndWrite(parseConstant, text);
+    } else {
+        readAndWrite(parseSignature, text);
+        if (sign == text.npos || text.substr(sign, 2) == "()") readAndWrite(parseType, text);
+    }
+    return 0;
+}

@@ -1,0 +1,104 @@
+// A program from anyone: refused or run, as a file and typed at a prompt, with nothing left behind. Programs that name a class of
+// files are only checked.
+#include "require.h"
+
+#include "language/language.h"
+#include "language/limits.h"
+#include "language/session.h"
+#include "model/entries.h"
+#include "model/objects.h"
+#include "model/strings.h"
+
+#include <sys/time.h>
+
+#include <algorithm>
+#include <new>
+#include <sstream>
+
+extern "C" void REALPluginMain(REALresolver resolver);
+
+using namespace host;
+using fuzz::require;
+
+namespace {
+
+constexpr std::size_t mostMemory = 64 << 20;
+
+volatile std::sig_atomic_t run = 0;
+
+// Interrupts a program that ran at the last tick too.
+void tick(int) {
+    static std::sig_atomic_t before = 0;
+    if (run == before) language::detail::interruptWanted = 1;
+    before = run;
+}
+
+class Silence final : public language::Presenter {
+    void present(const Type&, Slot) override {}
+};
+
+bool namesFiles(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? c + 32 : c; });
+    return text.find("folderitem") != text.npos || text.find("nscolorlist") != text.npos;
+}
+
+void runAsFile(const std::string& text) {
+    std::ostringstream output, errors;
+    const int exitCode = language::runText("fuzz", text, output, errors);
+    require((exitCode == 0) == errors.str().empty(), "a failure is told");
+}
+
+// The first line and then the rest, which may use what the line declared.
+void runAtPrompt(const std::string& text) {
+    std::ostringstream output;
+    Silence presenter;
+    language::Session session("prompt", output, presenter);
+    const std::size_t lineEnd = std::min(text.find('\n'), text.size());
+    for (const std::string& piece : {text.substr(0, lineEnd), text.substr(lineEnd)})
+        if (!session.needsMore(piece)) session.run(piece);
+}
+
+} // namespace
+
+// Memory that a program asks for is refused before the machine's is used up; by the C++ library too, so these are visible to it.
+#pragma GCC visibility push(default)
+void* operator new(std::size_t size) {
+    void* const memory = size <= mostMemory ? std::malloc(size) : nullptr;
+    if (!memory) throw std::bad_alloc();
+    return memory;
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+#pragma GCC visibility pop
+
+extern "C" const char* __asan_default_options() {
+    return "malloc_context_size=5:alloc_dealloc_mismatch=0:allocator_may_return_null=1:max_allocation_size_mb=64";
+}
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    startHost();
+    REALPluginMain(resolveEntry);
+    struct sigaction action = {};
+    action.sa_handler = tick;
+    action.sa_flags = SA_RESTART;
+    sigaction(SIGVTALRM, &action, nullptr);
+    const itimerval period = {{0, 20000}, {0, 20000}};
+    setitimer(ITIMER_VIRTUAL, &period, nullptr);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string text(reinterpret_cast<const char*>(data), size);
+    const std::size_t objects = liveObjectCount(), strings = liveStringCount();
+    std::ostringstream errors;
+    const bool isSound = language::checkText("fuzz", text, errors) == 0;
+    require(isSound == errors.str().empty(), "an error is told");
+    ++run;
+    if (!namesFiles(text)) {
+        if (isSound) runAsFile(text);
+        ++run;
+        runAtPrompt(text);
+    }
+    require(liveObjectCount() == objects && liveStringCount() == strings, "nothing is left");
+    return 0;
+}

@@ -1,0 +1,143 @@
+// Host strings to the platform and back. The first byte chooses the encoding, the second the age of the host.
+#include "require.h"
+
+#include "bridge/strings.h"
+#include "foundation/string.h"
+#include "model/entries.h"
+#include "model/platform.h"
+#include "model/strings.h"
+#include "runtime/host_version.h"
+#include "runtime/start.h"
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+
+using namespace chroma;
+using fuzz::require;
+
+namespace {
+
+constexpr std::uint32_t unknownNumber = 0x0BADBAD;
+constexpr std::uint32_t encodings[] = {host::encoding::macRoman,      host::encoding::utf16,   host::encoding::isoLatin1,
+                                       host::encoding::windowsLatin1, host::encoding::ascii,   host::encoding::utf8,
+                                       host::encoding::utf32,         host::encoding::unknown, 0x0BADBAD};
+constexpr double versions[] = {2011.0, 2012.5, 2013.0};
+
+bool answersText = true;
+
+const void* textOf(REALstringStruct* string, std::int32_t reserved) {
+    const auto answer = reinterpret_cast<REALGetStringCFStringProc>(host::resolveEntry("REALGetStringCFString"));
+    return answersText ? answer(string, reserved) : nullptr;
+}
+
+void* resolve(const char* entry) {
+    return std::strcmp(entry, "REALGetStringCFString") == 0 ? reinterpret_cast<void*>(textOf) : host::resolveEntry(entry);
+}
+
+using Text = std::optional<std::u16string>;
+
+// What the platform gets, from the host's own answer or from the string's storage.
+Text platformText(REALstringStruct* string, bool fromStorage) {
+    answersText = !fromStorage;
+    const CFStringRef converted = RBString2CFString(string);
+    if (!converted) return std::nullopt;
+    const Text text(static_cast<builtin::String*>(converted)->text());
+    CFRelease(converted);
+    return text;
+}
+
+bool isUnicode(std::u16string_view text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if ((text[i] & 0xF800) != 0xD800) continue;
+        if (text[i] >= 0xDC00 || ++i == text.size() || (text[i] & 0xFC00) != 0xDC00) return false;
+    }
+    return true;
+}
+
+// A host string comes back from text that is Unicode, up to its first NUL; otherwise the empty one does.
+void requireReturn(const std::u16string& text) {
+    builtin::String* const string = builtin::newString(text);
+    REALstringStruct* const back = NSStringRB(string);
+    CFRelease(string);
+    const std::u16string expected = isUnicode(text) ? text.substr(0, text.find(u'\0')) : u"";
+    require(!back || host::encodingOf(back) == host::encoding::utf8, "a host string is UTF-8");
+    require(platformText(back, false).value_or(u"") == expected, "text comes back as it was");
+    host::unlock(back);
+}
+
+// Writing text where it came from gives the same bytes, in just the room that it needs.
+void requireSameBytes(const std::u16string& text, std::string_view bytes, std::uint32_t encoding) {
+    builtin::String* const string = builtin::newString(text);
+    std::string written(bytes.size() + 1, '?');
+    const auto room = static_cast<CFIndex>(written.size());
+    require(!CFStringGetCString(string, written.data(), room - 1, encoding), "text that does not fit is refused");
+    require(CFStringGetCString(string, written.data(), room, encoding) && written.substr(0, bytes.size()) == bytes,
+            "bytes come back as they were");
+    CFRelease(string);
+}
+
+// What hosts that do not know UTF-32 get: surrogates are left out, what lies beyond Unicode is replaced.
+std::u16string translated(std::string_view bytes) {
+    std::u16string text;
+    for (; bytes.size() >= sizeof(char32_t); bytes.remove_prefix(sizeof(char32_t))) {
+        char32_t c;
+        std::memcpy(&c, bytes.data(), sizeof c);
+        if (c > 0x10FFFF) c = 0xFFFD;
+        if (c >= 0xD800 && c < 0xE000) continue;
+        if (c >= 0x10000) text += static_cast<char16_t>(0xD7C0 + (c >> 10));
+        text += static_cast<char16_t>(c >= 0x10000 ? 0xDC00 + c % 0x400 : c);
+    }
+    return text;
+}
+
+// Wide text ends as UTF-8, the same on every host when it is sound; other bytes stay as they are.
+void requireBuilt(std::string_view bytes, std::uint32_t encoding, const Text& sound) {
+    REALstringStruct* const built = REALBuildUnicodeString(bytes.data(), static_cast<std::int64_t>(bytes.size()), encoding);
+    if (encoding == host::encoding::utf16 || encoding == host::encoding::utf32) {
+        const Text text = platformText(built, false);
+        const bool isOld = encoding == host::encoding::utf32 && rbversion_rbversion < 2013;
+        require(!built || (text && host::encodingOf(built) == host::encoding::utf8), "wide text ends as UTF-8");
+        require(!sound || text.value_or(u"") == *sound, "wide text is kept");
+        require(!isOld || text.value_or(u"") == translated(bytes), "old hosts get UTF-32 translated");
+    } else {
+        const bool isASCII = std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; });
+        const bool isTold = encoding == host::encoding::utf8 || encoding == unknownNumber;
+        require(host::bytesOf(built) == bytes, "bytes are kept");
+        require(host::encodingOf(built) == (isASCII && !isTold ? host::encoding::ascii : encoding),
+                "bytes tell what they are");
+    }
+    host::unlock(built);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    host::startHost();
+    startPlugin(resolve, {});
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size < 3) return 0;
+    const std::uint32_t encoding = encodings[data[0] % std::size(encodings)];
+    rbversion_rbversion = versions[data[1] % std::size(versions)];
+    const std::string_view bytes(reinterpret_cast<const char*>(data) + 2, size - 2);
+
+    REALstringStruct* const string = host::newString(bytes, encoding);
+    const Text asked = platformText(string, false), stored = platformText(string, true);
+    host::unlock(string);
+    require(asked == stored || (asked && stored && *asked == u'\uFEFF' + *stored),
+            "the host's answer and its storage agree");
+    if (stored) requireReturn(*stored);
+
+    // What the host itself can read is sound.
+    const void* const own = host::platform::newCFString(bytes, encoding);
+    const Text sound = own ? asked : std::nullopt;
+    if (own) host::platform::releaseCFString(own);
+    const bool isWide = encoding == host::encoding::utf16 || encoding == host::encoding::utf32;
+    if (sound && !isWide) requireSameBytes(*sound, bytes, encoding);
+    requireBuilt(bytes, encoding, sound);
+    require(host::liveStringCount() == 0, "nothing is left");
+    return 0;
+}
