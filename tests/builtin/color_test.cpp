@@ -107,6 +107,7 @@ TEST_F(Colors, AreDescribedByTheirSpaceAndShortestComponents) {
         {fromHue(0, 1, 1), "NSCalibratedRGBColorSpace 1 0 0 1"},
         {fromHue(0.25f, 0.5f, 0.8f), "NSCalibratedRGBColorSpace 0.6 0.8 0.4 1"},
         {fromHue(0.3f, 0, 0.8f), "NSCalibratedRGBColorSpace 0.8 0.8 0.8 1"},
+        {color("colorWithDeviceHue:saturation:brightness:alpha:", 0.f, 1.f, 1.f, 7.f), "NSDeviceRGBColorSpace 1 0 0 1"},
         {fromHue(2, 3, -1), "NSCalibratedRGBColorSpace 0 0 0 1"},
         {color("controlColor"), "Catalog color: System controlColor"},
         {color("orangeColor"), "NSCalibratedRGBColorSpace 1 0.5 0 1"},

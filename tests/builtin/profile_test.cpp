@@ -38,6 +38,7 @@ TEST_F(Profiles, OfStandardSpacesComeBackAsEqualSpacesAndHoldAllOfThem) {
             EXPECT_EQ(textOf(send(same, property)), textOf(send(space, property)));
         EXPECT_EQ(send<std::intptr_t>(same, "colorSpaceModel"), send<std::intptr_t>(space, "colorSpaceModel"));
         EXPECT_EQ(profileOf(same), profileOf(space));
+        EXPECT_EQ(profileOf(space).substr(68, 12), numbers({0.9642, 1, 0.8249}, 65536, 4)) << "the light that it is told in";
         EXPECT_TRUE(isEqual(made("NSColorSpace", "initWithColorSyncProfile:", send(same, "colorSyncProfile")), space));
 
         // With another creator in its header, which nothing depends on, it is somebody else's profile.
