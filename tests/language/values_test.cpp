@@ -15,8 +15,9 @@ Print "x"&b1&h2, b1 &h2, &b1 '> x78 78 1)");
 TEST(Values, Numbers) {
     // A double prints in the shortest form that reads back the same, with an exponent only far from 1.
     expectPrinted(
-        R"(Print 0.1, 0.1 + 0.2, 1 / 3, 100000.0, 123456789012345.0 '> 0.1 0.30000000000000004 0.3333333333333333 100000 123456789012345
-Print 1e15, 0.00001, 0.000001, -0.0, 1 / 0, -1 / 0, 0 / 0 = 0 / 0 '> 1e+15 0.00001 1e-06 -0 inf -inf False
+        R"(Print 0.1, 0.1 + 0.2, 1 / 3 '> 0.1 0.30000000000000004 0.3333333333333333
+Print 100000.0, 123456789012345.0, 1e15, 0.00001, 0.000001, -0.0 '> 100000 123456789012345 1e+15 0.00001 1e-06 -0
+Print 1 / 0, -1 / 0, 0 / 0 = 0 / 0 '> inf -inf False
 Dim up As Integer = 2.9, down As Integer = -2.9, none As Integer = 0 / 0, most As Integer = 1e300
 Print up, down, none, most > 2147483646, most < 0 '> 2 -2 0 True False
 Dim c As Color = &hFF8000
@@ -34,8 +35,8 @@ Print lowest < 0, lowest - 1 > 0, lowest \ -1 = lowest, lowest Mod -1, Abs(lowes
 
 TEST(Values, Operators) {
     expectPrinted(
-        R"(Print 7 + 2, 7 - 2, 7 * 2, 7 / 2, 7 \ 2, -7 \ 2, 7 Mod 3, -7 Mod 3, 2 ^ 10, 7.9 \ 2.9 '> 9 5 14 3.5 3 -3 1 -1 1024 3
-Print -2 ^ 2, 2 ^ -1, 2 ^ 3 ^ 2, 2 + 3 * 4, (2 + 3) * 4, 10 - 4 - 3, 2 * 7 Mod 4, 1 + 2 & 3 + 4 '> -4 0.5 64 14 20 3 2 37
+        R"(Print 7 + 2, 7 - 2, 7 * 2, 7 / 2, 7 \ 2, -7 \ 2, 7 Mod 3, -7 Mod 3, 2 ^ 10 '> 9 5 14 3.5 3 -3 1 -1 1024
+Print -2 ^ 2, 2 ^ -1, 2 ^ 3 ^ 2, 2 + 3 * 4, (2 + 3) * 4, 10 - 4 - 3, 2 * 7 Mod 4, 1 + 2 & 3 + 4, 7.9 \ 2.9 '> -4 0.5 64 14 20 3 2 37 3
 Print Not 1 = 2, 1 < 2 And 2 < 3, True Or False And False, True Xor True Or True '> True True True False
 Print 12 And 10, 12 Or 10, 12 Xor 10, Not 0, Not -1 '> 8 14 6 -1 0
 Dim v() As Boolean
@@ -63,9 +64,9 @@ Print "[" & Join(none) & "]", Join(Split("a b"), "") '> [] ab
 Print Chr(65), Chr(228), Chr(8364), Chr(128512), Asc("€uro"), Asc(Chr(128512)), Asc("") '> A ä € 😀 8364 128512 -1
 Print Repeat("ab", 3), Repeat("ab", 0), Repeat("ab", -1), Repeat("", 5), Len(Repeat("ä", 1000)) '> ababab    1000
 Print Format(0, "0.00"), Format(0, "#"), Format(0.5, "#.0"), Format(1234567.891, "#,##0.##") '> 0.00  .5 1,234,567.89
-Print Format(999, "#,##0"), Format(-0.001, "0.0"), Format(-1.5, "0"), Format(7, "0000"), Format(0.125, "0%") '> 999 0.0 -2 0007 12%
-Print Format(3, "0 \%"), Format(2, "\#0"), Format(5, "EUR 0.00 net"), Format(1e15, "#,##0") '> 3 % #2 EUR 5.00 net 1,000,000,000,000,000
-Print Format(1.005, "0.000000"), Format(12, "") '> 1.005000 12)");
+Print Format(999, "#,##0"), Format(-0.001, "0.0"), Format(-1.5, "0"), Format(7, "0000") '> 999 0.0 -2 0007
+Print Format(0.125, "0%"), Format(3, "0 \%"), Format(2, "\#0"), Format(5, "EUR 0.00 net") '> 12% 3 % #2 EUR 5.00 net
+Print Format(1e15, "#,##0"), Format(1.005, "0.000000"), Format(12, "") '> 1,000,000,000,000,000 1.005000 12)");
 }
 
 TEST(Values, ObjectsArraysAndVariants) {
