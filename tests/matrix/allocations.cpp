@@ -41,7 +41,7 @@ void* allocateOrThrow(std::size_t size, const void* caller) {
 
 } // namespace
 
-std::size_t matrix::liveBlocks() { return blocks.load(std::memory_order_relaxed); }
+std::size_t matrix::liveBlocks() { return CHROMA_ON_GNUSTEP ? 0 : blocks.load(std::memory_order_relaxed); }
 
 #pragma GCC visibility push(default)
 #define CHROMA_CALLER __builtin_return_address(0)

@@ -57,12 +57,13 @@ host::Object* newObject(const std::string& className, id native) {
     return object;
 }
 
-// Lists are changed by calls, so each gets a new one.
+// Lists are changed by calls, so each gets a new one. A platform may keep a list that was written, but no counted object in it.
 Slot newList() {
-    const id name = text("list"), key = text("key"), list = make(cls::NSColorList, "initWithName:", name);
-    send<void>(list, sel::setColor_forKey_, natives["NSColorZRX"].front(), key);
+    const id name = text("list"), key = text("key"), color = ask(cls::NSColor.get(), "grayColor");
+    const id list = make(cls::NSColorList, "initWithName:", name);
+    send<void>(list, sel::setColor_forKey_, color, key);
     const Slot object = Slot::ofObject(newObject("NSColorListZRX", list));
-    for (const id made : {name, key, list})
+    for (const id made : {name, key, color, list})
         CFRelease(made);
     return object;
 }
@@ -216,6 +217,12 @@ void prepareNatives() {
     handles = {{"CGColorHandle", ask(color, "CGColor")},
                {"CGColorSpaceHandle", ask(spaces.back(), "CGColorSpace")},
                {"ColorSyncProfileHandle", ask(spaces.back(), "colorSyncProfile")}};
+}
+
+void settle() {
+    ClassName NSRunLoop{"NSRunLoop"}, NSDate{"NSDate"};
+    Selector currentRunLoop{"currentRunLoop"}, runUntilDate{"runUntilDate:"}, distantPast{"distantPast"};
+    send<void>(send<id>(NSRunLoop, currentRunLoop), runUntilDate, send<id>(NSDate, distantPast));
 }
 
 std::size_t retainsOfNatives() {

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 #include <iterator>
 
 extern "C" chroma::CFIndex CFDictionaryGetCount(chroma::CFMutableDictionaryRef);
@@ -78,7 +79,7 @@ void invoke(Call& call) {
         try {
             call.function.invoke(call.function.address, call.slots, &call.result);
             call.returned = true;
-        } catch (...) {
+        } catch (const std::exception&) { // native exceptions may be C++ ones of another language
             call.escaped = true;
         }
         chroma::throwNative(testObject);
@@ -105,7 +106,8 @@ bool isNullResult(const Call& call) {
 // For an NSException out of a message.
 int promisedExceptions(const Call& call) {
     const bool isDropped = call.traces.bridging || call.function.isQuiet || !hostCanRaise();
-    return isDropped || (call.function.converts && call.plan.at == 1) ? 0 : 1;
+    if (!isDropped && call.function.converts && call.plan.at == 1) return call.plan.raisesAnyway ? 1 : 0;
+    return isDropped ? 0 : 1;
 }
 
 const char* refusalOf(const Call& call) {
@@ -156,6 +158,7 @@ Verdict callOnce(const Function& function, const Choice& choice, Plan plan, cons
         verdict.complaint = complaintOf(call);
         host::unlock(function.signature.result, call.result);
         giveUpArguments(call);
+        settle();
     }
     const Balance after = balance();
     const auto different = std::mismatch(before.begin(), before.end(), after.begin()).first - before.begin();

@@ -26,6 +26,7 @@ enum class Fault {
 struct Plan {
     Fault fault = Fault::None;
     int at = 0;
+    bool raisesAnyway = false; // whether the call raises a host exception without the fault
 };
 
 // What a call met.
@@ -50,7 +51,7 @@ struct Suspension {
 // Whether the present event is the one that one of these faults waits for.
 bool strikes(Fault first, Fault last);
 void countRaised();
-std::size_t liveBlocks(); // of the heap
+std::size_t liveBlocks(); // of the heap; 0 where the platform's own comings and goings are unknown
 
 // A way to make an argument or a receiver; the value belongs to the caller.
 struct Form {
@@ -67,6 +68,8 @@ std::vector<Form> receiversOf(const std::string& className);
 void prepareNatives();
 extern chroma::id testException, testObject; // what messages throw
 std::size_t retainsOfNatives();
+// Runs what the platform has put off to its run loop, if it has one.
+void settle();
 
 struct Function {
     std::string name;

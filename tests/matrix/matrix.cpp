@@ -23,8 +23,7 @@ struct Report {
 };
 Report* report = nullptr;
 
-// Whether the planned fault struck.
-bool check(const Function& function, const Choice& choice, Plan plan) {
+Verdict check(const Function& function, const Choice& choice, Plan plan) {
     std::snprintf(report->current, sizeof report->current, "%s, receiver %zu, argument %d in form %zu, fault %d at %d",
                   function.name.c_str(), choice.receiver, choice.argument, choice.form, static_cast<int>(plan.fault),
                   plan.at);
@@ -32,7 +31,7 @@ bool check(const Function& function, const Choice& choice, Plan plan) {
     ++report->cases;
     if (!verdict.complaint.empty() && ++report->failures <= 20)
         std::printf("    %s: %s\n", report->current, verdict.complaint.c_str());
-    return verdict.struck;
+    return verdict;
 }
 
 struct Configuration {
@@ -48,9 +47,9 @@ void play(const Configuration& host) {
     const Fault last = host.missing.empty() ? Fault::HostThrows : Fault::Raise;
     for (const Function& function : start(host.version, host.missing, host.hasSibling))
         for (const Choice& choice : choicesFor(function)) {
-            check(function, choice, {});
+            const bool raises = check(function, choice, {}).raised;
             for (int kind = 1; kind <= static_cast<int>(last); ++kind)
-                for (Plan plan{static_cast<Fault>(kind), 1}; check(function, choice, plan);)
+                for (Plan plan{static_cast<Fault>(kind), 1, raises}; check(function, choice, plan).struck;)
                     ++plan.at;
         }
 }
