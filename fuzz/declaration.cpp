@@ -35,6 +35,7 @@ std::string write(const Literal& literal) { return std::visit(Writer(), literal.
 std::string write(const Signature& signature) {
     std::string text;
     for (const Parameter& p : signature.parameters) {
+        require(!p.paramArray || &p == &signature.parameters.back(), "a paramarray stands last");
         if (!text.empty()) text += ",";
         if (p.byRef) text += "byref ";
         if (p.paramArray) text += "paramarray ";

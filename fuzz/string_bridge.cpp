@@ -21,7 +21,7 @@ namespace {
 constexpr std::uint32_t unknownNumber = 0x0BADBAD;
 constexpr std::uint32_t encodings[] = {host::encoding::macRoman,      host::encoding::utf16,   host::encoding::isoLatin1,
                                        host::encoding::windowsLatin1, host::encoding::ascii,   host::encoding::utf8,
-                                       host::encoding::utf32,         host::encoding::unknown, 0x0BADBAD};
+                                       host::encoding::utf32,         host::encoding::unknown, unknownNumber};
 constexpr double versions[] = {2011.0, 2012.5, 2013.0};
 
 bool answersText = true;
