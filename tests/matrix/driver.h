@@ -91,9 +91,9 @@ bool hostCounts();
 
 // Which receiver; which argument is not the ordinary one (-1: none), and its form.
 struct Choice {
-    std::size_t receiver;
-    int argument;
-    std::size_t form;
+    std::size_t receiver = 0;
+    int argument = -1;
+    std::size_t form = 0;
 };
 std::vector<Choice> choicesFor(const Function& function);
 
