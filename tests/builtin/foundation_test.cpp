@@ -1,4 +1,4 @@
-// Strings in every encoding, both ways and strictly; URLs; data and arrays.
+// Strings in every encoding, both ways and strictly; URLs; data, arrays and dictionaries.
 #include "support/native.h"
 
 #include <filesystem>
@@ -189,4 +189,13 @@ TEST_F(Collections, ArraysHoldTheirObjectsInOrder) {
     for (const id object : objects)
         EXPECT_EQ(send(enumerator, "nextObject"), object);
     EXPECT_EQ(send(enumerator, "nextObject"), nullptr);
+}
+
+TEST_F(Collections, DictionariesKeepTheLatestValueOfAPlainPointer) {
+    const CFMutableDictionaryRef dictionary = CFDictionaryCreateMutable(nullptr, 0, nullptr, nullptr);
+    const char key[] = "key", values[] = {'a', 'b'};
+    for (const char& value : values)
+        CFDictionarySetValue(dictionary, key, &value);
+    EXPECT_EQ(CFDictionaryGetValue(dictionary, key), &values[1]);
+    CFRelease(dictionary);
 }
