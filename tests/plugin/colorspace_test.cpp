@@ -5,7 +5,6 @@
 #include "runtime/host_version.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstdio>
 #include <fstream>
 #include <unistd.h>
@@ -146,14 +145,10 @@ TEST_F(Spaces, NamesFindTheirSpace) {
 
 TEST_F(Spaces, ProfileFilesAreReadByThePathThatTheHostVersionHas) {
     const std::string bytes = someProfile(), half = bytes.substr(0, bytes.size() / 2);
-    const std::string path = ::testing::TempDir() + "profile \xC3\xBC " + std::to_string(getpid()) + ".icc";
+    const std::string process = std::to_string(getpid()), folder = ::testing::TempDir();
+    const std::string path = folder + "profile \xC3\xBC " + process,
+                      url = "file://" + folder + "profile%20%C3%BC%20" + process;
     std::ofstream(path, std::ios::binary) << bytes;
-    std::string url = "file://"; // everything but letters and slashes escaped
-    for (const char c : path) {
-        char escaped[4];
-        std::snprintf(escaped, sizeof escaped, "%%%02X", static_cast<unsigned char>(c));
-        url += std::isalpha(static_cast<unsigned char>(c)) || c == '/' ? std::string(1, c) : escaped;
-    }
     const auto read = [](const std::map<std::string, std::string>& properties) {
         const Reference file(foreign::plain("FolderItem", properties));
         const std::string result =

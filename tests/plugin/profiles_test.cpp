@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <tuple>
 
 #include <lcms2.h>
 
@@ -14,29 +15,25 @@ using namespace chroma::colorspace;
 
 namespace {
 
-std::string told(int model, int components, const std::string& name) {
-    return "model " + std::to_string(model) + ", " + std::to_string(components) + " components, " + name;
+// Model, components and name of a profile; none when it makes no space.
+using Facts = std::tuple<HostInteger, HostInteger, std::string>;
+
+Facts factsOf(const Reference& space) {
+    return {colorSpaceModel(space, 0), numberOfColorComponents(space, 0), foreign::take(localizedName(space, 0))};
 }
 
-// What the space tells, as text; "nil" for none.
-std::string toldBy(const Reference& space) {
-    if (!space) return "nil";
-    return told(static_cast<int>(colorSpaceModel(space, 0)), static_cast<int>(numberOfColorComponents(space, 0)),
-                foreign::take(localizedName(space, 0)));
-}
-
-std::string toldByLibrary(const std::string& bytes) {
+Facts factsByLibrary(const std::string& bytes) {
     const cmsHPROFILE profile = cmsOpenProfileFromMem(bytes.data(), static_cast<cmsUInt32Number>(bytes.size()));
-    if (!profile) return "nil";
+    if (!profile) return {};
     const cmsColorSpaceSignature space = cmsGetColorSpace(profile);
     char name[512] = {};
     cmsGetProfileInfoASCII(profile, cmsInfoDescription, "en", "US", name, sizeof name);
     cmsCloseProfile(profile);
-    if (space == cmsSigXYZData) return "nil"; // a connection space, no colour model
+    if (space == cmsSigXYZData) return {}; // a connection space, no colour model
     const std::map<cmsColorSpaceSignature, int> models = {
         {cmsSigGrayData, 0}, {cmsSigRgbData, 1}, {cmsSigCmykData, 2}, {cmsSigLabData, 3}};
     const auto model = models.find(space);
-    return told(model == models.end() ? 4 : model->second, static_cast<int>(cmsChannelsOf(space)), name);
+    return {model == models.end() ? 4 : model->second, cmsChannelsOf(space), name};
 }
 
 } // namespace
@@ -51,11 +48,11 @@ TEST_F(PluginTest, ReadsProfilesAsAColourManagementLibraryDoes) {
         if (extension != ".icc" && extension != ".icm") continue;
         std::ostringstream contents;
         contents << std::ifstream(entry.path(), std::ios::binary).rdbuf();
-        const std::string expected = toldByLibrary(contents.str());
+        const Facts expected = factsByLibrary(contents.str());
         const Reference file(foreign::plain("FolderItem", {{"NativePath", entry.path()}}));
-        EXPECT_EQ(toldBy(ColorSpaceWithICCProfileFile(reinterpret_cast<REALfolderItemStruct*>(file.get()))), expected);
+        EXPECT_EQ(factsOf(ColorSpaceWithICCProfileFile(reinterpret_cast<REALfolderItemStruct*>(file.get()))), expected);
         const foreign::Owned block(foreign::block(contents.str()));
-        EXPECT_EQ(toldBy(ColorSpaceWithICCProfileData(block)), expected) << entry.path();
+        EXPECT_EQ(factsOf(ColorSpaceWithICCProfileData(block)), expected) << entry.path();
         ++read;
     }
     EXPECT_GT(read, 30U);
