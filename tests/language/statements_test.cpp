@@ -299,8 +299,8 @@ Catch e As RuntimeException
 End Try
 Dim count As Integer = 1
 Dim hidden As String = "program"
-Sub Add()
-  Dim hidden As Integer = 5
+Sub Add(amount As Integer = -2 + 7)
+  Dim hidden As Integer = amount
   count = count + hidden
 End Sub
 Add

@@ -79,6 +79,7 @@ Dim v As Variant = 1.5
 Print v '> 1.5
 v = "text"
 Print v, Probe.echo(&c0000FF), Probe.echo(Nil), Probe.echo(Probe.make(1)) '> text &h000000FF Nil Probe
+Print Probe.echo(True), Probe.echo(doubles), Probe.echo(-7), Probe.echo(0.25) '> True (0, 0.5) -7 0.25
 Print Integer(3.7), String(12) + String(v), Double(3) / 2 '> 3 12text 1.5
 v = 3
 Dim d As Double = v
