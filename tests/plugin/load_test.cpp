@@ -69,32 +69,28 @@ void useTheClass() {
     EXPECT_EQ(Host::liveStrings(), 0);
 }
 
-// What is registered and raised through its entries stays with it.
-template <int which>
-struct OwnHost {
-    static inline std::vector<REALclassDefinition*> records;
-    static inline int raised = 0;
+int raisedElsewhere = 0;
 
-    static double version() { return which == 1 ? 2013.0 : 2021.0; }
-    static void registerClass(REALclassDefinition* record) {
-        record->instanceDataOffset = REALinstanceDataOffset;
-        records.push_back(record);
-    }
-    static void raise(REALobjectStruct*) { ++raised; }
+// Another host, as far as exceptions go.
+void* otherHost(const char* entry) {
+    if (std::string_view(entry) != "RuntimeRaiseException") return Host::resolve(entry);
+    return reinterpret_cast<void*>(+[](REALobjectStruct*) { ++raisedElsewhere; });
+}
 
-    static void* resolve(const char* entry) {
-        if (std::string_view(entry) == "REALGetRBVersion") return reinterpret_cast<void*>(version);
-        if (std::string_view(entry) == "PluginRegisterClass") return reinterpret_cast<void*>(registerClass);
-        if (std::string_view(entry) == "RuntimeRaiseException") return reinterpret_cast<void*>(raise);
-        return Host::resolve(entry);
-    }
+using Records = std::vector<REALclassDefinition*>;
 
-    // Makes a colour of the class that this host got.
-    static void refuseColor() {
-        Host::instance().records = records;
-        foreign::unlock(newColor(3.0, 0.0, 0.0, 1.0));
-    }
-};
+Records recordsOf(const std::string& path, double version, REALresolver resolver) {
+    Host::instance().records.clear();
+    Host::instance().version = version;
+    start(path, resolver);
+    return Host::instance().records;
+}
+
+// Makes a colour of the class in the records, which raises.
+void refuseColor(const Records& records) {
+    Host::instance().records = records;
+    foreign::unlock(newColor(3.0, 0.0, 0.0, 1.0));
+}
 
 } // namespace
 
@@ -115,24 +111,22 @@ TEST(LoadElsewhere, AThreadThatIsNotTheFirstLoadsAndCalls) {
 }
 
 TEST(LoadElsewhere, ACopyUnderAnotherNameSharesNothing) {
-    using First = OwnHost<1>;
-    using Second = OwnHost<2>;
-    const std::string copy = testing::TempDir() + "copy_of_the_library.so";
+    const std::string copy = CHROMA_LIBRARY ".copy";
     std::filesystem::copy_file(CHROMA_LIBRARY, copy, std::filesystem::copy_options::overwrite_existing);
-    start(CHROMA_LIBRARY, First::resolve);
-    start(copy, Second::resolve);
+    const Records first = recordsOf(CHROMA_LIBRARY, 2013.0, Host::resolve);
+    const Records second = recordsOf(copy, 2021.0, otherHost);
     std::filesystem::remove(copy);
-    ASSERT_EQ(First::records.size(), 3U);
-    ASSERT_EQ(Second::records.size(), 3U);
-    EXPECT_EQ(First::records[0]->version, 11);
-    EXPECT_EQ(Second::records[0]->version, 13);
+    ASSERT_EQ(first.size(), 3U);
+    ASSERT_EQ(second.size(), 3U);
+    EXPECT_EQ(first[0]->version, 11);
+    EXPECT_EQ(second[0]->version, 13);
 
-    First::refuseColor();
-    Second::refuseColor();
-    Second::refuseColor();
-    EXPECT_EQ(First::raised, 1);
-    EXPECT_EQ(Second::raised, 2);
-    EXPECT_EQ(Host::liveObjects(), 0);
+    refuseColor(first);
+    EXPECT_EQ(Host::instance().takeRaised(), outOfBounds);
+    EXPECT_EQ(raisedElsewhere, 0);
+    refuseColor(second);
+    EXPECT_EQ(Host::instance().takeRaised(), std::vector<foreign::Raised>());
+    EXPECT_EQ(raisedElsewhere, 1);
 }
 
 TEST(LoadPartial, AHostWithTheFewestEntriesIsServed) {
