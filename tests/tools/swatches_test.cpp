@@ -97,31 +97,6 @@ TEST_F(Swatches, ThePictureInTheDocumentationIsUpToDate) {
     EXPECT_EQ(kept.str(), svgOf(systemColorPage())) << "chromahost swatches docs/pictures/system_colors.svg";
 }
 
-TEST_F(Swatches, KeepsTextInsideItsCardAndApart) {
-    const Picture page = systemColorPage();
-    const std::vector<Outline> outlines = shapesOf<Outline>(page);
-    std::vector<Frame> texts;
-    for (const Label& label : shapesOf<Label>(page)) {
-        const double width = 0.6 * label.size * static_cast<double>(label.text.size());
-        texts.push_back(
-            {label.align == Align::right ? label.x - width : label.x, label.y - label.size, width, label.size, 0});
-        if (texts.size() <= 2) continue; // the header
-        const Frame& text = texts.back();
-        const bool inside = std::any_of(outlines.begin(), outlines.end(), [&](const Outline& card) {
-            const Frame& f = card.frame;
-            return text.x >= f.x && text.x + text.width <= f.x + f.width && text.y > f.y && label.y < f.y + f.height;
-        });
-        EXPECT_TRUE(inside) << label.text;
-    }
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        for (std::size_t j = 0; j < i; ++j) {
-            const Frame &a = texts[i], &b = texts[j];
-            EXPECT_FALSE(a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height && b.y < a.y + a.height)
-                << shapesOf<Label>(page)[i].text << " over " << shapesOf<Label>(page)[j].text;
-        }
-    }
-}
-
 TEST_F(Swatches, ShowsOneColourInEverySpace) {
     const Picture page = spacesPage(colorOfHex("0080FF40"));
     std::vector<std::string> texts;
