@@ -5,7 +5,6 @@
 #include "language/language.h"
 
 #include <csignal>
-#include <random>
 #include <sstream>
 #include <thread>
 
@@ -200,24 +199,6 @@ TEST(StrangeText, BytesThatAreNoText) {
                 "test.bas:1:7: error: the control character &h1B has no meaning here\nPrint ?[2J\n");
     for (const char* malformed : {"\xC3(", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82", "\x80"})
         expectError(runProgram(std::string("' ") + malformed), "test.bas:1:3: error: a program is UTF-8 text");
-}
-
-// The same words in every run, so that a failure can be looked at.
-TEST(StrangeText, RandomWords) {
-    std::mt19937 random(1);
-    const char* const words[] = {
-        "If ",   "Then ",  "End ",    "Print ", "(",         ")",  "\"",      "1",     "x ",   "= ",    ".",
-        ",",     "\n",     ":",       "For ",   "Next ",     "+",  "&",       "_",     "New ", "Try ",  "Dim ",
-        "As ",   "Probe ", "To ",     "Catch",  "Else ",     "'",  "-",       "^",     "&h",   "Is ",   "In ",
-        "Nil ",  "Not ",   "Double ", "Sub ",   "Function ", "f ", "Return ", "Exit ", "Do ",  "Loop ", "Select Case ",
-        "Case ", "Const ", "Raise ",  "Until "};
-    for (int program = 0; program < 3000; ++program) {
-        std::string text;
-        for (int word = 0; word < 12; ++word)
-            text += words[random() % std::size(words)];
-        const Outcome outcome = runProgram(text);
-        EXPECT_EQ(outcome.exitCode == 0, outcome.errors.empty()) << text;
-    }
 }
 
 TEST(StrangeText, DeepNestingIsRefusedOrRuns) {

@@ -81,6 +81,14 @@ TEST(Prompt, Sessions) {
     }
 }
 
+TEST(Prompt, AsksForTheRestOfABlock) {
+    startHostWithProbe();
+    TextReader reader("If True Then\nEnd If\n1");
+    std::ostringstream output;
+    host::repl::runPrompt(reader, output, output, false);
+    EXPECT_EQ(reader.prompts, "> | > > ");
+}
+
 TEST(Prompt, SwatchesOfColours) {
     std::ostringstream output;
     host::repl::ValuePresenter(output, true).present({host::Kind::Color, false, {}}, host::Slot::ofColor(0x80FF8001));
