@@ -110,24 +110,29 @@ std::vector<Form> textForms(const std::string& parameter) {
 // A colour has alpha and at least one component.
 std::vector<Form> arrayForms() {
     constexpr int fewest = 2, most = 20;
-    std::vector<Form> forms;
-    for (const int count : {4, 0, 1, most, most + 1, 300})
-        forms.push_back({[count] {
-                             host::Array* const array = host::newArray({Kind::Double, false, {}}, count - 1);
-                             return Slot::ofObject(array);
-                         },
-                         count < fewest || count > most ? "OutOfBoundsException" : nullptr});
-    forms.push_back({null().make, "OutOfBoundsException"});
+    std::vector<Form> forms = {null()};
+    for (const int count : {0, 1, most, most + 1, 300, 4}) {
+        const auto make = [count] { return Slot::ofObject(host::newArray({Kind::Double, false, {}}, count - 1)); };
+        forms.push_back({make, count < fewest || count > most ? "OutOfBoundsException" : nullptr});
+    }
+    forms.front().refusal = "OutOfBoundsException";
+    std::swap(forms.front(), forms.back());
     return forms;
 }
 
-Slot newBlock(const std::string& bytes) {
+// By the names of files in the working folder, "profile" of one that holds a profile; null: none.
+const char* const contents[] = {nullptr, "", "missing", "wrong", "profile"};
+
+Slot newBlock(const char* name) {
+    if (!name) return Slot::ofObject(nullptr);
+    const std::string bytes = std::strcmp(name, "profile") == 0 ? profile : name;
     host::MemoryBlock* const block = host::newMemoryBlock(static_cast<std::int32_t>(bytes.size()));
     std::copy(bytes.begin(), bytes.end(), host::bytesOf(block));
     return Slot::ofObject(block);
 }
 
-Slot newFile(const std::string& name) {
+Slot newFile(const char* name) {
+    if (!name) return Slot::ofObject(nullptr);
     const Slot file = Slot::ofObject(newObject("FolderItem", nullptr)), path = Slot::ofString(host::newString(name));
     const host::Method& constructor = *file.object->info->constructors().front();
     const Slot arguments[] = {file, path};
@@ -137,25 +142,16 @@ Slot newFile(const std::string& name) {
     return file;
 }
 
-const std::string contents[] = {"profile", "", std::string(300, 'p')}, fileNames[] = {"profile", "", "missing", "wrong"};
-
 std::vector<Form> objectForms(const std::string& className) {
-    std::vector<Form> forms;
-    if (className == "Memoryblock") {
-        forms = each(contents, [](const std::string& bytes) { return newBlock(bytes == "profile" ? profile : bytes); });
-    } else if (className == "Folderitem") {
-        forms = each(fileNames, newFile);
-    } else {
-        forms = receiversOf(className);
-        std::rotate(forms.begin(), forms.end() - 1, forms.end());
-        return forms;
-    }
-    forms.push_back(null());
+    std::vector<Form> forms = receiversOf(className);
+    if (className == "Memoryblock") forms = each(contents, newBlock);
+    if (className == "Folderitem") forms = each(contents, newFile);
+    std::rotate(forms.begin(), forms.end() - 1, forms.end());
     return forms;
 }
 
-// Images, and colours, which are none.
-std::vector<Form> variantForms() {
+// And colours, which are none.
+std::vector<Form> imageForms() {
     std::vector<Form> forms = objectForms("NSImageZRX"), others = receiversOf("NSColorZRX");
     forms.insert(forms.end(), others.begin(), others.end());
     return forms;
@@ -171,8 +167,8 @@ std::vector<Form> formsOf(const host::Parameter& parameter) {
     case Kind::Double: return each(doubles, Slot::ofReal);
     case Kind::Color: return each(colors, Slot::ofColor);
     case Kind::String: return textForms(parameter.name);
-    case Kind::Variant: return variantForms();
     case Kind::Object: return objectForms(parameter.type.className);
+    case Kind::Variant: return imageForms();
     default: break;
     }
     if (handle == handles.end()) return each(integers, Slot::ofInteger);
