@@ -3,15 +3,12 @@
 #include "runtime/export.h"
 #include "runtime/message.h"
 
-#include <csetjmp>
-#include <cstdlib>
-
 namespace chroma::builtin {
 namespace {
 
-// A guard as its owner lays it out: the buffer that it called setjmp on, and room for the runtime.
+// A guard as its owner lays it out: the buffer that it called __builtin_setjmp on, and room for the runtime.
 struct Guard {
-    std::jmp_buf buffer;
+    void* buffer[5];
     Guard* enclosing;
     id thrown;
     void* spare[2];
@@ -30,7 +27,6 @@ using builtin::innermost;
 BUILTIN_EXPORT void objc_exception_try_enter(void* guard) {
     auto* const entered = static_cast<Guard*>(guard);
     entered->enclosing = innermost;
-    entered->thrown = nullptr;
     innermost = entered;
 }
 
@@ -48,7 +44,7 @@ BUILTIN_EXPORT void objc_exception_throw(id exception) {
     if (!guard) builtin::reportUncaught(exception);
     innermost = guard->enclosing;
     guard->thrown = exception;
-    std::longjmp(guard->buffer, 1);
+    __builtin_longjmp(guard->buffer, 1);
 }
 
 } // namespace chroma

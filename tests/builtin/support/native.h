@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csetjmp>
 #include <initializer_list>
 #include <iterator>
 #include <string>
@@ -44,7 +43,7 @@ IMP implementation(R (*function)(id, SEL, Arguments...)) {
 
 // What an exception guard looks like to the runtime.
 struct Guard {
-    std::jmp_buf buffer;
+    void* buffer[5];
     void* runtimeWords[4];
 };
 
@@ -54,7 +53,7 @@ template <class Body>
 id caught(Body body) {
     Guard guard;
     objc_exception_try_enter(&guard);
-    if (_setjmp(guard.buffer) != 0) return objc_exception_extract(&guard);
+    if (__builtin_setjmp(guard.buffer) != 0) return objc_exception_extract(&guard);
     body();
     objc_exception_try_exit(&guard);
     return nullptr;
