@@ -35,24 +35,20 @@ BUILTIN_EXPORT CFIndex CFDictionaryGetCount(CFMutableDictionaryRef dictionary) {
 }
 
 BUILTIN_EXPORT const void* CFDictionaryGetValue(CFMutableDictionaryRef dictionary, const void* key) {
-    const auto& values = valuesOf(dictionary);
-    const auto entry = values.find(key);
-    return entry == values.end() ? nullptr : entry->second;
+    return valuesOf(dictionary).find(key);
 }
 
 BUILTIN_EXPORT void CFDictionarySetValue(CFMutableDictionaryRef dictionary, const void* key, const void* value) {
-    builtin::orExhausted([&] { valuesOf(dictionary)[key] = value; }, builtin::raiseMemoryExhausted);
+    builtin::orExhausted([&] { valuesOf(dictionary).set(key, value); }, builtin::raiseMemoryExhausted);
 }
 
 BUILTIN_EXPORT void CFDictionaryRemoveValue(CFMutableDictionaryRef dictionary, const void* key) {
-    valuesOf(dictionary).erase(key);
+    valuesOf(dictionary).remove(key);
 }
 
 BUILTIN_EXPORT void CFDictionaryApplyFunction(CFMutableDictionaryRef dictionary,
                                               void (*function)(const void* key, const void* value, void*), void* context) {
-    for (const auto& [key, value] : valuesOf(dictionary)) {
-        function(key, value, context);
-    }
+    valuesOf(dictionary).forEach([&](const void* key, const void* value) { function(key, value, context); });
 }
 
 } // namespace chroma

@@ -1,16 +1,15 @@
 // CFDictionary: a mutable map of plain pointers.
 #pragma once
 
+#include "corefoundation/pointer_map.h"
 #include "foundation/nsobject.h"
-
-#include <unordered_map>
 
 namespace chroma::builtin {
 
 struct Dictionary : Object {
     static ClassObject cls;
 
-    std::unordered_map<const void*, const void*> values;
+    PointerMap values;
 };
 
 ClassTable tableOfNSMutableDictionary();
