@@ -186,6 +186,27 @@ private:
     char* end_;
 };
 
+// Copies leading ASCII, which is the same bytes in every encoding that is written here, in blocks, and answers how much: most text is
+// nothing else.
+std::size_t copyAsciiBlocks(std::u16string_view text, char* buffer, std::size_t capacity) {
+    constexpr std::size_t block = 8;
+    const std::size_t limit = std::min(text.size(), capacity);
+    std::size_t copied = 0;
+    for (; copied + block <= limit; copied += block) {
+        char16_t units[block];
+        char bytes[block];
+        std::memcpy(units, text.data() + copied, sizeof units);
+        unsigned all = 0;
+        for (std::size_t i = 0; i < block; ++i) {
+            all |= units[i];
+            bytes[i] = static_cast<char>(units[i]);
+        }
+        if (all >= 0x80) break;
+        std::memcpy(buffer + copied, bytes, sizeof bytes);
+    }
+    return copied;
+}
+
 bool putUtf8(Output& output, char32_t character) {
     if (character < 0x80) return output.put(character);
     if (character < 0x800) return output.put(0xC0 | character >> 6) && output.put(0x80 | (character & 0x3F));
@@ -211,8 +232,9 @@ bool decodeText(std::string_view bytes, std::uint32_t encoding, bool honoursMark
 
 bool encodeText(std::u16string_view text, std::uint32_t encoding, char* buffer, std::size_t capacity) {
     if (encoding != encoding::utf8 && !isSingleByte(encoding)) return false;
-    Output output(buffer, capacity);
-    for (std::size_t index = 0; index < text.size(); ++index) {
+    const std::size_t copied = copyAsciiBlocks(text, buffer, capacity);
+    Output output(buffer + copied, capacity - copied);
+    for (std::size_t index = copied; index < text.size(); ++index) {
         char32_t character = text[index];
         if (isSurrogate(character)) {
             if (isLowSurrogate(character) || index + 1 == text.size() || !isLowSurrogate(text[index + 1])) return false;
