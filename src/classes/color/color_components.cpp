@@ -14,35 +14,36 @@
 namespace chroma::color {
 namespace {
 
-// Sends a message that writes one component through each address.
-template <std::size_t... index>
-void sendAddresses(id color, Selector& message, CGFloat* const* addresses, std::index_sequence<index...>) {
-    send<void>(color, message, addresses[index]...);
-}
-
 enum class OtherKind { Raises, Converts };
 
-// Reads the components that `message` writes, alpha last, into the outputs. A null alpha output is not asked of the platform.
-template <OtherKind otherKind, std::size_t count>
-void readOut(REALobjectStruct* object, Selector& message, double* const (&outputs)[count]) {
-    for (double* const output : outputs)
-        if (output) *output = 0.0;
-    guarded([&] {
+void put(double* output, double value) {
+    if (output) *output = value;
+}
+
+// Without a loop, since this is called for every colour of a picture.
+template <OtherKind otherKind, std::size_t... index>
+void readOut(REALobjectStruct* object, Selector& message, double* const (&outputs)[sizeof...(index)], double* alphaOutput,
+             std::index_sequence<index...>) {
+    (put(outputs[index], 0.0), ...);
+    put(alphaOutput, 0.0);
+    guarded([=, &message] {
         const id color = nativeObject(object);
         if (!color) return;
-        CGFloat values[count] = {};
-        CGFloat* addresses[count];
-        for (std::size_t i = 0; i < count; ++i)
-            addresses[i] = &values[i];
-        if (!outputs[count - 1]) addresses[count - 1] = nullptr;
-        const auto read = [&](id source) { sendAddresses(source, message, addresses, std::make_index_sequence<count>()); };
+        CGFloat values[sizeof...(index)] = {}, alpha = 0;
+        const auto read = [&](id source) { send<void>(source, message, &values[index]..., alphaOutput ? &alpha : nullptr); };
         if constexpr (otherKind == OtherKind::Raises)
             read(color);
         else if (!quiet([&] { read(color); }))
             read(send<id>(color, sel::colorUsingColorSpaceName_, NSCalibratedRGBColorSpace));
-        for (std::size_t i = 0; i < count; ++i)
-            if (outputs[i]) *outputs[i] = values[i];
+        (put(outputs[index], values[index]), ...);
+        put(alphaOutput, alpha);
     });
+}
+
+// Reads the components that `message` writes, and alpha, into the outputs. A null alpha output is not asked of the platform.
+template <OtherKind otherKind, std::size_t count>
+void readOut(REALobjectStruct* object, Selector& message, double* const (&outputs)[count], double* alpha) {
+    readOut<otherKind>(object, message, outputs, alpha, std::make_index_sequence<count>());
 }
 
 // Single precision, truncated; not-a-number is 0.
@@ -54,7 +55,7 @@ HostColor channel(CGFloat value) {
 
 double number(REALobjectStruct* object, Selector& message) {
     double result = 0.0;
-    quiet([&] { result = send<CGFloat>(nativeObject(object), message); });
+    quiet([=, &result, &message] { result = send<CGFloat>(nativeObject(object), message); });
     return result;
 }
 
@@ -71,29 +72,29 @@ void getCyan(REALobjectStruct* object, double* cyan, double* magenta, double* ye
 }
 
 void getCyanA(REALobjectStruct* object, double* cyan, double* magenta, double* yellow, double* black, double* alpha) {
-    readOut<OtherKind::Raises>(object, sel::getCyan_magenta_yellow_black_alpha_, {cyan, magenta, yellow, black, alpha});
+    readOut<OtherKind::Raises>(object, sel::getCyan_magenta_yellow_black_alpha_, {cyan, magenta, yellow, black}, alpha);
 }
 
 void getWhite(REALobjectStruct* object, double* white) { getWhiteA(object, white, nullptr); }
 
 void getWhiteA(REALobjectStruct* object, double* white, double* alpha) {
-    readOut<OtherKind::Raises>(object, sel::getWhite_alpha_, {white, alpha});
+    readOut<OtherKind::Raises>(object, sel::getWhite_alpha_, {white}, alpha);
 }
 
 void getHue(REALobjectStruct* object, double* hue, double* saturation, double* brightness) {
-    readOut<OtherKind::Raises>(object, sel::getHue_saturation_brightness_alpha_, {hue, saturation, brightness, nullptr});
+    readOut<OtherKind::Raises>(object, sel::getHue_saturation_brightness_alpha_, {hue, saturation, brightness}, nullptr);
 }
 
 void getHueA(REALobjectStruct* object, double* hue, double* saturation, double* brightness, double* alpha) {
-    readOut<OtherKind::Converts>(object, sel::getHue_saturation_brightness_alpha_, {hue, saturation, brightness, alpha});
+    readOut<OtherKind::Converts>(object, sel::getHue_saturation_brightness_alpha_, {hue, saturation, brightness}, alpha);
 }
 
 void getRed(REALobjectStruct* object, double* red, double* green, double* blue) {
-    readOut<OtherKind::Raises>(object, sel::getRed_green_blue_alpha_, {red, green, blue, nullptr});
+    readOut<OtherKind::Raises>(object, sel::getRed_green_blue_alpha_, {red, green, blue}, nullptr);
 }
 
 void getRedA(REALobjectStruct* object, double* red, double* green, double* blue, double* alpha) {
-    readOut<OtherKind::Converts>(object, sel::getRed_green_blue_alpha_, {red, green, blue, alpha});
+    readOut<OtherKind::Converts>(object, sel::getRed_green_blue_alpha_, {red, green, blue}, alpha);
 }
 
 REALarrayDouble* getComponents(REALobjectStruct* object) {
