@@ -187,12 +187,11 @@ Case manyLive(const SharedColor& shared) {
 
 std::vector<Case> makeCases() {
     const SharedColor shared = sharedColor();
-    return {getRGB(), component(), wrapHit(shared), createDestroy(), stringShort(), array(), manyLive(shared)};
-}
-
-const std::vector<std::string>& allocationFreeKeys() {
-    static const std::vector<std::string> keys = {"getRGB", "component", "wrap_hit"};
-    return keys;
+    std::vector<Case> cases = {getRGB(),      component(), wrapHit(shared), createDestroy(),
+                               stringShort(), array(),     manyLive(shared)};
+    for (Case& c : cases)
+        c.isAllocationFree = c.key == "getRGB" || c.key == "component" || c.key == "wrap_hit";
+    return cases;
 }
 
 } // namespace bench

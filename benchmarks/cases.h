@@ -22,6 +22,7 @@ struct Case {
     std::string key; // "getRGB"
     Side bound;
     Side bare;
+    bool isAllocationFree = false; // the bound work must not allocate
 };
 
 constexpr std::size_t fewColors = 1000, manyColors = 1000000;
@@ -32,8 +33,5 @@ constexpr std::size_t batch = 1000;
 // The cases, in the order of the table. loadPlugins must have run. Every work has been run and its result compared with what it has
 // to be: throws std::runtime_error when one is wrong.
 std::vector<Case> makeCases();
-
-// The keys of the cases whose bound work must not allocate.
-const std::vector<std::string>& allocationFreeKeys();
 
 } // namespace bench
