@@ -132,6 +132,8 @@ const char* complaintOf(const Call& call) {
         return "null has a result, or raises";
     if (call.hasReceiver(emptyReceiver) && !chroma::nativeObject(call.slots[0].object) && !isNullResult(call))
         return "an empty object has a result";
+    const bool isSpared = fault == Fault::None && call.plan.fault != Fault::None; // after the last event
+    if (isSpared && (raised > 0) != call.plan.raisesAnyway) return "what an earlier fault did has lasted";
     const char* const refusal = fault == Fault::None ? refusalOf(call) : nullptr;
     return refusal && call.exceptionClass != refusal ? "an argument was not refused" : "";
 }
