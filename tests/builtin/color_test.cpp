@@ -11,11 +11,6 @@ using Colors = PlatformTest;
 
 namespace {
 
-struct Size {
-    float width;
-    float height;
-};
-
 id image() { return made("NSImage", "initWithSize:", Size{8, 4}); }
 id patternOf(id image) { return color("colorWithPatternImage:", image); }
 id calibratedWhite(float white, float alpha) { return color("colorWithCalibratedWhite:alpha:", white, alpha); }

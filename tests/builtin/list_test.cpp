@@ -114,10 +114,6 @@ TEST_F(ColorLists, RefuseWhatTheyCannotHold) {
 }
 
 TEST_F(ColorLists, ComeBackFromTheirFileBitForBit) {
-    struct Size {
-        float width;
-        float height;
-    };
     const id image = made("NSImage", "initWithSize:", Size{8, 4.5f});
     const id inks = made("NSColorSpace", "initWithICCProfileData:", dataOf(profile("6CLR", {{"desc", plainText("Inks")}})));
     const float inf = std::numeric_limits<float>::infinity(), tiny = std::numeric_limits<float>::denorm_min();

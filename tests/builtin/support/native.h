@@ -12,6 +12,7 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace chroma::test {
@@ -60,20 +61,13 @@ id caught(Body body) {
 }
 
 // An autorelease pool for a scope.
-class Pool {
-public:
-    Pool() : pool_(sendClass("NSAutoreleasePool", "new")) {}
+struct Pool {
+    id pool = sendClass("NSAutoreleasePool", "new");
+
+    Pool() = default;
     Pool(const Pool&) = delete;
-    Pool& operator=(const Pool&) = delete;
     ~Pool() { drain(); }
-
-    void drain() {
-        send<void>(pool_, "drain");
-        pool_ = nullptr;
-    }
-
-private:
-    id pool_;
+    void drain() { send<void>(std::exchange(pool, nullptr), "drain"); }
 };
 
 // A pool around a case, behind which nothing may be alive.
@@ -113,6 +107,12 @@ template <class Body>
 bool refuses(Body body) {
     return raises("NSInvalidArgumentException", body);
 }
+
+// As an image has it.
+struct Size {
+    float width;
+    float height;
+};
 
 // A colour by the message that makes it, as "redColor".
 template <class... Arguments>
