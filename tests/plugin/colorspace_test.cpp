@@ -129,8 +129,11 @@ TEST_F(Spaces, AreFoundByModelAndByNameAsTheSameObjects) {
     const Reference srgb(getsRGBColorSpace());
     const auto objects = foreign::objectsOf(spaces);
     EXPECT_EQ(std::count(objects.begin(), objects.end(), srgb.get()), 1);
-    for (REALobjectStruct* const space : objects)
-        EXPECT_EQ(foreign::references(space), space == srgb ? 2 : 1);
+    const id direct = native::tell("NSColorSpace", "availableColorSpacesWithModel:", NSInteger{1});
+    for (std::size_t i = 0; i < objects.size(); ++i) {
+        EXPECT_EQ(foreign::references(objects[i]), objects[i] == srgb ? 2 : 1);
+        EXPECT_EQ(nativeObject(objects[i]), native::tell(direct, "objectAtIndex:", NSUInteger{i}));
+    }
     EXPECT_TRUE(foreign::objectsOf(Owned(availableColorSpacesWithModel(99))).empty());
 
     const Owned name(foreign::string("NSCalibratedRGBColorSpace")), unknown(foreign::string("no such space"));

@@ -298,7 +298,8 @@ std::vector<REALobjectStruct*> objectsOf(void* array) { return cellOf(array)->ob
 REALmemoryBlockStruct* block(const std::string& bytes) {
     Cell* const cell = newCell("MemoryBlock");
     cell->bytes = bytes;
-    cell->put(REALmemoryBlockSizeOffset, static_cast<std::int32_t>(bytes.size()));
+    const bool isOld = Host::instance().version < 2017.0; // newer hosts keep other things there
+    cell->put(REALmemoryBlockSizeOffset, isOld ? static_cast<std::int32_t>(bytes.size()) : -1);
     cell->put(REALmemoryBlockBytesOffset, visible(cell->bytes.data()));
     return cell->value<REALmemoryBlockStruct>();
 }
