@@ -82,8 +82,8 @@ TEST_F(Strings, AreReadInEveryEncoding) {
         {windowsLatin1, {"\x81"}},
         {0xFFFF, {"abc"}},
         {utf8,
-         {"\x80", "\xC3", "\xC3(", "\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF8\x88\x80\x80\x80",
-          "a\xFF"}},
+         {"\x80", "\xC3", "ab\xC3", "\xC3(", "\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80",
+          "\xF8\x88\x80\x80\x80", "a\xFF"}},
         {utf16, {"abc", bytesOf<char16_t>({0xD83D, u'a'})}},
         {utf32, {"abcde", bytesOf<char32_t>({0xD800}), bytesOf<char32_t>({0x110000})}}};
     for (const auto& [encoding, texts] : malformed)
@@ -98,7 +98,7 @@ TEST_F(Strings, AreWrittenWhereTheyFit) {
         {u"\u20AC", macRoman, "\xDB"},
         {u"\u20AC", windowsLatin1, "\x80"},
         {u"\u20AC", latin1, "(refused)"},
-        {u"\u00E9", ascii, "(refused)"},
+        {u"\u0080", ascii, "(refused)"},
         {u"a\u00E9\u20AC\U0001F600z", utf8, "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z"},
         {u"a", utf16, "(refused)"}, // its units are no bytes
         {{0xD83D}, utf8, "(refused)"},
@@ -118,6 +118,7 @@ TEST_F(Strings, AreWrittenWhereTheyFit) {
     EXPECT_STREQ(buffer, "");
     EXPECT_FALSE(CFStringGetCString(fromUnits(u""), buffer, 0, utf8));
     EXPECT_TRUE(CFStringGetCString(fromUnits(u""), buffer, 1, utf8));
+    EXPECT_FALSE(CFStringGetCString(fromUnits(u""), nullptr, 1, utf8));
 }
 
 TEST_F(Strings, CompareByContents) {

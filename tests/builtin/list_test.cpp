@@ -223,7 +223,7 @@ TEST_F(ColorLists, AreNotReadFromMalformedFiles) {
         {"list 1", {"list 2"}},
         {"genericRGB", {"noRGB"}},
         {"space 1 standard sRGB", {"space 0 standard sRGB", "space 1 profile 00ff", "space 1 profile 0f0"}},
-        {"components 0", {"components 7", "components 0 00000000"}},
+        {"components 0", {"components 2", "components 0 00000000"}},
         {"3dcccccd", {"3dccccc", "3dcccccg"}},
         {"\\u000a", {"\\u00", "\\x"}},
         {"\"a\"", {"\"\xFF\"", "\"c\""}}, // one key twice
