@@ -24,7 +24,7 @@ namespace {
 
 constexpr std::size_t mostMemory = 64 << 20;
 
-volatile std::sig_atomic_t run = 0;
+volatile std::sig_atomic_t run = 0; // the number of the program that runs
 
 // Interrupts a program that ran at the last tick too.
 void tick(int) {
