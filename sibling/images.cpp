@@ -19,7 +19,7 @@ Selector initWithSize_{"initWithSize:"};
 Selector setBackgroundColor_{"setBackgroundColor:"};
 Selector sizeMessage{"size"};
 
-void NSImageConstructor(REALobjectStruct*) { guarded(initCocoa); }
+void NSImageConstructor(REALobjectStruct*) { constructed(); }
 
 void NSImageDestructor(REALobjectStruct* object) {
     guarded([&] { dropNative(object); });

@@ -8,6 +8,7 @@
 #include "bridge/errors.h"
 #include "chromabridge/host_abi.h"
 #include "platform/guard.h"
+#include "runtime/native_object.h"
 
 namespace chroma {
 
@@ -29,6 +30,11 @@ bool quiet(Body body) {
     const id thrown = catchNative(body);
     if (thrown && !isNSException(thrown)) throwNative(thrown);
     return !thrown;
+}
+
+// The body of class constructors, which run for every new object: only the first has something to do that may throw.
+inline void constructed() {
+    if (!CocoaInited) guarded(initCocoa);
 }
 
 // Whether an initialiser may fill the object: not a null one, and not one that holds a native object already, which raises an

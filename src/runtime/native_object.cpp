@@ -8,10 +8,10 @@
 namespace chroma {
 
 CFMutableDictionaryRef instances = nullptr;
+bool CocoaInited = false;
 
 namespace {
 
-bool CocoaInited = false;
 bool ExceptionsInitialized = false;
 
 bool exceptionClassAnswers(Selector& message) {
@@ -26,8 +26,7 @@ REALobjectStruct* liveObject(id native) {
 
 } // namespace
 
-void initCocoa() {
-    if (CocoaInited) return;
+void fetchFromSibling() {
     CocoaInited = true;
     if (!instances && exceptionClassAnswers(sel::GetInstancesDictionaryZRX))
         instances = send<CFMutableDictionaryRef>(cls::NSException, sel::GetInstancesDictionaryZRX);

@@ -13,9 +13,15 @@ namespace chroma {
 // The registry, once the lazy initialisation has found it; null without a sibling plugin.
 extern CFMutableDictionaryRef instances;
 
+// Whether initCocoa has run.
+extern bool CocoaInited;
+
 // Fetches the registry and prepares exception bridging, the first time it is called. What is absent then stays absent for the
 // life of the process. May throw what the sibling throws.
-void initCocoa();
+void fetchFromSibling();
+inline void initCocoa() {
+    if (!CocoaInited) fetchFromSibling();
+}
 
 // A host object of the named class that holds `native`: the one that the registry has, with one reference more, or a new one.
 // The caller owns one reference. Null for nil, and when the host makes no such object; native is not retained then.

@@ -22,7 +22,7 @@ bool isAccepted(double value) { return !(value > 2.0 || value < -1.0); }
 
 } // namespace
 
-void NSColorConstructor(REALobjectStruct*) { guarded(initCocoa); }
+void NSColorConstructor(REALobjectStruct*) { constructed(); }
 
 void NSColorDestructor(REALobjectStruct* object) {
     guarded([&] { dropNative(object); });

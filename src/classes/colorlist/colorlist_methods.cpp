@@ -34,7 +34,7 @@ id newList() { return send<id>(cls::NSColorList, sel::alloc); }
 
 } // namespace
 
-void NSColorListConstructor(REALobjectStruct*) { guarded(initCocoa); }
+void NSColorListConstructor(REALobjectStruct*) { constructed(); }
 
 void NSColorListDestructor(REALobjectStruct* object) {
     guarded([&] { dropNative(object); });

@@ -45,7 +45,7 @@ HostInteger handle(REALobjectStruct* object, Selector& message) {
 
 } // namespace
 
-void NSColorSpaceConstructor(REALobjectStruct*) { guarded(initCocoa); }
+void NSColorSpaceConstructor(REALobjectStruct*) { constructed(); }
 
 void NSColorSpaceDestructor(REALobjectStruct* object) {
     guarded([&] { dropNative(object); });
