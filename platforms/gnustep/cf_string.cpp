@@ -5,6 +5,8 @@
 
 #include "export.h"
 
+#include <iterator>
+
 namespace chroma {
 namespace {
 
@@ -20,11 +22,17 @@ id newString(const UniChar* units, NSUInteger count) {
     return send<id>(send<id>(NSString, sel::alloc), initWithCharacters_length_, units, count);
 }
 
-// Native exceptions unwind here, so text may live across messages.
-std::u16string textOf(CFStringRef string) {
-    std::u16string text(static_cast<std::size_t>(CFStringGetLength(string)), u'\0');
-    send<void>(string, getCharacters_range_, reinterpret_cast<UniChar*>(text.data()), NSRange{0, text.size()});
-    return text;
+// Calls use(text) with the units of a string, short ones on the stack. Native exceptions unwind here, so text may live across
+// messages.
+template <class Use>
+auto withText(CFStringRef string, Use use) {
+    const auto length = static_cast<std::size_t>(CFStringGetLength(string));
+    char16_t shortText[100];
+    std::u16string longText;
+    if (length > std::size(shortText)) longText.resize(length);
+    char16_t* const units = longText.empty() ? shortText : longText.data();
+    send<void>(string, getCharacters_range_, reinterpret_cast<UniChar*>(units), NSRange{0, length});
+    return use(std::u16string_view(units, length));
 }
 
 } // namespace
@@ -49,7 +57,10 @@ GNUSTEP_EXPORT CFIndex CFStringGetLength(CFStringRef string) {
 
 GNUSTEP_EXPORT Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex capacity, CFStringEncoding encoding) {
     if (!string || !buffer || capacity <= 0) return 0;
-    if (builtin::encodeText(textOf(string), encoding, buffer, static_cast<std::size_t>(capacity))) return 1;
+    const bool isWritten = withText(string, [=](std::u16string_view text) {
+        return builtin::encodeText(text, encoding, buffer, static_cast<std::size_t>(capacity));
+    });
+    if (isWritten) return 1;
     buffer[0] = '\0';
     return 0;
 }
