@@ -3,6 +3,8 @@
 
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <random>
 
 #include <sys/stat.h>
 
@@ -194,9 +196,23 @@ TEST_F(Collections, ArraysHoldTheirObjectsInOrder) {
 
 TEST_F(Collections, DictionariesKeepTheLatestValueOfAPlainPointer) {
     const CFMutableDictionaryRef dictionary = CFDictionaryCreateMutable(nullptr, 0, nullptr, nullptr);
-    const char key[] = "key", values[] = {'a', 'b'};
-    for (const char& value : values)
-        CFDictionarySetValue(dictionary, key, &value);
-    EXPECT_EQ(CFDictionaryGetValue(dictionary, key), &values[1]);
+    std::map<const void*, const void*> expected;
+    static const char keys[500] = {};
+    std::minstd_rand random;
+    for (int step = 0; step < 5000; ++step) {
+        const void *const key = step % 50 ? &keys[random() % std::size(keys)] : nullptr, *const value = &keys[step % 7];
+        if (random() % 2) {
+            CFDictionarySetValue(dictionary, key, value);
+            expected[key] = value;
+        } else {
+            CFDictionaryRemoveValue(dictionary, key);
+            expected.erase(key);
+        }
+    }
+    EXPECT_EQ(CFDictionaryGetCount(dictionary), static_cast<CFIndex>(expected.size()));
+    for (const char& key : keys) {
+        const auto pair = expected.find(&key);
+        EXPECT_EQ(CFDictionaryGetValue(dictionary, &key), pair == expected.end() ? nullptr : pair->second);
+    }
     CFRelease(dictionary);
 }
