@@ -12,8 +12,9 @@
 namespace chroma {
 
 // Runs body(context) under a guard. Answers nil when it returned and the thrown object when a native exception ended it; the
-// guard is closed in either case. The caller's variables that the body writes through `context` keep what was written.
-id runGuarded(void (*body)(void*), void* context);
+// guard is closed in either case. The caller's variables that the body writes through `context` keep what was written. The
+// linkage is C's, since one of the two definitions is Objective-C.
+extern "C" id chroma_guard_run(void (*body)(void*), void* context);
 
 // Throws the object to the next enclosing guard, perhaps a host's or another plugin's.
 [[noreturn]] void throwNative(id object);
@@ -23,7 +24,7 @@ bool isNSException(id object);
 
 template <class Body>
 id catchNative(Body& body) {
-    return runGuarded([](void* context) { (*static_cast<Body*>(context))(); }, &body);
+    return chroma_guard_run([](void* context) { (*static_cast<Body*>(context))(); }, &body);
 }
 
 // Runs the body; when a native or a C++ exception ends it, runs the cleanup and lets the exception go on.

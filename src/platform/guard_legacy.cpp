@@ -39,7 +39,7 @@ int objc_exception_match(id exceptionClass, id exception);
 [[noreturn]] void objc_exception_throw(id exception);
 }
 
-id runGuarded(void (*body)(void*), void* context) {
+id chroma_guard_run(void (*body)(void*), void* context) {
     GuardRecord guard;
     objc_exception_try_enter(&guard);
     if (CHROMA_MARK(guard.buffer) != 0) return objc_exception_extract(&guard);

@@ -1,16 +1,11 @@
 // The guard of runtimes whose native exceptions unwind the stack. Destructors run there; the rule of guard.h holds all the same,
 // since the same code also runs where they do not.
-#include "platform/guard.h"
+#include "platform/guard.h" // whose chroma_guard_run is in guard_unwinding.m
 #include "platform/selectors.h"
 
 namespace chroma {
 
-extern "C" {
-id chroma_guard_run(void (*body)(void*), void* context); // guard_unwinding.m
-[[noreturn]] void objc_exception_throw(id exception);
-}
-
-id runGuarded(void (*body)(void*), void* context) { return chroma_guard_run(body, context); }
+extern "C" [[noreturn]] void objc_exception_throw(id exception);
 
 void throwNative(id object) { objc_exception_throw(object); }
 
