@@ -5,13 +5,6 @@
 #include "language/statement_checker.h"
 
 namespace host::language {
-namespace {
-
-const Type booleanType = {Kind::Boolean, false, {}};
-const Type integerType = {Kind::Integer, false, {}};
-
-} // namespace
-
 // A condition or bound: a step of its own. Null after an error.
 CodePtr StatementChecker::stepValue(const syntax::Expression& expression, const Type& type) {
     return attempt([&] {
@@ -23,20 +16,20 @@ CodePtr StatementChecker::stepValue(const syntax::Expression& expression, const 
 ActionPtr StatementChecker::form(const syntax::If& statement, Offset offset) {
     std::vector<Branch> list;
     for (const syntax::If::Branch& branch : statement.branches) {
-        CodePtr condition = branch.condition ? stepValue(*branch.condition, booleanType) : nullptr;
+        CodePtr condition = branch.condition ? stepValue(*branch.condition, Type::plain(Kind::Boolean)) : nullptr;
         list.push_back({std::move(condition), block(branch.block, offset)});
     }
     return branches(std::move(list));
 }
 
 ActionPtr StatementChecker::form(const syntax::While& loop, Offset offset) {
-    CodePtr condition = stepValue(*loop.condition, booleanType);
+    CodePtr condition = stepValue(*loop.condition, Type::plain(Kind::Boolean));
     return conditionLoop(std::move(condition), nullptr, loopBody(syntax::Surrounding::whileLoop, loop.block, offset));
 }
 
 ActionPtr StatementChecker::form(const syntax::Do& loop, Offset offset) {
     const auto condition = [&](const syntax::ExpressionPtr& expression) {
-        return expression ? stepValue(*expression, booleanType) : nullptr;
+        return expression ? stepValue(*expression, Type::plain(Kind::Boolean)) : nullptr;
     };
     CodePtr before = condition(loop.before);
     LoopBody body = loopBody(syntax::Surrounding::doLoop, loop.block, offset);
@@ -130,7 +123,7 @@ ActionPtr StatementChecker::form(const syntax::ForEach& loop, Offset offset) {
             return found;
         });
         const VariablePlace held = scopes_.declareHidden(array.type);
-        const VariablePlace index = scopes_.declareHidden(integerType);
+        const VariablePlace index = scopes_.declareHidden(Type::plain(Kind::Integer));
         Actions actions;
         actions.push_back(asStep(writeVariable(held, array.type, std::move(array.code)), offset));
 
@@ -141,7 +134,8 @@ ActionPtr StatementChecker::form(const syntax::ForEach& loop, Offset offset) {
             diagnostics_.add(loop.variable.name.offset,
                              "the elements are of type " + nameOf(elementType) + ", but the variable is a " + nameOf(type));
         }
-        CodePtr element = readElement(readVariable(held, array.type), readVariable(index, integerType), elementType, offset);
+        CodePtr element = readElement(readVariable(held, array.type), readVariable(index, Type::plain(Kind::Integer)),
+                                      elementType, offset);
         CodePtr converted = language::converted(std::move(element), elementType, type, offset);
         ActionPtr assign = step(writeVariable(variable.place, type, std::move(converted)), false, offset);
         LoopBody body = loopBody(syntax::Surrounding::forLoop, loop.block, loop.array->offset);

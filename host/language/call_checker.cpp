@@ -20,8 +20,6 @@ using syntax::Name;
 constexpr std::string_view upperBoundName = "UBound";
 constexpr std::string_view newArrayName = "Array";
 
-const Type integerType = {Kind::Integer, false, {}};
-
 std::string quoted(std::string_view name) { return "'" + std::string(name) + "'"; }
 
 // Bound functions of the language and of built-in classes autorelease nothing.
@@ -36,7 +34,7 @@ std::vector<Argument> described(const std::vector<Operand>& operands) {
 
 // The type that takes values of both; Void stands for none yet.
 Type united(const Type& a, const Type& b) {
-    const Type variant = {Kind::Variant, false, {}};
+    const Type variant = Type::plain(Kind::Variant);
     if (a.kind == Kind::Void) return b;
     if (a == variant || b == variant) return variant;
     if (implicitConversion(b, a)) return a;
@@ -118,7 +116,7 @@ Operand ExpressionChecker::newArray(const Arguments& elements, const std::option
         if (type.isArray) failCheck(element->offset, "there are no arrays of arrays");
         if (!elementType) common = united(common, type);
     }
-    if (common.kind == Kind::Void || common.isNil()) common = {Kind::Variant, false, {}};
+    if (common.kind == Kind::Void || common.isNil()) common = Type::plain(Kind::Variant);
     std::vector<CodePtr> codes;
     for (std::size_t i = 0; i < values.size(); ++i)
         codes.push_back(convert(std::move(values[i].code), values[i].type, common, elements[i]->offset));
@@ -129,7 +127,7 @@ Operand ExpressionChecker::upperBound(const Arguments& arguments, Offset offset)
     if (arguments.size() != 1) failCheck(offset, "UBound takes one array");
     Value array = value(*arguments.front());
     if (!array.type.isArray) failCheck(arguments.front()->offset, "this is of type " + nameOf(array.type) + ", no array");
-    return Operand::result(integerType, upperBoundOf(std::move(array.code), offset));
+    return Operand::result(Type::plain(Kind::Integer), upperBoundOf(std::move(array.code), offset));
 }
 
 Operand ExpressionChecker::plainConversion(const Type& type, const Arguments& arguments, Offset offset) {
@@ -150,7 +148,7 @@ Operand ExpressionChecker::cast(const ClassInfo& info, const Arguments& argument
                                               (isConvertible(object.type, target) || isConvertible(target, object.type)));
     if (object.type.isArray || !related)
         failCheck(arguments.front()->offset, "this is of type " + nameOf(object.type) + " and never is a " + info.name());
-    return Operand::computed(target, converted(std::move(object.code), {Kind::Variant, false, {}}, target, offset));
+    return Operand::computed(target, converted(std::move(object.code), Type::plain(Kind::Variant), target, offset));
 }
 
 // ---- Members ----------------------------------------------------------------------------------------------------------------
@@ -252,23 +250,25 @@ Operand ExpressionChecker::arrayMember(Value array, const Name& name, const Argu
     switch (found->action) {
     case Change::append: return Operand::result({}, appendToArray(std::move(array.code), argument(0, elementType), offset));
     case Change::insert: {
-        CodePtr index = argument(0, integerType);
+        CodePtr index = argument(0, Type::plain(Kind::Integer));
         return Operand::result({},
                                insertIntoArray(std::move(array.code), std::move(index), argument(1, elementType), offset));
     }
     case Change::remove:
-        return Operand::result({}, removeFromArray(std::move(array.code), argument(0, integerType), offset));
+        return Operand::result({}, removeFromArray(std::move(array.code), argument(0, Type::plain(Kind::Integer)), offset));
     case Change::count: break;
     }
-    return Operand::computed(integerType, transform(upperBoundOf(std::move(array.code), offset),
-                                                    [](Slot bound) { return Slot::ofInteger(bound.integer + 1); }));
+    return Operand::computed(Type::plain(Kind::Integer),
+                             transform(upperBoundOf(std::move(array.code), offset),
+                                       [](Slot bound) { return Slot::ofInteger(bound.integer + 1); }));
 }
 
 Operand ExpressionChecker::element(Value array, const Arguments& arguments, Offset offset) {
     if (!array.type.isArray) failCheck(offset, "this is of type " + nameOf(array.type) + "; only an array has elements");
     if (arguments.size() != 1) failCheck(offset, "an array element has one index");
     Type type = array.type.element();
-    return Operand::element(std::move(type), std::move(array.code), valueAs(*arguments.front(), integerType), offset);
+    return Operand::element(std::move(type), std::move(array.code), valueAs(*arguments.front(), Type::plain(Kind::Integer)),
+                            offset);
 }
 
 // ---- Calls ------------------------------------------------------------------------------------------------------------------

@@ -70,7 +70,7 @@ Operand ExpressionChecker::form(const syntax::Reference& reference, Offset offse
 Operand ExpressionChecker::form(const syntax::IsA& test, Offset offset) {
     Value object = value(*test.object);
     if (!object.type.isObjectReference()) failCheck(offset, "IsA asks objects, not a value of type " + nameOf(object.type));
-    return Operand::computed({Kind::Boolean, false, {}}, isOfClass(std::move(object.code), classOf(test.className)));
+    return Operand::computed(Type::plain(Kind::Boolean), isOfClass(std::move(object.code), classOf(test.className)));
 }
 
 // ---- Constants --------------------------------------------------------------------------------------------------------------

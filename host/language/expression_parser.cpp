@@ -7,7 +7,7 @@ using syntax::Expression;
 using syntax::ExpressionPtr;
 using syntax::Operator;
 
-enum Precedence : int { logicalXor, logicalOr, logicalAnd, logicalNot, comparison, join, sum, product, sign, power };
+enum Precedence : int { logicalXor, logicalOr, logicalAnd, logicalNot, relation, join, sum, product, sign, power };
 
 struct BinaryOperator {
     TokenKind token;
@@ -25,13 +25,13 @@ constexpr BinaryOperator binaryOperators[] = {
     {TokenKind::plus, Keyword::none, Operator::add, sum},
     {TokenKind::minus, Keyword::none, Operator::subtract, sum},
     {TokenKind::ampersand, Keyword::none, Operator::join, join},
-    {TokenKind::equal, Keyword::none, Operator::equal, comparison},
-    {TokenKind::notEqual, Keyword::none, Operator::notEqual, comparison},
-    {TokenKind::less, Keyword::none, Operator::less, comparison},
-    {TokenKind::greater, Keyword::none, Operator::greater, comparison},
-    {TokenKind::lessEqual, Keyword::none, Operator::lessEqual, comparison},
-    {TokenKind::greaterEqual, Keyword::none, Operator::greaterEqual, comparison},
-    {TokenKind::name, Keyword::is, Operator::is, comparison},
+    {TokenKind::equal, Keyword::none, Operator::equal, relation},
+    {TokenKind::notEqual, Keyword::none, Operator::notEqual, relation},
+    {TokenKind::less, Keyword::none, Operator::less, relation},
+    {TokenKind::greater, Keyword::none, Operator::greater, relation},
+    {TokenKind::lessEqual, Keyword::none, Operator::lessEqual, relation},
+    {TokenKind::greaterEqual, Keyword::none, Operator::greaterEqual, relation},
+    {TokenKind::name, Keyword::is, Operator::is, relation},
     {TokenKind::name, Keyword::andOperator, Operator::logicalAnd, logicalAnd},
     {TokenKind::name, Keyword::orOperator, Operator::logicalOr, logicalOr},
     {TokenKind::name, Keyword::xorOperator, Operator::logicalXor, logicalXor},
@@ -79,7 +79,7 @@ ExpressionPtr ExpressionParser::expressionFrom(ExpressionPtr first) {
 ExpressionPtr ExpressionParser::operators(ExpressionPtr left, int lowest, Nesting& nesting) {
     for (;;) {
         const Offset offset = tokens_.peek().offset;
-        if (tokens_.at(Keyword::isA) && lowest <= comparison) {
+        if (tokens_.at(Keyword::isA) && lowest <= relation) {
             tokens_.take();
             const Token name = tokens_.expectName("a class");
             left = make(offset, syntax::IsA{std::move(left), {name.offset, name.text}});
@@ -97,7 +97,7 @@ ExpressionPtr ExpressionParser::operators(ExpressionPtr left, int lowest, Nestin
 ExpressionPtr ExpressionParser::prefix() {
     const Offset offset = tokens_.peek().offset;
     if (tokens_.accept(TokenKind::minus)) return make(offset, syntax::Unary{Operator::negate, binary(sign)});
-    if (tokens_.accept(Keyword::notOperator)) return make(offset, syntax::Unary{Operator::logicalNot, binary(comparison)});
+    if (tokens_.accept(Keyword::notOperator)) return make(offset, syntax::Unary{Operator::logicalNot, binary(relation)});
     return postfix();
 }
 

@@ -16,10 +16,7 @@ static_assert(std::size(symbols) == static_cast<std::size_t>(Operator::logicalXo
 
 std::string symbolOf(Operator operation) { return symbols[static_cast<std::size_t>(operation)]; }
 
-Type plain(Kind kind) { return {kind, false, {}}; }
-bool isPlain(const Type& type, Kind kind) { return type.kind == kind && !type.isArray; }
-bool isWhole(const Type& type) { return isPlain(type, Kind::Integer) || isPlain(type, Kind::Color); }
-bool isNumber(const Type& type) { return isWhole(type) || isPlain(type, Kind::Double); }
+bool isWhole(const Type& type) { return type.is(Kind::Integer) || type.is(Kind::Color); }
 
 [[noreturn]] void failOperands(Operator operation, const Type& left, const Type& right, Offset offset) {
     failCheck(offset, "'" + symbolOf(operation) + "' cannot be applied to " + nameOf(left) + " and " + nameOf(right));
@@ -29,25 +26,25 @@ bool isNumber(const Type& type) { return isWhole(type) || isPlain(type, Kind::Do
 
 // A number as Integer or Double. Colours take part as their number.
 CodePtr ExpressionChecker::number(Value value, Kind kind) {
-    if (isPlain(value.type, Kind::Color)) {
-        value.code = converted(std::move(value.code), value.type, plain(Kind::Integer), 0);
-        value.type = plain(Kind::Integer);
+    if (value.type.is(Kind::Color)) {
+        value.code = converted(std::move(value.code), value.type, Type::plain(Kind::Integer), 0);
+        value.type = Type::plain(Kind::Integer);
     }
-    return converted(std::move(value.code), value.type, plain(kind), 0);
+    return converted(std::move(value.code), value.type, Type::plain(kind), 0);
 }
 
 Operand ExpressionChecker::form(const syntax::Unary& unary, Offset offset) {
     Value operand = value(*unary.operand);
     const bool whole = isWhole(operand.type);
     if (unary.operation == Operator::logicalNot) {
-        if (isPlain(operand.type, Kind::Boolean))
-            return Operand::computed(plain(Kind::Boolean), inverted(Kind::Boolean, std::move(operand.code)));
+        if (operand.type.is(Kind::Boolean))
+            return Operand::computed(Type::plain(Kind::Boolean), inverted(Kind::Boolean, std::move(operand.code)));
         if (whole)
-            return Operand::computed(plain(Kind::Integer),
+            return Operand::computed(Type::plain(Kind::Integer),
                                      inverted(Kind::Integer, number(std::move(operand), Kind::Integer)));
-    } else if (isNumber(operand.type)) {
+    } else if (operand.type.isNumber()) {
         const Kind kind = whole ? Kind::Integer : Kind::Double;
-        return Operand::computed(plain(kind), negated(kind, number(std::move(operand), kind)));
+        return Operand::computed(Type::plain(kind), negated(kind, number(std::move(operand), kind)));
     }
     failCheck(offset, "'" + symbolOf(unary.operation) + "' cannot be applied to " + nameOf(operand.type));
 }
@@ -58,7 +55,7 @@ Operand ExpressionChecker::form(const syntax::Binary& binary, Offset offset) {
     switch (binary.operation) {
     case Operator::join: {
         CodePtr first = text(std::move(left));
-        return Operand::computed(plain(Kind::String), joined(std::move(first), text(std::move(right))));
+        return Operand::computed(Type::plain(Kind::String), joined(std::move(first), text(std::move(right))));
     }
     case Operator::logicalAnd:
     case Operator::logicalOr:
@@ -75,41 +72,41 @@ Operand ExpressionChecker::form(const syntax::Binary& binary, Offset offset) {
 }
 
 Operand ExpressionChecker::arithmetic(Operator operation, Value left, Value right, Offset offset) {
-    const bool strings = isPlain(left.type, Kind::String) || isPlain(right.type, Kind::String);
+    const bool strings = left.type.is(Kind::String) || right.type.is(Kind::String);
     if (operation == Operator::add && strings) {
         if (left.type == right.type)
             return Operand::computed(left.type, joined(std::move(left.code), std::move(right.code)));
         failCheck(offset, "'+' cannot be applied to " + nameOf(left.type) + " and " + nameOf(right.type) +
                               "; '&' joins values of any type");
     }
-    if (!isNumber(left.type) || !isNumber(right.type)) failOperands(operation, left.type, right.type, offset);
+    if (!left.type.isNumber() || !right.type.isNumber()) failOperands(operation, left.type, right.type, offset);
     const bool wholeResult = operation == Operator::integerDivide || operation == Operator::modulo;
     const bool realResult = operation == Operator::divide || operation == Operator::power;
     const bool wholeOperands = isWhole(left.type) && isWhole(right.type);
     const Kind kind = wholeResult || (wholeOperands && !realResult) ? Kind::Integer : Kind::Double;
     CodePtr first = number(std::move(left), kind);
     CodePtr second = number(std::move(right), kind);
-    return Operand::computed(plain(kind),
+    return Operand::computed(Type::plain(kind),
                              language::arithmetic(operation, kind, std::move(first), std::move(second), offset));
 }
 
 Operand ExpressionChecker::comparison(Operator operation, Value left, Value right, Offset offset) {
     const bool identity = operation == Operator::equal || operation == Operator::notEqual || operation == Operator::is;
     const auto compared = [&](Kind kind, CodePtr first, CodePtr second) {
-        return Operand::computed(plain(Kind::Boolean),
+        return Operand::computed(Type::plain(Kind::Boolean),
                                  language::comparison(operation, kind, std::move(first), std::move(second)));
     };
     if (identity && left.type.isObjectReference() && right.type.isObjectReference())
         return compared(Kind::Object, std::move(left.code), std::move(right.code));
     if (operation == Operator::is)
         failCheck(offset, "'Is' compares objects, not " + nameOf(left.type) + " and " + nameOf(right.type));
-    if (isNumber(left.type) && isNumber(right.type)) {
+    if (left.type.isNumber() && right.type.isNumber()) {
         const Kind kind = isWhole(left.type) && isWhole(right.type) ? Kind::Integer : Kind::Double;
         CodePtr first = number(std::move(left), kind);
         return compared(kind, std::move(first), number(std::move(right), kind));
     }
-    const bool booleans = isPlain(left.type, Kind::Boolean) && isPlain(right.type, Kind::Boolean);
-    const bool strings = isPlain(left.type, Kind::String) && isPlain(right.type, Kind::String);
+    const bool booleans = left.type.is(Kind::Boolean) && right.type.is(Kind::Boolean);
+    const bool strings = left.type.is(Kind::String) && right.type.is(Kind::String);
     if (strings || (booleans && identity)) return compared(left.type.kind, std::move(left.code), std::move(right.code));
     failOperands(operation, left.type, right.type, offset);
 }
@@ -119,15 +116,15 @@ CodePtr ExpressionChecker::comparison(Operator operation, Value left, const synt
 }
 
 Operand ExpressionChecker::logic(Operator operation, Value left, Value right, Offset offset) {
-    const bool booleans = isPlain(left.type, Kind::Boolean) && isPlain(right.type, Kind::Boolean);
+    const bool booleans = left.type.is(Kind::Boolean) && right.type.is(Kind::Boolean);
     if (!booleans && !(isWhole(left.type) && isWhole(right.type))) failOperands(operation, left.type, right.type, offset);
     if (booleans) {
-        return Operand::computed(plain(Kind::Boolean),
+        return Operand::computed(Type::plain(Kind::Boolean),
                                  language::logic(operation, Kind::Boolean, std::move(left.code), std::move(right.code)));
     }
     CodePtr first = number(std::move(left), Kind::Integer);
     CodePtr second = number(std::move(right), Kind::Integer);
-    return Operand::computed(plain(Kind::Integer),
+    return Operand::computed(Type::plain(Kind::Integer),
                              language::logic(operation, Kind::Integer, std::move(first), std::move(second)));
 }
 

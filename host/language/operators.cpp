@@ -55,10 +55,6 @@ CodePtr comparing(Operator operation, CodePtr left, CodePtr right, Read read) {
     }
 }
 
-bool isNumber(const Type& type) {
-    return !type.isArray && (type.kind == Kind::Integer || type.kind == Kind::Double || type.kind == Kind::Color);
-}
-
 CodePtr fromVariant(CodePtr value, const Type& to, Offset offset) {
     return makeCode([value = std::move(value), to, offset](Frame& frame) {
         Slot read;
@@ -171,7 +167,7 @@ CodePtr joined(CodePtr left, CodePtr right) {
 }
 
 CodePtr asText(CodePtr value, const Type& type) {
-    if (type == Type{Kind::String, false, {}}) return value;
+    if (type == Type::plain(Kind::String)) return value;
     return makeCode([value = std::move(value), type](Frame& frame) {
         return frame.keep(Counting::string, Slot::ofString(newString(textOf(type, value->evaluate(frame)))));
     });
@@ -180,20 +176,20 @@ CodePtr asText(CodePtr value, const Type& type) {
 bool isConvertible(const Type& from, const Type& to) {
     if (from == to) return true;
     if (from.kind == Kind::Void || to.kind == Kind::Void) return false;
-    const bool toVariant = to.kind == Kind::Variant && !to.isArray;
-    const bool fromVariant = from.kind == Kind::Variant && !from.isArray;
+    const bool toVariant = to.is(Kind::Variant);
+    const bool fromVariant = from.is(Kind::Variant);
     if (toVariant || fromVariant) return true;
     if (from.isNil()) return to.isObjectReference();
-    if (isNumber(from) && isNumber(to)) return from.kind == Kind::Integer || to.kind == Kind::Integer;
+    if (from.isNumber() && to.isNumber()) return from.kind == Kind::Integer || to.kind == Kind::Integer;
     if (from.isArray || to.isArray) return false;
     return from.kind == Kind::Object && to.kind == Kind::Object && isSubclass(from.className, to.className);
 }
 
 CodePtr converted(CodePtr value, const Type& from, const Type& to, Offset offset) {
     if (from == to || from.isNil()) return value;
-    if (to.kind == Kind::Variant && !to.isArray) return toVariant(std::move(value), from);
-    if (from.kind == Kind::Variant && !from.isArray) return fromVariant(std::move(value), to, offset);
-    if (!isNumber(from)) return value;
+    if (to.is(Kind::Variant)) return toVariant(std::move(value), from);
+    if (from.is(Kind::Variant)) return fromVariant(std::move(value), to, offset);
+    if (!from.isNumber()) return value;
     if (to.kind == Kind::Double)
         return transform(std::move(value), [](Slot slot) { return Slot::ofReal(static_cast<double>(slot.integer)); });
     if (to.kind == Kind::Color)

@@ -5,12 +5,6 @@
 #include "language/places.h"
 
 namespace host::language {
-namespace {
-
-const Type integerType = {Kind::Integer, false, {}};
-
-} // namespace
-
 ActionPtr StatementChecker::statements(const syntax::Block& block) {
     Actions actions;
     for (const syntax::Statement& statement : block) {
@@ -57,7 +51,7 @@ ActionPtr StatementChecker::declared(const syntax::Declarator& declarator, const
 CodePtr StatementChecker::initialValue(const syntax::Declarator& declarator, const syntax::Dim::Group& group,
                                        const Type& type) {
     if (declarator.isArray && !group.value) {
-        CodePtr bound = declarator.upperBound ? expressions_.valueAs(*declarator.upperBound, integerType)
+        CodePtr bound = declarator.upperBound ? expressions_.valueAs(*declarator.upperBound, Type::plain(Kind::Integer))
                                               : constant(Slot::ofInteger(-1));
         return makeArray(type, std::move(bound), declarator.name.offset);
     }
@@ -71,7 +65,7 @@ ActionPtr StatementChecker::form(const syntax::ReDim& reDim, Offset offset) {
     const syntax::Expression reference{reDim.array.offset, syntax::Reference{reDim.array.text}};
     Value array = expressions_.value(reference);
     if (!array.type.isArray) failCheck(reDim.array.offset, "this is of type " + nameOf(array.type) + ", no array");
-    CodePtr bound = expressions_.valueAs(*reDim.upperBound, integerType);
+    CodePtr bound = expressions_.valueAs(*reDim.upperBound, Type::plain(Kind::Integer));
     return asStep(resizeArray(std::move(array.code), std::move(bound), reDim.array.offset), offset);
 }
 

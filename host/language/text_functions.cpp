@@ -104,7 +104,7 @@ String* repeat(String* text, HostInteger count) {
 Array* split(String* text, String* delimiter) {
     const std::string bytes = utf8Of(text);
     const std::string between = utf8Of(delimiter);
-    Array* const parts = newArray({Kind::String, false, {}});
+    Array* const parts = newArray(Type::plain(Kind::String));
     const auto append = [&](std::string_view part) {
         String* const string = newString(part);
         appendElement(parts, Slot::ofString(string));

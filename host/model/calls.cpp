@@ -61,12 +61,12 @@ constexpr ShapeRow makeShapes(std::index_sequence<shapes...>) {
 constexpr ShapeRow wordShapes = makeShapes<false>(std::make_index_sequence<shapeCount>());
 constexpr ShapeRow realShapes = makeShapes<true>(std::make_index_sequence<shapeCount>());
 
-bool isReal(const Type& type) { return type.kind == Kind::Double && !type.isArray; }
+bool isReal(const Type& type) { return type.is(Kind::Double); }
 
 HostInteger maskOf(const Type& type) {
-    if (!type.isArray && type.kind == Kind::Void) return 0;
-    if (!type.isArray && type.kind == Kind::Boolean) return 0xFF;
-    if (!type.isArray && type.kind == Kind::Color) return static_cast<HostInteger>(0xFFFFFFFFu);
+    if (type.is(Kind::Void)) return 0;
+    if (type.is(Kind::Boolean)) return 0xFF;
+    if (type.is(Kind::Color)) return static_cast<HostInteger>(0xFFFFFFFFu);
     return -1;
 }
 

@@ -151,7 +151,7 @@ private:
         if (parameter.byRef || parameter.paramArray) fail("a default for a byref or paramarray parameter", start);
         Literal value = literal();
         const Type& wanted = parameter.type;
-        if (wanted.kind == Kind::Double && !wanted.isArray && std::holds_alternative<HostInteger>(value.value)) {
+        if (wanted.is(Kind::Double) && std::holds_alternative<HostInteger>(value.value)) {
             value.value = static_cast<double>(std::get<HostInteger>(value.value));
         }
         const bool fits = value.type() == wanted || (value.type().isNil() && wanted.isObjectReference());
@@ -247,11 +247,11 @@ DeclarationError::DeclarationError(const std::string& reason, std::size_t where,
 Type Literal::type() const {
     struct {
         Type operator()(std::monostate) const { return Type::nil(); }
-        Type operator()(bool) const { return {Kind::Boolean, false, {}}; }
-        Type operator()(HostInteger) const { return {Kind::Integer, false, {}}; }
-        Type operator()(double) const { return {Kind::Double, false, {}}; }
-        Type operator()(HostColor) const { return {Kind::Color, false, {}}; }
-        Type operator()(const std::string&) const { return {Kind::String, false, {}}; }
+        Type operator()(bool) const { return Type::plain(Kind::Boolean); }
+        Type operator()(HostInteger) const { return Type::plain(Kind::Integer); }
+        Type operator()(double) const { return Type::plain(Kind::Double); }
+        Type operator()(HostColor) const { return Type::plain(Kind::Color); }
+        Type operator()(const std::string&) const { return Type::plain(Kind::String); }
     } visitor;
     return std::visit(visitor, value);
 }

@@ -122,7 +122,7 @@ void* createArray(std::int32_t elementType, std::int32_t upperBound) {
     return orNull([&]() -> void* {
         if (upperBound < -1) return nullptr;
         switch (elementType) {
-        case REALarrayOfDoubles: return newArray({Kind::Double, false, {}}, upperBound);
+        case REALarrayOfDoubles: return newArray(Type::plain(Kind::Double), upperBound);
         case REALarrayOfObjects: return newArray(Type::object("Object"), upperBound);
         default: return nullptr;
         }

@@ -78,7 +78,7 @@ bool bindParameter(Candidate& candidate, const Parameter& parameter, const std::
     return true;
 }
 
-std::optional<Candidate> bind(const Method& method, const std::vector<Argument>& arguments) {
+std::optional<Candidate> candidateFor(const Method& method, const std::vector<Argument>& arguments) {
     Candidate candidate = {&method, {}, {}, 0};
     std::size_t next = 0;
     for (const Parameter& parameter : method.signature.parameters) {
@@ -119,7 +119,7 @@ bool failsOnlyForReferences(const OverloadSet& overloads, std::vector<Argument> 
     for (Argument& argument : arguments)
         argument.assignable = true;
     return std::any_of(overloads.begin(), overloads.end(),
-                       [&](const Method* method) { return bind(*method, arguments).has_value(); });
+                       [&](const Method* method) { return candidateFor(*method, arguments).has_value(); });
 }
 
 } // namespace
@@ -128,8 +128,8 @@ std::optional<Conversion> implicitConversion(const Type& from, const Type& to) {
     if (from.kind == Kind::Void) return std::nullopt;
     if (from == to) return Conversion::None;
     if (from.isNil() && to.isObjectReference()) return Conversion::None;
-    const bool toPlainVariant = to.kind == Kind::Variant && !to.isArray;
-    const bool fromPlainVariant = from.kind == Kind::Variant && !from.isArray;
+    const bool toPlainVariant = to.is(Kind::Variant);
+    const bool fromPlainVariant = from.is(Kind::Variant);
     if (toPlainVariant) return Conversion::ToVariant;
     if (fromPlainVariant) return Conversion::FromVariant;
     if (from.isArray || to.isArray) return std::nullopt;
@@ -144,7 +144,7 @@ std::optional<Conversion> implicitConversion(const Type& from, const Type& to) {
 Resolution resolveCall(const std::string& what, const OverloadSet& overloads, const std::vector<Argument>& arguments) {
     std::vector<Candidate> candidates;
     for (const Method* method : overloads) {
-        std::optional<Candidate> candidate = bind(*method, arguments);
+        std::optional<Candidate> candidate = candidateFor(*method, arguments);
         if (candidate) candidates.push_back(std::move(*candidate));
     }
 

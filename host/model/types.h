@@ -24,9 +24,12 @@ struct Type {
     // class may not exist, or not yet; whoever uses the type asks the registry.
     std::string className;
 
+    static Type plain(Kind kind) { return {kind, false, {}}; } // of a kind that needs no class
     static Type nil() { return {Kind::Object, false, {}}; }
     static Type object(std::string name) { return {Kind::Object, false, std::move(name)}; }
 
+    bool is(Kind wanted) const { return kind == wanted && !isArray; }
+    bool isNumber() const { return is(Kind::Integer) || is(Kind::Double) || is(Kind::Color); }
     bool isNil() const { return kind == Kind::Object && !isArray && className.empty(); }
     // Whether a value is one reference to a host object: objects, variants and arrays.
     bool isObjectReference() const { return isArray || kind == Kind::Object || kind == Kind::Variant; }

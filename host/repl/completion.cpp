@@ -53,8 +53,7 @@ Names membersOf(language::Session& session, std::string_view expression) {
     const auto [type, namedClass] = session.meaningOf(expression);
     if (namedClass) addMembers(*namedClass, true, names);
     if (type.isArray) names = {"Append", "Add", "Insert", "Remove", "Count"};
-    const ClassInfo* const info =
-        type.kind == Kind::Object && !type.isArray && !type.isNil() ? registry().find(type.className) : nullptr;
+    const ClassInfo* const info = type.is(Kind::Object) && !type.isNil() ? registry().find(type.className) : nullptr;
     if (info) addMembers(*info, false, names);
     return names;
 }

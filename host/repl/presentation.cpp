@@ -60,7 +60,7 @@ void ValuePresenter::present(const Type& type, Slot value) {
     Object* const object = type.isObjectReference() ? value.object : nullptr;
     std::optional<Slot> color;
     if (object) color = read(object, "colorValue", Kind::Color);
-    if (type == Type{Kind::Color, false, {}}) color = value;
+    if (type == Type::plain(Kind::Color)) color = value;
     const std::optional<std::string> text = object ? description(object) : std::nullopt;
     if (color && swatches_) output_ << swatch(color->color);
     output_ << (text ? *text : language::textOf(type, value)) << '\n';

@@ -112,7 +112,7 @@ std::vector<Form> arrayForms() {
     constexpr int fewest = 2, most = 20;
     std::vector<Form> forms = {null()};
     for (const int count : {0, 1, most, most + 1, 300, 4}) {
-        const auto make = [count] { return Slot::ofObject(host::newArray({Kind::Double, false, {}}, count - 1)); };
+        const auto make = [count] { return Slot::ofObject(host::newArray(host::Type::plain(Kind::Double), count - 1)); };
         forms.push_back({make, count < fewest || count > most ? "OutOfBoundsException" : nullptr});
     }
     forms.front().refusal = "OutOfBoundsException";
