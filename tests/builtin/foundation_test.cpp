@@ -28,7 +28,7 @@ id decode(std::string_view bytes, CFStringEncoding encoding, bool isExternal = f
 }
 
 template <class Unit>
-std::string bytesOf(const std::basic_string<Unit>& text) {
+std::string encoded(const std::basic_string<Unit>& text) {
     return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(Unit)};
 }
 
@@ -67,8 +67,8 @@ TEST_F(Strings, AreReadInEveryEncoding) {
         {"a\x80\xFF", latin1, false, u"a\u0080\u00FF"},
         {"a\x80\x9F\xFF", windowsLatin1, false, u"a\u20AC\u0178\u00FF"},
         {"a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z", utf8, false, text},
-        {bytesOf(text), utf16, false, text},
-        {bytesOf<char32_t>(U"a\u00E9\u20AC\U0001F600z"), utf32, false, text},
+        {encoded(text), utf16, false, text},
+        {encoded<char32_t>(U"a\u00E9\u20AC\U0001F600z"), utf32, false, text},
         {"\xEF\xBB\xBFz", utf8, false, u"\uFEFFz"},
         {"\xEF\xBB\xBFz", utf8, external, u"z"},
         {"\xFE\xFF\0z\xD8\x3D\xDE\0"s, utf16, external, u"z\U0001F600"},
@@ -86,8 +86,8 @@ TEST_F(Strings, AreReadInEveryEncoding) {
         {utf8,
          {"\x80", "\xC3", "ab\xC3", "\xC3(", "\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80",
           "\xF8\x88\x80\x80\x80", "a\xFF"}},
-        {utf16, {"abc", bytesOf<char16_t>({0xD83D, u'a'})}},
-        {utf32, {"abcde", bytesOf<char32_t>({0xD800}), bytesOf<char32_t>({0x110000})}}};
+        {utf16, {"abc", encoded<char16_t>({0xD83D, u'a'})}},
+        {utf32, {"abcde", encoded<char32_t>({0xD800}), encoded<char32_t>({0x110000})}}};
     for (const auto& [encoding, texts] : malformed)
         for (const std::string& bytes : texts)
             EXPECT_EQ(decode(bytes, encoding), nullptr) << testing::PrintToString(bytes) << " in " << std::hex << encoding;

@@ -48,14 +48,14 @@ TEST_F(Spaces, NamedSpacesTellWhatTheyAre) {
         EXPECT_EQ(colorSpaceModel(space, 0), isGray ? 0 : isCMYK ? 2 : 1) << name;
         EXPECT_EQ(numberOfColorComponents(space, 0), isGray ? 1 : isCMYK ? 4 : 3) << name;
         EXPECT_EQ(foreign::take(localizedName(space, 0)), native::textOf(native::tell(direct, "localizedName")));
-        EXPECT_EQ(foreign::take(description(space, 0)), native::textOf(native::tell(direct, "description")));
+        EXPECT_EQ(foreign::take(colorspace::description(space, 0)), native::textOf(native::tell(direct, "description")));
         const HostInteger handle = CGColorSpace(space);
         if (platform::lacks("-[NSColorSpace CGColorSpace]")) {
             EXPECT_EQ(handle, 0);
             expectPlatformException({"CGColorSpace", "recognize"});
         } else {
             EXPECT_EQ(handle, asHandle(native::tell<const void*>(direct, "CGColorSpace")));
-            EXPECT_EQ(foreign::take(colorSpaceName(space, 0)), native::textOf(native::tell(direct, "colorSpaceName")));
+            EXPECT_EQ(foreign::take(colorspace::colorSpaceName(space, 0)), native::textOf(native::tell(direct, "colorSpaceName")));
         }
     }
     if (platform::lacks("+[NSColorSpace sRGBColorSpace]")) return;
@@ -110,7 +110,7 @@ TEST_F(Spaces, WhatIsNoProfileMakesNoSpaceOrOneOfNoComponents) {
         EXPECT_EQ(colorSpaceModel(*space, 0), platform::expected(Difference::ProfileChecks, 0, -1));
         EXPECT_EQ(numberOfColorComponents(*space, 0), 0);
         EXPECT_EQ(colorSyncProfile(*space), 0);
-        EXPECT_EQ(colorSpaceName(*space, 0), nullptr);
+        EXPECT_EQ(colorspace::colorSpaceName(*space, 0), nullptr);
         if (platform::lacks("-[NSColorSpace colorSpaceName]")) expectPlatformException({"colorSpaceName", "recognize"});
     }
     if (platform::differs(Difference::ProfileChecks)) return;
