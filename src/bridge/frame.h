@@ -12,10 +12,12 @@
 
 namespace chroma {
 
-// The guarded frame: an NSException becomes a host exception.
+// The guarded frame: an NSException becomes a host exception. Answers whether the body ran to its end.
 template <class Body>
-void guarded(Body body) {
-    if (const id thrown = catchNative(body)) raisePlatformException(thrown);
+bool guarded(Body&& body) {
+    const id thrown = catchNative(body);
+    if (thrown) raisePlatformException(thrown);
+    return !thrown;
 }
 
 // The same for a function that has made a result already: `giveUp` releases it when a thrown object passes outward.
@@ -26,7 +28,7 @@ void guarded(Body body, GiveUp giveUp) {
 
 // The quiet frame: an NSException is dropped. Answers whether the body ran to its end.
 template <class Body>
-bool quiet(Body body) {
+bool quiet(Body&& body) {
     const id thrown = catchNative(body);
     if (thrown && !isNSException(thrown)) throwNative(thrown);
     return !thrown;
@@ -34,7 +36,7 @@ bool quiet(Body body) {
 
 // The body of class constructors, which run for every new object: only the first has something to do that may throw.
 inline void constructed() {
-    if (!CocoaInited) guarded(initCocoa);
+    if (!CocoaInited) guarded([] { initCocoa(); });
 }
 
 // Whether an initialiser may fill the object: not a null one, and not one that holds a native object already, which raises an

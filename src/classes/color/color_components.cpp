@@ -20,30 +20,44 @@ void put(double* output, double value) {
     if (output) *output = value;
 }
 
-// Without a loop, since this is called for every colour of a picture.
-template <OtherKind otherKind, std::size_t... index>
-void readOut(REALobjectStruct* object, Selector& message, double* const (&outputs)[sizeof...(index)], double* alphaOutput,
-             std::index_sequence<index...>) {
-    (put(outputs[index], 0.0), ...);
-    put(alphaOutput, 0.0);
-    guarded([=, &message] {
-        const id color = nativeObject(object);
-        if (!color) return;
-        CGFloat values[sizeof...(index)] = {}, alpha = 0;
-        const auto read = [&](id source) { send<void>(source, message, &values[index]..., alphaOutput ? &alpha : nullptr); };
+// A message that writes `count` components and alpha, the body that sends it, and what it wrote: in one place, without a loop, since
+// this runs for every colour of a picture.
+template <OtherKind otherKind, std::size_t count>
+struct Reading {
+    id color;
+    Selector& message;
+    bool wantsAlpha;
+    CGFloat values[count] = {};
+    CGFloat alpha = 0;
+
+    void operator()() {
         if constexpr (otherKind == OtherKind::Raises)
-            read(color);
-        else if (!quiet([&] { read(color); }))
-            read(send<id>(color, sel::colorUsingColorSpaceName_, NSCalibratedRGBColorSpace));
-        (put(outputs[index], values[index]), ...);
-        put(alphaOutput, alpha);
-    });
-}
+            ask(color);
+        else if (!quiet([&] { ask(color); }))
+            ask(send<id>(color, sel::colorUsingColorSpaceName_, NSCalibratedRGBColorSpace));
+    }
+
+private:
+    void ask(id source) { ask(source, std::make_index_sequence<count>()); }
+
+    template <std::size_t... index>
+    void ask(id source, std::index_sequence<index...>) {
+        send<void>(source, message, &values[index]..., wantsAlpha ? &alpha : nullptr);
+    }
+};
 
 // Reads the components that `message` writes, and alpha, into the outputs. A null alpha output is not asked of the platform.
-template <OtherKind otherKind, std::size_t count>
-void readOut(REALobjectStruct* object, Selector& message, double* const (&outputs)[count], double* alpha) {
-    readOut<otherKind>(object, message, outputs, alpha, std::make_index_sequence<count>());
+template <OtherKind otherKind, class... Outputs>
+[[gnu::always_inline]] inline void readOut(REALobjectStruct* object, Selector& message, double* alpha, Outputs... outputs) {
+    (put(outputs, 0.0), ...);
+    put(alpha, 0.0);
+    const id color = nativeObject(object);
+    if (!color) return;
+    Reading<otherKind, sizeof...(outputs)> reading{color, message, alpha != nullptr};
+    if (!guarded(reading)) return;
+    const CGFloat* value = reading.values;
+    (put(outputs, *value++), ...);
+    put(alpha, reading.alpha);
 }
 
 // Single precision, truncated; not-a-number is 0.
@@ -54,9 +68,9 @@ HostColor channel(CGFloat value) {
 }
 
 double number(REALobjectStruct* object, Selector& message) {
-    double result = 0.0;
-    quiet([=, &result, &message] { result = send<CGFloat>(nativeObject(object), message); });
-    return result;
+    CGFloat answer = 0;
+    quiet([color = nativeObject(object), &message, &answer] { answer = send<CGFloat>(color, message); });
+    return answer;
 }
 
 REALstringStruct* text(REALobjectStruct* object, Selector& message) {
@@ -72,29 +86,29 @@ void getCyan(REALobjectStruct* object, double* cyan, double* magenta, double* ye
 }
 
 void getCyanA(REALobjectStruct* object, double* cyan, double* magenta, double* yellow, double* black, double* alpha) {
-    readOut<OtherKind::Raises>(object, sel::getCyan_magenta_yellow_black_alpha_, {cyan, magenta, yellow, black}, alpha);
+    readOut<OtherKind::Raises>(object, sel::getCyan_magenta_yellow_black_alpha_, alpha, cyan, magenta, yellow, black);
 }
 
 void getWhite(REALobjectStruct* object, double* white) { getWhiteA(object, white, nullptr); }
 
 void getWhiteA(REALobjectStruct* object, double* white, double* alpha) {
-    readOut<OtherKind::Raises>(object, sel::getWhite_alpha_, {white}, alpha);
+    readOut<OtherKind::Raises>(object, sel::getWhite_alpha_, alpha, white);
 }
 
 void getHue(REALobjectStruct* object, double* hue, double* saturation, double* brightness) {
-    readOut<OtherKind::Raises>(object, sel::getHue_saturation_brightness_alpha_, {hue, saturation, brightness}, nullptr);
+    readOut<OtherKind::Raises>(object, sel::getHue_saturation_brightness_alpha_, nullptr, hue, saturation, brightness);
 }
 
 void getHueA(REALobjectStruct* object, double* hue, double* saturation, double* brightness, double* alpha) {
-    readOut<OtherKind::Converts>(object, sel::getHue_saturation_brightness_alpha_, {hue, saturation, brightness}, alpha);
+    readOut<OtherKind::Converts>(object, sel::getHue_saturation_brightness_alpha_, alpha, hue, saturation, brightness);
 }
 
 void getRed(REALobjectStruct* object, double* red, double* green, double* blue) {
-    readOut<OtherKind::Raises>(object, sel::getRed_green_blue_alpha_, {red, green, blue}, nullptr);
+    readOut<OtherKind::Raises>(object, sel::getRed_green_blue_alpha_, nullptr, red, green, blue);
 }
 
 void getRedA(REALobjectStruct* object, double* red, double* green, double* blue, double* alpha) {
-    readOut<OtherKind::Converts>(object, sel::getRed_green_blue_alpha_, {red, green, blue}, alpha);
+    readOut<OtherKind::Converts>(object, sel::getRed_green_blue_alpha_, alpha, red, green, blue);
 }
 
 REALarrayDouble* getComponents(REALobjectStruct* object) {
