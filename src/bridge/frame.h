@@ -34,6 +34,17 @@ bool quiet(Body&& body) {
     return !thrown;
 }
 
+// The body that asks for one answer and converts nothing, and the answer: 0 unless the body ran to its end. In one object, since
+// such getters are called for every colour of a picture.
+template <class Answer>
+struct Question {
+    id receiver;
+    Selector& message;
+    Answer answer = 0;
+
+    void operator()() { answer = send<Answer>(receiver, message); }
+};
+
 // The body of class constructors, which run for every new object: only the first has something to do that may throw.
 inline void constructed() {
     if (!CocoaInited) guarded([] { initCocoa(); });

@@ -68,9 +68,9 @@ HostColor channel(CGFloat value) {
 }
 
 double number(REALobjectStruct* object, Selector& message) {
-    CGFloat answer = 0;
-    quiet([color = nativeObject(object), &message, &answer] { answer = send<CGFloat>(color, message); });
-    return answer;
+    Question<CGFloat> question{nativeObject(object), message};
+    quiet(question);
+    return question.answer;
 }
 
 REALstringStruct* text(REALobjectStruct* object, Selector& message) {
@@ -145,9 +145,9 @@ HostColor colorValue(REALobjectStruct* object, REALword) {
 }
 
 HostInteger numberOfComponents(REALobjectStruct* object, REALword) {
-    HostInteger result = 0;
-    guarded([&] { result = send<NSInteger>(nativeObject(object), sel::numberOfComponents); });
-    return result;
+    Question<NSInteger> question{nativeObject(object), sel::numberOfComponents};
+    guarded(question);
+    return question.answer;
 }
 
 #define CHROMA_NUMBER_GETTER(name)                                                                                          \

@@ -32,9 +32,9 @@ REALstringStruct* text(REALobjectStruct* object, Selector& message) {
 }
 
 HostInteger integer(REALobjectStruct* object, Selector& message) {
-    HostInteger result = 0;
-    guarded([&] { result = send<SpaceInteger>(nativeObject(object), message); });
-    return result;
+    Question<SpaceInteger> question{nativeObject(object), message};
+    guarded(question);
+    return question.answer;
 }
 
 HostInteger handle(REALobjectStruct* object, Selector& message) {
