@@ -25,19 +25,19 @@ bool isAccepted(double value) { return !(value > 2.0 || value < -1.0); }
 void NSColorConstructor(REALobjectStruct*) { constructed(); }
 
 void NSColorDestructor(REALobjectStruct* object) {
-    guarded([&] { dropNative(object); });
+    guarded([=] { dropNative(object); });
 }
 
 void ConstructorColor(REALobjectStruct* object, HostColor c) {
     if (!mayInitialise(object)) return;
-    guarded([&] { fillCalibratedRGB(object, channel(c, 16), channel(c, 8), channel(c, 0), channel(c, 24)); });
+    guarded([=] { fillCalibratedRGB(object, channel(c, 16), channel(c, 8), channel(c, 0), channel(c, 24)); });
 }
 
 void ConstructorRGB(REALobjectStruct* object, double red, double green, double blue, double alpha) {
     if (!mayInitialise(object)) return;
     if (!isAccepted(red) || !isAccepted(green) || !isAccepted(blue))
         return RaiseException("OutOfBoundsException", "Invalid values. Please pass values in range 0.0 to 1.0.");
-    guarded([&] { fillCalibratedRGB(object, red, green, blue, alpha); });
+    guarded([=] { fillCalibratedRGB(object, red, green, blue, alpha); });
 }
 
 HostInteger getCGColor(REALobjectStruct* object) {
