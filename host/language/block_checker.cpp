@@ -100,7 +100,7 @@ Variable StatementChecker::loopVariable(const syntax::LoopVariable& form, const 
 ActionPtr StatementChecker::form(const syntax::For& loop, Offset offset) {
     return inScope(offset, [&] {
         const Type type = loopType(loop.variable);
-        const bool counts = !type.isArray && (type.kind == Kind::Integer || type.kind == Kind::Double);
+        const bool counts = type.is(Kind::Integer) || type.is(Kind::Double);
         if (!counts && type.kind != Kind::Void)
             diagnostics_.add(loop.variable.name.offset, "a For loop counts an Integer or a Double, not a " + nameOf(type));
         const auto bound = [&](const syntax::ExpressionPtr& expression) {

@@ -95,9 +95,7 @@ Literal ExpressionChecker::constantValue(const syntax::Expression& expression, c
     Value found = value(expression);
     if (found.type.isNil() && wanted && wanted->isObjectReference()) return {};
     const Type type = wanted ? *wanted : found.type;
-    const bool simple =
-        !type.isArray && (type.kind == Kind::Boolean || type.kind == Kind::Integer || type.kind == Kind::Double ||
-                          type.kind == Kind::Color || type.kind == Kind::String);
+    const bool simple = type.isNumber() || type.is(Kind::Boolean) || type.is(Kind::String);
     if (!simple) failCheck(expression.offset, "a constant cannot be of type " + nameOf(type));
     const CodePtr code = convert(std::move(found.code), found.type, type, expression.offset);
     std::ostream nowhere(nullptr);
