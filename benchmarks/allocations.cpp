@@ -1,5 +1,5 @@
-// The program's own malloc takes the place of the C library's for the whole process, and passes every call on. The operators new of
-// C++ end here too.
+// The program's own malloc takes the place of the C library's for the whole process, and passes every call on. The operators
+// new of C++ end here too.
 #include "allocations.h"
 
 #include <cerrno>

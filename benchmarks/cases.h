@@ -30,8 +30,8 @@ constexpr std::size_t fewColors = 1000, manyColors = 1000000;
 // A pass runs its works this many times in a row, within one autorelease pool.
 constexpr std::size_t batch = 1000;
 
-// The cases, in the order of the table. loadPlugins must have run. Every work has been run and its result compared with what it has
-// to be: throws std::runtime_error when one is wrong.
+// The cases, in the order of the table. loadPlugins must have run. Every work has been run and its result compared with what
+// it has to be: throws std::runtime_error when one is wrong.
 std::vector<Case> makeCases();
 
 } // namespace bench

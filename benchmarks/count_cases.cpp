@@ -1,7 +1,8 @@
-// Runs the cases for counting, and prints as one JSON object what needs no clock: heap allocations and resolver calls per call.
+// Runs the cases for counting, and prints as one JSON object what needs no clock: heap allocations and resolver calls per
+// call.
 //
-// Under callgrind, started with --collect-atstart=no, each work leaves a profile of its own behind, named after the work; the
-// program takes no i386 library, so it counts in both widths.
+// Under callgrind, started with --collect-atstart=no, each work leaves a profile of its own behind, named after the work;
+// the program takes no i386 library, so it counts in both widths.
 #include "allocations.h"
 #include "cases.h"
 #include "session.h"

@@ -1,5 +1,6 @@
-// Measures how long the plugin takes to start: REALPluginMain from call to return, in microseconds, as one JSON object. The host does
-// nothing but keep the class records. Each measurement is made in a process of its own, and the median of them counts.
+// Measures how long the plugin takes to start: REALPluginMain from call to return, in microseconds, as one JSON object. The
+// host does nothing but keep the class records. Each measurement is made in a process of its own, and the median of them
+// counts.
 #include "chromabridge/host_abi.h"
 
 #include <nlohmann/json.hpp>

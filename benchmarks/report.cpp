@@ -2,8 +2,8 @@
 //
 // report FOLDER [JSON FILE]
 //
-// FOLDER holds what the programs have written: BUILD/*.json, each one object with figures by key, and in BUILD/profiles the profiles
-// of callgrind, whose instruction counts become ratios.
+// FOLDER holds what the programs have written: BUILD/*.json, each one object with figures by key, and in BUILD/profiles the
+// profiles of callgrind, whose instruction counts become ratios.
 #include <nlohmann/json.hpp>
 
 #include <array>

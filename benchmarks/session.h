@@ -17,8 +17,8 @@ std::size_t resolverCalls();
 // Loads both plugins, as they were built, into the reference host; once per process.
 void loadPlugins();
 
-// The function behind a member of a plugin's class, the method with exactly that declaration or the property of that name. Throws
-// std::runtime_error when there is none.
+// The function behind a member of a plugin's class, the method with exactly that declaration or the property of that name.
+// Throws std::runtime_error when there is none.
 REALfunction boundFunction(const std::string& className, const std::string& declaration);
 
 template <class Function>

@@ -1,7 +1,7 @@
 // Measures the cases with Google Benchmark and prints their ratios as one JSON object.
 //
-// The repetitions of all works are interleaved, and the fastest of each counts: what else the machine does at the time makes some
-// repetitions slower, and none faster.
+// The repetitions of all works are interleaved, and the fastest of each counts: what else the machine does at the time makes
+// some repetitions slower, and none faster.
 #include "cases.h"
 #include "session.h"
 

@@ -4,7 +4,8 @@
  *     cc -std=c11 -I include examples/minimal_host.c -ldl -o minimal_host
  *     ./minimal_host build/m64/lib/libchromabridge.so
  *
- * It offers the nine entries below. A plugin does without the others: those for arrays, memory blocks and text from the host.
+ * It offers the nine entries below. A plugin does without the others: those for arrays, memory blocks and text from the
+ * host.
  */
 #include "chromabridge/host_abi.h"
 
@@ -14,7 +15,7 @@
 #include <stdlib.h>
 #include <string.h>
 
-/* ---- Values: objects have a header of 24 bytes in every width, and the plugin's own data behind it ------------------------- */
+/* ---- Values: objects have a header of 24 bytes in every width, and the plugin's own data behind it */
 
 struct REALstringStruct {
     int references;
@@ -28,7 +29,7 @@ struct REALobjectStruct {
 };
 _Static_assert(sizeof(REALobjectStruct) <= REALinstanceDataOffset, "the plugin's data must not overlap the header");
 
-/* ---- Classes: the host's own exceptions, and what plugins register ----------------------------------------------------------- */
+/* ---- Classes: the host's own exceptions, and what plugins register */
 
 static REALclassDefinition runtimeException = {.name = "RuntimeException"};
 static REALclassDefinition outOfBoundsException = {.name = "OutOfBoundsException"};
@@ -55,7 +56,7 @@ static REALfunction findMethod(const char* className, const char* declaration) {
     return NULL;
 }
 
-/* ---- Objects and strings: created with one reference, freed when the last is given up ---------------------------------------- */
+/* ---- Objects and strings: created with one reference, freed when the last is given up */
 
 typedef void (*ObjectFunction)(REALobjectStruct*);
 
@@ -94,7 +95,7 @@ static void unlockObject(REALobjectStruct* object) {
     free(object);
 }
 
-/* ---- Exceptions: recorded by the plugin, raised by the host when the call has returned --------------------------------------- */
+/* ---- Exceptions: recorded by the plugin, raised by the host when the call has returned */
 
 static REALobjectStruct* pending; /* owned */
 
@@ -120,7 +121,7 @@ static int caught(void) {
     return 1;
 }
 
-/* ---- Entries ----------------------------------------------------------------------------------------------------------------- */
+/* ---- Entries */
 
 /* A host of this age gets the current records. */
 static double version(void) { return 2021.0; }
@@ -145,7 +146,7 @@ static void* resolve(const char* name) {
     return NULL;
 }
 
-/* ---- A program ----------------------------------------------------------------------------------------------------------------- */
+/* ---- A program */
 
 typedef void (*ConstructorColor)(REALobjectStruct*, HostColor);
 typedef void (*ConstructorRGB)(REALobjectStruct*, double, double, double, double);

@@ -1,4 +1,5 @@
-// A declaration from anyone's class record: refused with a place in it, or written out from its parts and read again the same.
+// A declaration from anyone's class record: refused with a place in it, or written out from its parts and read again the
+// same.
 #include "require.h"
 
 #include "model/declarations.h"

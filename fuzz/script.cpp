@@ -1,5 +1,5 @@
-// A program from anyone: refused or run, as a file and typed at a prompt, with nothing left behind. Programs that name a class of
-// files are only checked.
+// A program from anyone: refused or run, as a file and typed at a prompt, with nothing left behind. Programs that name a
+// class of files are only checked.
 #include "require.h"
 
 #include "language/language.h"
@@ -60,7 +60,8 @@ void runAtPrompt(const std::string& text) {
 
 } // namespace
 
-// Memory that a program asks for is refused before the machine's is used up; by the C++ library too, so these are visible to it.
+// Memory that a program asks for is refused before the machine's is used up; by the C++ library too, so these are visible to
+// it.
 #pragma GCC visibility push(default)
 void* operator new(std::size_t size) {
     void* const memory = size <= mostMemory ? std::malloc(size) : nullptr;

@@ -5,8 +5,8 @@
 
 namespace chroma::sibling {
 
-// Lets the class answer the message with `method`, a function of (id self, SEL message, arguments...). `types` is the method's
-// type encoding. Does nothing when the platform lacks the class or the class answers the message already.
+// Lets the class answer the message with `method`, a function of (id self, SEL message, arguments...). `types` is the
+// method's type encoding. Does nothing when the platform lacks the class or the class answers the message already.
 void addClassMethod(ClassName& target, Selector& message, IMP method, const char* types);
 
 template <class Result, class... Arguments>

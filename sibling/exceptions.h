@@ -8,8 +8,8 @@ namespace chroma::sibling {
 
 extern REALclassDefinition NSExceptionClass;
 
-// A new host exception that holds the NSException: "Message" is its reason, "ErrorNumber" 0. The caller owns the reference; null
-// when the host makes no such object.
+// A new host exception that holds the NSException: "Message" is its reason, "ErrorNumber" 0. The caller owns the reference;
+// null when the host makes no such object.
 REALobjectStruct* newHostException(id exception);
 
 } // namespace chroma::sibling

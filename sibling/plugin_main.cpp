@@ -1,5 +1,5 @@
-// The sibling's one export, and the class methods through which plugins of this family share the instance registry and the bridging
-// of exceptions.
+// The sibling's one export, and the class methods through which plugins of this family share the instance registry and the
+// bridging of exceptions.
 #include "platform/corefoundation.h"
 #include "platform/selectors.h"
 #include "runtime/start.h"

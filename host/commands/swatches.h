@@ -13,8 +13,8 @@ struct SwatchesOptions {
     std::string color;             // in hexadecimal, to show in every space; empty: none
 };
 
-// Draws with the classes of the running host. Throws std::invalid_argument for what is no colour or no picture's file name, and
-// std::runtime_error for what cannot be drawn or written.
+// Draws with the classes of the running host. Throws std::invalid_argument for what is no colour or no picture's file name,
+// and std::runtime_error for what cannot be drawn or written.
 int swatches(const SwatchesOptions& options);
 
 } // namespace host::commands

@@ -26,7 +26,8 @@ struct ClassPage {
     std::vector<Section> sections; // in the order of a record; none is empty
 };
 
-// The members of a class that has a well-formed record, as every class of a registry without problems does. Its own only; those of its superclass are on that one's page.
+// The members of a class that has a well-formed record, as every class of a registry without problems does. Its own only;
+// those of its superclass are on that one's page.
 ClassPage pageOf(const ClassInfo& info);
 
 // One page for each class, in the order of the texts, those that nobody has explained last.

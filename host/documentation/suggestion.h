@@ -7,8 +7,8 @@
 
 namespace host::documentation {
 
-// The candidate that differs from the word, in whole or in its beginning, by the fewest letters; else one that the word stands in;
-// empty when none is close. Case does not count.
+// The candidate that differs from the word, in whole or in its beginning, by the fewest letters; else one that the word
+// stands in; empty when none is close. Case does not count.
 std::string nearest(std::string_view word, const std::vector<std::string>& candidates);
 
 } // namespace host::documentation

@@ -1,4 +1,5 @@
-// What each class and each of its members is for, in a line: kept here, beside the class records, which carry declarations only.
+// What each class and each of its members is for, in a line: kept here, beside the class records, which carry declarations
+// only.
 #pragma once
 
 #include <string_view>

@@ -13,7 +13,7 @@ using syntax::Name;
 using syntax::Operator;
 using syntax::Statement;
 
-// ---- Where blocks end -------------------------------------------------------------------------------------------------------
+// ---- Where blocks end
 
 bool StatementParser::endsBlock() const {
     if (tokens_.at(TokenKind::endOfFile)) return true;
@@ -80,8 +80,8 @@ Block StatementParser::block(const Opening& opening) {
     return read;
 }
 
-// Takes the words that close the block. Other words are an error; they are left to the block around this one that they fit, or
-// taken for these.
+// Takes the words that close the block. Other words are an error; they are left to the block around this one that they fit,
+// or taken for these.
 void StatementParser::close(const Opening& opening) {
     if (closes(opening)) {
         tokens_.take();
@@ -104,7 +104,7 @@ void StatementParser::close(const Opening& opening) {
     if (!closerLeft_) tokens_.skipLine();
 }
 
-// ---- Branches ---------------------------------------------------------------------------------------------------------------
+// ---- Branches
 
 syntax::If StatementParser::ifStatement(Offset offset) {
     const Opening opening{offset, "If", "End If", Keyword::end, Keyword::ifBranch};
@@ -196,7 +196,7 @@ syntax::Try StatementParser::tryBlock(Offset offset) {
     return form;
 }
 
-// ---- Loops ------------------------------------------------------------------------------------------------------------------
+// ---- Loops
 
 syntax::While StatementParser::whileLoop(Offset offset) {
     syntax::While form{condition(), {}};

@@ -8,8 +8,8 @@
 
 namespace host::language {
 
-// One argument of a call: a value, or an array element that is passed by reference. Such an element has no address of its own:
-// it is copied into the call and written back behind it, whether or not the call raises.
+// One argument of a call: a value, or an array element that is passed by reference. Such an element has no address of its
+// own: it is copied into the call and written back behind it, whether or not the call raises.
 struct ArgumentCode {
     CodePtr value; // null: an element by reference
     CodePtr array;
@@ -17,8 +17,8 @@ struct ArgumentCode {
     Counting counting = Counting::none; // of the element
 };
 
-// Calls the method with the receiver, unless it is shared, and one argument for each parameter. A receiver that is Nil raises.
-// The method must outlive the code.
+// Calls the method with the receiver, unless it is shared, and one argument for each parameter. A receiver that is Nil
+// raises. The method must outlive the code.
 CodePtr callMethod(const Method& method, CodePtr receiver, std::vector<ArgumentCode> arguments, Offset offset);
 
 // Calls the setter of the method, as "receiver.method(arguments) = value" means it; the value is the last of the arguments.

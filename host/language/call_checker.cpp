@@ -58,7 +58,7 @@ Type united(const Type& a, const Type& b) {
 
 } // namespace
 
-// ---- Names ------------------------------------------------------------------------------------------------------------------
+// ---- Names
 
 ClassInfo* ExpressionChecker::classNamedBy(const syntax::Expression& expression) const {
     const auto* const reference = std::get_if<syntax::Reference>(&expression.form);
@@ -151,7 +151,7 @@ Operand ExpressionChecker::cast(const ClassInfo& info, const Arguments& argument
     return Operand::computed(target, converted(std::move(object.code), Type::plain(Kind::Variant), target, offset));
 }
 
-// ---- Members ----------------------------------------------------------------------------------------------------------------
+// ---- Members
 
 Operand ExpressionChecker::form(const syntax::Member& member, Offset) { return this->member(member, nullptr); }
 
@@ -271,7 +271,7 @@ Operand ExpressionChecker::element(Value array, const Arguments& arguments, Offs
                             offset);
 }
 
-// ---- Calls ------------------------------------------------------------------------------------------------------------------
+// ---- Calls
 
 Operand ExpressionChecker::newObject(const syntax::New& form, Offset offset) {
     ClassInfo* const info = classOf(form.className);

@@ -15,8 +15,8 @@ namespace host::language {
 
 class StatementChecker;
 
-// Checks a program, at once or, at a prompt, piece by piece. It keeps what is declared, and must outlive the code that it makes,
-// as must the classes in use.
+// Checks a program, at once or, at a prompt, piece by piece. It keeps what is declared, and must outlive the code that it
+// makes, as must the classes in use.
 class Checker {
 public:
     explicit Checker(ParseMode mode);

@@ -1,5 +1,5 @@
-// A checked program in the form that runs: a tree of closures with every name, overload, variable and conversion resolved. The
-// tree itself is untyped; the checker knows the type of each value and puts together only what fits.
+// A checked program in the form that runs: a tree of closures with every name, overload, variable and conversion resolved.
+// The tree itself is untyped; the checker knows the type of each value and puts together only what fits.
 #pragma once
 
 #include "model/types.h"

@@ -13,8 +13,8 @@
 namespace host::language {
 namespace {
 
-// Runs the body and then the end, which must not throw, on every path. An exception that becomes pending at the end is raised
-// when the body ended well and dropped when another one is already on its way.
+// Runs the body and then the end, which must not throw, on every path. An exception that becomes pending at the end is
+// raised when the body ended well and dropped when another one is already on its way.
 template <class Body, class End>
 auto withEnd(Offset offset, Body body, End end) {
     struct Guard {

@@ -39,8 +39,8 @@ struct LoopBody {
 // Goes on while the conditions, in front of the body and behind it, hold; null: always.
 ActionPtr conditionLoop(CodePtr before, CodePtr after, LoopBody loop);
 
-// For over a variable of kind Integer or Double. `step` is null for 1. With `down` the step is subtracted; otherwise a step below
-// zero counts down too. A step of 0 raises.
+// For over a variable of kind Integer or Double. `step` is null for 1. With `down` the step is subtracted; otherwise a step
+// below zero counts down too. A step of 0 raises.
 struct ForLoop {
     VariablePlace variable;
     Kind kind;
@@ -52,8 +52,8 @@ struct ForLoop {
 };
 ActionPtr forLoop(ForLoop form);
 
-// `array` is a variable that holds the array; `assign` stores the element at the index in variable `index`. The array may change
-// its length while the loop runs.
+// `array` is a variable that holds the array; `assign` stores the element at the index in variable `index`. The array may
+// change its length while the loop runs.
 ActionPtr forEachLoop(VariablePlace array, VariablePlace index, ActionPtr assign, LoopBody loop);
 
 ActionPtr leave(Completion completion);

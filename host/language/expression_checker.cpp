@@ -73,7 +73,7 @@ Operand ExpressionChecker::form(const syntax::IsA& test, Offset offset) {
     return Operand::computed(Type::plain(Kind::Boolean), isOfClass(std::move(object.code), classOf(test.className)));
 }
 
-// ---- Constants --------------------------------------------------------------------------------------------------------------
+// ---- Constants
 
 bool ExpressionChecker::isConstant(const syntax::Expression& expression) const {
     if (const auto* const unary = std::get_if<syntax::Unary>(&expression.form)) return isConstant(*unary->operand);

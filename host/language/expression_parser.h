@@ -1,5 +1,5 @@
-// Parses expressions by precedence climbing. Precedence, from the tightest: ^, unary -, * / \ Mod, + -, &, comparisons with Is
-// and IsA, Not, And, Or, Xor. Operators of one level group to the left.
+// Parses expressions by precedence climbing. Precedence, from the tightest: ^, unary -, * / \ Mod, + -, &, comparisons with
+// Is and IsA, Not, And, Or, Xor. Operators of one level group to the left.
 #pragma once
 
 #include "language/syntax.h"
@@ -7,8 +7,8 @@
 
 namespace host::language {
 
-// How deep a program is nested at a place. Parser, checker and execution recurse as deep, so it is limited to what every stack
-// can hold.
+// How deep a program is nested at a place. Parser, checker and execution recurse as deep, so it is limited to what every
+// stack can hold.
 class Nesting {
 public:
     explicit Nesting(unsigned& depth, Offset offset) : depth_(depth), outer_(depth) { deepen(offset); }

@@ -1,7 +1,7 @@
 // What a running program works on: variables, the temporaries of the step at hand, and the exceptions it raises.
 //
-// A step is a statement without blocks, or the condition or bound of a block: the stretch at whose end temporaries are released
-// and autoreleased native objects go.
+// A step is a statement without blocks, or the condition or bound of a block: the stretch at whose end temporaries are
+// released and autoreleased native objects go.
 #pragma once
 
 #include "language/source.h"

@@ -1,5 +1,5 @@
-// The functions of the language itself: Str, Len, Round and so on. They are bound functions with declarations, like those of a
-// plugin, and are resolved and called in the same way.
+// The functions of the language itself: Str, Len, Round and so on. They are bound functions with declarations, like those of
+// a plugin, and are resolved and called in the same way.
 #pragma once
 
 #include "model/classes.h"

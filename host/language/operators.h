@@ -1,5 +1,5 @@
-// Code for the operators and for conversions between types. The checker has brought both operands to the one type that each of
-// these works on.
+// Code for the operators and for conversions between types. The checker has brought both operands to the one type that each
+// of these works on.
 #pragma once
 
 #include "language/code.h"
@@ -31,8 +31,8 @@ CodePtr joined(CodePtr left, CodePtr right); // strings
 // The value as a string, in the form of Print.
 CodePtr asText(CodePtr value, const Type& type);
 
-// Whether a value of one type stands for one of another without being asked: numbers among each other except between Double and
-// Color, Nil for references, a subclass for its superclass, and everything to and from Variant.
+// Whether a value of one type stands for one of another without being asked: numbers among each other except between Double
+// and Color, Nil for references, a subclass for its superclass, and everything to and from Variant.
 bool isConvertible(const Type& from, const Type& to);
 
 // The conversion itself, of convertible types. From a variant it may raise.

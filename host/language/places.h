@@ -1,5 +1,5 @@
-// Code for the places that hold values: variables, array elements, properties. Whoever writes a counted value gives the place a
-// reference of its own.
+// Code for the places that hold values: variables, array elements, properties. Whoever writes a counted value gives the
+// place a reference of its own.
 #pragma once
 
 #include "language/code.h"

@@ -1,5 +1,5 @@
-// A program that is typed piece by piece at a prompt. What a piece declares stays for those behind it, and its errors end only
-// the piece.
+// A program that is typed piece by piece at a prompt. What a piece declares stays for those behind it, and its errors end
+// only the piece.
 #pragma once
 
 #include "language/checker.h"

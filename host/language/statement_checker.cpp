@@ -15,7 +15,7 @@ ActionPtr StatementChecker::statements(const syntax::Block& block) {
     return sequence(std::move(actions));
 }
 
-// ---- Declarations -----------------------------------------------------------------------------------------------------------
+// ---- Declarations
 
 Variable StatementChecker::declare(const syntax::Name& name, Type type) {
     if (mayDeclare(name)) return scopes_.declare(name.text, std::move(type), name.offset);
@@ -69,7 +69,7 @@ ActionPtr StatementChecker::form(const syntax::ReDim& reDim, Offset offset) {
     return asStep(resizeArray(std::move(array.code), std::move(bound), reDim.array.offset), offset);
 }
 
-// ---- Simple statements ------------------------------------------------------------------------------------------------------
+// ---- Simple statements
 
 ActionPtr StatementChecker::form(const syntax::Assignment& assignment, Offset offset) {
     Operand target = expressions_.operand(*assignment.target);

@@ -19,7 +19,7 @@ struct Name {
     std::string_view text;
 };
 
-// ---- Expressions ------------------------------------------------------------------------------------------------------------
+// ---- Expressions
 
 struct Expression;
 using ExpressionPtr = std::unique_ptr<Expression>;
@@ -88,7 +88,7 @@ struct Expression {
     std::variant<Literal, Reference, Member, Call, New, Unary, Binary, IsA> form;
 };
 
-// ---- Statements -------------------------------------------------------------------------------------------------------------
+// ---- Statements
 
 struct Statement;
 using Block = std::vector<Statement>;
@@ -226,7 +226,7 @@ struct Try {
     std::optional<Block> finally;
 };
 
-// ---- Procedures -------------------------------------------------------------------------------------------------------------
+// ---- Procedures
 
 struct TypeName {
     Name name;
@@ -248,8 +248,8 @@ struct Procedure {
     Block block;
 };
 
-// What an error in a statement has left of it: the names that it may have declared, so that their uses are no errors of their own,
-// and the block that it began.
+// What an error in a statement has left of it: the names that it may have declared, so that their uses are no errors of
+// their own, and the block that it began.
 struct Broken {
     std::vector<Name> names;
     std::optional<Block> block;

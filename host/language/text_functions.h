@@ -1,5 +1,5 @@
-// Functions of the language that work on text. They are bound functions: strings are borrowed, a result belongs to the caller,
-// and what is wrong is recorded as the pending exception.
+// Functions of the language that work on text. They are bound functions: strings are borrowed, a result belongs to the
+// caller, and what is wrong is recorded as the pending exception.
 #pragma once
 
 #include "model/arrays.h"
@@ -17,9 +17,9 @@ String* join(Array* parts, String* delimiter);
 String* character(HostInteger code); // Unicode; raises for what is no character
 HostInteger codeOf(String* text);    // of the first character; -1 of none
 
-// The number as the pattern says: 0 a digit, # a digit unless it is a leading or trailing 0, the first . the decimal point, a
-// comma before it groups by thousands, % shows hundredths. What stands before and behind is taken as it is; \ takes the next
-// character as it is.
+// The number as the pattern says: 0 a digit, # a digit unless it is a leading or trailing 0, the first . the decimal point,
+// a comma before it groups by thousands, % shows hundredths. What stands before and behind is taken as it is; \ takes the
+// next character as it is.
 String* format(double value, String* pattern);
 
 } // namespace host::language::text

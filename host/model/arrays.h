@@ -12,8 +12,8 @@ namespace host {
 
 using Array = ::_REALarrayDouble;
 
-// A new array with indexes 0 to upperBound, elements zero, Nil or empty; one reference for the caller. This and everything that
-// makes an array longer throws std::bad_alloc or std::length_error when memory is exhausted.
+// A new array with indexes 0 to upperBound, elements zero, Nil or empty; one reference for the caller. This and everything
+// that makes an array longer throws std::bad_alloc or std::length_error when memory is exhausted.
 Array* newArray(const Type& elementType, std::int32_t upperBound = -1);
 
 bool isArray(const Object* object); // false for null

@@ -1,5 +1,5 @@
-// The classes that the host brings along. They are class records like those of a plugin, their functions have the same shapes, and
-// they go through the same registration.
+// The classes that the host brings along. They are class records like those of a plugin, their functions have the same
+// shapes, and they go through the same registration.
 #pragma once
 
 #include "model/classes.h"

@@ -7,8 +7,8 @@ namespace host {
 
 namespace {
 
-// A shape is the number of arguments, a mask of those that are doubles, and whether the result is one. Everything else travels
-// as a word, whose low bytes are the narrower value: as an argument, as a result, and in the slot.
+// A shape is the number of arguments, a mask of those that are doubles, and whether the result is one. Everything else
+// travels as a word, whose low bytes are the narrower value: as an argument, as a result, and in the slot.
 template <bool isReal>
 struct Place;
 template <>

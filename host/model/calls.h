@@ -1,5 +1,5 @@
-// Calls of bound functions. The shape of a signature - a word or a double in each place, and the kind of the result - is turned
-// into an invoker once; a call then costs one indirect call more than the function itself.
+// Calls of bound functions. The shape of a signature - a word or a double in each place, and the kind of the result - is
+// turned into an invoker once; a call then costs one indirect call more than the function itself.
 #pragma once
 
 #include "model/declarations.h"
@@ -21,8 +21,9 @@ public:
 
     explicit operator bool() const { return shape_ != nullptr; }
 
-    // Calls the function with the arguments in order and writes its result. Arguments are borrowed; a counted result belongs to
-    // the caller; without a result the slot is cleared. The function may record a pending exception (exceptions.h): check after.
+    // Calls the function with the arguments in order and writes its result. Arguments are borrowed; a counted result belongs
+    // to the caller; without a result the slot is cleared. The function may record a pending exception (exceptions.h): check
+    // after.
     void operator()(REALfunction function, const Slot* arguments, Slot* result) const {
         shape_(function, arguments, result);
         if (resultMask_ != -1) result->integer &= resultMask_;

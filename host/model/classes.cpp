@@ -121,7 +121,7 @@ bool isConstructor(std::string_view name) { return equalIgnoringCase(name, "Cons
 
 } // namespace
 
-// ---- Properties ---------------------------------------------------------------------------------------------------------------
+// ---- Properties
 
 Slot readProperty(const Property& property, Object* object) {
     Slot result;
@@ -144,7 +144,7 @@ void writeProperty(const Property& property, Object* object, Slot value) {
     }
 }
 
-// ---- Classes ------------------------------------------------------------------------------------------------------------------
+// ---- Classes
 
 ClassInfo::ClassInfo(REALclassDefinition& record, ClassInfo* super, bool builtIn, std::vector<std::string>& problems)
     : name_(record.name), super_(super), record_(&record), builtIn_(builtIn) {
@@ -225,7 +225,7 @@ const Constant* ClassInfo::findConstant(std::string_view name) const {
     return nullptr;
 }
 
-// ---- The registry -------------------------------------------------------------------------------------------------------------
+// ---- The registry
 
 ClassInfo* Registry::add(REALclassDefinition& record, bool builtIn) {
     const std::string name = record.name ? record.name : "";

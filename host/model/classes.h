@@ -37,8 +37,8 @@ struct Property {
     Invoker invokeSetter;
 };
 
-// Reads or writes a property of an object (not null) whose class has it. A counted value that is read belongs to the caller; one
-// that is written is borrowed. May record a pending exception. The property must have a getter, or a setter.
+// Reads or writes a property of an object (not null) whose class has it. A counted value that is read belongs to the caller;
+// one that is written is borrowed. May record a pending exception. The property must have a getter, or a setter.
 Slot readProperty(const Property& property, Object* object);
 void writeProperty(const Property& property, Object* object, Slot value);
 
@@ -100,9 +100,10 @@ private:
 
 class Registry {
 public:
-    // Keeps the record, which stays readable and writable for the life of the process, and writes its instanceDataOffset: 24, or
-    // behind the instance data of the superclasses. What is wrong with a record is added to `problems`, one line each; a record
-    // that cannot be used at all (no name, a name taken, an unknown superclass, an unknown version) gives null.
+    // Keeps the record, which stays readable and writable for the life of the process, and writes its instanceDataOffset:
+    // 24, or behind the instance data of the superclasses. What is wrong with a record is added to `problems`, one line
+    // each; a record that cannot be used at all (no name, a name taken, an unknown superclass, an unknown version) gives
+    // null.
     ClassInfo* add(REALclassDefinition& record, bool builtIn = false);
 
     ClassInfo* find(std::string_view name) const; // null: no such class

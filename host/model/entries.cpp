@@ -37,7 +37,7 @@ auto orNull(Body body) noexcept -> decltype(body()) {
     }
 }
 
-// ---- Version and classes ----------------------------------------------------------------------------------------------------
+// ---- Version and classes
 
 double getVersion() { return process().version; }
 
@@ -53,7 +53,7 @@ void registerClass(REALclassDefinition* record) {
     registry().add(*record);
 }
 
-// ---- Objects ----------------------------------------------------------------------------------------------------------------
+// ---- Objects
 
 Object* newInstance(const char* className) {
     return orNull([&]() -> Object* {
@@ -91,7 +91,7 @@ HostBoolean getPropertyString(Object* object, const char* name, String** value) 
     return 1;
 }
 
-// ---- Strings ----------------------------------------------------------------------------------------------------------------
+// ---- Strings
 
 String* buildStringWithEncoding(const void* bytes, std::int32_t length, std::uint32_t encoding) {
     if (!bytes || length <= 0) return nullptr;
@@ -116,7 +116,7 @@ const void* getStringCFString(String* string, std::int32_t) {
     return string ? platform::newCFString(bytesOf(string), encodingOf(string)) : nullptr;
 }
 
-// ---- Arrays -----------------------------------------------------------------------------------------------------------------
+// ---- Arrays
 
 void* createArray(std::int32_t elementType, std::int32_t upperBound) {
     return orNull([&]() -> void* {
@@ -186,7 +186,7 @@ void* directInsertFor(void* array) {
     return holdsObjects(array) ? bound(insertObject) : nullptr;
 }
 
-// ---- Memory blocks ----------------------------------------------------------------------------------------------------------
+// ---- Memory blocks
 
 MemoryBlock* createMemoryBlock(std::int32_t size) {
     return orNull([&] { return newMemoryBlock(size); });
@@ -194,7 +194,7 @@ MemoryBlock* createMemoryBlock(std::int32_t size) {
 void* memoryBlockBytes(MemoryBlock* block) { return block ? bytesOf(block) : nullptr; }
 std::int32_t memoryBlockSize(MemoryBlock* block) { return block ? sizeOf(block) : 0; }
 
-// ---- The table --------------------------------------------------------------------------------------------------------------
+// ---- The table
 
 struct Entry {
     const char* name;

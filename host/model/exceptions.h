@@ -20,8 +20,8 @@ inline bool hasPendingException() { return detail::pendingException != nullptr; 
 // Records the exception with a reference of its own. While one is pending a further one is dropped: the first is the cause.
 void raise(Object* exception);
 
-// Records a new exception of the built-in or plugin class. The class must descend from RuntimeException; otherwise, and when no
-// such class exists, it is a RuntimeException.
+// Records a new exception of the built-in or plugin class. The class must descend from RuntimeException; otherwise, and when
+// no such class exists, it is a RuntimeException.
 void raise(std::string_view className, std::string_view message, HostInteger errorNumber = 0);
 
 // The pending exception, which the caller now owns and which is pending no longer; null when there is none.

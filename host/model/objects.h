@@ -22,8 +22,8 @@ static_assert(sizeof(REALobjectStruct) == REALinstanceDataOffset);
 
 namespace host {
 
-// A new object of the class with one reference for the caller: instance data zeroed, class constructors run, the superclass's
-// first. Null when memory is exhausted.
+// A new object of the class with one reference for the caller: instance data zeroed, class constructors run, the
+// superclass's first. Null when memory is exhausted.
 Object* newObject(ClassInfo& info);
 
 // Runs the class destructors, the superclass's last, and frees the object. Only unlock calls this.

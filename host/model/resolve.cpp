@@ -6,8 +6,8 @@ namespace host {
 
 namespace {
 
-// What a way of giving an argument costs, the lower the better; compared place by place. The nearer of two superclasses is the
-// better one, and "Object" the farthest.
+// What a way of giving an argument costs, the lower the better; compared place by place. The nearer of two superclasses is
+// the better one, and "Object" the farthest.
 enum Cost { exact = 0, upcast = 1, toAnyObject = 100, nilLiteral, widened, toVariant, fromVariant };
 
 int upcastCost(const std::string& from, const std::string& to) {

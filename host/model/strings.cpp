@@ -8,8 +8,8 @@
 #include <limits>
 #include <new>
 
-// The contract's two fields lie across the natural alignment, so they are bytes here. The buffer follows the record: a length
-// prefix (at most 255), the text, and a terminating NUL that belongs to no one's length.
+// The contract's two fields lie across the natural alignment, so they are bytes here. The buffer follows the record: a
+// length prefix (at most 255), the text, and a terminating NUL that belongs to no one's length.
 struct REALstringStruct {
     std::int32_t references;
     unsigned char fields[12];

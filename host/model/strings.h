@@ -1,5 +1,5 @@
-// Host strings: immutable bytes with a recorded encoding and an exact reference count. A null string is the empty string, and
-// no string of length 0 is ever made.
+// Host strings: immutable bytes with a recorded encoding and an exact reference count. A null string is the empty string,
+// and no string of length 0 is ever made.
 #pragma once
 
 #include "model/values.h"

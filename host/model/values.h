@@ -1,5 +1,5 @@
-// One value of the host language, untyped: what a variable, an array element, an argument or a result holds. Its type is known
-// statically to whoever handles it.
+// One value of the host language, untyped: what a variable, an array element, an argument or a result holds. Its type is
+// known statically to whoever handles it.
 #pragma once
 
 #include "model/types.h" // first: its enumerators must not meet the aliases below
@@ -11,8 +11,8 @@ namespace host {
 using Object = ::REALobjectStruct;
 using String = ::REALstringStruct;
 
-// Always eight bytes with the double in front, so that consecutive slots are consecutive doubles. The factories clear the bytes
-// that a narrow value leaves unused; a slot that is passed to a bound function must come from one of them.
+// Always eight bytes with the double in front, so that consecutive slots are consecutive doubles. The factories clear the
+// bytes that a narrow value leaves unused; a slot that is passed to a bound function must come from one of them.
 union Slot {
     double real;
     HostInteger integer;

@@ -13,8 +13,8 @@ namespace host {
 
 namespace {
 
-// The box of each kind, with the value beside the instance data. The instance data is one zeroed word, so that a plugin which
-// takes any variant for an object of its family finds that it holds nothing.
+// The box of each kind, with the value beside the instance data. The instance data is one zeroed word, so that a plugin
+// which takes any variant for an object of its family finds that it holds nothing.
 struct Box {
     Kind kind;
     ClassInfo info;

@@ -1,5 +1,5 @@
-// Variants: a host value of any type as one object reference. Objects and arrays stand for themselves; other values are boxed in
-// an object of a class that has no name in the language.
+// Variants: a host value of any type as one object reference. Objects and arrays stand for themselves; other values are
+// boxed in an object of a class that has no name in the language.
 #pragma once
 
 #include "model/objects.h"
@@ -12,8 +12,8 @@ Object* newVariant(const Type& type, Slot value);
 // What a variant holds at this moment: a plain type, "Object" of the object's class, an array type, or Nil.
 Type typeInVariant(const Object* variant);
 
-// Reads a variant as `type`, borrowed. It converts as an argument would (resolve.h), and Nil reads as the zero of every type. Otherwise raises
-// TypeMismatchException (IllegalCastException between classes) and answers false.
+// Reads a variant as `type`, borrowed. It converts as an argument would (resolve.h), and Nil reads as the zero of every
+// type. Otherwise raises TypeMismatchException (IllegalCastException between classes) and answers false.
 bool readVariant(Object* variant, const Type& type, Slot& value);
 
 } // namespace host

@@ -17,8 +17,8 @@
 namespace host::repl {
 namespace {
 
-// A property, or a method without arguments, of the given kind. With a counted value the caller owns it. None when there is no such
-// member, or when it raises.
+// A property, or a method without arguments, of the given kind. With a counted value the caller owns it. None when there is
+// no such member, or when it raises.
 std::optional<Slot> read(Object* object, std::string_view name, Kind kind) {
     const Type type = {kind, false, {}};
     Slot value;

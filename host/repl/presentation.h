@@ -7,7 +7,8 @@
 
 namespace host::repl {
 
-// Objects with a description show it. A colour, and an object with a colorValue, has a swatch in front where swatches are wanted.
+// Objects with a description show it. A colour, and an object with a colorValue, has a swatch in front where swatches are
+// wanted.
 class ValuePresenter final : public language::Presenter {
 public:
     ValuePresenter(std::ostream& output, bool swatches) : output_(output), swatches_(swatches) {}

@@ -50,8 +50,8 @@ Picture gridPage(const std::string& title, const std::string& subtitle, const st
     return picture;
 }
 
-// Of a shared method that takes nothing and answers a colour. The texture of a scrubber is no plain colour, nor is what happens to
-// be on the pasteboard one of the system's.
+// Of a shared method that takes nothing and answers a colour. The texture of a scrubber is no plain colour, nor is what
+// happens to be on the pasteboard one of the system's.
 bool namesSystemColor(const std::string& name) {
     return name != "scrubberTexturedBackgroundColor" && name != "colorFromPasteboard";
 }

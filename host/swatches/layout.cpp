@@ -4,8 +4,8 @@ namespace host::swatches {
 
 namespace {
 
-// In ems. Fonts differ and the writers do not measure: these are on the wide side for letters of the Latin alphabet, and others
-// count as full squares.
+// In ems. Fonts differ and the writers do not measure: these are on the wide side for letters of the Latin alphabet, and
+// others count as full squares.
 double widthOf(std::string_view character) { return character.size() == 1 ? 0.62 : character.size() == 2 ? 0.7 : 1.05; }
 
 std::string_view firstCharacter(std::string_view text) {

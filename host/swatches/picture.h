@@ -1,5 +1,5 @@
-// A drawing of a few kinds of shapes, made once and written in several forms. Lengths are pixels, y points down, and what comes
-// later covers what comes before.
+// A drawing of a few kinds of shapes, made once and written in several forms. Lengths are pixels, y points down, and what
+// comes later covers what comes before.
 #pragma once
 
 #include "swatches/program.h"
@@ -55,8 +55,8 @@ constexpr double checkerSize = 6.0;
 constexpr ScreenColor checkerLight = {1.0, 1.0, 1.0, 1.0};
 constexpr ScreenColor checkerDark = {0.85, 0.85, 0.86, 1.0};
 
-// Writes the picture to the file, as its name ends: .svg or .png. Throws std::runtime_error when the file cannot be written and
-// std::invalid_argument when this build does not write that form.
+// Writes the picture to the file, as its name ends: .svg or .png. Throws std::runtime_error when the file cannot be written
+// and std::invalid_argument when this build does not write that form.
 void writePicture(const Picture& picture, const std::string& file);
 
 // The forms.

@@ -2,8 +2,8 @@
  * The contract between a host and a plugin of this family: what crosses the boundary, in which shape, and who owns it.
  * Plain C, so that a host in any language can read it. Nothing here is shared code; both sides compile it on their own.
  *
- * Loading. The host opens the library, looks up `REALPluginMain` and calls it once with its resolver. The plugin registers its
- * class records during that call; afterwards it runs only when the host calls a function named in a record.
+ * Loading. The host opens the library, looks up `REALPluginMain` and calls it once with its resolver. The plugin registers
+ * its class records during that call; afterwards it runs only when the host calls a function named in a record.
  *
  * Threads. Every call, in both directions, is made on the host's one calling thread.
  *
@@ -14,8 +14,9 @@
  * receiver owns: it gives it up with REALUnlockObject or REALUnlockString, or hands it out as its own result. Arguments are
  * borrowed for the length of the call.
  *
- * Exceptions. RuntimeRaiseException records the exception and returns. The plugin function goes on to return its null result,
- * and the host raises the recorded exception in host code then. Nothing is ever thrown across the boundary by either side.
+ * Exceptions. RuntimeRaiseException records the exception and returns. The plugin function goes on to return its null
+ * result, and the host raises the recorded exception in host code then. Nothing is ever thrown across the boundary by either
+ * side.
  */
 #ifndef CHROMABRIDGE_HOST_ABI_H
 #define CHROMABRIDGE_HOST_ABI_H
@@ -26,7 +27,7 @@
 extern "C" {
 #endif
 
-/* ---- Values -------------------------------------------------------------------------------------------------------------- */
+/* ---- Values */
 
 /* Host values are opaque. A null object is Nil, a null string the empty string. */
 typedef struct REALobjectStruct REALobjectStruct;
@@ -56,14 +57,15 @@ enum {
     /* A memory block, on hosts older than 2017.0: its size in bytes (signed, 32 bits) and a pointer to its bytes. */
     REALmemoryBlockSizeOffset = 24,
     REALmemoryBlockBytesOffset = 28,
-    /* A double array, on hosts older than 2017.0: a pointer to its elements, or null when they must be asked for one by one. */
+    /* A double array, on hosts older than 2017.0: a pointer to its elements, or null when they must be asked for one by one.
+     */
     REALarrayElementsOffset = 28
 };
 
-/* ---- Class records, current layout (control versions 10 to 13) ------------------------------------------------------------ */
+/* ---- Class records, current layout (control versions 10 to 13) */
 
-/* A number or flag set in a record takes one slot, as wide as a pointer: 32 bits in the 32-bit reference layout. A null array
- * goes with a count of 0. Every record and all it points at stay readable for the life of the process. */
+/* A number or flag set in a record takes one slot, as wide as a pointer: 32 bits in the 32-bit reference layout. A null
+ * array goes with a count of 0. Every record and all it points at stay readable for the life of the process. */
 typedef intptr_t REALword;
 
 /* A function in a record; its real type follows from the declared signature:
@@ -145,9 +147,10 @@ typedef struct REALclassDefinition {
     REALword enumerationCount;
 } REALclassDefinition;
 
-/* ---- Class records, legacy layout (control version 9) ---------------------------------------------------------------------- */
+/* ---- Class records, legacy layout (control version 9) */
 
-/* Each legacy record holds the leading words of its current form. A host tells the two apart by word 0 of the class record. */
+/* Each legacy record holds the leading words of its current form. A host tells the two apart by word 0 of the class record.
+ */
 typedef struct REALpropertyLegacy {
     const char* group;
     const char* name;
@@ -205,10 +208,10 @@ typedef struct REALclassDefinitionLegacy {
     REALword sharedMethodCount;
 } REALclassDefinitionLegacy;
 
-/* ---- Entry points ---------------------------------------------------------------------------------------------------------- */
+/* ---- Entry points */
 
-/* The host's resolver: the address of the named entry, or null when this host has none of that name. A missing entry is never
- * an error: the plugin leaves the operation out. Names are spelled exactly as below. */
+/* The host's resolver: the address of the named entry, or null when this host has none of that name. A missing entry is
+ * never an error: the plugin leaves the operation out. Names are spelled exactly as below. */
 typedef void* (*REALresolver)(const char* entryName);
 
 /* The plugin's one export. A null resolver is allowed: nothing is registered. */

@@ -1,4 +1,5 @@
-// CoreFoundation strings are NSStrings. Text is converted by the same strict rules as on the builtin platform, not by NSString's own.
+// CoreFoundation strings are NSStrings. Text is converted by the same strict rules as on the builtin platform, not by
+// NSString's own.
 #include "corefoundation/text_encoding.h"
 #include "platform/corefoundation.h"
 #include "platform/selectors.h"
@@ -22,8 +23,8 @@ id newString(const UniChar* units, NSUInteger count) {
     return send<id>(send<id>(NSString, sel::alloc), initWithCharacters_length_, units, count);
 }
 
-// Calls use(text) with the units of a string, short ones on the stack. Native exceptions unwind here, so text may live across
-// messages.
+// Calls use(text) with the units of a string, short ones on the stack. Native exceptions unwind here, so text may live
+// across messages.
 template <class Use>
 auto withText(CFStringRef string, Use use) {
     const auto length = static_cast<std::size_t>(CFStringGetLength(string));

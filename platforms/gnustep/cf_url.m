@@ -1,4 +1,5 @@
-// CoreFoundation's URLs are NSURLs. What NSURL makes on the way goes with a pool of its own, so that only the answer is left.
+// CoreFoundation's URLs are NSURLs. What NSURL makes on the way goes with a pool of its own, so that only the answer is
+// left.
 #import <Foundation/NSAutoreleasePool.h>
 #import <Foundation/NSString.h>
 #import <Foundation/NSURL.h>

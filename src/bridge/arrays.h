@@ -8,8 +8,8 @@
 
 namespace chroma {
 
-// Stores an element, growing the array; does nothing for a null array and where the host serves no such array. An object array keeps its own
-// reference to the element.
+// Stores an element, growing the array; does nothing for a null array and where the host serves no such array. An object
+// array keeps its own reference to the element.
 void REALInsertArrayValueDouble(REALarrayDouble* array, std::int32_t index, double value);
 void REALInsertArrayValueObject(void* array, std::int32_t index, REALobjectStruct* value);
 

@@ -16,7 +16,8 @@
 namespace chroma {
 namespace {
 
-// Raises the class with a formatted message; with `fallback` when there is no memory for it. `size` bounds the formatted text.
+// Raises the class with a formatted message; with `fallback` when there is no memory for it. `size` bounds the formatted
+// text.
 template <class... Arguments>
 void raiseFormatted(const char* className, const char* fallback, std::size_t size, const char* format,
                     Arguments... arguments) {

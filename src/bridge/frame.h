@@ -1,5 +1,5 @@
-// The two body shapes of bound functions. Each runs its body under a native-exception guard; no native exception leaves a bound
-// function, except an object that is not an NSException, which is thrown on to the next enclosing guard.
+// The two body shapes of bound functions. Each runs its body under a native-exception guard; no native exception leaves a
+// bound function, except an object that is not an NSException, which is thrown on to the next enclosing guard.
 //
 // The body must keep to the rule of guard.h: nothing with a destructor lives in it across a native message. Results are kept
 // outside the body, set to the null value first and assigned last.
@@ -34,8 +34,8 @@ bool quiet(Body&& body) {
     return !thrown;
 }
 
-// The body that asks for one answer and converts nothing, and the answer: 0 unless the body ran to its end. In one object, since
-// such getters are called for every colour of a picture.
+// The body that asks for one answer and converts nothing, and the answer: 0 unless the body ran to its end. In one object,
+// since such getters are called for every colour of a picture.
 template <class Answer>
 struct Question {
     id receiver;
@@ -50,8 +50,8 @@ inline void constructed() {
     if (!CocoaInited) guarded([] { initCocoa(); });
 }
 
-// Whether an initialiser may fill the object: not a null one, and not one that holds a native object already, which raises an
-// "UnsupportedOperationException".
+// Whether an initialiser may fill the object: not a null one, and not one that holds a native object already, which raises
+// an "UnsupportedOperationException".
 bool mayInitialise(const REALobjectStruct* object);
 
 } // namespace chroma

@@ -8,8 +8,8 @@
 
 namespace chroma {
 
-// Calls use(memory) with room for `count` elements of a plain type: on the stack up to `shortCount`, beyond that on the heap.
-// Null when the heap is exhausted.
+// Calls use(memory) with room for `count` elements of a plain type: on the stack up to `shortCount`, beyond that on the
+// heap. Null when the heap is exhausted.
 template <class T, std::size_t shortCount, class Use>
 void withScratch(std::size_t count, Use use) {
     if (count <= shortCount) {

@@ -12,7 +12,8 @@ namespace chroma {
 // What a host reports for a string of unknown encoding; such text is read as Mac Roman.
 constexpr CFStringEncoding kUnknownEncoding = 0xFFFF;
 
-// A new platform string, which the caller releases. Null for the null host string and when the text is invalid in its encoding.
+// A new platform string, which the caller releases. Null for the null host string and when the text is invalid in its
+// encoding.
 CFStringRef RBString2CFString(REALstringStruct* string);
 
 // The same, handed to the autorelease pool; nil for null.
@@ -21,8 +22,8 @@ id autoreleasedString(REALstringStruct* string);
 // A new UTF-8 host string, which the caller owns. Null, the empty string, for nil, for empty text and on any failure.
 REALstringStruct* NSStringRB(id string);
 
-// A new host string from `length` bytes in `encoding`, owned by the caller; text in UTF-16 or UTF-32 ends up as UTF-8. Null for
-// null bytes, a length outside 1 to 2147483647, and when the host makes none. A C++ exception becomes a host exception.
+// A new host string from `length` bytes in `encoding`, owned by the caller; text in UTF-16 or UTF-32 ends up as UTF-8. Null
+// for null bytes, a length outside 1 to 2147483647, and when the host makes none. A C++ exception becomes a host exception.
 REALstringStruct* REALBuildUnicodeString(const void* bytes, std::int64_t length, CFStringEncoding encoding);
 
 // The same for UTF-16 in the machine's byte order; `length` is in bytes.

@@ -53,7 +53,8 @@ void CFDictionaryRemoveValue(CFMutableDictionaryRef dictionary, const void* key)
 void CFDictionaryApplyFunction(CFMutableDictionaryRef dictionary,
                                void (*function)(const void* key, const void* value, void*), void* context);
 
-// New URLs, which the caller releases; null when the text is no path or no URL. A relative path starts at the working folder.
+// New URLs, which the caller releases; null when the text is no path or no URL. A relative path starts at the working
+// folder.
 CFURLRef CFURLCreateWithFileSystemPath(CFAllocatorRef, CFStringRef path, CFURLPathStyle, Boolean isDirectory);
 CFURLRef CFURLCreateWithString(CFAllocatorRef, CFStringRef text, CFURLRef base);
 

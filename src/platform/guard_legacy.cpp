@@ -4,7 +4,8 @@
 
 namespace chroma {
 
-// What a throw jumps to is marked by the function that its runtime goes with. It is called in the function that stays active.
+// What a throw jumps to is marked by the function that its runtime goes with. It is called in the function that stays
+// active.
 #if defined(__APPLE__)
 // The system's own on i386, whichever C headers this is compiled with.
 static_assert(sizeof(void*) == 4);

@@ -85,8 +85,8 @@ private:
     SEL selector_ = nullptr;
 };
 
-// A class, looked up when it is first needed. A class that the platform lacks is nil, so that messages to it answer nil; it is
-// asked for again at the next use.
+// A class, looked up when it is first needed. A class that the platform lacks is nil, so that messages to it answer nil; it
+// is asked for again at the next use.
 class ClassName {
 public:
     constexpr explicit ClassName(const char* name) : name_(name) {}
@@ -101,9 +101,9 @@ private:
     id class_ = nullptr;
 };
 
-// Sends `selector` to `receiver`: the only way in which a message leaves the plugin. A nil receiver answers R{}. The argument
-// types must be exactly those of the platform's method; nothing is converted on the way. May throw a native exception, which
-// may be a jump past this frame's callers: see guard.h.
+// Sends `selector` to `receiver`: the only way in which a message leaves the plugin. A nil receiver answers R{}. The
+// argument types must be exactly those of the platform's method; nothing is converted on the way. May throw a native
+// exception, which may be a jump past this frame's callers: see guard.h.
 template <class R, class... Args>
 R send(id receiver, Selector& selector, Args... arguments) {
     if (!receiver) return R();

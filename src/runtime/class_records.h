@@ -1,7 +1,7 @@
 // Rows of the static class tables, and the registration of a class record with the host.
 //
-// The tables are constant-initialised in the current layout. Registration changes a record for good: it rounds the instance data
-// size, stamps the control version, and for control version 9 rewrites the record and its arrays in the legacy layout.
+// The tables are constant-initialised in the current layout. Registration changes a record for good: it rounds the instance
+// data size, stamps the control version, and for control version 9 rewrites the record and its arrays in the legacy layout.
 #pragma once
 
 #include "chromabridge/host_abi.h"

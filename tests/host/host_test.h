@@ -1,5 +1,5 @@
-// What these tests share: a started host, calls through its resolver as a plugin makes them, and references that end with their
-// scope.
+// What these tests share: a started host, calls through its resolver as a plugin makes them, and references that end with
+// their scope.
 #pragma once
 
 #include "model/classes.h"

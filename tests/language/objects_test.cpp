@@ -1,5 +1,5 @@
-// Objects of plugin classes: calls of every shape, and the moment at which each object goes. The class Probe keeps a list of the
-// objects that went, each as "-" and its number.
+// Objects of plugin classes: calls of every shape, and the moment at which each object goes. The class Probe keeps a list of
+// the objects that went, each as "-" and its number.
 #include "programs.h"
 
 namespace {

@@ -76,7 +76,7 @@ host::Object* make(HostInteger number) {
 // With a reference for the caller.
 host::Object* locked(host::Object* object) { return host::lock(object), object; }
 
-// ---- What is bound --------------------------------------------------------------------------------------------------------------
+// ---- What is bound
 
 void constructNumber(host::Object* object, HostInteger number) { dataOf(object).number = number; }
 void constructColor(host::Object* object, HostColor color) { dataOf(object).number = color & 0xFFFFFF; }
@@ -151,7 +151,7 @@ host::Object* row(HostInteger count) {
     return array;
 }
 
-// ---- The tables -----------------------------------------------------------------------------------------------------------------
+// ---- The tables
 
 REALproperty properties[] = {
     {nullptr, "Number", "Integer", 0, REALstandardAccessor, REALstandardAccessor, offsetof(Probe, number), {}},

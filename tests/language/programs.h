@@ -15,8 +15,8 @@ struct Outcome {
     std::string errors;
 };
 
-// Runs the program under the name "test.bas", with no events of Probe before. Whatever it does, no object and no string is left
-// behind.
+// Runs the program under the name "test.bas", with no events of Probe before. Whatever it does, no object and no string is
+// left behind.
 Outcome runProgram(const std::string& text);
 
 std::string repeated(const std::string& text, std::size_t times);
@@ -25,8 +25,9 @@ std::string repeated(const std::string& text, std::size_t times);
 // prints in its turns, with " | " between them. They are in the order of the output.
 void expectPrinted(const std::string& program);
 
-// Programs that end with reports and print nothing: "@" marks each place that is reported, and the messages follow in the order
-// of the places. A message that begins with "uncaught" is of an exception, any other of an error that is found before a start.
+// Programs that end with reports and print nothing: "@" marks each place that is reported, and the messages follow in the
+// order of the places. A message that begins with "uncaught" is of an exception, any other of an error that is found before
+// a start.
 struct Wrong {
     std::string program;
     std::vector<const char*> messages;

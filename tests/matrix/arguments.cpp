@@ -57,7 +57,8 @@ host::Object* newObject(const std::string& className, id native) {
     return object;
 }
 
-// Lists are changed by calls, so each gets a new one. A platform may keep a list that was written, but no counted object in it.
+// Lists are changed by calls, so each gets a new one. A platform may keep a list that was written, but no counted object in
+// it.
 Slot newList() {
     const id name = text("list"), key = text("key"), color = ask(cls::NSColor.get(), "grayColor");
     const id list = make(cls::NSColorList, "initWithName:", name);

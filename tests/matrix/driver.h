@@ -1,4 +1,5 @@
-// The driver of the fault matrix and the soak: all bound functions, all that they may be called with, all that may fail meanwhile.
+// The driver of the fault matrix and the soak: all bound functions, all that they may be called with, all that may fail
+// meanwhile.
 #pragma once
 
 #include "model/classes.h"

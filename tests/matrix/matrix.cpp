@@ -1,5 +1,5 @@
-// Every bound function, with every fault that can strike it, on hosts of every kind. What the plugin found out about its host lasts
-// as long as the process, so each host is played in a process of its own.
+// Every bound function, with every fault that can strike it, on hosts of every kind. What the plugin found out about its
+// host lasts as long as the process, so each host is played in a process of its own.
 #include "driver.h"
 
 #include "model/entries.h"
@@ -42,8 +42,8 @@ struct Configuration {
     Plan first = {}; // a fault in the first call of all; None: all faults in all calls
 };
 
-// With each fault at the first event, the second, and so on until there is none. A missing entry is a fault in itself; messages raise
-// all the same.
+// With each fault at the first event, the second, and so on until there is none. A missing entry is a fault in itself;
+// messages raise all the same.
 void play(const Configuration& host) {
     const Fault last = host.missing.empty() ? Fault::HostThrows : Fault::Raise;
     const std::vector<Function> functions = start(host.version, host.missing, host.hasSibling);

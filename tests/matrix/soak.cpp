@@ -1,5 +1,5 @@
-// soak CALLS: mixed calls in one process, one in four with a fault. Each must leave nothing behind, and memory stay where it was
-// after the first tenth.
+// soak CALLS: mixed calls in one process, one in four with a fault. Each must leave nothing behind, and memory stay where it
+// was after the first tenth.
 #include "driver.h"
 
 #include <cstdio>

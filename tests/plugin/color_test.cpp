@@ -323,8 +323,8 @@ TEST_F(Color, FromACGColorIsEqual) {
     EXPECT_EQ(colorWithCGColor(0), nullptr);
 }
 
-// Starts what serves the pasteboards where they need a server, in a folder of its own, so that a user's is left alone. It ends
-// with this process.
+// Starts what serves the pasteboards where they need a server, in a folder of its own, so that a user's is left alone. It
+// ends with this process.
 bool servesPasteboards(const std::string& folder) {
     std::filesystem::create_directory(folder);
     setenv("TMPDIR", folder.c_str(), 1);

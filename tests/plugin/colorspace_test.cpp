@@ -55,7 +55,8 @@ TEST_F(Spaces, NamedSpacesTellWhatTheyAre) {
             expectPlatformException({"CGColorSpace", "recognize"});
         } else {
             EXPECT_EQ(handle, asHandle(native::tell<const void*>(direct, "CGColorSpace")));
-            EXPECT_EQ(foreign::take(colorspace::colorSpaceName(space, 0)), native::textOf(native::tell(direct, "colorSpaceName")));
+            EXPECT_EQ(foreign::take(colorspace::colorSpaceName(space, 0)),
+                      native::textOf(native::tell(direct, "colorSpaceName")));
         }
     }
     if (platform::lacks("+[NSColorSpace sRGBColorSpace]")) return;

@@ -1,5 +1,5 @@
-// The class browser over the real plugins: everything declared is explained, everything explained is declared, and the page in
-// docs/ is what the browser writes today.
+// The class browser over the real plugins: everything declared is explained, everything explained is declared, and the page
+// in docs/ is what the browser writes today.
 #include "documentation/browser.h"
 #include "documentation/pages.h"
 #include "documentation/texts.h"

@@ -1,5 +1,5 @@
-// The class methods that make colours from numbers, spaces and handles. Calibrated and profiled spaces take components as they
-// are, also outside 0..1; device spaces clip them.
+// The class methods that make colours from numbers, spaces and handles. Calibrated and profiled spaces take components as
+// they are, also outside 0..1; device spaces clip them.
 #include "appkit/color.h"
 #include "appkit/core_graphics.h"
 #include "appkit/hsb.h"

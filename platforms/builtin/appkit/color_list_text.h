@@ -13,8 +13,8 @@ void writeKey(std::u16string_view key, std::string& text);
 void writeFloat(float value, std::string& text); // with a blank before it
 void writeBytes(const std::vector<std::uint8_t>& bytes, std::string& text);
 
-// What is left of a line. Every function takes its word off the front, the blank behind it too, and answers false when there is
-// no such word.
+// What is left of a line. Every function takes its word off the front, the blank behind it too, and answers false when there
+// is no such word.
 class LineReader {
 public:
     explicit LineReader(std::string_view line) : rest_(line) {}

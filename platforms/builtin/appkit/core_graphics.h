@@ -1,5 +1,5 @@
-// The handles under colours and spaces: what CGColor, CGColorSpace and colorSyncProfile hand out. A handle knows all of what it stands for, and
-// lives as long as the object that handed it out unless someone retains it.
+// The handles under colours and spaces: what CGColor, CGColorSpace and colorSyncProfile hand out. A handle knows all of what
+// it stands for, and lives as long as the object that handed it out unless someone retains it.
 #pragma once
 
 #include "appkit/color_contents.h"

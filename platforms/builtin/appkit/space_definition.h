@@ -42,8 +42,8 @@ double clip(double value);
 // Whether colours of the two can be taken for each other as they are: one definition, or the same profile.
 bool isSameSpace(const SpaceDefinition& first, const SpaceDefinition& second);
 
-// Converts the channels, without alpha. What lies outside 0..1 is clipped on the way out of `from`, as is what `to` cannot show.
-// False when one of them is not convertible. Between equal spaces nothing is calculated.
+// Converts the channels, without alpha. What lies outside 0..1 is clipped on the way out of `from`, as is what `to` cannot
+// show. False when one of them is not convertible. Between equal spaces nothing is calculated.
 bool convertChannels(const SpaceDefinition& from, const float* channels, const SpaceDefinition& to, float* converted);
 
 } // namespace chroma::builtin

@@ -23,8 +23,8 @@ constexpr std::size_t standardSpaceCount = 10;
 // Never freed.
 const SpacePointer& standardDefinition(StandardSpace space);
 
-// The space of a profile: the platform's own when it is the profile of one of those, else what the profile describes. Null when
-// it is malformed.
+// The space of a profile: the platform's own when it is the profile of one of those, else what the profile describes. Null
+// when it is malformed.
 SpacePointer definitionOfProfile(const std::vector<std::uint8_t>& profile);
 
 // Of a space object that has not been initialised: no model, no channels.

@@ -14,7 +14,8 @@ double interpolate(const std::vector<double>& samples, double encoded) {
     return samples[index] + fraction * (samples[index + 1] - samples[index]);
 }
 
-// Rising and falling curves are searched alike; of a curve that does neither, some point with the value is as good as another.
+// Rising and falling curves are searched alike; of a curve that does neither, some point with the value is as good as
+// another.
 double invert(const std::vector<double>& samples, double linear) {
     const bool isRising = samples.front() <= samples.back();
     const auto isBefore = [isRising](double sample, double value) { return isRising ? sample < value : sample > value; };

@@ -5,8 +5,9 @@
 
 namespace chroma::builtin {
 
-// y = (a x + b)^gamma + e from x = d on, y = c x + f below: the parametric curve of colour profiles, of which a plain gamma is the
-// simplest. With samples, the curve is the polygon through them, spaced evenly over 0..1, instead. Either may tell lightness in place of light.
+// y = (a x + b)^gamma + e from x = d on, y = c x + f below: the parametric curve of colour profiles, of which a plain gamma
+// is the simplest. With samples, the curve is the polygon through them, spaced evenly over 0..1, instead. Either may tell
+// lightness in place of light.
 struct TransferCurve {
     double gamma = 1;
     double a = 1;

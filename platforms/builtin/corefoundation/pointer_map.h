@@ -1,5 +1,5 @@
-// A map of plain pointers, null included: one array of slots, entered at a multiple of the key and searched from there on. Entering and
-// removing a pair allocates nothing but the growth of the array.
+// A map of plain pointers, null included: one array of slots, entered at a multiple of the key and searched from there on.
+// Entering and removing a pair allocates nothing but the growth of the array.
 #pragma once
 
 #include <cstddef>

@@ -186,8 +186,8 @@ private:
     char* end_;
 };
 
-// Copies leading ASCII, which is the same bytes in every encoding that is written here, in blocks, and answers how much: most text is
-// nothing else.
+// Copies leading ASCII, which is the same bytes in every encoding that is written here, in blocks, and answers how much:
+// most text is nothing else.
 std::size_t copyAsciiBlocks(std::u16string_view text, char* buffer, std::size_t capacity) {
     constexpr std::size_t block = 8;
     const std::size_t limit = std::min(text.size(), capacity);

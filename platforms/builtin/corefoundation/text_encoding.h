@@ -20,12 +20,12 @@ constexpr std::uint32_t utf32 = 0x0C000100;
 
 } // namespace encoding
 
-// Appends the text. False for bytes that are invalid in the encoding and for an unknown encoding. With `honoursMark` a byte order
-// mark decides the order of UTF-16 and UTF-32 and is left out, of UTF-8 too.
+// Appends the text. False for bytes that are invalid in the encoding and for an unknown encoding. With `honoursMark` a byte
+// order mark decides the order of UTF-16 and UTF-32 and is left out, of UTF-8 too.
 bool decodeText(std::string_view bytes, std::uint32_t encoding, bool honoursMark, std::u16string& text);
 
-// Writes the text and a NUL. False when a surrogate is unpaired, a character is not in the encoding, the encoding's units are not
-// bytes, or the capacity does not suffice; the buffer then holds a part of the text.
+// Writes the text and a NUL. False when a surrogate is unpaired, a character is not in the encoding, the encoding's units
+// are not bytes, or the capacity does not suffice; the buffer then holds a part of the text.
 bool encodeText(std::u16string_view text, std::uint32_t encoding, char* buffer, std::size_t capacity);
 
 } // namespace chroma::builtin

@@ -11,8 +11,8 @@ namespace chroma::builtin {
 // Appends the contents of a regular file. False when it cannot be read.
 bool readFile(const char* path, std::vector<std::uint8_t>& contents);
 
-// Puts the contents in the place of a file in one step: whoever opens the path meets the old file or the new one, whole. False
-// when something failed, and then the old file is still there.
+// Puts the contents in the place of a file in one step: whoever opens the path meets the old file or the new one, whole.
+// False when something failed, and then the old file is still there.
 bool replaceFile(const std::string& path, std::string_view contents);
 
 bool isFolder(const std::string& path);

@@ -25,8 +25,8 @@ struct MethodEntry {
 template <auto function>
 struct Method;
 
-// A method is a plain function of the receiver, as any struct that an object of the class is, the selector and the arguments. A
-// class method's receiver is a ClassObject.
+// A method is a plain function of the receiver, as any struct that an object of the class is, the selector and the
+// arguments. A class method's receiver is a ClassObject.
 template <class R, class Self, class... Arguments, R (*function)(Self*, SEL, Arguments...)>
 struct Method<function> {
     static constexpr std::size_t arguments = sizeof...(Arguments);

@@ -97,8 +97,8 @@ void addMethods(ClassObject& cls, const MethodEntries& methods) {
     }
 }
 
-// Every metaclass is an instance of the root's; the root's own superclass is the root class, so that class objects answer what
-// every object answers.
+// Every metaclass is an instance of the root's; the root's own superclass is the root class, so that class objects answer
+// what every object answers.
 ClassObject* makeMetaclass(ClassObject& cls) {
     auto* const meta = new ClassObject;
     ClassObject* const superclass = cls.superclass;

@@ -1,4 +1,5 @@
-// The registered classes and their own methods. All of it is guarded by one lock; only the dispatch tables are read without it.
+// The registered classes and their own methods. All of it is guarded by one lock; only the dispatch tables are read without
+// it.
 #pragma once
 
 #include "runtime/object.h"

@@ -1,5 +1,5 @@
-// What becomes of exhausted memory. Inside the platform it is a C++ exception, so that destructors run; at its edges, which are the
-// methods and the exported functions, it ends.
+// What becomes of exhausted memory. Inside the platform it is a C++ exception, so that destructors run; at its edges, which
+// are the methods and the exported functions, it ends.
 #pragma once
 
 #include <new>
@@ -10,8 +10,8 @@ namespace chroma::builtin {
 // Throws an NSMallocException that was made beforehand. Nothing with a destructor may be alive in the frames between.
 [[noreturn]] void raiseMemoryExhausted();
 
-// The body's answer, or that of `otherwise` when memory was exhausted meanwhile. It runs when the C++ exception is gone, so it may
-// throw a native one.
+// The body's answer, or that of `otherwise` when memory was exhausted meanwhile. It runs when the C++ exception is gone, so
+// it may throw a native one.
 template <class Body, class Otherwise>
 auto orExhausted(Body body, Otherwise otherwise) -> decltype(body()) {
     try {

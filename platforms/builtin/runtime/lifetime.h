@@ -27,8 +27,8 @@ Instance* makeImmortal(Instance* object) {
     return object;
 }
 
-// Counting, as NSObject does it. Inside the platform objects are counted directly, without messages: nothing is thrown on the way
-// into an object. Only the end of an object is a message, dealloc. nil is allowed.
+// Counting, as NSObject does it. Inside the platform objects are counted directly, without messages: nothing is thrown on
+// the way into an object. Only the end of an object is a message, dealloc. nil is allowed.
 template <class Instance>
 Instance* retain(Instance* object) {
     if (object && object->retainCount.load(std::memory_order_relaxed) != immortal) {

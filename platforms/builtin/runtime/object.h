@@ -1,8 +1,8 @@
 // What an object, a class and a selector are in memory.
 //
-// An object is a C++ struct that descends from Object. Its class knows how large it is and how to construct and destroy it, so
-// an object's members may be of any C++ type. All of this is constant-initialised: classes and constant strings exist as soon
-// as the library is mapped, and registration only fills in what needs work.
+// An object is a C++ struct that descends from Object. Its class knows how large it is and how to construct and destroy it,
+// so an object's members may be of any C++ type. All of this is constant-initialised: classes and constant strings exist as
+// soon as the library is mapped, and registration only fills in what needs work.
 #pragma once
 
 #include "builtin/objc_runtime.h"
@@ -49,8 +49,8 @@ struct MethodRecord {
 
 namespace chroma::builtin {
 
-// The functions of one class by selector index, inherited ones included, as far as they have been asked for. The slots lie right
-// behind the table.
+// The functions of one class by selector index, inherited ones included, as far as they have been asked for. The slots lie
+// right behind the table.
 struct DispatchTable {
     std::uint32_t size;
     DispatchTable* outgrown; // the table that this one took the place of; a reader may still be in it

@@ -1,8 +1,8 @@
 // NSColorZRX, the host class around one NSColor: the functions that its record binds.
 //
-// `object` is an NSColorZRX object or null. Null, or an object that holds no colour, gives every function's null result: nil, 0,
-// 0.0, the empty string or an empty array, and 0.0 in by-reference outputs. Unless said otherwise an NSException of the platform
-// becomes a host exception and gives the null result too.
+// `object` is an NSColorZRX object or null. Null, or an object that holds no colour, gives every function's null result:
+// nil, 0, 0.0, the empty string or an empty array, and 0.0 in by-reference outputs. Unless said otherwise an NSException of
+// the platform becomes a host exception and gives the null result too.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -16,8 +16,8 @@ void NSColorConstructor(REALobjectStruct* object);
 void NSColorDestructor(REALobjectStruct* object);
 
 // The constructors with arguments fill an empty object; one that holds a colour keeps it and raises an
-// "UnsupportedOperationException". The fourth byte of `c` is alpha, 255 opaque. Red, green and blue outside -1.0 to 2.0 raise an
-// "OutOfBoundsException"; alpha is not checked.
+// "UnsupportedOperationException". The fourth byte of `c` is alpha, 255 opaque. Red, green and blue outside -1.0 to 2.0
+// raise an "OutOfBoundsException"; alpha is not checked.
 void ConstructorColor(REALobjectStruct* object, HostColor c);
 void ConstructorRGB(REALobjectStruct* object, double red, double green, double blue, double alpha);
 
@@ -49,7 +49,8 @@ HostColor colorValue(REALobjectStruct* object, REALword parameter);
 // The number of components, alpha included.
 HostInteger numberOfComponents(REALobjectStruct* object, REALword parameter);
 
-// Another colour made from this one: a new reference to its host object, or nil. Null and empty arguments are passed on as nil.
+// Another colour made from this one: a new reference to its host object, or nil. Null and empty arguments are passed on as
+// nil.
 REALobjectStruct* blendedColorWithFraction(REALobjectStruct* object, double alpha, REALobjectStruct* c);
 REALobjectStruct* colorWithAlphaComponent(REALobjectStruct* object, double alpha);
 REALobjectStruct* colorUsingColorSpaceName(REALobjectStruct* object, REALstringStruct* colorSpace);
@@ -57,8 +58,8 @@ REALobjectStruct* colorUsingColorSpace(REALobjectStruct* object, REALobjectStruc
 REALobjectStruct* shadowWithLevel(REALobjectStruct* object, double level);
 REALobjectStruct* highlightWithLevel(REALobjectStruct* object, double level);
 
-// A new reference to the NSColorSpaceZRX object of the colour's space, and to the NSImageZRX object of its pattern; nil where the
-// sibling plugin that has the class is absent.
+// A new reference to the NSColorSpaceZRX object of the colour's space, and to the NSImageZRX object of its pattern; nil
+// where the sibling plugin that has the class is absent.
 REALobjectStruct* colorSpace(REALobjectStruct* object);
 REALobjectStruct* patternImage(REALobjectStruct* object);
 

@@ -20,8 +20,8 @@ void put(double* output, double value) {
     if (output) *output = value;
 }
 
-// A message that writes `count` components and alpha, the body that sends it, and what it wrote: in one place, without a loop, since
-// this runs for every colour of a picture.
+// A message that writes `count` components and alpha, the body that sends it, and what it wrote: in one place, without a
+// loop, since this runs for every colour of a picture.
 template <OtherKind otherKind, std::size_t count>
 struct Reading {
     id color;

@@ -1,6 +1,6 @@
-// The shared methods of NSColorZRX. Each answers a new reference to a host object that holds the colour which the platform's class
-// makes, or nil. Components are narrowed to single precision and otherwise unchecked; what the platform refuses it refuses with
-// an exception, which becomes a host exception.
+// The shared methods of NSColorZRX. Each answers a new reference to a host object that holds the colour which the platform's
+// class makes, or nil. Components are narrowed to single precision and otherwise unchecked; what the platform refuses it
+// refuses with an exception, which becomes a host exception.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -23,8 +23,8 @@ REALobjectStruct* colorWithCalibratedWhite(double white, double alpha);
 REALobjectStruct* colorWithColorSpaceHSV(REALobjectStruct* space, double hue, double saturation, double brightness,
                                          double alpha);
 
-// The components of the space and alpha, 2 to 20 in all; another number raises an "OutOfBoundsException", a null or empty space a
-// "NilObjectException".
+// The components of the space and alpha, 2 to 20 in all; another number raises an "OutOfBoundsException", a null or empty
+// space a "NilObjectException".
 REALobjectStruct* colorWithColorSpace(REALobjectStruct* space, REALarrayDouble* components);
 
 // The handle is a CGColor's, borrowed; 0 is passed on as null.

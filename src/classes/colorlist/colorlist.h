@@ -1,8 +1,8 @@
 // NSColorListZRX, the host class around one NSColorList: the functions that its record binds.
 //
-// `object` is an NSColorListZRX object or null; null or an object without a list gives nil, false or the empty string and changes
-// nothing. The null host string and a null or empty colour reach the platform as nil. An NSException becomes a host exception and
-// gives the null result.
+// `object` is an NSColorListZRX object or null; null or an object without a list gives nil, false or the empty string and
+// changes nothing. The null host string and a null or empty colour reach the platform as nil. An NSException becomes a host
+// exception and gives the null result.
 #pragma once
 
 #include "chromabridge/host_abi.h"

@@ -1,7 +1,8 @@
 // NSColorSpaceZRX, the host class around one NSColorSpace: the functions that its record binds.
 //
-// `object` is an NSColorSpaceZRX object or null; null or an empty one gives nil, 0 or the empty string. Objects and arrays that a
-// function answers are new references, which the caller owns. An NSException becomes a host exception and gives the null result.
+// `object` is an NSColorSpaceZRX object or null; null or an empty one gives nil, 0 or the empty string. Objects and arrays
+// that a function answers are new references, which the caller owns. An NSException becomes a host exception and gives the
+// null result.
 #pragma once
 
 #include "chromabridge/host_abi.h"

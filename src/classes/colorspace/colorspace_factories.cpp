@@ -25,8 +25,8 @@ REALobjectStruct* found(Find find) {
     return result;
 }
 
-// The body of every factory that makes its space, and gives up its own reference once the host object has one. `argument` answers
-// what the initialiser takes; null makes no space.
+// The body of every factory that makes its space, and gives up its own reference once the host object has one. `argument`
+// answers what the initialiser takes; null makes no space.
 template <class Argument>
 REALobjectStruct* made(Selector& initialiser, Argument argument) {
     REALobjectStruct* result = nullptr;

@@ -61,8 +61,8 @@ void initWithColorSyncProfile(REALobjectStruct* object, HostInteger profile) {
         object, [&] { return newSpace(sel::initWithColorSyncProfile_, fromHandle(profile)); }, holdNative);
 }
 
-// The one initialiser whose space is not entered in the registry: a space that the platform hands out elsewhere as well gets a host
-// object of its own there.
+// The one initialiser whose space is not entered in the registry: a space that the platform hands out elsewhere as well gets
+// a host object of its own there.
 void initWithCGColorSpace(REALobjectStruct* object, HostInteger space) {
     initialise(
         object, [&] { return newSpace(sel::initWithCGColorSpace_, fromHandle(space)); }, setNativeObject);

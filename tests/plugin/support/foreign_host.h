@@ -1,5 +1,5 @@
-// A host of the tests' own, written from the ABI header alone. It can play any version, leave entries out, refuse work, and it
-// counts what it hands out, so that a test can show that everything came back.
+// A host of the tests' own, written from the ABI header alone. It can play any version, leave entries out, refuse work, and
+// it counts what it hands out, so that a test can show that everything came back.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -69,8 +69,8 @@ private:
 template <class T>
 Owned(T*) -> Owned<T>;
 
-// Objects. `make` answers a new instance with one reference, its class constructor run; `plain` one with string properties, of a
-// class without a record.
+// Objects. `make` answers a new instance with one reference, its class constructor run; `plain` one with string properties,
+// of a class without a record.
 REALobjectStruct* make(const char* className);
 REALobjectStruct* plain(const char* className, const std::map<std::string, std::string>& properties);
 std::string classOf(const void* object);

@@ -69,8 +69,8 @@ inline void fail(id cls, const char* selector) {
         cls, selector, +[](id, SEL) { raise("TestException", "made to fail"); });
 }
 
-// What the sibling plugin adds to NSException: the registry, and host exceptions of class "NSExceptionZRX" whose "Message" is
-// the reason. It counts what it was asked.
+// What the sibling plugin adds to NSException: the registry, and host exceptions of class "NSExceptionZRX" whose "Message"
+// is the reason. It counts what it was asked.
 struct Sibling {
     static inline int registryRequests = 0, preparations = 0;
 

@@ -7,8 +7,8 @@
 
 namespace chroma::builtin {
 
-// Every access is checked against the bounds: what lies outside reads as 0 and is remembered. Nothing that was read counts unless
-// `isInBounds` is still true at the end. The bytes are borrowed.
+// Every access is checked against the bounds: what lies outside reads as 0 and is remembered. Nothing that was read counts
+// unless `isInBounds` is still true at the end. The bytes are borrowed.
 class ByteReader {
 public:
     ByteReader() = default;

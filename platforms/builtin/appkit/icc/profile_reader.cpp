@@ -110,8 +110,8 @@ bool readSampledCurve(const ByteReader& value, TransferCurve& curve) {
     return curve.gamma > 0;
 }
 
-// Five forms, each with the parameters of the one before and more, in the order of TransferCurve's members; the second and the
-// third leave the break and the offset to be worked out.
+// Five forms, each with the parameters of the one before and more, in the order of TransferCurve's members; the second and
+// the third leave the break and the offset to be worked out.
 bool readParametricCurve(const ByteReader& value, TransferCurve& curve) {
     constexpr std::size_t parameterCounts[] = {1, 3, 4, 5, 7};
     const std::size_t form = value.u16(8);

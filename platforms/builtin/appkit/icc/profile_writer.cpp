@@ -97,8 +97,9 @@ public:
         end();
     }
 
-    // The complement of an RGB space with one gamma, as a table over the light that each ink leaves. Light is a sum of products
-    // of these, so that the points of the table are exact and what is interpolated between them comes within two hundredths.
+    // The complement of an RGB space with one gamma, as a table over the light that each ink leaves. Light is a sum of
+    // products of these, so that the points of the table are exact and what is interpolated between them comes within two
+    // hundredths.
     void complement(std::uint32_t name, const SpaceDefinition& rgb) {
         constexpr std::uint32_t inks = 4, points = 9, nodes = points * points * points * points, samples = 256;
         begin(name, icc::lookupType);

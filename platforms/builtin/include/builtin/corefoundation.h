@@ -1,7 +1,9 @@
-// The CoreFoundation functions of the builtin platform. Every CoreFoundation reference is an object of the platform's runtime:
-// strings are NSStrings, URLs NSURLs, dictionaries and colour handles are objects too, and all take retain and release.
+// The CoreFoundation functions of the builtin platform. Every CoreFoundation reference is an object of the platform's
+// runtime: strings are NSStrings, URLs NSURLs, dictionaries and colour handles are objects too, and all take retain and
+// release.
 //
-// "Create" and "Copy" give a reference that the caller releases; null when memory is exhausted. An allocator is ignored; null is the usual argument.
+// "Create" and "Copy" give a reference that the caller releases; null when memory is exhausted. An allocator is ignored;
+// null is the usual argument.
 #pragma once
 
 #include <cstdint>
@@ -28,9 +30,10 @@ extern "C" {
 CFTypeRef CFRetain(CFTypeRef object);
 void CFRelease(CFTypeRef object);
 
-// Encodings: Mac Roman 0, UTF-16 0x100, Latin-1 0x201, Windows Latin-1 0x500, ASCII 0x600, UTF-8 0x08000100, UTF-32 0x0C000100,
-// the wide ones in the machine's byte order. Null when the bytes are invalid in the encoding, the encoding is another, or the
-// count is negative. With isExternalRepresentation a byte order mark of the encoding is honoured and left out.
+// Encodings: Mac Roman 0, UTF-16 0x100, Latin-1 0x201, Windows Latin-1 0x500, ASCII 0x600, UTF-8 0x08000100, UTF-32
+// 0x0C000100, the wide ones in the machine's byte order. Null when the bytes are invalid in the encoding, the encoding is
+// another, or the count is negative. With isExternalRepresentation a byte order mark of the encoding is honoured and left
+// out.
 CFStringRef CFStringCreateWithBytes(CFAllocatorRef allocator, const std::uint8_t* bytes, CFIndex count,
                                     CFStringEncoding encoding, Boolean isExternalRepresentation);
 
@@ -39,11 +42,12 @@ CFStringRef CFStringCreateWithCharacters(CFAllocatorRef allocator, const UniChar
 
 CFIndex CFStringGetLength(CFStringRef string); // in UTF-16 units; 0 for null
 
-// Writes the text and a NUL. False when the text cannot be written in the encoding, the encoding's units are not bytes, or text
-// and NUL do not fit the capacity; the buffer then starts with a NUL if it has room for one.
+// Writes the text and a NUL. False when the text cannot be written in the encoding, the encoding's units are not bytes, or
+// text and NUL do not fit the capacity; the buffer then starts with a NUL if it has room for one.
 Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex capacity, CFStringEncoding encoding);
 
-// Keys and values are plain pointers, neither retained nor compared by what they point to. Null for callbacks that are not null.
+// Keys and values are plain pointers, neither retained nor compared by what they point to. Null for callbacks that are not
+// null.
 CFMutableDictionaryRef CFDictionaryCreateMutable(CFAllocatorRef allocator, CFIndex capacity, const void* keyCallBacks,
                                                  const void* valueCallBacks);
 CFIndex CFDictionaryGetCount(CFMutableDictionaryRef dictionary);
@@ -62,7 +66,8 @@ void CFDictionaryApplyFunction(CFMutableDictionaryRef dictionary,
 CFURLRef CFURLCreateWithFileSystemPath(CFAllocatorRef allocator, CFStringRef path, CFURLPathStyle style,
                                        Boolean isDirectory);
 
-// From the text of a URL, with percent escapes; null when it is empty or has characters that a URL has not. The base must be null.
+// From the text of a URL, with percent escapes; null when it is empty or has characters that a URL has not. The base must be
+// null.
 CFURLRef CFURLCreateWithString(CFAllocatorRef allocator, CFStringRef text, CFURLRef base);
 
 // The URL's path, escapes decoded, without a slash at its end; null when it has none or the escapes are no UTF-8.
