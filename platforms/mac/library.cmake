@@ -1,6 +1,9 @@
 # What the library is on macOS; included where the plugin's sources are listed.
 target_link_libraries(chromabridge PRIVATE chroma_platform)
 target_link_options(chromabridge PRIVATE -Wl,-exported_symbol,_REALPluginMain)
+# Objects without code end in an empty piece of it. LLVM's linker gives each an unwind entry, at the offset of the function that
+# follows, and then exceptions pass that function by; it drops the pieces with all else that nothing refers to.
+target_link_options(chromabridge PRIVATE -Wl,-dead_strip)
 set_target_properties(chromabridge PROPERTIES
     PREFIX "" INSTALL_RPATH "" INSTALL_NAME_DIR @rpath BUILD_WITH_INSTALL_NAME_DIR ON
     MACHO_CURRENT_VERSION ${PROJECT_VERSION} MACHO_COMPATIBILITY_VERSION 0)
