@@ -13,7 +13,16 @@ using Exceptions = PlatformTest;
 using ExceptionsDeathTest = PlatformTest;
 using Memory = PlatformTest;
 
+// The guards that the build compiled for itself.
+#define X(name) extern "C" id name(void (*body)(void*), void* context);
+FOREIGN_GUARDS
+#undef X
+
 namespace {
+
+#define X(name) {#name, name},
+constexpr std::pair<const char*, id (*)(void (*)(void*), void*)> foreignGuards[] = {FOREIGN_GUARDS};
+#undef X
 
 int answerOne(id, SEL) { return 1; }
 int answerTwo(id, SEL) { return 2; }
@@ -181,6 +190,15 @@ TEST_F(Exceptions, EachThreadHasItsOwnGuards) {
     isCaught.set_value();
     EXPECT_EQ(caughtHere, here);
     EXPECT_EQ(other.get(), there);
+}
+
+TEST_F(Exceptions, ReachGuardsOfEveryCompilerWithAnyFlags) {
+    const id exception = exceptionNamed("A", "a");
+    for (const auto& [name, guard] : foreignGuards) {
+        const id inner = guard([](void* thrown) { objc_exception_throw(static_cast<id>(thrown)); }, exception);
+        EXPECT_EQ(inner, exception) << name;
+        EXPECT_EQ(guard([](void*) {}, nullptr), nullptr) << name;
+    }
 }
 
 TEST_F(ExceptionsDeathTest, UncaughtOnesEndTheProcessWithALine) {

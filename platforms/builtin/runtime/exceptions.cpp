@@ -16,6 +16,22 @@ struct Guard {
 
 thread_local Guard* innermost = nullptr;
 
+// Compilers agree on the buffer's first two words, the frame and the place to go on at. The stack pointer is the third, and
+// where gcc notes a shadow stack the fourth, behind that note. This is the form that the present file's own jump reads.
+#if defined(__CET__) && (__CET__ & 2) && !defined(__clang__)
+constexpr int stackWord = 3;
+#else
+constexpr int stackWord = 2;
+#endif
+
+// Brings the buffer of a guard that was compiled with any flags into that form. No process here has a shadow stack, so that
+// the note of one is null.
+void unify(void* (&buffer)[5]) {
+    void* const stack = buffer[2] ? buffer[2] : buffer[3];
+    buffer[2] = nullptr;
+    buffer[stackWord] = stack;
+}
+
 } // namespace
 } // namespace chroma::builtin
 
@@ -44,6 +60,7 @@ BUILTIN_EXPORT void objc_exception_throw(id exception) {
     if (!guard) builtin::reportUncaught(exception);
     innermost = guard->enclosing;
     guard->thrown = exception;
+    builtin::unify(guard->buffer);
     __builtin_longjmp(guard->buffer, 1);
 }
 

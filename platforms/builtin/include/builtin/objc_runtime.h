@@ -69,10 +69,10 @@ BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char* ty
 IMP class_replaceMethod(Class cls, SEL selector, IMP implementation, const char* types);
 IMP method_setImplementation(Method method, IMP implementation);
 
-// Exceptions: a chain of guards per thread. A guard is the five words of the compiler's __builtin_setjmp and four words of
-// the runtime's behind them. The caller enters it and then calls __builtin_setjmp on it at once; a throw leaves the
-// innermost guard and jumps to it, so that no destructor between runs. Any object may be thrown; the runtime does not retain
-// it. A throw without a guard ends the process with a line on the standard error.
+// Exceptions: a chain of guards per thread. A guard is the five words of the compiler's __builtin_setjmp, of gcc's or of
+// clang's with any flags, and four words of the runtime's behind them. The caller enters it and then calls __builtin_setjmp
+// on it at once; a throw leaves the innermost guard and jumps to it, so that no destructor between runs. Any object may be
+// thrown; the runtime does not retain it. A throw without a guard ends the process with a line on the standard error.
 void objc_exception_try_enter(void* guard);
 void objc_exception_try_exit(void* guard); // the guard and those entered inside it
 id objc_exception_extract(void* guard);    // what the jump brought

@@ -1,0 +1,11 @@
+// A guard as somebody else's code has it: compiled several times, by other compilers and with other flags than the tests.
+#include "builtin/objc_runtime.h"
+
+extern "C" chroma::id FOREIGN_GUARD(void (*body)(void*), void* context) {
+    void* guard[9];
+    chroma::objc_exception_try_enter(guard);
+    if (__builtin_setjmp(guard) != 0) return chroma::objc_exception_extract(guard);
+    body(context);
+    chroma::objc_exception_try_exit(guard);
+    return nullptr;
+}
