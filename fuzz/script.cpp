@@ -3,7 +3,7 @@
 #include "require.h"
 
 #include "language/language.h"
-#include "language/limits.h"
+#include "language/running/run.h"
 #include "language/session.h"
 #include "model/entries.h"
 #include "model/objects.h"

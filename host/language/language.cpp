@@ -1,7 +1,7 @@
 #include "language/language.h"
 
-#include "language/checker.h"
-#include "language/running.h"
+#include "language/checking/checker.h"
+#include "language/running/run.h"
 
 #include <array>
 #include <cerrno>

@@ -1,7 +1,7 @@
 #include "language/session.h"
 
-#include "language/places.h"
-#include "language/running.h"
+#include "language/running/places.h"
+#include "language/running/run.h"
 
 #include "model/platform.h"
 

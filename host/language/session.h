@@ -2,9 +2,9 @@
 // only the piece.
 #pragma once
 
-#include "language/checker.h"
-#include "language/frame.h"
-#include "language/source.h"
+#include "language/checking/checker.h"
+#include "language/reading/source.h"
+#include "language/running/frame.h"
 
 #include <iosfwd>
 #include <memory>

@@ -14,9 +14,6 @@ std::string describe(const std::string& reason, std::size_t position, std::strin
     return reason + " at column " + std::to_string(position + 1) + " of \"" + std::string(text) + "\"";
 }
 
-bool isNameStart(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_'; }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 class Parser {
 public:
     explicit Parser(std::string_view text) : text_(text) {}
@@ -74,7 +71,7 @@ private:
     std::string_view peekName() {
         if (!isNameStart(peek())) return {};
         std::size_t end = at_;
-        while (end < text_.size() && (isNameStart(text_[end]) || isDigit(text_[end])))
+        while (end < text_.size() && isNamePart(text_[end]))
             ++end;
         return text_.substr(at_, end - at_);
     }

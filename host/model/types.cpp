@@ -1,14 +1,11 @@
 #include "model/types.h"
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
 namespace host {
 
 namespace {
-
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 constexpr std::array<std::pair<Kind, const char*>, 6> kindNames = {{
     {Kind::Boolean, "Boolean"},
@@ -20,16 +17,6 @@ constexpr std::array<std::pair<Kind, const char*>, 6> kindNames = {{
 }};
 
 } // namespace
-
-bool equalIgnoringCase(std::string_view a, std::string_view b) {
-    return a.size() == b.size() &&
-           std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return lower(x) == lower(y); });
-}
-
-bool LessIgnoringCase::operator()(std::string_view a, std::string_view b) const {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
-                                        [](char x, char y) { return lower(x) < lower(y); });
-}
 
 bool operator==(const Type& a, const Type& b) {
     return a.kind == b.kind && a.isArray == b.isArray && equalIgnoringCase(a.className, b.className);

@@ -1,19 +1,12 @@
 // The static types of the host language, as declarations and scripts write them.
 #pragma once
 
+#include "text/letters.h"
+
 #include <string>
 #include <string_view>
 
 namespace host {
-
-// Identifiers of the host language are ASCII and compare without regard to case.
-bool equalIgnoringCase(std::string_view a, std::string_view b);
-
-// Orders names for maps; transparent, so that a std::string_view finds a std::string key.
-struct LessIgnoringCase {
-    using is_transparent = void;
-    bool operator()(std::string_view a, std::string_view b) const;
-};
 
 enum class Kind : unsigned char { Void, Boolean, Integer, Double, Color, String, Object, Variant };
 

@@ -1,7 +1,7 @@
 #include "repl/completion.h"
 
-#include "language/functions.h"
-#include "language/lexer.h"
+#include "language/library/functions.h"
+#include "language/reading/lexer.h"
 
 #include <algorithm>
 #include <set>

@@ -1,6 +1,6 @@
 #include "repl/presentation.h"
 
-#include "language/values.h"
+#include "language/library/values.h"
 
 #include "model/classes.h"
 #include "model/exceptions.h"

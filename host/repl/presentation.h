@@ -1,7 +1,7 @@
 // How the prompt shows the value of an expression.
 #pragma once
 
-#include "language/frame.h"
+#include "language/running/frame.h"
 
 #include <iosfwd>
 

@@ -1,0 +1,168 @@
+// Statements with blocks.
+#include "language/checking/class_names.h"
+#include "language/checking/statement_checker.h"
+#include "language/running/operators.h"
+#include "language/running/places.h"
+
+namespace host::language {
+// A condition or bound: a step of its own. Null after an error.
+CodePtr StatementChecker::stepValue(const syntax::Expression& expression, const Type& type) {
+    return attempt([&] {
+        CodePtr value = expressions_.valueAs(expression, type);
+        return step(std::move(value), expressions_.takeNeedsPool(), expression.offset);
+    });
+}
+
+ActionPtr StatementChecker::form(const syntax::If& statement, Offset offset) {
+    std::vector<Branch> list;
+    for (const syntax::If::Branch& branch : statement.branches) {
+        CodePtr condition = branch.condition ? stepValue(*branch.condition, Type::plain(Kind::Boolean)) : nullptr;
+        list.push_back({std::move(condition), block(branch.block, offset)});
+    }
+    return branches(std::move(list));
+}
+
+ActionPtr StatementChecker::form(const syntax::While& loop, Offset offset) {
+    CodePtr condition = stepValue(*loop.condition, Type::plain(Kind::Boolean));
+    return conditionLoop(std::move(condition), nullptr, loopBody(syntax::Surrounding::whileLoop, loop.block, offset));
+}
+
+ActionPtr StatementChecker::form(const syntax::Do& loop, Offset offset) {
+    const auto condition = [&](const syntax::ExpressionPtr& expression) {
+        return expression ? stepValue(*expression, Type::plain(Kind::Boolean)) : nullptr;
+    };
+    CodePtr before = condition(loop.before);
+    LoopBody body = loopBody(syntax::Surrounding::doLoop, loop.block, offset);
+    return conditionLoop(std::move(before), condition(loop.after), std::move(body));
+}
+
+LoopBody StatementChecker::loopBody(syntax::Surrounding kind, const syntax::Block& form, Offset offset) {
+    loops_.push_back(kind);
+    ActionPtr body = block(form, offset);
+    const auto depth = static_cast<std::uint16_t>(loops_.size());
+    loops_.pop_back();
+    return {std::move(body), depth, offset};
+}
+
+// The value is computed once, into a variable without a name.
+ActionPtr StatementChecker::form(const syntax::Select& statement, Offset offset) {
+    return inScope(offset, [&] {
+        Value asked = attempt([&] { return expressions_.value(*statement.value); });
+        const Variable variable{scopes_.declareHidden(asked.type), asked.type, statement.value->offset};
+        Actions actions;
+        actions.push_back(asStep(writeVariable(variable.place, asked.type, std::move(asked.code)), offset));
+        std::vector<Branch> list;
+        for (const syntax::Select::Case& branch : statement.cases) {
+            CodePtr condition = attempt([&] {
+                if (branch.tests.empty() || variable.type.kind == Kind::Void) return CodePtr();
+                CodePtr tests = caseCondition(branch.tests, variable);
+                return step(std::move(tests), expressions_.takeNeedsPool(), branch.tests.front().first->offset);
+            });
+            list.push_back({std::move(condition), block(branch.block, offset)});
+        }
+        actions.push_back(branches(std::move(list)));
+        return sequence(std::move(actions));
+    });
+}
+
+CodePtr StatementChecker::caseCondition(const std::vector<syntax::CaseTest>& tests, const Variable& value) {
+    const auto compared = [&](syntax::Operator operation, const syntax::Expression& with) {
+        return expressions_.comparison(operation, {value.type, readVariable(value.place, value.type)}, with);
+    };
+    CodePtr any;
+    for (const syntax::CaseTest& test : tests) {
+        CodePtr one = compared(test.last ? syntax::Operator::greaterEqual : test.operation, *test.first);
+        if (test.last) {
+            one = logic(syntax::Operator::logicalAnd, Kind::Boolean, std::move(one),
+                        compared(syntax::Operator::lessEqual, *test.last));
+        }
+        any = any ? logic(syntax::Operator::logicalOr, Kind::Boolean, std::move(any), std::move(one)) : std::move(one);
+    }
+    return any;
+}
+
+// The type of a loop's variable; Void after an error.
+Type StatementChecker::loopType(const syntax::LoopVariable& form) {
+    if (form.type) return attempt([&] { return typeOf(*form.type); });
+    return attempt([&] {
+        const Operand variable = expressions_.operand({form.name.offset, syntax::Reference{form.name.text}});
+        if (!variable.isAssignable()) failCheck(form.name.offset, "this cannot be assigned to");
+        return variable.type();
+    });
+}
+
+// The loop's own variable, or the one declared before.
+Variable StatementChecker::loopVariable(const syntax::LoopVariable& form, const Type& type) {
+    const Variable* const known = form.type ? nullptr : scopes_.find(form.name.text);
+    return known ? *known : declare(form.name, type);
+}
+
+ActionPtr StatementChecker::form(const syntax::For& loop, Offset offset) {
+    return inScope(offset, [&] {
+        const Type type = loopType(loop.variable);
+        const bool counts = type.is(Kind::Integer) || type.is(Kind::Double);
+        if (!counts && type.kind != Kind::Void)
+            diagnostics_.add(loop.variable.name.offset, "a For loop counts an Integer or a Double, not a " + nameOf(type));
+        const auto bound = [&](const syntax::ExpressionPtr& expression) {
+            return expression && counts ? stepValue(*expression, type) : nullptr;
+        };
+        CodePtr first = bound(loop.first);
+        CodePtr last = bound(loop.last);
+        CodePtr stepSize = bound(loop.step);
+        const VariablePlace variable = loopVariable(loop.variable, type).place;
+        return forLoop({variable, type.kind, std::move(first), std::move(last), std::move(stepSize), loop.down,
+                        loopBody(syntax::Surrounding::forLoop, loop.block, offset)});
+    });
+}
+
+ActionPtr StatementChecker::form(const syntax::ForEach& loop, Offset offset) {
+    return inScope(offset, [&] {
+        Value array = attempt([&] {
+            Value found = expressions_.value(*loop.array);
+            if (!found.type.isArray) failCheck(loop.array->offset, "this is of type " + nameOf(found.type) + ", no array");
+            return found;
+        });
+        const VariablePlace held = scopes_.declareHidden(array.type);
+        const VariablePlace index = scopes_.declareHidden(Type::plain(Kind::Integer));
+        Actions actions;
+        actions.push_back(asStep(writeVariable(held, array.type, std::move(array.code)), offset));
+
+        const Type elementType = array.type.element();
+        const Type type = loopType(loop.variable);
+        const Variable variable = loopVariable(loop.variable, type);
+        if (type.kind != Kind::Void && elementType.kind != Kind::Void && !isConvertible(elementType, type)) {
+            diagnostics_.add(loop.variable.name.offset,
+                             "the elements are of type " + nameOf(elementType) + ", but the variable is a " + nameOf(type));
+        }
+        CodePtr element = readElement(readVariable(held, array.type), readVariable(index, Type::plain(Kind::Integer)),
+                                      elementType, offset);
+        CodePtr converted = language::converted(std::move(element), elementType, type, offset);
+        ActionPtr assign = step(writeVariable(variable.place, type, std::move(converted)), false, offset);
+        LoopBody body = loopBody(syntax::Surrounding::forLoop, loop.block, loop.array->offset);
+        actions.push_back(forEachLoop(held, index, std::move(assign), std::move(body)));
+        return sequence(std::move(actions));
+    });
+}
+
+ActionPtr StatementChecker::form(const syntax::Try& statement, Offset offset) {
+    ActionPtr body = block(statement.block, offset);
+    std::vector<Handler> handlers;
+    for (const syntax::Try::Catch& form : statement.catches)
+        handlers.push_back(handler(form, offset));
+    ActionPtr finally = statement.finally ? block(*statement.finally, offset) : nullptr;
+    return tryBlock(std::move(body), std::move(handlers), std::move(finally));
+}
+
+Handler StatementChecker::handler(const syntax::Try::Catch& form, Offset offset) {
+    Handler made{nullptr, std::nullopt, nullptr};
+    made.body = inScope(offset, [&] {
+        if (form.variable) {
+            made.info = attempt([&] { return exceptionClassOf(*form.className); });
+            made.variable = declare(*form.variable, made.info ? Type::object(made.info->name()) : Type()).place;
+        }
+        return statements(form.block);
+    });
+    return made;
+}
+
+} // namespace host::language

@@ -1,0 +1,329 @@
+// Members, calls and array elements.
+#include "language/checking/class_names.h"
+#include "language/checking/expression_checker.h"
+#include "language/library/functions.h"
+#include "language/reading/diagnostics.h"
+#include "language/running/operators.h"
+#include "language/running/places.h"
+
+#include "model/resolve.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace host::language {
+namespace {
+
+using syntax::Name;
+
+constexpr std::string_view upperBoundName = "UBound";
+constexpr std::string_view newArrayName = "Array";
+
+std::string quoted(std::string_view name) { return "'" + std::string(name) + "'"; }
+
+// Bound functions of the language and of built-in classes autorelease nothing.
+bool mayAutorelease(const ClassInfo* owner) { return owner && !owner->isBuiltIn(); }
+
+std::vector<Argument> described(const std::vector<Operand>& operands) {
+    std::vector<Argument> arguments;
+    for (const Operand& operand : operands)
+        arguments.push_back({operand.type(), operand.isAssignable()});
+    return arguments;
+}
+
+// The type that takes values of both; Void stands for none yet.
+Type united(const Type& a, const Type& b) {
+    const Type variant = Type::plain(Kind::Variant);
+    if (a.kind == Kind::Void) return b;
+    if (a == variant || b == variant) return variant;
+    if (implicitConversion(b, a)) return a;
+    return implicitConversion(a, b) ? b : variant;
+}
+
+[[noreturn]] void failUnknownMember(const ClassInfo& info, const Name& name) {
+    NearestName nearest(name.text);
+    for (const ClassInfo* from = &info; from; from = from->super()) {
+        for (const Method& method : from->methods())
+            nearest.offer(method.signature.name);
+        for (const Method& method : from->sharedMethods())
+            nearest.offer(method.signature.name);
+        for (const Property& property : from->properties())
+            nearest.offer(property.name);
+        for (const Constant& constant : from->constants())
+            nearest.offer(constant.name);
+    }
+    failCheck(name.offset, info.name() + " has no member " + quoted(name.text) + nearest.suggestion());
+}
+
+} // namespace
+
+// ---- Names
+
+ClassInfo* ExpressionChecker::classNamedBy(const syntax::Expression& expression) const {
+    const auto* const reference = std::get_if<syntax::Reference>(&expression.form);
+    return reference && !scopes_.find(reference->name) ? registry().find(reference->name) : nullptr;
+}
+
+void ExpressionChecker::failUnknownName(std::string_view name, Offset offset, bool called) const {
+    NearestName nearest(name);
+    if (!called) scopes_.offerNames(nearest);
+    for (const auto& entry : procedures_.visible())
+        nearest.offer(entry.first);
+    for (const Method& method : functions())
+        nearest.offer(method.signature.name);
+    nearest.offer(upperBoundName);
+    nearest.offer(newArrayName);
+    if (called) scopes_.offerNames(nearest);
+    for (const auto& info : registry().classes())
+        nearest.offer(info->name());
+    failCheck(offset, std::string(called ? "there is no function or array " : "there is no variable ") + quoted(name) +
+                          nearest.suggestion());
+}
+
+Operand ExpressionChecker::function(std::string_view name, const Arguments& arguments, Offset offset) {
+    if (const OverloadSet own = procedures_.find(name); !own.empty()) return callProcedure(own, arguments, offset);
+    if (equalIgnoringCase(name, upperBoundName)) return upperBound(arguments, offset);
+    if (equalIgnoringCase(name, newArrayName)) return newArray(arguments, std::nullopt);
+    const OverloadSet overloads = findFunctions(name);
+    if (overloads.empty()) failUnknownName(name, offset, !arguments.empty());
+    return callOne(overloads.front()->signature.name, overloads, nullptr, &arguments, offset);
+}
+
+Operand ExpressionChecker::callProcedure(const OverloadSet& overloads, const Arguments& arguments, Offset offset) {
+    Operands values = operands(arguments);
+    const Resolution resolution = resolveCall(overloads.front()->signature.name, overloads, described(values));
+    if (!resolution.method) failCheck(offset, resolution.error);
+    const auto& procedure = static_cast<const Procedure&>(*resolution.method);
+    std::vector<ArgumentCode> bound = bind(resolution, std::move(values), offset);
+    return Operand::result(procedure.signature.result, language::callProcedure(procedure, std::move(bound), offset));
+}
+
+bool ExpressionChecker::makesArray(const syntax::Expression& expression) const {
+    const auto* const call = std::get_if<syntax::Call>(&expression.form);
+    const auto* const callee = call ? std::get_if<syntax::Reference>(&call->callee->form) : nullptr;
+    return callee && equalIgnoringCase(callee->name, newArrayName) && !scopes_.find(callee->name) &&
+           procedures_.find(callee->name).empty();
+}
+
+// Without an element type, the one that takes the values of all the others.
+Operand ExpressionChecker::newArray(const Arguments& elements, const std::optional<Type>& elementType) {
+    std::vector<Value> values;
+    Type common = elementType.value_or(Type());
+    for (const syntax::ExpressionPtr& element : elements) {
+        values.push_back(value(*element));
+        const Type& type = values.back().type;
+        if (type.isArray) failCheck(element->offset, "there are no arrays of arrays");
+        if (!elementType) common = united(common, type);
+    }
+    if (common.kind == Kind::Void || common.isNil()) common = Type::plain(Kind::Variant);
+    std::vector<CodePtr> codes;
+    for (std::size_t i = 0; i < values.size(); ++i)
+        codes.push_back(convert(std::move(values[i].code), values[i].type, common, elements[i]->offset));
+    return Operand::result(common.arrayOf(), makeArrayOf(common, std::move(codes)));
+}
+
+Operand ExpressionChecker::upperBound(const Arguments& arguments, Offset offset) {
+    if (arguments.size() != 1) failCheck(offset, "UBound takes one array");
+    Value array = value(*arguments.front());
+    if (!array.type.isArray) failCheck(arguments.front()->offset, "this is of type " + nameOf(array.type) + ", no array");
+    return Operand::result(Type::plain(Kind::Integer), upperBoundOf(std::move(array.code), offset));
+}
+
+Operand ExpressionChecker::plainConversion(const Type& type, const Arguments& arguments, Offset offset) {
+    if (arguments.size() != 1) failCheck(offset, "a conversion to " + nameOf(type) + " takes one value");
+    Value found = value(*arguments.front());
+    const bool asText = type.kind == Kind::String && (found.type.isArray || found.type.kind != Kind::Variant);
+    return Operand::computed(type, asText ? text(std::move(found))
+                                          : convert(std::move(found.code), found.type, type, arguments.front()->offset));
+}
+
+Operand ExpressionChecker::cast(const ClassInfo& info, const Arguments& arguments, Offset offset) {
+    if (arguments.size() != 1)
+        failCheck(offset, "a conversion to " + info.name() + " takes one object; 'New " + info.name() + "' makes one");
+    Value object = value(*arguments.front());
+    const Type target = Type::object(info.name());
+    const bool related =
+        object.type.kind == Kind::Variant || (object.type.kind == Kind::Object && !object.type.isNil() &&
+                                              (isConvertible(object.type, target) || isConvertible(target, object.type)));
+    if (object.type.isArray || !related)
+        failCheck(arguments.front()->offset, "this is of type " + nameOf(object.type) + " and never is a " + info.name());
+    return Operand::computed(target, converted(std::move(object.code), Type::plain(Kind::Variant), target, offset));
+}
+
+// ---- Members
+
+Operand ExpressionChecker::form(const syntax::Member& member, Offset) { return this->member(member, nullptr); }
+
+Operand ExpressionChecker::form(const syntax::Call& call, Offset offset) {
+    if (const auto* const called = std::get_if<syntax::Member>(&call.callee->form)) return member(*called, &call.arguments);
+    if (const auto* const reference = std::get_if<syntax::Reference>(&call.callee->form)) {
+        if (!scopes_.find(reference->name)) {
+            const ClassInfo* const info = registry().find(reference->name);
+            const Type plain = typeNamed(reference->name);
+            if (plain.kind != Kind::Object) return plainConversion(plain, call.arguments, offset);
+            return info ? cast(*info, call.arguments, offset) : function(reference->name, call.arguments, offset);
+        }
+    }
+    return element(value(*call.callee), call.arguments, offset);
+}
+
+Operand ExpressionChecker::member(const syntax::Member& member, const Arguments* arguments) {
+    if (ClassInfo* const info = classNamedBy(*member.object)) return sharedMember(*info, member.name, arguments);
+    Value object = value(*member.object);
+    if (object.type.isArray) return arrayMember(std::move(object), member.name, arguments);
+    if (object.type.kind == Kind::Variant)
+        failCheck(member.name.offset, "a Variant has no members; convert it to its class first, as in NSColorZRX(value)");
+    if (object.type.kind != Kind::Object || object.type.isNil())
+        failCheck(member.name.offset, nameOf(object.type) + " has no members");
+    ClassInfo* const info = registry().find(object.type.className);
+    if (!info) {
+        failCheck(member.name.offset, equalIgnoringCase(object.type.className, "Object")
+                                          ? "Object has no members; convert it to its class first"
+                                          : "the class " + object.type.className + " is not loaded");
+    }
+    return objectMember(*info, std::move(object.code), member.name, arguments);
+}
+
+Operand ExpressionChecker::sharedMember(ClassInfo& info, const Name& name, const Arguments* arguments) {
+    if (const Constant* const constant = info.findConstant(name.text); constant && !arguments)
+        return Operand::computed(constant->value.type(), literalCode(constant->value));
+    const OverloadSet overloads = info.findSharedMethods(name.text);
+    if (overloads.empty()) {
+        if (info.findConstant(name.text))
+            failCheck(name.offset, quoted(name.text) + " is a constant and takes no arguments");
+        if (info.findProperty(name.text) || !info.findMethods(name.text).empty())
+            failCheck(name.offset, quoted(name.text) + " belongs to the objects of " + info.name() + ", not to the class");
+        failUnknownMember(info, name);
+    }
+    return callOne(info.name() + "." + overloads.front()->signature.name, overloads, nullptr, arguments, name.offset);
+}
+
+Operand ExpressionChecker::objectMember(ClassInfo& info, CodePtr object, const Name& name, const Arguments* arguments) {
+    if (const Property* const property = info.findProperty(name.text)) {
+        if (property->invokeGetter || property->invokeSetter) needsPool_ = needsPool_ || mayAutorelease(property->owner);
+        Operand place = Operand::property(*property, std::move(object), name.offset);
+        if (!arguments) return place;
+        if (!property->type.isArray)
+            failCheck(name.offset, quoted(property->name) + " is a property and takes no arguments");
+        return element({property->type, read(std::move(place), name.offset)}, *arguments, name.offset);
+    }
+    const OverloadSet overloads = info.findMethods(name.text);
+    if (overloads.empty()) {
+        if (info.findConstant(name.text) || !info.findSharedMethods(name.text).empty())
+            failCheck(name.offset,
+                      quoted(name.text) + " belongs to the class: write " + info.name() + "." + std::string(name.text));
+        failUnknownMember(info, name);
+    }
+    const std::string what = info.name() + "." + overloads.front()->signature.name;
+    return callOne(what, overloads, std::move(object), arguments, name.offset);
+}
+
+Operand ExpressionChecker::arrayMember(Value array, const Name& name, const Arguments* arguments) {
+    enum class Change { append, insert, remove, count };
+    struct ArrayMember {
+        const char* name;
+        Change action;
+        std::size_t arguments;
+    };
+    static constexpr ArrayMember members[] = {{"Append", Change::append, 1},
+                                              {"Add", Change::append, 1},
+                                              {"Insert", Change::insert, 2},
+                                              {"Remove", Change::remove, 1},
+                                              {"Count", Change::count, 0}};
+    const ArrayMember* const found = std::find_if(std::begin(members), std::end(members), [&](const ArrayMember& member) {
+        return equalIgnoringCase(name.text, member.name);
+    });
+    if (found == std::end(members)) {
+        NearestName nearest(name.text);
+        for (const ArrayMember& member : members)
+            nearest.offer(member.name);
+        failCheck(name.offset, "an array has no member " + quoted(name.text) + nearest.suggestion());
+    }
+    if ((arguments ? arguments->size() : 0) != found->arguments) {
+        static constexpr const char* wanted[] = {"one element", "an index and an element", "one index", "no arguments"};
+        failCheck(name.offset, quoted(name.text) + " takes " + wanted[static_cast<std::size_t>(found->action)]);
+    }
+    const Type elementType = array.type.element();
+    const auto argument = [&](std::size_t index, const Type& type) { return valueAs(*(*arguments)[index], type); };
+    const Offset offset = name.offset;
+    switch (found->action) {
+    case Change::append: return Operand::result({}, appendToArray(std::move(array.code), argument(0, elementType), offset));
+    case Change::insert: {
+        CodePtr index = argument(0, Type::plain(Kind::Integer));
+        return Operand::result({},
+                               insertIntoArray(std::move(array.code), std::move(index), argument(1, elementType), offset));
+    }
+    case Change::remove:
+        return Operand::result({}, removeFromArray(std::move(array.code), argument(0, Type::plain(Kind::Integer)), offset));
+    case Change::count: break;
+    }
+    return Operand::computed(Type::plain(Kind::Integer),
+                             transform(upperBoundOf(std::move(array.code), offset),
+                                       [](Slot bound) { return Slot::ofInteger(bound.integer + 1); }));
+}
+
+Operand ExpressionChecker::element(Value array, const Arguments& arguments, Offset offset) {
+    if (!array.type.isArray) failCheck(offset, "this is of type " + nameOf(array.type) + "; only an array has elements");
+    if (arguments.size() != 1) failCheck(offset, "an array element has one index");
+    Type type = array.type.element();
+    return Operand::element(std::move(type), std::move(array.code), valueAs(*arguments.front(), Type::plain(Kind::Integer)),
+                            offset);
+}
+
+// ---- Calls
+
+Operand ExpressionChecker::newObject(const syntax::New& form, Offset offset) {
+    ClassInfo* const info = classOf(form.className);
+    if (!info) failCheck(form.className.offset, "an Object has to be of some class; 'Object' alone cannot be made");
+    Operands values = operands(form.arguments);
+    const Resolution resolution = resolveConstruction(*info, described(values));
+    if (!resolution.error.empty()) failCheck(offset, resolution.error);
+    needsPool_ = needsPool_ || mayAutorelease(info);
+    std::vector<ArgumentCode> bound = bind(resolution, std::move(values), offset);
+    return Operand::result(Type::object(info->name()), makeObject(*info, resolution.method, std::move(bound), offset));
+}
+
+ExpressionChecker::Operands ExpressionChecker::operands(const Arguments& arguments) {
+    Operands found;
+    for (const syntax::ExpressionPtr& argument : arguments)
+        found.push_back(operand(*argument));
+    return found;
+}
+
+Operand ExpressionChecker::callOne(const std::string& what, const OverloadSet& overloads, CodePtr receiver,
+                                   const Arguments* arguments, Offset offset) {
+    Operands values = arguments ? operands(*arguments) : Operands();
+    const Resolution resolution = resolveCall(what, overloads, described(values));
+    if (!resolution.method) failCheck(offset, resolution.error);
+    const Method& method = *resolution.method;
+    needsPool_ = needsPool_ || mayAutorelease(method.owner);
+    std::vector<ArgumentCode> bound = bind(resolution, std::move(values), offset);
+    return Operand::call(method, std::move(receiver), std::move(bound), offset);
+}
+
+std::vector<ArgumentCode> ExpressionChecker::bind(const Resolution& resolution, Operands operands, Offset offset) {
+    const auto argument = [&](std::size_t index, const Type& type) {
+        const Type from = operands[index].type();
+        return convert(read(std::move(operands[index]), offset), from, type, offset);
+    };
+    std::vector<ArgumentCode> codes;
+    for (const Binding& binding : resolution.bindings) {
+        const Type& type = binding.parameter->type;
+        switch (binding.source) {
+        case Binding::Source::Argument: codes.push_back({argument(binding.first, type), nullptr, nullptr}); break;
+        case Binding::Source::Reference: codes.push_back(operands[binding.first].reference()); break;
+        case Binding::Source::Default:
+            codes.push_back({literalCode(*binding.parameter->defaultValue), nullptr, nullptr});
+            break;
+        case Binding::Source::ParamArray: {
+            std::vector<CodePtr> elements;
+            for (std::size_t i = 0; i < binding.conversions.size(); ++i)
+                elements.push_back(argument(binding.first + i, type.element()));
+            codes.push_back({makeArrayOf(type.element(), std::move(elements)), nullptr, nullptr});
+        }
+        }
+    }
+    return codes;
+}
+
+} // namespace host::language

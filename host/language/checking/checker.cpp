@@ -1,0 +1,33 @@
+#include "language/checking/checker.h"
+
+#include "language/checking/statement_checker.h"
+
+namespace host::language {
+
+Checker::Checker(ParseMode mode) : mode_(mode) { scopes_.open(); }
+Checker::~Checker() = default;
+
+ActionPtr Checker::check(const syntax::Block& block, Diagnostics& diagnostics) {
+    const Scopes scopesBefore = scopes_;
+    const Procedures::Visible proceduresBefore = procedures_.visible();
+    StatementChecker checker(scopes_, procedures_, mode_, diagnostics);
+    checker.declareProcedures(block);
+    ActionPtr code = checker.statements(block);
+    if (diagnostics.empty()) return code;
+    scopes_ = scopesBefore;
+    procedures_.restore(proceduresBefore);
+    return nullptr;
+}
+
+Checker::Meaning Checker::meaningOf(const syntax::Expression& expression) {
+    const auto* const reference = std::get_if<syntax::Reference>(&expression.form);
+    if (reference && !scopes_.find(reference->name))
+        if (ClassInfo* const info = registry().find(reference->name)) return {{}, info};
+    try {
+        return {ExpressionChecker(scopes_, procedures_).operand(expression).type(), nullptr};
+    } catch (const CheckError&) {
+        return {};
+    }
+}
+
+} // namespace host::language

@@ -1,0 +1,47 @@
+#include "language/checking/class_names.h"
+
+#include "language/reading/diagnostics.h"
+
+namespace host::language {
+namespace {
+
+constexpr std::string_view objectName = "Object";
+
+[[noreturn]] void failUnknown(const syntax::Name& name, bool plainTypesToo) {
+    NearestName nearest(name.text);
+    for (const auto& info : registry().classes())
+        nearest.offer(info->name());
+    if (plainTypesToo) {
+        for (const std::string_view plain : {"Boolean", "Integer", "Double", "Color", "String", "Variant", "Object"})
+            nearest.offer(plain);
+    }
+    const std::string what = plainTypesToo ? "type" : "class";
+    failCheck(name.offset, "there is no " + what + " '" + std::string(name.text) + "'" + nearest.suggestion());
+}
+
+} // namespace
+
+Type typeOf(const syntax::Name& name) {
+    const Type type = typeNamed(name.text);
+    if (type.kind != Kind::Object || equalIgnoringCase(name.text, objectName)) return type;
+    const ClassInfo* const info = registry().find(name.text);
+    if (!info) failUnknown(name, true);
+    return Type::object(info->name());
+}
+
+ClassInfo* classOf(const syntax::Name& name) {
+    if (equalIgnoringCase(name.text, objectName)) return nullptr;
+    ClassInfo* const info = registry().find(name.text);
+    if (!info) failUnknown(name, false);
+    return info;
+}
+
+ClassInfo* exceptionClassOf(const syntax::Name& name) {
+    ClassInfo* const info = classOf(name);
+    const ClassInfo* const root = registry().find("RuntimeException");
+    if (!info || !root || !info->isOrDescendsFrom(*root))
+        failCheck(name.offset, "'" + std::string(name.text) + "' is no class of exceptions");
+    return info;
+}
+
+} // namespace host::language

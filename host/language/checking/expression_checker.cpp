@@ -1,0 +1,121 @@
+#include "language/checking/expression_checker.h"
+
+#include "language/checking/class_names.h"
+#include "language/library/values.h"
+#include "language/running/operators.h"
+
+#include "model/strings.h"
+
+#include <ostream>
+
+namespace host::language {
+
+CodePtr literalCode(const Literal& literal) {
+    if (const auto* const text = std::get_if<std::string>(&literal.value)) return stringConstant(*text);
+    return constant(literal.newSlot());
+}
+
+bool ExpressionChecker::takeNeedsPool() { return std::exchange(needsPool_, false); }
+
+Operand ExpressionChecker::operand(const syntax::Expression& expression) {
+    return std::visit([&](const auto& alternative) { return form(alternative, expression.offset); }, expression.form);
+}
+
+Value ExpressionChecker::value(const syntax::Expression& expression) {
+    Operand found = operand(expression);
+    if (found.type().kind == Kind::Void) failCheck(expression.offset, "this call gives no value");
+    Type type = found.type();
+    return {std::move(type), read(std::move(found), expression.offset)};
+}
+
+CodePtr ExpressionChecker::valueAs(const syntax::Expression& expression, const Type& type) {
+    if (type.isArray && makesArray(expression))
+        return newArray(std::get<syntax::Call>(expression.form).arguments, type.element()).read();
+    Value found = value(expression);
+    return convert(std::move(found.code), found.type, type, expression.offset);
+}
+
+CodePtr ExpressionChecker::text(const syntax::Expression& expression) { return text(value(expression)); }
+
+CodePtr ExpressionChecker::text(Value value) { return asText(std::move(value.code), value.type); }
+
+CodePtr ExpressionChecker::read(Operand operand, Offset offset) {
+    const Property* const property = operand.property();
+    if (property && !property->getter) failCheck(offset, "'" + property->name + "' can be written but not read");
+    return operand.read();
+}
+
+CodePtr ExpressionChecker::convert(CodePtr code, const Type& from, const Type& to, Offset offset) {
+    if (!isConvertible(from, to))
+        failCheck(offset, "this is of type " + nameOf(from) + ", but " + nameOf(to) + " is needed here");
+    return converted(std::move(code), from, to, offset);
+}
+
+Operand ExpressionChecker::form(const Literal& literal, Offset) {
+    return Operand::computed(literal.type(), literalCode(literal));
+}
+
+Operand ExpressionChecker::form(const syntax::Reference& reference, Offset offset) {
+    if (const Variable* const variable = scopes_.find(reference.name)) {
+        if (variable->type.kind == Kind::Void) throw CheckError{offset, {}};
+        if (variable->constant) return Operand::computed(variable->type, literalCode(*variable->constant));
+        return Operand::variable(*variable);
+    }
+    if (registry().find(reference.name))
+        failCheck(offset, "'" + std::string(reference.name) + "' is a class; a value is needed here");
+    return function(reference.name, {}, offset);
+}
+
+Operand ExpressionChecker::form(const syntax::IsA& test, Offset offset) {
+    Value object = value(*test.object);
+    if (!object.type.isObjectReference()) failCheck(offset, "IsA asks objects, not a value of type " + nameOf(object.type));
+    return Operand::computed(Type::plain(Kind::Boolean), isOfClass(std::move(object.code), classOf(test.className)));
+}
+
+// ---- Constants
+
+bool ExpressionChecker::isConstant(const syntax::Expression& expression) const {
+    if (const auto* const unary = std::get_if<syntax::Unary>(&expression.form)) return isConstant(*unary->operand);
+    if (const auto* const binary = std::get_if<syntax::Binary>(&expression.form))
+        return isConstant(*binary->left) && isConstant(*binary->right);
+    if (const auto* const reference = std::get_if<syntax::Reference>(&expression.form)) {
+        const Variable* const variable = scopes_.find(reference->name);
+        return variable && (variable->constant || variable->type.kind == Kind::Void);
+    }
+    if (const auto* const member = std::get_if<syntax::Member>(&expression.form)) {
+        const ClassInfo* const info = classNamedBy(*member->object);
+        return info && info->findConstant(member->name.text);
+    }
+    return std::holds_alternative<Literal>(expression.form);
+}
+
+Literal ExpressionChecker::constantValue(const syntax::Expression& expression, const std::optional<Type>& wanted) {
+    if (!isConstant(expression)) failCheck(expression.offset, "this value must be made of literals and constants");
+    Value found = value(expression);
+    if (found.type.isNil() && wanted && wanted->isObjectReference()) return {};
+    const Type type = wanted ? *wanted : found.type;
+    const bool simple = type.isNumber() || type.is(Kind::Boolean) || type.is(Kind::String);
+    if (!simple) failCheck(expression.offset, "a constant cannot be of type " + nameOf(type));
+    const CodePtr code = convert(std::move(found.code), found.type, type, expression.offset);
+    std::ostream nowhere(nullptr);
+    Execution execution{nowhere};
+    Frame frame(execution);
+    try {
+        const Slot result = code->evaluate(frame);
+        Literal literal;
+        switch (type.kind) {
+        case Kind::Boolean: literal.value = result.boolean != 0; break;
+        case Kind::Integer: literal.value = result.integer; break;
+        case Kind::Double: literal.value = result.real; break;
+        case Kind::Color: literal.value = result.color; break;
+        default: literal.value = utf8Of(result.string);
+        }
+        frame.release({0, 0});
+        return literal;
+    } catch (const Raised& raised) {
+        frame.release({0, 0});
+        failCheck(raised.offset(), exceptionMessage(raised.exception()));
+    }
+}
+
+} // namespace host::language

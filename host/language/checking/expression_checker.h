@@ -1,0 +1,103 @@
+// Checks expressions and turns them into code: names, overloads and conversions are resolved here, once.
+#pragma once
+
+#include "language/checking/operand.h"
+#include "language/checking/scopes.h"
+#include "language/reading/syntax.h"
+#include "language/running/control_flow.h"
+#include "language/running/procedures.h"
+
+#include "model/resolve.h"
+
+namespace host::language {
+
+class ExpressionChecker {
+public:
+    ExpressionChecker(const Scopes& scopes, const Procedures& procedures) : scopes_(scopes), procedures_(procedures) {}
+
+    // Whatever the expression is, a call without a result too. All of these throw CheckError.
+    Operand operand(const syntax::Expression& expression);
+
+    // It must have a value.
+    Value value(const syntax::Expression& expression);
+
+    // The value converted to the type.
+    CodePtr valueAs(const syntax::Expression& expression, const Type& type);
+
+    // The value as a string in the form of Print.
+    CodePtr text(const syntax::Expression& expression);
+
+    // New Class(arguments), which a Dim may stand for too.
+    Operand newObject(const syntax::New& form, Offset offset);
+
+    // The value of an expression of literals and constants, converted to the type if there is one.
+    Literal constantValue(const syntax::Expression& expression, const std::optional<Type>& type);
+
+    // The comparison of a value with that of an expression.
+    CodePtr comparison(syntax::Operator operation, Value left, const syntax::Expression& right);
+
+    // Code that does not come from here calls functions that may autorelease.
+    void requirePool() { needsPool_ = true; }
+
+    // Whether the code made since the last question calls functions that may autorelease.
+    bool takeNeedsPool();
+
+private:
+    using Arguments = std::vector<syntax::ExpressionPtr>;
+    using Operands = std::vector<Operand>;
+
+    Operand form(const Literal& literal, Offset offset);
+    Operand form(const syntax::Reference& reference, Offset offset);
+    Operand form(const syntax::Member& member, Offset offset);
+    Operand form(const syntax::Call& call, Offset offset);
+    Operand form(const syntax::New& form, Offset offset) { return newObject(form, offset); }
+    Operand form(const syntax::Unary& unary, Offset offset);
+    Operand form(const syntax::Binary& binary, Offset offset);
+    Operand form(const syntax::IsA& test, Offset offset);
+
+    // Operators (operator_checker.cpp).
+    CodePtr number(Value value, Kind kind);
+    Operand arithmetic(syntax::Operator operation, Value left, Value right, Offset offset);
+    Operand comparison(syntax::Operator operation, Value left, Value right, Offset offset);
+    Operand logic(syntax::Operator operation, Value left, Value right, Offset offset);
+    CodePtr text(Value value);
+
+    // Members and calls (call_checker.cpp).
+    Operand function(std::string_view name, const Arguments& arguments, Offset offset);
+    Operand callProcedure(const OverloadSet& overloads, const Arguments& arguments, Offset offset);
+    Operand newArray(const Arguments& elements, const std::optional<Type>& elementType);
+    Operand upperBound(const Arguments& arguments, Offset offset);
+    Operand plainConversion(const Type& type, const Arguments& arguments, Offset offset);
+    Operand cast(const ClassInfo& info, const Arguments& arguments, Offset offset);
+    // `arguments` is null without parentheses.
+    Operand member(const syntax::Member& member, const Arguments* arguments);
+    Operand sharedMember(ClassInfo& info, const syntax::Name& name, const Arguments* arguments);
+    Operand objectMember(ClassInfo& info, CodePtr object, const syntax::Name& name, const Arguments* arguments);
+    Operand arrayMember(Value array, const syntax::Name& name, const Arguments* arguments);
+    Operand element(Value array, const Arguments& arguments, Offset offset);
+    // A call of the one of the overloads that suits the arguments. `what` is how messages call it.
+    Operand callOne(const std::string& what, const OverloadSet& overloads, CodePtr receiver, const Arguments* arguments,
+                    Offset offset);
+    Operands operands(const Arguments& arguments);
+    std::vector<ArgumentCode> bind(const Resolution& resolution, Operands operands, Offset offset);
+
+    // The class that a plain name means, when no variable has that name.
+    ClassInfo* classNamedBy(const syntax::Expression& expression) const;
+    [[noreturn]] void failUnknownName(std::string_view name, Offset offset, bool called) const;
+
+    CodePtr read(Operand operand, Offset offset); // fails for a property without getter
+    CodePtr convert(CodePtr code, const Type& from, const Type& to, Offset offset);
+
+    bool isConstant(const syntax::Expression& expression) const;
+    // Whether the expression is a call of the language's own Array.
+    bool makesArray(const syntax::Expression& expression) const;
+
+    const Scopes& scopes_;
+    const Procedures& procedures_;
+    bool needsPool_ = false;
+};
+
+// The value of a declared constant or default.
+CodePtr literalCode(const Literal& literal);
+
+} // namespace host::language

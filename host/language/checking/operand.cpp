@@ -1,0 +1,70 @@
+#include "language/checking/operand.h"
+
+#include "language/running/places.h"
+
+namespace host::language {
+
+Operand Operand::result(Type type, CodePtr code) { return {std::move(type), Result{std::move(code)}}; }
+
+Operand Operand::call(const Method& method, CodePtr receiver, std::vector<ArgumentCode> arguments, Offset offset) {
+    return {method.signature.result, Call{&method, std::move(receiver), std::move(arguments), offset}};
+}
+
+Operand Operand::computed(Type type, CodePtr code) { return {std::move(type), Computed{std::move(code)}}; }
+Operand Operand::variable(const Variable& variable) { return {variable.type, variable.place}; }
+
+Operand Operand::element(Type type, CodePtr array, CodePtr index, Offset offset) {
+    return {std::move(type), ElementPlace{std::move(array), std::move(index), offset}};
+}
+
+Operand Operand::property(const Property& property, CodePtr object, Offset offset) {
+    return {property.type, PropertyPlace{&property, std::move(object), offset}};
+}
+
+const Property* Operand::property() const {
+    const auto* const place = std::get_if<PropertyPlace>(&form_);
+    return place ? place->property : nullptr;
+}
+
+bool Operand::isAssignable() const {
+    return std::holds_alternative<VariablePlace>(form_) || std::holds_alternative<ElementPlace>(form_);
+}
+
+bool Operand::isWritable() const {
+    const auto* const call = std::get_if<Call>(&form_);
+    return isAssignable() || (property() && property()->setter) || (call && call->method->setter);
+}
+
+CodePtr Operand::read() {
+    if (auto* const result = std::get_if<Result>(&form_)) return std::move(result->code);
+    if (auto* const call = std::get_if<Call>(&form_))
+        return callMethod(*call->method, std::move(call->receiver), std::move(call->arguments), call->offset);
+    if (auto* const computed = std::get_if<Computed>(&form_)) return std::move(computed->code);
+    if (const auto* const variable = std::get_if<VariablePlace>(&form_)) return readVariable(*variable, type_);
+    if (auto* const element = std::get_if<ElementPlace>(&form_))
+        return readElement(std::move(element->array), std::move(element->index), type_, element->offset);
+    auto& place = std::get<PropertyPlace>(form_);
+    return readProperty(*place.property, std::move(place.object), place.offset);
+}
+
+ArgumentCode Operand::reference() {
+    if (const auto* const variable = std::get_if<VariablePlace>(&form_))
+        return {addressOfVariable(*variable), nullptr, nullptr, Counting::none};
+    auto& element = std::get<ElementPlace>(form_);
+    return {nullptr, std::move(element.array), std::move(element.index), countingOf(type_)};
+}
+
+ActionPtr Operand::assign(CodePtr value) {
+    if (const auto* const variable = std::get_if<VariablePlace>(&form_))
+        return writeVariable(*variable, type_, std::move(value));
+    if (auto* const element = std::get_if<ElementPlace>(&form_))
+        return writeElement(std::move(element->array), std::move(element->index), std::move(value), element->offset);
+    if (auto* const call = std::get_if<Call>(&form_)) {
+        call->arguments.push_back({std::move(value), nullptr, nullptr});
+        return callSetter(*call->method, std::move(call->receiver), std::move(call->arguments), call->offset);
+    }
+    auto& place = std::get<PropertyPlace>(form_);
+    return writeProperty(*place.property, std::move(place.object), std::move(value), place.offset);
+}
+
+} // namespace host::language

@@ -1,0 +1,130 @@
+// The operators: which types each takes, and what comes out.
+#include "language/checking/expression_checker.h"
+#include "language/running/operators.h"
+
+#include <iterator>
+
+namespace host::language {
+namespace {
+
+using syntax::Operator;
+
+constexpr const char* symbols[] = {"^",  "-", "*", "/",  "\\", "Mod", "+",   "-",   "&",  "=",
+                                   "<>", "<", ">", "<=", ">=", "Is",  "Not", "And", "Or", "Xor"};
+static_assert(std::size(symbols) == static_cast<std::size_t>(Operator::logicalXor) + 1);
+
+std::string symbolOf(Operator operation) { return symbols[static_cast<std::size_t>(operation)]; }
+
+bool isWhole(const Type& type) { return type.is(Kind::Integer) || type.is(Kind::Color); }
+
+[[noreturn]] void failOperands(Operator operation, const Type& left, const Type& right, Offset offset) {
+    failCheck(offset, "'" + symbolOf(operation) + "' cannot be applied to " + nameOf(left) + " and " + nameOf(right));
+}
+
+} // namespace
+
+// A number as Integer or Double. Colours take part as their number.
+CodePtr ExpressionChecker::number(Value value, Kind kind) {
+    if (value.type.is(Kind::Color)) {
+        value.code = converted(std::move(value.code), value.type, Type::plain(Kind::Integer), 0);
+        value.type = Type::plain(Kind::Integer);
+    }
+    return converted(std::move(value.code), value.type, Type::plain(kind), 0);
+}
+
+Operand ExpressionChecker::form(const syntax::Unary& unary, Offset offset) {
+    Value operand = value(*unary.operand);
+    const bool whole = isWhole(operand.type);
+    if (unary.operation == Operator::logicalNot) {
+        if (operand.type.is(Kind::Boolean))
+            return Operand::computed(Type::plain(Kind::Boolean), inverted(Kind::Boolean, std::move(operand.code)));
+        if (whole)
+            return Operand::computed(Type::plain(Kind::Integer),
+                                     inverted(Kind::Integer, number(std::move(operand), Kind::Integer)));
+    } else if (operand.type.isNumber()) {
+        const Kind kind = whole ? Kind::Integer : Kind::Double;
+        return Operand::computed(Type::plain(kind), negated(kind, number(std::move(operand), kind)));
+    }
+    failCheck(offset, "'" + symbolOf(unary.operation) + "' cannot be applied to " + nameOf(operand.type));
+}
+
+Operand ExpressionChecker::form(const syntax::Binary& binary, Offset offset) {
+    Value left = value(*binary.left);
+    Value right = value(*binary.right);
+    switch (binary.operation) {
+    case Operator::join: {
+        CodePtr first = text(std::move(left));
+        return Operand::computed(Type::plain(Kind::String), joined(std::move(first), text(std::move(right))));
+    }
+    case Operator::logicalAnd:
+    case Operator::logicalOr:
+    case Operator::logicalXor: return logic(binary.operation, std::move(left), std::move(right), offset);
+    case Operator::equal:
+    case Operator::notEqual:
+    case Operator::less:
+    case Operator::greater:
+    case Operator::lessEqual:
+    case Operator::greaterEqual:
+    case Operator::is: return comparison(binary.operation, std::move(left), std::move(right), offset);
+    default: return arithmetic(binary.operation, std::move(left), std::move(right), offset);
+    }
+}
+
+Operand ExpressionChecker::arithmetic(Operator operation, Value left, Value right, Offset offset) {
+    const bool strings = left.type.is(Kind::String) || right.type.is(Kind::String);
+    if (operation == Operator::add && strings) {
+        if (left.type == right.type)
+            return Operand::computed(left.type, joined(std::move(left.code), std::move(right.code)));
+        failCheck(offset, "'+' cannot be applied to " + nameOf(left.type) + " and " + nameOf(right.type) +
+                              "; '&' joins values of any type");
+    }
+    if (!left.type.isNumber() || !right.type.isNumber()) failOperands(operation, left.type, right.type, offset);
+    const bool wholeResult = operation == Operator::integerDivide || operation == Operator::modulo;
+    const bool realResult = operation == Operator::divide || operation == Operator::power;
+    const bool wholeOperands = isWhole(left.type) && isWhole(right.type);
+    const Kind kind = wholeResult || (wholeOperands && !realResult) ? Kind::Integer : Kind::Double;
+    CodePtr first = number(std::move(left), kind);
+    CodePtr second = number(std::move(right), kind);
+    return Operand::computed(Type::plain(kind),
+                             language::arithmetic(operation, kind, std::move(first), std::move(second), offset));
+}
+
+Operand ExpressionChecker::comparison(Operator operation, Value left, Value right, Offset offset) {
+    const bool identity = operation == Operator::equal || operation == Operator::notEqual || operation == Operator::is;
+    const auto compared = [&](Kind kind, CodePtr first, CodePtr second) {
+        return Operand::computed(Type::plain(Kind::Boolean),
+                                 language::comparison(operation, kind, std::move(first), std::move(second)));
+    };
+    if (identity && left.type.isObjectReference() && right.type.isObjectReference())
+        return compared(Kind::Object, std::move(left.code), std::move(right.code));
+    if (operation == Operator::is)
+        failCheck(offset, "'Is' compares objects, not " + nameOf(left.type) + " and " + nameOf(right.type));
+    if (left.type.isNumber() && right.type.isNumber()) {
+        const Kind kind = isWhole(left.type) && isWhole(right.type) ? Kind::Integer : Kind::Double;
+        CodePtr first = number(std::move(left), kind);
+        return compared(kind, std::move(first), number(std::move(right), kind));
+    }
+    const bool booleans = left.type.is(Kind::Boolean) && right.type.is(Kind::Boolean);
+    const bool strings = left.type.is(Kind::String) && right.type.is(Kind::String);
+    if (strings || (booleans && identity)) return compared(left.type.kind, std::move(left.code), std::move(right.code));
+    failOperands(operation, left.type, right.type, offset);
+}
+
+CodePtr ExpressionChecker::comparison(Operator operation, Value left, const syntax::Expression& right) {
+    return comparison(operation, std::move(left), value(right), right.offset).read();
+}
+
+Operand ExpressionChecker::logic(Operator operation, Value left, Value right, Offset offset) {
+    const bool booleans = left.type.is(Kind::Boolean) && right.type.is(Kind::Boolean);
+    if (!booleans && !(isWhole(left.type) && isWhole(right.type))) failOperands(operation, left.type, right.type, offset);
+    if (booleans) {
+        return Operand::computed(Type::plain(Kind::Boolean),
+                                 language::logic(operation, Kind::Boolean, std::move(left.code), std::move(right.code)));
+    }
+    CodePtr first = number(std::move(left), Kind::Integer);
+    CodePtr second = number(std::move(right), Kind::Integer);
+    return Operand::computed(Type::plain(Kind::Integer),
+                             language::logic(operation, Kind::Integer, std::move(first), std::move(second)));
+}
+
+} // namespace host::language

@@ -1,0 +1,99 @@
+// Subs and Functions: their declarations are read before all statements, their bodies where they stand.
+#include "language/checking/class_names.h"
+#include "language/checking/statement_checker.h"
+#include "language/library/functions.h"
+
+namespace host::language {
+namespace {
+
+Type typeOf(const syntax::TypeName& form) {
+    const Type type = language::typeOf(form.name);
+    return form.isArray ? type.arrayOf() : type;
+}
+
+// As messages show it.
+std::string describe(const Procedure& procedure, const syntax::Procedure& form) {
+    std::string text = std::string(form.name.text) + "(";
+    for (const Parameter& parameter : procedure.signature.parameters) {
+        if (text.back() != '(') text += ", ";
+        if (parameter.byRef) text += "ByRef ";
+        if (parameter.paramArray) text += "ParamArray ";
+        text += parameter.name + " As " + nameOf(parameter.paramArray ? parameter.type.element() : parameter.type);
+        if (parameter.defaultValue) text += " = ...";
+    }
+    text += ")";
+    return form.result ? text + " As " + nameOf(procedure.signature.result) : text;
+}
+
+} // namespace
+
+void StatementChecker::declareProcedures(const syntax::Block& block) {
+    for (const syntax::Statement& statement : block) {
+        const auto* const form = std::get_if<syntax::Procedure>(&statement.form);
+        if (!form) continue;
+        std::unique_ptr<Procedure> procedure = attempt([&] { return declaration(*form); });
+        if (procedure) declared_.push_back({form, &procedures_.add(std::move(procedure))});
+    }
+}
+
+// After an error that the uses of the procedure would repeat, its name is one whose uses are no errors of their own.
+std::unique_ptr<Procedure> StatementChecker::declaration(const syntax::Procedure& form) {
+    auto procedure = std::make_unique<Procedure>();
+    try {
+        if (registry().find(form.name.text))
+            failCheck(form.name.offset, "'" + std::string(form.name.text) + "' is the name of a class");
+        procedure->signature.name = form.name.text;
+        if (form.result) procedure->signature.result = typeOf(*form.result);
+        procedure->result = countingOf(procedure->signature.result);
+        for (const syntax::Parameter& parameter : form.parameters) {
+            Parameter made;
+            made.name = parameter.name.text;
+            made.type = typeOf(parameter.type);
+            made.byRef = parameter.byRef;
+            made.paramArray = parameter.paramArray;
+            if (parameter.defaultValue) made.defaultValue = expressions_.constantValue(*parameter.defaultValue, made.type);
+            procedure->parameters.push_back(made.byRef ? Counting::none : countingOf(made.type));
+            procedure->signature.parameters.push_back(std::move(made));
+        }
+    } catch (const CheckError&) {
+        if (!scopes_.find(form.name.text)) scopes_.declare(form.name.text, Type(), form.name.offset);
+        throw;
+    }
+    procedure->text = describe(*procedure, form);
+    procedure->declaration = procedure->text.c_str();
+    procedure->shared = true;
+    for (const auto& [other, made] : declared_)
+        if (procedures_.findSame(*procedure) == made)
+            failCheck(form.name.offset, "'" + std::string(form.name.text) + "' is declared twice with these parameters");
+    return procedure;
+}
+
+ActionPtr StatementChecker::form(const syntax::Procedure& form, Offset) {
+    for (const auto& [declared, procedure] : declared_)
+        if (declared == &form) procedure->body = body(form, *procedure);
+    return sequence({});
+}
+
+ActionPtr StatementChecker::body(const syntax::Procedure& form, Procedure& procedure) {
+    procedure_ = &form;
+    resultType_ = procedure.signature.result;
+    scopes_.beginProcedure();
+    ActionPtr code = inScope(form.name.offset, [&] {
+        for (std::size_t i = 0; i < form.parameters.size(); ++i) {
+            const syntax::Name& name = form.parameters[i].name;
+            const Parameter& parameter = procedure.signature.parameters[i];
+            if (!mayDeclare(name)) continue;
+            if (parameter.byRef) {
+                scopes_.declareReference(name.text, parameter.type, name.offset);
+            } else {
+                scopes_.declare(name.text, parameter.type, name.offset);
+            }
+        }
+        return block(form.block, form.name.offset);
+    });
+    procedure.variableCount = scopes_.endProcedure();
+    procedure_ = nullptr;
+    return code;
+}
+
+} // namespace host::language

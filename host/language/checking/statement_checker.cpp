@@ -1,0 +1,163 @@
+#include "language/checking/statement_checker.h"
+
+#include "language/checking/class_names.h"
+#include "language/running/operators.h"
+#include "language/running/places.h"
+
+namespace host::language {
+ActionPtr StatementChecker::statements(const syntax::Block& block) {
+    Actions actions;
+    for (const syntax::Statement& statement : block) {
+        actions.push_back(attempt([&] {
+            return std::visit([&](const auto& alternative) { return form(alternative, statement.offset); }, statement.form);
+        }));
+    }
+    return sequence(std::move(actions));
+}
+
+// ---- Declarations
+
+Variable StatementChecker::declare(const syntax::Name& name, Type type) {
+    if (mayDeclare(name)) return scopes_.declare(name.text, std::move(type), name.offset);
+    return *scopes_.findDeclared(name.text);
+}
+
+bool StatementChecker::mayDeclare(const syntax::Name& name) {
+    if (!scopes_.findDeclared(name.text)) return true;
+    if (mode_ == ParseMode::prompt && scopes_.atOutermost()) return true;
+    diagnostics_.add(name.offset, "'" + std::string(name.text) + "' is declared already in this block or one around it");
+    return false;
+}
+
+ActionPtr StatementChecker::form(const syntax::Dim& dim, Offset offset) {
+    Actions actions;
+    for (const syntax::Dim::Group& group : dim.groups) {
+        const Type type = attempt([&] { return typeOf(group.type); });
+        for (const syntax::Declarator& declarator : group.declarators)
+            actions.push_back(declared(declarator, group, type, offset));
+    }
+    return sequence(std::move(actions));
+}
+
+// A declaration that fails still declares its name, so that its uses are no errors of their own.
+ActionPtr StatementChecker::declared(const syntax::Declarator& declarator, const syntax::Dim::Group& group, const Type& type,
+                                     Offset offset) {
+    const bool known = type.kind != Kind::Void;
+    CodePtr value = attempt([&] { return known ? initialValue(declarator, group, type) : nullptr; });
+    const Variable variable = declare(declarator.name, declarator.isArray && known ? type.arrayOf() : type);
+    return asStep(writeVariable(variable.place, variable.type, std::move(value)), offset);
+}
+
+CodePtr StatementChecker::initialValue(const syntax::Declarator& declarator, const syntax::Dim::Group& group,
+                                       const Type& type) {
+    if (declarator.isArray && !group.value) {
+        CodePtr bound = declarator.upperBound ? expressions_.valueAs(*declarator.upperBound, Type::plain(Kind::Integer))
+                                              : constant(Slot::ofInteger(-1));
+        return makeArray(type, std::move(bound), declarator.name.offset);
+    }
+    if (declarator.upperBound)
+        failCheck(declarator.upperBound->offset, "an array that gets a value takes its bound from the value");
+    if (group.value) return expressions_.valueAs(*group.value, declarator.isArray ? type.arrayOf() : type);
+    return constant(Slot());
+}
+
+ActionPtr StatementChecker::form(const syntax::ReDim& reDim, Offset offset) {
+    const syntax::Expression reference{reDim.array.offset, syntax::Reference{reDim.array.text}};
+    Value array = expressions_.value(reference);
+    if (!array.type.isArray) failCheck(reDim.array.offset, "this is of type " + nameOf(array.type) + ", no array");
+    CodePtr bound = expressions_.valueAs(*reDim.upperBound, Type::plain(Kind::Integer));
+    return asStep(resizeArray(std::move(array.code), std::move(bound), reDim.array.offset), offset);
+}
+
+// ---- Simple statements
+
+ActionPtr StatementChecker::form(const syntax::Assignment& assignment, Offset offset) {
+    Operand target = expressions_.operand(*assignment.target);
+    if (!target.isWritable()) {
+        const Property* const property = target.property();
+        failCheck(assignment.target->offset,
+                  property ? "the property '" + property->name + "' of " + property->owner->name() + " is read-only"
+                           : "this cannot be assigned to");
+    }
+    CodePtr value = expressions_.valueAs(*assignment.value, target.type());
+    return asStep(target.assign(std::move(value)), offset);
+}
+
+ActionPtr StatementChecker::form(const syntax::Evaluation& evaluation, Offset offset) {
+    Operand call = expressions_.operand(*evaluation.call);
+    if (!call.hasEffect()) failCheck(evaluation.call->offset, "this is a value, but nothing is done with it");
+    return asStep(discard(call.read()), offset);
+}
+
+ActionPtr StatementChecker::form(const syntax::Print& statement, Offset offset) {
+    std::vector<CodePtr> texts;
+    for (const syntax::ExpressionPtr& value : statement.values)
+        texts.push_back(expressions_.text(*value));
+    return asStep(print(std::move(texts)), offset);
+}
+
+ActionPtr StatementChecker::form(const syntax::Const& form, Offset) {
+    Literal value = attempt([&] {
+        const std::optional<Type> type = form.type ? std::optional<Type>(typeOf(*form.type)) : std::nullopt;
+        return expressions_.constantValue(*form.value, type);
+    });
+    if (std::holds_alternative<std::monostate>(value.value)) {
+        declare(form.name, Type()); // was wrong
+    } else if (mayDeclare(form.name)) {
+        scopes_.declareConstant(form.name.text, std::move(value), form.name.offset);
+    }
+    return sequence({});
+}
+
+ActionPtr StatementChecker::form(const syntax::Raise& statement, Offset offset) {
+    const Type exception = Type::object("RuntimeException");
+    return asStep(raiseException(expressions_.valueAs(*statement.exception, exception), offset), offset);
+}
+
+ActionPtr StatementChecker::form(const syntax::Return& statement, Offset offset) {
+    const bool wanted = procedure_ && procedure_->result;
+    if (wanted && !statement.value) failCheck(offset, "a Function returns a value");
+    if (!statement.value) return leave({Completion::Kind::leaveProcedure, 0});
+    if (!wanted) failCheck(statement.value->offset, "only a Function returns a value");
+    if (resultType_.kind == Kind::Void) return nullptr; // was wrong
+    return asStep(returnValue(expressions_.valueAs(*statement.value, resultType_)), offset);
+}
+
+ActionPtr StatementChecker::form(const syntax::Leave& statement, Offset offset) {
+    using syntax::Surrounding;
+    static constexpr const char* names[] = {"loop", "For", "While", "Do", "Sub", "Function"};
+    const std::string what = names[static_cast<std::size_t>(statement.what)];
+    if (statement.what == Surrounding::sub || statement.what == Surrounding::function) {
+        const bool isFunction = statement.what == Surrounding::function;
+        if (!procedure_ || procedure_->result.has_value() != isFunction) failCheck(offset, "this is not inside a " + what);
+        return leave({Completion::Kind::leaveProcedure, 0});
+    }
+    for (std::size_t i = loops_.size(); i-- > 0;) {
+        if (statement.what != Surrounding::anyLoop && statement.what != loops_[i]) continue;
+        return leave({statement.continues ? Completion::Kind::continueLoop : Completion::Kind::exitLoop,
+                      static_cast<std::uint16_t>(i + 1)});
+    }
+    failCheck(offset, "this is not inside a " + what + (statement.what == Surrounding::anyLoop ? "" : " loop"));
+}
+
+ActionPtr StatementChecker::form(const syntax::Presentation& presentation, Offset offset) {
+    Operand shown = expressions_.operand(*presentation.value);
+    if (shown.type().kind == Kind::Void) return asStep(discard(shown.read()), offset);
+    Value value = expressions_.value(*presentation.value);
+    expressions_.requirePool(); // to describe it takes more calls
+    return asStep(present(std::move(value.code), value.type), offset);
+}
+
+ActionPtr StatementChecker::form(const syntax::Broken& broken, Offset offset) {
+    const auto declareNames = [&] {
+        for (const syntax::Name& name : broken.names)
+            if (!scopes_.find(name.text)) scopes_.declare(name.text, Type(), name.offset);
+    };
+    if (!broken.block) return declareNames(), nullptr;
+    return inScope(offset, [&] {
+        declareNames();
+        return loopBody(syntax::Surrounding::forLoop, *broken.block, offset).body;
+    });
+}
+
+} // namespace host::language

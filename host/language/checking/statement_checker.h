@@ -1,0 +1,101 @@
+// Checks statements: the simple ones, those with blocks, and procedures, each in a file of its own.
+#pragma once
+
+#include "language/checking/checker.h"
+#include "language/checking/expression_checker.h"
+#include "language/running/control_flow.h"
+
+#include <utility>
+#include <vector>
+
+namespace host::language {
+
+class StatementChecker {
+public:
+    StatementChecker(Scopes& scopes, Procedures& procedures, ParseMode mode, Diagnostics& diagnostics)
+        : scopes_(scopes), procedures_(procedures), mode_(mode), diagnostics_(diagnostics),
+          expressions_(scopes, procedures) {}
+
+    // Of the block that is open in the scopes, behind the declarations of its procedures.
+    ActionPtr statements(const syntax::Block& block);
+    void declareProcedures(const syntax::Block& block);
+
+private:
+    ActionPtr block(const syntax::Block& block, Offset offset) {
+        return inScope(offset, [&] { return statements(block); });
+    }
+
+    // Simple statements.
+    ActionPtr form(const syntax::Dim& dim, Offset offset);
+    ActionPtr form(const syntax::ReDim& reDim, Offset offset);
+    ActionPtr form(const syntax::Assignment& assignment, Offset offset);
+    ActionPtr form(const syntax::Evaluation& evaluation, Offset offset);
+    ActionPtr form(const syntax::Print& statement, Offset offset);
+    ActionPtr form(const syntax::Const& constant, Offset offset);
+    ActionPtr form(const syntax::Raise& statement, Offset offset);
+    ActionPtr form(const syntax::Return& statement, Offset offset);
+    ActionPtr form(const syntax::Leave& statement, Offset offset);
+    ActionPtr form(const syntax::Presentation& presentation, Offset offset);
+    ActionPtr form(const syntax::Broken& broken, Offset offset);
+
+    ActionPtr declared(const syntax::Declarator& declarator, const syntax::Dim::Group& group, const Type& type,
+                       Offset offset);
+    CodePtr initialValue(const syntax::Declarator& declarator, const syntax::Dim::Group& group, const Type& type);
+    Variable declare(const syntax::Name& name, Type type);
+    bool mayDeclare(const syntax::Name& name); // reports when not
+
+    // Statements with blocks (block_checker.cpp).
+    ActionPtr form(const syntax::If& statement, Offset offset);
+    ActionPtr form(const syntax::While& loop, Offset offset);
+    ActionPtr form(const syntax::Do& loop, Offset offset);
+    ActionPtr form(const syntax::Select& statement, Offset offset);
+    ActionPtr form(const syntax::For& loop, Offset offset);
+    ActionPtr form(const syntax::ForEach& loop, Offset offset);
+    ActionPtr form(const syntax::Try& statement, Offset offset);
+    Handler handler(const syntax::Try::Catch& form, Offset offset);
+    CodePtr caseCondition(const std::vector<syntax::CaseTest>& tests, const Variable& value);
+    Type loopType(const syntax::LoopVariable& form);
+    Variable loopVariable(const syntax::LoopVariable& form, const Type& type);
+    LoopBody loopBody(syntax::Surrounding kind, const syntax::Block& block, Offset offset);
+    CodePtr stepValue(const syntax::Expression& expression, const Type& type);
+
+    // Procedures (procedure_checker.cpp).
+    ActionPtr form(const syntax::Procedure& procedure, Offset offset);
+    std::unique_ptr<Procedure> declaration(const syntax::Procedure& form);
+    ActionPtr body(const syntax::Procedure& form, Procedure& procedure);
+
+    ActionPtr asStep(ActionPtr action, Offset offset) {
+        return step(std::move(action), expressions_.takeNeedsPool(), offset);
+    }
+
+    // Runs the check of a part; its error is reported, and the answer then is the null value.
+    template <class Check>
+    auto attempt(Check check) {
+        try {
+            return check();
+        } catch (const CheckError& error) {
+            expressions_.takeNeedsPool();
+            if (!error.message.empty()) diagnostics_.add(error.offset, error.message);
+            return decltype(check())();
+        }
+    }
+
+    template <class Check>
+    ActionPtr inScope(Offset offset, Check check) {
+        scopes_.open();
+        ActionPtr body = check();
+        return scope(std::move(body), scopes_.close(), offset);
+    }
+
+    Scopes& scopes_;
+    Procedures& procedures_;
+    ParseMode mode_;
+    Diagnostics& diagnostics_;
+    ExpressionChecker expressions_;
+    std::vector<syntax::Surrounding> loops_;                                // around the place, the outermost first
+    std::vector<std::pair<const syntax::Procedure*, Procedure*>> declared_; // those whose bodies are to be checked
+    const syntax::Procedure* procedure_ = nullptr;                          // around the place; null: none
+    Type resultType_;                                                       // its
+};
+
+} // namespace host::language

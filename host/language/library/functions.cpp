@@ -1,0 +1,195 @@
+#include "language/library/functions.h"
+
+#include "language/library/text_functions.h"
+#include "language/library/values.h"
+#include "text/utf8.h"
+
+#include "model/builtins.h"
+#include "model/strings.h"
+
+#include <algorithm>
+#include <charconv>
+#include <clocale>
+#include <cmath>
+#include <cwctype>
+
+namespace host::language {
+namespace {
+
+String* strBoolean(HostBoolean value) { return newString(textOf(value != 0)); }
+String* strInteger(HostInteger value) { return newString(textOf(value)); }
+String* strDouble(double value) { return newString(textOf(value)); }
+String* strColor(HostColor value) { return newString("&h" + hexOf(value, 8)); }
+
+constexpr HostInteger mostHexDigits = 64;
+
+String* hexInteger(HostInteger value, HostInteger digits) {
+    const HostInteger shown = std::clamp(digits, HostInteger{0}, mostHexDigits);
+    return newString(hexOf(static_cast<std::uintptr_t>(value), static_cast<std::size_t>(shown)));
+}
+String* hexColor(HostColor value, HostInteger digits) { return hexInteger(integerOf(value), digits); }
+
+// The number at the start of the text, or 0.
+double val(String* string) {
+    const std::string text = utf8Of(string);
+    const std::size_t start = text.find_first_not_of(" \t");
+    if (start == std::string::npos) return 0;
+    const std::size_t digit = start + (text[start] == '-' || text[start] == '+' ? 1 : 0);
+    const std::size_t first = digit + (digit < text.size() && text[digit] == '.' ? 1 : 0);
+    if (first >= text.size() || text[first] < '0' || text[first] > '9') return 0; // from_chars would read "inf" too
+    double value = 0;
+    std::from_chars(text.data() + digit, text.data() + text.size(), value);
+    return text[start] == '-' ? -value : value;
+}
+
+double roundReal(double value) { return std::round(value); }
+double floorReal(double value) { return std::floor(value); }
+double ceilReal(double value) { return std::ceil(value); }
+
+double squareRoot(double value) { return std::sqrt(value); }
+
+HostInteger absInteger(HostInteger value) {
+    return value < 0 ? static_cast<HostInteger>(-static_cast<std::uintptr_t>(value)) : value;
+}
+double absReal(double value) { return std::fabs(value); }
+HostInteger minInteger(HostInteger a, HostInteger b) { return std::min(a, b); }
+HostInteger maxInteger(HostInteger a, HostInteger b) { return std::max(a, b); }
+double minReal(double a, double b) { return std::fmin(a, b); }
+double maxReal(double a, double b) { return std::fmax(a, b); }
+
+// Channels beyond 0 to 255 count as the nearest of the two.
+HostColor rgb(HostInteger red, HostInteger green, HostInteger blue, HostInteger alpha) {
+    const auto channel = [](HostInteger value) {
+        return static_cast<HostColor>(std::clamp(value, HostInteger{0}, HostInteger{255}));
+    };
+    return channel(alpha) << 24 | channel(red) << 16 | channel(green) << 8 | channel(blue);
+}
+
+// Text functions count in characters, the first being number 1.
+
+HostInteger len(String* text) { return static_cast<HostInteger>(utf8::length(utf8Of(text))); }
+
+// Up to `count` characters from number `start` (from 0) on.
+String* cut(std::string_view text, HostInteger start, HostInteger count) {
+    const auto offset = [](std::string_view from, HostInteger index) {
+        return utf8::offsetOf(from, static_cast<std::size_t>(std::max(index, HostInteger{0})));
+    };
+    const std::string_view rest = text.substr(offset(text, start));
+    return newString(rest.substr(0, offset(rest, count)));
+}
+
+String* mid(String* text, HostInteger start, HostInteger count) {
+    return cut(utf8Of(text), std::max(start, HostInteger{1}) - 1, count);
+}
+String* midToEnd(String* text, HostInteger start) { return mid(text, start, len(text)); }
+String* left(String* text, HostInteger count) { return cut(utf8Of(text), 0, count); }
+String* right(String* text, HostInteger count) {
+    const HostInteger length = len(text);
+    return cut(utf8Of(text), length - std::clamp(count, HostInteger{0}, length), length);
+}
+
+// 0 when it is not in there.
+HostInteger inStr(String* text, String* wanted) {
+    const std::string bytes = utf8Of(text);
+    const std::size_t at = bytes.find(utf8Of(wanted));
+    return at == std::string::npos ? 0 : static_cast<HostInteger>(utf8::length(std::string_view(bytes).substr(0, at))) + 1;
+}
+
+// From character number `start` on.
+HostInteger inStrFrom(HostInteger start, String* text, String* wanted) {
+    const HostInteger first = std::max(start, HostInteger{1});
+    String* const rest = midToEnd(text, first);
+    const HostInteger at = inStr(rest, wanted);
+    unlock(rest);
+    return at == 0 || first > len(text) + 1 ? 0 : at + first - 1;
+}
+
+// The letters of all scripts, whatever the locale of the process; null where the system has no such table.
+locale_t unicodeLocale() {
+    static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    return locale;
+}
+std::uint32_t upperCharacter(std::uint32_t code) {
+    const auto letter = static_cast<wint_t>(code);
+    return static_cast<std::uint32_t>(unicodeLocale() ? towupper_l(letter, unicodeLocale()) : std::towupper(letter));
+}
+std::uint32_t lowerCharacter(std::uint32_t code) {
+    const auto letter = static_cast<wint_t>(code);
+    return static_cast<std::uint32_t>(unicodeLocale() ? towlower_l(letter, unicodeLocale()) : std::towlower(letter));
+}
+String* uppercase(String* text) { return newString(utf8::map(utf8Of(text), upperCharacter)); }
+String* lowercase(String* text) { return newString(utf8::map(utf8Of(text), lowerCharacter)); }
+
+struct Definition {
+    const char* declaration;
+    REALfunction function;
+};
+
+const Definition definitions[] = {
+    {"Str(value as boolean) as string", bound(strBoolean)},
+    {"Str(value as integer) as string", bound(strInteger)},
+    {"Str(value as double) as string", bound(strDouble)},
+    {"Str(value as color) as string", bound(strColor)},
+    {"Hex(value as integer, digits as integer = 0) as string", bound(hexInteger)},
+    {"Hex(value as color, digits as integer = 0) as string", bound(hexColor)},
+    {"Val(text as string) as double", bound(val)},
+    {"Len(text as string) as integer", bound(len)},
+    {"Mid(text as string, start as integer) as string", bound(midToEnd)},
+    {"Mid(text as string, start as integer, length as integer) as string", bound(mid)},
+    {"Left(text as string, length as integer) as string", bound(left)},
+    {"Right(text as string, length as integer) as string", bound(right)},
+    {"InStr(text as string, wanted as string) as integer", bound(inStr)},
+    {"InStr(start as integer, text as string, wanted as string) as integer", bound(inStrFrom)},
+    {"Trim(text as string) as string", bound(text::trim)},
+    {"LTrim(text as string) as string", bound(text::trimLeft)},
+    {"RTrim(text as string) as string", bound(text::trimRight)},
+    {"Replace(text as string, wanted as string, by as string) as string", bound(text::replace)},
+    {"Repeat(text as string, count as integer) as string", bound(text::repeat)},
+    {"Split(text as string, delimiter as string = \" \") as string()", bound(text::split)},
+    {"Join(parts() as string, delimiter as string = \" \") as string", bound(text::join)},
+    {"Chr(code as integer) as string", bound(text::character)},
+    {"Asc(text as string) as integer", bound(text::codeOf)},
+    {"Format(value as double, pattern as string) as string", bound(text::format)},
+    {"Uppercase(text as string) as string", bound(uppercase)},
+    {"Lowercase(text as string) as string", bound(lowercase)},
+    {"Round(value as double) as double", bound(roundReal)},
+    {"Floor(value as double) as double", bound(floorReal)},
+    {"Ceil(value as double) as double", bound(ceilReal)},
+    {"Sqrt(value as double) as double", bound(squareRoot)},
+    {"Abs(value as integer) as integer", bound(absInteger)},
+    {"Abs(value as double) as double", bound(absReal)},
+    {"Min(a as integer, b as integer) as integer", bound(minInteger)},
+    {"Min(a as double, b as double) as double", bound(minReal)},
+    {"Max(a as integer, b as integer) as integer", bound(maxInteger)},
+    {"Max(a as double, b as double) as double", bound(maxReal)},
+    {"RGB(red as integer, green as integer, blue as integer, alpha as integer = 0) as color", bound(rgb)},
+};
+
+} // namespace
+
+const std::vector<Method>& functions() {
+    static const std::vector<Method> all = [] {
+        std::vector<Method> made;
+        for (const Definition& definition : definitions) {
+            Method method = {};
+            method.signature = parseSignature(definition.declaration);
+            method.function = definition.function;
+            method.invoke = Invoker(method.signature, false);
+            method.declaration = definition.declaration;
+            method.shared = true;
+            method.index = made.size();
+            made.push_back(std::move(method));
+        }
+        return made;
+    }();
+    return all;
+}
+
+OverloadSet findFunctions(std::string_view name) {
+    OverloadSet found;
+    for (const Method& method : functions())
+        if (equalIgnoringCase(method.signature.name, name)) found.push_back(&method);
+    return found;
+}
+
+} // namespace host::language

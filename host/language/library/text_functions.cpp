@@ -1,0 +1,180 @@
+#include "language/library/text_functions.h"
+
+#include "text/utf8.h"
+
+#include "model/exceptions.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <string>
+#include <utility>
+
+namespace host::language::text {
+namespace {
+
+constexpr std::string_view blanks = " \t\r\n";
+constexpr std::size_t mostBytes = std::size_t{1} << 28;
+
+String* trimmed(String* text, bool left, bool right) {
+    const std::string bytes = utf8Of(text);
+    const std::size_t first = left ? bytes.find_first_not_of(blanks) : 0;
+    if (first == std::string::npos) return nullptr;
+    const std::size_t last = right ? bytes.find_last_not_of(blanks) + 1 : bytes.size();
+    return last > first ? newString(std::string_view(bytes).substr(first, last - first)) : nullptr;
+}
+
+// False, with the exception recorded, when a text would have too many bytes.
+bool fits(std::size_t bytes) {
+    if (bytes <= mostBytes) return true;
+    raise("OutOfMemoryException", "A text cannot have more than 256 MB.");
+    return false;
+}
+
+// A pattern of numbers, taken apart.
+struct Pattern {
+    std::string prefix;
+    std::string suffix;
+    std::size_t wholeDigits = 0;    // at least
+    std::size_t digits = 0;         // behind the point, at least
+    std::size_t optionalDigits = 0; // further ones unless 0
+    bool grouped = false;
+    bool percent = false;
+};
+
+Pattern parsePattern(std::string_view text) {
+    Pattern pattern;
+    bool behindPoint = false;
+    bool inNumber = false;
+    std::string* literal = &pattern.prefix;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        const bool escaped = c == '\\' && i + 1 < text.size();
+        const bool ofNumber =
+            literal == &pattern.prefix && (c == '0' || c == '#' || (c == '.' && !behindPoint) || (c == ',' && inNumber));
+        if (!escaped && ofNumber) {
+            inNumber = true;
+            if (c == '.') behindPoint = true;
+            if (c == ',' && !behindPoint) pattern.grouped = true;
+            if (c == '0' && !behindPoint) ++pattern.wholeDigits;
+            if (c == '0' && behindPoint) pattern.digits += 1 + std::exchange(pattern.optionalDigits, 0);
+            if (c == '#' && behindPoint) ++pattern.optionalDigits;
+            continue;
+        }
+        if (inNumber) literal = &pattern.suffix;
+        if (c == '%' && !escaped) pattern.percent = true;
+        *literal += escaped ? text[++i] : c;
+    }
+    return pattern;
+}
+
+} // namespace
+
+String* trim(String* text) { return trimmed(text, true, true); }
+String* trimLeft(String* text) { return trimmed(text, true, false); }
+String* trimRight(String* text) { return trimmed(text, false, true); }
+
+String* replace(String* text, String* wanted, String* by) {
+    const std::string bytes = utf8Of(text);
+    const std::string from = utf8Of(wanted);
+    const std::string to = utf8Of(by);
+    if (from.empty()) return newString(bytes);
+    std::string result;
+    std::size_t start = 0;
+    for (std::size_t at = bytes.find(from); at != std::string::npos; at = bytes.find(from, start)) {
+        result.append(bytes, start, at - start).append(to);
+        if (!fits(result.size())) return nullptr;
+        start = at + from.size();
+    }
+    return newString(result.append(bytes, start, std::string::npos));
+}
+
+String* repeat(String* text, HostInteger count) {
+    const std::string bytes = utf8Of(text);
+    if (count <= 0 || bytes.empty()) return nullptr;
+    const auto times = static_cast<std::size_t>(count);
+    if (!fits(times > mostBytes ? times : bytes.size() * std::min(times, mostBytes / bytes.size() + 1))) return nullptr;
+    std::string result;
+    result.reserve(bytes.size() * times);
+    for (std::size_t i = 0; i < times; ++i)
+        result += bytes;
+    return newString(result);
+}
+
+Array* split(String* text, String* delimiter) {
+    const std::string bytes = utf8Of(text);
+    const std::string between = utf8Of(delimiter);
+    Array* const parts = newArray(Type::plain(Kind::String));
+    const auto append = [&](std::string_view part) {
+        String* const string = newString(part);
+        appendElement(parts, Slot::ofString(string));
+        unlock(string);
+    };
+    std::string_view rest = bytes;
+    if (between.empty()) {
+        for (; !rest.empty(); rest.remove_prefix(utf8::offsetOf(rest, 1)))
+            append(rest.substr(0, utf8::offsetOf(rest, 1)));
+        return parts;
+    }
+    for (std::size_t at = rest.find(between); at != std::string_view::npos; at = rest.find(between)) {
+        append(rest.substr(0, at));
+        rest.remove_prefix(at + between.size());
+    }
+    append(rest);
+    return parts;
+}
+
+String* join(Array* parts, String* delimiter) {
+    if (!parts) {
+        raise("NilObjectException", "An array that is Nil was used.");
+        return nullptr;
+    }
+    const std::string between = utf8Of(delimiter);
+    std::string result;
+    for (HostInteger i = 0; i <= upperBound(parts); ++i) {
+        result.append(i == 0 ? "" : between).append(utf8Of(elementAt(parts, i).string));
+        if (!fits(result.size())) return nullptr;
+    }
+    return newString(result);
+}
+
+String* character(HostInteger code) {
+    const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
+    if (code < 0 || code > 0x10FFFF || surrogate) {
+        raise("OutOfBoundsException", "There is no character with the number " + std::to_string(code) + ".");
+        return nullptr;
+    }
+    return newString(utf8::encoded(static_cast<std::uint32_t>(code)));
+}
+
+HostInteger codeOf(String* text) {
+    const std::optional<std::uint32_t> first = utf8::firstOf(utf8Of(text));
+    return first ? static_cast<HostInteger>(*first) : -1;
+}
+
+String* format(double value, String* patternText) {
+    const Pattern pattern = parsePattern(utf8Of(patternText));
+    constexpr std::size_t mostDigits = 30;
+    const double shown = pattern.percent ? value * 100 : value;
+    if (!std::isfinite(shown)) return newString(std::isnan(shown) ? "nan" : shown < 0 ? "-inf" : "inf");
+    const std::size_t required = std::min(pattern.digits, mostDigits);
+    const std::size_t most = std::min(required + pattern.optionalDigits, mostDigits);
+    char buffer[400]; // a double has at most 309 digits before the point
+    const auto written =
+        std::to_chars(buffer, buffer + sizeof buffer, std::fabs(shown), std::chars_format::fixed, static_cast<int>(most));
+    const std::string_view number(buffer, static_cast<std::size_t>(written.ptr - buffer));
+    std::string whole(number.substr(0, number.find('.')));
+    std::string fraction(most == 0 ? std::string_view() : number.substr(number.find('.') + 1));
+    while (fraction.size() > required && fraction.back() == '0')
+        fraction.pop_back();
+    const bool negative = shown < 0 && number.find_first_not_of("0.") != std::string_view::npos;
+    if (whole == "0") whole.clear();
+    if (whole.size() < pattern.wholeDigits)
+        whole.insert(0, std::min(pattern.wholeDigits, mostDigits) - std::min(whole.size(), mostDigits), '0');
+    for (std::size_t at = whole.size(); pattern.grouped && at > 3;)
+        whole.insert(at -= 3, ",");
+    return newString((negative ? "-" : "") + pattern.prefix + whole + (fraction.empty() ? "" : ".") + fraction +
+                     pattern.suffix);
+}
+
+} // namespace host::language::text

@@ -1,0 +1,85 @@
+#include "language/library/values.h"
+
+#include "model/arrays.h"
+#include "model/classes.h"
+#include "model/strings.h"
+#include "model/variants.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace host::language {
+namespace {
+
+// Every shortest form fits: the longest are fixed ones near the limits below.
+using Buffer = char[64];
+
+template <class... How>
+std::string written(double value, How... how) {
+    Buffer buffer;
+    return {buffer, std::to_chars(buffer, buffer + sizeof buffer, value, how...).ptr};
+}
+
+std::string textOfArray(Object* object) {
+    const Array* const array = asArray(object);
+    if (!array) return "Nil";
+    std::string text = "(";
+    for (HostInteger i = 0; inBounds(array, i); ++i)
+        text.append(i == 0 ? "" : ", ").append(textOf(elementType(array), elementAt(array, i)));
+    return text + ")";
+}
+
+std::string textOfVariant(Object* variant) {
+    const Type held = typeInVariant(variant);
+    if (held.isObjectReference()) return textOf(held, Slot::ofObject(variant));
+    Slot value;
+    return readVariant(variant, held, value) ? textOf(held, value) : std::string();
+}
+
+} // namespace
+
+std::string textOf(double value) {
+    constexpr double smallestFixed = 1e-5;
+    constexpr double largestFixed = 1e15;
+    const double magnitude = std::fabs(value);
+    const bool fixed = magnitude == 0 || (magnitude >= smallestFixed && magnitude < largestFixed);
+    return fixed ? written(value, std::chars_format::fixed) : written(value);
+}
+
+std::string textOf(HostInteger value) { return std::to_string(value); }
+
+std::string textOf(bool value) { return value ? "True" : "False"; }
+
+std::string hexOf(std::uintptr_t value, std::size_t digits) {
+    std::string text;
+    for (; value != 0 || text.empty(); value >>= 4)
+        text.insert(text.begin(), "0123456789ABCDEF"[value & 15]);
+    return text.size() < digits ? std::string(digits - text.size(), '0') + text : text;
+}
+
+std::string textOf(const Type& type, Slot value) {
+    if (type.isArray) return textOfArray(value.object);
+    switch (type.kind) {
+    case Kind::Void: return {};
+    case Kind::Boolean: return textOf(value.boolean != 0);
+    case Kind::Integer: return textOf(value.integer);
+    case Kind::Double: return textOf(value.real);
+    case Kind::Color: return "&h" + hexOf(value.color, 8);
+    case Kind::String: return utf8Of(value.string);
+    case Kind::Object: return value.object ? value.object->info->name() : "Nil";
+    case Kind::Variant: return value.object ? textOfVariant(value.object) : "Nil";
+    }
+    return {};
+}
+
+HostInteger truncated(double value) {
+    constexpr HostInteger lowest = std::numeric_limits<HostInteger>::min();
+    constexpr HostInteger highest = std::numeric_limits<HostInteger>::max();
+    if (std::isnan(value)) return 0;
+    if (value <= static_cast<double>(lowest)) return lowest;
+    if (value >= static_cast<double>(highest)) return highest;
+    return static_cast<HostInteger>(value);
+}
+
+} // namespace host::language

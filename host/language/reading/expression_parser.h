@@ -1,0 +1,63 @@
+// Parses expressions by precedence climbing. Precedence, from the tightest: ^, unary -, * / \ Mod, + -, &, comparisons with
+// Is and IsA, Not, And, Or, Xor. Operators of one level group to the left.
+#pragma once
+
+#include "language/reading/syntax.h"
+#include "language/reading/token_stream.h"
+
+namespace host::language {
+
+// How deep a program is nested at a place. Parser, checker and execution recurse as deep, so it is limited to what every
+// stack can hold.
+class Nesting {
+public:
+    explicit Nesting(unsigned& depth, Offset offset) : depth_(depth), outer_(depth) { deepen(offset); }
+    ~Nesting() { depth_ = outer_; }
+    Nesting(const Nesting&) = delete;
+    Nesting& operator=(const Nesting&) = delete;
+
+    // One level more until this goes out of scope.
+    void deepen(Offset offset) {
+        if (++depth_ > deepest)
+            throw SyntaxError{offset, "this is nested more than " + std::to_string(deepest) + " levels deep; split it up",
+                              true};
+    }
+
+private:
+    static constexpr unsigned deepest = 500;
+    unsigned& depth_;
+    unsigned outer_;
+};
+
+class ExpressionParser {
+public:
+    ExpressionParser(TokenStream& tokens, unsigned& depth) : tokens_(tokens), depth_(depth) {}
+
+    syntax::ExpressionPtr expression() { return binary(0); }
+
+    // The expression that begins with the given one.
+    syntax::ExpressionPtr expressionFrom(syntax::ExpressionPtr first);
+
+    // A name with what follows it in dots and parentheses: what a statement can begin with.
+    syntax::ExpressionPtr postfix();
+
+    // Values separated by commas.
+    std::vector<syntax::ExpressionPtr> list();
+
+    // A list in parentheses, which may be empty.
+    std::vector<syntax::ExpressionPtr> parenthesised();
+
+    // Class[(arguments)], behind the New.
+    syntax::New newObject();
+
+private:
+    syntax::ExpressionPtr binary(int lowest);
+    syntax::ExpressionPtr operators(syntax::ExpressionPtr left, int lowest, Nesting& nesting);
+    syntax::ExpressionPtr prefix();
+    syntax::ExpressionPtr primary();
+
+    TokenStream& tokens_;
+    unsigned& depth_;
+};
+
+} // namespace host::language

@@ -1,0 +1,307 @@
+#include "language/reading/lexer.h"
+
+#include "text/letters.h"
+#include "text/utf8.h"
+
+#include <array>
+#include <charconv>
+#include <limits>
+
+namespace host::language {
+namespace {
+
+struct KeywordName {
+    std::string_view name;
+    Keyword keyword;
+};
+
+constexpr KeywordName keywords[] = {
+    {"And", Keyword::andOperator},
+    {"As", Keyword::as},
+    {"ByRef", Keyword::byRef},
+    {"ByVal", Keyword::byVal},
+    {"Case", Keyword::caseBranch},
+    {"Catch", Keyword::catchBlock},
+    {"Const", Keyword::constant},
+    {"Continue", Keyword::continueLoop},
+    {"Dim", Keyword::dim},
+    {"Do", Keyword::doLoop},
+    {"DownTo", Keyword::downTo},
+    {"Each", Keyword::each},
+    {"Else", Keyword::elseBranch},
+    {"ElseIf", Keyword::elseIf},
+    {"End", Keyword::end},
+    {"Exit", Keyword::exit},
+    {"False", Keyword::falseValue},
+    {"Finally", Keyword::finally},
+    {"For", Keyword::forLoop},
+    {"Function", Keyword::function},
+    {"If", Keyword::ifBranch},
+    {"In", Keyword::in},
+    {"Is", Keyword::is},
+    {"IsA", Keyword::isA},
+    {"Loop", Keyword::loop},
+    {"Mod", Keyword::mod},
+    {"New", Keyword::newObject},
+    {"Next", Keyword::next},
+    {"Nil", Keyword::nil},
+    {"Not", Keyword::notOperator},
+    {"Optional", Keyword::optional},
+    {"Or", Keyword::orOperator},
+    {"ParamArray", Keyword::paramArray},
+    {"Print", Keyword::print},
+    {"Raise", Keyword::raise},
+    {"ReDim", Keyword::reDim},
+    {"Return", Keyword::returnFrom},
+    {"Select", Keyword::select},
+    {"Step", Keyword::step},
+    {"Sub", Keyword::sub},
+    {"Then", Keyword::then},
+    {"To", Keyword::to},
+    {"True", Keyword::trueValue},
+    {"Try", Keyword::tryBlock},
+    {"Until", Keyword::until},
+    {"Wend", Keyword::wend},
+    {"While", Keyword::whileLoop},
+    {"Xor", Keyword::xorOperator},
+};
+
+Keyword keywordOf(std::string_view name) {
+    constexpr std::size_t longest = 10;
+    if (name.size() > longest) return Keyword::none;
+    for (const KeywordName& entry : keywords)
+        if (equalIgnoringCase(name, entry.name)) return entry.keyword;
+    return Keyword::none;
+}
+
+// The value of a digit of any base up to 16, or a large number.
+unsigned digitValue(char c) {
+    if (isDigit(c)) return static_cast<unsigned>(c - '0');
+    const char letter = lower(c);
+    return letter >= 'a' && letter <= 'f' ? static_cast<unsigned>(letter - 'a') + 10 : 99;
+}
+
+[[noreturn]] void fail(std::size_t offset, std::string message) {
+    throw SyntaxError{static_cast<Offset>(offset), std::move(message)};
+}
+
+} // namespace
+
+std::vector<std::string_view> keywordNames() {
+    std::vector<std::string_view> names;
+    for (const KeywordName& entry : keywords)
+        names.push_back(entry.name);
+    return names;
+}
+
+Lexer::Lexer(std::string_view text, Offset start) : text_(text), position_(start) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (start == 0 && text.substr(0, byteOrderMark.size()) == byteOrderMark) position_ = byteOrderMark.size();
+}
+
+Token Lexer::next() {
+    const Token token = read();
+    afterDot_ = token.kind == TokenKind::dot;
+    const bool value =
+        token.kind == TokenKind::name && (token.keyword == Keyword::none || token.keyword == Keyword::nil ||
+                                          token.keyword == Keyword::trueValue || token.keyword == Keyword::falseValue);
+    afterOperand_ = value || token.kind == TokenKind::closeParenthesis ||
+                    (token.kind >= TokenKind::integer && token.kind <= TokenKind::string);
+    return token;
+}
+
+void Lexer::skipLine() {
+    while (position_ < text_.size() && !isLineEnd(text_[position_]))
+        ++position_;
+    afterOperand_ = afterDot_ = false;
+}
+
+Token Lexer::read() {
+    skipBlanksAndComments();
+    if (position_ >= text_.size()) return finish(TokenKind::endOfFile, position_);
+    const char c = text_[position_];
+    if (isLineEnd(c) || c == ':') {
+        const std::size_t start = position_++;
+        if (c == '\r' && at(position_) == '\n') ++position_;
+        Token token = finish(TokenKind::endOfStatement, start);
+        token.lineEnd = c != ':';
+        return token;
+    }
+    if (isNameStart(c)) return name();
+    if (isDigit(c) || (c == '.' && isDigit(at(position_ + 1)) && !afterOperand_)) return number();
+    if (c == '"') return string();
+    if (c == '&' && !afterOperand_ && isNameStart(at(position_ + 1))) return prefixed();
+    return symbol();
+}
+
+void Lexer::skipBlanksAndComments() {
+    for (;;) {
+        while (isBlank(at(position_)))
+            ++position_;
+        const char c = at(position_);
+        const bool remark =
+            lower(c) == 'r' && equalIgnoringCase(text_.substr(position_, 3), "rem") && !isNamePart(at(position_ + 3));
+        if (c == '\'' || (c == '/' && at(position_ + 1) == '/') || (remark && !afterDot_)) {
+            while (position_ < text_.size() && !isLineEnd(text_[position_]))
+                ++position_;
+        } else if (!continuesLine()) {
+            return;
+        }
+    }
+}
+
+// Skips "_" and the line end behind it.
+bool Lexer::continuesLine() {
+    if (at(position_) != '_' || isNamePart(at(position_ + 1))) return false;
+    const std::size_t start = position_++;
+    while (isBlank(at(position_)))
+        ++position_;
+    const bool comment = at(position_) == '\'' || (at(position_) == '/' && at(position_ + 1) == '/');
+    while (comment && position_ < text_.size() && !isLineEnd(text_[position_]))
+        ++position_;
+    if (!isLineEnd(at(position_))) fail(start, "the line continuation '_' must be the last thing on its line");
+    position_ += at(position_) == '\r' && at(position_ + 1) == '\n' ? 2 : 1;
+    return true;
+}
+
+Token Lexer::finish(TokenKind kind, std::size_t start) const {
+    Token token;
+    token.kind = kind;
+    token.offset = static_cast<Offset>(start);
+    token.text = text_.substr(start, position_ - start);
+    return token;
+}
+
+Token Lexer::name() {
+    const std::size_t start = position_;
+    while (isNamePart(at(position_)))
+        ++position_;
+    Token token = finish(TokenKind::name, start);
+    constexpr std::size_t longest = 255;
+    if (token.text.size() > longest) fail(start, "a name has at most " + std::to_string(longest) + " characters");
+    if (!afterDot_) token.keyword = keywordOf(token.text);
+    return token;
+}
+
+Token Lexer::number() {
+    const std::size_t start = position_;
+    const auto skipDigits = [&] {
+        while (isDigit(at(position_)))
+            ++position_;
+    };
+    bool real = false;
+    skipDigits();
+    if (at(position_) == '.' && isDigit(at(position_ + 1))) {
+        real = true;
+        ++position_;
+        skipDigits();
+    }
+    if (lower(at(position_)) == 'e') {
+        const std::size_t sign = at(position_ + 1) == '+' || at(position_ + 1) == '-' ? 1 : 0;
+        if (isDigit(at(position_ + 1 + sign))) {
+            real = true;
+            position_ += 1 + sign;
+            skipDigits();
+        }
+    }
+    if (isNamePart(at(position_))) fail(position_, "a name cannot follow a number directly");
+    Token token = finish(real ? TokenKind::real : TokenKind::integer, start);
+    const char* const first = token.text.data();
+    const char* const last = first + token.text.size();
+    if (real) {
+        const auto [end, error] = std::from_chars(first, last, token.value.real);
+        static_cast<void>(end);
+        if (error == std::errc::result_out_of_range) fail(start, "this number is outside the range of a Double");
+    } else {
+        const auto [end, error] = std::from_chars(first, last, token.value.integer);
+        static_cast<void>(end);
+        if (error == std::errc::result_out_of_range) {
+            fail(start, "this number does not fit an Integer of " +
+                            std::to_string(std::numeric_limits<HostInteger>::digits + 1) +
+                            " bits; write it with a decimal point");
+        }
+    }
+    return token;
+}
+
+// &hFF, &o17, &b101 and the colours &cRRGGBB and &cRRGGBBAA.
+Token Lexer::prefixed() {
+    const std::size_t start = position_;
+    const char letter = lower(at(position_ + 1));
+    const unsigned base = letter == 'b' ? 2 : letter == 'o' ? 8 : letter == 'h' || letter == 'c' ? 16 : 0;
+    if (base == 0) return symbol();
+    position_ += 2;
+    constexpr auto highest = std::numeric_limits<std::uintptr_t>::max();
+    std::uintptr_t value = 0;
+    const std::size_t firstDigit = position_;
+    for (; digitValue(at(position_)) < base; ++position_) {
+        if (value > highest / base) fail(start, "this number has more digits than an Integer can hold");
+        value = value * base + digitValue(at(position_));
+    }
+    const std::size_t digits = position_ - firstDigit;
+    if (digits == 0 || isNamePart(at(position_)))
+        fail(position_, "a digit of base " + std::to_string(base) + " is expected here");
+    if (letter != 'c') {
+        Token token = finish(TokenKind::integer, start);
+        token.value.integer = static_cast<HostInteger>(value);
+        return token;
+    }
+    if (digits != 6 && digits != 8) fail(start, "a colour is written &cRRGGBB or &cRRGGBBAA");
+    const auto number = static_cast<HostColor>(value);
+    Token token = finish(TokenKind::color, start);
+    token.value.color = digits == 6 ? number : (number >> 8) | (number << 24);
+    return token;
+}
+
+Token Lexer::string() {
+    const std::size_t start = position_++;
+    for (;; ++position_) {
+        if (position_ >= text_.size() || isLineEnd(text_[position_]))
+            fail(start, "this text has no closing quote on its line");
+        if (text_[position_] != '"') continue;
+        ++position_;
+        if (at(position_) != '"') return finish(TokenKind::string, start);
+    }
+}
+
+Token Lexer::symbol() {
+    struct Symbol {
+        std::string_view text;
+        TokenKind kind;
+    };
+    static constexpr Symbol symbols[] = {
+        {"<>", TokenKind::notEqual},
+        {"<=", TokenKind::lessEqual},
+        {">=", TokenKind::greaterEqual},
+        {"+", TokenKind::plus},
+        {"-", TokenKind::minus},
+        {"*", TokenKind::star},
+        {"/", TokenKind::slash},
+        {"\\", TokenKind::backslash},
+        {"^", TokenKind::caret},
+        {"&", TokenKind::ampersand},
+        {"=", TokenKind::equal},
+        {"<", TokenKind::less},
+        {">", TokenKind::greater},
+        {"(", TokenKind::openParenthesis},
+        {")", TokenKind::closeParenthesis},
+        {",", TokenKind::comma},
+        {".", TokenKind::dot},
+    };
+    const std::size_t start = position_;
+    for (const Symbol& symbol : symbols) {
+        if (text_.substr(start, symbol.text.size()) != symbol.text) continue;
+        position_ += symbol.text.size();
+        return finish(symbol.kind, start);
+    }
+    const std::string_view rest = text_.substr(start);
+    if (static_cast<unsigned char>(rest[0]) < 0x20 || rest[0] == 0x7F) {
+        constexpr char digits[] = "0123456789ABCDEF";
+        const auto code = static_cast<unsigned char>(rest[0]);
+        fail(start,
+             std::string("the control character &h") + digits[code >> 4] + digits[code & 15] + " has no meaning here");
+    }
+    fail(start, "the character '" + std::string(rest.substr(0, utf8::offsetOf(rest, 1))) + "' has no meaning here");
+}
+
+} // namespace host::language

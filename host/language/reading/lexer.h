@@ -1,0 +1,45 @@
+// Cuts a program's text into tokens.
+#pragma once
+
+#include "language/reading/diagnostics.h"
+#include "language/reading/token.h"
+
+#include <vector>
+
+namespace host::language {
+
+// The keywords as they are usually written.
+std::vector<std::string_view> keywordNames();
+
+class Lexer {
+public:
+    // The text must outlive the lexer and its tokens.
+    explicit Lexer(std::string_view text, Offset start = 0);
+
+    // The next token; endOfFile again and again at the end. Throws SyntaxError.
+    Token next();
+
+    // Goes to the end of the line, after an error.
+    void skipLine();
+
+private:
+    Token read();
+    void skipBlanksAndComments();
+    bool continuesLine();
+    Token symbol();
+    Token name();
+    Token number();
+    Token prefixed();
+    Token string();
+    Token finish(TokenKind kind, std::size_t start) const;
+
+    char at(std::size_t offset) const { return offset < text_.size() ? text_[offset] : '\0'; }
+
+    std::string_view text_;
+    std::size_t position_ = 0;
+    // Whether the last token ended an operand: `a &b1` then joins strings, while `= &b1` starts a binary number.
+    bool afterOperand_ = false;
+    bool afterDot_ = false;
+};
+
+} // namespace host::language

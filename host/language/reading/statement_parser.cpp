@@ -1,0 +1,222 @@
+#include "language/reading/statement_parser.h"
+
+#include "model/types.h"
+
+#include <utility>
+
+namespace host::language {
+
+using syntax::Block;
+using syntax::ExpressionPtr;
+using syntax::Name;
+using syntax::Statement;
+
+Block StatementParser::program() {
+    Block all;
+    for (;;) {
+        Block block = statements();
+        for (Statement& statement : block)
+            all.push_back(std::move(statement));
+        if (tokens_.at(TokenKind::endOfFile)) return all;
+        report({tokens_.peek().offset, "'" + std::string(tokens_.peek().text) + "' closes no block"});
+        tokens_.skipLine();
+    }
+}
+
+void StatementParser::report(const SyntaxError& error) {
+    if (error.fatal) throw SyntaxError(error);
+    diagnostics_.add(error.offset, error.message);
+    if (diagnostics_.full() && mode_ == ParseMode::program) throw SyntaxError{error.offset, {}, true};
+}
+
+Block StatementParser::statements() {
+    Block block;
+    for (;;) {
+        try {
+            while (tokens_.accept(TokenKind::endOfStatement)) {
+            }
+        } catch (const SyntaxError& error) {
+            report(error);
+            tokens_.skipLine();
+            continue;
+        }
+        if (endsBlock()) return block;
+        block.push_back(statementOrBroken());
+    }
+}
+
+Statement StatementParser::statementOrBroken() {
+    const Offset start = tokens_.peek().offset;
+    const std::size_t openings = openings_.size();
+    try {
+        Statement read = statement();
+        const bool closerLeft = std::exchange(closerLeft_, false);
+        if (!closerLeft && !tokens_.atStatementEnd()) tokens_.failExpected("the end of the statement");
+        return read;
+    } catch (const SyntaxError& error) {
+        openings_.resize(openings, Opening());
+        return {start, broken(error, start)};
+    }
+}
+
+// Reports the error and gives up the rest of its line.
+syntax::Broken StatementParser::broken(const SyntaxError& error, Offset start) {
+    report(error);
+    tokens_.skipLine();
+    syntax::Broken form;
+    try {
+        Lexer again(source_.text(), start);
+        Token token = again.next();
+        const bool declares = token.keyword == Keyword::dim || token.keyword == Keyword::constant ||
+                              token.keyword == Keyword::forLoop || token.keyword == Keyword::sub ||
+                              token.keyword == Keyword::function;
+        for (; declares && token.kind != TokenKind::endOfStatement && token.kind != TokenKind::endOfFile;
+             token = again.next())
+            if (token.kind == TokenKind::name && token.keyword == Keyword::none)
+                form.names.push_back({token.offset, token.text});
+    } catch (const SyntaxError&) { // reported above
+    }
+    return form;
+}
+
+Block StatementParser::lineOfStatements() {
+    Block block;
+    while (!tokens_.atLineEnd() && !tokens_.at(Keyword::elseBranch)) {
+        if (tokens_.accept(TokenKind::endOfStatement)) continue;
+        block.push_back(statement());
+        if (!atEnd()) tokens_.failExpected("the end of the statement");
+    }
+    return block;
+}
+
+Statement StatementParser::statement() {
+    const Token first = tokens_.peek();
+    Nesting nesting(depth_, first.offset);
+    const auto after = [&](auto read) {
+        tokens_.take();
+        return Statement{first.offset, read()};
+    };
+    switch (first.keyword) {
+    case Keyword::none: return assignmentOrCall();
+    case Keyword::dim: return after([&] { return dim(); });
+    case Keyword::reDim: return after([&] { return reDim(); });
+    case Keyword::print: return after([&] { return print(); });
+    case Keyword::constant: return after([&] { return constant(); });
+    case Keyword::raise: return after([&] { return raise(); });
+    case Keyword::returnFrom: return after([&] { return returnStatement(); });
+    case Keyword::exit: return after([&] { return leave(false); });
+    case Keyword::continueLoop: return after([&] { return leave(true); });
+    case Keyword::ifBranch: return after([&] { return ifStatement(first.offset); });
+    case Keyword::whileLoop: return after([&] { return whileLoop(first.offset); });
+    case Keyword::doLoop: return after([&] { return doLoop(first.offset); });
+    case Keyword::select: return after([&] { return select(first.offset); });
+    case Keyword::tryBlock: return after([&] { return tryBlock(first.offset); });
+    case Keyword::forLoop: tokens_.take(); return forLoop(first.offset);
+    case Keyword::sub: tokens_.take(); return procedure(first.offset, false);
+    case Keyword::function: tokens_.take(); return procedure(first.offset, true);
+    default: return assignmentOrCall();
+    }
+}
+
+syntax::Dim StatementParser::dim() {
+    syntax::Dim form;
+    do {
+        form.groups.push_back(dimGroup());
+    } while (tokens_.accept(TokenKind::comma));
+    return form;
+}
+
+syntax::Dim::Group StatementParser::dimGroup() {
+    syntax::Dim::Group form;
+    do {
+        form.declarators.push_back(declarator());
+    } while (tokens_.accept(TokenKind::comma));
+    tokens_.expect(Keyword::as, "',' or 'As'");
+    const Offset offset = tokens_.peek().offset;
+    if (tokens_.accept(Keyword::newObject)) {
+        syntax::New value = expressions_.newObject();
+        form.type = value.className;
+        form.value = std::make_unique<syntax::Expression>(syntax::Expression{offset, std::move(value)});
+        return form;
+    }
+    form.type = name("a type");
+    if (tokens_.accept(TokenKind::equal)) form.value = expressions_.expression();
+    return form;
+}
+
+syntax::Declarator StatementParser::declarator() {
+    syntax::Declarator form{name("a variable's name"), false, nullptr};
+    if (tokens_.accept(TokenKind::openParenthesis)) {
+        form.isArray = true;
+        if (!tokens_.at(TokenKind::closeParenthesis)) form.upperBound = expressions_.expression();
+        tokens_.expect(TokenKind::closeParenthesis, "')'");
+    }
+    return form;
+}
+
+syntax::ReDim StatementParser::reDim() {
+    syntax::ReDim form{name("an array's name"), nullptr};
+    tokens_.expect(TokenKind::openParenthesis, "'('");
+    form.upperBound = expressions_.expression();
+    tokens_.expect(TokenKind::closeParenthesis, "')'");
+    return form;
+}
+
+syntax::Print StatementParser::print() {
+    if (atEnd()) return {};
+    return {expressions_.list()};
+}
+
+syntax::Const StatementParser::constant() {
+    syntax::Const form{name("a constant's name"), std::nullopt, nullptr};
+    if (tokens_.accept(Keyword::as)) form.type = name("a type");
+    tokens_.expect(TokenKind::equal, form.type ? "'='" : "'As' or '='");
+    form.value = expressions_.expression();
+    return form;
+}
+
+syntax::Return StatementParser::returnStatement() {
+    if (atEnd()) return {};
+    return {expressions_.expression()};
+}
+
+syntax::Leave StatementParser::leave(bool continues) {
+    using syntax::Surrounding;
+    if (tokens_.accept(Keyword::forLoop)) return {Surrounding::forLoop, continues};
+    if (tokens_.accept(Keyword::whileLoop)) return {Surrounding::whileLoop, continues};
+    if (tokens_.accept(Keyword::doLoop)) return {Surrounding::doLoop, continues};
+    if (continues) return {Surrounding::anyLoop, true};
+    if (tokens_.accept(Keyword::sub)) return {Surrounding::sub, false};
+    if (tokens_.accept(Keyword::function)) return {Surrounding::function, false};
+    tokens_.failExpected("'For', 'While', 'Do', 'Sub' or 'Function'");
+}
+
+// At a prompt an expression may stand here too.
+Statement StatementParser::assignmentOrCall() {
+    const Offset offset = tokens_.peek().offset;
+    const bool prompt = mode_ == ParseMode::prompt;
+    const bool startsPlace =
+        (tokens_.at(TokenKind::name) && tokens_.peek().keyword == Keyword::none) || tokens_.at(TokenKind::openParenthesis);
+    if (prompt && !startsPlace) return {offset, syntax::Presentation{expressions_.expression()}};
+    if (!startsPlace) tokens_.failExpected("a statement");
+    ExpressionPtr target = expressions_.postfix();
+    if (tokens_.accept(TokenKind::equal)) return {offset, syntax::Assignment{std::move(target), expressions_.expression()}};
+    const bool startsArgument = tokens_.at(TokenKind::string) || tokens_.at(TokenKind::integer) ||
+                                tokens_.at(TokenKind::real) || tokens_.at(TokenKind::color) || tokens_.at(Keyword::none) ||
+                                tokens_.at(Keyword::newObject);
+    if (prompt && !startsArgument) return {offset, syntax::Presentation{expressions_.expressionFrom(std::move(target))}};
+    if (!atEnd()) {
+        if (std::holds_alternative<syntax::Call>(target->form)) tokens_.failExpected("'=' or the end of the statement");
+        const Offset place = target->offset;
+        syntax::Call call{std::move(target), expressions_.list()};
+        target = std::make_unique<syntax::Expression>(syntax::Expression{place, std::move(call)});
+    }
+    return {offset, syntax::Evaluation{std::move(target)}};
+}
+
+Name StatementParser::name(std::string_view wanted) {
+    const Token token = tokens_.expectName(wanted);
+    return {token.offset, token.text};
+}
+
+} // namespace host::language

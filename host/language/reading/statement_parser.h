@@ -1,0 +1,116 @@
+// Parses statements: the simple ones here, those with blocks and procedures in files of their own.
+#pragma once
+
+#include "language/reading/expression_parser.h"
+#include "language/reading/parser.h"
+
+#include <string_view>
+#include <vector>
+
+namespace host::language {
+
+// A block that is being read: how messages call it, the words that close it, and where it began.
+struct Opening {
+    Offset offset;
+    std::string_view name;
+    std::string_view closing;
+    Keyword first;
+    Keyword second; // none: one word closes it
+};
+
+class StatementParser {
+public:
+    StatementParser(const Source& source, Diagnostics& diagnostics, ParseMode mode, Offset start)
+        : source_(source), diagnostics_(diagnostics), mode_(mode), tokens_(source.text(), start),
+          expressions_(tokens_, depth_) {}
+
+    syntax::Block program(); // throws a fatal SyntaxError
+
+    // Whether the program ended inside a block.
+    bool endedInBlock() const { return endedInBlock_; }
+
+private:
+    // Statements up to a word that ends their block, which is left to the caller.
+    syntax::Block statements();
+    syntax::Block lineOfStatements(); // what follows Then or Else on their own line
+    syntax::Statement statement();
+    syntax::Statement statementOrBroken();
+    syntax::Broken broken(const SyntaxError& error, Offset start);
+
+    // Simple statements.
+    syntax::Dim dim();
+    syntax::Dim::Group dimGroup();
+    syntax::Declarator declarator();
+    syntax::ReDim reDim();
+    syntax::Print print();
+    syntax::Const constant();
+    syntax::Raise raise() { return {expressions_.expression()}; }
+    syntax::Return returnStatement();
+    syntax::Leave leave(bool continues);
+    syntax::Statement assignmentOrCall();
+
+    // Statements with blocks (block_parser.cpp).
+    syntax::If ifStatement(Offset offset);
+    syntax::While whileLoop(Offset offset);
+    syntax::Do doLoop(Offset offset);
+    syntax::Select select(Offset offset);
+    std::vector<syntax::CaseTest> caseTests();
+    syntax::CaseTest caseTest();
+    syntax::Try tryBlock(Offset offset);
+    syntax::Statement forLoop(Offset offset);
+    syntax::LoopVariable loopVariable();
+    void closeLoop(const Opening& opening, const syntax::Name& variable);
+
+    // The condition of a block, and what must follow it; after an error in it, True.
+    template <class Expect>
+    syntax::ExpressionPtr condition(Expect expect);
+    syntax::ExpressionPtr condition() {
+        return condition([] {});
+    }
+
+    syntax::Block block(const Opening& opening); // up to the words that close it, which are taken
+    syntax::Block part(const Opening& opening);  // up to a word that ends this part of it
+    void close(const Opening& opening);
+    bool closes(const Opening& opening) const;
+    bool continues(const Opening& opening) const;
+    bool belongsToOpenBlock() const;
+    bool isMiddleOfBlock() const;
+    bool endsBlock() const;
+
+    // Procedures (procedure_parser.cpp).
+    syntax::Statement procedure(Offset offset, bool isFunction);
+    std::vector<syntax::Parameter> parameters();
+    syntax::Parameter parameter();
+    syntax::TypeName typeName();
+
+    syntax::Name name(std::string_view wanted);
+    bool atEnd() const { return tokens_.atStatementEnd() || tokens_.at(Keyword::elseBranch); }
+    void report(const SyntaxError& error);
+
+    const Source& source_;
+    Diagnostics& diagnostics_;
+    ParseMode mode_;
+    unsigned depth_ = 0;
+    TokenStream tokens_;
+    ExpressionParser expressions_;
+    std::vector<Opening> openings_;
+    bool endedInBlock_ = false;
+    bool closerLeft_ = false; // the last block left a word to a block around it
+};
+
+// Reads what the first line of a block has to say; an error in it is reported, and the rest of the line given up.
+template <class Expect>
+syntax::ExpressionPtr StatementParser::condition(Expect expect) {
+    const Offset offset = tokens_.peek().offset;
+    try {
+        syntax::ExpressionPtr value = expressions_.expression();
+        expect();
+        return value;
+    } catch (const SyntaxError& error) {
+        report(error);
+        tokens_.skipLine();
+        return std::make_unique<syntax::Expression>(syntax::Expression{offset, Literal{true}});
+    }
+}
+
+} // namespace host::language

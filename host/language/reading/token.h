@@ -1,0 +1,106 @@
+// The words of the language.
+#pragma once
+
+#include "language/reading/source.h"
+
+#include "chromabridge/host_abi.h"
+
+#include <string_view>
+
+namespace host::language {
+
+enum class TokenKind : std::uint8_t {
+    endOfFile,
+    endOfStatement, // a line's end or a colon
+    name,           // a keyword too: see Token::keyword
+    integer,
+    real,
+    color,
+    string, // the text still stands in its quotes
+    // Symbols
+    plus,
+    minus,
+    star,
+    slash,
+    backslash,
+    caret,
+    ampersand,
+    equal,
+    notEqual,
+    less,
+    greater,
+    lessEqual,
+    greaterEqual,
+    openParenthesis,
+    closeParenthesis,
+    comma,
+    dot,
+};
+
+// Keywords are recognised by where they stand: behind a dot each of them is a member's name.
+enum class Keyword : std::uint8_t {
+    none,
+    andOperator,
+    as,
+    byRef,
+    byVal,
+    caseBranch,
+    catchBlock,
+    constant,
+    continueLoop,
+    dim,
+    doLoop,
+    downTo,
+    each,
+    elseBranch,
+    elseIf,
+    end,
+    exit,
+    falseValue,
+    finally,
+    forLoop,
+    function,
+    ifBranch,
+    in,
+    is,
+    isA,
+    loop,
+    mod,
+    newObject,
+    next,
+    nil,
+    notOperator,
+    optional,
+    orOperator,
+    paramArray,
+    print,
+    raise,
+    reDim,
+    returnFrom,
+    select,
+    step,
+    sub,
+    then,
+    to,
+    trueValue,
+    tryBlock,
+    until,
+    wend,
+    whileLoop,
+    xorOperator,
+};
+
+struct Token {
+    TokenKind kind = TokenKind::endOfFile;
+    Keyword keyword = Keyword::none;
+    bool lineEnd = false; // of endOfStatement: a line's end rather than a colon
+    Offset offset = 0;
+    std::string_view text; // as written
+    union {
+        HostInteger integer;
+        double real;
+        HostColor color;
+    } value = {};
+};
+
+} // namespace host::language

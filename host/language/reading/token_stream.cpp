@@ -1,0 +1,62 @@
+#include "language/reading/token_stream.h"
+
+namespace host::language {
+namespace {
+
+std::string described(const Token& token) {
+    constexpr std::size_t longestShown = 40;
+    switch (token.kind) {
+    case TokenKind::endOfFile: return "the end of the program";
+    case TokenKind::endOfStatement: return token.lineEnd ? "the end of the line" : "':'";
+    case TokenKind::string: return "a text";
+    default: return token.text.size() > longestShown ? "this" : "'" + std::string(token.text) + "'";
+    }
+}
+
+} // namespace
+
+Token TokenStream::take() {
+    const Token taken = token_;
+    broken_ = true;
+    token_ = lexer_.next();
+    broken_ = false;
+    return taken;
+}
+
+Keyword TokenStream::keywordBehind() const {
+    try {
+        const Token behind = Lexer(lexer_).next();
+        return behind.kind == TokenKind::name ? behind.keyword : Keyword::none;
+    } catch (const SyntaxError&) {
+        return Keyword::none;
+    }
+}
+
+void TokenStream::skipLine() {
+    while (broken_ || !atLineEnd()) {
+        if (broken_) lexer_.skipLine();
+        try {
+            take();
+        } catch (const SyntaxError&) { // of a line that is given up already
+        }
+    }
+}
+
+void TokenStream::expect(TokenKind kind, std::string_view wanted) {
+    if (!accept(kind)) failExpected(wanted);
+}
+
+void TokenStream::expect(Keyword keyword, std::string_view wanted) {
+    if (!accept(keyword)) failExpected(wanted);
+}
+
+Token TokenStream::expectName(std::string_view wanted) {
+    if (!at(TokenKind::name) || token_.keyword != Keyword::none) failExpected(wanted);
+    return take();
+}
+
+void TokenStream::failExpected(std::string_view wanted) const {
+    throw SyntaxError{token_.offset, std::string(wanted) + " is expected here, not " + described(token_)};
+}
+
+} // namespace host::language

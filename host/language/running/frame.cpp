@@ -1,0 +1,30 @@
+#include "language/running/frame.h"
+
+namespace host::language {
+
+Counting countingOf(const Type& type) {
+    if (type.isObjectReference()) return Counting::object;
+    return type.kind == Kind::String ? Counting::string : Counting::none;
+}
+
+void throwPending(Offset offset) { throw Raised(takePendingException(), offset); }
+
+void throwNew(Offset offset, std::string_view className, std::string_view message) {
+    raise(className, message);
+    throwPending(offset);
+}
+
+void Frame::release(Mark mark) {
+    while (execution_.objects.size() > mark.objects) {
+        Object* const object = execution_.objects.back();
+        execution_.objects.pop_back();
+        unlock(object);
+    }
+    while (execution_.strings.size() > mark.strings) {
+        String* const string = execution_.strings.back();
+        execution_.strings.pop_back();
+        unlock(string);
+    }
+}
+
+} // namespace host::language

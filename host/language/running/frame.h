@@ -1,0 +1,137 @@
+// What a running program works on: variables, the temporaries of the step at hand, and the exceptions it raises.
+//
+// A step is a statement without blocks, or the condition or bound of a block: the stretch at whose end temporaries are
+// released and autoreleased native objects go.
+#pragma once
+
+#include "language/reading/source.h"
+
+#include "model/exceptions.h"
+#include "model/objects.h"
+#include "model/strings.h"
+
+#include <cstdint>
+#include <iosfwd>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace host::language {
+
+// How a value of some type carries references.
+enum class Counting : unsigned char { none, string, object };
+Counting countingOf(const Type& type);
+
+using host::lock;
+using host::unlock;
+
+inline void lock(Counting counting, Slot value) {
+    if (counting == Counting::object) lock(value.object);
+    if (counting == Counting::string) lock(value.string);
+}
+inline void unlock(Counting counting, Slot value) {
+    if (counting == Counting::object) unlock(value.object);
+    if (counting == Counting::string) unlock(value.string);
+}
+
+// A host exception on its way to the Catch that takes it. Thrown only within the language, never across a bound function.
+class Raised {
+public:
+    // Takes over the caller's reference.
+    Raised(Object* exception, Offset offset) : exception_(exception), offset_(offset) {}
+    Raised(const Raised& other) : exception_(other.exception_), offset_(other.offset_) { lock(exception_); }
+    Raised& operator=(const Raised&) = delete;
+    ~Raised() { unlock(exception_); }
+
+    Object* exception() const { return exception_; }
+    Offset offset() const { return offset_; } // where it was raised
+
+private:
+    Object* exception_;
+    Offset offset_;
+};
+
+// Raises the pending exception.
+[[noreturn]] void throwPending(Offset offset);
+
+// Raises a new exception of the class.
+[[noreturn]] void throwNew(Offset offset, std::string_view className, std::string_view message);
+
+inline void checkPending(Offset offset) {
+    if (hasPendingException()) throwPending(offset);
+}
+
+// Where a variable is: among those of the program, among those of the procedure that runs, or, for a parameter by reference,
+// wherever the slot of the procedure points.
+struct VariablePlace {
+    enum class Storage : std::uint8_t { program, procedure, reference };
+    Storage storage = Storage::program;
+    std::uint32_t index = 0;
+};
+
+// Whoever has the value of an expression typed at a prompt.
+class Presenter {
+public:
+    virtual ~Presenter() = default;
+    virtual void present(const Type& type, Slot value) = 0; // borrowed
+};
+
+// What all calls of a running program share.
+struct Execution {
+    std::ostream& output;
+    Presenter* presenter = nullptr; // null: the program presents nothing
+    std::vector<Slot> variables = {};
+    std::vector<Object*> objects = {}; // temporaries
+    std::vector<String*> strings = {};
+    unsigned depth = 0; // of calls
+};
+
+// One call of a procedure, or the program itself.
+class Frame {
+public:
+    explicit Frame(Execution& execution) : execution_(execution) {}
+    Frame(Frame& caller, std::size_t variableCount, Counting result)
+        : execution_(caller.execution_), variables_(variableCount), resultCounting_(result) {}
+    Frame(const Frame&) = delete;
+    Frame& operator=(const Frame&) = delete;
+    ~Frame() { unlock(resultCounting_, result_); }
+
+    Slot& variable(VariablePlace place) {
+        if (place.storage == VariablePlace::Storage::program) return execution_.variables[place.index];
+        Slot& slot = variables_[place.index];
+        return place.storage == VariablePlace::Storage::reference ? *static_cast<Slot*>(slot.reference) : slot;
+    }
+    Slot* procedureVariables() { return variables_.data(); }
+    Execution& execution() { return execution_; }
+
+    // Takes a reference of its own, until takeResult gives it to the caller.
+    void setResult(Slot value) {
+        lock(resultCounting_, value);
+        unlock(resultCounting_, std::exchange(result_, value));
+    }
+    Slot takeResult() { return std::exchange(result_, Slot()); }
+
+    // Takes over a reference that is given up at the end of the step.
+    void keep(Object* object) { execution_.objects.push_back(object); }
+    void keep(String* string) { execution_.strings.push_back(string); }
+    Slot keep(Counting counting, Slot value) {
+        if (counting == Counting::object) keep(value.object);
+        if (counting == Counting::string) keep(value.string);
+        return value;
+    }
+
+    struct Mark {
+        std::size_t objects;
+        std::size_t strings;
+    };
+    Mark mark() const { return {execution_.objects.size(), execution_.strings.size()}; }
+    void release(Mark mark); // what was kept since
+
+private:
+    Execution& execution_;
+    std::vector<Slot> variables_; // of the procedure
+    Counting resultCounting_ = Counting::none;
+    Slot result_;
+};
+
+} // namespace host::language

@@ -1,0 +1,202 @@
+#include "language/running/operators.h"
+
+#include "language/library/values.h"
+#include "language/running/frame.h"
+
+#include "model/classes.h"
+#include "model/strings.h"
+#include "model/variants.h"
+
+#include <cmath>
+#include <functional>
+
+namespace host::language {
+namespace {
+
+using syntax::Operator;
+
+// Integers wrap around as two's complement does.
+template <class Function>
+CodePtr onIntegers(CodePtr left, CodePtr right, Function function) {
+    return combine(std::move(left), std::move(right), [function](Slot a, Slot b) {
+        const auto result = function(static_cast<std::uintptr_t>(a.integer), static_cast<std::uintptr_t>(b.integer));
+        return Slot::ofInteger(static_cast<HostInteger>(result));
+    });
+}
+
+template <class Function>
+CodePtr onReals(CodePtr left, CodePtr right, Function function) {
+    return combine(std::move(left), std::move(right),
+                   [function](Slot a, Slot b) { return Slot::ofReal(function(a.real, b.real)); });
+}
+
+// \ and Mod. Dividing the lowest integer by -1 overflows in the processor, so -1 is taken apart.
+template <class Function>
+CodePtr quotient(CodePtr left, CodePtr right, Offset offset, Function function) {
+    return combine(std::move(left), std::move(right), [offset, function](Slot a, Slot b) {
+        if (b.integer == 0) throwNew(offset, "DivideByZeroException", "Division by zero.");
+        return function(a.integer, b.integer);
+    });
+}
+
+template <class Value, class Read>
+CodePtr comparing(Operator operation, CodePtr left, CodePtr right, Read read) {
+    const auto with = [&](auto compare) {
+        return combine(std::move(left), std::move(right),
+                       [read, compare](Slot a, Slot b) { return Slot::ofBoolean(compare(read(a), read(b))); });
+    };
+    switch (operation) {
+    case Operator::notEqual: return with(std::not_equal_to<Value>());
+    case Operator::less: return with(std::less<Value>());
+    case Operator::greater: return with(std::greater<Value>());
+    case Operator::lessEqual: return with(std::less_equal<Value>());
+    case Operator::greaterEqual: return with(std::greater_equal<Value>());
+    default: return with(std::equal_to<Value>());
+    }
+}
+
+CodePtr fromVariant(CodePtr value, const Type& to, Offset offset) {
+    return makeCode([value = std::move(value), to, offset](Frame& frame) {
+        Slot read;
+        if (!readVariant(value->evaluate(frame).object, to, read)) throwPending(offset);
+        return read;
+    });
+}
+
+CodePtr toVariant(CodePtr value, const Type& from) {
+    return makeCode([value = std::move(value), from](Frame& frame) {
+        Object* const boxed = newVariant(from, value->evaluate(frame));
+        frame.keep(boxed);
+        return Slot::ofObject(boxed);
+    });
+}
+
+} // namespace
+
+CodePtr constant(Slot value) {
+    return makeCode([value](Frame&) { return value; });
+}
+
+CodePtr stringConstant(std::string text) {
+    class Constant final : public Code {
+    public:
+        explicit Constant(std::string_view text) : string_(newString(text)) {}
+        ~Constant() override { host::unlock(string_); }
+        Slot evaluate(Frame&) const override { return Slot::ofString(string_); }
+
+    private:
+        String* string_; // owned
+    };
+    return std::make_unique<Constant>(text);
+}
+
+CodePtr arithmetic(Operator operation, Kind kind, CodePtr left, CodePtr right, Offset offset) {
+    const bool integers = kind == Kind::Integer;
+    const auto with = [&](auto function) {
+        return integers ? onIntegers(std::move(left), std::move(right), function)
+                        : onReals(std::move(left), std::move(right), function);
+    };
+    switch (operation) {
+    case Operator::add: return with(std::plus<>());
+    case Operator::subtract: return with(std::minus<>());
+    case Operator::multiply: return with(std::multiplies<>());
+    case Operator::power:
+        return onReals(std::move(left), std::move(right), [](double a, double b) { return std::pow(a, b); });
+    case Operator::integerDivide:
+        return quotient(std::move(left), std::move(right), offset, [](HostInteger a, HostInteger b) {
+            return Slot::ofInteger(b == -1 ? static_cast<HostInteger>(-static_cast<std::uintptr_t>(a)) : a / b);
+        });
+    case Operator::modulo:
+        return quotient(std::move(left), std::move(right), offset,
+                        [](HostInteger a, HostInteger b) { return Slot::ofInteger(b == -1 ? 0 : a % b); });
+    default: return onReals(std::move(left), std::move(right), std::divides<>());
+    }
+}
+
+CodePtr comparison(Operator operation, Kind kind, CodePtr left, CodePtr right) {
+    switch (kind) {
+    case Kind::Integer:
+        return comparing<HostInteger>(operation, std::move(left), std::move(right), [](Slot slot) { return slot.integer; });
+    case Kind::Double:
+        return comparing<double>(operation, std::move(left), std::move(right), [](Slot slot) { return slot.real; });
+    case Kind::Boolean:
+        return comparing<bool>(operation, std::move(left), std::move(right), [](Slot slot) { return slot.boolean != 0; });
+    case Kind::String: {
+        CodePtr order = combine(std::move(left), std::move(right),
+                                [](Slot a, Slot b) { return Slot::ofInteger(compare(a.string, b.string, false)); });
+        return comparison(operation, Kind::Integer, std::move(order), constant(Slot::ofInteger(0)));
+    }
+    default: return comparing<Object*>(operation, std::move(left), std::move(right), [](Slot slot) { return slot.object; });
+    }
+}
+
+CodePtr logic(Operator operation, Kind kind, CodePtr left, CodePtr right) {
+    if (kind == Kind::Integer) {
+        switch (operation) {
+        case Operator::logicalAnd: return onIntegers(std::move(left), std::move(right), std::bit_and<>());
+        case Operator::logicalOr: return onIntegers(std::move(left), std::move(right), std::bit_or<>());
+        default: return onIntegers(std::move(left), std::move(right), std::bit_xor<>());
+        }
+    }
+    if (operation == Operator::logicalXor)
+        return comparison(Operator::notEqual, Kind::Boolean, std::move(left), std::move(right));
+    const bool decisive = operation == Operator::logicalOr;
+    return makeCode([left = std::move(left), right = std::move(right), decisive](Frame& frame) {
+        const Slot first = left->evaluate(frame);
+        return (first.boolean != 0) == decisive ? first : right->evaluate(frame);
+    });
+}
+
+CodePtr negated(Kind kind, CodePtr operand) {
+    if (kind == Kind::Double) return transform(std::move(operand), [](Slot slot) { return Slot::ofReal(-slot.real); });
+    return onIntegers(constant(Slot::ofInteger(0)), std::move(operand), std::minus<>());
+}
+
+CodePtr inverted(Kind kind, CodePtr operand) {
+    if (kind == Kind::Integer)
+        return transform(std::move(operand), [](Slot slot) { return Slot::ofInteger(~slot.integer); });
+    return transform(std::move(operand), [](Slot slot) { return Slot::ofBoolean(slot.boolean == 0); });
+}
+
+CodePtr joined(CodePtr left, CodePtr right) {
+    return makeCode([left = std::move(left), right = std::move(right)](Frame& frame) {
+        const Slot a = left->evaluate(frame);
+        const Slot b = right->evaluate(frame);
+        return frame.keep(Counting::string, Slot::ofString(concatenate(a.string, b.string)));
+    });
+}
+
+CodePtr asText(CodePtr value, const Type& type) {
+    if (type == Type::plain(Kind::String)) return value;
+    return makeCode([value = std::move(value), type](Frame& frame) {
+        return frame.keep(Counting::string, Slot::ofString(newString(textOf(type, value->evaluate(frame)))));
+    });
+}
+
+bool isConvertible(const Type& from, const Type& to) {
+    if (from == to) return true;
+    if (from.kind == Kind::Void || to.kind == Kind::Void) return false;
+    const bool toVariant = to.is(Kind::Variant);
+    const bool fromVariant = from.is(Kind::Variant);
+    if (toVariant || fromVariant) return true;
+    if (from.isNil()) return to.isObjectReference();
+    if (from.isNumber() && to.isNumber()) return from.kind == Kind::Integer || to.kind == Kind::Integer;
+    if (from.isArray || to.isArray) return false;
+    return from.kind == Kind::Object && to.kind == Kind::Object && isSubclass(from.className, to.className);
+}
+
+CodePtr converted(CodePtr value, const Type& from, const Type& to, Offset offset) {
+    if (from == to || from.isNil()) return value;
+    if (to.is(Kind::Variant)) return toVariant(std::move(value), from);
+    if (from.is(Kind::Variant)) return fromVariant(std::move(value), to, offset);
+    if (!from.isNumber()) return value;
+    if (to.kind == Kind::Double)
+        return transform(std::move(value), [](Slot slot) { return Slot::ofReal(static_cast<double>(slot.integer)); });
+    if (to.kind == Kind::Color)
+        return transform(std::move(value), [](Slot slot) { return Slot::ofColor(colorOf(slot.integer)); });
+    if (from.kind == Kind::Color)
+        return transform(std::move(value), [](Slot slot) { return Slot::ofInteger(integerOf(slot.color)); });
+    return transform(std::move(value), [](Slot slot) { return Slot::ofInteger(truncated(slot.real)); });
+}
+
+} // namespace host::language

@@ -1,0 +1,41 @@
+// Code for the operators and for conversions between types. The checker has brought both operands to the one type that each
+// of these works on.
+#pragma once
+
+#include "language/reading/source.h"
+#include "language/reading/syntax.h"
+#include "language/running/code.h"
+
+#include "model/types.h"
+
+namespace host::language {
+
+CodePtr constant(Slot value); // a value that carries no reference
+CodePtr stringConstant(std::string text);
+
+// + - * on Integer or Double; / and ^ on Double; \ and Mod on Integer. Integers wrap around; \ and Mod by 0 raise.
+CodePtr arithmetic(syntax::Operator operation, Kind kind, CodePtr left, CodePtr right, Offset offset);
+
+// Comparisons of Integer, Double, Boolean, String (by code points) and Object, which stands for every reference and has only
+// equality, that of identity.
+CodePtr comparison(syntax::Operator operation, Kind kind, CodePtr left, CodePtr right);
+
+// And, Or, Xor on Boolean, the right side evaluated only when it decides, or on the bits of Integer.
+CodePtr logic(syntax::Operator operation, Kind kind, CodePtr left, CodePtr right);
+
+CodePtr negated(Kind kind, CodePtr operand);  // Integer, Double
+CodePtr inverted(Kind kind, CodePtr operand); // Boolean, Integer
+
+CodePtr joined(CodePtr left, CodePtr right); // strings
+
+// The value as a string, in the form of Print.
+CodePtr asText(CodePtr value, const Type& type);
+
+// Whether a value of one type stands for one of another without being asked: numbers among each other except between Double
+// and Color, Nil for references, a subclass for its superclass, and everything to and from Variant.
+bool isConvertible(const Type& from, const Type& to);
+
+// The conversion itself, of convertible types. From a variant it may raise.
+CodePtr converted(CodePtr value, const Type& from, const Type& to, Offset offset);
+
+} // namespace host::language

@@ -1,0 +1,83 @@
+#include "language/running/run.h"
+
+#include "model/classes.h"
+#include "model/platform.h"
+
+#include <pthread.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <ostream>
+
+namespace host::language {
+
+namespace detail {
+volatile std::sig_atomic_t interruptWanted = 0;
+}
+
+namespace {
+
+void want(int) { detail::interruptWanted = 1; }
+
+// While one lives, SIGINT interrupts the program that runs instead of ending the process.
+class InterruptScope {
+public:
+    InterruptScope() {
+        detail::interruptWanted = 0;
+        struct sigaction action = {};
+        action.sa_handler = want;
+        sigaction(SIGINT, &action, &before_);
+    }
+    ~InterruptScope() { sigaction(SIGINT, &before_, nullptr); }
+    InterruptScope(const InterruptScope&) = delete;
+    InterruptScope& operator=(const InterruptScope&) = delete;
+
+private:
+    struct sigaction before_;
+};
+
+std::string describe(const Raised& raised) {
+    const std::string message = exceptionMessage(raised.exception());
+    return "uncaught " + raised.exception()->info->name() + (message.empty() ? "" : ": " + message);
+}
+
+// The lowest address that procedures may reach. Without knowledge of the stack, 4 MB below the first question.
+std::uintptr_t lowestAddress() {
+    constexpr std::size_t mostUsed = std::size_t{8} << 20;
+    constexpr std::size_t assumed = std::size_t{4} << 20;
+    const auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+    pthread_attr_t attributes;
+    if (pthread_getattr_np(pthread_self(), &attributes) != 0) return here - assumed;
+    void* bottom = nullptr;
+    std::size_t size = 0;
+    const bool known = pthread_attr_getstack(&attributes, &bottom, &size) == 0;
+    pthread_attr_destroy(&attributes);
+    if (!known || size == 0) return here - assumed;
+    const std::size_t used = std::min(size, mostUsed);
+    return reinterpret_cast<std::uintptr_t>(bottom) + size - used + used / 4;
+}
+
+} // namespace
+
+std::string runCode(const Source& source, const Action& code, Execution& execution) {
+    const platform::AutoreleasePool pool;
+    const InterruptScope interruptible;
+    Frame frame(execution);
+    std::string report;
+    try {
+        code.execute(frame);
+    } catch (const Raised& raised) {
+        report = source.report(raised.offset(), describe(raised));
+    } catch (const Interrupted& interrupted) {
+        report = source.location(interrupted.offset) + ": interrupted\n";
+    }
+    execution.output.flush();
+    return report;
+}
+
+bool isStackLow() {
+    static const thread_local std::uintptr_t lowest = lowestAddress();
+    return reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < lowest;
+}
+
+} // namespace host::language

@@ -1,0 +1,24 @@
+// What the letters of programs and declarations are, and names, which are compared without regard to the case of their
+// letters.
+#pragma once
+
+#include <string_view>
+
+namespace host {
+
+inline char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
+inline bool isNameStart(char c) { return (lower(c) >= 'a' && lower(c) <= 'z') || c == '_'; }
+inline bool isNamePart(char c) { return isNameStart(c) || isDigit(c); }
+inline bool isBlank(char c) { return c == ' ' || c == '\t'; }
+inline bool isLineEnd(char c) { return c == '\n' || c == '\r'; }
+
+bool equalIgnoringCase(std::string_view a, std::string_view b);
+
+// The order that goes with it, for containers of names.
+struct LessIgnoringCase {
+    using is_transparent = void;
+    bool operator()(std::string_view a, std::string_view b) const;
+};
+
+} // namespace host
