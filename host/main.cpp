@@ -1,13 +1,5 @@
 // The command line of the reference host.
-#include "commands/browse.h"
-#include "commands/swatches.h"
-#include "language/language.h"
-#include "model/classes.h"
-#include "model/entries.h"
-#include "model/leaks.h"
-#include "model/plugin.h"
-#include "model/record_listing.h"
-#include "repl/repl.h"
+#include "commands/commands.h"
 
 #include <CLI/CLI.hpp> // slow to compile, so only here
 
@@ -16,7 +8,7 @@
 
 namespace {
 
-enum ExitCode { success = 0, failure = 1, usage = 2, leaked = 3 };
+using namespace host::commands;
 
 constexpr const char* footer = R"(
 Exit codes: 0 success, 1 a failure that stderr explains, 2 wrong usage, 3 leaks found.
@@ -27,54 +19,8 @@ Example:
   chromahost records --host-version 2011.0
   chromahost run red.txt --without memoryBlockGetPtr --check-leaks)";
 
-struct Options {
-    host::HostOptions host;
-    std::vector<std::string> plugins;
-    std::string program;
-    bool noSibling = false;
-    bool checkLeaks = false;
-    bool json = false;
-};
-
-void start(const Options& options, bool sibling) {
-    host::startHost(options.host);
-    if (sibling) host::loadPlugin(host::bundledPlugin("libchromasibling.so"));
-    for (const std::string& path : options.plugins)
-        host::loadPlugin(path);
-}
-
-int run(const Options& options) {
-    start(options, !options.noSibling);
-    const int result = host::language::runFile(options.program);
-    const std::string leaks = options.checkLeaks ? host::describeLeaks() : "";
-    if (leaks.empty()) return result;
-    std::cerr << "chromahost: still alive at the end: " << leaks << "\n";
-    return leaked;
-}
-
-int check(const Options& options) {
-    start(options, !options.noSibling);
-    return host::language::checkFile(options.program);
-}
-
-int prompt(const Options& options) {
-    start(options, !options.noSibling);
-    host::repl::runPrompt();
-    return success;
-}
-
-int records(const Options& options) {
-    start(options, false); // whose records are another plugin's
-    if (options.json) {
-        host::listRecordsAsJson(host::registry(), std::cout);
-    } else {
-        host::listRecords(host::registry(), std::cout);
-    }
-    return success;
-}
-
 // The options, which the parser fills, must outlive the application.
-CLI::App* addBrowse(CLI::App& application, host::commands::BrowseOptions& options) {
+CLI::App* addBrowse(CLI::App& application, BrowseOptions& options) {
     CLI::App* const command =
         application.add_subcommand("browse", "Show the classes, a class or a member, and what it is for");
     command->add_option("CLASS", options.className, "A class; without one all classes, a line each");
@@ -83,7 +29,7 @@ CLI::App* addBrowse(CLI::App& application, host::commands::BrowseOptions& option
     return command;
 }
 
-CLI::App* addSwatches(CLI::App& application, host::commands::SwatchesOptions& options) {
+CLI::App* addSwatches(CLI::App& application, SwatchesOptions& options) {
     CLI::App* const command =
         application.add_subcommand("swatches", "Draw the system's colours, or those of a list, as a picture");
     command->add_option("PICTURE", options.picture, "The file to write, .svg or .png")->required();
@@ -104,60 +50,56 @@ CLI::App* addSwatches(CLI::App& application, host::commands::SwatchesOptions& op
 } // namespace
 
 int main(int argc, char** argv) {
-    Options options;
+    Start start;
+    std::string program; // to check
+    RunOptions running;
+    bool json = false;
+    BrowseOptions browsing;
+    SwatchesOptions drawing;
     CLI::App app("Loads a plugin as its host would and runs programs of the host language with it.", "chromahost");
     app.footer(footer);
     app.require_subcommand(0, 1);
     app.fallthrough();
-    app.add_option("--plugin", options.plugins, "A plugin library, by default the one in ../lib; may be repeated")
+    app.add_option("--plugin", start.plugins, "A plugin library, by default the one in ../lib; may be repeated")
         ->type_name("PATH")
         ->expected(1)
         ->allow_extra_args(false) // what follows the value is the program
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
         ->default_str("libchromabridge.so");
-    app.add_option("--without", options.host.without, "An entry point that the host shall not have; may be repeated")
+    app.add_option("--without", start.host.without, "An entry point that the host shall not have; may be repeated")
         ->type_name("NAME")
         ->expected(1)
         ->allow_extra_args(false) // what follows the value is the program
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    app.add_option("--host-version", options.host.version,
+    app.add_option("--host-version", start.host.version,
                    "The version that the host reports, which decides the record layout")
         ->type_name("V")
         ->capture_default_str();
 
     CLI::App* const runCommand = app.add_subcommand("run", "Run a program");
-    runCommand->add_option("FILE", options.program, "The program")->required();
-    runCommand->add_flag("--no-sibling", options.noSibling,
+    runCommand->add_option("FILE", running.program, "The program")->required();
+    runCommand->add_flag("--no-sibling", start.noSibling,
                          "Leave the sibling plugin out, which has NSExceptionZRX, NSImageZRX and the instance registry");
-    runCommand->add_flag("--check-leaks", options.checkLeaks, "Fail when host objects or strings are left at the end");
+    runCommand->add_flag("--check-leaks", running.checkLeaks, "Fail when host objects or strings are left at the end");
     CLI::App* const checkCommand = app.add_subcommand("check", "Report all errors in a program without running it");
-    checkCommand->add_option("FILE", options.program, "The program")->required();
-    checkCommand->add_flag("--no-sibling", options.noSibling, "Leave the sibling plugin out");
+    checkCommand->add_option("FILE", program, "The program")->required();
+    checkCommand->add_flag("--no-sibling", start.noSibling, "Leave the sibling plugin out");
     CLI::App* const promptCommand = app.add_subcommand("repl", "Run statements as they are typed, and show values");
-    promptCommand->add_flag("--no-sibling", options.noSibling, "Leave the sibling plugin out");
+    promptCommand->add_flag("--no-sibling", start.noSibling, "Leave the sibling plugin out");
     CLI::App* const recordsCommand = app.add_subcommand("records", "List the class records as the host received them");
-    recordsCommand->add_flag("--json", options.json, "As JSON");
+    recordsCommand->add_flag("--json", json, "As JSON");
 
-    host::commands::BrowseOptions browsing;
     CLI::App* const browseCommand = addBrowse(app, browsing);
-    host::commands::SwatchesOptions drawing;
     CLI::App* const swatchesCommand = addSwatches(app, drawing);
 
     try {
         app.parse(argc, argv);
         if (app.get_subcommands().empty()) throw CLI::RequiredError("A command (--help lists them)");
-        if (options.plugins.empty()) options.plugins.push_back(host::bundledPlugin("libchromabridge.so"));
-        if (browseCommand->parsed()) {
-            start(options, true);
-            return host::commands::browse(browsing, std::cout);
-        }
-        if (swatchesCommand->parsed()) {
-            start(options, true);
-            return host::commands::swatches(drawing);
-        }
-        if (checkCommand->parsed()) return check(options);
-        if (promptCommand->parsed()) return prompt(options);
-        return runCommand->parsed() ? run(options) : records(options);
+        if (browseCommand->parsed()) return browse(start, browsing);
+        if (swatchesCommand->parsed()) return swatches(start, drawing);
+        if (checkCommand->parsed()) return check(start, program);
+        if (promptCommand->parsed()) return prompt(start);
+        return runCommand->parsed() ? run(start, running) : records(start, json);
     } catch (const CLI::CallForHelp& help) {
         return app.exit(help);
     } catch (const CLI::ParseError& error) {

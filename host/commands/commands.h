@@ -1,0 +1,50 @@
+// The commands of the command line, over a host that they start. They answer the exit code. All throw std::invalid_argument
+// for what no user can mean and std::runtime_error for what cannot be done.
+#pragma once
+
+#include "model/entries.h"
+
+#include <string>
+#include <vector>
+
+namespace host::commands {
+
+enum ExitCode { success = 0, failure = 1, usage = 2, leaked = 3 };
+
+// The host that a command works in.
+struct Start {
+    HostOptions host;
+    std::vector<std::string> plugins; // none: the one beside the program
+    bool noSibling = false;
+};
+
+struct RunOptions {
+    std::string program; // a file
+    bool checkLeaks = false;
+};
+int run(const Start& start, const RunOptions& options);
+
+// All errors of a program, which does not run.
+int check(const Start& start, const std::string& program);
+
+int prompt(const Start& start);
+
+// The class records as the host received them, without the sibling's.
+int records(const Start& start, bool json);
+
+struct BrowseOptions {
+    std::string className; // empty: all classes
+    std::string member;    // empty: the whole class
+    bool markdown = false;
+};
+int browse(const Start& start, const BrowseOptions& options);
+
+struct SwatchesOptions {
+    std::string picture;           // the file to write, .svg or .png
+    std::string list;              // a colour list's file; empty: no list
+    std::vector<std::string> keys; // of the list
+    std::string color;             // in hexadecimal, to show in every space; empty: none
+};
+int swatches(const Start& start, const SwatchesOptions& options);
+
+} // namespace host::commands

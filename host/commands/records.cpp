@@ -1,0 +1,20 @@
+#include "commands/start.h"
+
+#include "model/classes.h"
+#include "model/record_listing.h"
+
+#include <iostream>
+
+namespace host::commands {
+
+int records(const Start& start, bool json) {
+    startHost(start, false); // whose records are another plugin's
+    if (json) {
+        listRecordsAsJson(registry(), std::cout);
+    } else {
+        listRecords(registry(), std::cout);
+    }
+    return success;
+}
+
+} // namespace host::commands
