@@ -25,8 +25,7 @@ int check(const Start& start, const std::string& program) {
 
 int prompt(const Start& start) {
     startHost(start);
-    repl::runPrompt();
-    return success;
+    return repl::runPrompt();
 }
 
 } // namespace host::commands

@@ -1,9 +1,12 @@
 #include "repl/line_reader.h"
 
+#include "repl/signals.h"
+
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
+
 #include <unistd.h>
 
 namespace host::repl {
@@ -11,37 +14,38 @@ namespace {
 
 class PlainReader final : public LineReader {
 public:
-    // Ctrl-C gives up the line: the terminal drops it, and the read that waits for it ends.
     PlainReader() {
-        if (!prompts_) return;
-        struct sigaction action = {};
-        action.sa_handler = [](int) {};
-        sigaction(SIGINT, &action, nullptr);
+        if (isatty(STDIN_FILENO)) signals_.emplace(); // which drops the line at Ctrl-C; the read that waits for it ends
     }
     ~PlainReader() override { std::free(buffer_); }
     PlainReader(const PlainReader&) = delete;
     PlainReader& operator=(const PlainReader&) = delete;
 
     Line read(const char* prompt) override {
-        if (prompts_) {
-            std::fputs(prompt, stdout);
-            std::fflush(stdout);
-        }
-        errno = 0;
-        const ssize_t length = getline(&buffer_, &size_, stdin);
-        if (length < 0) {
+        if (signals_) signals_->forget();
+        for (;;) {
+            if (signals_) {
+                std::fputs(prompt, stdout);
+                std::fflush(stdout);
+            }
+            errno = 0;
+            const ssize_t length = getline(&buffer_, &size_, stdin);
+            if (length >= 0) {
+                std::string text(buffer_, static_cast<std::size_t>(length));
+                if (!text.empty() && text.back() == '\n') text.pop_back();
+                return {Line::End::entered, std::move(text)};
+            }
             if (errno != EINTR) return {Line::End::input, {}};
             std::clearerr(stdin);
             std::fputs("\n", stdout);
-            return {Line::End::interrupted, {}};
+            if (interrupted()) return {Line::End::interrupted, {}};
         }
-        std::string text(buffer_, static_cast<std::size_t>(length));
-        if (!text.empty() && text.back() == '\n') text.pop_back();
-        return {Line::End::entered, std::move(text)};
     }
 
+    void remember(const std::string&) override {} // nothing brings it back
+
 private:
-    const bool prompts_ = isatty(STDIN_FILENO) != 0;
+    std::optional<SignalScope> signals_; // none without a terminal
     char* buffer_ = nullptr;
     std::size_t size_ = 0;
 };

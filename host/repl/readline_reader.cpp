@@ -1,12 +1,15 @@
 #include "repl/line_reader.h"
 
-#include <cerrno>
-#include <csignal>
+#include "repl/signals.h"
+
+#include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
+
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <readline/history.h>
@@ -15,25 +18,32 @@
 namespace host::repl {
 namespace {
 
-volatile std::sig_atomic_t interrupted = 0;
-
 // The library knows functions only, so what they work on is here.
 Completer& completer() {
     static Completer current;
     return current;
 }
 
-// A key. Ctrl-C gives up the line, which then ends as if it had been entered empty.
-int readKey(std::FILE*) {
-    for (;;) {
-        unsigned char key = 0;
-        const ssize_t count = ::read(STDIN_FILENO, &key, 1);
-        if (count == 1) return key;
-        if (count == 0 || errno != EINTR) return EOF;
-        if (!interrupted) continue;
-        rl_replace_line("", 0);
-        return '\n';
+sigjmp_buf beforeReading;
+
+// Called while the library waits for a key, wherever in it that is, once the signals of the moment have been handled.
+int betweenKeys() {
+    if (interrupted()) siglongjmp(beforeReading, 1); // over frames of the library alone
+    if (takeContinued()) {
+        rl_deprep_terminal(); // the shell has set the terminal up for itself
+        rl_prep_terminal(1);
+        rl_forced_update_display();
     }
+    return 0;
+}
+
+// The line, for the caller to free; null at the input's end, and when the user gave up the line.
+char* edit(const char* prompt) {
+    if (sigsetjmp(beforeReading, 1) == 0) return readline(prompt);
+    rl_free_line_state();
+    rl_cleanup_after_signal();
+    rl_readline_state &= RL_STATE_INITIALIZED; // no search, no question, no half of a key goes on
+    return nullptr;
 }
 
 char* nextMatch(const char*, int state) {
@@ -66,56 +76,78 @@ std::filesystem::path historyFile() {
     return folder / "chromabridge" / "history";
 }
 
+// The entries of earlier sessions and of this one. Each goes to the file at once, so that no end of the process loses any,
+// and prompts that run beside each other keep those of all.
+class History {
+public:
+    explicit History(const std::filesystem::path& file) : file_(file.string()) {
+        constexpr int most = 1000;
+        // In front of each entry the file has a line with a time, by which the library tells entries of several lines apart.
+        // The character that marks it cannot begin a line of a program.
+        history_comment_char = '\x1E';
+        history_write_timestamps = 1;
+        using_history();
+        stifle_history(most);
+        if (file_.empty()) return;
+        std::error_code error;
+        std::filesystem::create_directories(file.parent_path(), error);
+        const int created = open(file_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+        if (created >= 0) close(created);
+        if (read_history(file_.c_str()) == 0 && needsRewriting()) write_history(file_.c_str());
+    }
+    ~History() { clear_history(); }
+    History(const History&) = delete;
+    History& operator=(const History&) = delete;
+
+    void add(const std::string& entry) const {
+        add_history(entry.c_str());
+        if (!file_.empty()) append_history(1, file_.c_str());
+    }
+
+private:
+    // A file that has grown too long, or that was kept without times.
+    static bool needsRewriting() {
+        HIST_ENTRY** const entries = history_list();
+        return entries && (history_base > 1 || !entries[0]->timestamp || !*entries[0]->timestamp);
+    }
+
+    std::string file_; // empty: none is kept
+};
+
 class ReadlineReader final : public LineReader {
 public:
     explicit ReadlineReader(Completer completes) : history_(historyFile()) {
         static char wordBreaks[] = " \t\n\"'()=<>+-*/\\^&,:.";
         completer() = std::move(completes);
         rl_readline_name = "chromahost";
-        rl_catch_signals = 0;
-        rl_getc_function = readKey;
+        rl_event_hook = betweenKeys;
         rl_attempted_completion_function = complete;
         rl_completer_word_break_characters = wordBreaks;
         rl_variable_bind("completion-ignore-case", "on");
-        using_history();
-        stifle_history(1000);
-        if (!history_.empty()) read_history(history_.c_str());
     }
-    ~ReadlineReader() override {
-        std::error_code error;
-        if (!history_.empty() && (std::filesystem::create_directories(history_.parent_path(), error), !error))
-            write_history(history_.c_str());
-        clear_history();
-        completer() = nullptr;
-    }
+    ~ReadlineReader() override { completer() = nullptr; }
     ReadlineReader(const ReadlineReader&) = delete;
     ReadlineReader& operator=(const ReadlineReader&) = delete;
 
     Line read(const char* prompt) override {
-        struct sigaction action = {};
-        struct sigaction before = {};
-        action.sa_handler = [](int) { interrupted = 1; };
-        interrupted = 0;
-        sigaction(SIGINT, &action, &before);
-        const std::unique_ptr<char, void (*)(void*)> line(readline(prompt), std::free);
-        sigaction(SIGINT, &before, nullptr);
-        if (interrupted) return {Line::End::interrupted, {}};
-        if (!line) {
-            std::fputs("\n", stdout);
-            return {Line::End::input, {}};
-        }
-        if (*line) add_history(line.get());
-        return {Line::End::entered, line.get()};
+        signals_.forget();
+        const std::unique_ptr<char, void (*)(void*)> line(edit(prompt), std::free);
+        if (line && !interrupted()) return {Line::End::entered, line.get()};
+        std::fputs("\n", stdout);
+        return {interrupted() ? Line::End::interrupted : Line::End::input, {}};
     }
 
+    void remember(const std::string& entry) override { history_.add(entry); }
+
 private:
-    std::filesystem::path history_; // empty: none is kept
+    const SignalScope signals_;
+    const History history_;
 };
 
 } // namespace
 
-std::unique_ptr<LineReader> readlineReader(Completer completes) {
-    return std::make_unique<ReadlineReader>(std::move(completes));
+std::unique_ptr<LineReader> readlineReader(Completer completer) {
+    return std::make_unique<ReadlineReader>(std::move(completer));
 }
 
 } // namespace host::repl

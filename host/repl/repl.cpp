@@ -8,6 +8,8 @@
 #include <iostream>
 #include <sstream>
 #include <stdexcept>
+#include <utility>
+
 #include <unistd.h>
 
 namespace host::repl {
@@ -21,6 +23,8 @@ constexpr const char* help =
 Ctrl-C gives up the line, or stops the statement that runs.
 )";
 
+constexpr const char* howToLeave = "To leave: :quit, or Ctrl-D on an empty line.\n";
+
 class Prompt {
 public:
     Prompt(std::ostream& output, std::ostream& errors, bool swatches)
@@ -28,31 +32,62 @@ public:
 
     language::Session& session() { return session_; }
 
-    void run(LineReader& reader) {
+    // Whether nothing failed.
+    bool run(LineReader& reader) {
         std::string text; // the lines of an open block
+        const auto remember = [&](std::string entry) {
+            while (!entry.empty() && entry.back() == '\n')
+                entry.pop_back();
+            if (!entry.empty()) reader.remember(entry);
+        };
         for (;;) {
             const Line line = reader.read(text.empty() ? "> " : "| ");
+            if (line.end == Line::End::input) break;
             if (line.end == Line::End::interrupted) {
-                text.clear();
+                remember(std::exchange(text, {}));
                 continue;
             }
-            if (line.end == Line::End::input) break;
             if (text.empty() && isCommand(line.text)) {
-                if (!command(line.text)) return;
+                remember(line.text);
+                if (!command(line.text)) return succeeded_;
                 continue;
             }
             text += line.text + "\n";
             if (session_.needsMore(text)) continue;
-            errors_ << session_.run(text) << std::flush;
-            text.clear();
+            remember(text);
+            runStatements(std::exchange(text, {}));
         }
-        if (!text.empty()) errors_ << session_.run(text) << std::flush;
+        remember(text);
+        if (!text.empty()) runStatements(text);
+        return succeeded_;
     }
 
 private:
     static bool isCommand(const std::string& line) {
         const std::size_t first = line.find_first_not_of(" \t");
         return first != std::string::npos && line[first] == ':';
+    }
+
+    // Empty when there are none or more.
+    static std::string onlyWord(const std::string& text) {
+        std::istringstream words(text);
+        std::string word, next;
+        words >> word >> next;
+        return next.empty() ? word : std::string();
+    }
+
+    void fail(std::string_view message) {
+        errors_ << message << std::flush;
+        succeeded_ = false;
+    }
+
+    void runStatements(const std::string& text) {
+        const std::string word = onlyWord(text);
+        if (equalIgnoringCase(word, "quit") || equalIgnoringCase(word, "exit")) {
+            output_ << howToLeave << std::flush;
+        } else if (const std::string report = session_.run(text); !report.empty()) {
+            fail(report);
+        }
     }
 
     // False when the prompt shall end.
@@ -66,7 +101,7 @@ private:
         } else if (name == ":help") {
             output_ << help;
         } else {
-            errors_ << "there is no command " << name << "; :help lists them\n";
+            fail("there is no command " + name + "; :help lists them\n");
         }
         output_.flush();
         return true;
@@ -78,7 +113,7 @@ private:
             if (member.empty()) return documentation::browseClass(registry(), className, output_);
             documentation::browseMember(registry(), className, member, output_);
         } catch (const std::invalid_argument& error) {
-            errors_ << error.what() << "\n";
+            fail(std::string(error.what()) + "\n");
         }
     }
 
@@ -86,24 +121,26 @@ private:
     std::ostream& errors_;
     ValuePresenter presenter_;
     language::Session session_;
+    bool succeeded_ = true;
 };
 
 } // namespace
 
-void runPrompt(LineReader& reader, std::ostream& output, std::ostream& errors, bool swatches) {
-    Prompt(output, errors, swatches).run(reader);
+bool runPrompt(LineReader& reader, std::ostream& output, std::ostream& errors, bool swatches) {
+    return Prompt(output, errors, swatches).run(reader);
 }
 
-void runPrompt() {
+int runPrompt() {
+    const bool interactive = isatty(STDIN_FILENO) != 0;
     Prompt prompt(std::cout, std::cerr, outputHasColors());
     std::unique_ptr<LineReader> reader;
 #ifdef CHROMA_READLINE
-    if (isatty(STDIN_FILENO) && isatty(STDOUT_FILENO))
+    if (interactive && isatty(STDOUT_FILENO))
         reader = readlineReader([&](std::string_view line) { return completions(prompt.session(), line); });
 #endif
     if (!reader) reader = plainReader();
-    if (isatty(STDIN_FILENO)) std::cout << ":help explains the prompt, :quit leaves it.\n" << std::flush;
-    prompt.run(*reader);
+    if (interactive) std::cout << ":help explains the prompt, :quit leaves it.\n" << std::flush;
+    return prompt.run(*reader) || interactive ? 0 : 1;
 }
 
 } // namespace host::repl

@@ -23,7 +23,8 @@ public:
         if (line == "^C") return {Line::End::interrupted, {}};
         return {Line::End::entered, line};
     }
-    std::string prompts;
+    void remember(const std::string& entry) override { remembered += entry + ";"; }
+    std::string prompts, remembered;
 
 private:
     std::istringstream lines_;
@@ -73,7 +74,7 @@ TEST(Prompt, Sessions) {
         const std::size_t objects = host::liveObjectCount();
         TextReader reader(session.input);
         std::ostringstream output, errors;
-        host::repl::runPrompt(reader, output, errors, false);
+        EXPECT_EQ(host::repl::runPrompt(reader, output, errors, false), std::string(session.errors).empty());
         EXPECT_EQ(output.str(), session.output);
         EXPECT_EQ(errors.str().substr(0, std::string(session.errors).size()), session.errors);
         EXPECT_EQ(errors.str().empty(), std::string(session.errors).empty()) << errors.str();
@@ -81,12 +82,13 @@ TEST(Prompt, Sessions) {
     }
 }
 
-TEST(Prompt, AsksForTheRestOfABlock) {
+TEST(Prompt, AsksForTheRestOfABlockAndRemembersItWhole) {
     startHostWithProbe();
-    TextReader reader("If True Then\nEnd If\n1");
+    TextReader reader("If True Then\nEnd If\n1\n\n:help\nWhile True\nPrint 2\n^C\nDo");
     std::ostringstream output;
     host::repl::runPrompt(reader, output, output, false);
-    EXPECT_EQ(reader.prompts, "> | > > ");
+    EXPECT_EQ(reader.prompts, "> | > > > > | | > | ");
+    EXPECT_EQ(reader.remembered, "If True Then\nEnd If;1;:help;While True\nPrint 2;Do;");
 }
 
 TEST(Prompt, SwatchesOfColours) {

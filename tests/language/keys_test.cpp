@@ -1,0 +1,219 @@
+// The keys of the prompt, pressed on a terminal.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <poll.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <termios.h>
+#include <unistd.h>
+
+namespace {
+
+const std::string ctrlC = "\x03", ctrlD = "\x04", ctrlR = "\x12", ctrlZ = "\x1A", escape = "\x1B";
+const std::string tab = "\t", up = "\x1B[A";
+
+// A program on a terminal of its own, 80 by 24, which keeps its history in the given folder.
+class Terminal {
+public:
+    Terminal(const std::filesystem::path& state, std::vector<std::string> command) {
+        winsize size = {24, 80, 0, 0};
+        program_ = forkpty(&terminal_, nullptr, nullptr, &size);
+        if (program_ != 0) return;
+        setenv("XDG_STATE_HOME", state.c_str(), 1);
+        setenv("TERM", "xterm", 1);
+        setenv("NO_COLOR", "1", 1);
+        setenv("INPUTRC", "/dev/null", 1);
+        setenv("LC_ALL", "C.UTF-8", 1);
+        setenv("PAGER", "cat", 1);
+        setenv("ASAN_OPTIONS", "detect_leaks=0", 1); // the line editor forgets a little when it is left in the middle
+        std::vector<char*> arguments;
+        for (std::string& word : command)
+            arguments.push_back(word.data());
+        arguments.push_back(nullptr);
+        execvp(arguments[0], arguments.data());
+        _exit(127);
+    }
+    explicit Terminal(const std::filesystem::path& state) : Terminal(state, {CHROMAHOST, "repl"}) { await("> "); }
+    ~Terminal() {
+        if (program_ > 0) {
+            kill(program_, SIGKILL);
+            waitpid(program_, nullptr, 0);
+        }
+        close(terminal_);
+    }
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    void type(const std::string& keys) const {
+        ASSERT_EQ(write(terminal_, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
+    }
+
+    // Until the program has written the text, behind what was awaited before.
+    void await(const std::string& text) {
+        for (;;) {
+            const std::size_t at = shown_.find(text, seen_);
+            if (at != std::string::npos) {
+                seen_ = at + text.size();
+                return;
+            }
+            ASSERT_TRUE(receive()) << "'" << text << "' does not come. All that came:\n" << shown_;
+        }
+    }
+
+    // A statement, and what its value is shown as. That it is typed does not suffice: the terminal echoes it.
+    void expect(const std::string& statement, const std::string& value) {
+        type(statement + "\n");
+        await("\n" + value + "\n");
+        await("> ");
+    }
+
+    void signal(int number) const { kill(program_, number); }
+
+    // How the program ended, as waitpid tells it.
+    int ended() {
+        while (receive()) {
+        }
+        int status = 0;
+        EXPECT_EQ(waitpid(program_, &status, 0), program_);
+        program_ = -1;
+        return status;
+    }
+
+    bool readsLines() const {
+        termios modes = {};
+        return tcgetattr(terminal_, &modes) == 0 && (modes.c_lflag & ICANON) != 0 && (modes.c_lflag & ECHO) != 0;
+    }
+
+    // What came so far, without returns of the carriage and sequences that move or colour.
+    const std::string& shown() const { return shown_; }
+
+private:
+    // False at the end, and when nothing comes for long.
+    bool receive() {
+        constexpr int patience = 30'000;
+        pollfd ready = {terminal_, POLLIN, 0};
+        char buffer[4096];
+        if (poll(&ready, 1, patience) != 1) return false;
+        const ssize_t count = read(terminal_, buffer, sizeof buffer);
+        for (ssize_t i = 0; i < count; ++i)
+            show(buffer[i]);
+        return count > 0;
+    }
+    void show(char c) {
+        if (inSequence_) {
+            inSequence_ = c == '[' || c == '?' || c == ';' || (c >= '0' && c <= '9');
+        } else if (c == '\x1B') {
+            inSequence_ = true;
+        } else if (c != '\r' && c != '\a') {
+            shown_ += c;
+        }
+    }
+
+    int terminal_ = -1;
+    pid_t program_ = -1;
+    std::string shown_;
+    std::size_t seen_ = 0;
+    bool inSequence_ = false;
+};
+
+class Keys : public testing::Test {
+protected:
+    Keys() {
+        std::string pattern = testing::TempDir() + "/keysXXXXXX";
+        state = mkdtemp(pattern.data());
+    }
+    ~Keys() override { std::filesystem::remove_all(state); }
+    std::filesystem::path state;
+};
+
+TEST_F(Keys, CtrlCGivesUpTheLineAndNothingElse) {
+    Terminal terminal(state);
+    terminal.expect("100 + 1", "101");
+    struct {
+        std::string keys, shown;
+    } const before[] = {
+        {"99", "99"},                                     // a line
+        {ctrlR + "100", "100 + 1"},                       // a search in the history
+        {escape + "1", "(arg: 1)"},                       // a number of times for the next key
+        {"Print " + tab + tab, "(y or n)"},               // a question
+        {"If True Then\nPrint 98\n", "\n| Print 98\n| "}, // a block
+    };
+    int next = 200;
+    for (const auto& [keys, shown] : before) {
+        terminal.type(keys);
+        terminal.await(shown);
+        terminal.type(ctrlC);
+        terminal.await("\n> ");
+        ++next;
+        terminal.expect("-1 + " + std::to_string(next), std::to_string(next - 1));
+    }
+    terminal.type("If True Then\nPrint 5 * 101\nWhile True\nWend\nEnd If\n");
+    terminal.await("505");
+    terminal.type(ctrlC);
+    terminal.await("interrupted");
+    terminal.expect("9 * 9", "81");
+    terminal.type(ctrlD);
+    EXPECT_EQ(terminal.ended(), 0);
+    EXPECT_EQ(terminal.shown().find("98\n99"), std::string::npos);
+}
+
+TEST_F(Keys, CtrlZGivesTheTerminalBackAndFgTakesIt) {
+    Terminal terminal(state, {"sh", "-c", "set -m; '" CHROMAHOST "' repl; echo stopped; read answer; fg"});
+    terminal.await("> ");
+    terminal.type("12 + 30");
+    terminal.await("12 + 30");
+    terminal.type(ctrlZ);
+    terminal.await("stopped");
+    EXPECT_TRUE(terminal.readsLines());
+    terminal.type("\n");
+    terminal.await("12 + 30"); // drawn anew
+    EXPECT_FALSE(terminal.readsLines());
+    terminal.type("\b\b4\n"); // still edited
+    terminal.await("\n16\n");
+    terminal.type(ctrlD);
+    EXPECT_EQ(terminal.ended(), 0);
+}
+
+TEST_F(Keys, TheHistoryOutlivesASignalAndKeepsBlocksWhole) {
+    {
+        Terminal terminal(state);
+        terminal.type("For i As Integer = 1 To 2\nPrint i * 111\nNext\n");
+        terminal.await("\n222\n> ");
+        terminal.type("left"); // unfinished
+        terminal.await("left");
+        terminal.signal(SIGTERM);
+        const int status = terminal.ended();
+        EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGTERM);
+        EXPECT_TRUE(terminal.readsLines());
+    }
+    Terminal terminal(state), beside(state);
+    beside.expect("700 + 7", "707");
+    terminal.type(up + "\n");
+    terminal.await("\n111\n222\n> ");
+    terminal.type(":quit\n");
+    EXPECT_EQ(terminal.ended(), 0);
+    beside.type(ctrlD);
+    EXPECT_EQ(beside.ended(), 0);
+    Terminal after(state);
+    after.type(up + up + up + up + "\n"); // back over :quit, the block and the sum to the block when it was new
+    after.await("\n111\n222\n> ");
+    after.type(up + up + up + up + "\n");
+    after.await("\n707\n");
+}
+
+TEST_F(Keys, QuitAndExitSayHowToLeave) {
+    Terminal terminal(state);
+    terminal.type("exit\nQuit\n");
+    terminal.await("To leave: :quit");
+    terminal.await("To leave: :quit");
+    terminal.type(":quit\n");
+    EXPECT_EQ(terminal.ended(), 0);
+}
+
+} // namespace
