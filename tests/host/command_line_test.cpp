@@ -53,6 +53,12 @@ TEST(CommandLine, RunsAProgramAndFindsWhatItLeaves) {
               Outcome(3, "chromahost: still alive at the end: 1 x OutOfBoundsException, 1 x String\n"));
 }
 
+TEST(CommandLine, RunsAllThatIsPipedToThePromptAndTellsWhetherSomethingFailed) {
+    EXPECT_EQ(run("repl < " + program("Dim a As Integer = 5\na + 1\n")), Outcome(0, "6\n"));
+    EXPECT_EQ(run("repl 2>/dev/null < " + program("Dim a As Integer = 1 \\ 0\na + 1\n:quit\n")).first, 1);
+    EXPECT_EQ(run("repl < " + program(":browse Nowhere\n2\n")), Outcome(1, "there is no class Nowhere\n2\n"));
+}
+
 TEST(CommandLine, SaysWhatIsWrong) {
     const std::tuple<const char*, int, const char*> cases[] = {
         {"", 2, "chromahost: A command (--help lists them) is required\n"},
