@@ -2,8 +2,8 @@
 //
 // report FOLDER [JSON FILE]
 //
-// FOLDER holds what the programs have written: BUILD/*.json, each one object with figures by key, and in BUILD/profiles the
-// profiles of callgrind, whose instruction counts become ratios.
+// FOLDER holds what the programs have written, for the builds that were measured: BUILD/*.json, each one object with figures
+// by key, and in BUILD/profiles the profiles of callgrind, whose instruction counts become ratios.
 #include <nlohmann/json.hpp>
 
 #include <array>
@@ -107,11 +107,12 @@ std::string goalText(const Row& row) {
 void print(const Json& all) {
     std::printf("%-14s %-62s %8s", "key", "what", "goal");
     for (const Build& build : builds)
-        std::printf(" %13s", build.title);
+        if (all.contains(build.key)) std::printf(" %13s", build.title);
     std::puts("");
     for (const Row& row : rows) {
         std::printf("%-14s %-62s %8s", row.key, row.what, goalText(row).c_str());
         for (std::size_t i = 0; i < builds.size(); ++i) {
+            if (!all.contains(builds[i].key)) continue;
             const Json& figures = all.at(builds[i].key);
             const bool isThere = figures.contains(row.key);
             std::printf(" %13s", isThere ? cell(figures[row.key], row.goals[i]).c_str() : "-");
@@ -123,7 +124,7 @@ void print(const Json& all) {
 void report(const fs::path& folder, const char* file) {
     Json all = Json::object();
     for (const Build& build : builds)
-        all[build.key] = inOrder(readFigures(folder / build.key));
+        if (fs::exists(folder / build.key)) all[build.key] = inOrder(readFigures(folder / build.key));
     print(all);
     if (!file) return;
     std::ofstream output(file);

@@ -14,7 +14,7 @@ namespace {
 using Outcome = std::pair<int, std::string>; // the exit code, and the output with what went to stderr
 
 Outcome run(const std::string& arguments, const std::string& environment = "") {
-    FILE* const pipe = popen((environment + " '" CHROMAHOST "' " + arguments + " 2>&1").c_str(), "r");
+    FILE* const pipe = popen((environment + " " CHROMAHOST " " + arguments + " 2>&1").c_str(), "r");
     if (!pipe) return {-1, ""};
     std::string output;
     char buffer[4096];

@@ -1,5 +1,5 @@
 # Installs BUILD into a new folder as a packager does and uses what lies there: the host with its plugins, and the plugin in
-# HOST, where pkg-config says that it is.
+# HOST, where pkg-config says that it is. Both run in EMULATOR, where that is set.
 file(REMOVE_RECURSE ${FOLDER})
 set(prefix ${FOLDER}/opt/chroma)
 
@@ -17,7 +17,7 @@ run(installation ${CMAKE_COMMAND} --install ${BUILD} --prefix /opt/chroma)
 
 # From elsewhere, so that nothing comes from the build.
 file(WRITE ${FOLDER}/program.bas "Print NSColorZRX.redColor.redComponent\nPrint NSColorZRX.clearColor.colorSpaceName\n")
-run(printed ${prefix}/bin/chromahost run ${FOLDER}/program.bas)
+run(printed ${EMULATOR} ${prefix}/bin/chromahost run ${FOLDER}/program.bas)
 if(NOT printed STREQUAL "1\nNSCalibratedWhiteColorSpace")
     message(FATAL_ERROR "the installed host printed: ${printed}")
 endif()
@@ -31,7 +31,7 @@ file(REAL_PATH ${plugin} plugin)
 if(NOT EXISTS ${includes}/chromabridge/host_abi.h OR NOT plugin MATCHES "^${prefix}/")
     message(FATAL_ERROR "pkg-config tells of ${includes} and ${plugin}")
 endif()
-run(printed ${HOST} ${plugin})
+run(printed ${EMULATOR} ${HOST} ${plugin})
 if(NOT printed MATCHES "^red 1.000")
     message(FATAL_ERROR "in the installed plugin: ${printed}")
 endif()

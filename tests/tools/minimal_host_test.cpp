@@ -8,7 +8,7 @@
 namespace {
 
 std::string outputOf(const std::string& arguments, int& exitCode) {
-    FILE* const pipe = popen(("'" MINIMAL_HOST "' " + arguments + " 2>&1").c_str(), "r");
+    FILE* const pipe = popen((MINIMAL_HOST " " + arguments + " 2>&1").c_str(), "r");
     std::string output;
     std::array<char, 1024> buffer;
     while (const std::size_t count = pipe ? std::fread(buffer.data(), 1, buffer.size(), pipe) : 0)
