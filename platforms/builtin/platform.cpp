@@ -12,6 +12,7 @@
 #include "foundation/data.h"
 #include "foundation/exception.h"
 #include "runtime/bootstrap.h"
+#include "runtime/uncaught.h"
 
 #include <mutex>
 
@@ -44,6 +45,7 @@ void registerPlatform() noexcept {
         for (const auto category : categories) {
             registerCategory(category());
         }
+        exchangeUncaughtHandler(reportUncaught);
         platformIsReady.store(true, std::memory_order_release);
     });
 }

@@ -1,8 +1,9 @@
 // Native exceptions: catching them, throwing them on, and cleaning up when one passes.
 //
-// The rule that everything above this folder follows: a native exception may be a plain jump, which runs no destructors. So
-// nothing with a non-trivial destructor lives across a native message. What must be given up when one throws is given up by
-// `withCleanup` or `onThrow`, which hold an inner guard of their own and throw on.
+// In 64 bits a native exception unwinds the stack, in 32 bits it is a plain jump, which runs no destructors. The code above
+// this folder serves both, so it follows one rule: nothing with a non-trivial destructor lives across a native message. What
+// must be given up when one throws is given up by `withCleanup` or `onThrow`, which hold an inner guard of their own and
+// throw on.
 //
 // A C++ exception closes every guard that it passes and goes on outward unchanged.
 #pragma once
@@ -11,21 +12,40 @@
 
 namespace chroma {
 
-// Runs body(context) under a guard. Answers nil when it returned and the thrown object when a native exception ended it; the
-// guard is closed in either case. The caller's variables that the body writes through `context` keep what was written. The
-// linkage is C's, since one of the two definitions is Objective-C.
-extern "C" id chroma_guard_run(void (*body)(void*), void* context);
-
 // Throws the object to the next enclosing guard, perhaps a host's or another plugin's.
 [[noreturn]] void throwNative(id object);
 
 // Whether a thrown object is an NSException or of a class that descends from it.
 bool isNSException(id object);
 
+// Runs the body under a guard. Answers nil when it returned and the thrown object when a native exception ended it; the
+// guard is closed in either case. The caller's variables that the body writes keep what was written.
+template <class Body>
+id catchNative(Body& body);
+
+#if defined(CHROMA_THROWS_CXX)
+// What the platform throws, by value: the address of the object.
+enum class ThrownObject : std::uintptr_t;
+
+template <class Body>
+id catchNative(Body& body) {
+    try {
+        body();
+    } catch (const ThrownObject thrown) {
+        return reinterpret_cast<id>(thrown);
+    }
+    return nullptr;
+}
+#else
+// The guard where it takes more than C++: body(context) is called through a pointer. The linkage is C's, since one of the
+// two definitions is Objective-C.
+extern "C" id chroma_guard_run(void (*body)(void*), void* context);
+
 template <class Body>
 id catchNative(Body& body) {
     return chroma_guard_run([](void* context) { (*static_cast<Body*>(context))(); }, &body);
 }
+#endif
 
 // Runs the body; when a native or a C++ exception ends it, runs the cleanup and lets the exception go on.
 template <class Body, class Cleanup>

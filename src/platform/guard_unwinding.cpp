@@ -1,6 +1,6 @@
 // The guard of runtimes whose native exceptions unwind the stack. Destructors run there; the rule of guard.h holds all the
 // same, since the same code also runs where they do not.
-#include "platform/guard.h" // whose chroma_guard_run is in guard_unwinding.m
+#include "platform/guard.h" // whose guard is in guard_unwinding.m, or in the header
 #include "platform/selectors.h"
 
 namespace chroma {

@@ -18,7 +18,7 @@ using SEL = const SelectorEntry*;
 using IMP = void (*)();
 
 // The platform's component type. The plugin narrows every double of the host to single precision first, whatever this is.
-#if defined(CHROMA_CGFLOAT_DOUBLE) || (defined(__APPLE__) && defined(__LP64__))
+#if defined(__LP64__)
 using CGFloat = double;
 #else
 using CGFloat = float;
@@ -103,7 +103,7 @@ private:
 
 // Sends `selector` to `receiver`: the only way in which a message leaves the plugin. A nil receiver answers R{}. The
 // argument types must be exactly those of the platform's method; nothing is converted on the way. May throw a native
-// exception, which may be a jump past this frame's callers: see guard.h.
+// exception, in 32 bits a jump past this frame's callers: see guard.h.
 template <class R, class... Args>
 R send(id receiver, Selector& selector, Args... arguments) {
     if (!receiver) return R();

@@ -41,7 +41,7 @@ TEST_F(Colors, AnswerTheComponentsOfTheirFamilyAlone) {
         for (const char* const component : {"red", "green", "blue", "hue", "saturation", "brightness", "white", "cyan",
                                             "magenta", "yellow", "black", "alpha"}) {
             const std::string message = component + std::string("Component");
-            const id exception = caught([&, color = color] { send<float>(color, message.c_str()); });
+            const id exception = caught([&, color = color] { send<CGFloat>(color, message.c_str()); });
             if (!exception) answers += std::string(" ") + component;
         }
         EXPECT_EQ(answers, expected);
@@ -50,11 +50,11 @@ TEST_F(Colors, AnswerTheComponentsOfTheirFamilyAlone) {
 
 TEST_F(Colors, RefuseWhatTheirKindDoesNotHave) {
     const id grey = calibratedWhite(0.5f, 1), catalog = color("controlColor"), red = color("redColor");
-    EXPECT_EQ(raised([&] { send<float>(grey, "redComponent"); }),
+    EXPECT_EQ(raised([&] { send<CGFloat>(grey, "redComponent"); }),
               "NSInvalidArgumentException: *** -[NSColor redComponent] not valid for the NSColor "
               "NSCalibratedWhiteColorSpace 0.5 1; need to first convert colorspace.");
-    float sink[5];
-    float* const out = sink;
+    CGFloat sink[5];
+    CGFloat* const out = sink;
     EXPECT_TRUE(refuses([&] { send<void>(grey, "getRed:green:blue:alpha:", out, out, out, out); }));
     EXPECT_TRUE(refuses([&] { send<void>(red, "getWhite:alpha:", out, out); }));
     EXPECT_TRUE(refuses([&] { send<void>(catalog, "getComponents:", out); }));
@@ -83,7 +83,7 @@ TEST_F(Colors, RefuseWhatTheirKindDoesNotHave) {
 }
 
 TEST_F(Colors, AreDescribedByTheirSpaceAndShortestComponents) {
-    const auto fromHue = [](float hue, float saturation, float brightness) {
+    const auto fromHue = [](CGFloat hue, CGFloat saturation, CGFloat brightness) {
         return color("colorWithCalibratedHue:saturation:brightness:alpha:", hue, saturation, brightness, 1.f);
     };
     const float nan = std::numeric_limits<float>::quiet_NaN();
@@ -114,7 +114,7 @@ TEST_F(Colors, AreDescribedByTheirSpaceAndShortestComponents) {
 
     for (const auto& rgb :
          {std::vector{0.9f, 0.1f, 0.3f}, {0.2f, 0.7f, 0.71f}, {0.33f, 0.34f, 0.99f}, {1.f, 1.f, 0.f}, {0.1f, 0.2f, 0.9f}}) {
-        float h, s, b, alpha;
+        CGFloat h, s, b, alpha;
         send<void>(calibratedRGB(rgb[0], rgb[1], rgb[2], 0.5f), "getHue:saturation:brightness:alpha:", &h, &s, &b, &alpha);
         expectNear(componentsOf(fromHue(h, s, b)), {rgb[0], rgb[1], rgb[2], 1}, 3e-7);
         EXPECT_EQ(alpha, 0.5f);

@@ -114,7 +114,7 @@ TEST_F(ColorLists, RefuseWhatTheyCannotHold) {
 }
 
 TEST_F(ColorLists, ComeBackFromTheirFileBitForBit) {
-    const id image = made("NSImage", "initWithSize:", Size{8, 4.5f});
+    const id image = made("NSImage", "initWithSize:", Size{8, CGFloat(0.1)});
     const id inks = made("NSColorSpace", "initWithICCProfileData:", dataOf(profile("6CLR", {{"desc", plainText("Inks")}})));
     const float inf = std::numeric_limits<float>::infinity(), tiny = std::numeric_limits<float>::denorm_min();
     constexpr UniChar unpaired[] = {0xDE00, u'x', 0xD83D};
@@ -147,7 +147,7 @@ TEST_F(ColorLists, ComeBackFromTheirFileBitForBit) {
     set(list, color("colorWithPatternImage:", image), "tiles"); // of which the size is kept
     ASSERT_TRUE(write(list, file));
     const auto size = send<Size>(send(colorWithKey(listFrom(file), "tiles"), "patternImage"), "size");
-    EXPECT_EQ(std::pair(size.width, size.height), std::pair(8.f, 4.5f));
+    EXPECT_EQ(std::pair(size.width, size.height), std::pair(CGFloat(8), CGFloat(0.1)));
 }
 
 TEST_F(ColorLists, AreSavedUnderTheirNameWhereNoFileIsNamed) {

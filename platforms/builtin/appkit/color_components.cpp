@@ -19,7 +19,7 @@ const float* componentsOf(Color* color, SEL selector, ColorModel model) {
 }
 
 template <ColorModel Model, std::size_t Index>
-float component(Color* self, SEL selector) {
+CGFloat component(Color* self, SEL selector) {
     return componentsOf(self, selector, Model)[Index];
 }
 
@@ -29,18 +29,18 @@ Vector3 hsbOf(Color* color, SEL selector) {
 }
 
 template <std::size_t Index>
-float hsbComponent(Color* self, SEL selector) {
+CGFloat hsbComponent(Color* self, SEL selector) {
     return static_cast<float>(hsbOf(self, selector)[Index]);
 }
 
-float alphaComponent(Color* self, SEL selector) { return contentsWithComponents(self, selector).alpha(); }
+CGFloat alphaComponent(Color* self, SEL selector) { return contentsWithComponents(self, selector).alpha(); }
 
-// Outputs that are null are not asked for.
-void put(float* output, double value) {
+// Outputs that are null are not asked for. Answers are single-precision numbers in every width.
+void put(CGFloat* output, double value) {
     if (output) *output = static_cast<float>(value);
 }
 
-void getRed(Color* self, SEL selector, float* red, float* green, float* blue, float* alpha) {
+void getRed(Color* self, SEL selector, CGFloat* red, CGFloat* green, CGFloat* blue, CGFloat* alpha) {
     const float* const components = componentsOf(self, selector, ColorModel::rgb);
     put(red, components[0]);
     put(green, components[1]);
@@ -48,7 +48,7 @@ void getRed(Color* self, SEL selector, float* red, float* green, float* blue, fl
     put(alpha, components[3]);
 }
 
-void getHue(Color* self, SEL selector, float* hue, float* saturation, float* brightness, float* alpha) {
+void getHue(Color* self, SEL selector, CGFloat* hue, CGFloat* saturation, CGFloat* brightness, CGFloat* alpha) {
     const Vector3 hsb = hsbOf(self, selector);
     put(hue, hsb[0]);
     put(saturation, hsb[1]);
@@ -56,13 +56,13 @@ void getHue(Color* self, SEL selector, float* hue, float* saturation, float* bri
     put(alpha, self->contents.alpha());
 }
 
-void getWhite(Color* self, SEL selector, float* white, float* alpha) {
+void getWhite(Color* self, SEL selector, CGFloat* white, CGFloat* alpha) {
     const float* const components = componentsOf(self, selector, ColorModel::gray);
     put(white, components[0]);
     put(alpha, components[1]);
 }
 
-void getCyan(Color* self, SEL selector, float* cyan, float* magenta, float* yellow, float* black, float* alpha) {
+void getCyan(Color* self, SEL selector, CGFloat* cyan, CGFloat* magenta, CGFloat* yellow, CGFloat* black, CGFloat* alpha) {
     const float* const components = componentsOf(self, selector, ColorModel::cmyk);
     put(cyan, components[0]);
     put(magenta, components[1]);
@@ -75,7 +75,7 @@ std::intptr_t numberOfComponents(Color* self, SEL selector) {
     return static_cast<std::intptr_t>(contentsWithComponents(self, selector).count());
 }
 
-void getComponents(Color* self, SEL selector, float* components) {
+void getComponents(Color* self, SEL selector, CGFloat* components) {
     const ColorContents& contents = contentsWithComponents(self, selector);
     if (components) std::copy_n(contents.components.begin(), contents.count(), components);
 }

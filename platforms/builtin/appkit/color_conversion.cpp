@@ -46,7 +46,7 @@ Color* colorUsingColorSpaceName(Color* self, SEL, id name) {
 }
 
 // A pattern has no alpha of its own to change.
-Color* colorWithAlphaComponent(Color* self, SEL, float alpha) {
+Color* colorWithAlphaComponent(Color* self, SEL, CGFloat alpha) {
     Color* const source = withComponents(self);
     if (!source) return self;
     Color* const made = newColor(source->contents);
@@ -68,15 +68,15 @@ Color* blended(Color* color, double fraction, Color* other) {
     return made;
 }
 
-Color* blendedColorWithFraction(Color* self, SEL, float fraction, id other) {
+Color* blendedColorWithFraction(Color* self, SEL, CGFloat fraction, id other) {
     return blended(self, fraction, argument<Color>(other, colorUsingColorSpaceNameMessage));
 }
 
-Color* highlightWithLevel(Color* self, SEL, float level) {
+Color* highlightWithLevel(Color* self, SEL, CGFloat level) {
     return blended(self, clip(level), colorOf(*findCatalogColor(u"highlightColor")));
 }
 
-Color* shadowWithLevel(Color* self, SEL, float level) {
+Color* shadowWithLevel(Color* self, SEL, CGFloat level) {
     return blended(self, clip(level), colorOf(*findCatalogColor(u"shadowColor")));
 }
 

@@ -10,20 +10,20 @@ namespace chroma::builtin {
 namespace {
 
 template <StandardSpace Space>
-Color* colorWithWhite(ClassObject*, SEL, float white, float alpha) {
+Color* colorWithWhite(ClassObject*, SEL, CGFloat white, CGFloat alpha) {
     return componentColor(standardSpace(Space), {white, alpha});
 }
 
-Color* colorWithDeviceWhite(ClassObject*, SEL, float white, float alpha) {
+Color* colorWithDeviceWhite(ClassObject*, SEL, CGFloat white, CGFloat alpha) {
     return componentColor(standardSpace(StandardSpace::deviceGray), {clip(white), clip(alpha)});
 }
 
 template <StandardSpace Space>
-Color* colorWithRed(ClassObject*, SEL, float red, float green, float blue, float alpha) {
+Color* colorWithRed(ClassObject*, SEL, CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha) {
     return componentColor(standardSpace(Space), {red, green, blue, alpha});
 }
 
-Color* colorWithDeviceRed(ClassObject*, SEL, float red, float green, float blue, float alpha) {
+Color* colorWithDeviceRed(ClassObject*, SEL, CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha) {
     return componentColor(standardSpace(StandardSpace::deviceRGB), {clip(red), clip(green), clip(blue), clip(alpha)});
 }
 
@@ -32,15 +32,15 @@ Color* colorWithHsb(ColorSpace* space, const Vector3& hsb, double alpha) {
     return componentColor(space, {rgb[0], rgb[1], rgb[2], alpha});
 }
 
-Color* colorWithCalibratedHue(ClassObject*, SEL, float hue, float saturation, float brightness, float alpha) {
+Color* colorWithCalibratedHue(ClassObject*, SEL, CGFloat hue, CGFloat saturation, CGFloat brightness, CGFloat alpha) {
     return colorWithHsb(standardSpace(StandardSpace::genericRGB), {hue, saturation, brightness}, alpha);
 }
 
-Color* colorWithDeviceHue(ClassObject*, SEL, float hue, float saturation, float brightness, float alpha) {
+Color* colorWithDeviceHue(ClassObject*, SEL, CGFloat hue, CGFloat saturation, CGFloat brightness, CGFloat alpha) {
     return colorWithHsb(standardSpace(StandardSpace::deviceRGB), {hue, saturation, brightness}, clip(alpha));
 }
 
-Color* colorWithDeviceCyan(ClassObject*, SEL, float cyan, float magenta, float yellow, float black, float alpha) {
+Color* colorWithDeviceCyan(ClassObject*, SEL, CGFloat cyan, CGFloat magenta, CGFloat yellow, CGFloat black, CGFloat alpha) {
     return componentColor(standardSpace(StandardSpace::deviceCMYK),
                           {clip(cyan), clip(magenta), clip(yellow), clip(black), clip(alpha)});
 }
@@ -52,7 +52,7 @@ ColorSpace* spaceArgument(SEL selector, id space) {
     return argument<ColorSpace>(space, numberOfColorComponents);
 }
 
-Color* colorWithColorSpaceComponents(ClassObject*, SEL selector, id spaceObject, const float* components,
+Color* colorWithColorSpaceComponents(ClassObject*, SEL selector, id spaceObject, const CGFloat* components,
                                      std::intptr_t count) {
     ColorSpace* const space = spaceArgument(selector, spaceObject);
     const auto expected = static_cast<std::intptr_t>(space->definition->channels) + 1;
@@ -63,12 +63,13 @@ Color* colorWithColorSpaceComponents(ClassObject*, SEL selector, id spaceObject,
                         static_cast<long>(count)));
     }
     Color* const color = componentColor(space, {});
-    std::copy_n(components, count, color->contents.components.begin());
+    std::transform(components, components + count, color->contents.components.begin(),
+                   [](CGFloat component) { return static_cast<float>(component); });
     return color;
 }
 
-Color* colorWithColorSpaceHue(ClassObject*, SEL selector, id spaceObject, float hue, float saturation, float brightness,
-                              float alpha) {
+Color* colorWithColorSpaceHue(ClassObject*, SEL selector, id spaceObject, CGFloat hue, CGFloat saturation,
+                              CGFloat brightness, CGFloat alpha) {
     ColorSpace* const space = spaceArgument(selector, spaceObject);
     if (space->definition->model != ColorModel::rgb) {
         raise(exceptionName::invalidArgument, formatted("+[NSColor %s]: %s is no RGB color space", sel_getName(selector),

@@ -188,8 +188,10 @@ void removeColorWithKey(ColorList* self, SEL selector, id keyObject) {
     const String* const key = requiredKey(keyObject, selector);
     const auto entry = self->colors.find(std::u16string(key->text()));
     if (entry == self->colors.end()) return;
+    Color* const color = entry->second.detach();
     self->entries.erase(std::find(self->entries.begin(), self->entries.end(), &*entry));
     self->colors.erase(entry);
+    release(color);
 }
 
 BOOL writeToFile(ColorList* self, SEL, id pathObject) {

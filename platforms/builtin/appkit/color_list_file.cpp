@@ -63,8 +63,8 @@ private:
 
     void writePattern(Size size) {
         colors_.append(" pattern");
-        writeFloat(size.width, colors_);
-        writeFloat(size.height, colors_);
+        writeMeasure(size.width, colors_);
+        writeMeasure(size.height, colors_);
     }
 
     std::size_t numberOf(const SpaceDefinition& space) {
@@ -160,7 +160,7 @@ private:
     static bool pattern(LineReader& line, ColorContents& contents) {
         Image* const image = autorelease(make<Image>());
         contents.image = image;
-        return line.float32(image->size.width) && line.float32(image->size.height);
+        return line.measure(image->size.width) && line.measure(image->size.height);
     }
 
     ColorList& list_;

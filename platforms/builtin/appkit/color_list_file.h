@@ -10,7 +10,8 @@
 //
 // Spaces are numbered from 0 and come before the colours that use them: the platform's own by name, others by their profile,
 // in hexadecimal. A colour is its key and then its space's number with all components and alpha, a catalog and a name, or
-// the width and height of a pattern's image. Numbers are the eight hexadecimal digits of a single-precision number's bits.
+// the width and height of a pattern's image. Numbers are the eight hexadecimal digits of a single-precision number's bits;
+// a width or height that is none takes the sixteen of a double-precision number's.
 // In a key, a quotation mark and a backslash follow a backslash; control characters and unpaired surrogates are \u and four
 // hexadecimal digits. The last line holds the number of colours: a file that ends without it is not whole.
 #pragma once

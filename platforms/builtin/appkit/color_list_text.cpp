@@ -8,7 +8,7 @@
 namespace chroma::builtin {
 namespace {
 
-void writeHex(std::uint32_t value, int digits, std::string& text) {
+void writeHex(std::uint64_t value, int digits, std::string& text) {
     for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) {
         text.push_back("0123456789abcdef"[value >> shift & 0xF]);
     }
@@ -56,6 +56,16 @@ void writeFloat(float value, std::string& text) {
     std::memcpy(&bits, &value, sizeof bits);
     text.push_back(' ');
     writeHex(bits, 8, text);
+}
+
+void writeMeasure(CGFloat value, std::string& text) {
+    const auto single = static_cast<float>(value);
+    if (value != value || static_cast<CGFloat>(single) == value) return writeFloat(single, text);
+    const double number = value;
+    std::uint64_t bits;
+    std::memcpy(&bits, &number, sizeof bits);
+    text.push_back(' ');
+    writeHex(bits, 16, text);
 }
 
 void writeBytes(const std::vector<std::uint8_t>& bytes, std::string& text) {
@@ -117,6 +127,22 @@ bool LineReader::float32(float& value) {
     std::uint32_t bits = 0;
     if (!word(digits) || digits.size() != 8 || !readHex(digits, bits)) return false;
     std::memcpy(&value, &bits, sizeof value);
+    return true;
+}
+
+bool LineReader::measure(CGFloat& value) {
+    std::string_view digits = rest_.substr(0, rest_.find(' '));
+    if (digits.size() == 16) {
+        std::uint64_t bits = 0;
+        double number;
+        if (!word(digits) || !readHex(digits, bits)) return false;
+        std::memcpy(&number, &bits, sizeof number);
+        value = static_cast<CGFloat>(number); // in 32 bits the nearest
+        return true;
+    }
+    float single;
+    if (!float32(single)) return false;
+    value = single;
     return true;
 }
 

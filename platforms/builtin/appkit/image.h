@@ -6,8 +6,8 @@
 namespace chroma::builtin {
 
 struct Size {
-    float width;
-    float height;
+    CGFloat width;
+    CGFloat height;
 };
 
 struct Image : Object {

@@ -1,7 +1,6 @@
 #include "foundation/exception.h"
 
 #include <cstdio>
-#include <cstdlib>
 
 namespace chroma::builtin {
 
@@ -28,7 +27,6 @@ void reportUncaught(id thrown) {
     } else {
         std::fprintf(stderr, "*** Terminating app due to uncaught exception of class '%s'\n", object_getClassName(thrown));
     }
-    std::abort();
 }
 
 namespace {

@@ -30,10 +30,10 @@ extern String colorListNotEditable;
 
 } // namespace exceptionName
 
-// Throws a new exception: a jump to the innermost guard. Nothing with a destructor may be alive in the frames between.
+// Throws a new exception, in 32 bits by a jump: nothing with a destructor may be alive in the frames between.
 [[noreturn]] void raise(String& name, String* reason);
 
-// The end of the process after a throw that no guard was open for.
-[[noreturn]] void reportUncaught(id thrown);
+// Writes a line on what nothing caught to the standard error.
+void reportUncaught(id thrown);
 
 } // namespace chroma::builtin

@@ -20,11 +20,28 @@ Object* allocate(ClassObject& cls) {
     return object;
 }
 
+// What the members of the object that is being destroyed threw, the first of it: a destructor must not throw.
+static thread_local id thrownByMember = nullptr;
+
+void releaseMember(Object* object) {
+#if defined(__LP64__)
+    try {
+        release(object);
+    } catch (const ThrownObject thrown) {
+        if (!thrownByMember) thrownByMember = reinterpret_cast<id>(thrown);
+    }
+#else
+    release(object);
+#endif
+}
+
 void deallocate(Object* object) {
     ClassObject& cls = *object->isa;
+    const id thrownBefore = std::exchange(thrownByMember, nullptr);
     cls.destroy(object);
     cls.liveInstances.fetch_sub(1, std::memory_order_relaxed);
     std::free(object);
+    if (const id thrown = std::exchange(thrownByMember, thrownBefore)) objc_exception_throw(thrown);
 }
 
 } // namespace chroma::builtin

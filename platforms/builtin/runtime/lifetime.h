@@ -11,7 +11,8 @@ namespace chroma::builtin {
 // A new instance with a retain count of 1, its members constructed. Throws std::bad_alloc.
 Object* allocate(ClassObject& cls);
 
-// Destroys the members and frees the memory: what NSObject's dealloc does.
+// Destroys the members and frees the memory: what NSObject's dealloc does. What a member's end throws is thrown afterwards,
+// in 32 bits at once, past what is left to do.
 void deallocate(Object* object);
 
 template <class Instance>
@@ -49,7 +50,11 @@ Instance* autorelease(Instance* object) {
     return object;
 }
 
-// A retained reference that is a member of an object. Never a local variable: an exception would jump past its destructor.
+// Releases what a member of an object holds, in a destructor of the member: what that throws goes on when the object is
+// gone. Only `deallocate` may destroy such members.
+void releaseMember(Object* object);
+
+// A retained reference that is a member of an object. Never a local variable: an exception may jump past its destructor.
 template <class Instance>
 class Ref {
 public:
@@ -62,7 +67,7 @@ public:
         std::swap(object_, other.object_);
         return *this;
     }
-    ~Ref() { release(object_); }
+    ~Ref() { releaseMember(object_); }
 
     Ref& operator=(Instance* object) {
         retain(object);
@@ -72,6 +77,9 @@ public:
 
     // Takes over a reference that the caller owns.
     void adopt(Instance* object) { release(std::exchange(object_, object)); }
+
+    // Hands the reference over to the caller.
+    Instance* detach() { return std::exchange(object_, nullptr); }
 
     Instance* get() const { return object_; }
     Instance* operator->() const { return object_; }
@@ -88,7 +96,7 @@ public:
     LazyRef() = default;
     LazyRef(const LazyRef&) = delete;
     LazyRef& operator=(const LazyRef&) = delete;
-    ~LazyRef() { release(object_.load(std::memory_order_relaxed)); }
+    ~LazyRef() { releaseMember(object_.load(std::memory_order_relaxed)); }
 
     // `makeNew()` gives a reference that the caller owns, or null, and then it is asked again the next time.
     template <class MakeNew>

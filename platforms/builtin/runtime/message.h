@@ -26,7 +26,7 @@ private:
     mutable std::atomic<SEL> selector_{nullptr};
 };
 
-// nil answers R{}. May throw a native exception: a jump past everything with a destructor.
+// nil answers R{}. May throw a native exception, in 32 bits a jump past everything with a destructor.
 template <class R, class... Arguments>
 R send(Object* receiver, const Message& message, Arguments... arguments) {
     if (!receiver) return R();

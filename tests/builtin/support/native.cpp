@@ -41,9 +41,9 @@ id calibratedRGB(float red, float green, float blue, float alpha) {
 id standardSpace(const char* message) { return sendClass("NSColorSpace", message); }
 
 std::vector<float> componentsOf(id color) {
-    std::vector<float> components(color ? static_cast<std::size_t>(send<std::intptr_t>(color, "numberOfComponents")) : 0);
+    std::vector<CGFloat> components(color ? static_cast<std::size_t>(send<std::intptr_t>(color, "numberOfComponents")) : 0);
     send<void>(color, "getComponents:", components.data());
-    return components;
+    return {components.begin(), components.end()};
 }
 
 void expectNear(const std::vector<float>& actual, const std::vector<float>& expected, double tolerance) {

@@ -12,17 +12,22 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
 namespace chroma::test {
 
+// A number with a fraction is a CGFloat to the platform.
+template <class Argument>
+using Passed = std::conditional_t<std::is_floating_point_v<Argument>, CGFloat, Argument>;
+
 template <class R = id, class... Arguments>
 R send(id receiver, const char* selectorName, Arguments... arguments) {
     if (!receiver) return R();
     const SEL selector = sel_registerName(selectorName);
-    const auto function = reinterpret_cast<R (*)(id, SEL, Arguments...)>(objc_msg_lookup(receiver, selector));
-    return function(receiver, selector, arguments...);
+    const auto function = reinterpret_cast<R (*)(id, SEL, Passed<Arguments>...)>(objc_msg_lookup(receiver, selector));
+    return function(receiver, selector, static_cast<Passed<Arguments>>(arguments)...);
 }
 
 template <class R = id, class... Arguments>
@@ -42,6 +47,17 @@ IMP implementation(R (*function)(id, SEL, Arguments...)) {
     return reinterpret_cast<IMP>(function);
 }
 
+#if defined(__LP64__)
+template <class Body>
+id caught(Body body) {
+    try {
+        body();
+    } catch (const ThrownObject thrown) {
+        return reinterpret_cast<id>(thrown);
+    }
+    return nullptr;
+}
+#else
 // What an exception guard looks like to the runtime.
 struct Guard {
     void* buffer[5];
@@ -59,6 +75,7 @@ id caught(Body body) {
     objc_exception_try_exit(&guard);
     return nullptr;
 }
+#endif
 
 // An autorelease pool for a scope.
 struct Pool {
@@ -110,8 +127,8 @@ bool refuses(Body body) {
 
 // As an image has it.
 struct Size {
-    float width;
-    float height;
+    CGFloat width;
+    CGFloat height;
 };
 
 // A colour by the message that makes it, as "redColor".
@@ -126,8 +143,9 @@ id standardSpace(const char* message);
 // Of any sequence of components.
 template <class Components = std::initializer_list<float>>
 id colorIn(id space, const Components& components) {
-    const auto count = static_cast<std::intptr_t>(std::size(components));
-    return color("colorWithColorSpace:components:count:", space, std::data(components), count);
+    const std::vector<CGFloat> values(std::begin(components), std::end(components));
+    const auto count = static_cast<std::intptr_t>(values.size());
+    return color("colorWithColorSpace:components:count:", space, values.data(), count);
 }
 
 std::vector<float> componentsOf(id color);

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 namespace chroma {
 
@@ -23,6 +24,19 @@ using Method = MethodRecord*;
 
 using IMP = void (*)();
 using BOOL = unsigned char;
+
+// The component type of colours, and of every other measure.
+#if defined(__LP64__)
+using CGFloat = double;
+#else
+using CGFloat = float;
+#endif
+
+// What a throw throws in 64 bits: the address of an object.
+enum class ThrownObject : std::uintptr_t;
+
+// Told of what nothing caught.
+using UncaughtExceptionHandler = void (*)(id thrown);
 
 extern "C" {
 
@@ -69,15 +83,25 @@ BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char* ty
 IMP class_replaceMethod(Class cls, SEL selector, IMP implementation, const char* types);
 IMP method_setImplementation(Method method, IMP implementation);
 
-// Exceptions: a chain of guards per thread. A guard is the five words of the compiler's __builtin_setjmp, of gcc's or of
-// clang's with any flags, and four words of the runtime's behind them. The caller enters it and then calls __builtin_setjmp
-// on it at once; a throw leaves the innermost guard and jumps to it, so that no destructor between runs. Any object may be
-// thrown; the runtime does not retain it. A throw without a guard ends the process with a line on the standard error.
+// Exceptions. Any object may be thrown; the runtime does not retain it. What nothing catches ends the process: the handler
+// is called, which is to return, and the process aborts. The platform's own writes a line to the standard error.
+//
+// In 64 bits a throw is the C++ exception `throw ThrownObject`, by value: the stack unwinds, destructors run, and
+// `catch (ThrownObject)` is a guard. It passes through the frames of any language that can be unwound.
+[[noreturn]] void objc_exception_throw(id exception);
+
+// Answers the handler before. Null is none.
+UncaughtExceptionHandler objc_setUncaughtExceptionHandler(UncaughtExceptionHandler handler);
+
+#if !defined(__LP64__)
+// In 32 bits there is a chain of guards per thread. A guard is the five words of the compiler's __builtin_setjmp, of gcc's
+// or of clang's with any flags, and four words of the runtime's behind them. The caller enters it and then calls
+// __builtin_setjmp on it at once; a throw leaves the innermost guard and jumps to it, so that no destructor between runs.
 void objc_exception_try_enter(void* guard);
 void objc_exception_try_exit(void* guard); // the guard and those entered inside it
 id objc_exception_extract(void* guard);    // what the jump brought
 int objc_exception_match(id exceptionClass, id exception);
-[[noreturn]] void objc_exception_throw(id exception);
+#endif
 }
 
 } // namespace chroma

@@ -1,7 +1,7 @@
-// Native exceptions: a chain of guards per thread, and jumps to the innermost. The only file that jumps.
-#include "foundation/exception.h"
+// Native exceptions in 32 bits: a chain of guards per thread, and jumps to the innermost. The only file that jumps.
+#include "runtime/uncaught.h"
+
 #include "runtime/export.h"
-#include "runtime/message.h"
 
 namespace chroma::builtin {
 namespace {
@@ -24,8 +24,8 @@ constexpr int stackWord = 3;
 constexpr int stackWord = 2;
 #endif
 
-// Brings the buffer of a guard that was compiled with any flags into that form. No process here has a shadow stack, so that
-// the note of one is null.
+// Brings the buffer of a guard that was compiled with any flags into that form. No process of this width has a shadow stack,
+// so that the note of one is null.
 void unify(void* (&buffer)[5]) {
     void* const stack = buffer[2] ? buffer[2] : buffer[3];
     buffer[2] = nullptr;
@@ -57,7 +57,7 @@ BUILTIN_EXPORT int objc_exception_match(id exceptionClass, id exception) {
 
 BUILTIN_EXPORT void objc_exception_throw(id exception) {
     Guard* const guard = innermost;
-    if (!guard) builtin::reportUncaught(exception);
+    if (!guard) builtin::endUncaught(exception);
     innermost = guard->enclosing;
     guard->thrown = exception;
     builtin::unify(guard->buffer);
