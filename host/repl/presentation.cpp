@@ -2,75 +2,91 @@
 
 #include "language/library/values.h"
 
+#include "model/arrays.h"
 #include "model/classes.h"
-#include "model/exceptions.h"
 #include "model/strings.h"
+#include "model/variants.h"
 
-#include <array>
-#include <cstdlib>
-#include <optional>
+#include <algorithm>
 #include <ostream>
 #include <string>
-#include <string_view>
-#include <unistd.h>
 
 namespace host::repl {
 namespace {
 
-// A property, or a method without arguments, of the given kind. With a counted value the caller owns it. None when there is
-// no such member, or when it raises.
-std::optional<Slot> read(Object* object, std::string_view name, Kind kind) {
-    const Type type = {kind, false, {}};
-    Slot value;
-    if (const Property* const property = object->info->findProperty(name);
-        property && property->getter && property->type == type) {
-        value = readProperty(*property, object);
-    } else {
-        const OverloadSet methods = object->info->findMethods(name);
-        const auto suits = [&](const Method* method) {
-            return method->signature.parameters.empty() && method->signature.result == type;
-        };
-        if (methods.size() != 1 || !suits(methods.front())) return std::nullopt;
-        const std::array<Slot, 1> receiver = {Slot::ofObject(object)};
-        methods.front()->invoke(methods.front()->function, receiver.data(), &value);
+// Of an array; the rest is counted.
+constexpr HostInteger mostShown = 100;
+
+// As a program writes it, with Chr for what no literal can hold and no terminal shall get.
+std::string literal(const std::string& text) {
+    std::string result;
+    bool quoted = false;
+    const auto quote = [&](bool wanted) {
+        if (quoted != wanted) result += wanted && !result.empty() ? " & \"" : "\"";
+        quoted = wanted;
+    };
+    for (const char c : text) {
+        const auto code = static_cast<unsigned char>(c);
+        const bool control = code < 0x20 || code == 0x7F;
+        quote(!control);
+        if (control) {
+            result.append(result.empty() ? "" : " & ").append("Chr(" + std::to_string(code) + ")");
+        } else {
+            result.append(c == '"' ? 2 : 1, c);
+        }
     }
-    Object* const exception = takePendingException();
-    if (!exception) return value;
-    unlock(exception);
-    unlock(type, value);
-    return std::nullopt;
+    quote(false);
+    return result.empty() ? "\"\"" : result;
 }
 
-std::optional<std::string> description(Object* object) {
-    const std::optional<Slot> text = read(object, "description", Kind::String);
-    if (!text) return std::nullopt;
-    std::string result = utf8Of(text->string);
-    unlock(text->string);
-    return result;
-}
+std::string counted(HostInteger count) { return std::to_string(count) + (count == 1 ? " element" : " elements"); }
 
-std::string swatch(HostColor color) {
-    const auto channel = [color](unsigned shift) { return std::to_string(color >> shift & 0xFF); };
-    return "\x1B[48;2;" + channel(16) + ";" + channel(8) + ";" + channel(0) + "m    \x1B[0m ";
-}
+class Writer {
+public:
+    Writer(std::ostream& output, ColorDepth depth) : output_(output), depth_(depth) {}
+
+    void write(const Type& type, Slot value) {
+        if (type.is(Kind::Variant)) return writeVariant(value.object);
+        if (type.isArray) return writeArray(asArray(value.object));
+        if (type.is(Kind::Color)) output_ << swatch(value.color, depth_);
+        if (type.is(Kind::Object) && value.object) output_ << swatch(value.object, depth_);
+        output_ << (type.is(Kind::String) ? literal(utf8Of(value.string)) : language::textOf(type, value));
+    }
+
+private:
+    void writeVariant(Object* variant) {
+        const Type held = typeInVariant(variant);
+        Slot value;
+        if (readVariant(variant, held, value)) write(held, value);
+    }
+
+    void writeArray(const Array* array) {
+        if (!array) {
+            output_ << "Nil";
+            return;
+        }
+        const Type& type = elementType(array);
+        const HostInteger count = HostInteger{upperBound(array)} + 1;
+        const bool lines = count > 0 && (type.kind == Kind::Object || type.kind == Kind::Color);
+        if (lines) output_ << nameOf(type.arrayOf()) << " with " << counted(count);
+        if (!lines) output_ << '(';
+        for (HostInteger i = 0; i < std::min(count, mostShown); ++i) {
+            output_ << (lines ? "\n  " + std::to_string(i) + "  " : i == 0 ? "" : ", ");
+            write(type, elementAt(array, i));
+        }
+        if (count > mostShown) output_ << (lines ? "\n  " : ", ") << "and " << counted(count - mostShown) << " more";
+        if (!lines) output_ << ')';
+    }
+
+    std::ostream& output_;
+    const ColorDepth depth_;
+};
 
 } // namespace
 
 void ValuePresenter::present(const Type& type, Slot value) {
-    Object* const object = type.isObjectReference() ? value.object : nullptr;
-    std::optional<Slot> color;
-    if (object) color = read(object, "colorValue", Kind::Color);
-    if (type == Type::plain(Kind::Color)) color = value;
-    const std::optional<std::string> text = object ? description(object) : std::nullopt;
-    if (color && swatches_) output_ << swatch(color->color);
-    output_ << (text ? *text : language::textOf(type, value)) << '\n';
-}
-
-bool outputHasColors() {
-    const char* const forbidden = std::getenv("NO_COLOR");
-    const char* const terminal = std::getenv("TERM");
-    const bool capable = terminal && *terminal && std::string_view(terminal) != "dumb";
-    return isatty(STDOUT_FILENO) != 0 && capable && !(forbidden && *forbidden);
+    Writer(output_, depth_).write(type, value);
+    output_ << '\n';
 }
 
 } // namespace host::repl

@@ -2,24 +2,22 @@
 #pragma once
 
 #include "language/running/frame.h"
+#include "repl/swatch.h"
 
 #include <iosfwd>
 
 namespace host::repl {
 
-// Objects with a description show it. A colour, and an object with a colorValue, has a swatch in front where swatches are
-// wanted.
+// Text as the literal that reads back, objects as they describe themselves, arrays of objects and of colours with a line for
+// each element. Colours have a swatch in front where the terminal shows any.
 class ValuePresenter final : public language::Presenter {
 public:
-    ValuePresenter(std::ostream& output, bool swatches) : output_(output), swatches_(swatches) {}
+    ValuePresenter(std::ostream& output, ColorDepth depth) : output_(output), depth_(depth) {}
     void present(const Type& type, Slot value) override;
 
 private:
     std::ostream& output_;
-    bool swatches_;
+    ColorDepth depth_;
 };
-
-// Whether stdout is a terminal with colours, and the user has not forbidden them by NO_COLOR.
-bool outputHasColors();
 
 } // namespace host::repl

@@ -27,8 +27,8 @@ constexpr const char* howToLeave = "To leave: :quit, or Ctrl-D on an empty line.
 
 class Prompt {
 public:
-    Prompt(std::ostream& output, std::ostream& errors, bool swatches)
-        : output_(output), errors_(errors), presenter_(output, swatches), session_("prompt", output, presenter_) {}
+    Prompt(std::ostream& output, std::ostream& errors, ColorDepth depth)
+        : output_(output), errors_(errors), presenter_(output, depth), session_("prompt", output, presenter_) {}
 
     language::Session& session() { return session_; }
 
@@ -126,13 +126,13 @@ private:
 
 } // namespace
 
-bool runPrompt(LineReader& reader, std::ostream& output, std::ostream& errors, bool swatches) {
-    return Prompt(output, errors, swatches).run(reader);
+bool runPrompt(LineReader& reader, std::ostream& output, std::ostream& errors, ColorDepth depth) {
+    return Prompt(output, errors, depth).run(reader);
 }
 
 int runPrompt() {
     const bool interactive = isatty(STDIN_FILENO) != 0;
-    Prompt prompt(std::cout, std::cerr, outputHasColors());
+    Prompt prompt(std::cout, std::cerr, outputColorDepth());
     std::unique_ptr<LineReader> reader;
 #ifdef CHROMA_READLINE
     if (interactive && isatty(STDOUT_FILENO))

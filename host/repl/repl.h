@@ -2,6 +2,7 @@
 #pragma once
 
 #include "repl/line_reader.h"
+#include "repl/swatch.h"
 
 #include <iosfwd>
 
@@ -12,6 +13,6 @@ namespace host::repl {
 int runPrompt();
 
 // The same with lines from elsewhere: whether nothing failed.
-bool runPrompt(LineReader& reader, std::ostream& output, std::ostream& errors, bool swatches);
+bool runPrompt(LineReader& reader, std::ostream& output, std::ostream& errors, ColorDepth depth);
 
 } // namespace host::repl

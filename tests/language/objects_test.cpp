@@ -113,7 +113,7 @@ Try
 Catch e As RuntimeException
   e2 = e
 End Try
-Print e2, e2.Message '> RuntimeException made
+Print e2, e2.Message '> RuntimeException: made made
 ' What is given by reference is written before the exception arrives.
 Dim d As Double = 5
 Dim v(0) As Double

@@ -2,6 +2,7 @@
 #include "programs.h"
 
 #include "model/objects.h"
+#include "model/plugin.h"
 #include "repl/completion.h"
 #include "repl/presentation.h"
 #include "repl/repl.h"
@@ -10,6 +11,7 @@
 
 namespace {
 
+using host::repl::ColorDepth;
 using host::repl::Line;
 
 // Lines from a text, in which "^C" stands for that key.
@@ -40,7 +42,7 @@ struct Typed {
 const Typed typed[] = {
     {"ValuesOfExpressions",
      "1 + 2\n\"a\" & \"b\"\nDim i As Integer = 5\ni\ni - 1\n-i\nNot True\ni = 6\ni * 2\nArray(1, 2)\nNil",
-     "3\nab\n5\n4\n-5\nFalse\n12\n(1, 2)\nNil\n", ""},
+     "3\n\"ab\"\n5\n4\n-5\nFalse\n12\n(1, 2)\nNil\n", ""},
     {"ObjectsAndCalls",
      "Dim p As New Probe(4)\np.number\np\nDim d, e As Double\np.split d, e\ne\nDim v() As Double\nv.Append 1\nv",
      "4\nprobe 4\n2\n(1)\n", ""},
@@ -58,7 +60,7 @@ const Typed typed[] = {
     {"BadTextIsForgotten", "Print \"\xC3(\"\nPrint 2", "2\n",
      "prompt:1:8: error: a program is UTF-8 text, and this byte is no part of any\nPrint \"?(\"\n       ^\n"},
     {"NamesDeclaredAgain",
-     "Dim a As New Probe(1)\nDim a As String = \"x\"\na\nSub f()\nEnd Sub\nSub f(n As Missing)\nEnd Sub\nf", "x\n",
+     "Dim a As New Probe(1)\nDim a As String = \"x\"\na\nSub f()\nEnd Sub\nSub f(n As Missing)\nEnd Sub\nf", "\"x\"\n",
      "prompt:6:12: error: there is no type 'Missing'\nSub f(n As Missing)\n           ^\n"},
     {"Interrupted", "While True\n^C\n1", "1\n", ""},
     {"InputEndsInABlock", "If True Then\nPrint 1", "",
@@ -74,7 +76,7 @@ TEST(Prompt, Sessions) {
         const std::size_t objects = host::liveObjectCount();
         TextReader reader(session.input);
         std::ostringstream output, errors;
-        EXPECT_EQ(host::repl::runPrompt(reader, output, errors, false), std::string(session.errors).empty());
+        EXPECT_EQ(host::repl::runPrompt(reader, output, errors, ColorDepth::none), std::string(session.errors).empty());
         EXPECT_EQ(output.str(), session.output);
         EXPECT_EQ(errors.str().substr(0, std::string(session.errors).size()), session.errors);
         EXPECT_EQ(errors.str().empty(), std::string(session.errors).empty()) << errors.str();
@@ -86,21 +88,65 @@ TEST(Prompt, AsksForTheRestOfABlockAndRemembersItWhole) {
     startHostWithProbe();
     TextReader reader("If True Then\nEnd If\n1\n\n:help\nWhile True\nPrint 2\n^C\nDo");
     std::ostringstream output;
-    host::repl::runPrompt(reader, output, output, false);
+    host::repl::runPrompt(reader, output, output, ColorDepth::none);
     EXPECT_EQ(reader.prompts, "> | > > > > | | > | ");
     EXPECT_EQ(reader.remembered, "If True Then\nEnd If;1;:help;While True\nPrint 2;Do;");
 }
 
-TEST(Prompt, SwatchesOfColours) {
-    std::ostringstream output;
-    host::repl::ValuePresenter(output, true).present({host::Kind::Color, false, {}}, host::Slot::ofColor(0x80FF8001));
-    EXPECT_EQ(output.str(), "\x1B[48;2;255;128;1m    \x1B[0m &h80FF8001\n");
+// What the prompt shows of an expression.
+std::string presented(const std::string& declarations, const std::string& expression, ColorDepth depth) {
+    startHostWithProbe();
+    TextReader reader(declarations + "\n" + expression);
+    std::ostringstream output, errors;
+    host::repl::runPrompt(reader, output, errors, depth);
+    EXPECT_EQ(errors.str(), "");
+    return output.str();
+}
+
+TEST(Prompt, ShowsWhatValuesAre) {
+    const std::pair<const char*, const char*> values[] = {
+        {"\"say \"\"hi\"\"\" & Chr(27) & \"[1m\" & Chr(10)", "\"say \"\"hi\"\"\" & Chr(27) & \"[1m\" & Chr(10)\n"},
+        {"Array(Chr(9), \"\")", "(Chr(9), \"\")\n"},
+        {"New RuntimeException(\"no zero\", 7)", "RuntimeException 7: no zero\n"},
+        {"(New FolderItem(\"/tmp\")).Child(\"x\")", "FolderItem /tmp/x\n"},
+        {"Probe.row(2)", "Probe() with 2 elements\n  0  probe 0\n  1  probe 1\n"},
+        {"Probe.echo(\"held\")", "\"held\"\n"},
+        {"Split(Repeat(\"a\", 102), \"\").Count", "102\n"}};
+    for (const auto& [expression, shown] : values)
+        EXPECT_EQ(presented("", expression, ColorDepth::none), shown);
+    const std::string many = presented("", "Split(Repeat(\"a\", 102), \"\")", ColorDepth::none);
+    EXPECT_EQ(many.substr(many.size() - 36), "\"a\", \"a\", \"a\", and 2 elements more)\n");
+}
+
+// Colours as a screen shows them: "redColor" lies in a space of its own, and what is transparent lets a checkerboard
+// through.
+TEST(Prompt, ShowsColoursAsPicturesDo) {
+    startHostWithProbe();
+    host::loadPlugin(CHROMA_PLUGIN);
+    const auto shown = [](const char* expression, ColorDepth depth) {
+        const std::string text = presented("", expression, depth);
+        return text.substr(0, text.rfind("\x1B[0m "));
+    };
+    const std::string half = "\x1B[48;2;255;127;127m \x1B[48;2;236;108;109m ";
+    EXPECT_EQ(shown("RGB(255, 0, 0, 128)", ColorDepth::direct), half + half);
+    EXPECT_EQ(shown("RGB(255, 0, 0, 255)", ColorDepth::indexed), "\x1B[48;5;196m    ");
+    EXPECT_EQ(shown("RGB(130, 127, 128, 255)", ColorDepth::indexed), "\x1B[48;5;244m    ");
+#ifdef CHROMA_BUILTIN
+    EXPECT_EQ(shown("NSColorZRX.redColor", ColorDepth::direct), "\x1B[48;2;255;39;0m    ");
+    const std::string clear = "\x1B[48;2;255;255;255m \x1B[48;2;217;217;219m ";
+    EXPECT_EQ(shown("NSColorZRX.clearColor", ColorDepth::direct), clear + clear);
+    const std::string row = presented("", "Array(NSColorZRX.blackColor, NSColorZRX.redColor)", ColorDepth::direct);
+    EXPECT_EQ(row.rfind("NSColorZRX() with 2 elements\n  0  \x1B[48;2;0;0;0m    \x1B[0m ", 0), 0u) << row;
+#endif
+    const std::string text = presented("Dim c As NSColorZRX = NSColorZRX.redColor", "c", ColorDepth::none);
+    EXPECT_EQ(presented("Dim c As NSColorZRX = NSColorZRX.redColor", "Print c", ColorDepth::none), text);
+    EXPECT_EQ(text, presented("", "Print NSColorZRX.redColor.description", ColorDepth::none));
 }
 
 TEST(Prompt, Completion) {
     startHostWithProbe();
     std::ostringstream output;
-    host::repl::ValuePresenter presenter(output, false);
+    host::repl::ValuePresenter presenter(output, ColorDepth::none);
     host::language::Session session("prompt", output, presenter);
     ASSERT_EQ(session.run("Dim probes() As Probe\nDim probing As New Probe(1)\nSub Probed()\nEnd Sub\n"), "");
     const auto completed = [&](const char* line) {

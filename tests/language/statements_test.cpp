@@ -59,7 +59,7 @@ probes.Insert(0, Probe.make(2))
 probes.Insert(probes.Count, Probe.make(3))
 probes.Remove(1)
 ReDim probes(2)
-Print probes, probes(0).number, probes(1).number '> (Probe, Probe, Nil) 2 3)");
+Print probes, probes(0).number, probes(1).number '> (probe 2, probe 3, Nil) 2 3)");
 }
 
 TEST(Statements, Branches) {
@@ -191,7 +191,7 @@ For i As Integer = 1 To 3
   Try
     If i = 1 Then v(5) = 1
     If i = 2 Then Print 1 \ 0
-    Print "quiet" '> OutOfBoundsException The index 5 is used on an empty array. | other DivideByZeroException | quiet
+    Print "quiet" '> OutOfBoundsException: The index 5 is used on an empty array. The index 5 is used on an empty array. | other DivideByZeroException: Division by zero. | quiet
   Catch e As OutOfBoundsException
     Print e, e.Message
   Catch e As RuntimeException

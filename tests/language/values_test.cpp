@@ -71,14 +71,14 @@ Print Format(1e15, "#,##0"), Format(1.005, "0.000000"), Format(12, "") '> 1,000,
 
 TEST(Values, ObjectsArraysAndVariants) {
     expectPrinted(R"(Dim none As Probe
-Print New Probe(1), none, New OutOfBoundsException '> Probe Nil OutOfBoundsException
+Print New Probe(1), none, New OutOfBoundsException '> probe 1 Nil OutOfBoundsException
 Dim doubles(1) As Double, names() As String
 doubles(1) = 0.5
-Print doubles, names, Probe.row(2) '> (0, 0.5) () (Probe, Probe)
+Print doubles, names, Probe.row(2) '> (0, 0.5) () (probe 0, probe 1)
 Dim v As Variant = 1.5
 Print v '> 1.5
 v = "text"
-Print v, Probe.echo(&c0000FF), Probe.echo(Nil), Probe.echo(Probe.make(1)) '> text &h000000FF Nil Probe
+Print v, Probe.echo(&c0000FF), Probe.echo(Nil), Probe.echo(Probe.make(1)) '> text &h000000FF Nil probe 1
 Print Probe.echo(True), Probe.echo(doubles), Probe.echo(-7), Probe.echo(0.25) '> True (0, 0.5) -7 0.25
 Print Integer(3.7), String(12) + String(v), Double(3) / 2 '> 3 12text 1.5
 v = 3

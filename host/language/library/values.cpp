@@ -1,7 +1,8 @@
 #include "language/library/values.h"
 
+#include "language/library/object_text.h"
+
 #include "model/arrays.h"
-#include "model/classes.h"
 #include "model/strings.h"
 #include "model/variants.h"
 
@@ -67,7 +68,7 @@ std::string textOf(const Type& type, Slot value) {
     case Kind::Double: return textOf(value.real);
     case Kind::Color: return "&h" + hexOf(value.color, 8);
     case Kind::String: return utf8Of(value.string);
-    case Kind::Object: return value.object ? value.object->info->name() : "Nil";
+    case Kind::Object: return value.object ? textOf(value.object) : "Nil";
     case Kind::Variant: return value.object ? textOfVariant(value.object) : "Nil";
     }
     return {};

@@ -9,7 +9,7 @@
 namespace host::language {
 
 // As Print shows it: numbers in the shortest form that reads back the same, colours as &hAARRGGBB, True, False and Nil,
-// objects as their class, arrays as their elements in parentheses, variants as what they hold. In UTF-8.
+// objects as they describe themselves, arrays as their elements in parentheses, variants as what they hold. In UTF-8.
 std::string textOf(const Type& type, Slot value);
 
 std::string textOf(double value);

@@ -1,0 +1,56 @@
+#include "language/library/object_text.h"
+
+#include "model/classes.h"
+#include "model/exceptions.h"
+#include "model/platform.h"
+#include "model/strings.h"
+
+#include <array>
+#include <optional>
+
+namespace host::language {
+namespace {
+
+// What a property, or a method without arguments, answers. None when there is no such member, or when it raises.
+std::optional<std::string> textMember(Object* object, std::string_view name) {
+    const platform::AutoreleasePool pool;
+    const Type type = Type::plain(Kind::String);
+    Slot value;
+    if (const Property* const property = object->info->findProperty(name);
+        property && property->getter && property->type == type) {
+        value = readProperty(*property, object);
+    } else {
+        const OverloadSet methods = object->info->findMethods(name);
+        const auto suits = [&](const Method* method) {
+            return method->signature.parameters.empty() && method->signature.result == type;
+        };
+        if (methods.size() != 1 || !suits(methods.front())) return std::nullopt;
+        const std::array<Slot, 1> receiver = {Slot::ofObject(object)};
+        methods.front()->invoke(methods.front()->function, receiver.data(), &value);
+    }
+    Object* const exception = takePendingException();
+    std::string text = utf8Of(value.string);
+    unlock(value.string);
+    if (!exception) return text;
+    unlock(exception);
+    return std::nullopt;
+}
+
+std::string textOfException(Object* exception) {
+    const HostInteger number = exceptionErrorNumber(exception);
+    const std::string message = exceptionMessage(exception);
+    return exception->info->name() + (number == 0 ? "" : " " + std::to_string(number)) +
+           (message.empty() ? "" : ": " + message);
+}
+
+} // namespace
+
+std::string textOf(Object* object) {
+    const std::string& className = object->info->name();
+    if (isException(object)) return textOfException(object);
+    if (std::optional<std::string> description = textMember(object, "description")) return *std::move(description);
+    const std::optional<std::string> path = textMember(object, "NativePath");
+    return path ? className + " " + *path : className;
+}
+
+} // namespace host::language
