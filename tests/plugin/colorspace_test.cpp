@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <fstream>
 #include <unistd.h>
+#include <utility>
 
 using namespace chroma;
 using namespace chroma::colorspace;
@@ -142,6 +143,26 @@ TEST_F(Spaces, AreFoundByModelAndByNameAsTheSameObjects) {
     EXPECT_EQ(colorSpaceForColorSpaceName(unknown), nullptr);
 }
 
+TEST_F(Spaces, OfAModelStayInTheirPlacesAndInTheListWhateverFails) {
+    if (platform::lacks("+[NSColorSpace availableColorSpacesWithModel:]")) GTEST_SKIP() << "the platform finds no spaces";
+    int made = 0;
+    host.before["PluginNewInstance"] = [&] { return ++made == 2; };
+    const Owned partly(availableColorSpacesWithModel(1));
+    const auto objects = foreign::objectsOf(partly);
+    EXPECT_EQ(std::count(objects.begin(), objects.end(), nullptr), 1);
+    EXPECT_EQ(objects.at(1), nullptr);
+
+    static id next = nativeObject(objects[0]);
+    const id enumerator =
+        native::tell(native::tell("NSColorSpace", "availableColorSpacesWithModel:", NSInteger{1}), "objectEnumerator");
+    native::replace(
+        native::object_getClass(enumerator), "nextObject", +[](id, SEL) {
+            return next ? std::exchange(next, nullptr) : (native::raise("TestException", "in between"), nullptr);
+        });
+    EXPECT_EQ(foreign::objectsOf(Owned(availableColorSpacesWithModel(1))), std::vector(1, objects[0]));
+    expectPlatformException();
+}
+
 TEST_F(Spaces, ProfileFilesAreReadByThePathThatTheHostVersionHas) {
     const std::string bytes = someProfile(), half = bytes.substr(0, bytes.size() / 2);
     const std::string process = std::to_string(getpid()), folder = ::testing::TempDir();
@@ -156,7 +177,7 @@ TEST_F(Spaces, ProfileFilesAreReadByThePathThatTheHostVersionHas) {
         return result;
     };
     for (const double version : {2012.9, 2013.0, 2021.0}) {
-        rbversion_rbversion = version;
+        host.version = rbversion_rbversion = version;
         EXPECT_EQ(read({{"NativePath", path}}), version < 2013.0 ? "" : bytes);
         EXPECT_EQ(read({{"URLPath", url}}), version < 2013.0 ? bytes : "");
     }
@@ -165,7 +186,7 @@ TEST_F(Spaces, ProfileFilesAreReadByThePathThatTheHostVersionHas) {
     EXPECT_EQ(read({{"NativePath", ""}}), "");
     std::ofstream(path, std::ios::binary | std::ios::trunc) << half;
     EXPECT_EQ(read({{"NativePath", path}}), platform::expected(Difference::ProfileChecks, std::string(), half));
-    rbversion_rbversion = 2012.0;
+    host.version = rbversion_rbversion = 2012.0;
     EXPECT_EQ(read({{"URLPath", "not a url \x01"}}), "");
     std::remove(path.c_str());
 }

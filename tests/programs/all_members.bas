@@ -1,196 +1,197 @@
-' Uses every member that the three classes declare. What a colour or the host does not offer raises, and is counted.
+' Uses every member that the three classes declare and prints what it answers. Numbers have four places, so that platforms of
+' single and of double precision print the same. What a colour does not offer raises, and is told by a dash.
 
-Dim raised As Integer
-Dim x, y, z, u, w As Double
+Function Told(ParamArray numbers As Double) As String
+    Return Listed(numbers)
+End Function
 
-Dim colors() As NSColorZRX
-colors.Append New NSColorZRX(&hFFFF8000)
-colors.Append New NSColorZRX(1, 0.5, 0, 0.25)
-colors.Append NSColorZRX.colorWithColorSpaceHSV(NSColorSpaceZRX.sRGBColorSpace, 0.5, 1, 0.5)
-colors.Append NSColorZRX.colorWithDisplayP3(0.1, 0.2, 0.3)
-colors.Append NSColorZRX.scrubberTexturedBackgroundColor
-colors.Append NSColorZRX.colorWithColorSpace(NSColorSpaceZRX.genericCMYKColorSpace, 0.1, 0.2, 0.3, 0.4, 1)
-Dim parts() As Double
-parts.Append 0.25
-parts.Append 1
-colors.Append NSColorZRX.colorWithColorSpace(NSColorSpaceZRX.genericGrayColorSpace, parts)
-colors.Append NSColorZRX.colorWithGenericGamma22White(0.5)
-colors.Append NSColorZRX.colorWithCGColor(colors(0).CGColorHandle)
-colors.Append NSColorZRX.colorWithDeviceCMYK(0.1, 0.2, 0.3, 0.4)
-colors.Append NSColorZRX.colorWithDeviceRGB(0.1, 0.2, 0.3)
-colors.Append NSColorZRX.colorWithDeviceHSV(0.1, 0.2, 0.3)
-colors.Append NSColorZRX.colorWithDeviceWhite(0.5)
-colors.Append NSColorZRX.colorWithSRGB(0.1, 0.2, 0.3)
-colors.Append NSColorZRX.colorWithCalibratedRGB(0.1, 0.2, 0.3)
-colors.Append NSColorZRX.colorWithCalibratedHSV(0.1, 0.2, 0.3)
-colors.Append NSColorZRX.colorWithCalibratedWhite(0.5)
-colors(0).writeToPasteboard
-colors.Append NSColorZRX.colorFromPasteboard
-Print "no image: ", NSColorZRX.colorWithPatternImage(Nil) Is Nil
-colors.Append NSColorZRX.blackColor
-colors.Append NSColorZRX.darkGrayColor
-colors.Append NSColorZRX.lightGrayColor
-colors.Append NSColorZRX.whiteColor
-colors.Append NSColorZRX.grayColor
-colors.Append NSColorZRX.redColor
-colors.Append NSColorZRX.greenColor
-colors.Append NSColorZRX.blueColor
-colors.Append NSColorZRX.cyanColor
-colors.Append NSColorZRX.yellowColor
-colors.Append NSColorZRX.magentaColor
-colors.Append NSColorZRX.orangeColor
-colors.Append NSColorZRX.purpleColor
-colors.Append NSColorZRX.brownColor
-colors.Append NSColorZRX.clearColor
-colors.Append NSColorZRX.controlShadowColor
-colors.Append NSColorZRX.controlDarkShadowColor
-colors.Append NSColorZRX.controlColor
-colors.Append NSColorZRX.controlHighlightColor
-colors.Append NSColorZRX.controlLightHighlightColor
-colors.Append NSColorZRX.controlTextColor
-colors.Append NSColorZRX.controlBackgroundColor
-colors.Append NSColorZRX.selectedControlColor
-colors.Append NSColorZRX.secondarySelectedControlColor
-colors.Append NSColorZRX.selectedControlTextColor
-colors.Append NSColorZRX.disabledControlTextColor
-colors.Append NSColorZRX.textColor
-colors.Append NSColorZRX.textBackgroundColor
-colors.Append NSColorZRX.selectedTextColor
-colors.Append NSColorZRX.selectedTextBackgroundColor
-colors.Append NSColorZRX.gridColor
-colors.Append NSColorZRX.keyboardFocusIndicatorColor
-colors.Append NSColorZRX.windowBackgroundColor
-colors.Append NSColorZRX.scrollBarColor
-colors.Append NSColorZRX.knobColor
-colors.Append NSColorZRX.selectedKnobColor
-colors.Append NSColorZRX.windowFrameColor
-colors.Append NSColorZRX.windowFrameTextColor
-colors.Append NSColorZRX.selectedMenuItemColor
-colors.Append NSColorZRX.selectedMenuItemTextColor
-colors.Append NSColorZRX.highlightColor
-colors.Append NSColorZRX.shadowColor
-colors.Append NSColorZRX.headerColor
-colors.Append NSColorZRX.headerTextColor
-colors.Append NSColorZRX.alternateSelectedControlColor
-colors.Append NSColorZRX.alternateSelectedControlTextColor
+Function Listed(numbers() As Double) As String
+    Dim text As String
+    For Each number As Double In numbers
+        text = text & " " & Format(Round(number * 10000) / 10000, "0.####")
+    Next
+    Return text
+End Function
 
-For Each c As NSColorZRX In colors
-    Print c.description & " | " & c.colorSpaceName & " | " & Str(c.colorValue) & " | " & Str(c.alphaComponent)
-    Print "  ", c.redComponent, c.greenComponent, c.blueComponent, c.hueComponent, c.saturationComponent, c.brightnessComponent
-    Print "  ", c.cyanComponent, c.magentaComponent, c.yellowComponent, c.blackComponent, c.whiteComponent
-    Print "  " & c.catalogNameComponent & c.colorNameComponent & c.localizedCatalogNameComponent & c.localizedColorNameComponent
-    Print "  ", c._exception Is Nil, c.Handle <> 0, c.CGColorHandle <> 0
+' The space and the components.
+Function Told(c As NSColorZRX) As String
+    If c Is Nil Then Return " nil"
     Try
-        Print "  ", c.numberOfComponents, UBound(c.Components)
+        Return " " & c.colorSpaceName & Listed(c.Components)
     Catch e As RuntimeException
-        raised = raised + 1
+        Return " " & c.colorSpaceName & " -"
     End Try
+End Function
+
+Sub ShowForms(c As NSColorZRX)
+    Dim x, y, z, u, w As Double
+    Dim forms As String
     Try
         c.getCMYK(x, y, z, u)
-    Catch e As RuntimeException
-        raised = raised + 1
-    End Try
-    Try
+        forms = forms & Told(x, y, z, u)
         c.getCMYK(x, y, z, u, w)
+        forms = forms & " CMYKA" & Told(x, y, z, u, w)
     Catch e As RuntimeException
-        raised = raised + 1
+        forms = forms & " -" & Told(x, y, z, u)
     End Try
     Try
         c.getWhite(x)
-    Catch e As RuntimeException
-        raised = raised + 1
-    End Try
-    Try
+        forms = forms & Told(x)
         c.getWhite(x, y)
+        forms = forms & " white" & Told(x, y)
     Catch e As RuntimeException
-        raised = raised + 1
-    End Try
-    Try
-        c.getHSV(x, y, z)
-    Catch e As RuntimeException
-        raised = raised + 1
+        forms = forms & " -" & Told(x)
     End Try
     Try
         c.getHSV(x, y, z, u)
+        forms = forms & " HSVA" & Told(x, y, z, u)
+        c.getHSV(x, y, z)
+        forms = forms & " HSV" & Told(x, y, z)
     Catch e As RuntimeException
-        raised = raised + 1
-    End Try
-    Try
-        c.getRGB(x, y, z)
-    Catch e As RuntimeException
-        raised = raised + 1
+        forms = forms & " -" & Told(x, y, z)
     End Try
     Try
         c.getRGB(x, y, z, u)
+        forms = forms & " RGBA" & Told(x, y, z, u)
+        c.getRGB(x, y, z)
+        forms = forms & " RGB" & Told(x, y, z)
     Catch e As RuntimeException
-        raised = raised + 1
+        forms = forms & " -" & Told(x, y, z)
     End Try
-    Try
-        Print "  " & c.blendedColorWithFraction(0.5, NSColorZRX.redColor).description
-    Catch e As RuntimeException
-        raised = raised + 1
-    End Try
-    Try
-        Print "  " & c.colorWithAlphaComponent(0.5).description
-    Catch e As RuntimeException
-        raised = raised + 1
-    End Try
-    Try
-        Print "  " & c.colorUsingColorSpaceName("NSDeviceCMYKColorSpace").description
-    Catch e As RuntimeException
-        raised = raised + 1
-    End Try
-    Try
-        Print "  " & c.colorUsingColorSpace(NSColorSpaceZRX.sRGBColorSpace).description
-    Catch e As RuntimeException
-        raised = raised + 1
-    End Try
-    Try
-        Print "  " & c.shadowWithLevel(0.5).description & c.highlightWithLevel(0.5).description
-    Catch e As RuntimeException
-        raised = raised + 1
-    End Try
-    Try
-        Print "  " & c.colorSpace.localizedName
-    Catch e As RuntimeException
-        raised = raised + 1
-    End Try
-    Try
-        Print c.patternImage Is Nil
-    Catch e As RuntimeException
-        raised = raised + 1
-    End Try
-Next
-Print "raised: ", raised
+    Print "   " & forms
+End Sub
 
-Dim spaces() As NSColorSpaceZRX
+Sub ShowDerived(c As NSColorZRX)
+    Try
+        Print "   ", c.numberOfComponents, Told(c.blendedColorWithFraction(0.25, NSColorZRX.redColor))
+        Print "   " & Told(c.shadowWithLevel(0.25)) & Told(c.highlightWithLevel(0.25))
+    Catch e As RuntimeException
+        Print "    -"
+    End Try
+    Print "   " & Told(c.colorWithAlphaComponent(0.5)) & Told(c.colorUsingColorSpaceName("NSDeviceCMYKColorSpace"))
+    Print "   " & Told(c.colorUsingColorSpace(NSColorSpaceZRX.sRGBColorSpace))
+    Try
+        Print "    ", c.colorSpace.localizedName
+        Print "    ", c.patternImage Is Nil
+    Catch e As RuntimeException
+        Print "    -"
+    End Try
+End Sub
+
+Sub Show(what As String, c As NSColorZRX)
+    Print what & Told(c), Left(c.description, 27), c.colorValue
+    Print "   " & Told(c.redComponent, c.greenComponent, c.blueComponent, c.hueComponent, c.saturationComponent, c.brightnessComponent)
+    Print "   " & Told(c.cyanComponent, c.magentaComponent, c.yellowComponent, c.blackComponent, c.whiteComponent, c.alphaComponent)
+    Print "     names " & c.catalogNameComponent & "/" & c.colorNameComponent & "/" & c.localizedCatalogNameComponent & "/" & c.localizedColorNameComponent
+    Print "    ", c._exception Is Nil, c.Handle <> 0, c.CGColorHandle <> 0, c.CGColorHandle = c.Handle
+    ShowForms c
+    ShowDerived c
+End Sub
+
+Sub Show(what As String, space As NSColorSpaceZRX)
+    Print what, space.localizedName, space.colorSpaceName, space.description, space.colorSpaceModel, space.numberOfColorComponents
+    Dim handle As Integer = space.Handle
+    Print "    ", space.ICCProfileData Is Nil, handle <> 0, space.colorSyncProfileHandle <> 0, space.CGColorSpaceHandle = handle
+End Sub
+
+Dim parts() As Double = Array(0.25, 1.0)
+Show "Constructor", New NSColorZRX(&hFFFF8000)
+Show "Constructor", New NSColorZRX(1, 0.5, 0, 0.25)
+Show "HSV in a space", NSColorZRX.colorWithColorSpaceHSV(NSColorSpaceZRX.sRGBColorSpace, 0.5, 1, 0.5)
+Show "DisplayP3", NSColorZRX.colorWithDisplayP3(0.1, 0.2, 0.3)
+Show "scrubber", NSColorZRX.scrubberTexturedBackgroundColor
+Show "CMYK in a space", NSColorZRX.colorWithColorSpace(NSColorSpaceZRX.genericCMYKColorSpace, 0.1, 0.2, 0.3, 0.4, 1)
+Show "grey in a space", NSColorZRX.colorWithColorSpace(NSColorSpaceZRX.genericGrayColorSpace, parts)
+Show "gamma 2.2", NSColorZRX.colorWithGenericGamma22White(0.55, 0.5)
+Show "CGColor", NSColorZRX.colorWithCGColor((New NSColorZRX(1, 0.5, 0, 0.25)).CGColorHandle)
+Show "device CMYK", NSColorZRX.colorWithDeviceCMYK(0.1, 0.2, 0.3, 0.4)
+Show "device RGB", NSColorZRX.colorWithDeviceRGB(0.1, 0.2, 0.3)
+Show "device HSV", NSColorZRX.colorWithDeviceHSV(0.1, 0.2, 0.3)
+Show "device white", NSColorZRX.colorWithDeviceWhite(0.55, 0.25)
+Show "sRGB", NSColorZRX.colorWithSRGB(0.1, 0.2, 0.3)
+Show "calibrated RGB", NSColorZRX.colorWithCalibratedRGB(0.1, 0.2, 0.3)
+Show "calibrated HSV", NSColorZRX.colorWithCalibratedHSV(0.1, 0.2, 0.3)
+Show "calibrated white", NSColorZRX.colorWithCalibratedWhite(0.55, 0.25)
+NSColorZRX.orangeColor.writeToPasteboard
+Show "pasteboard", NSColorZRX.colorFromPasteboard
+Print "no image:", NSColorZRX.colorWithPatternImage(Nil) Is Nil
+Show "blackColor", NSColorZRX.blackColor
+Show "darkGrayColor", NSColorZRX.darkGrayColor
+Show "lightGrayColor", NSColorZRX.lightGrayColor
+Show "whiteColor", NSColorZRX.whiteColor
+Show "grayColor", NSColorZRX.grayColor
+Show "redColor", NSColorZRX.redColor
+Show "greenColor", NSColorZRX.greenColor
+Show "blueColor", NSColorZRX.blueColor
+Show "cyanColor", NSColorZRX.cyanColor
+Show "yellowColor", NSColorZRX.yellowColor
+Show "magentaColor", NSColorZRX.magentaColor
+Show "orangeColor", NSColorZRX.orangeColor
+Show "purpleColor", NSColorZRX.purpleColor
+Show "brownColor", NSColorZRX.brownColor
+Show "clearColor", NSColorZRX.clearColor
+Show "controlShadowColor", NSColorZRX.controlShadowColor
+Show "controlDarkShadowColor", NSColorZRX.controlDarkShadowColor
+Show "controlColor", NSColorZRX.controlColor
+Show "controlHighlightColor", NSColorZRX.controlHighlightColor
+Show "controlLightHighlightColor", NSColorZRX.controlLightHighlightColor
+Show "controlTextColor", NSColorZRX.controlTextColor
+Show "controlBackgroundColor", NSColorZRX.controlBackgroundColor
+Show "selectedControlColor", NSColorZRX.selectedControlColor
+Show "secondarySelectedControlColor", NSColorZRX.secondarySelectedControlColor
+Show "selectedControlTextColor", NSColorZRX.selectedControlTextColor
+Show "disabledControlTextColor", NSColorZRX.disabledControlTextColor
+Show "textColor", NSColorZRX.textColor
+Show "textBackgroundColor", NSColorZRX.textBackgroundColor
+Show "selectedTextColor", NSColorZRX.selectedTextColor
+Show "selectedTextBackgroundColor", NSColorZRX.selectedTextBackgroundColor
+Show "gridColor", NSColorZRX.gridColor
+Show "keyboardFocusIndicatorColor", NSColorZRX.keyboardFocusIndicatorColor
+Show "windowBackgroundColor", NSColorZRX.windowBackgroundColor
+Show "scrollBarColor", NSColorZRX.scrollBarColor
+Show "knobColor", NSColorZRX.knobColor
+Show "selectedKnobColor", NSColorZRX.selectedKnobColor
+Show "windowFrameColor", NSColorZRX.windowFrameColor
+Show "windowFrameTextColor", NSColorZRX.windowFrameTextColor
+Show "selectedMenuItemColor", NSColorZRX.selectedMenuItemColor
+Show "selectedMenuItemTextColor", NSColorZRX.selectedMenuItemTextColor
+Show "highlightColor", NSColorZRX.highlightColor
+Show "shadowColor", NSColorZRX.shadowColor
+Show "headerColor", NSColorZRX.headerColor
+Show "headerTextColor", NSColorZRX.headerTextColor
+Show "alternateSelectedControlColor", NSColorZRX.alternateSelectedControlColor
+Show "alternateSelectedControlTextColor", NSColorZRX.alternateSelectedControlTextColor
+
 Dim profile As MemoryBlock = NSColorSpaceZRX.sRGBColorSpace.ICCProfileData
-spaces.Append New NSColorSpaceZRX(profile)
-Dim file As New FolderItem("all members " & Str(spaces(0).Handle) & ".icc")
+Dim ofProfile As New NSColorSpaceZRX(profile)
+Dim colorSync As Integer = ofProfile.colorSyncProfileHandle
+Dim cgSpace As Integer = ofProfile.CGColorSpaceHandle
+Show "Constructor", ofProfile
+Dim file As New FolderItem("all members " & Str(ofProfile.Handle) & ".icc")
 file.WriteBytes profile
-spaces.Append NSColorSpaceZRX.ColorSpaceWithICCProfileData(file)
+Show "file", NSColorSpaceZRX.ColorSpaceWithICCProfileData(file)
 file.Delete
-spaces.Append NSColorSpaceZRX.ColorSpaceWithICCProfileData(profile)
-spaces.Append NSColorSpaceZRX.ColorSpaceWithColorSyncProfile(spaces(0).colorSyncProfileHandle)
-spaces.Append NSColorSpaceZRX.ColorSpaceWithCGColorSpace(spaces(0).CGColorSpaceHandle)
-Dim fromProfile As New NSColorSpaceZRX
-fromProfile.initWithColorSyncProfile(spaces(0).colorSyncProfileHandle)
-spaces.Append fromProfile
-Dim fromSpace As New NSColorSpaceZRX
-fromSpace.initWithCGColorSpace(spaces(0).CGColorSpaceHandle)
-spaces.Append fromSpace
-spaces.Append NSColorSpaceZRX.genericRGBColorSpace
-spaces.Append NSColorSpaceZRX.genericGrayColorSpace
-spaces.Append NSColorSpaceZRX.genericCMYKColorSpace
-spaces.Append NSColorSpaceZRX.deviceRGBColorSpace
-spaces.Append NSColorSpaceZRX.deviceGrayColorSpace
-spaces.Append NSColorSpaceZRX.deviceCMYKColorSpace
-spaces.Append NSColorSpaceZRX.sRGBColorSpace
-spaces.Append NSColorSpaceZRX.adobeRGB1998ColorSpace
-spaces.Append NSColorSpaceZRX.genericGamma22GrayColorSpace
-Dim names() As String
-names.Append NSColorSpaceZRX.NSCalibratedWhiteColorSpace
-names.Append NSColorSpaceZRX.NSCalibratedBlackColorSpace
+Show "profile", NSColorSpaceZRX.ColorSpaceWithICCProfileData(profile)
+Show "ColorSync profile", NSColorSpaceZRX.ColorSpaceWithColorSyncProfile(colorSync)
+Print NSColorSpaceZRX.ColorSpaceWithColorSyncProfile(cgSpace) Is Nil
+Show "CGColorSpace", NSColorSpaceZRX.ColorSpaceWithCGColorSpace(cgSpace)
+Dim fromProfile, fromSpace As NSColorSpaceZRX
+fromProfile = New NSColorSpaceZRX
+fromSpace = New NSColorSpaceZRX
+fromProfile.initWithColorSyncProfile(colorSync)
+fromSpace.initWithCGColorSpace(cgSpace)
+Show "of a ColorSync profile", fromProfile
+Show "of a CGColorSpace", fromSpace
+Show "generic RGB", NSColorSpaceZRX.genericRGBColorSpace
+Show "generic grey", NSColorSpaceZRX.genericGrayColorSpace
+Show "generic CMYK", NSColorSpaceZRX.genericCMYKColorSpace
+Show "device RGB", NSColorSpaceZRX.deviceRGBColorSpace
+Show "device grey", NSColorSpaceZRX.deviceGrayColorSpace
+Show "device CMYK", NSColorSpaceZRX.deviceCMYKColorSpace
+Show "sRGB", NSColorSpaceZRX.sRGBColorSpace
+Show "Adobe RGB", NSColorSpaceZRX.adobeRGB1998ColorSpace
+Show "gamma 2.2", NSColorSpaceZRX.genericGamma22GrayColorSpace
+Dim names() As String = Array(NSColorSpaceZRX.NSCalibratedWhiteColorSpace, NSColorSpaceZRX.NSCalibratedBlackColorSpace)
 names.Append NSColorSpaceZRX.NSCalibratedRGBColorSpace
 names.Append NSColorSpaceZRX.NSDeviceWhiteColorSpace
 names.Append NSColorSpaceZRX.NSDeviceBlackColorSpace
@@ -201,12 +202,9 @@ names.Append NSColorSpaceZRX.NSPatternColorSpace
 names.Append NSColorSpaceZRX.NSCustomColorSpace
 For Each name As String In names
     Dim named As NSColorSpaceZRX = NSColorSpaceZRX.colorSpaceForColorSpaceName(name)
-    Print name, named Is Nil
-    If Not (named Is Nil) Then spaces.Append named
+    If named Is Nil Then Print name, "nil" Else Show name, named
 Next
-Dim models() As Integer
-models.Append NSColorSpaceZRX.NSUnknownColorSpaceModel
-models.Append NSColorSpaceZRX.NSGrayColorSpaceModel
+Dim models() As Integer = Array(NSColorSpaceZRX.NSUnknownColorSpaceModel, NSColorSpaceZRX.NSGrayColorSpaceModel)
 models.Append NSColorSpaceZRX.NSRGBColorSpaceModel
 models.Append NSColorSpaceZRX.NSCMYKColorSpaceModel
 models.Append NSColorSpaceZRX.NSLABColorSpaceModel
@@ -214,22 +212,21 @@ models.Append NSColorSpaceZRX.NSDeviceNColorSpaceModel
 models.Append NSColorSpaceZRX.NSIndexedColorSpaceModel
 models.Append NSColorSpaceZRX.NSPatternColorSpaceModel
 For Each model As Integer In models
-    Dim found() As NSColorSpaceZRX = NSColorSpaceZRX.availableColorSpacesWithModel(model)
-    Print "model", model, UBound(found)
-Next
-For Each space As NSColorSpaceZRX In spaces
-    Print space.localizedName & " | " & space.colorSpaceName & " | " & space.description
-    Print "  ", space.colorSpaceModel, space.numberOfColorComponents, space.Handle <> 0
-    Print "  ", space.ICCProfileData Is Nil, space.colorSyncProfileHandle <> 0, space.CGColorSpaceHandle <> 0
+    Print "model", model
+    For Each found As NSColorSpaceZRX In NSColorSpaceZRX.availableColorSpacesWithModel(model)
+        Print "    ", found.localizedName
+    Next
 Next
 
 Dim list As New NSColorListZRX
 Print list.Create("Everything"), list.name, list.isEditable
-list.insertColor colors(0), "first", 0
-list.setColor colors(1), "second"
-Print list.colorWithKey("first").description
+list.setColor NSColorZRX.redColor, "second"
+list.insertColor NSColorZRX.blueColor, "first", 0
+list.insertColor NSColorZRX.greenColor, "second", 0
+Print Told(list.colorWithKey("first")) & Told(list.colorWithKey("second"))
 list.removeColorWithKey "first"
-Dim path As String = "all members " & Str(colors(0).Handle) & ".list"
-Print list.writeToFile(path), list.Create("Again", path), list.colorWithKey("second").description
+Dim path As String = "all members " & Str(list.colorWithKey("second").Handle) & ".list"
+Print list.writeToFile(path), list.Create("Again", path), list.name
+Print Told(list.colorWithKey("first")) & Told(list.colorWithKey("second"))
 list.removeFile
-Print list.Load("System"), list.isEditable
+Print list.Create("Gone", path), list.Load("System"), list.isEditable, list.name

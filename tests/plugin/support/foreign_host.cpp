@@ -1,6 +1,9 @@
 #include "support/foreign_host.h"
 
+#include "entry_points.h"
+
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 #include <utility>
 
@@ -24,8 +27,10 @@ struct Cell {
     int errorNumber = -1;
     std::vector<double> doubles;
     std::vector<REALobjectStruct*> objects;
-    std::string bytes; // of a string, behind its prefix byte; of a memory block
+    std::string bytes;     // of a string, behind its prefix byte; of a memory block
+    std::int32_t size = 0; // of the bytes, as it is told
     std::uint32_t encoding = 0;
+    bool showsBytes = false; // whether the contents of a string or a block are shown though nobody has locked it
 
     template <class T>
     T* value() {
@@ -38,6 +43,7 @@ struct Cell {
 };
 
 const char* const stringClass = "String";
+const char* const blockClass = "MemoryBlock";
 const char* const doublesClass = "Double()";
 
 // Never destroyed: what a partial host cannot give back stays reachable, and is not taken for a leak of the plugin.
@@ -58,6 +64,27 @@ int liveCells(bool strings) {
 }
 
 const void* visible(const void* storage) { return Host::instance().showsStorage ? storage : nullptr; }
+bool storesInRecords() { return Host::instance().version < 2017.0; }
+
+// Where the bytes of a string or a memory block are, and how many: told in the value itself only while it is locked, newer
+// hosts keep other things in a block.
+const char* shownBytes(const Cell* cell) {
+    const bool isShown = cell->references > 1 || cell->showsBytes;
+    return isShown ? cell->bytes.data() : nullptr;
+}
+void showBytes(Cell* cell) {
+    const bool isBlock = cell->className == blockClass;
+    if (!isBlock && cell->className != stringClass) return;
+    const char* const bytes = shownBytes(cell);
+    const std::int32_t size = bytes ? cell->size : 0;
+    if (!isBlock) {
+        cell->put(REALstringBufferOffset, bytes);
+        cell->put(REALstringLengthOffset, size);
+    } else if (storesInRecords()) {
+        cell->put(REALmemoryBlockSizeOffset, size);
+        cell->put(REALmemoryBlockBytesOffset, visible(bytes));
+    }
+}
 
 void showDoubles(Cell* cell) {
     cell->put(REALarrayElementsOffset, visible(cell->doubles.empty() ? nullptr : cell->doubles.data()));
@@ -69,25 +96,11 @@ REALclassDefinition* recordOf(const std::string& className) {
     return nullptr;
 }
 
-// The function of the row whose text is the wanted one. Legacy rows are the leading words of the current ones.
-template <class Legacy, class Row>
-REALfunction find(const REALclassDefinition* record, const Row* rows, REALword count, const std::string& wanted,
-                  const char* Row::*text, REALfunction Row::*function) {
-    const char* address = reinterpret_cast<const char*>(rows);
-    for (; count > 0; --count, address += record->version == 9 ? sizeof(Legacy) : sizeof(Row)) {
-        Row row;
-        std::memcpy(&row, address, sizeof(Legacy));
-        if (wanted == row.*text) return row.*function;
-    }
-    return nullptr;
-}
-
 // ---- Entries that take more than a line
 
 void registerClass(REALclassDefinition* record) {
     record->instanceDataOffset = REALinstanceDataOffset;
     Host::instance().records.push_back(record);
-    Host::instance().calls.push_back(std::string("class ") + record->name);
 }
 
 void raise(REALobjectStruct* exception) {
@@ -106,15 +119,10 @@ HostBoolean getText(REALobjectStruct* object, const char* property, REALstringSt
 REALstringStruct* build(const void* bytes, std::int32_t length, std::uint32_t encoding) {
     Cell* const cell = newCell(stringClass);
     cell->bytes.assign(1, '\0').append(static_cast<const char*>(bytes), static_cast<std::size_t>(length));
+    cell->size = length;
     cell->encoding = encoding;
-    cell->put<const char*>(REALstringBufferOffset, cell->bytes.data());
-    cell->put(REALstringLengthOffset, length);
+    showBytes(cell);
     return cell->value<REALstringStruct>();
-}
-
-REALstringStruct* buildString(const void* bytes, std::int32_t length) {
-    if (Host::instance().onBuildString) Host::instance().onBuildString();
-    return build(bytes, length, kUnknown);
 }
 
 const void* newCFString(REALstringStruct* value) {
@@ -127,95 +135,146 @@ const void* newCFString(REALstringStruct* value) {
 REALstringStruct* convert(REALstringStruct* value, std::uint32_t encoding) {
     const void* const text = value ? newCFString(value) : nullptr;
     if (!text) return nullptr;
-    char converted[4096];
-    const bool fits = CFStringGetCString(text, converted, sizeof converted, encoding) != 0;
+    std::vector<char> converted(4 * bytesOf(value).size() + 1);
+    const auto capacity = static_cast<std::intptr_t>(converted.size());
+    const bool fits = CFStringGetCString(text, converted.data(), capacity, encoding) != 0;
     CFRelease(text);
-    return fits ? string(converted, encoding) : nullptr;
+    return fits ? string(converted.data(), encoding) : nullptr;
+}
+
+void* createArray(std::int32_t type, std::int32_t upperBound) {
+    const bool isKnown = type == REALarrayOfDoubles || type == REALarrayOfObjects;
+    if (!isKnown || upperBound != -1) return nullptr;
+    return newCell(type == REALarrayOfDoubles ? doublesClass : "Object()")->value<void>();
+}
+
+// An index past the end leaves nothing between.
+template <class Element>
+void insert(std::vector<Element>& elements, std::int32_t index, Element value) {
+    const auto place = static_cast<std::size_t>(index);
+    if (place >= elements.size()) elements.resize(place);
+    elements.insert(elements.begin() + index, value);
 }
 
 void insertDouble(void* array, std::int32_t index, double value) {
-    Cell* const cell = cellOf(array);
-    cell->doubles.insert(cell->doubles.begin() + index, value);
-    showDoubles(cell);
+    insert(cellOf(array)->doubles, index, value);
+    showDoubles(cellOf(array));
 }
 
 void insertObject(void* array, std::int32_t index, REALobjectStruct* value) {
     if (value) ++cellOf(value)->references;
-    auto& objects = cellOf(array)->objects;
-    objects.insert(objects.begin() + index, value);
+    insert(cellOf(array)->objects, index, value);
 }
 
 double getDouble(void* array, std::int32_t index) { return cellOf(array)->doubles.at(static_cast<std::size_t>(index)); }
 
-REALarrayInsertDoubleProc doubleInserter(void*) { return Host::instance().givesProcedures ? insertDouble : nullptr; }
-REALarrayInsertObjectProc objectInserter(void*) { return Host::instance().givesProcedures ? insertObject : nullptr; }
-REALarrayGetDoubleProc doubleGetter(void*) { return Host::instance().givesProcedures ? getDouble : nullptr; }
+REALarrayInsertDoubleProc doubleInserter(void*) { return insertDouble; }
+REALarrayInsertObjectProc objectInserter(void*) { return insertObject; }
+REALarrayGetDoubleProc doubleGetter(void*) { return getDouble; }
 
 // The older name serves arrays of both kinds.
 void* anyInserter(void* array) {
-    return classOf(array) == doublesClass ? reinterpret_cast<void*>(doubleInserter(array))
-                                          : reinterpret_cast<void*>(objectInserter(array));
+    return classOf(array) == doublesClass ? reinterpret_cast<void*>(insertDouble) : reinterpret_cast<void*>(insertObject);
 }
 
 void setNumber(REALobjectStruct* object, const char*, std::int32_t value) { cellOf(object)->errorNumber = value; }
 
-// An entry's address, its function checked against the type that the ABI gives it.
-template <class Procedure>
-void* entry(Procedure function) {
-    return reinterpret_cast<void*>(function);
+// Text is UTF-8 in properties, whatever it comes in.
+void setText(REALobjectStruct* object, const char* property, REALstringStruct* value) {
+    const bool isTagged = value && encodingOf(value) != kUnknown;
+    cellOf(object)->texts[property] = isTagged ? take(convert(value, kUTF8)) : bytesOf(value);
 }
 
-const std::map<std::string, void*>& entries() {
-    static const std::map<std::string, void*> table = {
+REALmemoryBlockStruct* newBlock(std::int32_t size) {
+    auto* const made = block(std::string(static_cast<std::size_t>(size), '\0'), size);
+    cellOf(made)->showsBytes = true; // to its maker
+    showBytes(cellOf(made));
+    return made;
+}
+
+// Whose functions have the types that the ABI gives them, and from which version on.
+struct Entry {
+    void* address;
+    double since = 0;
+};
+template <class Procedure>
+Entry entry(Procedure function, double since = 0) {
+    return {reinterpret_cast<void*>(function), since};
+}
+
+const std::map<std::string, Entry>& entries() {
+    static const std::map<std::string, Entry> table = {
         {"REALGetRBVersion", entry<REALGetRBVersionProc>([] { return Host::instance().version; })},
-        {"RegisterPluginVersion", entry<RegisterPluginVersionProc>([](std::int32_t controlVersion) {
-             Host::instance().calls.push_back("version " + std::to_string(controlVersion));
-         })},
+        {"RegisterPluginVersion", entry<RegisterPluginVersionProc>([](std::int32_t) {})},
         {"PluginRegisterClass", entry<PluginRegisterClassProc>(registerClass)},
         {"PluginNewInstance", entry<PluginNewInstanceProc>(make)},
-        {"REALLockObject", entry<REALLockObjectProc>([](auto* object) { ++cellOf(object)->references; })},
+        {"REALLockObject", entry<REALLockObjectProc>([](auto* object) { lock(object); })},
         {"REALUnlockObject", entry<REALUnlockObjectProc>([](auto* object) { unlock(object); })},
         {"RuntimeRaiseException", entry<RuntimeRaiseExceptionProc>(raise)},
-        {"REALSetPropValueString", entry<REALSetPropValueStringProc>([](auto* object, const char* property, auto* value) {
-             cellOf(object)->texts[property] = bytesOf(value);
-         })},
-        {"REALSetPropValueInteger", entry<REALSetPropValueIntegerProc>(setNumber)},
+        {"REALSetPropValueString", entry<REALSetPropValueStringProc>(setText)},
+        {"REALSetPropValueInteger", entry<REALSetPropValueIntegerProc>(setNumber, 2013.0)},
         {"REALSetPropValueInt", entry<REALSetPropValueIntegerProc>(setNumber)},
         {"REALGetPropValueString", entry<REALGetPropValueStringProc>(getText)},
         {"ChromaObjectIsA", entry<ChromaObjectIsAProc>([](auto* object, const char* className) -> HostBoolean {
              return classOf(object) == className;
          })},
-        {"REALBuildString", entry<REALBuildStringProc>(buildString)},
-        {"REALBuildStringWithEncoding", entry<REALBuildStringWithEncodingProc>(build)},
+        {"REALBuildString", entry<REALBuildStringProc>([](auto bytes, auto size) { return build(bytes, size, kUnknown); })},
+        {"REALBuildStringWithEncoding", entry<REALBuildStringWithEncodingProc>(build, 2012.0)},
         {"REALGetStringEncoding", entry<REALGetStringEncodingProc>(encodingOf)},
         {"REALSetStringEncoding",
          entry<REALSetStringEncodingProc>([](auto* value, std::uint32_t encoding) { cellOf(value)->encoding = encoding; })},
         {"REALConvertString", entry<REALConvertStringProc>(convert)},
-        {"REALLockString", entry<REALLockStringProc>([](auto* value) { ++cellOf(value)->references; })},
+        {"REALLockString", entry<REALLockStringProc>([](auto* value) { lock(value); })},
         {"REALUnlockString", entry<REALUnlockStringProc>([](auto* value) { unlock(value); })},
-        {"REALGetStringCFString", entry<REALGetStringCFStringProc>([](auto* value, std::int32_t) {
-             return Host::instance().givesCFStrings ? newCFString(value) : nullptr;
-         })},
-        {"RuntimeArrayCreateSingleDimBoundedArray", entry<RuntimeArrayCreateProc>([](std::int32_t type, std::int32_t) {
-             return newCell(type == REALarrayOfDoubles ? doublesClass : "Object()")->value<void>();
-         })},
+        {"REALGetStringCFString",
+         entry<REALGetStringCFStringProc>([](auto* value, std::int32_t) { return newCFString(value); })},
+        {"RuntimeArrayCreateSingleDimBoundedArray", entry<RuntimeArrayCreateProc>(createArray)},
         {"RuntimeUBound", entry<RuntimeUBoundProc>([](void* array) {
              return static_cast<std::int32_t>(cellOf(array)->doubles.size() + cellOf(array)->objects.size()) - 1;
          })},
-        {"PluginDoubleArrayInsertProc", entry<PluginDoubleArrayInsertProc>(doubleInserter)},
-        {"PluginObjectArrayInsertProc", entry<PluginObjectArrayInsertProc>(objectInserter)},
-        {"PluginDoubleArrayGetProc", entry<PluginDoubleArrayGetProc>(doubleGetter)},
+        {"PluginDoubleArrayInsertProc", entry<PluginDoubleArrayInsertProc>(doubleInserter, 2013.0)},
+        {"PluginObjectArrayInsertProc", entry<PluginObjectArrayInsertProc>(objectInserter, 2013.0)},
+        {"PluginDoubleArrayGetProc", entry<PluginDoubleArrayGetProc>(doubleGetter, 2013.0)},
         {"RuntimeArrayDirectGetInsertProc", entry(anyInserter)},
         {"RuntimeArrayDirectGetGetProc", entry<PluginDoubleArrayGetProc>(doubleGetter)},
-        {"newMemoryBlock", entry<NewMemoryBlockProc>(
-                               [](std::int32_t size) { return block(std::string(static_cast<std::size_t>(size), '\0')); })},
+        {"newMemoryBlock", entry<NewMemoryBlockProc>(newBlock)},
         {"memoryBlockGetPtr",
-         entry<MemoryBlockGetPtrProc>([](auto* value) { return const_cast<void*>(visible(cellOf(value)->bytes.data())); })},
-        {"memoryBlockGetSize",
-         entry<MemoryBlockGetSizeProc>([](auto* value) { return static_cast<std::int32_t>(cellOf(value)->bytes.size()); })},
+         entry<MemoryBlockGetPtrProc>([](auto* value) { return const_cast<void*>(visible(shownBytes(cellOf(value)))); },
+                                      2017.0)},
+        {"memoryBlockGetSize", entry<MemoryBlockGetSizeProc>(
+                                   [](auto* value) { return shownBytes(cellOf(value)) ? cellOf(value)->size : 0; }, 2017.0)},
     };
     return table;
 }
+
+// What tells calls apart: numbers and names. Values of the host are left out.
+std::string told(const char* name) { return name; }
+std::string told(std::int32_t number) { return std::to_string(number); }
+std::string told(std::uint32_t encoding) {
+    char digits[12];
+    std::snprintf(digits, sizeof digits, "%#x", encoding);
+    return digits;
+}
+template <class Value>
+std::string told(const Value&) {
+    return "";
+}
+
+struct Listener {
+    template <class Result, class... Arguments>
+    static Result answer(const char* name, Result (*target)(Arguments...), Arguments... arguments) {
+        Host& host = Host::instance();
+        if (host.trace) {
+            std::string words;
+            for (const std::string& word : {std::string(), told(arguments)...})
+                if (!word.empty()) words += (words.empty() ? "(" : ", ") + word;
+            host.note(name + words + (words.empty() ? "" : ")"));
+        }
+        const auto before = host.before.find(name);
+        if (before != host.before.end() && before->second()) return Result();
+        return target(arguments...);
+    }
+};
 
 } // namespace
 
@@ -227,7 +286,13 @@ Host& Host::instance() {
 void* Host::resolve(const char* entryName) {
     ++instance().asked[entryName];
     const auto found = entries().find(entryName);
-    return found == entries().end() || instance().missing.count(entryName) ? nullptr : found->second;
+    const bool isThere = found != entries().end() && instance().version >= found->second.since;
+    return isThere && !instance().missing.count(entryName) ? entries::heard<Listener>(entryName, found->second.address)
+                                                           : nullptr;
+}
+
+void Host::note(const std::string& word) {
+    if (trace) *trace += (trace->empty() ? "" : " ") + word;
 }
 
 std::vector<Raised> Host::takeRaised() { return std::exchange(raised, {}); }
@@ -237,9 +302,14 @@ int Host::liveStrings() { return liveCells(true); }
 
 int references(const void* value) { return cellOf(value)->references; }
 
+void lock(const void* value) {
+    ++cellOf(value)->references;
+    showBytes(cellOf(value));
+}
+
 void unlock(const void* value) {
     Cell* const cell = cellOf(value);
-    if (--cell->references > 0) return;
+    if (--cell->references > 0) return showBytes(cell);
     if (cell->record) bound<void(REALobjectStruct*)>(cell->record->destructor)(cell->value<REALobjectStruct>());
     for (auto* element : cell->objects)
         if (element) unlock(element);
@@ -267,14 +337,15 @@ std::string classOf(const void* object) { return cellOf(object)->className; }
 
 REALfunction method(const char* className, const std::string& declaration) {
     const REALclassDefinition* const record = recordOf(className);
-    return find<REALmethodDefinitionLegacy>(record, record->methods, record->methodCount, declaration,
-                                            &REALmethodDefinition::declaration, &REALmethodDefinition::function);
-}
-
-REALfunction getter(const char* className, const std::string& property) {
-    const REALclassDefinition* const record = recordOf(className);
-    return find<REALpropertyLegacy>(record, record->properties, record->propertyCount, property, &REALproperty::name,
-                                    &REALproperty::getter);
+    // Legacy rows are the leading words of the current ones.
+    const std::size_t size = record->version == 9 ? sizeof(REALmethodDefinitionLegacy) : sizeof(REALmethodDefinition);
+    const auto* row = reinterpret_cast<const char*>(record->methods);
+    for (REALword i = 0; i < record->methodCount; ++i, row += size) {
+        REALmethodDefinitionLegacy method;
+        std::memcpy(&method, row, sizeof method);
+        if (declaration == method.declaration) return method.function;
+    }
+    return nullptr;
 }
 
 REALstringStruct* string(const std::string& bytes, std::uint32_t encoding) {
@@ -295,12 +366,13 @@ REALarrayDouble* doubles(const std::vector<double>& values) {
 std::vector<double> take(REALarrayDouble* array) { return cellOf(Owned(array))->doubles; }
 std::vector<REALobjectStruct*> objectsOf(void* array) { return cellOf(array)->objects; }
 
-REALmemoryBlockStruct* block(const std::string& bytes) {
-    Cell* const cell = newCell("MemoryBlock");
+REALmemoryBlockStruct* block(const std::string& bytes) { return block(bytes, static_cast<std::int32_t>(bytes.size())); }
+REALmemoryBlockStruct* block(const std::string& bytes, std::int32_t toldSize) {
+    Cell* const cell = newCell(blockClass);
     cell->bytes = bytes;
-    const bool isOld = Host::instance().version < 2017.0; // newer hosts keep other things there
-    cell->put(REALmemoryBlockSizeOffset, isOld ? static_cast<std::int32_t>(bytes.size()) : -1);
-    cell->put(REALmemoryBlockBytesOffset, visible(cell->bytes.data()));
+    cell->size = toldSize;
+    if (!storesInRecords()) cell->put(REALmemoryBlockSizeOffset, -1);
+    showBytes(cell);
     return cell->value<REALmemoryBlockStruct>();
 }
 std::string bytesOf(REALmemoryBlockStruct* value) { return cellOf(value)->bytes; }

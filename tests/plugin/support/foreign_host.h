@@ -1,5 +1,7 @@
-// A host of the tests' own, written from the ABI header alone. It can play any version, leave entries out, refuse work, and
-// it counts what it hands out, so that a test can show that everything came back.
+// A host of the tests' own, written from the ABI header alone and as strict as a host may be: an entry is there from its
+// version on, storage shows while it is locked, text is read in the encoding that it is tagged with. It can leave entries
+// out, refuse work and throw; it counts what it hands out, so that a test can show that everything came back, and tells what
+// it was asked.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -24,19 +26,22 @@ struct Host {
     double version = 2021.0;
     std::set<std::string> missing;             // entries that the resolver does not know
     std::map<std::string, int> asked;          // how often the resolver was asked, by entry
-    std::vector<std::string> calls;            // announcements and registrations, in order
     std::vector<REALclassDefinition*> records; // as received
     std::set<std::string> plainClasses{"RuntimeException",   "OutOfBoundsException", "OutOfMemoryException",
                                        "NilObjectException", "IllegalCastException", "UnsupportedOperationException",
                                        "NSExceptionZRX"}; // without a record
     std::vector<Raised> raised;                           // since the last takeRaised
-    bool givesCFStrings = true;                           // whether REALGetStringCFString answers
-    bool givesProcedures = true;                          // whether array procedure getters answer
-    bool showsStorage = true;            // whether double arrays and memory blocks tell where their contents are
-    std::function<void()> onBuildString; // runs inside REALBuildString; may throw
+    bool showsStorage = true; // whether double arrays and memory blocks tell where their contents are
+    // By entry, what happens before it does anything: it may throw; true: the entry answers zero and does nothing.
+    std::map<std::string, std::function<bool()>> before;
+    // What was asked of the host and by `note`, in order, while this is not null.
+    std::string* trace = nullptr;
 
     static Host& instance();
     static void* resolve(const char* entryName);
+
+    // Adds a word to the trace, if one is kept.
+    void note(const std::string& word);
 
     // The raised exceptions, which are forgotten then.
     std::vector<Raised> takeRaised();
@@ -48,6 +53,7 @@ struct Host {
 
 // Values of every kind: objects, arrays, memory blocks, strings.
 int references(const void* value);
+void lock(const void* value);
 void unlock(const void* value);
 
 // A value with one reference that ends with this; may be null.
@@ -75,9 +81,8 @@ REALobjectStruct* make(const char* className);
 REALobjectStruct* plain(const char* className, const std::map<std::string, std::string>& properties);
 std::string classOf(const void* object);
 
-// A function from a registered record, in either layout, by its declaration or its property name; null when there is none.
+// A function from a registered record, in either layout, by its declaration; null when there is none.
 REALfunction method(const char* className, const std::string& declaration);
-REALfunction getter(const char* className, const std::string& property);
 
 template <class Function>
 Function* bound(REALfunction function) {
@@ -95,6 +100,7 @@ REALarrayDouble* doubles(const std::vector<double>& values);
 std::vector<double> take(REALarrayDouble* array); // gives it up
 std::vector<REALobjectStruct*> objectsOf(void* array);
 REALmemoryBlockStruct* block(const std::string& bytes);
+REALmemoryBlockStruct* block(const std::string& bytes, std::int32_t toldSize);
 std::string bytesOf(REALmemoryBlockStruct* block);
 
 } // namespace foreign

@@ -42,6 +42,16 @@ protected:
         REALPluginMain(foreign::Host::resolve);
     }
 
+    // What the body asks of the host's entries and, by messages, of the platform, in order.
+    template <class Body>
+    std::string traceOf(Body body) {
+        std::string trace;
+        host.trace = &trace;
+        body();
+        host.trace = nullptr;
+        return trace;
+    }
+
     // Entries of the stand-in sibling's registry.
     static chroma::CFIndex registered() { return native::CFDictionaryGetCount(native::Sibling::registry()); }
 
