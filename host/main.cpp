@@ -21,11 +21,11 @@ Example:
 
 // The options, which the parser fills, must outlive the application.
 CLI::App* addBrowse(CLI::App& application, BrowseOptions& options) {
-    CLI::App* const command =
-        application.add_subcommand("browse", "Show the classes, a class or a member, and what it is for");
-    command->add_option("CLASS", options.className, "A class; without one all classes, a line each");
+    CLI::App* const command = application.add_subcommand(
+        "browse", "Show what there is, a class, a member, a function or a keyword, and what it is for");
+    command->add_option("NAME", options.name, "A class, a function or another word; without one all that there is");
     command->add_option("MEMBER", options.member, "A property, method or constant of the class");
-    command->add_flag("--markdown", options.markdown, "All classes as one Markdown page");
+    command->add_flag("--markdown", options.markdown, "Everything as one Markdown page");
     return command;
 }
 

@@ -1,8 +1,10 @@
 #include "commands/start.h"
 
 #include "documentation/browser.h"
+#include "documentation/pager.h"
 
 #include <iostream>
+#include <sstream>
 
 namespace host::commands {
 
@@ -10,13 +12,11 @@ int browse(const Start& start, const BrowseOptions& options) {
     startHost(start, true);
     if (options.markdown) {
         documentation::writeReference(registry(), std::cout);
-    } else if (options.className.empty()) {
-        documentation::browseClasses(registry(), std::cout);
-    } else if (options.member.empty()) {
-        documentation::browseClass(registry(), options.className, std::cout);
-    } else {
-        documentation::browseMember(registry(), options.className, options.member, std::cout);
+        return success;
     }
+    std::ostringstream page;
+    documentation::browse(registry(), options.name, options.member, documentation::outputWidth(), page);
+    documentation::showPaged(page.str());
     return success;
 }
 

@@ -33,8 +33,8 @@ int prompt(const Start& start);
 int records(const Start& start, bool json);
 
 struct BrowseOptions {
-    std::string className; // empty: all classes
-    std::string member;    // empty: the whole class
+    std::string name;   // of a class, a function or another word of the language; empty: everything
+    std::string member; // empty: the whole class
     bool markdown = false;
 };
 int browse(const Start& start, const BrowseOptions& options);

@@ -2,38 +2,63 @@
 
 #include "documentation/pages.h"
 #include "documentation/suggestion.h"
+#include "documentation/word_texts.h"
 
 #include <algorithm>
 #include <ostream>
 #include <stdexcept>
 
 namespace host::documentation {
-
 namespace {
 
-constexpr std::size_t lineWidth = 100;
+class Writer {
+public:
+    Writer(std::ostream& out, std::size_t width) : out_(out), width_(width) {}
 
-// Words from `text`, broken into indented lines.
-void writeParagraph(std::string_view text, std::size_t indent, std::ostream& out) {
-    if (text.empty()) return;
-    std::size_t column = 0;
-    while (!text.empty()) {
-        const std::string_view word = text.substr(0, text.find(' '));
-        if (column > 0 && column + 1 + word.size() > lineWidth) {
-            out << '\n';
-            column = 0;
+    void line(std::string_view text) { out_ << text << '\n'; }
+
+    // A label as it is and words behind it, broken into lines of which all but the first are indented. A word that is longer
+    // than a line has one for itself.
+    void paragraph(const std::string& label, std::string_view text, std::size_t indent) {
+        std::size_t column = label.size();
+        out_ << label;
+        for (bool atStart = true; !text.empty(); atStart = false) {
+            const std::string_view word = text.substr(0, text.find(' '));
+            text.remove_prefix(std::min(text.size(), word.size() + 1));
+            const bool breaks = !atStart && column + 1 + word.size() > width_;
+            if (breaks) out_ << '\n' << std::string(indent, ' ');
+            if (!atStart && !breaks) out_ << ' ';
+            out_ << word;
+            column = (breaks ? indent : column + (atStart ? 0 : 1)) + word.size();
         }
-        out << (column == 0 ? std::string(indent, ' ') : " ") << word;
-        column += word.size() + (column == 0 ? indent : 1);
-        text.remove_prefix(std::min(text.size(), word.size() + 1));
+        out_ << '\n';
     }
-    out << '\n';
-}
 
-void writeMember(const MemberPage& member, std::ostream& out) {
-    for (const std::string& declaration : member.declarations)
-        out << "  " << declaration << '\n';
-    writeParagraph(member.text, 6, out);
+    void member(const MemberPage& member) {
+        constexpr std::size_t indent = 2, textIndent = 6, moreIndent = 10;
+        for (const std::string& declaration : member.declarations) {
+            const std::size_t own = declaration.find_first_not_of(' ');
+            paragraph(std::string(indent + own, ' '), std::string_view(declaration).substr(own), moreIndent + own);
+        }
+        if (!member.text.empty()) paragraph(std::string(textIndent, ' '), member.text, textIndent);
+    }
+
+    void section(const Section& section) {
+        line(section.title);
+        for (const MemberPage& page : section.members)
+            member(page);
+    }
+
+private:
+    std::ostream& out_;
+    const std::size_t width_;
+};
+
+std::vector<std::string> namesOf(const std::vector<MemberPage>& members) {
+    std::vector<std::string> names;
+    for (const MemberPage& member : members)
+        names.push_back(member.name);
+    return names;
 }
 
 [[noreturn]] void refuse(const std::string& message, std::string_view name, const std::vector<std::string>& candidates) {
@@ -41,80 +66,122 @@ void writeMember(const MemberPage& member, std::ostream& out) {
     throw std::invalid_argument(message + (guess.empty() ? "" : "; did you mean " + guess + "?"));
 }
 
-ClassPage pageNamed(const Registry& registry, std::string_view className) {
-    if (const ClassInfo* const info = registry.find(className)) return pageOf(*info);
-    std::vector<std::string> names;
-    for (const auto& info : registry.classes())
-        names.push_back(info->name());
-    refuse("there is no class " + std::string(className), className, names);
-}
-
 std::string title(const ClassPage& page) {
     const ClassInfo* const super = page.info->super();
     return page.info->name() + (super ? " (a " + super->name() + ")" : "");
 }
 
-} // namespace
-
-void browseClasses(const Registry& registry, std::ostream& out) {
+void browseEverything(const Registry& registry, Writer& writer) {
     const std::vector<ClassPage> pages = pagesOf(registry);
     std::size_t width = 0;
     for (const ClassPage& page : pages)
-        width = std::max(width, page.info->name().size());
+        width = std::max(width, page.info->name().size() + 2);
     for (const ClassPage& page : pages) {
         const std::string& name = page.info->name();
-        out << name << std::string(width - name.size() + 2, ' ') << page.text << '\n';
+        writer.paragraph(name + std::string(width - name.size(), ' '), page.text, width);
+    }
+    const std::pair<const char*, std::vector<std::string>> words[] = {{"Functions", functionNames()},
+                                                                      {"Statements, operators and types", wordNames()}};
+    for (const auto& [heading, names] : words) {
+        std::string joined;
+        for (const std::string& name : names)
+            joined += (joined.empty() ? "" : " ") + name;
+        writer.line("");
+        writer.line(heading);
+        writer.paragraph("  ", joined, 2);
     }
 }
 
-void browseClass(const Registry& registry, std::string_view className, std::ostream& out) {
-    const ClassPage page = pageNamed(registry, className);
-    out << title(page) << '\n';
-    writeParagraph(page.text, 0, out);
+void browseClass(const ClassPage& page, Writer& writer) {
+    writer.line(title(page));
+    if (!page.text.empty()) writer.paragraph("", page.text, 0);
     for (const Section& section : page.sections) {
-        out << '\n' << section.title << '\n';
-        for (const MemberPage& member : section.members)
-            writeMember(member, out);
+        writer.line("");
+        writer.section(section);
     }
 }
 
-void browseMember(const Registry& registry, std::string_view className, std::string_view member, std::ostream& out) {
-    bool found = false;
-    std::vector<std::string> names;
-    const std::string given = pageNamed(registry, className).info->name();
-    for (const ClassInfo* info = registry.find(className); info && !found; info = info->super()) {
-        const ClassPage page = pageOf(*info);
-        for (const Section& section : page.sections) {
-            for (const MemberPage& candidate : section.members) {
-                names.push_back(candidate.name);
-                if (!equalIgnoringCase(candidate.name, member)) continue;
-                out << info->name() << ", " << section.title << '\n';
-                writeMember(candidate, out);
-                found = true;
-            }
+// False when nothing has the name.
+bool browseWord(std::string_view name, Writer& writer) {
+    const std::optional<MemberPage> page = pageOfWord(name);
+    if (page) writer.member(*page);
+    return page.has_value();
+}
+
+// Those of the class itself: how many.
+std::size_t browseMembersNamed(const ClassPage& page, std::string_view name, Writer& writer) {
+    std::size_t count = 0;
+    for (const Section& section : page.sections) {
+        for (const MemberPage& member : section.members) {
+            if (!equalIgnoringCase(member.name, name)) continue;
+            writer.line(page.info->name() + ", " + section.title);
+            writer.member(member);
+            ++count;
         }
     }
-    if (!found) refuse(given + " has no member " + std::string(member), member, names);
+    return count;
+}
+
+void browseMember(const ClassInfo& info, std::string_view member, Writer& writer) {
+    std::vector<std::string> names;
+    for (const ClassInfo* owner = &info; owner; owner = owner->super()) {
+        const ClassPage page = pageOf(*owner);
+        if (browseMembersNamed(page, member, writer) > 0) return;
+        for (const Section& section : page.sections)
+            for (std::string& name : namesOf(section.members))
+                names.push_back(std::move(name));
+    }
+    refuse(info.name() + " has no member " + std::string(member), member, names);
+}
+
+void browseAnything(const Registry& registry, std::string_view name, Writer& writer) {
+    if (const ClassInfo* const info = registry.find(name)) return browseClass(pageOf(*info), writer);
+    if (browseWord(name, writer)) return;
+    std::size_t found = 0;
+    for (const ClassPage& page : pagesOf(registry))
+        found += browseMembersNamed(page, name, writer);
+    if (found == 0) refuse("there is nothing of the name " + std::string(name), name, pageNames(registry));
+}
+
+void writeMembers(const std::vector<MemberPage>& members, std::ostream& out) {
+    for (const MemberPage& member : members) {
+        out << "- ";
+        for (const std::string& declaration : member.declarations)
+            out << '`' << declaration << "`  \n  ";
+        out << member.text << '\n';
+    }
+}
+
+} // namespace
+
+void browse(const Registry& registry, std::string_view name, std::string_view member, std::size_t width, std::ostream& out) {
+    Writer writer(out, width);
+    if (name.empty()) return browseEverything(registry, writer);
+    if (member.empty()) return browseAnything(registry, name, writer);
+    const ClassInfo* const info = registry.find(name);
+    if (!info) refuse("there is no class " + std::string(name), name, classNames(registry));
+    browseMember(*info, member, writer);
 }
 
 void writeReference(const Registry& registry, std::ostream& out) {
     const std::vector<ClassPage> pages = pagesOf(registry);
-    out << "# Reference\n\nEvery class that a program sees, each member as it is declared. `chromahost browse CLASS MEMBER` shows\n"
-           "the same in a terminal, and `chromahost browse --markdown` writes this page.\n\n";
+    out << "# Reference\n\nEvery class that a program sees, each member as it is declared, and every function and other word of the\n"
+           "language. `chromahost browse NAME` shows the same in a terminal, and `chromahost browse --markdown` writes this page.\n\n";
     for (const ClassPage& page : pages)
         out << "- [" << page.info->name() << "](#" << page.info->name() << "): " << page.text << '\n';
+    out << "- [Functions](#functions)\n- [Statements, operators and types](#statements-operators-and-types)\n";
     for (const ClassPage& page : pages) {
         out << "\n<a id=\"" << page.info->name() << "\"></a>\n\n## " << title(page) << "\n\n" << page.text << '\n';
         for (const Section& section : page.sections) {
             out << "\n### " << section.title << "\n\n";
-            for (const MemberPage& member : section.members) {
-                out << "- ";
-                for (const std::string& declaration : member.declarations)
-                    out << '`' << declaration << "`  \n  ";
-                out << member.text << '\n';
-            }
+            writeMembers(section.members, out);
         }
     }
+    out << "\n## Functions\n\n";
+    writeMembers(functionPages(), out);
+    out << "\n## Statements, operators and types\n";
+    for (const WordText& word : wordTexts())
+        out << "\n```text\n" << word.form << "\n```\n" << word.text << '\n';
 }
 
 } // namespace host::documentation

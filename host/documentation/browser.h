@@ -1,4 +1,5 @@
-// The class browser: what a registry holds and what it is for, in plain text and as one Markdown page.
+// The browser: what a registry holds, the words of the language, and what each is for, in plain text and as one Markdown
+// page.
 #pragma once
 
 #include "model/classes.h"
@@ -8,15 +9,15 @@
 
 namespace host::documentation {
 
-// The classes, a line each.
-void browseClasses(const Registry& registry, std::ostream& out);
+constexpr std::size_t usualWidth = 100; // of lines, in characters
 
-// One class with all its members; one member, of the class or inherited, with its overloads. Throw std::invalid_argument,
-// with the name that may have been meant, when there is no such class or member.
-void browseClass(const Registry& registry, std::string_view className, std::ostream& out);
-void browseMember(const Registry& registry, std::string_view className, std::string_view member, std::ostream& out);
+// A class with all its members; one member, of the class or inherited, with its overloads; without a member also a function
+// or another word of the language, or the members of that name in any class; without a name everything, classes with a line
+// each. Lines are broken at words. Throws std::invalid_argument, with the name that may have been meant, when there is
+// nothing of that name.
+void browse(const Registry& registry, std::string_view name, std::string_view member, std::size_t width, std::ostream& out);
 
-// All classes as a Markdown page.
+// Everything as a Markdown page.
 void writeReference(const Registry& registry, std::ostream& out);
 
 } // namespace host::documentation

@@ -1,8 +1,12 @@
 #include "documentation/pages.h"
 
 #include "documentation/texts.h"
+#include "documentation/word_texts.h"
+
+#include "language/library/functions.h"
 
 #include <algorithm>
+#include <sstream>
 
 namespace host::documentation {
 
@@ -21,6 +25,11 @@ std::string_view explanation(const ClassInfo& info, std::string_view member) {
 // In the language's own form, with a comment where a value may be assigned.
 std::string declarationOf(const std::string& declaration, REALfunction setter) {
     return setter ? declaration + "  ' may be set" : declaration;
+}
+
+std::vector<std::string> sorted(std::vector<std::string> names) {
+    std::sort(names.begin(), names.end(), LessIgnoringCase());
+    return names;
 }
 
 class SectionMaker {
@@ -87,6 +96,60 @@ std::vector<ClassPage> pagesOf(const Registry& registry) {
     std::stable_sort(pages.begin(), pages.end(),
                      [&](const ClassPage& a, const ClassPage& b) { return place(a) < place(b); });
     return pages;
+}
+
+std::vector<MemberPage> functionPages() {
+    std::vector<MemberPage> pages;
+    for (const Method& method : language::functions()) {
+        const std::string& name = method.signature.name;
+        auto page = std::find_if(pages.begin(), pages.end(), [&](const MemberPage& made) { return made.name == name; });
+        if (page == pages.end()) page = pages.insert(pages.end(), {name, {}, language::functionText(name)});
+        page->declarations.emplace_back(method.declaration);
+    }
+    return pages;
+}
+
+std::optional<MemberPage> pageOfWord(std::string_view word) {
+    for (MemberPage& page : functionPages())
+        if (equalIgnoringCase(page.name, word)) return std::move(page);
+    const WordText* const text = findWordText(word);
+    if (!text) return std::nullopt;
+    MemberPage page = {std::string(word), {}, text->text};
+    std::istringstream lines{std::string(text->form)};
+    for (std::string line; std::getline(lines, line);)
+        page.declarations.push_back(line);
+    return page;
+}
+
+std::vector<std::string> classNames(const Registry& registry) {
+    std::vector<std::string> names;
+    for (const auto& info : registry.classes())
+        names.push_back(info->name());
+    return names;
+}
+
+std::vector<std::string> functionNames() {
+    std::vector<std::string> names;
+    for (const MemberPage& page : functionPages())
+        names.push_back(page.name);
+    return sorted(std::move(names));
+}
+
+std::vector<std::string> wordNames() {
+    std::vector<std::string> names;
+    for (const WordText& text : wordTexts()) {
+        std::istringstream words{std::string(text.words)};
+        for (std::string word; words >> word;)
+            names.push_back(word);
+    }
+    return sorted(std::move(names));
+}
+
+std::vector<std::string> pageNames(const Registry& registry) {
+    std::vector<std::string> names = classNames(registry);
+    for (const auto& more : {functionNames(), wordNames()})
+        names.insert(names.end(), more.begin(), more.end());
+    return names;
 }
 
 } // namespace host::documentation

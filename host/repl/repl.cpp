@@ -1,6 +1,7 @@
 #include "repl/repl.h"
 
 #include "documentation/browser.h"
+#include "documentation/pager.h"
 #include "language/session.h"
 #include "repl/completion.h"
 #include "repl/presentation.h"
@@ -17,9 +18,10 @@ namespace {
 
 constexpr const char* help =
     R"(Type a statement to run it, or an expression to see its value. Blocks go on until they are closed.
-  :browse [CLASS [MEMBER]]  what there is and what it is for
-  :help                     this
-  :quit                     leave; the end of the input does too
+  :browse [NAME [MEMBER]]  what there is and what it is for: classes, members, functions, keywords, types
+  :help                    this
+  :quit                    leave; Ctrl-D on an empty line does too
+Tab completes names and indents lines; behind ( it shows what may follow. Ctrl-R searches what was entered before.
 Ctrl-C gives up the line, or stops the statement that runs.
 )";
 
@@ -27,8 +29,10 @@ constexpr const char* howToLeave = "To leave: :quit, or Ctrl-D on an empty line.
 
 class Prompt {
 public:
-    Prompt(std::ostream& output, std::ostream& errors, ColorDepth depth)
-        : output_(output), errors_(errors), presenter_(output, depth), session_("prompt", output, presenter_) {}
+    // `paged`: what is long goes to stdout's terminal instead of the output.
+    Prompt(std::ostream& output, std::ostream& errors, ColorDepth depth, bool paged)
+        : output_(output), errors_(errors), paged_(paged), presenter_(output, depth),
+          session_("prompt", output, presenter_) {}
 
     language::Session& session() { return session_; }
 
@@ -93,25 +97,30 @@ private:
     // False when the prompt shall end.
     bool command(const std::string& line) {
         std::istringstream words(line);
-        std::string name, className, member;
-        words >> name >> className >> member;
-        if (name == ":quit") return false;
-        if (name == ":browse") {
-            browse(className, member);
-        } else if (name == ":help") {
+        std::string command, name, member;
+        words >> command >> name >> member;
+        if (command == ":quit") return false;
+        if (command == ":browse") {
+            browse(name, member);
+        } else if (command == ":help") {
             output_ << help;
         } else {
-            fail("there is no command " + name + "; :help lists them\n");
+            fail("there is no command " + command + "; :help lists them\n");
         }
         output_.flush();
         return true;
     }
 
-    void browse(const std::string& className, const std::string& member) {
+    void browse(const std::string& name, const std::string& member) {
         try {
-            if (className.empty()) return documentation::browseClasses(registry(), output_);
-            if (member.empty()) return documentation::browseClass(registry(), className, output_);
-            documentation::browseMember(registry(), className, member, output_);
+            std::ostringstream page;
+            documentation::browse(registry(), name, member,
+                                  paged_ ? documentation::outputWidth() : documentation::usualWidth, page);
+            if (!paged_) {
+                output_ << page.str();
+            } else {
+                documentation::showPaged(page.str());
+            }
         } catch (const std::invalid_argument& error) {
             fail(std::string(error.what()) + "\n");
         }
@@ -119,6 +128,7 @@ private:
 
     std::ostream& output_;
     std::ostream& errors_;
+    const bool paged_;
     ValuePresenter presenter_;
     language::Session session_;
     bool succeeded_ = true;
@@ -127,12 +137,12 @@ private:
 } // namespace
 
 bool runPrompt(LineReader& reader, std::ostream& output, std::ostream& errors, ColorDepth depth) {
-    return Prompt(output, errors, depth).run(reader);
+    return Prompt(output, errors, depth, false).run(reader);
 }
 
 int runPrompt() {
     const bool interactive = isatty(STDIN_FILENO) != 0;
-    Prompt prompt(std::cout, std::cerr, outputColorDepth());
+    Prompt prompt(std::cout, std::cerr, outputColorDepth(), interactive);
     std::unique_ptr<LineReader> reader;
 #ifdef CHROMA_READLINE
     if (interactive && isatty(STDOUT_FILENO))

@@ -56,7 +56,7 @@ TEST(CommandLine, RunsAProgramAndFindsWhatItLeaves) {
 TEST(CommandLine, RunsAllThatIsPipedToThePromptAndTellsWhetherSomethingFailed) {
     EXPECT_EQ(run("repl < " + program("Dim a As Integer = 5\na + 1\n")), Outcome(0, "6\n"));
     EXPECT_EQ(run("repl 2>/dev/null < " + program("Dim a As Integer = 1 \\ 0\na + 1\n:quit\n")).first, 1);
-    EXPECT_EQ(run("repl < " + program(":browse Nowhere\n2\n")), Outcome(1, "there is no class Nowhere\n2\n"));
+    EXPECT_EQ(run("repl < " + program(":browse Nowhere\n2\n")), Outcome(1, "there is nothing of the name Nowhere\n2\n"));
 }
 
 TEST(CommandLine, SaysWhatIsWrong) {

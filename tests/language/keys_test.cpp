@@ -30,7 +30,7 @@ public:
         setenv("NO_COLOR", "1", 1);
         setenv("INPUTRC", "/dev/null", 1);
         setenv("LC_ALL", "C.UTF-8", 1);
-        setenv("PAGER", "cat", 1);
+        setenv("PAGER", "sed 's/^/paged: /'", 1);
         setenv("ASAN_OPTIONS", "detect_leaks=0", 1); // the line editor forgets a little when it is left in the middle
         std::vector<char*> arguments;
         for (std::string& word : command)
@@ -207,8 +207,12 @@ TEST_F(Keys, TheHistoryOutlivesASignalAndKeepsBlocksWhole) {
     after.await("\n707\n");
 }
 
-TEST_F(Keys, QuitAndExitSayHowToLeave) {
+TEST_F(Keys, LongPagesGoThroughThePagerAndQuitSaysHowToLeave) {
     Terminal terminal(state);
+    terminal.type(":browse Len\n:browse NSColorZRX\n");
+    terminal.await("\n  Len(text as string) as integer\n");
+    terminal.await("\npaged: NSColorZRX\n");
+    terminal.await("\n> ");
     terminal.type("exit\nQuit\n");
     terminal.await("To leave: :quit");
     terminal.await("To leave: :quit");

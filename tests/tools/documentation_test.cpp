@@ -3,12 +3,16 @@
 #include "documentation/browser.h"
 #include "documentation/pages.h"
 #include "documentation/texts.h"
+#include "documentation/word_texts.h"
+#include "language/library/functions.h"
+#include "language/reading/lexer.h"
 
 #include "model/entries.h"
 #include "model/plugin.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -37,7 +41,7 @@ bool declares(const ClassPage& page, std::string_view member) {
 std::string browsed(const char* className, const char* member) {
     std::ostringstream out;
     try {
-        browseMember(host::registry(), className, member, out);
+        browse(host::registry(), className, member, usualWidth, out);
     } catch (const std::invalid_argument& error) {
         return error.what();
     }
@@ -66,6 +70,21 @@ TEST_F(Documentation, ExplainsNothingThatIsNotDeclared) {
     }
 }
 
+TEST_F(Documentation, ExplainsEveryWordOfTheLanguage) {
+    for (const MemberPage& function : functionPages())
+        EXPECT_FALSE(function.text.empty()) << function.name;
+    for (const std::string_view keyword : host::language::keywordNames())
+        EXPECT_NE(findWordText(keyword), nullptr) << keyword;
+    for (const std::string& word : wordNames()) {
+        const auto keywords = host::language::keywordNames();
+        const bool isKeyword =
+            std::any_of(keywords.begin(), keywords.end(), [&](std::string_view keyword) { return keyword == word; });
+        const bool isType = host::typeNamed(word).kind != host::Kind::Object || word == "Object";
+        EXPECT_TRUE(isKeyword || isType || word == "Array" || word == "UBound") << word;
+        EXPECT_TRUE(host::language::findFunctions(word).empty()) << word << " has two pages";
+    }
+}
+
 TEST_F(Documentation, ReferenceIsUpToDate) {
     std::ostringstream kept, written;
     kept << std::ifstream(REFERENCE).rdbuf();
@@ -84,4 +103,26 @@ TEST_F(Documentation, BrowsesOverloadsAndInheritedMembersAndGuessesWhatIsMeant) 
     EXPECT_EQ(browsed("NSColour", "x"), "there is no class NSColour; did you mean NSColorZRX?");
     EXPECT_EQ(browsed("NSColorZRX", "getRBG"), "NSColorZRX has no member getRBG; did you mean getRGB?");
     EXPECT_EQ(browsed("FolderItem", "zzzzzz"), "FolderItem has no member zzzzzz");
+    EXPECT_EQ(browsed("len", ""), "  Len(text as string) as integer\n      How many characters a text has.\n");
+    EXPECT_EQ(browsed("DownTo", ""), browsed("For", ""));
+    EXPECT_EQ(browsed("For", "").rfind("  For name [As Type] = first To last [Step step]\n    statements\n  Next\n", 0), 0u);
+    EXPECT_EQ(browsed("redcolor", "").rfind("NSColorZRX, Shared methods\n  redColor as NSColorZRX\n", 0), 0u);
+    EXPECT_EQ(browsed("Lenn", ""), "there is nothing of the name Lenn; did you mean Len?");
+}
+
+TEST_F(Documentation, BreaksLinesAtWordsForAnyWidth) {
+    for (const std::size_t width : {40u, 72u}) {
+        std::ostringstream page;
+        browse(host::registry(), "NSColorZRX", "", width, page);
+        browse(host::registry(), "", "", width, page);
+        std::istringstream lines(page.str());
+        std::string line;
+        std::size_t longest = 0;
+        while (std::getline(lines, line)) {
+            const std::string_view text = std::string_view(line).substr(std::min(line.find_first_not_of(' '), line.size()));
+            EXPECT_TRUE(line.size() <= width || text.find(' ') == std::string_view::npos) << line;
+            longest = std::max(longest, line.size());
+        }
+        EXPECT_GT(longest, width - 8);
+    }
 }

@@ -123,46 +123,57 @@ String* lowercase(String* text) { return newString(utf8::map(utf8Of(text), lower
 struct Definition {
     const char* declaration;
     REALfunction function;
+    std::string_view text =
+        {}; // what it is for, in Markdown that also reads well as it is; once for all overloads of a name
 };
 
 const Definition definitions[] = {
-    {"Str(value as boolean) as string", bound(strBoolean)},
+    {"Str(value as boolean) as string", bound(strBoolean), "A value as text, as Print shows it."},
     {"Str(value as integer) as string", bound(strInteger)},
     {"Str(value as double) as string", bound(strDouble)},
     {"Str(value as color) as string", bound(strColor)},
-    {"Hex(value as integer, digits as integer = 0) as string", bound(hexInteger)},
+    {"Hex(value as integer, digits as integer = 0) as string", bound(hexInteger),
+     "A number in hexadecimal, with zeros in front up to so many digits."},
     {"Hex(value as color, digits as integer = 0) as string", bound(hexColor)},
-    {"Val(text as string) as double", bound(val)},
-    {"Len(text as string) as integer", bound(len)},
-    {"Mid(text as string, start as integer) as string", bound(midToEnd)},
+    {"Val(text as string) as double", bound(val), "The number at the start of a text, or 0."},
+    {"Len(text as string) as integer", bound(len), "How many characters a text has."},
+    {"Mid(text as string, start as integer) as string", bound(midToEnd),
+     "The text from a character on, counted from 1: so many characters, or all to the end."},
     {"Mid(text as string, start as integer, length as integer) as string", bound(mid)},
-    {"Left(text as string, length as integer) as string", bound(left)},
-    {"Right(text as string, length as integer) as string", bound(right)},
-    {"InStr(text as string, wanted as string) as integer", bound(inStr)},
+    {"Left(text as string, length as integer) as string", bound(left), "The first characters of a text."},
+    {"Right(text as string, length as integer) as string", bound(right), "The last characters of a text."},
+    {"InStr(text as string, wanted as string) as integer", bound(inStr),
+     "Where a text stands in another, as the number of its first character; 0 when it does not."},
     {"InStr(start as integer, text as string, wanted as string) as integer", bound(inStrFrom)},
-    {"Trim(text as string) as string", bound(text::trim)},
-    {"LTrim(text as string) as string", bound(text::trimLeft)},
-    {"RTrim(text as string) as string", bound(text::trimRight)},
-    {"Replace(text as string, wanted as string, by as string) as string", bound(text::replace)},
-    {"Repeat(text as string, count as integer) as string", bound(text::repeat)},
-    {"Split(text as string, delimiter as string = \" \") as string()", bound(text::split)},
-    {"Join(parts() as string, delimiter as string = \" \") as string", bound(text::join)},
-    {"Chr(code as integer) as string", bound(text::character)},
-    {"Asc(text as string) as integer", bound(text::codeOf)},
-    {"Format(value as double, pattern as string) as string", bound(text::format)},
-    {"Uppercase(text as string) as string", bound(uppercase)},
-    {"Lowercase(text as string) as string", bound(lowercase)},
-    {"Round(value as double) as double", bound(roundReal)},
-    {"Floor(value as double) as double", bound(floorReal)},
-    {"Ceil(value as double) as double", bound(ceilReal)},
-    {"Sqrt(value as double) as double", bound(squareRoot)},
-    {"Abs(value as integer) as integer", bound(absInteger)},
+    {"Trim(text as string) as string", bound(text::trim), "The text without blanks at its start and end."},
+    {"LTrim(text as string) as string", bound(text::trimLeft), "The text without blanks at its start."},
+    {"RTrim(text as string) as string", bound(text::trimRight), "The text without blanks at its end."},
+    {"Replace(text as string, wanted as string, by as string) as string", bound(text::replace),
+     "The text with every occurrence of one text replaced by another."},
+    {"Repeat(text as string, count as integer) as string", bound(text::repeat), "The text so many times."},
+    {"Split(text as string, delimiter as string = \" \") as string()", bound(text::split),
+     "The parts of a text between delimiters; with an empty delimiter its characters."},
+    {"Join(parts() as string, delimiter as string = \" \") as string", bound(text::join),
+     "One text from the parts, with a delimiter between them."},
+    {"Chr(code as integer) as string", bound(text::character), "The character of that Unicode number."},
+    {"Asc(text as string) as integer", bound(text::codeOf),
+     "The Unicode number of a text's first character; -1 of an empty text."},
+    {"Format(value as double, pattern as string) as string", bound(text::format),
+     "A number as a pattern says: `0` a digit, `#` a digit unless it is a leading or trailing 0, `.` the decimal point, `,` groups by thousands, `%` hundredths."},
+    {"Uppercase(text as string) as string", bound(uppercase), "The text in capital letters."},
+    {"Lowercase(text as string) as string", bound(lowercase), "The text in small letters."},
+    {"Round(value as double) as double", bound(roundReal), "The nearest whole number; halves go away from 0."},
+    {"Floor(value as double) as double", bound(floorReal), "The nearest whole number that is not greater."},
+    {"Ceil(value as double) as double", bound(ceilReal), "The nearest whole number that is not smaller."},
+    {"Sqrt(value as double) as double", bound(squareRoot), "The square root; of a negative number no number."},
+    {"Abs(value as integer) as integer", bound(absInteger), "The number without its sign."},
     {"Abs(value as double) as double", bound(absReal)},
-    {"Min(a as integer, b as integer) as integer", bound(minInteger)},
+    {"Min(a as integer, b as integer) as integer", bound(minInteger), "The smaller of two numbers."},
     {"Min(a as double, b as double) as double", bound(minReal)},
-    {"Max(a as integer, b as integer) as integer", bound(maxInteger)},
+    {"Max(a as integer, b as integer) as integer", bound(maxInteger), "The greater of two numbers."},
     {"Max(a as double, b as double) as double", bound(maxReal)},
-    {"RGB(red as integer, green as integer, blue as integer, alpha as integer = 0) as color", bound(rgb)},
+    {"RGB(red as integer, green as integer, blue as integer, alpha as integer = 0) as color", bound(rgb),
+     "A colour value from its channels, each from 0 to 255; what lies beyond counts as the nearest of the two."},
 };
 
 } // namespace
@@ -183,6 +194,12 @@ const std::vector<Method>& functions() {
         return made;
     }();
     return all;
+}
+
+std::string_view functionText(std::string_view name) {
+    for (const Method* overload : findFunctions(name))
+        if (const std::string_view text = definitions[overload->index].text; !text.empty()) return text;
+    return {};
 }
 
 OverloadSet findFunctions(std::string_view name) {

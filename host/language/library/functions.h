@@ -11,6 +11,9 @@ namespace host::language {
 // By name without regard to case; empty when there is none.
 OverloadSet findFunctions(std::string_view name);
 
+// What the functions of the name are for; empty when there is none.
+std::string_view functionText(std::string_view name);
+
 // All of them, overloads one by one.
 const std::vector<Method>& functions();
 

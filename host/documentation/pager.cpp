@@ -1,0 +1,67 @@
+#include "documentation/pager.h"
+
+#include "documentation/browser.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace host::documentation {
+namespace {
+
+// Without a terminal, or one that does not tell, 0 by 0.
+winsize terminalSize() {
+    winsize size = {};
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0) size = {};
+    return size;
+}
+
+// A signal that is ignored in this process while one lives.
+class Ignored {
+public:
+    explicit Ignored(int signal) : signal_(signal) {
+        struct sigaction action = {};
+        action.sa_handler = SIG_IGN;
+        sigaction(signal, &action, &before_);
+    }
+    ~Ignored() { sigaction(signal_, &before_, nullptr); }
+    Ignored(const Ignored&) = delete;
+    Ignored& operator=(const Ignored&) = delete;
+
+private:
+    const int signal_;
+    struct sigaction before_ = {};
+};
+
+void write(const std::string& text, FILE* file) { std::fwrite(text.data(), 1, text.size(), file); }
+
+} // namespace
+
+std::size_t outputWidth() {
+    constexpr std::size_t narrowest = 40;
+    const std::size_t columns = terminalSize().ws_col;
+    return columns == 0 ? usualWidth : std::max(columns, narrowest);
+}
+
+void showPaged(const std::string& text) {
+    constexpr const char* usualPager = "if command -v less >/dev/null; then less -R; else more; fi";
+    std::fflush(stdout);
+    const std::size_t rows = terminalSize().ws_row;
+    const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+    const char* const pager = std::getenv("PAGER");
+    FILE* const pipe = rows != 0 && lines >= rows ? popen(pager && *pager ? pager : usualPager, "w") : nullptr;
+    if (!pipe) {
+        write(text, stdout);
+        std::fflush(stdout);
+        return;
+    }
+    const Ignored quit(SIGPIPE), interrupt(SIGINT); // both the pager's affair
+    write(text, pipe);
+    pclose(pipe);
+}
+
+} // namespace host::documentation
