@@ -34,6 +34,9 @@ public:
     // Variables, constants and procedures.
     std::vector<std::string> names() const;
 
+    // Those of the name; empty when there is none.
+    OverloadSet findProcedures(std::string_view name) const { return checker_.procedures().find(name); }
+
 private:
     Source source_;
     Checker checker_;

@@ -1,17 +1,17 @@
 #include "repl/completion.h"
 
+#include "documentation/pages.h"
 #include "language/library/functions.h"
-#include "language/reading/lexer.h"
+#include "text/letters.h"
 
 #include <algorithm>
 #include <set>
+#include <sstream>
 
 namespace host::repl {
 namespace {
 
 using Names = std::set<std::string, LessIgnoringCase>;
-
-bool isNamePart(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_'; }
 
 std::size_t wordStart(std::string_view text) {
     std::size_t start = text.size();
@@ -62,28 +62,116 @@ Names everywhere(const language::Session& session) {
     Names names;
     for (std::string& name : session.names())
         names.insert(std::move(name));
-    for (const auto& info : registry().classes())
-        names.insert(info->name());
-    for (const Method& method : language::functions())
-        names.insert(method.signature.name);
-    for (const std::string_view keyword : language::keywordNames())
-        names.insert(std::string(keyword));
-    names.insert({"UBound", "Array", "Integer", "Double", "Boolean", "String", "Color", "Variant", "Object"});
+    for (std::string& name : documentation::pageNames(registry()))
+        names.insert(std::move(name));
     return names;
+}
+
+// Those that may follow a colon at a line's start.
+Names forCommand(std::string_view before) {
+    std::istringstream words{std::string(before)};
+    std::string command, subject, more;
+    words >> command >> subject >> more;
+    if (command.empty() || command == ":") return {"browse", "help", "quit"};
+    if (command != ":browse" || !more.empty()) return {};
+    Names names;
+    if (const ClassInfo* const info = registry().find(subject)) {
+        addMembers(*info, true, names);
+        addMembers(*info, false, names);
+    } else if (subject.empty()) {
+        for (std::string& name : documentation::pageNames(registry()))
+            names.insert(std::move(name));
+    }
+    return names;
+}
+
+// How the text goes on behind its last character.
+struct Ending {
+    bool inCode = true;                        // neither in quotes nor in a comment
+    std::vector<std::size_t> parentheses = {}; // those that are open
+};
+
+Ending endingOf(std::string_view text) {
+    Ending ending;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (isLineEnd(c)) ending.inCode = true;
+        if (!ending.inCode) continue;
+        if (c == '\'' || text.substr(i, 2) == "//") {
+            ending.inCode = false;
+        } else if (c == '"') {
+            i = text.find('"', i + 1);
+            if (i == std::string_view::npos) return {false, {}};
+        } else if (c == '(') {
+            ending.parentheses.push_back(i);
+        } else if (c == ')' && !ending.parentheses.empty()) {
+            ending.parentheses.pop_back();
+        }
+    }
+    return ending;
+}
+
+// Of what stands before an open parenthesis.
+OverloadSet calledBy(language::Session& session, std::string_view before, bool& constructor) {
+    const std::size_t start = wordStart(before);
+    const std::string_view name = before.substr(start);
+    std::string_view rest = before.substr(0, start);
+    if (!rest.empty() && rest.back() == '.') {
+        const auto [type, namedClass] = session.meaningOf(lastChain(rest.substr(0, rest.size() - 1)));
+        if (namedClass) return namedClass->findSharedMethods(name);
+        const ClassInfo* const info = type.is(Kind::Object) && !type.isNil() ? registry().find(type.className) : nullptr;
+        return info ? info->findMethods(name) : OverloadSet();
+    }
+    while (!rest.empty() && isBlank(rest.back()))
+        rest.remove_suffix(1);
+    constructor = equalIgnoringCase(rest.substr(wordStart(rest)), "New");
+    if (constructor) {
+        const ClassInfo* const info = registry().find(name);
+        return info ? info->constructors() : OverloadSet();
+    }
+    OverloadSet found = session.findProcedures(name);
+    return found.empty() ? language::findFunctions(name) : found;
+}
+
+// One line for each overload.
+std::string signatures(language::Session& session, std::string_view before) {
+    bool constructor = false;
+    std::string lines;
+    for (const Method* method : calledBy(session, before, constructor)) {
+        const std::string_view declaration = method->declaration;
+        const std::string_view own = declaration.substr(constructor ? method->signature.name.size() : 0);
+        lines.append(lines.empty() ? "" : "\n");
+        lines.append(constructor ? "New " + method->owner->name() : std::string()).append(own);
+    }
+    return lines;
+}
+
+Assistance beginningAs(std::string_view word, const Names& names) {
+    Assistance result;
+    std::copy_if(names.begin(), names.end(), std::back_inserter(result.names), [&](const std::string& name) {
+        return equalIgnoringCase(std::string_view(name).substr(0, word.size()), word);
+    });
+    return result;
 }
 
 } // namespace
 
-std::vector<std::string> completions(language::Session& session, std::string_view line) {
-    const std::size_t start = wordStart(line);
-    const std::string_view word = line.substr(start);
-    const bool member = start > 0 && line[start - 1] == '.';
-    const Names names = member ? membersOf(session, lastChain(line.substr(0, start - 1))) : everywhere(session);
-    std::vector<std::string> found;
-    std::copy_if(names.begin(), names.end(), std::back_inserter(found), [&](const std::string& name) {
-        return equalIgnoringCase(std::string_view(name).substr(0, word.size()), word);
-    });
-    return found;
+Assistance assist(language::Session& session, std::string_view text) {
+    constexpr const char* indentation = "  ";
+    const std::size_t start = wordStart(text);
+    const std::string_view word = text.substr(start), before = text.substr(0, start);
+    const std::string_view line = text.substr(text.find_last_of('\n') + 1);
+    const std::size_t first = line.find_first_not_of(" \t");
+    if (first == std::string_view::npos) return {{}, indentation, {}};
+    if (line[first] == ':') return beginningAs(word, forCommand(before));
+    const Ending ending = endingOf(text);
+    if (!ending.inCode) return {};
+    if (!before.empty() && before.back() == '.')
+        return beginningAs(word, membersOf(session, lastChain(before.substr(0, before.size() - 1))));
+    Assistance result = beginningAs(word, everywhere(session));
+    if (word.empty() && !ending.parentheses.empty())
+        result.note = signatures(session, text.substr(0, ending.parentheses.back()));
+    return result;
 }
 
 } // namespace host::repl

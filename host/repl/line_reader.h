@@ -24,13 +24,18 @@ public:
     virtual void remember(const std::string& entry) = 0;
 };
 
-// The words that may stand in place of the last word of the line.
-using Completer = std::function<std::vector<std::string>(std::string_view line)>;
+// What a reader can do for who does not know how to go on.
+struct Assistance {
+    std::vector<std::string> names; // that may stand in place of the last word
+    std::string insertion;          // not empty: to insert, and nothing else
+    std::string note;               // not empty: to show, in one line or several, before any names
+};
+using Assistant = std::function<Assistance(std::string_view text)>; // of the text in front of the cursor
 
 // Lines of stdin as they come, with a prompt if it is a terminal.
 std::unique_ptr<LineReader> plainReader();
 
-// Lines edited on the terminal, with completion and with a history that is kept in the user's state folder.
-std::unique_ptr<LineReader> readlineReader(Completer completer);
+// Lines edited on the terminal, with assistance and with a history that is kept in the user's state folder.
+std::unique_ptr<LineReader> readlineReader(Assistant assistant);
 
 } // namespace host::repl

@@ -19,8 +19,8 @@ namespace host::repl {
 namespace {
 
 // The library knows functions only, so what they work on is here.
-Completer& completer() {
-    static Completer current;
+Assistant& assistant() {
+    static Assistant current;
     return current;
 }
 
@@ -46,11 +46,13 @@ char* edit(const char* prompt) {
     return nullptr;
 }
 
+Assistance assistance() { return assistant()(std::string_view(rl_line_buffer, static_cast<std::size_t>(rl_point))); }
+
 char* nextMatch(const char*, int state) {
     static std::vector<std::string> matches;
     static std::size_t next;
     if (state == 0) {
-        matches = completer()(std::string_view(rl_line_buffer, static_cast<std::size_t>(rl_point)));
+        matches = assistance().names;
         next = 0;
     }
     return next < matches.size() ? strdup(matches[next++].c_str()) : nullptr; // the library frees it
@@ -60,6 +62,31 @@ char** complete(const char* word, int, int) {
     rl_attempted_completion_over = 1; // no file names
     rl_completion_append_character = '\0';
     return rl_completion_matches(word, nextMatch);
+}
+
+// Below the line, which is drawn anew.
+void show(const std::string& note) {
+    const int point = rl_point;
+    rl_point = rl_end;
+    rl_redisplay();
+    std::fprintf(rl_outstream, "\n%s\n", note.c_str());
+    rl_point = point;
+    rl_forced_update_display();
+}
+
+// The tab key: pressed again, it goes on to the names.
+int assistOrComplete(int count, int key) {
+    const bool again = rl_last_func == assistOrComplete;
+    const Assistance found = assistance();
+    if (!found.insertion.empty()) {
+        rl_insert_text(found.insertion.c_str());
+    } else if (!found.note.empty() && !again) {
+        show(found.note);
+    } else if (!found.names.empty()) {
+        if (again) rl_last_func = rl_complete; // which then lists them
+        return rl_complete(count, key);
+    }
+    return 0;
 }
 
 std::filesystem::path historyFile() {
@@ -116,16 +143,17 @@ private:
 
 class ReadlineReader final : public LineReader {
 public:
-    explicit ReadlineReader(Completer completes) : history_(historyFile()) {
+    explicit ReadlineReader(Assistant assists) : history_(historyFile()) {
         static char wordBreaks[] = " \t\n\"'()=<>+-*/\\^&,:.";
-        completer() = std::move(completes);
+        assistant() = std::move(assists);
         rl_readline_name = "chromahost";
         rl_event_hook = betweenKeys;
         rl_attempted_completion_function = complete;
         rl_completer_word_break_characters = wordBreaks;
+        rl_add_defun("assist-or-complete", assistOrComplete, '\t');
         rl_variable_bind("completion-ignore-case", "on");
     }
-    ~ReadlineReader() override { completer() = nullptr; }
+    ~ReadlineReader() override { assistant() = nullptr; }
     ReadlineReader(const ReadlineReader&) = delete;
     ReadlineReader& operator=(const ReadlineReader&) = delete;
 
@@ -146,8 +174,8 @@ private:
 
 } // namespace
 
-std::unique_ptr<LineReader> readlineReader(Completer completer) {
-    return std::make_unique<ReadlineReader>(std::move(completer));
+std::unique_ptr<LineReader> readlineReader(Assistant assistant) {
+    return std::make_unique<ReadlineReader>(std::move(assistant));
 }
 
 } // namespace host::repl

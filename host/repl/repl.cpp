@@ -146,7 +146,7 @@ int runPrompt() {
     std::unique_ptr<LineReader> reader;
 #ifdef CHROMA_READLINE
     if (interactive && isatty(STDOUT_FILENO))
-        reader = readlineReader([&](std::string_view line) { return completions(prompt.session(), line); });
+        reader = readlineReader([&](std::string_view text) { return assist(prompt.session(), text); });
 #endif
     if (!reader) reader = plainReader();
     if (interactive) std::cout << ":help explains the prompt, :quit leaves it.\n" << std::flush;

@@ -207,6 +207,18 @@ TEST_F(Keys, TheHistoryOutlivesASignalAndKeepsBlocksWhole) {
     after.await("\n707\n");
 }
 
+TEST_F(Keys, TabCompletesIndentsAndShowsWhatMayFollow) {
+    Terminal terminal(state);
+    terminal.type("Dim counter As Integer = 5\nIf True Then\n" + tab + "Pri" + tab + " Len(");
+    terminal.await("\n|   Print Len(");
+    terminal.type(tab);
+    terminal.await("\nLen(text as string) as integer\n|   Print Len(");
+    terminal.type("\"a" + tab + "b\") + coun" + tab + "\nEnd If\n");
+    terminal.await("\n7\n> ");
+    terminal.type(":qu" + tab + "\n");
+    EXPECT_EQ(terminal.ended(), 0);
+}
+
 TEST_F(Keys, LongPagesGoThroughThePagerAndQuitSaysHowToLeave) {
     Terminal terminal(state);
     terminal.type(":browse Len\n:browse NSColorZRX\n");

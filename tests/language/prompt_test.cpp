@@ -149,9 +149,9 @@ TEST(Prompt, Completion) {
     host::repl::ValuePresenter presenter(output, ColorDepth::none);
     host::language::Session session("prompt", output, presenter);
     ASSERT_EQ(session.run("Dim probes() As Probe\nDim probing As New Probe(1)\nSub Probed()\nEnd Sub\n"), "");
-    const auto completed = [&](const char* line) {
+    const auto completed = [&](const char* text) {
         std::string joined;
-        for (const std::string& name : host::repl::completions(session, line))
+        for (const std::string& name : host::repl::assist(session, text).names)
             joined += name + " ";
         return joined;
     };
@@ -164,6 +164,31 @@ TEST(Prompt, Completion) {
     EXPECT_EQ(completed("probes(0).des"), "description ");
     EXPECT_EQ(completed("Wen"), "Wend ");
     EXPECT_EQ(completed("nothing.x"), "");
+    EXPECT_EQ(completed("Print \"Pro"), "");
+    EXPECT_EQ(completed("Print \"it's \"\"Pro\" & prob"), "Probe Probed probes probing ");
+    EXPECT_EQ(completed("Print 1 ' Pro"), "");
+    EXPECT_EQ(completed("Print 1 ' Pro\nPrint prob"), "Probe Probed probes probing ");
+    EXPECT_EQ(completed("  :b"), "browse ");
+    EXPECT_EQ(completed(":"), "browse help quit ");
+    EXPECT_EQ(completed(":browse Ucas"), "");
+    EXPECT_EQ(completed(":browse Le"), "Left Len ");
+    EXPECT_EQ(completed(":browse Probe k"), "kAnswer kName ");
+    EXPECT_EQ(completed(":help P"), "");
+
+    const auto noted = [&](const char* text) { return host::repl::assist(session, text).note; };
+    EXPECT_EQ(noted("Print Len("), "Len(text as string) as integer");
+    EXPECT_EQ(noted("Probed("), "Probed()");
+    EXPECT_EQ(noted("Print Probe.sum(Len(\")\"), "), "sum(factor as double, paramarray values as double) as double\n"
+                                                     "sum(factor as double, values() as double) as double");
+    EXPECT_EQ(noted("Dim x As New Probe(").rfind("New Probe(number as integer)\nNew Probe(c as color)\n", 0), 0u);
+    EXPECT_EQ(noted("Print probing.successor.split("), noted("probing.Split("));
+    EXPECT_EQ(noted("Print Len(\"a\")"), "");
+    EXPECT_EQ(noted("Print Len(pro"), "");
+    EXPECT_EQ(noted("Print probes("), "");
+
+    EXPECT_EQ(host::repl::assist(session, "").insertion, "  ");
+    EXPECT_EQ(host::repl::assist(session, "If True Then\n  ").insertion, "  ");
+    EXPECT_EQ(host::repl::assist(session, "Print ").insertion, "");
 }
 
 } // namespace
