@@ -5,6 +5,7 @@
 #include "language/language.h"
 #include "model/entries.h"
 #include "model/objects.h"
+#include "model/plugin.h"
 #include "model/strings.h"
 
 #include <algorithm>
@@ -33,6 +34,12 @@ std::string report(const std::string& before, const std::string& rest, const std
 void startHostWithProbe() {
     static const bool started = (host::startHost(), registerProbe(), true);
     static_cast<void>(started);
+}
+
+void startHostWithPlugins() {
+    startHostWithProbe();
+    static const bool loaded = (host::loadPlugin(CHROMASIBLING), host::loadPlugin(CHROMABRIDGE), true);
+    static_cast<void>(loaded);
 }
 
 Outcome runProgram(const std::string& text) {

@@ -9,6 +9,9 @@
 // Starts the host and registers the class Probe, once in this process.
 void startHostWithProbe();
 
+// The same, and loads the plugin and its sibling.
+void startHostWithPlugins();
+
 struct Outcome {
     int exitCode;
     std::string output;

@@ -2,7 +2,6 @@
 #include "programs.h"
 
 #include "model/objects.h"
-#include "model/plugin.h"
 #include "repl/completion.h"
 #include "repl/presentation.h"
 #include "repl/repl.h"
@@ -121,8 +120,7 @@ TEST(Prompt, ShowsWhatValuesAre) {
 // Colours as a screen shows them: "redColor" lies in a space of its own, and what is transparent lets a checkerboard
 // through.
 TEST(Prompt, ShowsColoursAsPicturesDo) {
-    startHostWithProbe();
-    host::loadPlugin(CHROMA_PLUGIN);
+    startHostWithPlugins();
     const auto shown = [](const char* expression, ColorDepth depth) {
         const std::string text = presented("", expression, depth);
         return text.substr(0, text.rfind("\x1B[0m "));

@@ -48,7 +48,8 @@ std::string textOfException(Object* exception) {
 std::string textOf(Object* object) {
     const std::string& className = object->info->name();
     if (isException(object)) return textOfException(object);
-    if (std::optional<std::string> description = textMember(object, "description")) return *std::move(description);
+    const std::string description = textMember(object, "description").value_or("");
+    if (!description.empty()) return description; // an object that holds nothing has nothing to say
     const std::optional<std::string> path = textMember(object, "NativePath");
     return path ? className + " " + *path : className;
 }
