@@ -21,6 +21,11 @@ using namespace chroma;
 using host::Kind;
 using host::Slot;
 
+extern "C" {
+id objc_allocateClassPair(id superclass, const char* name, std::size_t extraBytes);
+void objc_registerClassPair(id cls);
+}
+
 id testException = nullptr;
 id testObject = nullptr;
 
@@ -45,7 +50,7 @@ id text(const char* ascii) {
 }
 
 template <class... Arguments>
-id make(ClassName& cls, const char* initialiser, Arguments... arguments) {
+id make(id cls, const char* initialiser, Arguments... arguments) {
     Selector selector{initialiser};
     return send<id>(send<id>(cls, sel::alloc), selector, arguments...);
 }
@@ -61,7 +66,7 @@ host::Object* newObject(const std::string& className, id native) {
 // it.
 Slot newList() {
     const id name = text("list"), key = text("key"), color = ask(cls::NSColor.get(), "grayColor");
-    const id list = make(cls::NSColorList, "initWithName:", name);
+    const id list = make(cls::NSColorList.get(), "initWithName:", name);
     send<void>(list, sel::setColor_forKey_, color, key);
     const Slot object = Slot::ofObject(newObject("NSColorListZRX", list));
     for (const id made : {name, key, color, list})
@@ -187,7 +192,9 @@ std::vector<Form> receiversOf(const std::string& className) {
 void prepareNatives() {
     const auto part = [](double value) { return static_cast<CGFloat>(value); };
     testObject = text("no exception");
-    testException = make(cls::NSException, "initWithName:reason:userInfo:", text("TestException"), text("fails"), id{});
+    const id subclass = objc_allocateClassPair(cls::NSException.get(), "TestException", 0);
+    objc_registerClassPair(subclass);
+    testException = make(subclass, "initWithName:reason:userInfo:", text("TestException"), text("fails"), id{});
 
     const id spaceClass = cls::NSColorSpace.get(), colorClass = cls::NSColor.get();
     id space = ask(spaceClass, "sRGBColorSpace");
@@ -195,13 +202,13 @@ void prepareNatives() {
     auto& spaces = natives["NSColorSpaceZRX"] = {space, ask(spaceClass, "deviceGrayColorSpace")};
     if (const id data = ask(space, "ICCProfileData")) {
         profile.assign(static_cast<const char*>(send<const void*>(data, sel::bytes)), send<NSUInteger>(data, sel::length));
-        spaces.push_back(make(cls::NSColorSpace, "initWithICCProfileData:", data));
+        spaces.push_back(make(cls::NSColorSpace.get(), "initWithICCProfileData:", data));
         natives["NSData"] = {data};
     }
     std::ofstream("profile", std::ios::binary) << profile;
     std::ofstream("wrong") << "no profile";
 
-    const id image = natives["NSImageZRX"].emplace_back(make(cls::NSImage, "init"));
+    const id image = natives["NSImageZRX"].emplace_back(make(cls::NSImage.get(), "init"));
     const id color = ask(colorClass, "colorWithCalibratedRed:green:blue:alpha:", part(0.1), part(0.2), part(0.3), part(1));
     natives["NSColorZRX"] = {
         color,

@@ -1,6 +1,8 @@
 // One call of one bound function, and what is wrong with it.
 #include "driver.h"
 
+#include "bridge/strings.h"
+#include "model/arrays.h"
 #include "model/exceptions.h"
 #include "model/platform.h"
 #include "model/strings.h"
@@ -10,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <exception>
 #include <iterator>
 
@@ -39,7 +42,7 @@ struct Call {
         return function.arguments[i][static_cast<int>(i) == choice.argument ? choice.form : 0];
     }
     bool hasReceiver(std::size_t form) const { return first == 1 && choice.receiver == form; }
-    bool answersNumber() const { return function.signature.result == host::Type{host::Kind::Double, false, {}}; }
+    bool answersNumber() const { return function.signature.result == host::Type::plain(host::Kind::Double); }
 };
 
 bool hasAll(std::initializer_list<const char*> entries) {
@@ -95,12 +98,58 @@ void invoke(Call& call) {
     }
 }
 
-// Arrays are handed out as far as they were filled.
-bool isNullResult(const Call& call) {
+const host::Type number = host::Type::plain(host::Kind::Double);
+chroma::Selector description{"description"};
+
+std::string told(const host::Type& type, Slot slot) {
+    if (type.isObjectReference()) {
+        if (!slot.object) return "";
+        std::string text = slot.object->info->name();
+        const chroma::id native = chroma::nativeObject(slot.object);
+        const bool isTold = text == "NSColorZRX" || text == "NSColorSpaceZRX";
+        if (host::String* const words =
+                isTold ? chroma::NSStringRB(chroma::send<chroma::id>(native, description)) : nullptr) {
+            text += host::bytesOf(words);
+            host::unlock(words);
+        }
+        return text;
+    }
+    switch (type.kind) {
+    case host::Kind::Void: return "";
+    case host::Kind::Double: return slot.real == 0 ? "" : std::to_string(slot.real);
+    case host::Kind::String: return slot.string ? std::string(host::bytesOf(slot.string)) : "";
+    default: return slot.integer == 0 ? "" : std::to_string(slot.integer);
+    }
+}
+
+void tellOutcome(const Call& call, Outcome& outcome) {
+    const host::Type& type = call.function.signature.result;
+    if (const host::Array* const array = type.isArray ? host::asArray(call.result.object) : nullptr) {
+        for (std::int32_t i = 0; i <= host::upperBound(array); ++i)
+            outcome.add(told(type.element(), host::elementAt(array, i)));
+    } else if (!type.isArray) {
+        outcome.add(told(type, call.result));
+    }
     for (std::size_t i = 0; i < call.function.arguments.size(); ++i)
-        if (call.isReference(i) && call.slots[call.first + i].reference && call.outputs[i].real != 0) return false;
-    if (call.function.signature.result.isArray) return true;
-    return call.answersNumber() ? call.result.real == 0 : call.result.integer == 0;
+        if (call.isReference(i) && call.slots[call.first + i].reference) outcome.add(told(number, call.outputs[i]));
+}
+
+std::string_view takeWord(std::string_view& words) {
+    const std::string_view word = words.substr(0, words.find('\n'));
+    words.remove_prefix(std::min(word.size() + 1, words.size()));
+    return word;
+}
+
+// Arrays are handed out as far as they were filled, outputs all or none of them.
+bool isFulfilled(const Call& call, const Outcome& outcome, const Outcome& expected) {
+    std::string_view words(outcome.words, outcome.length), expectedWords(expected.words, expected.length);
+    if (!call.function.signature.result.isArray) return outcome.isNull() || words == expectedWords;
+    while (!words.empty()) {
+        if (expectedWords.empty()) return false;
+        const std::string_view word = takeWord(words), expectedWord = takeWord(expectedWords);
+        if (!word.empty() && word != expectedWord) return false;
+    }
+    return true;
 }
 
 // For an NSException out of a message.
@@ -117,7 +166,8 @@ const char* refusalOf(const Call& call) {
                                                  : nullptr;
 }
 
-const char* complaintOf(const Call& call) {
+const char* complaintOf(const Call& call, const Outcome& outcome, const Outcome* expected) {
+    const bool isArray = call.function.signature.result.isArray, isNullResult = isArray || outcome.isNull();
     const Fault fault = call.traces.struck ? call.plan.fault : Fault::None;
     const int raised = call.traces.raised;
     if (call.escaped && fault != Fault::HostThrows) return "a C++ exception left the function";
@@ -126,14 +176,18 @@ const char* complaintOf(const Call& call) {
         return "an object that is no NSException stayed inside";
     if (fault == Fault::Raise && raised != promisedExceptions(call)) return "not the host exceptions for an NSException";
     // A failure while the message of one is built is another.
-    if (raised > (fault == Fault::HostThrows ? 2 : 1)) return "too many host exceptions";
-    if (raised && !isNullResult(call)) return "a host exception and a result";
-    if (call.hasReceiver(nullReceiver) && (!isNullResult(call) || (raised && fault == Fault::None)))
+    if (raised > (fault >= Fault::HostThrows ? 2 : 1)) return "too many host exceptions";
+    if (raised && !isNullResult) return "a host exception and a result";
+    if (call.hasReceiver(nullReceiver) && (!isNullResult || (raised && fault == Fault::None)))
         return "null has a result, or raises";
-    if (call.hasReceiver(emptyReceiver) && !chroma::nativeObject(call.slots[0].object) && !isNullResult(call))
+    if (call.hasReceiver(emptyReceiver) && !chroma::nativeObject(call.slots[0].object) && !isNullResult)
         return "an empty object has a result";
     const bool isSpared = fault == Fault::None && call.plan.fault != Fault::None; // after the last event
     if (isSpared && (raised > 0) != call.plan.raisesAnyway) return "what an earlier fault did has lasted";
+    // What the platform makes of nil, which a string may be for lack of memory, and of another colour, is its own.
+    const bool isSame = (fault < Fault::AnswerNil || fault > Fault::ExhaustMemory) && !call.function.converts;
+    if (expected && isSame && !isFulfilled(call, outcome, *expected))
+        return "an outcome that is neither null nor the right one";
     const char* const refusal = fault == Fault::None ? refusalOf(call) : nullptr;
     return refusal && call.exceptionClass != refusal ? "an argument was not refused" : "";
 }
@@ -148,7 +202,7 @@ Balance balance() {
             liveBlocks()};
 }
 
-Verdict callOnce(const Function& function, const Choice& choice, Plan plan, const char*& left) {
+Verdict callOnce(const Function& function, const Choice& choice, Plan plan, const Outcome* expected, const char*& left) {
     Verdict verdict;
     verdict.complaint.reserve(100); // so that a complaint is no block of the call's
     const Balance before = balance();
@@ -159,7 +213,8 @@ Verdict callOnce(const Function& function, const Choice& choice, Plan plan, cons
         invoke(call);
         verdict.struck = call.traces.struck;
         verdict.raised = call.traces.raised > 0;
-        verdict.complaint = complaintOf(call);
+        tellOutcome(call, verdict.outcome);
+        verdict.complaint = complaintOf(call, verdict.outcome, expected);
         host::unlock(function.signature.result, call.result);
         giveUpArguments(call);
         settle();
@@ -174,6 +229,11 @@ Verdict callOnce(const Function& function, const Choice& choice, Plan plan, cons
 
 bool hostCounts() { return hasAll({"REALLockObject", "REALUnlockObject", "REALLockString", "REALUnlockString"}); }
 
+void Outcome::add(const std::string& word) {
+    const int wanted = std::snprintf(words + length, sizeof words - length, "%s\n", word.c_str());
+    length = std::min(length + static_cast<std::size_t>(wanted), sizeof words - 1);
+}
+
 std::vector<Choice> choicesFor(const Function& function) {
     std::vector<Choice> choices;
     for (std::size_t receiver = 0; receiver < std::max<std::size_t>(function.receivers.size(), 1); ++receiver) {
@@ -187,11 +247,11 @@ std::vector<Choice> choicesFor(const Function& function) {
 }
 
 // What the platform makes once and keeps is kept once: only what is left a second time is lost.
-Verdict call(const Function& function, const Choice& choice, Plan plan) {
+Verdict call(const Function& function, const Choice& choice, Plan plan, const Outcome* expected) {
     const char* left = nullptr;
-    Verdict verdict = callOnce(function, choice, plan, left);
+    Verdict verdict = callOnce(function, choice, plan, expected, left);
     if (!verdict.complaint.empty() || !left) return verdict;
-    verdict = callOnce(function, choice, plan, left);
+    verdict = callOnce(function, choice, plan, expected, left);
     if (left) verdict.complaint += std::string("left ") + left;
     return verdict;
 }

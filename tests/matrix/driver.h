@@ -8,6 +8,7 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace matrix {
@@ -23,7 +24,7 @@ enum class Fault {
     HostThrows,      // an entry of the host that makes a string or a block throws a C++ exception
 };
 
-// The fault strikes at the n-th message, allocation or value of the host, from 1.
+// The fault strikes at the n-th message, allocation or call of the host, from 1.
 struct Plan {
     Fault fault = Fault::None;
     int at = 0;
@@ -98,11 +99,24 @@ struct Choice {
 };
 std::vector<Choice> choicesFor(const Function& function);
 
+// What came of a call, in words, each behind a line's end: the elements of an array, or the result and the outputs. No word:
+// the null one. Not on the heap, whose blocks are counted.
+struct Outcome {
+    char words[6000] = "";
+    std::size_t length = 0;
+
+    void add(const std::string& word);
+    bool isNull() const { return std::string_view(words, length).find_first_not_of('\n') == std::string_view::npos; }
+};
+
 struct Verdict {
     bool struck = false;
     bool raised = false;   // a host exception
     std::string complaint; // empty: all promises were kept
+    Outcome outcome;
 };
-Verdict call(const Function& function, const Choice& choice, Plan plan);
+
+// With a fault the outcome must be the one without it, or null in places; null: without a fault.
+Verdict call(const Function& function, const Choice& choice, Plan plan, const Outcome* expected);
 
 } // namespace matrix

@@ -83,6 +83,7 @@ Sub Show(what As String, c As NSColorZRX)
     Print "   " & Told(c.redComponent, c.greenComponent, c.blueComponent, c.hueComponent, c.saturationComponent, c.brightnessComponent)
     Print "   " & Told(c.cyanComponent, c.magentaComponent, c.yellowComponent, c.blackComponent, c.whiteComponent, c.alphaComponent)
     Print "     names " & c.catalogNameComponent & "/" & c.colorNameComponent & "/" & c.localizedCatalogNameComponent & "/" & c.localizedColorNameComponent
+    c.Handle = c.Handle
     Print "    ", c._exception Is Nil, c.Handle <> 0, c.CGColorHandle <> 0, c.CGColorHandle = c.Handle
     ShowForms c
     ShowDerived c
@@ -91,6 +92,7 @@ End Sub
 Sub Show(what As String, space As NSColorSpaceZRX)
     Print what, space.localizedName, space.colorSpaceName, space.description, space.colorSpaceModel, space.numberOfColorComponents
     Dim handle As Integer = space.Handle
+    space.Handle = handle
     Print "    ", space.ICCProfileData Is Nil, handle <> 0, space.colorSyncProfileHandle <> 0, space.CGColorSpaceHandle = handle
 End Sub
 
