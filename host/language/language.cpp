@@ -2,6 +2,7 @@
 
 #include "language/checking/checker.h"
 #include "language/running/run.h"
+#include "text/terminal.h"
 
 #include <array>
 #include <cerrno>
@@ -9,6 +10,8 @@
 #include <fstream>
 #include <iostream>
 #include <optional>
+
+#include <unistd.h>
 
 namespace host::language {
 namespace {
@@ -37,8 +40,8 @@ ActionPtr compile(const Source& source, Checker& checker, Diagnostics& diagnosti
 
 } // namespace
 
-int runText(const std::string& name, std::string text, std::ostream& output, std::ostream& errors) {
-    const Source source(name, std::move(text));
+int runText(const std::string& name, std::string text, std::ostream& output, std::ostream& errors, bool colored) {
+    const Source source(name, std::move(text), colored);
     Diagnostics diagnostics(mostErrorsOfARun);
     Checker checker(ParseMode::program);
     ActionPtr code = compile(source, checker, diagnostics);
@@ -53,8 +56,8 @@ int runText(const std::string& name, std::string text, std::ostream& output, std
     return report.empty() ? 0 : 1;
 }
 
-int checkText(const std::string& name, std::string text, std::ostream& errors) {
-    const Source source(name, std::move(text));
+int checkText(const std::string& name, std::string text, std::ostream& errors, bool colored) {
+    const Source source(name, std::move(text), colored);
     Diagnostics diagnostics(mostErrorsOfACheck);
     Checker checker(ParseMode::program);
     compile(source, checker, diagnostics);
@@ -64,12 +67,12 @@ int checkText(const std::string& name, std::string text, std::ostream& errors) {
 
 int runFile(const std::string& path) {
     std::optional<std::string> text = read(path);
-    return text ? runText(path, std::move(*text), std::cout, std::cerr) : 1;
+    return text ? runText(path, std::move(*text), std::cout, std::cerr, showsColors(STDERR_FILENO)) : 1;
 }
 
 int checkFile(const std::string& path) {
     std::optional<std::string> text = read(path);
-    return text ? checkText(path, std::move(*text), std::cerr) : 1;
+    return text ? checkText(path, std::move(*text), std::cerr, showsColors(STDERR_FILENO)) : 1;
 }
 
 } // namespace host::language

@@ -11,11 +11,11 @@ namespace host::language {
 // nobody caught, or an interruption by SIGINT. What it prints goes to stdout, what is wrong to stderr.
 int runFile(const std::string& path);
 
-// The same for a program's text, with the name by which messages call it.
-int runText(const std::string& name, std::string text, std::ostream& output, std::ostream& errors);
+// The same for a program's text, with the name by which messages call it; `colored`: with colours in them.
+int runText(const std::string& name, std::string text, std::ostream& output, std::ostream& errors, bool colored = false);
 
 // Reports all errors in a program's text to stderr without running it: 0 when there are none, otherwise 1.
 int checkFile(const std::string& path);
-int checkText(const std::string& name, std::string text, std::ostream& errors);
+int checkText(const std::string& name, std::string text, std::ostream& errors, bool colored = false);
 
 } // namespace host::language

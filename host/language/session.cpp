@@ -7,8 +7,8 @@
 
 namespace host::language {
 
-Session::Session(std::string name, std::ostream& output, Presenter& presenter)
-    : source_(std::move(name), {}), checker_(ParseMode::prompt), execution_{output, &presenter} {}
+Session::Session(std::string name, std::ostream& output, Presenter& presenter, bool colored)
+    : source_(std::move(name), {}, colored), checker_(ParseMode::prompt), execution_{output, &presenter} {}
 
 // The last variable goes first, as at the end of a block.
 Session::~Session() {

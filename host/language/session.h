@@ -16,8 +16,9 @@ namespace host::language {
 
 class Session {
 public:
-    // `presenter` gets the values of expressions; both must outlive the session. Messages call the text `name`.
-    Session(std::string name, std::ostream& output, Presenter& presenter);
+    // `presenter` gets the values of expressions; both must outlive the session. Messages call the text `name`; `colored`:
+    // with colours in them.
+    Session(std::string name, std::ostream& output, Presenter& presenter, bool colored = false);
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;

@@ -5,6 +5,7 @@
 #include "language/session.h"
 #include "repl/completion.h"
 #include "repl/presentation.h"
+#include "text/terminal.h"
 
 #include <iostream>
 #include <sstream>
@@ -31,7 +32,7 @@ class Prompt {
 public:
     // `paged`: what is long goes to stdout's terminal instead of the output.
     Prompt(std::ostream& output, std::ostream& errors, ColorDepth depth, bool paged)
-        : output_(output), errors_(errors), paged_(paged), presenter_(output, depth),
+        : output_(output), errors_(errors), onTerminal_(paged), presenter_(output, depth),
           session_("prompt", output, presenter_) {}
 
     language::Session& session() { return session_; }
@@ -115,8 +116,8 @@ private:
         try {
             std::ostringstream page;
             documentation::browse(registry(), name, member,
-                                  paged_ ? documentation::outputWidth() : documentation::usualWidth, page);
-            if (!paged_) {
+                                  onTerminal_ ? documentation::outputWidth() : documentation::usualWidth, page);
+            if (!onTerminal_) {
                 output_ << page.str();
             } else {
                 documentation::showPaged(page.str());
@@ -128,7 +129,7 @@ private:
 
     std::ostream& output_;
     std::ostream& errors_;
-    const bool paged_;
+    const bool onTerminal_;
     ValuePresenter presenter_;
     language::Session session_;
     bool succeeded_ = true;

@@ -4,6 +4,7 @@
 #include "model/exceptions.h"
 #include "model/platform.h"
 #include "swatches/picture.h"
+#include "text/terminal.h"
 
 #include <algorithm>
 #include <array>
@@ -82,13 +83,9 @@ std::string cells(const ScreenColor& color, ColorDepth depth) {
 } // namespace
 
 ColorDepth outputColorDepth() {
-    const auto variable = [](const char* name) {
-        const char* const value = std::getenv(name);
-        return std::string_view(value ? value : "");
-    };
-    const std::string_view terminal = variable("TERM"), depth = variable("COLORTERM");
-    if (!isatty(STDOUT_FILENO) || terminal.empty() || terminal == "dumb" || !variable("NO_COLOR").empty())
-        return ColorDepth::none;
+    if (!showsColors(STDOUT_FILENO)) return ColorDepth::none;
+    const char* const told = std::getenv("COLORTERM");
+    const std::string_view depth = told ? told : "";
     return depth == "truecolor" || depth == "24bit" ? ColorDepth::direct : ColorDepth::indexed;
 }
 

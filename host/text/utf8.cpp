@@ -1,5 +1,8 @@
 #include "text/utf8.h"
 
+#include <clocale>
+#include <cwchar>
+
 #include <algorithm>
 
 namespace host::utf8 {
@@ -84,6 +87,14 @@ std::optional<std::uint32_t> firstOf(std::string_view text) {
     if (text.empty()) return std::nullopt;
     const Decoded first = decode(text, 0);
     return first.size == 0 ? std::nullopt : std::optional<std::uint32_t>(first.code);
+}
+
+std::optional<std::size_t> columnsOf(std::uint32_t code) {
+    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    const locale_t before = unicode ? uselocale(unicode) : nullptr;
+    const int columns = wcwidth(static_cast<wchar_t>(code));
+    if (before) uselocale(before);
+    return columns < 0 || code == 0 ? std::nullopt : std::optional<std::size_t>(columns);
 }
 
 std::string map(std::string_view text, std::uint32_t (*mapping)(std::uint32_t)) {

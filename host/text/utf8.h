@@ -29,6 +29,10 @@ std::string encoded(std::uint32_t code);
 // The code point of the first character; nothing without one, or when it is malformed.
 std::optional<std::uint32_t> firstOf(std::string_view text);
 
+// How many columns of a terminal a character takes: 2 of a wide one, 0 of one that joins the character before it; none when
+// it is a control character or not known.
+std::optional<std::size_t> columnsOf(std::uint32_t code);
+
 // Applies a mapping of code points, such as towupper. Malformed bytes stay as they are.
 std::string map(std::string_view text, std::uint32_t (*mapping)(std::uint32_t));
 

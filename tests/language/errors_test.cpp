@@ -205,6 +205,19 @@ TEST(StrangeText, BytesThatAreNoText) {
         expectError(runProgram(std::string("' ") + malformed), "test.bas:1:3: error: a program is UTF-8 text");
 }
 
+TEST(StrangeText, TheCaretStandsUnderItsColumn) {
+    // Each of the first two takes two columns of a terminal, an accent on its own none.
+    expectError(runProgram("Print \"\u65E5\u672Ce\u0301\", x"),
+                "test.bas:1:15: error: there is no variable 'x'\nPrint \"\u65E5\u672Ce\u0301\", x\n               ^\n");
+    // What a terminal would take for the start of a command.
+    expectError(runProgram("Print \"\u009B2J\", x"),
+                "test.bas:1:14: error: there is no variable 'x'\nPrint \"?2J\", x\n             ^\n");
+    std::ostringstream errors;
+    host::language::checkText("a.bas", "Print x", errors, true);
+    EXPECT_EQ(errors.str(), "\x1B[1ma.bas:1:7:\x1B[0m \x1B[1;31merror\x1B[0m: there is no variable 'x'\nPrint x\n"
+                            "      \x1B[1;32m^\x1B[0m\n");
+}
+
 TEST(StrangeText, DeepNestingIsRefusedOrRuns) {
     // What opens a nest, what stands in it, and what closes it.
     const std::tuple<std::string, const char*, const char*> nests[] = {{"Print (", "1", ")"},

@@ -17,12 +17,34 @@ std::size_t lineStart(std::string_view text, std::size_t offset) {
     return offset;
 }
 
-// Control characters would move the cursor or worse; a tab stays, and stays in the caret line too, so that both line up.
-char shown(char byte, bool wellFormed) {
-    const auto code = static_cast<unsigned char>(byte);
-    const bool harmful = (code < 0x20 && byte != '\t') || code == 0x7F || (code > 0x7F && !wellFormed);
-    return harmful ? '?' : byte;
+// Text as a terminal may get it, with the blanks that take as many columns. Control characters would move the cursor or
+// worse; a tab stays, and stays among the blanks, so that both line up.
+struct Shown {
+    std::string text;
+    std::string blanks;
+};
+
+Shown shown(std::string_view text) {
+    Shown result;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::optional<std::uint32_t> code = utf8::firstOf(text.substr(at));
+        const std::size_t size = code ? utf8::encoded(*code).size() : 1;
+        const std::optional<std::size_t> columns = code ? utf8::columnsOf(*code) : std::nullopt;
+        if (text[at] == '\t') {
+            result.text += '\t';
+            result.blanks += '\t';
+        } else {
+            result.text += columns ? text.substr(at, size) : "?";
+            result.blanks.append(columns.value_or(1), ' ');
+        }
+        at += size;
+    }
+    return result;
 }
+
+constexpr const char* strong = "\x1B[1m";
+constexpr const char* alarming = "\x1B[1;31m";
+constexpr const char* pointing = "\x1B[1;32m";
 
 } // namespace
 
@@ -57,15 +79,14 @@ std::string Source::report(Offset offset, std::string_view message) const {
     if (at - first > shownCharacters) first = utf8::floor(text, at - shownCharacters);
     if (last - at > shownCharacters) last = utf8::floor(text, at + shownCharacters);
 
-    std::string report = location(static_cast<Offset>(at)) + ": ";
-    report.append(message).append("\n");
-    const bool wellFormed = utf8::findInvalid(text.substr(first, last - first)) == std::string_view::npos;
-    std::string caret;
-    for (std::size_t i = first; i < last; ++i) {
-        report += shown(text[i], wellFormed);
-        if (i < at && utf8::startsCharacter(text[i])) caret += text[i] == '\t' ? '\t' : ' ';
-    }
-    return report + "\n" + caret + "^\n";
+    const auto marked = [this](const char* how, std::string_view part) {
+        return colored_ ? how + std::string(part) + "\x1B[0m" : std::string(part);
+    };
+    const std::size_t kind = std::min(message.find(':'), message.size()); // "error", "uncaught SomeException"
+    const Shown before = shown(text.substr(first, at - first));
+    return marked(strong, location(static_cast<Offset>(at)) + ":") + " " + marked(alarming, message.substr(0, kind)) +
+           std::string(message.substr(kind)) + "\n" + before.text + shown(text.substr(at, last - at)).text + "\n" +
+           before.blanks + marked(pointing, "^") + "\n";
 }
 
 } // namespace host::language

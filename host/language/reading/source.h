@@ -13,8 +13,9 @@ using Offset = std::uint32_t;
 
 class Source {
 public:
-    // `name` is how messages call the file.
-    Source(std::string name, std::string text) : name_(std::move(name)), text_(std::move(text)) {}
+    // `name` is how messages call the file; `colored`: reports have colours for a terminal.
+    Source(std::string name, std::string text, bool colored = false)
+        : name_(std::move(name)), text_(std::move(text)), colored_(colored) {}
 
     const std::string& name() const { return name_; }
     std::string_view text() const { return text_; }
@@ -36,6 +37,7 @@ public:
 private:
     std::string name_;
     std::string text_;
+    bool colored_;
 };
 
 } // namespace host::language
