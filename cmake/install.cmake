@@ -3,6 +3,9 @@
 include(GNUInstallDirs)
 
 install(TARGETS chromabridge chroma_platform chromasibling LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+if(TARGET chromapng)
+    install(TARGETS chromapng LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endif()
 install(TARGETS chromahost RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/include/chromabridge/host_abi.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/chromabridge)

@@ -31,19 +31,26 @@ CLI::App* addBrowse(CLI::App& application, BrowseOptions& options) {
 
 CLI::App* addSwatches(CLI::App& application, SwatchesOptions& options) {
     CLI::App* const command =
-        application.add_subcommand("swatches", "Draw the system's colours, or those of a list, as a picture");
-    command->add_option("PICTURE", options.picture, "The file to write, .svg or .png")->required();
+        application.add_subcommand("swatches", "Show the system's colours, those of a list, or one in every space");
+    command->add_option("PICTURE", options.picture,
+                        "The file to write, .svg or .png; - for standard output; without one, text for the terminal");
+    command->add_option("--format", options.form, "What to write: svg, png or text")
+        ->type_name("FORM")
+        ->check(CLI::IsMember({"svg", "png", "text"}).description(""));
     CLI::Option* const list =
-        command->add_option("--list", options.list, "Draw colours of the list in this file")->type_name("FILE");
-    CLI::Option* const key = command->add_option("--key", options.keys, "A colour's key in the list; may be repeated")
-                                 ->type_name("NAME")
-                                 ->expected(1)
-                                 ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    list->needs(key);
-    key->needs(list);
-    command->add_option("--spaces", options.color, "Draw this colour, #RRGGBB or #RRGGBBAA, in every named space")
+        command->add_option("--list", options.list, "The colours of the list in this file")->type_name("FILE");
+    command->add_option("--key", options.keys, "Only the colour under this key of the list; may be repeated")
+        ->type_name("NAME")
+        ->expected(1)
+        ->allow_extra_args(false)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->needs(list);
+    command
+        ->add_option("--spaces", options.color,
+                     "This colour in every space: #F80, orange, rgb(255 128 0 / 50%), color(display-p3 1 0.5 0), redColor")
         ->type_name("COLOR")
         ->excludes(list);
+    command->add_flag("--dark", options.dark, "On a dark page");
     return command;
 }
 

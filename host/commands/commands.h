@@ -40,10 +40,12 @@ struct BrowseOptions {
 int browse(const Start& start, const BrowseOptions& options);
 
 struct SwatchesOptions {
-    std::string picture;           // the file to write, .svg or .png
+    std::string picture;           // the file to write; "-": standard output; empty: lines of text on it
+    std::string form;              // "svg", "png" or "text"; empty: as the file is named
     std::string list;              // a colour list's file; empty: no list
-    std::vector<std::string> keys; // of the list
-    std::string color;             // in hexadecimal, to show in every space; empty: none
+    std::vector<std::string> keys; // of the list; none: all
+    std::string color;             // to show in every space; empty: none
+    bool dark = false;             // a page that is dark
 };
 int swatches(const Start& start, const SwatchesOptions& options);
 

@@ -1,16 +1,60 @@
+#include "commands/output.h"
 #include "commands/start.h"
 
 #include "swatches/pages.h"
 
+#include <cstdlib>
+#include <iostream>
+#include <stdexcept>
+
+#include <unistd.h>
+
 namespace host::commands {
 
+namespace {
+
+bool endsIn(const std::string& file, const std::string& suffix) {
+    return file.size() > suffix.size() && equalIgnoringCase(file.substr(file.size() - suffix.size()), suffix);
+}
+
+std::string formOf(const SwatchesOptions& options) {
+    if (!options.form.empty()) return options.form;
+    if (options.picture.empty()) return "text";
+    if (options.picture == "-") return "svg";
+    for (const char* form : {"svg", "png"}) {
+        if (endsIn(options.picture, std::string(".") + form)) return form;
+    }
+    throw std::invalid_argument(options.picture +
+                                " is neither an .svg nor a .png file; --format says what to write into a file of any name");
+}
+
+template <class Sheet>
+std::string contents(const Sheet& sheet, const std::string& form, const SwatchesOptions& options, bool isFile) {
+    using namespace host::swatches;
+    const bool isTerminal = !isFile && isatty(STDOUT_FILENO) && !std::getenv("NO_COLOR");
+    if (form == "text") return written(sheet, isTerminal);
+    const Picture picture = drawn(sheet, options.dark ? darkTheme : lightTheme);
+    if (form == "svg") return svgOf(picture);
+    if (isTerminal) throw std::invalid_argument("a PNG would garble the terminal: give a file, or pass it on");
+    return pngOf(picture);
+}
+
+} // namespace
+
 int swatches(const Start& start, const SwatchesOptions& options) {
+    const std::string form = formOf(options);
+    const bool isFile = !options.picture.empty() && options.picture != "-";
     startHost(start, true);
     using namespace host::swatches;
-    writePicture(!options.list.empty()    ? colorListPage(options.list, options.keys)
-                 : !options.color.empty() ? spacesPage(colorOfHex(options.color))
-                                          : systemColorPage(),
-                 options.picture);
+    const std::string bytes = !options.color.empty() ? contents(colorInSpaces(options.color), form, options, isFile)
+                              : !options.list.empty()
+                                  ? contents(colorsOfList(options.list, options.keys), form, options, isFile)
+                                  : contents(systemColors(), form, options, isFile);
+    if (isFile) {
+        writeFile(options.picture, bytes);
+    } else {
+        std::cout << bytes;
+    }
     return success;
 }
 

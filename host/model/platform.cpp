@@ -23,12 +23,15 @@ namespace host::platform {
 
 namespace {
 
-// A message without arguments whose answer is an object or nothing.
-objc_object* send(objc_object* receiver, const objc_selector* selector) {
-    if (!receiver) return nullptr;
-    using Method = objc_object* (*)(objc_object*, const objc_selector*);
-    return reinterpret_cast<Method>(objc_msg_lookup(receiver, selector))(receiver, selector);
+template <class Result, class... Arguments>
+Result sendFor(objc_object* receiver, const objc_selector* selector, Arguments... arguments) {
+    if (!receiver) return Result();
+    using Method = Result (*)(objc_object*, const objc_selector*, Arguments...);
+    return reinterpret_cast<Method>(objc_msg_lookup(receiver, selector))(receiver, selector, arguments...);
 }
+
+// A message without arguments whose answer is an object or nothing.
+objc_object* send(objc_object* receiver, const objc_selector* selector) { return sendFor<objc_object*>(receiver, selector); }
 
 // The bytes of the first `units` UTF-16 units' worth of UTF-8: the text may hold NULs of its own.
 std::size_t utf8Length(const char* text, std::intptr_t units) {
@@ -70,6 +73,17 @@ std::optional<std::string> textOf(const void* string, Encoding encoding) {
     if (!CFStringGetCString(string, buffer.data(), static_cast<std::intptr_t>(buffer.size()), encoding)) return std::nullopt;
     const bool isUtf8 = encoding == encoding::utf8;
     return std::string(buffer.data(), isUtf8 ? utf8Length(buffer.data(), units) : static_cast<std::size_t>(units));
+}
+
+std::vector<std::string> keysOfColorList(void* list) {
+    objc_object* const keys = send(static_cast<objc_object*>(list), sel_registerName("allKeys"));
+    const auto count = sendFor<std::uintptr_t>(keys, sel_registerName("count"));
+    std::vector<std::string> texts;
+    for (std::uintptr_t i = 0; i < count; ++i) {
+        const void* const key = sendFor<objc_object*>(keys, sel_registerName("objectAtIndex:"), i);
+        texts.push_back(textOf(key, encoding::utf8).value_or(""));
+    }
+    return texts;
 }
 
 } // namespace host::platform

@@ -1,9 +1,10 @@
-// All that the host asks of the platform: autorelease pools around its statements, and text conversion.
+// All that the host asks of the platform: autorelease pools around its statements, text conversion, and the keys of a list.
 #pragma once
 
 #include "model/strings.h"
 
 #include <optional>
+#include <vector>
 
 namespace host::platform {
 
@@ -25,5 +26,8 @@ void releaseCFString(const void* string);
 
 // The text of a CFString in UTF-8 or in an encoding of one byte per character; nullopt when it cannot be written so.
 std::optional<std::string> textOf(const void* string, Encoding encoding);
+
+// The keys of an NSColorList, in order, as UTF-8; none for null. Wants an autorelease pool.
+std::vector<std::string> keysOfColorList(void* list);
 
 } // namespace host::platform

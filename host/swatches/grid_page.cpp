@@ -1,87 +1,93 @@
 // Cards in a grid: the system's colours, and those of a list.
 #include "swatches/layout.h"
-#include "swatches/pages.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace host::swatches {
 
 namespace {
 
-struct NamedColor {
-    std::string name;
-    std::string hex; // "pattern" for one that has no components
-    std::string spaceName;
-    ScreenColor shown;
-};
-
 constexpr double cardWidth = 272.0, cardHeight = 118.0, swatchHeight = 62.0, gap = 16.0, padding = 10.0;
+constexpr double groupHeight = 38.0; // of a group's title
 constexpr std::size_t columns = 4;
 
-NamedColor describe(const std::string& name, const Reference& color) {
-    const std::string space = textProperty(color, "colorSpaceName");
-    const ScreenColor shown = onScreen(color);
-    return {name, space == "NSPatternColorSpace" ? "pattern" : hexOf(shown), space, shown};
-}
+std::size_t rowsOf(const SwatchGroup& group, std::size_t across) { return (group.swatches.size() + across - 1) / across; }
 
-void addCard(Picture& picture, double x, double y, const NamedColor& color) {
-    const Frame frame = {x, y, cardWidth, cardHeight, 8};
-    const double left = x + padding, right = x + cardWidth - padding, inner = cardWidth - 2 * padding;
-    picture.shapes.push_back(Box{frame, card});
-    picture.shapes.push_back(Outline{frame, hairline});
-    addSwatch(picture, {left, y + padding, inner, swatchHeight, 5}, color.shown);
-    const double nameLine = y + padding + swatchHeight + 18, valueLine = nameLine + 17;
-    picture.shapes.push_back(Label{left, nameLine, 12, Typeface::plain, Align::left, ink, fitted(color.name, 12, inner)});
-    picture.shapes.push_back(Label{left, valueLine, 11, Typeface::monospaced, Align::left, softInk, color.hex});
-    picture.shapes.push_back(Label{right, valueLine, 10, Typeface::plain, Align::right, softInk, color.spaceName});
-}
+double extent(std::size_t count, double size) { return static_cast<double>(count) * (size + gap) - gap; }
 
-Picture gridPage(const std::string& title, const std::string& subtitle, const std::vector<NamedColor>& colors) {
-    const std::size_t across = std::max<std::size_t>(2, std::min(columns, colors.size())); // two cards hold a title
-    const std::size_t rows = (colors.size() + across - 1) / across;
-    const auto extent = [](std::size_t count, double size) { return static_cast<double>(count) * (size + gap) - gap; };
-    Picture picture = pageWithHeader(title, subtitle, extent(across, cardWidth) + 2 * margin,
-                                     headerHeight + extent(rows, cardHeight) + margin);
-    for (std::size_t i = 0; i < colors.size(); ++i) {
-        addCard(picture, margin + static_cast<double>(i % across) * (cardWidth + gap),
-                headerHeight + static_cast<double>(i / across) * (cardHeight + gap), colors[i]);
+class Grid {
+public:
+    Grid(const SwatchSheet& sheet, const Theme& theme) : sheet_(sheet), theme_(theme) {
+        std::size_t longest = 2; // two cards hold a title
+        for (const SwatchGroup& group : sheet.groups)
+            longest = std::max(longest, group.swatches.size());
+        across_ = std::min(columns, longest);
     }
-    return picture;
-}
 
-// Of a shared method that takes nothing and answers a colour. The texture of a scrubber is no plain colour, nor is what
-// happens to be on the pasteboard one of the system's.
-bool namesSystemColor(const std::string& name) {
-    return name != "scrubberTexturedBackgroundColor" && name != "colorFromPasteboard";
-}
+    Picture drawn() {
+        double height = headerHeight + margin;
+        for (const SwatchGroup& group : sheet_.groups)
+            height += heightOf(group);
+        picture_ = pageWithHeader(sheet_.title, sheet_.subtitle, extent(across_, cardWidth) + 2 * margin,
+                                  height - (sheet_.groups.size() > 1 ? gap : 0.0), theme_);
+        double y = headerHeight;
+        for (const SwatchGroup& group : sheet_.groups) {
+            addGroup(group, y);
+            y += heightOf(group);
+        }
+        return std::move(picture_);
+    }
+
+private:
+    double heightOf(const SwatchGroup& group) const {
+        const double cards = std::max(0.0, extent(rowsOf(group, across_), cardHeight));
+        return group.title.empty() ? cards : groupHeight + cards + gap;
+    }
+
+    void addGroup(const SwatchGroup& group, double y) {
+        if (!group.title.empty()) {
+            picture_.shapes.push_back(Label{margin, y + 20, 14, Typeface::bold, Align::left, theme_.ink, group.title});
+            y += groupHeight - 6;
+        }
+        for (std::size_t i = 0; i < group.swatches.size(); ++i)
+            addCard(margin + static_cast<double>(i % across_) * (cardWidth + gap),
+                    y + static_cast<double>(i / across_) * (cardHeight + gap), group.swatches[i]);
+    }
+
+    void addCard(double x, double y, const Swatch& swatch) {
+        const Frame frame = {x, y, cardWidth, cardHeight, 8};
+        const double left = x + padding, right = x + cardWidth - padding, inner = cardWidth - 2 * padding;
+        picture_.shapes.push_back(Box{frame, theme_.card});
+        picture_.shapes.push_back(Outline{frame, theme_.hairline});
+        addColor({left, y + padding, inner, swatchHeight, 5}, swatch);
+        const double nameLine = y + padding + swatchHeight + 18, valueLine = nameLine + 17;
+        picture_.shapes.push_back(
+            FadingLabel{{left, nameLine, 12, Typeface::plain, Align::left, theme_.ink, swatch.name}, inner, theme_.card});
+        picture_.shapes.push_back(
+            Label{left, valueLine, 11, Typeface::monospaced, Align::left, theme_.softInk, valueOf(swatch)});
+        picture_.shapes.push_back(Label{left + 76, valueLine, 10, Typeface::plain, Align::left, theme_.ink, markOf(swatch)});
+        picture_.shapes.push_back(Label{right, valueLine, 10, Typeface::plain, Align::right, theme_.softInk,
+                                        swatch.background ? "on " + swatch.background->name : swatch.space});
+    }
+
+    // A colour of text is shown as text on its background.
+    void addColor(const Frame& frame, const Swatch& swatch) {
+        addSwatch(picture_, frame, swatch.background ? swatch.background->color : swatch.shown, theme_);
+        if (!swatch.background) return;
+        picture_.shapes.push_back(Label{frame.x + 14, frame.y + frame.height / 2 + 7, 20, Typeface::plain, Align::left,
+                                        swatch.shown, "Text 0123"});
+        picture_.shapes.push_back(Label{frame.x + frame.width - 14, frame.y + frame.height / 2 + 5, 13, Typeface::plain,
+                                        Align::right, swatch.shown, contrastOf(*swatch.background)});
+    }
+
+    const SwatchSheet& sheet_;
+    const Theme& theme_;
+    std::size_t across_;
+    Picture picture_;
+};
 
 } // namespace
 
-Picture systemColorPage() {
-    std::vector<NamedColor> colors;
-    for (const std::string& name : sharedMakers("NSColorZRX")) {
-        if (!namesSystemColor(name)) continue;
-        if (const Reference color = namedColor(name)) colors.push_back(describe(name, color));
-    }
-    return gridPage("System colours",
-                    std::to_string(colors.size()) +
-                        " colours of NSColorZRX, as sRGB in hexadecimal, with the name of their space",
-                    colors);
-}
-
-Picture colorListPage(const std::string& file, const std::vector<std::string>& keys) {
-    const std::string name = file.substr(file.find_last_of('/') + 1);
-    const Reference list = newColorList(name, file);
-    if (!list) throw std::runtime_error(file + " cannot be read, or is no colour list");
-    std::vector<NamedColor> colors;
-    for (const std::string& key : keys) {
-        const Reference color = colorWithKey(list, key);
-        if (!color) throw std::runtime_error(file + " has no colour under the key \"" + key + "\"");
-        colors.push_back(describe(key, color));
-    }
-    return gridPage(
-        name, std::to_string(colors.size()) + (colors.size() == 1 ? " colour" : " colours") + " of a colour list", colors);
-}
+Picture drawn(const SwatchSheet& sheet, const Theme& theme) { return Grid(sheet, theme).drawn(); }
 
 } // namespace host::swatches

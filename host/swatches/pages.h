@@ -1,23 +1,25 @@
-// The pages: colours side by side with their names and values.
+// Pages: what a sheet tells, as a picture or as lines of text.
 #pragma once
 
 #include "swatches/picture.h"
+#include "swatches/sheet.h"
 
 namespace host::swatches {
 
-// The colours that the system names. These and the next throw std::runtime_error as program.h says.
-Picture systemColorPage();
+struct Theme {
+    ScreenColor paper, card, ink, softInk, hairline;
+};
 
-// The colours under the keys of a list's file. Throws std::runtime_error when it is not a list or has no such key.
-Picture colorListPage(const std::string& file, const std::vector<std::string>& keys);
+constexpr Theme lightTheme = {
+    {0.98, 0.98, 0.985, 1}, {1, 1, 1, 1}, {0.11, 0.12, 0.15, 1}, {0.42, 0.44, 0.49, 1}, {0, 0, 0, 0.14}};
+constexpr Theme darkTheme = {
+    {0.09, 0.095, 0.11, 1}, {0.14, 0.145, 0.165, 1}, {0.93, 0.935, 0.95, 1}, {0.64, 0.655, 0.7, 1}, {1, 1, 1, 0.18}};
 
-// One colour in every named space.
-Picture spacesPage(const ScreenColor& color);
+Picture drawn(const SwatchSheet& sheet, const Theme& theme);
+Picture drawn(const ConversionSheet& sheet, const Theme& theme);
 
-// "#0080FF", and "#0080FF80" for a colour that is not opaque.
-std::string hexOf(const ScreenColor& color);
-
-// The reverse; the "#" may be left out. Throws std::invalid_argument.
-ScreenColor colorOfHex(const std::string& text);
+// For a terminal; `inColor` puts each colour before its name, by the escape sequences for 24-bit colours.
+std::string written(const SwatchSheet& sheet, bool inColor);
+std::string written(const ConversionSheet& sheet, bool inColor);
 
 } // namespace host::swatches

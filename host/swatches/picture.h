@@ -1,8 +1,7 @@
-// A drawing of a few kinds of shapes, made once and written in several forms. Lengths are pixels, y points down, and what
-// comes later covers what comes before.
+// A drawing of a few kinds of shapes. Lengths are pixels, y points down, and what comes later covers what comes before.
 #pragma once
 
-#include "swatches/program.h"
+#include "swatches/colorimetry.h"
 
 #include <string>
 #include <variant>
@@ -20,8 +19,8 @@ struct Box {
     ScreenColor fill;
 };
 
-// What shows through a transparent colour.
-struct Checkerboard {
+// What shows through a translucent colour: white on the left, black on the right.
+struct Halves {
     Frame frame;
 };
 
@@ -43,7 +42,15 @@ struct Label {
     std::string text; // UTF-8
 };
 
-using Shape = std::variant<Box, Checkerboard, Outline, Label>;
+// A label for text of any length: what does not fit the width fades out, whichever font the viewer has, into what lies
+// behind the label.
+struct FadingLabel {
+    Label label; // aligned left
+    double width;
+    ScreenColor behind;
+};
+
+using Shape = std::variant<Box, Halves, Outline, Label, FadingLabel>;
 
 struct Picture {
     std::string title;
@@ -51,16 +58,10 @@ struct Picture {
     std::vector<Shape> shapes;
 };
 
-constexpr double checkerSize = 6.0;
-constexpr ScreenColor checkerLight = {1.0, 1.0, 1.0, 1.0};
-constexpr ScreenColor checkerDark = {0.85, 0.85, 0.86, 1.0};
-
-// Writes the picture to the file, as its name ends: .svg or .png. Throws std::runtime_error when the file cannot be written
-// and std::invalid_argument when this build does not write that form.
-void writePicture(const Picture& picture, const std::string& file);
-
-// The forms.
 std::string svgOf(const Picture& picture);
-void writePNG(const Picture& picture, const std::string& file); // where the build has it: see png_writer.cpp
+
+// The picture as PNG, two pixels to a length of one. Throws std::invalid_argument where this build has no drawing of its
+// own, and std::runtime_error when it fails.
+std::string pngOf(const Picture& picture);
 
 } // namespace host::swatches

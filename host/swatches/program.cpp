@@ -2,10 +2,11 @@
 
 #include "model/arrays.h"
 #include "model/exceptions.h"
+#include "model/memory_blocks.h"
 #include "model/platform.h"
 #include "model/strings.h"
 
-#include <algorithm>
+#include <cstring>
 #include <stdexcept>
 
 namespace host::swatches {
@@ -67,7 +68,47 @@ Slot callMethod(const Reference& object, const char* name, std::vector<Slot> arg
     return call(info, name, info.findMethods(name), arguments);
 }
 
-double withinUnit(double value) { return std::clamp(value, 0.0, 1.0); }
+// As much of an ICC profile as makes a space of the classes whose components are X, Y and Z as parts of those of white:
+// three linear colorants, each with one of the coordinates. Every colour that one can see lies inside.
+std::string relativeXYZProfile() {
+    const auto number = [](std::uint32_t value) {
+        std::string bytes;
+        for (int shift = 24; shift >= 0; shift -= 8)
+            bytes += static_cast<char>(value >> shift & 0xFF);
+        return bytes;
+    };
+    constexpr std::uint32_t white[] = {0xF6D6, 0x10000, 0xD32D}; // D50, in parts of 65536
+    constexpr std::uint32_t headerSize = 128, tagCount = 6, curveSize = 12, colorantSize = 20;
+    const std::uint32_t curve = headerSize + 4 + tagCount * 12, colorants = curve + curveSize;
+
+    std::string tags = number(tagCount), values = "curv" + number(0) + number(0); // without samples: linear
+    for (std::uint32_t i = 0; i < 3; ++i) {
+        const std::string channel(1, "rgb"[i]);
+        tags += channel + "TRC" + number(curve) + number(curveSize);
+        tags += channel + "XYZ" + number(colorants + i * colorantSize) + number(colorantSize);
+        values += "XYZ " + number(0);
+        for (std::uint32_t coordinate = 0; coordinate < 3; ++coordinate)
+            values += number(coordinate == i ? white[i] : 0);
+    }
+    std::string header = number(colorants + 3 * colorantSize) + number(0) + number(0x02100000) + "mntrRGB XYZ ";
+    header += std::string(12, '\0') + "acsp"; // a date, and the mark of profiles
+    header += std::string(28, '\0') + number(white[0]) + number(white[1]) + number(white[2]);
+    header.resize(headerSize);
+    return header + tags + values;
+}
+
+Reference spaceOfProfile(const std::string& profile) {
+    MemoryBlock* const block = newMemoryBlock(static_cast<std::int32_t>(profile.size()));
+    const Reference data(block);
+    if (!data) throw std::runtime_error("out of memory");
+    std::memcpy(bytesOf(block), profile.data(), profile.size());
+    const ClassInfo& info = classNamed(spaceClass);
+    for (const Method* maker : info.findSharedMethods("ColorSpaceWithICCProfileData")) {
+        if (equalIgnoringCase(maker->signature.parameters[0].type.className, "MemoryBlock"))
+            return Reference(call(info, maker->signature.name.c_str(), {maker}, {Slot::ofObject(block)}).object);
+    }
+    throw std::runtime_error("no plugin makes a space of a profile");
+}
 
 } // namespace
 
@@ -90,7 +131,20 @@ Reference sRGBColor(const ScreenColor& color) {
                       {real(color.red), real(color.green), real(color.blue), real(color.alpha)});
 }
 
+Reference colorInSpace(const Reference& space, const std::vector<double>& components) {
+    const Reference array(newArray(Type::plain(Kind::Double)));
+    for (const double component : components)
+        appendElement(asArray(array.get()), real(component));
+    return callShared(colorClass, "colorWithColorSpace", {Slot::ofObject(space.get()), Slot::ofObject(array.get())});
+}
+
 Reference namedSpace(const std::string& name) { return callShared(spaceClass, name.c_str(), {}); }
+
+Reference displayP3Space() {
+    return spaceOf(callShared(colorClass, "colorWithDisplayP3", {real(0), real(0), real(0), real(1)}));
+}
+
+Reference spaceOf(const Reference& color) { return Reference(callMethod(color, "colorSpace", {}).object); }
 
 Reference converted(const Reference& color, const Reference& space) {
     return Reference(callMethod(color, "colorUsingColorSpace", {Slot::ofObject(space.get())}).object);
@@ -117,14 +171,27 @@ std::vector<double> componentsOf(const Reference& color) {
     return components;
 }
 
-ScreenColor onScreen(const Reference& color) {
-    const Reference shown = converted(color, namedSpace("sRGBColorSpace"));
-    if (!shown) return {0, 0, 0, 0};
+ScreenColor inSRGB(const Reference& color) {
+    const Reference there = converted(color, namedSpace("sRGBColorSpace"));
+    if (!there) return {0, 0, 0, 0};
     Slot values[4];
-    callMethod(shown, "getRGB",
+    callMethod(there, "getRGB",
                {Slot::ofReference(&values[0]), Slot::ofReference(&values[1]), Slot::ofReference(&values[2]),
                 Slot::ofReference(&values[3])});
-    return {withinUnit(values[0].real), withinUnit(values[1].real), withinUnit(values[2].real), withinUnit(values[3].real)};
+    return {values[0].real, values[1].real, values[2].real, values[3].real};
+}
+
+Lab labOf(const Reference& color) {
+    const std::vector<double> xyz = componentsOf(converted(color, spaceOfProfile(relativeXYZProfile())));
+    if (xyz.size() < 3) throw std::runtime_error("a colour cannot be converted to XYZ");
+    return labOfRelativeXYZ(xyz[0], xyz[1], xyz[2]);
+}
+
+std::vector<std::string> keysOf(const Reference& list) {
+    void* native = nullptr;
+    std::memcpy(&native, instanceData(list.get()), sizeof native);
+    const platform::AutoreleasePool pool;
+    return platform::keysOfColorList(native);
 }
 
 std::vector<std::string> sharedMakers(const char* className) {

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <set>
 
 namespace host::swatches {
 
@@ -39,13 +40,18 @@ std::string attribute(const char* name, const std::string& value) {
 
 std::string attribute(const char* name, double value) { return attribute(name, number(value)); }
 
-// As `role`, "fill" or "stroke".
-std::string paint(const std::string& role, const ScreenColor& color) {
+std::string hue(const ScreenColor& color) {
     const auto byte = [](double value) { return static_cast<unsigned>(std::lround(value * 255.0)); };
     char text[8];
     std::snprintf(text, sizeof text, "#%02x%02x%02x", byte(color.red), byte(color.green), byte(color.blue));
-    const std::string opacity = color.alpha < 1.0 ? attribute((role + "-opacity").c_str(), color.alpha) : "";
-    return attribute(role.c_str(), text) + opacity;
+    return text;
+}
+
+// As `role`: "fill", "stroke" or "stop".
+std::string paint(const std::string& role, const ScreenColor& color) {
+    const std::string property = role == "stop" ? "stop-color" : role;
+    return attribute(property.c_str(), hue(color)) +
+           (color.alpha < 1.0 ? attribute((role + "-opacity").c_str(), color.alpha) : "");
 }
 
 std::string rectangle(const Frame& frame, const std::string& painted) {
@@ -55,7 +61,7 @@ std::string rectangle(const Frame& frame, const std::string& painted) {
 
 std::string drawn(const Box& box) { return rectangle(box.frame, paint("fill", box.fill)); }
 
-std::string drawn(const Checkerboard& board) { return rectangle(board.frame, attribute("fill", "url(#checkers)")); }
+std::string drawn(const Halves& halves) { return rectangle(halves.frame, attribute("fill", "url(#halves)")); }
 
 // Along the middle of the line, which then lies inside the frame.
 std::string drawn(const Outline& outline) {
@@ -72,12 +78,42 @@ std::string drawn(const Label& label) {
            escaped(label.text) + "</text>\n";
 }
 
-std::string checkers() {
-    const Frame dark[] = {{0, 0, checkerSize, checkerSize, 0}, {checkerSize, checkerSize, checkerSize, checkerSize, 0}};
-    const Frame whole = {0, 0, 2 * checkerSize, 2 * checkerSize, 0};
-    return "<pattern id=\"checkers\" patternUnits=\"userSpaceOnUse\"" + attribute("width", whole.width) +
-           attribute("height", whole.height) + ">\n" + rectangle(whole, paint("fill", checkerLight)) +
-           rectangle(dark[0], paint("fill", checkerDark)) + rectangle(dark[1], paint("fill", checkerDark)) + "</pattern>\n";
+std::string veilName(const ScreenColor& color) { return "veil-" + hue(color).substr(1); }
+
+// A viewport of its own cuts the text off, and a veil makes it fade there; the veil lies beyond the width, where no text
+// that fits is. The whole text is the title, which viewers show under a pointer.
+std::string drawn(const FadingLabel& fading) {
+    const double veil = 8.0, size = fading.label.size;
+    Label label = fading.label;
+    label.x = 0.0;
+    label.y = 1.5 * size;
+    return "<svg" + attribute("x", fading.label.x) + attribute("y", fading.label.y - label.y) +
+           attribute("width", fading.width + veil) + attribute("height", 2 * size) + "><title>" + escaped(label.text) +
+           "</title>\n" + drawn(label) +
+           rectangle({fading.width, 0, veil, 2 * size, 0}, attribute("fill", "url(#" + veilName(fading.behind) + ")")) +
+           "</svg>\n";
+}
+
+std::string gradient(const std::string& name, const std::string& stops) {
+    return "<linearGradient" + attribute("id", name) + ">" + stops + "</linearGradient>\n";
+}
+
+std::string stop(double offset, const ScreenColor& color) {
+    return "<stop" + attribute("offset", offset) + paint("stop", color) + "/>";
+}
+
+std::string definitions(const Picture& picture) {
+    const ScreenColor white = {1, 1, 1, 1}, black = {0, 0, 0, 1};
+    std::string text = gradient("halves", stop(0.5, white) + stop(0.5, black));
+    std::set<std::string> defined;
+    for (const Shape& shape : picture.shapes) {
+        const auto* const fading = std::get_if<FadingLabel>(&shape);
+        if (!fading || !defined.insert(veilName(fading->behind)).second) continue;
+        ScreenColor clear = fading->behind;
+        clear.alpha = 0.0;
+        text += gradient(veilName(fading->behind), stop(0, clear) + stop(1, fading->behind));
+    }
+    return text;
 }
 
 } // namespace
@@ -92,7 +128,7 @@ std::string svgOf(const Picture& picture) {
                        ".bold { font-weight: bold; }\n"
                        ".mono { font-family: \"DejaVu Sans Mono\", Menlo, monospace; }\n"
                        "</style>\n<defs>\n" +
-                       checkers() + "</defs>\n";
+                       definitions(picture) + "</defs>\n";
     for (const Shape& shape : picture.shapes)
         text += std::visit([](const auto& drawable) { return drawn(drawable); }, shape);
     return text + "</svg>\n";

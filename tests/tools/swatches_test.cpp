@@ -1,4 +1,5 @@
 // The pictures, drawn from the real plugins.
+#include "swatches/color_syntax.h"
 #include "swatches/pages.h"
 
 #include "model/entries.h"
@@ -34,122 +35,157 @@ private:
     std::size_t alive_ = 0;
 };
 
-template <class Kind>
-std::vector<Kind> shapesOf(const Picture& picture) {
-    std::vector<Kind> found;
-    for (const Shape& shape : picture.shapes) {
-        if (const Kind* const kind = std::get_if<Kind>(&shape)) found.push_back(*kind);
+const Swatch& swatchNamed(const SwatchSheet& sheet, const std::string& name) {
+    for (const SwatchGroup& group : sheet.groups) {
+        for (const Swatch& swatch : group.swatches) {
+            if (swatch.name == name) return swatch;
+        }
     }
-    return found;
+    throw std::runtime_error("no " + name);
 }
 
-// Of the label, which a swatch precedes and whose value follows.
-struct Entry {
-    Box swatch;
-    std::string value;
+std::size_t occurrences(const std::string& text, const std::string& part) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+        ++count;
+    return count;
+}
+
+// A list's file of these lines, with the sRGB and Display P3 spaces as 0 and 1; deleted at the end.
+class ListFile {
+public:
+    explicit ListFile(const std::string& colors) {
+        std::ofstream(path) << "chromabridge color list 1\nspace 0 standard sRGB\nspace 1 standard displayP3\n"
+                            << colors << "\nend " << occurrences(colors, "components") << "\n";
+    }
+    ~ListFile() { std::remove(path.c_str()); }
+
+    const std::string path = testing::TempDir() + "swatches_test_" + std::to_string(getpid()) + ".clr";
 };
 
-Entry entryOf(const Picture& picture, const std::string& name) {
-    Entry entry = {};
-    bool found = false;
-    for (const Shape& shape : picture.shapes) {
-        if (const Box* const box = std::get_if<Box>(&shape); box && !found) entry.swatch = *box;
-        const Label* const label = std::get_if<Label>(&shape);
-        if (!label) continue;
-        if (found) {
-            entry.value = label->text;
-            return entry;
-        }
-        found = label->text == name;
-    }
-    ADD_FAILURE() << "no " << name;
-    return entry;
-}
-
-std::string file(const char* suffix) { return testing::TempDir() + "swatches_test_" + std::to_string(getpid()) + suffix; }
-
-std::string contentsOf(const std::string& path) {
-    std::ostringstream contents;
-    contents << std::ifstream(path, std::ios::binary).rdbuf();
-    std::remove(path.c_str());
-    return contents.str();
-}
+std::string hexOfText(const std::string& text) { return hexOf(inSRGB(colorOfText(text))); }
 
 } // namespace
 
-TEST_F(Swatches, ShowTheColoursThatTheClassesAnswer) {
-    const Picture page = systemColorPage();
-    for (const char* name : {"blackColor", "redColor", "controlColor", "alternateSelectedControlTextColor"}) {
-        const Entry entry = entryOf(page, name);
-        EXPECT_EQ(entry.value, hexOf(entry.swatch.fill)) << name;
-        EXPECT_EQ(entry.value, hexOf(onScreen(namedColor(name)))) << name;
+TEST_F(Swatches, GroupTheSystemsColoursWithTextOnItsBackground) {
+    const SwatchSheet sheet = systemColors();
+    std::vector<std::string> titles;
+    std::size_t count = 0, texts = 0;
+    for (const SwatchGroup& group : sheet.groups) {
+        titles.push_back(group.title);
+        for (const Swatch& swatch : group.swatches) {
+            ++count;
+            if (swatch.background) ++texts;
+            EXPECT_EQ(valueOf(swatch), hexOf(inSRGB(namedColor(swatch.name)))) << swatch.name;
+        }
     }
-    EXPECT_EQ(entryOf(page, "whiteColor").value, "#FFFFFF");
-    EXPECT_EQ(entryOf(page, "clearColor").value, "#00000000");
-    EXPECT_EQ(shapesOf<Checkerboard>(page).size(), 1u) << "behind clearColor alone";
-    EXPECT_EQ(page.title, "System colours");
-    EXPECT_EQ(shapesOf<Label>(page)[1].text.rfind("46 ", 0), 0u);
+    EXPECT_EQ(titles, (std::vector<std::string>{"Plain", "Text", "Controls", "Windows, menus and tables"})) << "no others";
+    EXPECT_EQ(count, 46u);
+    EXPECT_EQ(texts, 9u);
+    EXPECT_EQ(swatchNamed(sheet, "whiteColor").space, "Generic Gray Profile");
+    EXPECT_EQ(valueOf(swatchNamed(sheet, "clearColor")), "#00000000");
+    EXPECT_EQ(contrastOf(*swatchNamed(sheet, "textColor").background), "21.0 : 1");
+    EXPECT_NEAR(contrastRatio({0x77 / 255.0, 0x77 / 255.0, 0x77 / 255.0, 1}, {1, 1, 1, 1}), 4.48, 0.005) << "as published";
+}
+
+TEST_F(Swatches, TellHowFarAColourLiesOutside) {
+    // Pairs that the authors of CIEDE2000 published, with what their terms of hue, turn and rounding must give.
+    const struct {
+        Lab first, second;
+        double distance;
+    } pairs[] = {{{50, 2.6772, -79.7751}, {50, 0, -82.7485}, 2.0425},
+                 {{50, 0, 0}, {50, -1, 2}, 2.3669},
+                 {{50, 2.49, -0.001}, {50, -2.49, 0.0009}, 7.1792},
+                 {{50, 2.49, -0.001}, {50, -2.49, 0.0011}, 7.2195},
+                 {{50, 2.5, 0}, {73, 25, -18}, 27.1492},
+                 {{2.0776, 0.0795, -1.135}, {0.9033, -0.0636, -0.5514}, 0.9082}};
+    for (const auto& pair : pairs) {
+        EXPECT_NEAR(distance(pair.first, pair.second), pair.distance, 5e-5);
+        EXPECT_NEAR(distance(pair.second, pair.first), pair.distance, 5e-5);
+    }
+    // The platform's own conversion and the formula for sRGB agree on what is inside.
+    for (const char* text : {"white", "#36C", "lime", "blue", "rgb(1 2 3)"}) {
+        const Reference color = colorOfText(text);
+        EXPECT_LT(distance(labOf(color), labOf(inSRGB(color))), 0.02) << text;
+    }
+    const Lab blue = labOf(colorOfText("blue"));
+    EXPECT_LT(distance(blue, {29.57, 68.30, -112.03}), 0.02) << "as published";
+    const ListFile file("\"in\" components 0 3f800000 00000000 00000000 3f800000\n"
+                        "\"p3\" components 1 00000000 3f800000 00000000 3f800000\n"
+                        "\"extended\" components 0 00000000 3f8ccccd 00000000 3f800000");
+    const SwatchSheet sheet = colorsOfList(file.path, {});
+    EXPECT_EQ(markOf(swatchNamed(sheet, "in")), "");
+    EXPECT_EQ(markOf(swatchNamed(sheet, "p3")), "\u25b2 \u0394E 5.2");
+    EXPECT_GT(swatchNamed(sheet, "extended").outside, 1.0);
+    EXPECT_EQ(valueOf(swatchNamed(sheet, "extended")), "#00FF00");
+}
+
+TEST_F(Swatches, ShowOneColourInEverySpace) {
+    const ConversionSheet sheet = colorInSpaces("0080FF40");
+    std::string terminal = written(sheet, false);
+    EXPECT_EQ(sheet.rows.size(), 10u);
+    EXPECT_EQ(occurrences(svgOf(drawn(sheet, lightTheme)), "url(#halves)"), 10u);
+    EXPECT_NE(terminal.find("  sRGB IEC61966-2.1               red 0.0000  green 0.5020  blue 1.0000  alpha 0.2510\n"),
+              std::string::npos);
+    EXPECT_NE(terminal.find("\n  Display P3 "), std::string::npos);
+    EXPECT_EQ(terminal.find('\x1b'), std::string::npos);
+}
+
+TEST_F(Swatches, ReadColoursAsPeopleWriteThem) {
+    const std::pair<const char*, const char*> colors[] = {{"#F80", "#FF8800"},
+                                                          {"f808", "#FF880088"},
+                                                          {"#0180fE", "#0180FE"},
+                                                          {"01020304", "#01020304"},
+                                                          {"Orange", "#FFA500"},
+                                                          {"aliceblue", "#F0F8FF"},
+                                                          {"yellowgreen", "#9ACD32"},
+                                                          {"transparent", "#00000000"},
+                                                          {"rgb(255, 128, 0)", "#FF8000"},
+                                                          {"rgb(100% 50% 0% / 50%)", "#FF800080"},
+                                                          {"RGBA(300,0,0,0.5)", "#FF000080"},
+                                                          {"hsl(30 100% 50%)", "#FF8000"},
+                                                          {"hsl(-330deg, 100%, 50%, 0.5)", "#FF800080"},
+                                                          {"hsl(150, 50%, 40%)", "#339966"},
+                                                          {"color(srgb 1 0.5 0)", "#FF8000"},
+                                                          {"color(a98-rgb 1 1 1)", "#FFFFFF"},
+                                                          {"REDCOLOR", "#FF2700"}};
+    for (const auto& [text, hex] : colors)
+        EXPECT_EQ(hexOfText(text), hex) << text;
+    EXPECT_EQ(textProperty(spaceOf(colorOfText("color(display-p3 1 0.5 0)")), "localizedName"), "Display P3");
+    for (const char* text :
+         {"", "#", "#12", "#12345", "#1234567", "12345g", "##123456", "oranje", "rgb(1 2)", "rgb(1 2 3 4 5)", "rgb(1 2 x)",
+          "rgb(nan 0 0)", "color(xyz 1 1 1)", "colorWithSRGB", "colorFromPasteboard()"})
+        EXPECT_THROW(colorOfText(text), std::invalid_argument) << text;
+}
+
+TEST_F(Swatches, WriteKeysOfAnyKindAsText) {
+    const ListFile file(R"("<b>\"&\u0007 é" components 0 3f800000 00000000 00000000 3f800000)");
+    const std::string key = "<b>\"&\a é";
+    const SwatchSheet sheet = colorsOfList(file.path, {});
+    const std::string svg = svgOf(drawn(sheet, lightTheme));
+    EXPECT_NE(svg.find(">&lt;b&gt;&quot;&amp; é</text>"), std::string::npos);
+    EXPECT_NE(svg.find("fill=\"#ff0000\""), std::string::npos);
+    EXPECT_NE(written(sheet, true).find("\x1b[48;2;255;0;0m   \x1b[48;2;255;0;0m   \x1b[0m  <b>\"& é"), std::string::npos);
+    EXPECT_EQ(colorsOfList(file.path, {key}).groups[0].swatches.size(), 1u);
+    EXPECT_THROW(colorsOfList(file.path, {key, "another"}), std::runtime_error);
+    EXPECT_THROW(colorsOfList(file.path + ".gone", {}), std::runtime_error);
 }
 
 TEST_F(Swatches, ThePictureInTheDocumentationIsUpToDate) {
     std::ostringstream kept;
     kept << std::ifstream(PICTURE).rdbuf();
-    EXPECT_EQ(kept.str(), svgOf(systemColorPage())) << "chromahost swatches docs/pictures/system_colors.svg";
+    EXPECT_EQ(kept.str(), svgOf(drawn(systemColors(), lightTheme))) << "chromahost swatches docs/pictures/system_colors.svg";
 }
 
-TEST_F(Swatches, ShowsOneColourInEverySpace) {
-    const Picture page = spacesPage(colorOfHex("0080FF40"));
-    std::vector<std::string> texts;
-    for (const Label& label : shapesOf<Label>(page))
-        texts.push_back(label.text);
-    EXPECT_EQ(shapesOf<Checkerboard>(page).size(), 9u);
-    EXPECT_EQ(std::count(texts.begin(), texts.end(), "alpha"), 9);
-    EXPECT_EQ(std::count(texts.begin(), texts.end(), "white"), 3);
-    EXPECT_EQ(std::count(texts.begin(), texts.end(), "black"), 2);
-    const auto space = std::find(texts.begin(), texts.end(), "sRGBColorSpace");
-    ASSERT_GE(texts.end() - space, 9);
-    EXPECT_EQ(std::vector<std::string>(space + 1, space + 9),
-              (std::vector<std::string>{"red", "0.0000", "green", "0.5020", "blue", "1.0000", "alpha", "0.2510"}));
-}
-
-TEST_F(Swatches, WritesKeysOfAnyKindAsText) {
-    const std::string list = file(".clr");
-    std::ofstream(list) << "chromabridge color list 1\nspace 0 standard sRGB\n"
-                        << R"("<b>\"&\u0007 é" components 0 3f800000 00000000 00000000 3f800000)"
-                        << "\nend 1\n";
-    const std::string key = "<b>\"&\a é";
-    const std::string svg = svgOf(colorListPage(list, {key}));
-    EXPECT_NE(svg.find(">&lt;b&gt;&quot;&amp; é</text>"), std::string::npos);
-    EXPECT_NE(svg.find("fill=\"#ff0000\""), std::string::npos);
-    EXPECT_THROW(colorListPage(list, {key, "another"}), std::runtime_error);
-    std::remove(list.c_str());
-    EXPECT_THROW(colorListPage(list, {key}), std::runtime_error);
-}
-
-TEST_F(Swatches, WritesTheFormThatTheFileIsNamedFor) {
-    const Picture page = spacesPage(colorOfHex("#336699"));
-    const std::string svg = file(".svg"), png = file(".PNG");
-    writePicture(page, svg);
-    EXPECT_EQ(contentsOf(svg), svgOf(page));
-    EXPECT_THROW(writePicture(page, file(".gif")), std::invalid_argument);
-    EXPECT_THROW(writePicture(page, "/no/such/folder/page.svg"), std::runtime_error);
-    if (sizeof(void*) == 8) {
-        writePicture(page, png);
-        const std::string bytes = contentsOf(png);
-        ASSERT_GT(bytes.size(), 24u);
-        EXPECT_EQ(bytes.substr(0, 8), "\x89PNG\r\n\x1A\n");
-        const auto width = static_cast<unsigned char>(bytes[18]) * 256 + static_cast<unsigned char>(bytes[19]);
-        EXPECT_EQ(width, static_cast<int>(2 * page.width));
-    } else {
-        EXPECT_THROW(writePicture(page, png), std::invalid_argument);
-        EXPECT_FALSE(std::ifstream(png).is_open());
+TEST_F(Swatches, DrawThePictureAsPNG) {
+    const Picture page = drawn(colorInSpaces("#336699"), darkTheme);
+    if (sizeof(void*) == 4) {
+        EXPECT_THROW(pngOf(page), std::invalid_argument);
+        return;
     }
-}
-
-TEST_F(Swatches, ReadsHexadecimal) {
-    for (const char* text : {"#000000", "#FFFFFF", "#0180FE", "#01020304"})
-        EXPECT_EQ(hexOf(colorOfHex(text)), text);
-    EXPECT_EQ(hexOf(colorOfHex("abcdefFF")), "#ABCDEF");
-    for (const char* text : {"", "#", "#12345", "#1234567", "12345g", "##123456", "red"})
-        EXPECT_THROW(colorOfHex(text), std::invalid_argument) << text;
+    const std::string png = pngOf(page);
+    ASSERT_GT(png.size(), 24u);
+    EXPECT_EQ(png.substr(0, 8), "\x89PNG\r\n\x1A\n");
+    const auto width = static_cast<unsigned char>(png[18]) * 256 + static_cast<unsigned char>(png[19]);
+    EXPECT_EQ(width, static_cast<int>(2 * page.width));
 }

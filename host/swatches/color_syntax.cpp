@@ -1,0 +1,130 @@
+#include "swatches/color_syntax.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <sstream>
+#include <stdexcept>
+
+namespace host::swatches {
+
+namespace {
+
+double channel(unsigned byte) { return static_cast<double>(byte) / 255.0; }
+
+std::optional<ScreenColor> hexadecimal(std::string digits) {
+    if (digits.empty() || digits.find_first_not_of("0123456789abcdefABCDEF") != std::string::npos) return std::nullopt;
+    if (digits.size() == 3 || digits.size() == 4) {
+        std::string doubled;
+        for (const char digit : digits)
+            doubled.append(2, digit);
+        digits = doubled;
+    }
+    if (digits.size() == 6) digits += "FF";
+    if (digits.size() != 8) return std::nullopt;
+    const unsigned long value = std::stoul(digits, nullptr, 16);
+    const auto byte = [&](int shift) { return channel(static_cast<unsigned>(value >> shift & 0xFF)); };
+    return ScreenColor{byte(24), byte(16), byte(8), byte(0)};
+}
+
+// One argument of a function of CSS, a number and what stands behind it.
+struct Quantity {
+    double value;
+    bool isPercent;
+
+    double share(double whole) const { return isPercent ? value / 100.0 : value / whole; }
+};
+
+// "name(arguments)", the arguments apart at commas, slashes and blanks.
+struct Function {
+    std::string name, space; // space: of color()
+    std::vector<Quantity> arguments;
+};
+
+std::optional<Function> function(const std::string& text) {
+    const std::size_t open = text.find('(');
+    if (open == std::string::npos || text.back() != ')') return std::nullopt;
+    std::string inside = text.substr(open + 1, text.size() - open - 2);
+    std::replace_if(
+        inside.begin(), inside.end(), [](char c) { return c == ',' || c == '/'; }, ' ');
+    Function parsed = {text.substr(0, open), "", {}};
+    std::istringstream words(inside);
+    for (std::string word; words >> word;) {
+        char* end = nullptr;
+        const double value = std::strtod(word.c_str(), &end);
+        const std::string unit = end;
+        if (end == word.c_str() && parsed.name == "color" && parsed.space.empty()) {
+            parsed.space = word;
+        } else if (end == word.c_str() || !std::isfinite(value) || (!unit.empty() && unit != "%" && unit != "deg")) {
+            return std::nullopt;
+        } else {
+            parsed.arguments.push_back({value, unit == "%"});
+        }
+    }
+    if (parsed.arguments.size() == 3) parsed.arguments.push_back({1.0, false});
+    if (parsed.arguments.size() != 4) return std::nullopt;
+    return parsed;
+}
+
+// Hue in degrees; the others from 0.0 to 1.0.
+ScreenColor fromHSL(double hue, double saturation, double lightness, double alpha) {
+    const double reach = saturation * std::min(lightness, 1.0 - lightness);
+    const auto component = [&](double offset) {
+        const double k = std::fmod(std::fmod(offset + hue / 30.0, 12.0) + 12.0, 12.0);
+        return lightness - reach * std::max(-1.0, std::min({k - 3.0, 9.0 - k, 1.0}));
+    };
+    return {component(0), component(8), component(4), alpha};
+}
+
+// Null for a function that is none of these. As in CSS, what goes too far is brought back, but for color().
+Reference colorOfFunction(const Function& f) {
+    const std::vector<Quantity>& a = f.arguments;
+    const double alpha = std::clamp(a[3].share(1.0), 0.0, 1.0);
+    if (f.name == "rgb" || f.name == "rgba")
+        return sRGBColor(clipped({a[0].share(255.0), a[1].share(255.0), a[2].share(255.0), alpha}));
+    if (f.name == "hsl" || f.name == "hsla") {
+        const auto within = [](double share) { return std::clamp(share, 0.0, 1.0); };
+        return sRGBColor(fromHSL(a[0].value, within(a[1].share(100.0)), within(a[2].share(100.0)), alpha));
+    }
+    const std::vector<double> components = {a[0].share(1.0), a[1].share(1.0), a[2].share(1.0), alpha};
+    if (f.space == "srgb") return colorInSpace(namedSpace("sRGBColorSpace"), components);
+    if (f.space == "display-p3") return colorInSpace(displayP3Space(), components);
+    if (f.space == "a98-rgb") return colorInSpace(namedSpace("adobeRGB1998ColorSpace"), components);
+    return {};
+}
+
+} // namespace
+
+std::string hexOf(const ScreenColor& color) {
+    const auto byte = [](double value) { return static_cast<unsigned>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0)); };
+    char text[16];
+    std::snprintf(text, sizeof text, "#%02X%02X%02X", byte(color.red), byte(color.green), byte(color.blue));
+    const std::string opaque = text;
+    if (byte(color.alpha) == 255) return opaque;
+    std::snprintf(text, sizeof text, "%02X", byte(color.alpha));
+    return opaque + text;
+}
+
+Reference colorOfText(const std::string& text) {
+    std::string name = text;
+    std::transform(name.begin(), name.end(), name.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    // Names before digits: no name of CSS is hexadecimal, and "#" says that digits are meant.
+    if (name == "transparent") return sRGBColor({0, 0, 0, 0});
+    if (const std::optional<unsigned> value = cssColor(name))
+        return sRGBColor({channel(*value >> 16), channel(*value >> 8 & 0xFF), channel(*value & 0xFF), 1.0});
+    if (const auto color = hexadecimal(name.substr(!name.empty() && name[0] == '#' ? 1 : 0))) return sRGBColor(*color);
+    if (const auto parsed = function(name)) {
+        if (Reference color = colorOfFunction(*parsed)) return color;
+    }
+    for (const std::string& member : sharedMakers("NSColorZRX")) {
+        if (!equalIgnoringCase(member, text)) continue;
+        if (Reference color = namedColor(member)) return color;
+    }
+    throw std::invalid_argument("\"" + text +
+                                "\" is no colour: write #F80 or #FF8000, a colour of CSS such as orange or rgb(255 128 0), "
+                                "or a member of NSColorZRX such as redColor");
+}
+
+} // namespace host::swatches

@@ -1,0 +1,97 @@
+#include "swatches/colorimetry.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace host::swatches {
+
+namespace {
+
+constexpr double pi = 3.14159265358979323846;
+
+// Light from sRGB's curve, which goes on below 0.0 as its mirror.
+double linear(double value) {
+    const double magnitude = std::fabs(value);
+    const double light = magnitude <= 0.04045 ? magnitude / 12.92 : std::pow((magnitude + 0.055) / 1.055, 2.4);
+    return std::copysign(light, value);
+}
+
+double luminance(const ScreenColor& c) {
+    return 0.2126 * linear(c.red) + 0.7152 * linear(c.green) + 0.0722 * linear(c.blue);
+}
+
+// In degrees, from 0 to 360.
+double hueOf(double a, double b) {
+    const double degrees = std::atan2(b, a) * 180.0 / pi;
+    return degrees < 0.0 ? degrees + 360.0 : degrees;
+}
+
+double sine(double degrees) { return std::sin(degrees * pi / 180.0); }
+double cosine(double degrees) { return std::cos(degrees * pi / 180.0); }
+double square(double value) { return value * value; }
+
+// How much less a difference of chroma counts where chroma is high.
+double seventhPower(double chroma) { return std::sqrt(std::pow(chroma, 7) / (std::pow(chroma, 7) + std::pow(25.0, 7))); }
+
+} // namespace
+
+Lab labOfRelativeXYZ(double x, double y, double z) {
+    const auto f = [](double t) { return t > 216.0 / 24389.0 ? std::cbrt(t) : (24389.0 / 27.0 * t + 16.0) / 116.0; };
+    return {116.0 * f(y) - 16.0, 500.0 * (f(x) - f(y)), 200.0 * (f(y) - f(z))};
+}
+
+// Adapted to D50, as profiles and CSS have it.
+Lab labOf(const ScreenColor& color) {
+    const double red = linear(color.red), green = linear(color.green), blue = linear(color.blue);
+    return labOfRelativeXYZ((0.4360747 * red + 0.3850649 * green + 0.1430804 * blue) / 0.9642200,
+                            0.2225045 * red + 0.7168786 * green + 0.0606169 * blue,
+                            (0.0139322 * red + 0.0971045 * green + 0.7141733 * blue) / 0.8252100);
+}
+
+// The names are those of the formula's authors, written out.
+double distance(const Lab& first, const Lab& second) {
+    const double meanC = (std::hypot(first.a, first.b) + std::hypot(second.a, second.b)) / 2.0;
+    const double stretch = 1.5 - 0.5 * seventhPower(meanC);
+    const double a1 = first.a * stretch, a2 = second.a * stretch;
+    const double chroma1 = std::hypot(a1, first.b), chroma2 = std::hypot(a2, second.b);
+    const double hue1 = hueOf(a1, first.b), hue2 = hueOf(a2, second.b);
+    const bool isGray = chroma1 * chroma2 == 0.0;
+
+    double hueStep = isGray ? 0.0 : hue2 - hue1;
+    if (hueStep > 180.0) hueStep -= 360.0;
+    if (hueStep < -180.0) hueStep += 360.0;
+    const double hueDifference = 2.0 * std::sqrt(chroma1 * chroma2) * sine(hueStep / 2.0);
+
+    double meanHue = hue1 + hue2;
+    if (!isGray) {
+        if (std::fabs(hue1 - hue2) > 180.0) meanHue += meanHue < 360.0 ? 360.0 : -360.0;
+        meanHue /= 2.0;
+    }
+    const double meanLightness = (first.lightness + second.lightness) / 2.0, meanChroma = (chroma1 + chroma2) / 2.0;
+    const double hueWeight = 1.0 - 0.17 * cosine(meanHue - 30.0) + 0.24 * cosine(2.0 * meanHue) +
+                             0.32 * cosine(3.0 * meanHue + 6.0) - 0.20 * cosine(4.0 * meanHue - 63.0);
+    const double fromMiddle = square(meanLightness - 50.0);
+    const double lightnessStep =
+        (second.lightness - first.lightness) / (1.0 + 0.015 * fromMiddle / std::sqrt(20.0 + fromMiddle));
+    const double chromaStep = (chroma2 - chroma1) / (1.0 + 0.045 * meanChroma);
+    const double hueTerm = hueDifference / (1.0 + 0.015 * meanChroma * hueWeight);
+    const double turn = -sine(60.0 * std::exp(-square((meanHue - 275.0) / 25.0))) * 2.0 * seventhPower(meanChroma);
+    return std::sqrt(square(lightnessStep) + square(chromaStep) + square(hueTerm) + turn * chromaStep * hueTerm);
+}
+
+ScreenColor clipped(const ScreenColor& color) {
+    const auto within = [](double value) { return std::clamp(value, 0.0, 1.0); };
+    return {within(color.red), within(color.green), within(color.blue), within(color.alpha)};
+}
+
+ScreenColor composed(const ScreenColor& above, const ScreenColor& below) {
+    const auto mixed = [&](double front, double back) { return front * above.alpha + back * (1.0 - above.alpha); };
+    return {mixed(above.red, below.red), mixed(above.green, below.green), mixed(above.blue, below.blue), 1.0};
+}
+
+double contrastRatio(const ScreenColor& text, const ScreenColor& background) {
+    const double a = luminance(clipped(text)) + 0.05, b = luminance(clipped(background)) + 0.05;
+    return std::max(a, b) / std::min(a, b);
+}
+
+} // namespace host::swatches

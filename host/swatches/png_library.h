@@ -1,0 +1,16 @@
+// The one function of libchromapng.so.
+#pragma once
+
+#include <stddef.h>
+
+extern "C" {
+
+// 1 when the bytes were taken.
+typedef int (*ChromaWriteBytes)(void* context, const unsigned char* bytes, size_t count);
+
+// Draws an SVG document, `scale` pixels to its unit of length, and hands the PNG file to `write`, piece by piece. 1 when all
+// went well; else 0 and why, in English, in `message`.
+__attribute__((visibility("default"))) int chromaDrawPNG(const char* svg, size_t length, double scale,
+                                                         ChromaWriteBytes write, void* context, char* message,
+                                                         size_t messageSize);
+}
