@@ -3,7 +3,6 @@
 
 #include "swatches/pages.h"
 
-#include <cstdlib>
 #include <iostream>
 #include <stdexcept>
 
@@ -31,11 +30,11 @@ std::string formOf(const SwatchesOptions& options) {
 template <class Sheet>
 std::string contents(const Sheet& sheet, const std::string& form, const SwatchesOptions& options, bool isFile) {
     using namespace host::swatches;
-    const bool isTerminal = !isFile && isatty(STDOUT_FILENO) && !std::getenv("NO_COLOR");
-    if (form == "text") return written(sheet, isTerminal);
+    if (form == "text") return written(sheet, isFile ? ColorDepth::none : outputColorDepth());
     const Picture picture = drawn(sheet, options.dark ? darkTheme : lightTheme);
     if (form == "svg") return svgOf(picture);
-    if (isTerminal) throw std::invalid_argument("a PNG would garble the terminal: give a file, or pass it on");
+    if (!isFile && isatty(STDOUT_FILENO))
+        throw std::invalid_argument("a PNG would garble the terminal: give a file, or pass it on");
     return pngOf(picture);
 }
 

@@ -143,7 +143,7 @@ bool runPrompt(LineReader& reader, std::ostream& output, std::ostream& errors, C
 
 int runPrompt() {
     const bool interactive = isatty(STDIN_FILENO) != 0;
-    Prompt prompt(std::cout, std::cerr, outputColorDepth(), interactive);
+    Prompt prompt(std::cout, std::cerr, swatches::outputColorDepth(), interactive);
     std::unique_ptr<LineReader> reader;
 #ifdef CHROMA_READLINE
     if (interactive && isatty(STDOUT_FILENO))

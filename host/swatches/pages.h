@@ -3,6 +3,7 @@
 
 #include "swatches/picture.h"
 #include "swatches/sheet.h"
+#include "swatches/terminal.h"
 
 namespace host::swatches {
 
@@ -18,8 +19,8 @@ constexpr Theme darkTheme = {
 Picture drawn(const SwatchSheet& sheet, const Theme& theme);
 Picture drawn(const ConversionSheet& sheet, const Theme& theme);
 
-// For a terminal; `inColor` puts each colour before its name, by the escape sequences for 24-bit colours.
-std::string written(const SwatchSheet& sheet, bool inColor);
-std::string written(const ConversionSheet& sheet, bool inColor);
+// For a terminal, which shows each colour before its name when it has some.
+std::string written(const SwatchSheet& sheet, ColorDepth depth);
+std::string written(const ConversionSheet& sheet, ColorDepth depth);
 
 } // namespace host::swatches

@@ -2,26 +2,14 @@
 #include "swatches/pages.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 
 namespace host::swatches {
 
 namespace {
 
-std::string escape(const char* layer, const ScreenColor& color) {
-    const auto byte = [](double value) { return std::to_string(std::lround(value * 255.0)); };
-    return std::string("\x1b[") + layer + ";2;" + byte(color.red) + ";" + byte(color.green) + ";" + byte(color.blue) + "m";
-}
-
-// Six columns: half over white and half over black, or text on its background.
-std::string colored(const Swatch& swatch) {
-    const ScreenColor white = {1, 1, 1, 1}, black = {0, 0, 0, 1};
-    const std::string end = "\x1b[0m  ";
-    if (swatch.background)
-        return escape("48", swatch.background->color) + escape("38", composed(swatch.shown, swatch.background->color)) +
-               " Text " + end;
-    return escape("48", composed(swatch.shown, white)) + "   " + escape("48", composed(swatch.shown, black)) + "   " + end;
+std::string colored(const Swatch& swatch, ColorDepth depth) {
+    return swatch.background ? cells(swatch.shown, swatch.background->color, depth) : cells(swatch.shown, depth);
 }
 
 // Control characters, which a key may hold, would command the terminal.
@@ -52,19 +40,19 @@ std::string heading(const std::string& title, const std::string& subtitle) {
 
 } // namespace
 
-std::string written(const SwatchSheet& sheet, bool inColor) {
+std::string written(const SwatchSheet& sheet, ColorDepth depth) {
     std::string text = heading(sheet.title, sheet.subtitle);
     for (const SwatchGroup& group : sheet.groups) {
         text += group.title.empty() ? "\n" : "\n" + group.title + "\n";
         for (const Swatch& swatch : group.swatches) {
-            text += line("  " + (inColor ? colored(swatch) : "") + padded(printable(swatch.name), 34) +
-                         padded(valueOf(swatch), 11) + padded(noteOf(swatch), 24) + markOf(swatch));
+            text += line("  " + colored(swatch, depth) + padded(printable(swatch.name), 34) + padded(valueOf(swatch), 11) +
+                         padded(noteOf(swatch), 24) + markOf(swatch));
         }
     }
     return text;
 }
 
-std::string written(const ConversionSheet& sheet, bool inColor) {
+std::string written(const ConversionSheet& sheet, ColorDepth depth) {
     std::string text = heading(sheet.title, sheet.subtitle) + "\n";
     for (const Conversion& row : sheet.rows) {
         std::string values = row.components.empty() ? "cannot be converted" : "";
@@ -73,12 +61,9 @@ std::string written(const ConversionSheet& sheet, bool inColor) {
             std::snprintf(value, sizeof value, "%s %.4f  ", component.name.c_str(), component.value);
             values += value;
         }
-        const bool isShown = inColor && !row.components.empty();
-        text += line("  " +
-                     (isShown   ? colored(row.swatch)
-                      : inColor ? std::string(8, ' ')
-                                : "") +
-                     padded(row.swatch.name, 32) + values + markOf(row.swatch));
+        const std::string none = depth == ColorDepth::none ? "" : std::string(5, ' ');
+        text += line("  " + (row.components.empty() ? none : colored(row.swatch, depth)) + padded(row.swatch.name, 32) +
+                     values + markOf(row.swatch));
     }
     return text;
 }

@@ -122,7 +122,7 @@ TEST_F(Swatches, TellHowFarAColourLiesOutside) {
 
 TEST_F(Swatches, ShowOneColourInEverySpace) {
     const ConversionSheet sheet = colorInSpaces("0080FF40");
-    std::string terminal = written(sheet, false);
+    std::string terminal = written(sheet, ColorDepth::none);
     EXPECT_EQ(sheet.rows.size(), 10u);
     EXPECT_EQ(occurrences(svgOf(drawn(sheet, lightTheme)), "url(#halves)"), 10u);
     EXPECT_NE(terminal.find("  sRGB IEC61966-2.1               red 0.0000  green 0.5020  blue 1.0000  alpha 0.2510\n"),
@@ -165,7 +165,7 @@ TEST_F(Swatches, WriteKeysOfAnyKindAsText) {
     const std::string svg = svgOf(drawn(sheet, lightTheme));
     EXPECT_NE(svg.find(">&lt;b&gt;&quot;&amp; é</text>"), std::string::npos);
     EXPECT_NE(svg.find("fill=\"#ff0000\""), std::string::npos);
-    EXPECT_NE(written(sheet, true).find("\x1b[48;2;255;0;0m   \x1b[48;2;255;0;0m   \x1b[0m  <b>\"& é"), std::string::npos);
+    EXPECT_NE(written(sheet, ColorDepth::direct).find("  \x1B[48;2;255;0;0m    \x1B[0m <b>\"& é"), std::string::npos);
     EXPECT_EQ(colorsOfList(file.path, {key}).groups[0].swatches.size(), 1u);
     EXPECT_THROW(colorsOfList(file.path, {key, "another"}), std::runtime_error);
     EXPECT_THROW(colorsOfList(file.path + ".gone", {}), std::runtime_error);
