@@ -99,21 +99,24 @@ void invoke(Call& call) {
 }
 
 const host::Type number = host::Type::plain(host::Kind::Double);
-chroma::Selector description{"description"};
+chroma::Selector description{"description"}, localizedName{"localizedName"};
+
+// By the class, and what a colour or a space says of itself.
+std::string told(const host::Object* object) {
+    if (!object) return "";
+    std::string text = object->info->name();
+    chroma::Selector* const message = text == "NSColorZRX"        ? &description
+                                      : text == "NSColorSpaceZRX" ? &localizedName
+                                                                  : nullptr;
+    if (!message) return text;
+    host::String* const words = chroma::NSStringRB(chroma::send<chroma::id>(chroma::nativeObject(object), *message));
+    if (words) text += host::bytesOf(words);
+    host::unlock(words);
+    return text;
+}
 
 std::string told(const host::Type& type, Slot slot) {
-    if (type.isObjectReference()) {
-        if (!slot.object) return "";
-        std::string text = slot.object->info->name();
-        const chroma::id native = chroma::nativeObject(slot.object);
-        const bool isTold = text == "NSColorZRX" || text == "NSColorSpaceZRX";
-        if (host::String* const words =
-                isTold ? chroma::NSStringRB(chroma::send<chroma::id>(native, description)) : nullptr) {
-            text += host::bytesOf(words);
-            host::unlock(words);
-        }
-        return text;
-    }
+    if (type.isObjectReference()) return told(slot.object);
     switch (type.kind) {
     case host::Kind::Void: return "";
     case host::Kind::Double: return slot.real == 0 ? "" : std::to_string(slot.real);
