@@ -55,7 +55,6 @@ std::string toPlatform(const Stored& stored) {
 // The host's string for a platform string, and for bytes; the empty one is null.
 Stored toHost(id text) {
     const foreign::Owned result(NSStringRB(text));
-    CFRelease(text);
     return {foreign::bytesOf(result), foreign::encodingOf(result)};
 }
 Stored built(const std::string& bytes, CFStringEncoding encoding) {
@@ -185,13 +184,13 @@ INSTANTIATE_TEST_SUITE_P(Hosts, Data, ::testing::Values(2011.0, 2016.9, 2017.0, 
 TEST_P(Data, AndBlocksAreCopiesOfEachOther) {
     const std::string bytes("a\0c", 3);
     const id data = dataOf(bytes);
-    EXPECT_EQ(std::string(native::tell<const char*>(data, "bytes"), native::tell<NSUInteger>(data, "length")), bytes);
+    EXPECT_EQ(std::string(native::send<const char*>(data, "bytes"), native::send<NSUInteger>(data, "length")), bytes);
     const Owned copy(NSDataRB(data));
     EXPECT_EQ(foreign::bytesOf(copy), bytes);
 
     EXPECT_EQ(dataOf(""), nullptr);
     EXPECT_EQ(NewNSData(Owned(foreign::block("abc", -3))), nullptr);
-    EXPECT_EQ(NSDataRB(native::tell("NSData", "data")), nullptr);
+    EXPECT_EQ(NSDataRB(native::sendClass("NSData", "data")), nullptr);
     host.showsStorage = false;
     EXPECT_EQ(dataOf("abc"), nullptr);
 }
@@ -367,5 +366,4 @@ TEST_F(Errors, ThatAreNoNSExceptionsPassOutwardAndCloseTheirGuards) {
     EXPECT_THROW(cleaned([] { throw 1; }), int);
     EXPECT_EQ(std::pair(cleanups, onThrows), std::pair(3, 2));
     EXPECT_EQ(native::retainCount(object), 1U);
-    CFRelease(object);
 }

@@ -30,7 +30,7 @@ REALobjectStruct* rgb(double red, double green, double blue, double alpha = 1.0)
 
 template <class... Numbers>
 REALobjectStruct* made(const char* message, Numbers... components) {
-    return NewNSColorZRX(native::tell("NSColor", message, single(components)...));
+    return NewNSColorZRX(native::sendClass("NSColor", message, single(components)...));
 }
 
 // Reads into outputs that held something before.
@@ -48,7 +48,7 @@ void expectNear(const Components& actual, const Components& expected, const std:
         EXPECT_NEAR(actual[i], expected[i], 1e-6) << what << ", output " << i;
 }
 
-REALobjectStruct* space(const char* message) { return NewNSColorSpaceZRX(native::tell("NSColorSpace", message)); }
+REALobjectStruct* space(const char* message) { return NewNSColorSpaceZRX(native::sendClass("NSColorSpace", message)); }
 
 } // namespace
 
@@ -103,7 +103,7 @@ TEST_F(Color, ReadsInItsOwnFormsAndConvertsOnlyWhereAlphaIsAsked) {
     const Reference inRGB(rgb(1.0, 0.5, 0.25, 0.75)), grey(made("colorWithCalibratedWhite:alpha:", 0.5, 0.75)),
         cmyk(made("colorWithDeviceCyan:magenta:yellow:black:alpha:", 0.25, 0.5, 0.75, 0.125, 0.5));
     const Reference converted(
-        NewNSColorZRX(native::tell(nativeObject(cmyk), "colorUsingColorSpaceName:", NSCalibratedRGBColorSpace)));
+        NewNSColorZRX(native::send(nativeObject(cmyk), "colorUsingColorSpaceName:", NSCalibratedRGBColorSpace)));
     const Components refused;
     const struct {
         const char* name;
@@ -274,7 +274,7 @@ TEST_F(Color, OfAMessageThatThePlatformLacksIsAHostException) {
     if (isAnswered)
         native::replace(
             native::metaclass("NSColor"), "scrubberTexturedBackgroundColor",
-            +[](id self, SEL) { return native::tell(self, "aMessageNobodyKnows"); });
+            +[](id self, SEL) { return native::send(self, "aMessageNobodyKnows"); });
     EXPECT_EQ(scrubberTexturedBackgroundColor(), nullptr);
     expectPlatformException({isAnswered ? "aMessageNobodyKnows" : "scrubberTexturedBackgroundColor", "recognize"});
 }
@@ -289,12 +289,12 @@ bool servesPasteboards(const std::string& folder) {
         execlp("gpbs", "gpbs", "--no-fork", nullptr);
         _exit(1);
     }
-    const id name = native::tell(native::string("GNUstepGSPasteboardServer"), "autorelease");
-    const id here = native::tell(native::string(""), "autorelease");
+    const id name = native::string("GNUstepGSPasteboardServer");
+    const id here = native::string("");
     id proxy = nullptr;
     for (int attempt = 0; attempt < 100 && !proxy; ++attempt) {
         usleep(50000);
-        proxy = native::tell("NSConnection", "rootProxyForConnectionWithRegisteredName:host:", name, here);
+        proxy = native::sendClass("NSConnection", "rootProxyForConnectionWithRegisteredName:host:", name, here);
     }
     return proxy != nullptr;
 }
@@ -309,9 +309,9 @@ TEST_F(Color, GoesThroughThePasteboard) {
     if (platform::differs(Difference::PasteboardType)) {
         EXPECT_EQ(colorFromPasteboard(), nullptr);
         // Lets the general pasteboard take colours, as a program does before it writes.
-        const id types = native::tell("NSArray", "arrayWithObjects:count:",
-                                      static_cast<const id*>(dlsym(RTLD_DEFAULT, "NSColorPboardType")), NSUInteger{1});
-        native::tell<NSInteger>(native::tell("NSPasteboard", "generalPasteboard"), "declareTypes:owner:", types, id{});
+        const id types = native::sendClass("NSArray", "arrayWithObjects:count:",
+                                           static_cast<const id*>(dlsym(RTLD_DEFAULT, "NSColorPboardType")), NSUInteger{1});
+        native::send<NSInteger>(native::sendClass("NSPasteboard", "generalPasteboard"), "declareTypes:owner:", types, id{});
         writeToPasteboard(color);
     }
     EXPECT_EQ(componentsOf(colorFromPasteboard()), componentsOf(color));
@@ -320,7 +320,7 @@ TEST_F(Color, GoesThroughThePasteboard) {
 
 TEST_F(Color, OfAPatternKeepsItsImage) {
     host.plainClasses.insert("NSImageZRX"); // has no destructor then: its image is released here
-    const id image = native::tell(native::tell("NSImage", "alloc"), "init");
+    const id image = native::send(native::sendClass("NSImage", "alloc"), "init");
     const Reference object(foreign::make("NSImageZRX")), empty(foreign::make("NSImageZRX")), color(getredColor());
     setNativeObject(object, image);
     for (REALobjectStruct* const noImage : std::initializer_list<REALobjectStruct*>{nullptr, empty, color})
@@ -337,7 +337,7 @@ TEST_F(Color, OfAPatternKeepsItsImage) {
         EXPECT_EQ(nativeObject(other), image);
         EXPECT_EQ(foreign::classOf(other), "NSImageZRX");
         CFDictionaryRemoveValue(native::Sibling::registry(), image);
-        native::tell<void>(image, "release");
+        native::send<void>(image, "release");
 
         const Owned name(foreign::string("NSCalibratedRGBColorSpace"));
         EXPECT_EQ(colorUsingColorSpaceName(pattern, name), nullptr);
@@ -347,13 +347,13 @@ TEST_F(Color, OfAPatternKeepsItsImage) {
     }
     drainPool();
     EXPECT_EQ(native::retainCount(image), 1U);
-    native::tell<void>(image, "release");
+    native::send<void>(image, "release");
 }
 
 TEST_F(Color, OfAPatternNeedsTheRegistryOnHostsThatTellNoClasses) {
     host.missing = {"ChromaObjectIsA"};
     host.plainClasses.insert("NSImageZRX");
-    const id image = native::tell(native::tell(native::tell("NSImage", "alloc"), "init"), "autorelease");
+    const id image = native::send(native::send(native::sendClass("NSImage", "alloc"), "init"), "autorelease");
     const Reference object(foreign::make("NSImageZRX")), color(getredColor());
     setNativeObject(object, image);
     EXPECT_EQ(colorWithPatternImage(object), nullptr);

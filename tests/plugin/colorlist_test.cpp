@@ -102,11 +102,11 @@ TEST_F(Lists, LoadersReplaceTheHeldListAndOnlyCreatedOnesAreRegistered) {
     }
     removeFile(list);
     drainPool();
-    const id shared = native::tell(nativeObject(list), "retain");
+    const id shared = native::send(nativeObject(list), "retain");
     const NSUInteger retains = native::retainCount(shared);
     ASSERT_TRUE(create("Another"));
     EXPECT_EQ(native::retainCount(shared), retains - 1);
-    native::tell<void>(shared, "release");
+    native::send<void>(shared, "release");
 
     EXPECT_EQ(load("System"), !platform::differs(Difference::SystemListAtFirst));
     const Reference color(color::getredColor());

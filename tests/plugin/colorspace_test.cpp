@@ -43,21 +43,21 @@ TEST_F(Spaces, NamedSpacesTellWhatTheyAre) {
         }
         ASSERT_NE(space, nullptr) << name;
         EXPECT_EQ(Reference(get()), space);
-        const id direct = native::tell("NSColorSpace", name.c_str());
+        const id direct = native::sendClass("NSColorSpace", name.c_str());
         EXPECT_EQ(nativeObject(space), direct);
         const bool isGray = name.find("Gray") != std::string::npos, isCMYK = name.find("CMYK") != std::string::npos;
         EXPECT_EQ(colorSpaceModel(space, 0), isGray ? 0 : isCMYK ? 2 : 1) << name;
         EXPECT_EQ(numberOfColorComponents(space, 0), isGray ? 1 : isCMYK ? 4 : 3) << name;
-        EXPECT_EQ(foreign::take(localizedName(space, 0)), native::textOf(native::tell(direct, "localizedName")));
-        EXPECT_EQ(foreign::take(colorspace::description(space, 0)), native::textOf(native::tell(direct, "description")));
+        EXPECT_EQ(foreign::take(localizedName(space, 0)), native::textOf(native::send(direct, "localizedName")));
+        EXPECT_EQ(foreign::take(colorspace::description(space, 0)), native::textOf(native::send(direct, "description")));
         const HostInteger handle = CGColorSpace(space);
         if (platform::lacks("-[NSColorSpace CGColorSpace]")) {
             EXPECT_EQ(handle, 0);
             expectPlatformException({"CGColorSpace", "recognize"});
         } else {
-            EXPECT_EQ(handle, asHandle(native::tell<const void*>(direct, "CGColorSpace")));
+            EXPECT_EQ(handle, asHandle(native::send<const void*>(direct, "CGColorSpace")));
             EXPECT_EQ(foreign::take(colorspace::colorSpaceName(space, 0)),
-                      native::textOf(native::tell(direct, "colorSpaceName")));
+                      native::textOf(native::send(direct, "colorSpaceName")));
         }
     }
     if (platform::lacks("+[NSColorSpace sRGBColorSpace]")) return;
@@ -131,10 +131,10 @@ TEST_F(Spaces, AreFoundByModelAndByNameAsTheSameObjects) {
     const Reference srgb(getsRGBColorSpace());
     const auto objects = foreign::objectsOf(spaces);
     EXPECT_EQ(std::count(objects.begin(), objects.end(), srgb.get()), 1);
-    const id direct = native::tell("NSColorSpace", "availableColorSpacesWithModel:", NSInteger{1});
+    const id direct = native::sendClass("NSColorSpace", "availableColorSpacesWithModel:", NSInteger{1});
     for (std::size_t i = 0; i < objects.size(); ++i) {
         EXPECT_EQ(foreign::references(objects[i]), objects[i] == srgb ? 2 : 1);
-        EXPECT_EQ(nativeObject(objects[i]), native::tell(direct, "objectAtIndex:", NSUInteger{i}));
+        EXPECT_EQ(nativeObject(objects[i]), native::send(direct, "objectAtIndex:", NSUInteger{i}));
     }
     EXPECT_TRUE(foreign::objectsOf(Owned(availableColorSpacesWithModel(99))).empty());
 
@@ -154,7 +154,7 @@ TEST_F(Spaces, OfAModelStayInTheirPlacesAndInTheListWhateverFails) {
 
     static id next = nativeObject(objects[0]);
     const id enumerator =
-        native::tell(native::tell("NSColorSpace", "availableColorSpacesWithModel:", NSInteger{1}), "objectEnumerator");
+        native::send(native::sendClass("NSColorSpace", "availableColorSpacesWithModel:", NSInteger{1}), "objectEnumerator");
     native::replace(
         native::object_getClass(enumerator), "nextObject", +[](id, SEL) {
             return next ? std::exchange(next, nullptr) : (native::raise("TestException", "in between"), nullptr);

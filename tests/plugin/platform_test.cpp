@@ -18,7 +18,7 @@ TEST_F(Platform, AnswersEveryMessageButTheOnesItIsKnownToLack) {
         const id cls = objc_getClass(message.substr(2, blank - 2).c_str());
         const SEL selector = sel_registerName(message.substr(blank + 1, message.size() - blank - 2).c_str());
         const char* const question = message[0] == '+' ? "respondsToSelector:" : "instancesRespondToSelector:";
-        EXPECT_EQ(native::tell<BOOL>(cls, question, selector) != 0, !platform::lacks(message)) << message;
+        EXPECT_EQ(native::send<BOOL>(cls, question, selector) != 0, !platform::lacks(message)) << message;
     }
 }
 
@@ -41,7 +41,7 @@ TEST_F(Platform, ItsOwnExceptionsTellNameAndReason) {
     expectPlatformException({platform::isGNUstep ? "NSInternalInconsistencyException: " : "NSInvalidArgumentException: ",
                              "getRed:green:blue:alpha:"});
 
-    guarded([&] { native::tell("NSColor", "aMessageNobodyKnows"); });
+    guarded([&] { native::sendClass("NSColor", "aMessageNobodyKnows"); });
     expectPlatformException({"NSInvalidArgumentException: +[NSColor aMessageNobodyKnows]: unrecognized selector"});
 
     const foreign::Owned text(foreign::string("k"));
@@ -60,7 +60,7 @@ TEST_F(Platform, ExceptionsRunDestructorsOnTheWay) {
     int destroyed = 0;
     auto body = [&] {
         const Counter counter{destroyed};
-        native::tell("NSColor", "aMessageNobodyKnows");
+        native::sendClass("NSColor", "aMessageNobodyKnows");
     };
     EXPECT_TRUE(isNSException(catchNative(body)));
     EXPECT_EQ(destroyed, 1);

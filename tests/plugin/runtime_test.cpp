@@ -153,7 +153,7 @@ class Objects : public PluginTest {
 protected:
     void SetUp() override {
         PluginTest::SetUp();
-        color = native::tell("NSColor", "colorWithCalibratedWhite:alpha:", CGFloat(0.5), CGFloat(1));
+        color = native::sendClass("NSColor", "colorWithCalibratedWhite:alpha:", CGFloat(0.5), CGFloat(1));
         before = native::retainCount(color);
     }
     void TearDown() override {
@@ -189,14 +189,14 @@ TEST_F(Objects, ADestructorReleasesWhatTheHandleIsAndRemovesItsOwnEntryOnly) {
     startWith(true);
     const Reference wrapped(NewNSColorZRX(color));
     REALobjectStruct* const other = foreign::make("NSColorZRX");
-    setNativeObject(other, native::tell(color, "retain")); // as a host program does that writes the handle
+    setNativeObject(other, native::send(color, "retain")); // as a host program does that writes the handle
     foreign::unlock(other);
     EXPECT_EQ(registered(), 1);
     EXPECT_EQ(Reference(NewNSColorZRX(color)), wrapped);
 
     setNativeObject(wrapped, nullptr); // this object's entry is the writer's then, and its retain
     CFDictionaryRemoveValue(native::Sibling::registry(), color);
-    native::tell<void>(color, "release");
+    native::send<void>(color, "release");
 }
 
 TEST_F(Objects, WithoutSiblingInTimeEachWrapIsItsOwn) {

@@ -11,17 +11,6 @@ void PlatformTest::TearDown() {
     }
 }
 
-id string(std::string_view text) {
-    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-    return send(CFStringCreateWithBytes(nullptr, bytes, static_cast<CFIndex>(text.size()), 0x08000100, 0), "autorelease");
-}
-
-std::string textOf(id object) {
-    if (!object) return "(nil)";
-    const bool isString = send<BOOL>(object, "isKindOfClass:", objc_getClass("NSString"));
-    return send<const char*>(isString ? object : send(object, "description"), "UTF8String");
-}
-
 id dataOf(std::string_view bytes) {
     return sendClass("NSData", "dataWithBytes:length:", static_cast<const void*>(bytes.data()),
                      std::uintptr_t{bytes.size()});
@@ -31,8 +20,6 @@ std::string bytesOf(id data) {
     const std::uintptr_t length = send<std::uintptr_t>(data, "length");
     return length > 0 ? std::string(static_cast<const char*>(send<const void*>(data, "bytes")), length) : "";
 }
-
-bool isEqual(id first, id second) { return send<BOOL>(first, "isEqual:", second) != 0; }
 
 id calibratedRGB(float red, float green, float blue, float alpha) {
     return color("colorWithCalibratedRed:green:blue:alpha:", red, green, blue, alpha);

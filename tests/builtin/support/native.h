@@ -6,34 +6,16 @@
 #include "builtin/introspection.h"
 #include "builtin/objc_runtime.h"
 
+#include "messages.h"
+
 #include <gtest/gtest.h>
 
 #include <initializer_list>
 #include <iterator>
-#include <string>
-#include <string_view>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
 namespace chroma::test {
-
-// A number with a fraction is a CGFloat to the platform.
-template <class Argument>
-using Passed = std::conditional_t<std::is_floating_point_v<Argument>, CGFloat, Argument>;
-
-template <class R = id, class... Arguments>
-R send(id receiver, const char* selectorName, Arguments... arguments) {
-    if (!receiver) return R();
-    const SEL selector = sel_registerName(selectorName);
-    const auto function = reinterpret_cast<R (*)(id, SEL, Passed<Arguments>...)>(objc_msg_lookup(receiver, selector));
-    return function(receiver, selector, static_cast<Passed<Arguments>>(arguments)...);
-}
-
-template <class R = id, class... Arguments>
-R sendClass(const char* className, const char* selectorName, Arguments... arguments) {
-    return send<R>(objc_getClass(className), selectorName, arguments...);
-}
 
 // A new autoreleased object, nil when its initialiser answers nil.
 template <class... Arguments>
@@ -95,17 +77,9 @@ protected:
     Pool pool;
 };
 
-// An autoreleased string of UTF-8 text.
-id string(std::string_view text);
-
-// The text of a string, what another object is described as, "(nil)" for nil.
-std::string textOf(id object);
-
 // Autoreleased data with the bytes, and back: "" for nil.
 id dataOf(std::string_view bytes);
 std::string bytesOf(id data);
-
-bool isEqual(id first, id second);
 
 // What the body raises, as "name: reason", and "" when it raises nothing.
 template <class Body>

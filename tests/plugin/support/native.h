@@ -1,11 +1,10 @@
-// The platform's side of the tests: messages, replaced methods, and a stand-in for the sibling plugin.
+// The platform's side of the plugin's tests: replaced methods, and a stand-in for the sibling plugin.
 #pragma once
 
 #include "support/foreign_host.h"
 
-#include "platform/corefoundation.h"
+#include "messages.h"
 #include "platform/guard.h"
-#include "platform/objc.h"
 
 #include <string>
 #include <utility>
@@ -13,6 +12,7 @@
 namespace native {
 
 using namespace chroma;
+using namespace chroma::test;
 
 extern "C" {
 BOOL class_addMethod(id cls, SEL name, IMP implementation, const char* types);
@@ -22,32 +22,9 @@ CFMutableDictionaryRef CFDictionaryCreateMutable(CFAllocatorRef, CFIndex capacit
 CFIndex CFDictionaryGetCount(CFMutableDictionaryRef);
 }
 
-// Sends a message by its name.
-template <class R = id, class... Arguments>
-R tell(id receiver, const char* selector, Arguments... arguments) {
-    Selector message{selector};
-    return send<R>(receiver, message, arguments...);
-}
-template <class R = id, class... Arguments>
-R tell(const char* className, const char* selector, Arguments... arguments) {
-    return tell<R>(objc_getClass(className), selector, arguments...);
-}
-
 // The class whose methods are the named class's own.
 inline id metaclass(const char* className) { return object_getClass(objc_getClass(className)); }
-inline NSUInteger retainCount(id object) { return tell<NSUInteger>(object, "retainCount"); }
-
-// A new string, which the caller releases.
-inline id string(const std::string& utf8) {
-    return CFStringCreateWithBytes(nullptr, reinterpret_cast<const std::uint8_t*>(utf8.data()),
-                                   static_cast<CFIndex>(utf8.size()), kCFStringEncodingUTF8, false);
-}
-
-inline std::string textOf(id string) {
-    std::string text(static_cast<std::size_t>(4 * CFStringGetLength(string) + 1), '\0');
-    CFStringGetCString(string, text.data(), static_cast<CFIndex>(text.size()), kCFStringEncodingUTF8);
-    return text.c_str();
-}
+inline NSUInteger retainCount(id object) { return send<NSUInteger>(object, "retainCount"); }
 
 // What the test itself asks is no part of a trace.
 template <class Body>
@@ -60,10 +37,8 @@ auto untraced(Body body) {
 
 // Throws a new autoreleased NSException.
 [[noreturn]] inline void raise(const char* name, const char* reason) {
-    throwNative(untraced([=] {
-        const id nameText = tell(string(name), "autorelease"), reasonText = tell(string(reason), "autorelease");
-        return tell("NSException", "exceptionWithName:reason:userInfo:", nameText, reasonText, id{});
-    }));
+    throwNative(untraced(
+        [=] { return sendClass("NSException", "exceptionWithName:reason:userInfo:", string(name), string(reason), id{}); }));
 }
 
 // Lets the class itself answer the selector with `method`.
@@ -103,7 +78,7 @@ struct Sibling {
         replace(
             cls, "NewNSExceptionZRX:", +[](id, SEL, id exception) {
                 return untraced([=] {
-                    return foreign::plain("NSExceptionZRX", {{"Message", textOf(tell(exception, "reason"))}});
+                    return foreign::plain("NSExceptionZRX", {{"Message", textOf(send(exception, "reason"))}});
                 });
             });
     }

@@ -20,10 +20,10 @@ protected:
     using Raised = foreign::Raised;
     using Difference = platform::Difference;
 
-    void SetUp() override { pool = native::tell("NSAutoreleasePool", "new"); }
+    void SetUp() override { pool = native::sendClass("NSAutoreleasePool", "new"); }
 
     void TearDown() override {
-        native::tell<void>(pool, "drain");
+        native::send<void>(pool, "drain");
         EXPECT_EQ(foreign::Host::liveObjects(), 0);
         EXPECT_EQ(foreign::Host::liveStrings(), 0);
         EXPECT_EQ(registered(), 0);
@@ -32,8 +32,8 @@ protected:
 
     // Lets go of what was autoreleased so far.
     void drainPool() {
-        native::tell<void>(pool, "drain");
-        pool = native::tell("NSAutoreleasePool", "new");
+        native::send<void>(pool, "drain");
+        pool = native::sendClass("NSAutoreleasePool", "new");
     }
 
     // Loads the plugin into the test's host.
@@ -98,6 +98,6 @@ inline chroma::CGFloat single(double value) { return static_cast<float>(value); 
 template <class... Arguments>
 void expectAnswers(chroma::id receiver, const char* message, const Reference& answer, Arguments... arguments) {
     ASSERT_NE(answer, nullptr) << message;
-    const chroma::id direct = native::tell(receiver, message, arguments...);
-    EXPECT_TRUE(native::tell<chroma::BOOL>(chroma::nativeObject(answer), "isEqual:", direct)) << message;
+    const chroma::id direct = native::send(receiver, message, arguments...);
+    EXPECT_TRUE(native::send<chroma::BOOL>(chroma::nativeObject(answer), "isEqual:", direct)) << message;
 }
