@@ -23,77 +23,74 @@ Function Told(c As NSColorZRX) As String
     End Try
 End Function
 
-Sub ShowForms(c As NSColorZRX)
+Function Forms(c As NSColorZRX) As String
     Dim x, y, z, u, w As Double
-    Dim forms As String
+    Dim text As String
     Try
-        c.getCMYK(x, y, z, u)
-        forms = forms & Told(x, y, z, u)
         c.getCMYK(x, y, z, u, w)
-        forms = forms & " CMYKA" & Told(x, y, z, u, w)
+        text = text & " CMYKA" & Told(x, y, z, u, w)
+        c.getCMYK(x, y, z, u)
+        text = text & Told(x, y, z, u)
     Catch e As RuntimeException
-        forms = forms & " -" & Told(x, y, z, u)
+        text = text & " -" & Told(x, y, z, u, w)
     End Try
     Try
-        c.getWhite(x)
-        forms = forms & Told(x)
         c.getWhite(x, y)
-        forms = forms & " white" & Told(x, y)
+        text = text & " white" & Told(x, y)
+        c.getWhite(x)
+        text = text & Told(x)
     Catch e As RuntimeException
-        forms = forms & " -" & Told(x)
+        text = text & " -" & Told(x, y)
     End Try
     Try
         c.getHSV(x, y, z, u)
-        forms = forms & " HSVA" & Told(x, y, z, u)
+        text = text & " HSVA" & Told(x, y, z, u)
         c.getHSV(x, y, z)
-        forms = forms & " HSV" & Told(x, y, z)
+        text = text & Told(x, y, z)
     Catch e As RuntimeException
-        forms = forms & " -" & Told(x, y, z)
+        text = text & " -" & Told(x, y, z)
     End Try
     Try
         c.getRGB(x, y, z, u)
-        forms = forms & " RGBA" & Told(x, y, z, u)
+        text = text & " RGBA" & Told(x, y, z, u)
         c.getRGB(x, y, z)
-        forms = forms & " RGB" & Told(x, y, z)
+        text = text & Told(x, y, z)
     Catch e As RuntimeException
-        forms = forms & " -" & Told(x, y, z)
+        text = text & " -" & Told(x, y, z)
     End Try
-    Print "   " & forms
-End Sub
+    Return text
+End Function
 
-Sub ShowDerived(c As NSColorZRX)
+Function Derived(c As NSColorZRX) As String
+    Dim text As String = Told(c.colorWithAlphaComponent(0.5)) & Told(c.colorUsingColorSpaceName("NSDeviceCMYKColorSpace"))
+    text = text & Told(c.colorUsingColorSpace(NSColorSpaceZRX.sRGBColorSpace))
     Try
-        Print "   ", c.numberOfComponents, Told(c.blendedColorWithFraction(0.25, NSColorZRX.redColor))
-        Print "   " & Told(c.shadowWithLevel(0.25)) & Told(c.highlightWithLevel(0.25))
+        text = text & Told(c.blendedColorWithFraction(0.25, NSColorZRX.redColor))
+        text = text & Told(c.shadowWithLevel(0.25)) & Told(c.highlightWithLevel(0.25))
+        text = text & " " & Str(c.numberOfComponents) & " " & c.colorSpace.localizedName
+        text = text & Str(c.patternImage Is Nil)
     Catch e As RuntimeException
-        Print "    -"
+        text = text & " -"
     End Try
-    Print "   " & Told(c.colorWithAlphaComponent(0.5)) & Told(c.colorUsingColorSpaceName("NSDeviceCMYKColorSpace"))
-    Print "   " & Told(c.colorUsingColorSpace(NSColorSpaceZRX.sRGBColorSpace))
-    Try
-        Print "    ", c.colorSpace.localizedName
-        Print "    ", c.patternImage Is Nil
-    Catch e As RuntimeException
-        Print "    -"
-    End Try
-End Sub
+    Return text
+End Function
 
 Sub Show(what As String, c As NSColorZRX)
-    Print what & Told(c), Left(c.description, 27), c.colorValue
-    Print "   " & Told(c.redComponent, c.greenComponent, c.blueComponent, c.hueComponent, c.saturationComponent, c.brightnessComponent)
-    Print "   " & Told(c.cyanComponent, c.magentaComponent, c.yellowComponent, c.blackComponent, c.whiteComponent, c.alphaComponent)
-    Print "     names " & c.catalogNameComponent & "/" & c.colorNameComponent & "/" & c.localizedCatalogNameComponent & "/" & c.localizedColorNameComponent
     c.Handle = c.Handle
-    Print "    ", c._exception Is Nil, c.Handle <> 0, c.CGColorHandle <> 0, c.CGColorHandle = c.Handle
-    ShowForms c
-    ShowDerived c
+    Print what & Told(c), Left(c.description, 27), c.colorValue, c._exception Is Nil, c.CGColorHandle <> 0, c.CGColorHandle = c.Handle
+    Dim rgb As String = Told(c.redComponent, c.greenComponent, c.blueComponent, c.hueComponent, c.saturationComponent, c.brightnessComponent)
+    Dim others As String = Told(c.cyanComponent, c.magentaComponent, c.yellowComponent, c.blackComponent, c.whiteComponent, c.alphaComponent)
+    Dim names() As String = Array(c.catalogNameComponent, c.colorNameComponent, c.localizedCatalogNameComponent, c.localizedColorNameComponent)
+    Print "   " & rgb & others, Join(names, "/")
+    Print "   " & Forms(c)
+    Print "   " & Derived(c)
 End Sub
 
 Sub Show(what As String, space As NSColorSpaceZRX)
-    Print what, space.localizedName, space.colorSpaceName, space.description, space.colorSpaceModel, space.numberOfColorComponents
     Dim handle As Integer = space.Handle
     space.Handle = handle
-    Print "    ", space.ICCProfileData Is Nil, handle <> 0, space.colorSyncProfileHandle <> 0, space.CGColorSpaceHandle = handle
+    Dim texts As String = space.localizedName & ", " & space.colorSpaceName & ", " & space.description
+    Print what, texts, space.colorSpaceModel, space.numberOfColorComponents, space.ICCProfileData Is Nil, handle <> 0, space.colorSyncProfileHandle <> 0, space.CGColorSpaceHandle = handle
 End Sub
 
 Dim parts() As Double = Array(0.25, 1.0)
@@ -214,10 +211,11 @@ models.Append NSColorSpaceZRX.NSDeviceNColorSpaceModel
 models.Append NSColorSpaceZRX.NSIndexedColorSpaceModel
 models.Append NSColorSpaceZRX.NSPatternColorSpaceModel
 For Each model As Integer In models
-    Print "model", model
-    For Each found As NSColorSpaceZRX In NSColorSpaceZRX.availableColorSpacesWithModel(model)
-        Print "    ", found.localizedName
+    Dim found As String
+    For Each space As NSColorSpaceZRX In NSColorSpaceZRX.availableColorSpacesWithModel(model)
+        found = found & ", " & space.localizedName
     Next
+    Print "model", model, "is that of" & found
 Next
 
 Dim list As New NSColorListZRX

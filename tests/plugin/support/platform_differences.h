@@ -1,6 +1,6 @@
-// Where GNUstep answers otherwise than AppKit. The tests take their expectations from here, and docs/platforms.md shows the
-// same rows. On GNUstep each row's answer is asserted as firmly as AppKit's is elsewhere, so a row that is no longer true
-// fails.
+// Where GNUstep answers otherwise than AppKit. docs/platforms.md shows the same rows, and tests take their expectations from
+// here; the others are what programs/ expects of colors.bas, spaces.bas and lists.bas. On GNUstep each row's answer is
+// asserted as firmly as AppKit's is elsewhere, so a row that is no longer true fails.
 #pragma once
 
 #include <algorithm>
