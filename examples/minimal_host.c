@@ -1,15 +1,16 @@
 /*
- * The smallest host that is of use: it loads a plugin, makes a colour, reads it, and catches an exception.
+ * The smallest host that is of use: it loads a plugin, makes a colour, reads it by reference and as an array, passes a
+ * string, receives a block of bytes, and catches an exception.
  *
  *     cc -std=c11 -I include examples/minimal_host.c -ldl -o minimal_host
  *     ./minimal_host build/m64/lib/libchromabridge.so
  *
- * It offers the nine entries below. A plugin does without the others: those for arrays, memory blocks and text from the
- * host.
+ * It offers the entries that these take; a plugin does without the others.
  */
 #include "chromabridge/host_abi.h"
 
 #include <dlfcn.h>
+#include <stddef.h>
 #include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -18,9 +19,12 @@
 /* ---- Values: objects have a header of 24 bytes in every width, and the plugin's own data behind it */
 
 struct REALstringStruct {
-    int references;
-    char text[]; /* UTF-8, NUL-terminated */
+    int32_t references;
+    unsigned char fields[12]; /* what the contract places at offsets 4 and 12 */
+    uint32_t encoding;
+    char buffer[]; /* the text starts at its second byte; NUL-terminated */
 };
+_Static_assert(offsetof(REALstringStruct, fields) == REALstringBufferOffset, "the buffer's address comes first");
 
 struct REALobjectStruct {
     const REALclassDefinition* record;
@@ -29,12 +33,26 @@ struct REALobjectStruct {
 };
 _Static_assert(sizeof(REALobjectStruct) <= REALinstanceDataOffset, "the plugin's data must not overlap the header");
 
+/* Arrays and memory blocks of this host are objects with this as their data. */
+typedef struct {
+    void* contents;
+    int32_t count; /* of doubles, or bytes */
+} Storage;
+
+static Storage* storageOf(void* object) { return (Storage*)((char*)object + REALinstanceDataOffset); }
+
+static void releaseStorage(REALobjectStruct* object) { free(storageOf(object)->contents); }
+
 /* ---- Classes: the host's own exceptions, and what plugins register */
 
 static REALclassDefinition runtimeException = {.name = "RuntimeException"};
 static REALclassDefinition outOfBoundsException = {.name = "OutOfBoundsException"};
-static REALclassDefinition* classes[64] = {&runtimeException, &outOfBoundsException};
-static size_t classCount = 2;
+static REALclassDefinition doubleArray = {
+    .name = "Double()", .instanceDataSize = sizeof(Storage), .destructor = (REALfunction)releaseStorage};
+static REALclassDefinition memoryBlock = {
+    .name = "MemoryBlock", .instanceDataSize = sizeof(Storage), .destructor = (REALfunction)releaseStorage};
+static REALclassDefinition* classes[64] = {&runtimeException, &outOfBoundsException, &doubleArray, &memoryBlock};
+static size_t classCount = 4;
 
 static void registerClass(REALclassDefinition* record) {
     if (classCount == sizeof classes / sizeof *classes) return;
@@ -48,12 +66,15 @@ static const REALclassDefinition* findClass(const char* name) {
     return NULL;
 }
 
-/* Declarations tell overloads apart. Null when the class has no such method. */
+/* Declarations tell overloads apart. Ends the program when the class has no such member. */
 static REALfunction findMethod(const char* className, const char* declaration) {
     const REALclassDefinition* record = findClass(className);
     for (REALword i = 0; record && i < record->methodCount; ++i)
         if (strcmp(record->methods[i].declaration, declaration) == 0) return record->methods[i].function;
-    return NULL;
+    for (REALword i = 0; record && i < record->sharedMethodCount; ++i)
+        if (strcmp(record->sharedMethods[i].declaration, declaration) == 0) return record->sharedMethods[i].function;
+    fprintf(stderr, "the plugin does not have %s.%s\n", className, declaration);
+    exit(1);
 }
 
 /* ---- Objects and strings: created with one reference, freed when the last is given up */
@@ -71,16 +92,24 @@ static REALobjectStruct* newInstance(const char* className) {
     return object;
 }
 
-/* Messages are UTF-8. A host that does more with text offers REALSetStringEncoding and is told. */
+enum { utf8 = 0x08000100 };
+
 static REALstringStruct* buildString(const void* bytes, int32_t length) {
     if (length <= 0) return NULL;
-    REALstringStruct* string = malloc(sizeof *string + (size_t)length + 1);
+    REALstringStruct* string = calloc(1, sizeof *string + (size_t)length + 2);
     if (!string) return NULL;
+    const char* buffer = string->buffer;
     string->references = 1;
-    memcpy(string->text, bytes, (size_t)length);
-    string->text[length] = '\0';
+    string->encoding = utf8;
+    memcpy(string->buffer + 1, bytes, (size_t)length);
+    memcpy(&string->fields[0], &buffer, sizeof buffer);
+    memcpy(&string->fields[REALstringLengthOffset - REALstringBufferOffset], &length, sizeof length);
     return string;
 }
+
+static uint32_t getEncoding(REALstringStruct* string) { return string->encoding; }
+static void setEncoding(REALstringStruct* string, uint32_t encoding) { string->encoding = encoding; }
+static void lockString(REALstringStruct* string) { ++string->references; }
 
 static void unlockString(REALstringStruct* string) {
     if (string && --string->references == 0) free(string);
@@ -94,6 +123,39 @@ static void unlockObject(REALobjectStruct* object) {
     unlockString(object->message);
     free(object);
 }
+
+/* ---- Arrays of doubles, and memory blocks */
+
+static void* newArray(int32_t elementType, int32_t upperBound) {
+    return elementType == REALarrayOfDoubles && upperBound == -1 ? newInstance("Double()") : NULL;
+}
+
+static int32_t upperBound(void* array) { return storageOf(array)->count - 1; }
+
+static double elementAt(void* array, int32_t index) { return ((double*)storageOf(array)->contents)[index]; }
+
+/* Plugins insert at the end. */
+static void insertDouble(void* array, int32_t index, double value) {
+    Storage* storage = storageOf(array);
+    double* grown = index == storage->count ? realloc(storage->contents, ((size_t)index + 1) * sizeof value) : NULL;
+    if (!grown) return;
+    grown[index] = value;
+    storage->contents = grown;
+    ++storage->count;
+}
+
+static REALarrayInsertDoubleProc insertProcedure(void* array) { return array ? insertDouble : NULL; }
+
+static REALmemoryBlockStruct* newBlock(int32_t size) {
+    REALobjectStruct* block = size > 0 ? newInstance("MemoryBlock") : NULL;
+    if (!block) return NULL;
+    storageOf(block)->contents = calloc(1, (size_t)size);
+    storageOf(block)->count = size;
+    return (REALmemoryBlockStruct*)block;
+}
+
+static void* blockBytes(REALmemoryBlockStruct* block) { return storageOf(block)->contents; }
+static int32_t blockSize(REALmemoryBlockStruct* block) { return storageOf(block)->count; }
 
 /* ---- Exceptions: recorded by the plugin, raised by the host when the call has returned */
 
@@ -115,7 +177,7 @@ static void raiseException(REALobjectStruct* exception) {
 /* Prints and forgets what is pending; 1 when something was. */
 static int caught(void) {
     if (!pending) return 0;
-    printf("%s: %s\n", pending->record->name, pending->message ? pending->message->text : "");
+    printf("%s: %s\n", pending->record->name, pending->message ? pending->message->buffer + 1 : "");
     unlockObject(pending);
     pending = NULL;
     return 1;
@@ -137,7 +199,15 @@ static void* resolve(const char* name) {
         {"REALLockObject", (void*)lockObject},
         {"REALUnlockObject", (void*)unlockObject},
         {"REALBuildString", (void*)buildString},
+        {"REALGetStringEncoding", (void*)getEncoding},
+        {"REALSetStringEncoding", (void*)setEncoding},
+        {"REALLockString", (void*)lockString},
         {"REALUnlockString", (void*)unlockString},
+        {"RuntimeArrayCreateSingleDimBoundedArray", (void*)newArray},
+        {"PluginDoubleArrayInsertProc", (void*)insertProcedure},
+        {"newMemoryBlock", (void*)newBlock},
+        {"memoryBlockGetPtr", (void*)blockBytes},
+        {"memoryBlockGetSize", (void*)blockSize},
         {"REALSetPropValueString", (void*)setStringProperty},
         {"RuntimeRaiseException", (void*)raiseException},
     };
@@ -151,6 +221,55 @@ static void* resolve(const char* name) {
 typedef void (*ConstructorColor)(REALobjectStruct*, HostColor);
 typedef void (*ConstructorRGB)(REALobjectStruct*, double, double, double, double);
 typedef void (*GetRGB)(REALobjectStruct*, double*, double*, double*, double*);
+typedef REALarrayDouble* (*Components)(REALobjectStruct*);
+typedef REALobjectStruct* (*SpaceForName)(REALstringStruct*);
+typedef REALmemoryBlockStruct* (*ProfileData)(REALobjectStruct*);
+
+#define METHOD(type, className, declaration) ((type)findMethod(className, declaration))
+
+/* Dim orange As New NSColorZRX(a colour value with alpha 204), its getRGB and its Components */
+static void readColor(void) {
+    REALobjectStruct* orange = newInstance("NSColorZRX");
+    double red = 0, green = 0, blue = 0, alpha = 0;
+    METHOD(ConstructorColor, "NSColorZRX", "Constructor(c as color)")(orange, 0xCCFF8000);
+    METHOD(GetRGB, "NSColorZRX",
+           "getRGB(byref red as double, byref green as double, byref blue as double, byref alpha as double)")
+    (orange, &red, &green, &blue, &alpha);
+    if (!caught()) printf("red %.3f, green %.3f, blue %.3f, alpha %.3f\n", red, green, blue, alpha);
+
+    void* components = METHOD(Components, "NSColorZRX", "Components as double()")(orange);
+    for (int32_t i = 0; components && i <= upperBound(components); ++i)
+        printf("%s%.3f", i ? ", " : "components ", elementAt(components, i));
+    printf("\n");
+    unlockObject(components);
+    unlockObject(orange);
+}
+
+/* The bytes of NSColorSpaceZRX.colorSpaceForColorSpaceName("NSCalibratedRGBColorSpace").ICCProfileData */
+static void readProfile(void) {
+    const char* name = "NSCalibratedRGBColorSpace";
+    REALstringStruct* string = buildString(name, (int32_t)strlen(name));
+    REALobjectStruct* space =
+        METHOD(SpaceForName, "NSColorSpaceZRX", "colorSpaceForColorSpaceName(name as string) as NSColorSpaceZRX")(string);
+    unlockString(string);
+    if (caught() || !space) return;
+    REALmemoryBlockStruct* profile = METHOD(ProfileData, "NSColorSpaceZRX", "ICCProfileData as Memoryblock")(space);
+    if (!caught() && profile)
+        printf("profile of %d bytes, a \"%.4s\"\n", blockSize(profile), (char*)blockBytes(profile) + 36);
+    unlockObject((REALobjectStruct*)profile);
+    unlockObject(space);
+}
+
+/* Dim tooMuch As New NSColorZRX(3.0, 0.0, 0.0), which is refused */
+static int isRefused(void) {
+    REALobjectStruct* tooMuch = newInstance("NSColorZRX");
+    METHOD(ConstructorRGB, "NSColorZRX",
+           "Constructor(red as double, green as double, blue as double, alpha as double = 1.0)")
+    (tooMuch, 3.0, 0.0, 0.0, 1.0);
+    const int refused = caught();
+    unlockObject(tooMuch);
+    return refused;
+}
 
 int main(int argc, char** argv) {
     void* library = argc == 2 ? dlopen(argv[1], RTLD_NOW) : NULL;
@@ -160,28 +279,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     start(resolve);
-    const ConstructorColor constructorColor = (ConstructorColor)findMethod("NSColorZRX", "Constructor(c as color)");
-    const ConstructorRGB constructorRGB = (ConstructorRGB)findMethod(
-        "NSColorZRX", "Constructor(red as double, green as double, blue as double, alpha as double = 1.0)");
-    const GetRGB getRGB = (GetRGB)findMethod(
-        "NSColorZRX", "getRGB(byref red as double, byref green as double, byref blue as double, byref alpha as double)");
-    if (!constructorColor || !constructorRGB || !getRGB) {
-        fprintf(stderr, "%s does not have the class NSColorZRX\n", argv[1]);
-        return 1;
-    }
-
-    /* Dim orange As New NSColorZRX(a colour value with alpha 204), and orange.getRGB(red, green, blue, alpha) */
-    REALobjectStruct* orange = newInstance("NSColorZRX");
-    double red = 0, green = 0, blue = 0, alpha = 0;
-    constructorColor(orange, 0xCCFF8000);
-    if (!caught()) getRGB(orange, &red, &green, &blue, &alpha);
-    if (!caught()) printf("red %.3f, green %.3f, blue %.3f, alpha %.3f\n", red, green, blue, alpha);
-    unlockObject(orange);
-
-    /* Dim tooMuch As New NSColorZRX(3.0, 0.0, 0.0), which is refused */
-    REALobjectStruct* tooMuch = newInstance("NSColorZRX");
-    constructorRGB(tooMuch, 3.0, 0.0, 0.0, 1.0);
-    const int refused = caught();
-    unlockObject(tooMuch);
-    return refused ? 0 : 1;
+    readColor();
+    readProfile();
+    return isRefused() ? 0 : 1;
 }
