@@ -96,56 +96,10 @@ REALclassDefinition* recordOf(const std::string& className) {
     return nullptr;
 }
 
-// ---- Entries that take more than a line
-
-void registerClass(REALclassDefinition* record) {
-    record->instanceDataOffset = REALinstanceDataOffset;
-    Host::instance().records.push_back(record);
-}
-
-void raise(REALobjectStruct* exception) {
-    Cell* const cell = cellOf(exception);
-    Host::instance().raised.emplace_back(cell->className, cell->texts["Message"], cell->errorNumber);
-}
-
-HostBoolean getText(REALobjectStruct* object, const char* property, REALstringStruct** value) {
-    const auto& texts = cellOf(object)->texts;
-    const auto text = texts.find(property);
-    if (text == texts.end()) return false;
-    *value = string(text->second);
-    return true;
-}
-
-REALstringStruct* build(const void* bytes, std::int32_t length, std::uint32_t encoding) {
-    Cell* const cell = newCell(stringClass);
-    cell->bytes.assign(1, '\0').append(static_cast<const char*>(bytes), static_cast<std::size_t>(length));
-    cell->size = length;
-    cell->encoding = encoding;
-    showBytes(cell);
-    return cell->value<REALstringStruct>();
-}
-
 const void* newCFString(REALstringStruct* value) {
     const std::string bytes = bytesOf(value);
     return CFStringCreateWithBytes(nullptr, reinterpret_cast<const std::uint8_t*>(bytes.data()),
                                    static_cast<std::intptr_t>(bytes.size()), encodingOf(value), 0);
-}
-
-// Converts to UTF-8, all that the plugin asks for.
-REALstringStruct* convert(REALstringStruct* value, std::uint32_t encoding) {
-    const void* const text = value ? newCFString(value) : nullptr;
-    if (!text) return nullptr;
-    std::vector<char> converted(4 * bytesOf(value).size() + 1);
-    const auto capacity = static_cast<std::intptr_t>(converted.size());
-    const bool fits = CFStringGetCString(text, converted.data(), capacity, encoding) != 0;
-    CFRelease(text);
-    return fits ? string(converted.data(), encoding) : nullptr;
-}
-
-void* createArray(std::int32_t type, std::int32_t upperBound) {
-    const bool isKnown = type == REALarrayOfDoubles || type == REALarrayOfObjects;
-    if (!isKnown || upperBound != -1) return nullptr;
-    return newCell(type == REALarrayOfDoubles ? doublesClass : "Object()")->value<void>();
 }
 
 // An index past the end leaves nothing between.
@@ -155,97 +109,97 @@ void insert(std::vector<Element>& elements, std::int32_t index, Element value) {
     if (place >= elements.size()) elements.resize(place);
     elements.insert(elements.begin() + index, value);
 }
-
 void insertDouble(void* array, std::int32_t index, double value) {
     insert(cellOf(array)->doubles, index, value);
     showDoubles(cellOf(array));
 }
-
 void insertObject(void* array, std::int32_t index, REALobjectStruct* value) {
     if (value) ++cellOf(value)->references;
     insert(cellOf(array)->objects, index, value);
 }
-
 double getDouble(void* array, std::int32_t index) { return cellOf(array)->doubles.at(static_cast<std::size_t>(index)); }
 
-REALarrayInsertDoubleProc doubleInserter(void*) { return insertDouble; }
-REALarrayInsertObjectProc objectInserter(void*) { return insertObject; }
-REALarrayGetDoubleProc doubleGetter(void*) { return getDouble; }
+// The entries under their names.
+namespace offered {
 
-// The older name serves arrays of both kinds.
-void* anyInserter(void* array) {
+double REALGetRBVersion() { return Host::instance().version; }
+void RegisterPluginVersion(std::int32_t) {}
+void PluginRegisterClass(REALclassDefinition* record) {
+    record->instanceDataOffset = REALinstanceDataOffset;
+    Host::instance().records.push_back(record);
+}
+REALobjectStruct* PluginNewInstance(const char* className) { return make(className); }
+HostBoolean ChromaObjectIsA(REALobjectStruct* object, const char* className) { return classOf(object) == className; }
+void REALLockObject(REALobjectStruct* object) { lock(object); }
+void REALUnlockObject(REALobjectStruct* object) { unlock(object); }
+void REALLockString(REALstringStruct* value) { lock(value); }
+void REALUnlockString(REALstringStruct* value) { unlock(value); }
+void RuntimeRaiseException(REALobjectStruct* exception) {
+    Cell* const cell = cellOf(exception);
+    Host::instance().raised.emplace_back(cell->className, cell->texts["Message"], cell->errorNumber);
+}
+
+REALstringStruct* REALBuildStringWithEncoding(const void* bytes, std::int32_t length, std::uint32_t encoding) {
+    return string({static_cast<const char*>(bytes), static_cast<std::size_t>(length)}, encoding);
+}
+REALstringStruct* REALBuildString(const void* bytes, std::int32_t length) {
+    return REALBuildStringWithEncoding(bytes, length, kUnknown);
+}
+std::uint32_t REALGetStringEncoding(REALstringStruct* value) { return encodingOf(value); }
+void REALSetStringEncoding(REALstringStruct* value, std::uint32_t encoding) { cellOf(value)->encoding = encoding; }
+const void* REALGetStringCFString(REALstringStruct* value, std::int32_t) { return newCFString(value); }
+
+// Converts to UTF-8, all that the plugin asks for.
+REALstringStruct* REALConvertString(REALstringStruct* value, std::uint32_t encoding) {
+    const void* const text = value ? newCFString(value) : nullptr;
+    if (!text) return nullptr;
+    std::vector<char> converted(4 * bytesOf(value).size() + 1);
+    const auto capacity = static_cast<std::intptr_t>(converted.size());
+    const bool fits = CFStringGetCString(text, converted.data(), capacity, encoding) != 0;
+    CFRelease(text);
+    return fits ? string(converted.data(), encoding) : nullptr;
+}
+
+// Text is UTF-8 in properties, whatever it comes in.
+void REALSetPropValueString(REALobjectStruct* object, const char* property, REALstringStruct* value) {
+    const bool isTagged = value && encodingOf(value) != kUnknown;
+    cellOf(object)->texts[property] = isTagged ? take(REALConvertString(value, kUTF8)) : bytesOf(value);
+}
+void REALSetPropValueInt(REALobjectStruct* object, const char*, std::int32_t value) { cellOf(object)->errorNumber = value; }
+constexpr auto REALSetPropValueInteger = REALSetPropValueInt;
+HostBoolean REALGetPropValueString(REALobjectStruct* object, const char* property, REALstringStruct** value) {
+    const auto& texts = cellOf(object)->texts;
+    const auto text = texts.find(property);
+    if (text != texts.end()) *value = string(text->second);
+    return text != texts.end();
+}
+
+void* RuntimeArrayCreateSingleDimBoundedArray(std::int32_t type, std::int32_t upperBound) {
+    const bool isKnown = type == REALarrayOfDoubles || type == REALarrayOfObjects;
+    if (!isKnown || upperBound != -1) return nullptr;
+    return newCell(type == REALarrayOfDoubles ? doublesClass : "Object()")->value<void>();
+}
+std::int32_t RuntimeUBound(void* array) {
+    return static_cast<std::int32_t>(cellOf(array)->doubles.size() + cellOf(array)->objects.size()) - 1;
+}
+REALarrayInsertDoubleProc PluginDoubleArrayInsertProc(void*) { return insertDouble; }
+REALarrayInsertObjectProc PluginObjectArrayInsertProc(void*) { return insertObject; }
+REALarrayGetDoubleProc PluginDoubleArrayGetProc(void*) { return getDouble; }
+constexpr auto RuntimeArrayDirectGetGetProc = PluginDoubleArrayGetProc;
+void* RuntimeArrayDirectGetInsertProc(void* array) {
     return classOf(array) == doublesClass ? reinterpret_cast<void*>(insertDouble) : reinterpret_cast<void*>(insertObject);
 }
 
-void setNumber(REALobjectStruct* object, const char*, std::int32_t value) { cellOf(object)->errorNumber = value; }
-
-// Text is UTF-8 in properties, whatever it comes in.
-void setText(REALobjectStruct* object, const char* property, REALstringStruct* value) {
-    const bool isTagged = value && encodingOf(value) != kUnknown;
-    cellOf(object)->texts[property] = isTagged ? take(convert(value, kUTF8)) : bytesOf(value);
-}
-
-REALmemoryBlockStruct* newBlock(std::int32_t size) {
+REALmemoryBlockStruct* newMemoryBlock(std::int32_t size) {
     auto* const made = block(std::string(static_cast<std::size_t>(size), '\0'), size);
     cellOf(made)->showsBytes = true; // to its maker
     showBytes(cellOf(made));
     return made;
 }
+void* memoryBlockGetPtr(REALmemoryBlockStruct* value) { return const_cast<void*>(visible(shownBytes(cellOf(value)))); }
+std::int32_t memoryBlockGetSize(REALmemoryBlockStruct* value) { return shownBytes(cellOf(value)) ? cellOf(value)->size : 0; }
 
-// Whose functions have the types that the ABI gives them, and from which version on.
-struct Entry {
-    void* address;
-    double since = 0;
-};
-template <class Procedure>
-Entry entry(Procedure function, double since = 0) {
-    return {reinterpret_cast<void*>(function), since};
-}
-
-const std::map<std::string, Entry>& entries() {
-    static const std::map<std::string, Entry> table = {
-        {"REALGetRBVersion", entry<REALGetRBVersionProc>([] { return Host::instance().version; })},
-        {"RegisterPluginVersion", entry<RegisterPluginVersionProc>([](std::int32_t) {})},
-        {"PluginRegisterClass", entry<PluginRegisterClassProc>(registerClass)},
-        {"PluginNewInstance", entry<PluginNewInstanceProc>(make)},
-        {"REALLockObject", entry<REALLockObjectProc>([](auto* object) { lock(object); })},
-        {"REALUnlockObject", entry<REALUnlockObjectProc>([](auto* object) { unlock(object); })},
-        {"RuntimeRaiseException", entry<RuntimeRaiseExceptionProc>(raise)},
-        {"REALSetPropValueString", entry<REALSetPropValueStringProc>(setText)},
-        {"REALSetPropValueInteger", entry<REALSetPropValueIntegerProc>(setNumber, 2013.0)},
-        {"REALSetPropValueInt", entry<REALSetPropValueIntegerProc>(setNumber)},
-        {"REALGetPropValueString", entry<REALGetPropValueStringProc>(getText)},
-        {"ChromaObjectIsA", entry<ChromaObjectIsAProc>([](auto* object, const char* className) -> HostBoolean {
-             return classOf(object) == className;
-         })},
-        {"REALBuildString", entry<REALBuildStringProc>([](auto bytes, auto size) { return build(bytes, size, kUnknown); })},
-        {"REALBuildStringWithEncoding", entry<REALBuildStringWithEncodingProc>(build, 2012.0)},
-        {"REALGetStringEncoding", entry<REALGetStringEncodingProc>(encodingOf)},
-        {"REALSetStringEncoding",
-         entry<REALSetStringEncodingProc>([](auto* value, std::uint32_t encoding) { cellOf(value)->encoding = encoding; })},
-        {"REALConvertString", entry<REALConvertStringProc>(convert)},
-        {"REALLockString", entry<REALLockStringProc>([](auto* value) { lock(value); })},
-        {"REALUnlockString", entry<REALUnlockStringProc>([](auto* value) { unlock(value); })},
-        {"REALGetStringCFString",
-         entry<REALGetStringCFStringProc>([](auto* value, std::int32_t) { return newCFString(value); })},
-        {"RuntimeArrayCreateSingleDimBoundedArray", entry<RuntimeArrayCreateProc>(createArray)},
-        {"RuntimeUBound", entry<RuntimeUBoundProc>([](void* array) {
-             return static_cast<std::int32_t>(cellOf(array)->doubles.size() + cellOf(array)->objects.size()) - 1;
-         })},
-        {"PluginDoubleArrayInsertProc", entry<PluginDoubleArrayInsertProc>(doubleInserter, 2013.0)},
-        {"PluginObjectArrayInsertProc", entry<PluginObjectArrayInsertProc>(objectInserter, 2013.0)},
-        {"PluginDoubleArrayGetProc", entry<PluginDoubleArrayGetProc>(doubleGetter, 2013.0)},
-        {"RuntimeArrayDirectGetInsertProc", entry(anyInserter)},
-        {"RuntimeArrayDirectGetGetProc", entry<PluginDoubleArrayGetProc>(doubleGetter)},
-        {"newMemoryBlock", entry<NewMemoryBlockProc>(newBlock)},
-        {"memoryBlockGetPtr",
-         entry<MemoryBlockGetPtrProc>([](auto* value) { return const_cast<void*>(visible(shownBytes(cellOf(value)))); },
-                                      2017.0)},
-        {"memoryBlockGetSize", entry<MemoryBlockGetSizeProc>(
-                                   [](auto* value) { return shownBytes(cellOf(value)) ? cellOf(value)->size : 0; }, 2017.0)},
-    };
-    return table;
-}
+} // namespace offered
 
 // What tells calls apart: numbers and names. Values of the host are left out.
 std::string told(const char* name) { return name; }
@@ -285,10 +239,14 @@ Host& Host::instance() {
 
 void* Host::resolve(const char* entryName) {
     ++instance().asked[entryName];
-    const auto found = entries().find(entryName);
-    const bool isThere = found != entries().end() && instance().version >= found->second.since;
-    return isThere && !instance().missing.count(entryName) ? entries::heard<Listener>(entryName, found->second.address)
-                                                           : nullptr;
+    const std::string_view wanted = entryName;
+    if (instance().missing.count(entryName)) return nullptr;
+#define FOREIGN_ENTRY(name, Procedure, since)                                                                               \
+    if (wanted == #name && instance().version >= since)                                                                     \
+        return entries::heard<Listener>(wanted, reinterpret_cast<void*>(static_cast<Procedure>(offered::name)));
+    CHROMA_HOST_ENTRIES(FOREIGN_ENTRY)
+#undef FOREIGN_ENTRY
+    return nullptr;
 }
 
 void Host::note(const std::string& word) {
@@ -349,7 +307,12 @@ REALfunction method(const char* className, const std::string& declaration) {
 }
 
 REALstringStruct* string(const std::string& bytes, std::uint32_t encoding) {
-    return build(bytes.data(), static_cast<std::int32_t>(bytes.size()), encoding);
+    Cell* const cell = newCell(stringClass);
+    cell->bytes.assign(1, '\0').append(bytes);
+    cell->size = static_cast<std::int32_t>(bytes.size());
+    cell->encoding = encoding;
+    showBytes(cell);
+    return cell->value<REALstringStruct>();
 }
 std::string bytesOf(REALstringStruct* value) { return value ? cellOf(value)->bytes.substr(1) : ""; }
 std::uint32_t encodingOf(REALstringStruct* value) { return value ? cellOf(value)->encoding : 0; }
