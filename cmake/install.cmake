@@ -2,7 +2,7 @@
 # hosts where the plugin lies.
 include(GNUInstallDirs)
 
-install(TARGETS chromabridge chroma_platform chromasibling LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(TARGETS chromabridge chroma_platform chromasibling chromaprobe LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 if(TARGET chromapng)
     install(TARGETS chromapng LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 endif()

@@ -1,0 +1,132 @@
+// The classes that the probe registers, in the layout that the host's version asks for.
+#include "probe/host.h"
+
+namespace probe {
+
+const char* const className = "ChromaProbe";
+
+namespace {
+
+constexpr const char* exceptionName = "ChromaProbeException";
+constexpr int dataSize = 16;
+
+const Host* theHost; // for calls from host code; lives as long as the process
+
+unsigned char* dataOf(REALobjectStruct* object) { return reinterpret_cast<unsigned char*>(object) + REALinstanceDataOffset; }
+
+void construct(REALobjectStruct* object) {
+    unsigned char none[dataSize] = {};
+    life().wasZeroed = std::memcmp(dataOf(object), none, sizeof none) == 0;
+    std::memset(dataOf(object), 0xA5, dataSize);
+    ++life().constructed;
+}
+
+void destroy(REALobjectStruct* object) {
+    unsigned char written[dataSize];
+    std::memset(written, 0xA5, sizeof written);
+    life().wasKept = std::memcmp(dataOf(object), written, sizeof written) == 0;
+    ++life().destroyed;
+}
+
+int exceptionsDestroyed;
+void destroyException(REALobjectStruct*) { ++exceptionsDestroyed; }
+
+// ---- What host code may call
+
+HostInteger complaints() { return static_cast<HostInteger>(theHost->report.complaints()); }
+
+REALstringStruct* report() {
+    const std::string text = theHost->report.text();
+    const auto build = theHost->entry<REALBuildStringProc>("REALBuildString");
+    const auto tag = theHost->entry<REALSetStringEncodingProc>("REALSetStringEncoding");
+    REALstringStruct* const string = build ? build(text.data(), static_cast<std::int32_t>(text.size())) : nullptr;
+    if (string && tag) tag(string, 0x08000100);
+    return string;
+}
+
+// Raises, as any function of a plugin may, an exception with a message. Host code catches it.
+void raise() {
+    const auto record = theHost->begin<RuntimeRaiseExceptionProc>("RuntimeRaiseException");
+    const auto make = theHost->entry<PluginNewInstanceProc>("PluginNewInstance");
+    const auto unlock = theHost->entry<REALUnlockObjectProc>("REALUnlockObject");
+    REALobjectStruct* const exception = make ? make(exceptionName) : nullptr;
+    if (!record || !unlock || !exception) return theHost->report.complain("cannot be asked without a new exception");
+    record(exception);
+    const int before = exceptionsDestroyed;
+    unlock(exception);
+    theHost->report.expect(exceptionsDestroyed == before, "keeps no reference to the exception until host code catches it");
+}
+
+template <class Method>
+Method row(void (*function)(), const char* declaration) {
+    Method method = {};
+    method.function = reinterpret_cast<REALfunction>(function);
+    method.declaration = declaration;
+    method.flags = 4;
+    return method;
+}
+
+// Both layouts have the fields that matter here under the same names.
+template <class Record, class Method>
+struct Records {
+    Record own = {}, exception = {};
+    Method methods[3];
+
+    explicit Records(REALword version) {
+        methods[0] = row<Method>(reinterpret_cast<void (*)()>(complaints), "Complaints as integer");
+        methods[1] = row<Method>(reinterpret_cast<void (*)()>(report), "Report as string");
+        methods[2] = row<Method>(reinterpret_cast<void (*)()>(raise), "Raise");
+        own.version = exception.version = version;
+        own.name = className;
+        own.instanceDataSize = dataSize;
+        own.constructor = reinterpret_cast<REALfunction>(construct);
+        own.destructor = reinterpret_cast<REALfunction>(destroy);
+        own.sharedMethods = methods;
+        own.sharedMethodCount = 3;
+        own.flags = exception.flags = 4;
+        exception.name = exceptionName;
+        exception.superName = "RuntimeException";
+        exception.destructor = reinterpret_cast<REALfunction>(destroyException);
+    }
+};
+
+template <class Kind>
+void registerAll(const Host& host, PluginRegisterClassProc registerClass, REALword version) {
+    static Kind records(version);
+    for (auto* record : {&records.own, &records.exception}) {
+        auto before = *record;
+        registerClass(reinterpret_cast<REALclassDefinition*>(record));
+        before.instanceDataOffset = record->instanceDataOffset;
+        host.report.expect(std::memcmp(&before, record, sizeof before) == 0,
+                           std::string("changes more of the record of ") + record->name + " than instanceDataOffset");
+    }
+    host.report.expect(records.own.instanceDataOffset == REALinstanceDataOffset,
+                       "writes instanceDataOffset " + std::to_string(records.own.instanceDataOffset) + " instead of 24");
+}
+
+} // namespace
+
+Life& life() {
+    static Life all = {};
+    return all;
+}
+
+std::int32_t controlVersion(double hostVersion) {
+    return hostVersion >= 2013.04   ? 13
+           : hostVersion >= 2013.03 ? 12
+           : hostVersion >= 2013.0  ? 11
+           : hostVersion >= 2012.0  ? 10
+                                    : 9;
+}
+
+void registerClasses(const Host& host, PluginRegisterClassProc registerClass) {
+    theHost = &host;
+    const std::int32_t version = controlVersion(host.version);
+    if (version > 9) {
+        registerAll<Records<REALclassDefinition, REALmethodDefinition>>(host, registerClass, version);
+    } else {
+        registerAll<Records<REALclassDefinitionLegacy, REALmethodDefinitionLegacy>>(host, registerClass, version);
+    }
+}
+
+} // namespace probe
