@@ -169,7 +169,7 @@ Case array() {
     require(host::upperBound(components) == 3 && host::elementAt(components, 2).real == 0.75, "Components");
     host::unlock(components);
     return makeCase("array", repeated([=] { host::unlock(get(object)); }), repeated([] {
-                        host::Array* const filled = host::newArray({host::Kind::Double, false, {}});
+                        host::Array* const filled = host::newArray({host::Kind::real, false, {}});
                         for (const double value : {0.5, 0.25, 0.75, 1.0})
                             host::appendElement(filled, host::Slot::ofReal(value));
                         host::unlock(filled);

@@ -22,7 +22,7 @@ using fuzz::require;
 
 namespace {
 
-constexpr std::size_t mostMemory = 64 << 20;
+constexpr std::size_t maxMemory = 64 << 20;
 
 volatile std::sig_atomic_t run = 0; // the number of the program that runs
 
@@ -64,7 +64,7 @@ void runAtPrompt(const std::string& text) {
 // it.
 #pragma GCC visibility push(default)
 void* operator new(std::size_t size) {
-    void* const memory = size <= mostMemory ? std::malloc(size) : nullptr;
+    void* const memory = size <= maxMemory ? std::malloc(size) : nullptr;
     if (!memory) throw std::bad_alloc();
     return memory;
 }

@@ -127,9 +127,10 @@ void browseMember(const ClassInfo& info, std::string_view member, Writer& writer
     for (const ClassInfo* owner = &info; owner; owner = owner->super()) {
         const ClassPage page = pageOf(*owner);
         if (browseMembersNamed(page, member, writer) > 0) return;
-        for (const Section& section : page.sections)
+        for (const Section& section : page.sections) {
             for (std::string& name : namesOf(section.members))
                 names.push_back(std::move(name));
+        }
     }
     refuse(info.name() + " has no member " + std::string(member), member, names);
 }

@@ -17,8 +17,8 @@ namespace host::language {
 namespace {
 
 // Before a run a screenful is enough: most of the errors behind it are echoes.
-constexpr std::size_t mostErrorsOfARun = 20;
-constexpr std::size_t mostErrorsOfACheck = 1000;
+constexpr std::size_t maxErrorsOfARun = 20;
+constexpr std::size_t maxErrorsOfACheck = 1000;
 
 // None, after a message, when the file cannot be read.
 std::optional<std::string> read(const std::string& path) {
@@ -42,7 +42,7 @@ ActionPtr compile(const Source& source, Checker& checker, Diagnostics& diagnosti
 
 int runText(const std::string& name, std::string text, std::ostream& output, std::ostream& errors, bool colored) {
     const Source source(name, std::move(text), colored);
-    Diagnostics diagnostics(mostErrorsOfARun);
+    Diagnostics diagnostics(maxErrorsOfARun);
     Checker checker(ParseMode::program);
     ActionPtr code = compile(source, checker, diagnostics);
     std::string report = diagnostics.report(source);
@@ -58,7 +58,7 @@ int runText(const std::string& name, std::string text, std::ostream& output, std
 
 int checkText(const std::string& name, std::string text, std::ostream& errors, bool colored) {
     const Source source(name, std::move(text), colored);
-    Diagnostics diagnostics(mostErrorsOfACheck);
+    Diagnostics diagnostics(maxErrorsOfACheck);
     Checker checker(ParseMode::program);
     compile(source, checker, diagnostics);
     errors << diagnostics.report(source);

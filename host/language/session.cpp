@@ -24,9 +24,9 @@ Session::~Session() {
 bool Session::needsMore(std::string_view text) const { return language::needsMore(Source({}, std::string(text)), 0); }
 
 std::string Session::run(std::string_view text) {
-    constexpr std::size_t mostErrors = 20;
+    constexpr std::size_t maxErrors = 20;
     const Offset start = source_.append(text);
-    Diagnostics diagnostics(mostErrors);
+    Diagnostics diagnostics(maxErrors);
     const ActionPtr code = checker_.check(parse(source_, diagnostics, ParseMode::prompt, start), diagnostics);
     if (!diagnostics.empty()) return diagnostics.report(source_);
     execution_.variables.resize(checker_.scopes().variableCount());

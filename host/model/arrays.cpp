@@ -16,10 +16,10 @@ struct Elements {
     std::vector<Slot> slots;
 };
 
-Elements& elementsOf(const Array* array) { return *static_cast<Elements*>(array->own.reference); }
+Elements& elementsOf(const Array* array) { return *static_cast<Elements*>(array->own.address); }
 
 void destroyElements(Object* object) {
-    const std::unique_ptr<Elements> elements(static_cast<Elements*>(object->own.reference));
+    const std::unique_ptr<Elements> elements(static_cast<Elements*>(object->own.address));
     for (const Slot slot : elements->slots)
         unlock(elements->type, slot);
 }
@@ -32,7 +32,7 @@ ClassInfo& arrayClass() {
 // Plugins read the elements of a double array straight from its record on hosts that let them.
 void publish(Array* array) {
     Elements& elements = elementsOf(array);
-    if (elements.type.kind != Kind::Double || !exposesStorage()) return;
+    if (elements.type.kind != Kind::real || !exposesStorage()) return;
     writeAt<const void*>(array, REALarrayElementsOffset, elements.slots.empty() ? nullptr : elements.slots.data());
 }
 
@@ -48,7 +48,7 @@ Array* newArray(const Type& elementType, std::int32_t upperBound) {
     elements->slots.resize(static_cast<std::size_t>(upperBound + 1));
     Object* const object = newObject(arrayClass());
     if (!object) throw std::bad_alloc();
-    object->own = Slot::ofReference(elements.release());
+    object->own = Slot::ofAddress(elements.release());
     auto* const array = static_cast<Array*>(object);
     publish(array);
     return array;

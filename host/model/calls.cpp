@@ -62,30 +62,29 @@ constexpr ShapeRow wordShapes = makeShapes<false>(std::make_index_sequence<shape
 constexpr ShapeRow realShapes = makeShapes<true>(std::make_index_sequence<shapeCount>());
 
 HostInteger maskOf(const Type& type) {
-    if (type.is(Kind::Void)) return 0;
-    if (type.is(Kind::Boolean)) return 0xFF;
-    if (type.is(Kind::Color)) return static_cast<HostInteger>(0xFFFFFFFFu);
+    if (type.is(Kind::nothing)) return 0;
+    if (type.is(Kind::boolean)) return 0xFF;
+    if (type.is(Kind::color)) return static_cast<HostInteger>(0xFFFFFFFFu);
     return -1;
 }
 
 } // namespace
 
 Invoker::Invoker(const Type& result, std::size_t count, unsigned realMask)
-    : shape_((result.is(Kind::Double) ? realShapes : wordShapes)[shapeIndex(count, realMask)]), resultMask_(maskOf(result)) {
-}
+    : shape_((result.is(Kind::real) ? realShapes : wordShapes)[shapeIndex(count, realMask)]), resultMask_(maskOf(result)) {}
 
 Invoker::Invoker(const Signature& signature, bool hasReceiver) {
     std::size_t count = hasReceiver ? 1 : 0;
     if (signature.parameters.size() > maximumArguments - count) return;
     unsigned realMask = 0;
     for (const Parameter& parameter : signature.parameters) {
-        if (parameter.type.is(Kind::Double) && !parameter.byRef) realMask |= 1u << count;
+        if (parameter.type.is(Kind::real) && !parameter.byRef) realMask |= 1u << count;
         ++count;
     }
     *this = Invoker(signature.result, count, realMask);
 }
 
 Invoker Invoker::getter(const Type& type) { return {type, 2, 0}; }
-Invoker Invoker::setter(const Type& type) { return {Type(), 3, type.is(Kind::Double) ? 1u << 2 : 0}; }
+Invoker Invoker::setter(const Type& type) { return {Type(), 3, type.is(Kind::real) ? 1u << 2 : 0}; }
 
 } // namespace host

@@ -15,14 +15,14 @@ ObjectFunction objectFunction(REALfunction function) { return reinterpret_cast<O
 std::size_t standardSize(const Type& type) {
     if (type.isArray) return 0;
     switch (type.kind) {
-    case Kind::Integer: return sizeof(HostInteger);
-    case Kind::Double: return sizeof(double);
-    case Kind::Color: return sizeof(HostColor);
-    case Kind::Boolean: return sizeof(HostBoolean);
-    case Kind::Void:
-    case Kind::String:
-    case Kind::Object:
-    case Kind::Variant: break;
+    case Kind::integer: return sizeof(HostInteger);
+    case Kind::real: return sizeof(double);
+    case Kind::color: return sizeof(HostColor);
+    case Kind::boolean: return sizeof(HostBoolean);
+    case Kind::nothing:
+    case Kind::string:
+    case Kind::object:
+    case Kind::variant: break;
     }
     return 0;
 }
@@ -237,7 +237,7 @@ ClassInfo* Registry::add(REALclassDefinition& record, bool builtIn) {
         report("a class record without a name");
         return nullptr;
     }
-    if (find(name) || typeNamed(name).kind != Kind::Object || equalIgnoringCase(name, "Object")) {
+    if (find(name) || typeNamed(name).kind != Kind::object || equalIgnoringCase(name, "Object")) {
         report(name + ": the name is taken");
         return nullptr;
     }

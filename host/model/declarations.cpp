@@ -148,7 +148,7 @@ private:
         if (parameter.byRef || parameter.paramArray) fail("a default for a byref or paramarray parameter", start);
         Literal value = literal();
         const Type& wanted = parameter.type;
-        if (wanted.is(Kind::Double) && std::holds_alternative<HostInteger>(value.value)) {
+        if (wanted.is(Kind::real) && std::holds_alternative<HostInteger>(value.value)) {
             value.value = static_cast<double>(std::get<HostInteger>(value.value));
         }
         const bool fits = value.type() == wanted || (value.type().isNil() && wanted.isObjectReference());
@@ -244,11 +244,11 @@ DeclarationError::DeclarationError(const std::string& reason, std::size_t where,
 Type Literal::type() const {
     struct {
         Type operator()(std::monostate) const { return Type::nil(); }
-        Type operator()(bool) const { return Type::plain(Kind::Boolean); }
-        Type operator()(HostInteger) const { return Type::plain(Kind::Integer); }
-        Type operator()(double) const { return Type::plain(Kind::Double); }
-        Type operator()(HostColor) const { return Type::plain(Kind::Color); }
-        Type operator()(const std::string&) const { return Type::plain(Kind::String); }
+        Type operator()(bool) const { return Type::plain(Kind::boolean); }
+        Type operator()(HostInteger) const { return Type::plain(Kind::integer); }
+        Type operator()(double) const { return Type::plain(Kind::real); }
+        Type operator()(HostColor) const { return Type::plain(Kind::color); }
+        Type operator()(const std::string&) const { return Type::plain(Kind::string); }
     } visitor;
     return std::visit(visitor, value);
 }

@@ -49,7 +49,7 @@ struct Constant {
 // Thrown for malformed text: what() gives reason, column (from 1) and the text.
 class DeclarationError : public std::runtime_error {
 public:
-    DeclarationError(const std::string& reason, std::size_t position, std::string_view text);
+    DeclarationError(const std::string& reason, std::size_t where, std::string_view text);
 
     std::size_t position; // byte offset into the text, from 0
 };

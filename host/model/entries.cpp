@@ -75,17 +75,17 @@ const Property* propertyOf(const Object* object, const char* name, Kind kind) {
 }
 
 void setPropertyString(Object* object, const char* name, String* value) {
-    const Property* const property = propertyOf(object, name, Kind::String);
+    const Property* const property = propertyOf(object, name, Kind::string);
     if (property && property->setter) writeProperty(*property, object, Slot::ofString(value));
 }
 
 void setPropertyInteger(Object* object, const char* name, std::int32_t value) {
-    const Property* const property = propertyOf(object, name, Kind::Integer);
+    const Property* const property = propertyOf(object, name, Kind::integer);
     if (property && property->setter) writeProperty(*property, object, Slot::ofInteger(value));
 }
 
 HostBoolean getPropertyString(Object* object, const char* name, String** value) {
-    const Property* const property = propertyOf(object, name, Kind::String);
+    const Property* const property = propertyOf(object, name, Kind::string);
     if (!property || !property->getter || !value) return 0;
     *value = readProperty(*property, object).string;
     return 1;
@@ -122,7 +122,7 @@ void* createArray(std::int32_t elementType, std::int32_t upperBound) {
     return orNull([&]() -> void* {
         if (upperBound < -1) return nullptr;
         switch (elementType) {
-        case REALarrayOfDoubles: return newArray(Type::plain(Kind::Double), upperBound);
+        case REALarrayOfDoubles: return newArray(Type::plain(Kind::real), upperBound);
         case REALarrayOfObjects: return newArray(Type::object("Object"), upperBound);
         default: return nullptr;
         }
@@ -169,7 +169,7 @@ double getDouble(void* array, std::int32_t index) {
 
 bool holdsDoubles(void* array) {
     const Array* const found = arrayFrom(array);
-    return found && elementType(found).kind == Kind::Double;
+    return found && elementType(found).kind == Kind::real;
 }
 
 bool holdsObjects(void* array) {

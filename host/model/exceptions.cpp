@@ -20,9 +20,9 @@ struct Exception {
     HostInteger errorNumber;
 };
 
-Exception& dataOf(const Object* object) { return *static_cast<Exception*>(object->own.reference); }
+Exception& dataOf(const Object* object) { return *static_cast<Exception*>(object->own.address); }
 
-void construct(Object* object) { object->own = Slot::ofReference(new Exception{nullptr, 0}); }
+void construct(Object* object) { object->own = Slot::ofAddress(new Exception{nullptr, 0}); }
 
 void destroy(Object* object) {
     unlock(dataOf(object).message);

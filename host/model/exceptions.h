@@ -22,7 +22,7 @@ void raise(Object* exception);
 
 // Records a new exception of the built-in or plugin class. The class must descend from RuntimeException; otherwise, and when
 // no such class exists, it is a RuntimeException.
-void raise(std::string_view className, std::string_view message, HostInteger errorNumber = 0);
+void raise(std::string_view className, std::string_view text, HostInteger number = 0);
 
 // The pending exception, which the caller now owns and which is pending no longer; null when there is none.
 Object* takePendingException();

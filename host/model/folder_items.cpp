@@ -19,9 +19,9 @@ namespace {
 namespace fs = std::filesystem;
 
 // Absolute from the constructor on; empty before, which names no file.
-fs::path& pathOf(const Object* item) { return *static_cast<fs::path*>(item->own.reference); }
+fs::path& pathOf(const Object* item) { return *static_cast<fs::path*>(item->own.address); }
 
-void construct(Object* item) { item->own = Slot::ofReference(new fs::path()); }
+void construct(Object* item) { item->own = Slot::ofAddress(new fs::path()); }
 void destroy(Object* item) { delete &pathOf(item); }
 
 void initialize(Object* item, String* path) {

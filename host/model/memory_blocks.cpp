@@ -22,7 +22,7 @@ struct Bytes {
     bool isLittleEndian; // of the numbers that programs read and write
 };
 
-Bytes& bytesIn(const Object* block) { return *static_cast<Bytes*>(block->own.reference); }
+Bytes& bytesIn(const Object* block) { return *static_cast<Bytes*>(block->own.address); }
 
 // Plugins read size and address straight from the record on hosts that let them.
 void publish(Object* block) {
@@ -32,7 +32,7 @@ void publish(Object* block) {
 }
 
 void construct(Object* block) {
-    block->own = Slot::ofReference(new Bytes{nullptr, 0, true});
+    block->own = Slot::ofAddress(new Bytes{nullptr, 0, true});
     publish(block);
 }
 

@@ -41,7 +41,7 @@ std::size_t liveObjectCount() { return liveObjects; }
 void lock(const Type& type, Slot value) {
     if (type.isObjectReference()) {
         lock(value.object);
-    } else if (type.kind == Kind::String) {
+    } else if (type.kind == Kind::string) {
         lock(value.string);
     }
 }
@@ -49,7 +49,7 @@ void lock(const Type& type, Slot value) {
 void unlock(const Type& type, Slot value) {
     if (type.isObjectReference()) {
         unlock(value.object);
-    } else if (type.kind == Kind::String) {
+    } else if (type.kind == Kind::string) {
         unlock(value.string);
     }
 }

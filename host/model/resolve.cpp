@@ -20,12 +20,12 @@ int upcastCost(const std::string& from, const std::string& to) {
 
 int costOf(const Type& from, const Type& to, Conversion conversion) {
     switch (conversion) {
-    case Conversion::IntegerToDouble:
-    case Conversion::IntegerToColor:
-    case Conversion::ColorToInteger: return widened;
-    case Conversion::ToVariant: return toVariant;
-    case Conversion::FromVariant: return fromVariant;
-    case Conversion::None: break;
+    case Conversion::integerToReal:
+    case Conversion::integerToColor:
+    case Conversion::colorToInteger: return widened;
+    case Conversion::toVariant: return toVariant;
+    case Conversion::fromVariant: return fromVariant;
+    case Conversion::none: break;
     }
     if (from == to) return exact;
     return from.isNil() ? nilLiteral : upcastCost(from.className, to.className);
@@ -54,20 +54,20 @@ bool bindConverted(Candidate& candidate, Binding& binding, const Type& to, const
 
 bool bindParameter(Candidate& candidate, const Parameter& parameter, const std::vector<Argument>& arguments,
                    std::size_t& next) {
-    Binding binding = {Binding::Source::Argument, &parameter, next, {}};
+    Binding binding = {Binding::Source::argument, &parameter, next, {}};
     if (parameter.paramArray) {
-        binding.source = Binding::Source::ParamArray;
+        binding.source = Binding::Source::paramArray;
         candidate.extras += paramArrayExtra;
         for (; next < arguments.size(); ++next) {
             if (!bindConverted(candidate, binding, parameter.type.element(), arguments[next].type)) return false;
         }
     } else if (next == arguments.size()) {
         if (!parameter.defaultValue) return false;
-        binding.source = Binding::Source::Default;
+        binding.source = Binding::Source::defaultValue;
         candidate.extras += defaultExtra;
     } else if (parameter.byRef) {
         if (!arguments[next].assignable || arguments[next].type != parameter.type) return false;
-        binding.source = Binding::Source::Reference;
+        binding.source = Binding::Source::byReference;
         candidate.costs.push_back(exact);
         ++next;
     } else {
@@ -102,7 +102,7 @@ std::string describe(const std::vector<Argument>& arguments) {
     std::string text = "with (";
     for (const Argument& argument : arguments) {
         if (text.back() != '(') text += ", ";
-        text += argument.type.kind == Kind::Void ? "no value" : nameOf(argument.type);
+        text += argument.type.kind == Kind::nothing ? "no value" : nameOf(argument.type);
     }
     return text + ")";
 }
@@ -125,19 +125,19 @@ bool failsOnlyForReferences(const OverloadSet& overloads, std::vector<Argument> 
 } // namespace
 
 std::optional<Conversion> implicitConversion(const Type& from, const Type& to) {
-    if (from.kind == Kind::Void) return std::nullopt;
-    if (from == to) return Conversion::None;
-    if (from.isNil() && to.isObjectReference()) return Conversion::None;
-    const bool toPlainVariant = to.is(Kind::Variant);
-    const bool fromPlainVariant = from.is(Kind::Variant);
-    if (toPlainVariant) return Conversion::ToVariant;
-    if (fromPlainVariant) return Conversion::FromVariant;
+    if (from.kind == Kind::nothing) return std::nullopt;
+    if (from == to) return Conversion::none;
+    if (from.isNil() && to.isObjectReference()) return Conversion::none;
+    const bool toPlainVariant = to.is(Kind::variant);
+    const bool fromPlainVariant = from.is(Kind::variant);
+    if (toPlainVariant) return Conversion::toVariant;
+    if (fromPlainVariant) return Conversion::fromVariant;
     if (from.isArray || to.isArray) return std::nullopt;
-    if (from.kind == Kind::Integer && to.kind == Kind::Double) return Conversion::IntegerToDouble;
-    if (from.kind == Kind::Integer && to.kind == Kind::Color) return Conversion::IntegerToColor;
-    if (from.kind == Kind::Color && to.kind == Kind::Integer) return Conversion::ColorToInteger;
-    if (from.kind == Kind::Object && to.kind == Kind::Object && isSubclass(from.className, to.className))
-        return Conversion::None;
+    if (from.kind == Kind::integer && to.kind == Kind::real) return Conversion::integerToReal;
+    if (from.kind == Kind::integer && to.kind == Kind::color) return Conversion::integerToColor;
+    if (from.kind == Kind::color && to.kind == Kind::integer) return Conversion::colorToInteger;
+    if (from.kind == Kind::object && to.kind == Kind::object && isSubclass(from.className, to.className))
+        return Conversion::none;
     return std::nullopt;
 }
 

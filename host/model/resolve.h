@@ -9,12 +9,12 @@
 namespace host {
 
 enum class Conversion : unsigned char {
-    None, // same value: equal types, a subclass for its superclass, Nil for an object
-    IntegerToDouble,
-    IntegerToColor, // a colour is its number
-    ColorToInteger,
-    ToVariant,   // newVariant: a new reference
-    FromVariant, // readVariant: may raise
+    none, // same value: equal types, a subclass for its superclass, Nil for an object
+    integerToReal,
+    integerToColor, // a colour is its number
+    colorToInteger,
+    toVariant,   // newVariant: a new reference
+    fromVariant, // readVariant: may raise
 };
 
 // How a value of type `from` becomes one of type `to` without being asked; nullopt when it does not.
@@ -28,10 +28,10 @@ struct Argument {
 // Where one parameter of the chosen method gets its value.
 struct Binding {
     enum class Source : unsigned char {
-        Argument,   // argument `first`, converted by conversions[0]
-        Reference,  // the address of argument `first`, whose type is exactly the parameter's
-        Default,    // parameter->defaultValue
-        ParamArray, // a new array of parameter->type with the arguments from `first` on, each converted by its conversion
+        argument,     // argument `first`, converted by conversions[0]
+        byReference,  // the address of argument `first`, whose type is exactly the parameter's
+        defaultValue, // parameter->defaultValue
+        paramArray,   // a new array of parameter->type with the arguments from `first` on, each converted by its conversion
     };
     Source source;
     const Parameter* parameter;

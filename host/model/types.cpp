@@ -8,12 +8,12 @@ namespace host {
 namespace {
 
 constexpr std::array<std::pair<Kind, const char*>, 6> kindNames = {{
-    {Kind::Boolean, "Boolean"},
-    {Kind::Integer, "Integer"},
-    {Kind::Double, "Double"},
-    {Kind::Color, "Color"},
-    {Kind::String, "String"},
-    {Kind::Variant, "Variant"},
+    {Kind::boolean, "Boolean"},
+    {Kind::integer, "Integer"},
+    {Kind::real, "Double"},
+    {Kind::color, "Color"},
+    {Kind::string, "String"},
+    {Kind::variant, "Variant"},
 }};
 
 } // namespace

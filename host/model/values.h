@@ -18,9 +18,9 @@ union Slot {
     HostInteger integer;
     HostColor color;
     HostBoolean boolean;
-    String* string;  // null is the empty string
-    Object* object;  // objects, variants and arrays; null is Nil
-    void* reference; // a by-reference argument: the address of the variable's slot
+    String* string; // null is the empty string
+    Object* object; // objects, variants and arrays; null is Nil
+    void* address;  // a by-reference argument: that of the variable's slot
 
     constexpr Slot() : real(0.0) {}
     static Slot ofReal(double value) {
@@ -53,9 +53,9 @@ union Slot {
         slot.object = value;
         return slot;
     }
-    static Slot ofReference(void* value) {
+    static Slot ofAddress(void* value) {
         Slot slot;
-        slot.reference = value;
+        slot.address = value;
         return slot;
     }
 };

@@ -25,11 +25,11 @@ struct Box {
 
 std::array<Box, 5>& boxes() {
     static std::array<Box, 5> all = {
-        Box(Kind::Boolean, nullptr),
-        Box(Kind::Integer, nullptr),
-        Box(Kind::Double, nullptr),
-        Box(Kind::Color, nullptr),
-        Box(Kind::String, [](Object* object) { unlock(object->own.string); }),
+        Box(Kind::boolean, nullptr),
+        Box(Kind::integer, nullptr),
+        Box(Kind::real, nullptr),
+        Box(Kind::color, nullptr),
+        Box(Kind::string, [](Object* object) { unlock(object->own.string); }),
     };
     return all;
 }
@@ -71,7 +71,7 @@ bool readVariant(Object* variant, const Type& type, Slot& value) {
     const Type held = typeInVariant(variant);
     const std::optional<Conversion> conversion = implicitConversion(held, type);
     if (!conversion) {
-        const bool betweenClasses = held.kind == Kind::Object && type.kind == Kind::Object && !held.isArray && !type.isArray;
+        const bool betweenClasses = held.kind == Kind::object && type.kind == Kind::object && !held.isArray && !type.isArray;
         raiseMismatch(betweenClasses ? "IllegalCastException" : "TypeMismatchException", held, type);
         return false;
     }
@@ -81,9 +81,9 @@ bool readVariant(Object* variant, const Type& type, Slot& value) {
     }
     const Slot own = variant->own;
     switch (*conversion) {
-    case Conversion::IntegerToDouble: value = Slot::ofReal(static_cast<double>(own.integer)); break;
-    case Conversion::IntegerToColor: value = Slot::ofColor(static_cast<HostColor>(own.integer)); break;
-    case Conversion::ColorToInteger: value = Slot::ofInteger(static_cast<HostInteger>(own.color)); break;
+    case Conversion::integerToReal: value = Slot::ofReal(static_cast<double>(own.integer)); break;
+    case Conversion::integerToColor: value = Slot::ofColor(static_cast<HostColor>(own.integer)); break;
+    case Conversion::colorToInteger: value = Slot::ofInteger(static_cast<HostInteger>(own.color)); break;
     default: value = own; break;
     }
     return true;

@@ -53,7 +53,7 @@ Names membersOf(language::Session& session, std::string_view expression) {
     const auto [type, namedClass] = session.meaningOf(expression);
     if (namedClass) addMembers(*namedClass, true, names);
     if (type.isArray) names = {"Append", "Add", "Insert", "Remove", "Count"};
-    const ClassInfo* const info = type.is(Kind::Object) && !type.isNil() ? registry().find(type.className) : nullptr;
+    const ClassInfo* const info = type.is(Kind::object) && !type.isNil() ? registry().find(type.className) : nullptr;
     if (info) addMembers(*info, false, names);
     return names;
 }
@@ -119,7 +119,7 @@ OverloadSet calledBy(language::Session& session, std::string_view before, bool& 
     if (!rest.empty() && rest.back() == '.') {
         const auto [type, namedClass] = session.meaningOf(lastChain(rest.substr(0, rest.size() - 1)));
         if (namedClass) return namedClass->findSharedMethods(name);
-        const ClassInfo* const info = type.is(Kind::Object) && !type.isNil() ? registry().find(type.className) : nullptr;
+        const ClassInfo* const info = type.is(Kind::object) && !type.isNil() ? registry().find(type.className) : nullptr;
         return info ? info->findMethods(name) : OverloadSet();
     }
     while (!rest.empty() && isBlank(rest.back()))

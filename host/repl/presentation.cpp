@@ -46,11 +46,11 @@ public:
     Writer(std::ostream& output, ColorDepth depth) : output_(output), depth_(depth) {}
 
     void write(const Type& type, Slot value) {
-        if (type.is(Kind::Variant)) return writeVariant(value.object);
+        if (type.is(Kind::variant)) return writeVariant(value.object);
         if (type.isArray) return writeArray(asArray(value.object));
-        if (type.is(Kind::Color)) output_ << swatch(value.color, depth_);
-        if (type.is(Kind::Object) && value.object) output_ << swatch(value.object, depth_);
-        output_ << (type.is(Kind::String) ? literal(utf8Of(value.string)) : language::textOf(type, value));
+        if (type.is(Kind::color)) output_ << swatch(value.color, depth_);
+        if (type.is(Kind::object) && value.object) output_ << swatch(value.object, depth_);
+        output_ << (type.is(Kind::string) ? literal(utf8Of(value.string)) : language::textOf(type, value));
     }
 
 private:
@@ -67,7 +67,7 @@ private:
         }
         const Type& type = elementType(array);
         const HostInteger count = HostInteger{upperBound(array)} + 1;
-        const bool lines = count > 0 && (type.kind == Kind::Object || type.kind == Kind::Color);
+        const bool lines = count > 0 && (type.kind == Kind::object || type.kind == Kind::color);
         if (lines) output_ << nameOf(type.arrayOf()) << " with " << counted(count);
         if (!lines) output_ << '(';
         for (HostInteger i = 0; i < std::min(count, mostShown); ++i) {

@@ -49,9 +49,10 @@ private:
             picture_.shapes.push_back(Label{margin, y + 20, 14, Typeface::bold, Align::left, theme_.ink, group.title});
             y += groupHeight - 6;
         }
-        for (std::size_t i = 0; i < group.swatches.size(); ++i)
+        for (std::size_t i = 0; i < group.swatches.size(); ++i) {
             addCard(margin + static_cast<double>(i % across_) * (cardWidth + gap),
                     y + static_cast<double>(i / across_) * (cardHeight + gap), group.swatches[i]);
+        }
     }
 
     void addCard(double x, double y, const Swatch& swatch) {

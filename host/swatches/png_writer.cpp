@@ -23,9 +23,10 @@ constexpr double scale = 2.0; // for screens of today
 decltype(&chromaDrawPNG) drawPNG() {
     if (sizeof(void*) == 4) throw std::invalid_argument("the 32-bit build writes SVG only");
     const std::string file = bundledPlugin("libchromapng.so");
-    if (access(file.c_str(), F_OK) != 0)
+    if (access(file.c_str(), F_OK) != 0) {
         throw std::runtime_error("this build has no libchromapng.so, which makes PNG: it is built where librsvg2-dev is "
                                  "installed. SVG needs nothing more");
+    }
     void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     void* const function = library ? dlsym(library, "chromaDrawPNG") : nullptr;
     if (!function) throw std::runtime_error(std::string("cannot draw: ") + dlerror());

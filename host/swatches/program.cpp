@@ -132,7 +132,7 @@ Reference sRGBColor(const ScreenColor& color) {
 }
 
 Reference colorInSpace(const Reference& space, const std::vector<double>& components) {
-    const Reference array(newArray(Type::plain(Kind::Double)));
+    const Reference array(newArray(Type::plain(Kind::real)));
     for (const double component : components)
         appendElement(asArray(array.get()), real(component));
     return callShared(colorClass, "colorWithColorSpace", {Slot::ofObject(space.get()), Slot::ofObject(array.get())});
@@ -152,7 +152,7 @@ Reference converted(const Reference& color, const Reference& space) {
 
 std::string textProperty(const Reference& object, const char* name) {
     const Property* const property = object.get()->info->findProperty(name);
-    if (!property || property->type.kind != Kind::String)
+    if (!property || property->type.kind != Kind::string)
         throw std::runtime_error(object.get()->info->name() + " has no text " + name);
     const platform::AutoreleasePool pool;
     String* const string = readProperty(*property, object.get()).string;
@@ -176,8 +176,8 @@ ScreenColor inSRGB(const Reference& color) {
     if (!there) return {0, 0, 0, 0};
     Slot values[4];
     callMethod(there, "getRGB",
-               {Slot::ofReference(&values[0]), Slot::ofReference(&values[1]), Slot::ofReference(&values[2]),
-                Slot::ofReference(&values[3])});
+               {Slot::ofAddress(&values[0]), Slot::ofAddress(&values[1]), Slot::ofAddress(&values[2]),
+                Slot::ofAddress(&values[3])});
     return {values[0].real, values[1].real, values[2].real, values[3].real};
 }
 

@@ -59,7 +59,7 @@ SwatchSheet systemColors();
 SwatchSheet colorsOfList(const std::string& file, const std::vector<std::string>& keys);
 
 // The colour, written as color_syntax.h says, in every named space and in Display P3.
-ConversionSheet colorInSpaces(const std::string& color);
+ConversionSheet colorInSpaces(const std::string& text);
 
 // A colour outside sRGB is marked so wherever it is shown.
 std::string markOf(const Swatch& swatch); // "▲ ΔE 3.1"; empty for one inside

@@ -30,9 +30,10 @@ double REALGetArrayValueDouble(REALarrayDouble* array, std::int32_t index) {
         RaiseOutOfBoundsException(index, 0, std::int64_t{upperBound} + 1, "index", "");
         return 0.0;
     }
-    if (!hostHidesStorage())
+    if (!hostHidesStorage()) {
         if (const double* const elements = storedElements(array))
             return readField<double>(elements, index * std::ptrdiff_t{sizeof(double)});
+    }
     const auto get = getDoubleProcedure(array);
     return get ? get(array, index) : 0.0;
 }

@@ -94,10 +94,11 @@ void raisePlatformException(id thrown) {
     // Making the host exception sends messages too; a further NSException out of them is dropped.
     REALobjectStruct* exception = nullptr;
     quiet([&] {
-        if (send<BOOL>(cls::NSException, sel::respondsToSelector_, sel::NewNSExceptionZRX_.get()))
+        if (send<BOOL>(cls::NSException, sel::respondsToSelector_, sel::NewNSExceptionZRX_.get())) {
             exception = send<REALobjectStruct*>(cls::NSException, sel::NewNSExceptionZRX_, thrown);
-        else
+        } else {
             raiseWithoutSibling(thrown);
+        }
     });
     if (!exception) return;
     REALRaiseException(exception);

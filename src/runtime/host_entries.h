@@ -13,8 +13,8 @@ namespace chroma {
 extern REALresolver gResolver;
 
 enum class Lookup {
-    Once, // asked for at the first use; also a null answer is final
-    Retry // asked for at each use until the host answers, the newer name first
+    once, // asked for at the first use; also a null answer is final
+    retry // asked for at each use until the host answers, the newer name first
 };
 
 template <Lookup lookup, class Procedure>
@@ -27,7 +27,7 @@ public:
 
     // Whether the host has the entry.
     bool isOffered() {
-        if (!address_ && !(lookup == Lookup::Once && asked_)) resolve();
+        if (!address_ && !(lookup == Lookup::once && asked_)) resolve();
         return address_ != nullptr;
     }
 
@@ -50,9 +50,9 @@ private:
 };
 
 template <class Procedure>
-using OnceEntry = HostEntry<Lookup::Once, Procedure>;
+using OnceEntry = HostEntry<Lookup::once, Procedure>;
 template <class Procedure>
-using RetryEntry = HostEntry<Lookup::Retry, Procedure>;
+using RetryEntry = HostEntry<Lookup::retry, Procedure>;
 
 // Classes and objects
 inline OnceEntry<PluginRegisterClassProc> REALRegisterClass{"PluginRegisterClass"};

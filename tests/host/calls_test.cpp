@@ -64,7 +64,7 @@ TEST(Calls, PassWordsAndDoublesMixed) {
 
     Slot a = Slot::ofReal(2.5), c;
     call("f(byref a as double, b as integer, byref c as double)", true, byReference,
-         {Slot(), Slot::ofReference(&a), Slot::ofInteger(9), Slot::ofReference(&c)});
+         {Slot(), Slot::ofAddress(&a), Slot::ofInteger(9), Slot::ofAddress(&c)});
     EXPECT_EQ(c.real, 11.5);
 }
 

@@ -67,11 +67,11 @@ TEST_F(Resolve, ChoosesTheOverloadThatFitsBest) {
 
 TEST_F(Resolve, FillsDefaultsAndCollectsParamarrays) {
     const Overloads alpha(alphaForms), components(componentForms);
-    EXPECT_EQ(alpha.resolve({"Double"}).bindings.at(1).source, Binding::Source::Default);
+    EXPECT_EQ(alpha.resolve({"Double"}).bindings.at(1).source, Binding::Source::defaultValue);
     const Binding collected = components.resolve({"NSColorSpaceZRX", "Double", "Integer", "Variant"}).bindings.at(1);
-    EXPECT_EQ(collected.source, Binding::Source::ParamArray);
+    EXPECT_EQ(collected.source, Binding::Source::paramArray);
     EXPECT_EQ(collected.first, 1u);
-    const std::vector<Conversion> expected = {Conversion::None, Conversion::IntegerToDouble, Conversion::FromVariant};
+    const std::vector<Conversion> expected = {Conversion::none, Conversion::integerToReal, Conversion::fromVariant};
     EXPECT_EQ(collected.conversions, expected);
     EXPECT_TRUE(components.resolve({"NSColorSpaceZRX"}).bindings.at(1).conversions.empty());
 }

@@ -118,7 +118,7 @@ std::vector<Form> arrayForms() {
     constexpr int fewest = 2, most = 20;
     std::vector<Form> forms = {null()};
     for (const int count : {0, 1, most, most + 1, 300, 4}) {
-        const auto make = [count] { return Slot::ofObject(host::newArray(host::Type::plain(Kind::Double), count - 1)); };
+        const auto make = [count] { return Slot::ofObject(host::newArray(host::Type::plain(Kind::real), count - 1)); };
         forms.push_back({make, count < fewest || count > most ? "OutOfBoundsException" : nullptr});
     }
     forms.front().refusal = "OutOfBoundsException";
@@ -170,11 +170,11 @@ std::vector<Form> formsOf(const host::Parameter& parameter) {
     if (parameter.type.isArray) return arrayForms();
     const auto handle = handles.find(parameter.name);
     switch (parameter.type.kind) {
-    case Kind::Double: return each(doubles, Slot::ofReal);
-    case Kind::Color: return each(colors, Slot::ofColor);
-    case Kind::String: return textForms(parameter.name);
-    case Kind::Object: return objectForms(parameter.type.className);
-    case Kind::Variant: return imageForms();
+    case Kind::real: return each(doubles, Slot::ofReal);
+    case Kind::color: return each(colors, Slot::ofColor);
+    case Kind::string: return textForms(parameter.name);
+    case Kind::object: return objectForms(parameter.type.className);
+    case Kind::variant: return imageForms();
     default: break;
     }
     if (handle == handles.end()) return each(integers, Slot::ofInteger);

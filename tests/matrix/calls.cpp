@@ -42,7 +42,7 @@ struct Call {
         return function.arguments[i][static_cast<int>(i) == choice.argument ? choice.form : 0];
     }
     bool hasReceiver(std::size_t form) const { return first == 1 && choice.receiver == form; }
-    bool answersNumber() const { return function.signature.result == host::Type::plain(host::Kind::Double); }
+    bool answersNumber() const { return function.signature.result == host::Type::plain(host::Kind::real); }
 };
 
 bool hasAll(std::initializer_list<const char*> entries) {
@@ -66,7 +66,7 @@ void makeArguments(Call& call) {
         if (!call.isReference(i))
             makeSlot(call.function.signature.parameters[i].type, call.form(i), slot);
         else if (&call.form(i) == &call.function.arguments[i][0])
-            slot = Slot::ofReference(&call.outputs[i]);
+            slot = Slot::ofAddress(&call.outputs[i]);
     }
 }
 
@@ -98,7 +98,7 @@ void invoke(Call& call) {
     }
 }
 
-const host::Type number = host::Type::plain(host::Kind::Double);
+const host::Type number = host::Type::plain(host::Kind::real);
 chroma::Selector description{"description"}, localizedName{"localizedName"};
 
 // By the class, and what a colour or a space says of itself.
@@ -118,9 +118,9 @@ std::string told(const host::Object* object) {
 std::string told(const host::Type& type, Slot slot) {
     if (type.isObjectReference()) return told(slot.object);
     switch (type.kind) {
-    case host::Kind::Void: return "";
-    case host::Kind::Double: return slot.real == 0 ? "" : std::to_string(slot.real);
-    case host::Kind::String: return slot.string ? std::string(host::bytesOf(slot.string)) : "";
+    case host::Kind::nothing: return "";
+    case host::Kind::real: return slot.real == 0 ? "" : std::to_string(slot.real);
+    case host::Kind::string: return slot.string ? std::string(host::bytesOf(slot.string)) : "";
     default: return slot.integer == 0 ? "" : std::to_string(slot.integer);
     }
 }
@@ -134,7 +134,7 @@ void tellOutcome(const Call& call, Outcome& outcome) {
         outcome.add(told(type, call.result));
     }
     for (std::size_t i = 0; i < call.function.arguments.size(); ++i)
-        if (call.isReference(i) && call.slots[call.first + i].reference) outcome.add(told(number, call.outputs[i]));
+        if (call.isReference(i) && call.slots[call.first + i].address) outcome.add(told(number, call.outputs[i]));
 }
 
 std::string_view takeWord(std::string_view& words) {

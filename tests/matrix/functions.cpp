@@ -58,7 +58,7 @@ void addFunctions(std::vector<Function>& functions, const host::ClassInfo& info)
         if (property.getter == REALstandardAccessor) continue; // the host's own
         add(property.getter, property.invokeGetter, {property.name, {}, property.type}, false);
         const host::Kind kind = property.type.kind;
-        functions.back().isQuiet = isColor && (kind == host::Kind::Double || kind == host::Kind::String);
+        functions.back().isQuiet = isColor && (kind == host::Kind::real || kind == host::Kind::string);
     }
     for (const host::Method& method : info.methods())
         add(method.function, method.invoke, method.signature, false);

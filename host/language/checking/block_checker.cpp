@@ -16,28 +16,28 @@ CodePtr StatementChecker::stepValue(const syntax::Expression& expression, const 
 ActionPtr StatementChecker::form(const syntax::If& statement, Offset offset) {
     std::vector<Branch> list;
     for (const syntax::If::Branch& branch : statement.branches) {
-        CodePtr condition = branch.condition ? stepValue(*branch.condition, Type::plain(Kind::Boolean)) : nullptr;
+        CodePtr condition = branch.condition ? stepValue(*branch.condition, Type::plain(Kind::boolean)) : nullptr;
         list.push_back({std::move(condition), block(branch.block, offset)});
     }
     return branches(std::move(list));
 }
 
 ActionPtr StatementChecker::form(const syntax::While& loop, Offset offset) {
-    CodePtr condition = stepValue(*loop.condition, Type::plain(Kind::Boolean));
+    CodePtr condition = stepValue(*loop.condition, Type::plain(Kind::boolean));
     return conditionLoop(std::move(condition), nullptr, loopBody(syntax::Surrounding::whileLoop, loop.block, offset));
 }
 
 ActionPtr StatementChecker::form(const syntax::Do& loop, Offset offset) {
     const auto condition = [&](const syntax::ExpressionPtr& expression) {
-        return expression ? stepValue(*expression, Type::plain(Kind::Boolean)) : nullptr;
+        return expression ? stepValue(*expression, Type::plain(Kind::boolean)) : nullptr;
     };
     CodePtr before = condition(loop.before);
     LoopBody body = loopBody(syntax::Surrounding::doLoop, loop.block, offset);
     return conditionLoop(std::move(before), condition(loop.after), std::move(body));
 }
 
-LoopBody StatementChecker::loopBody(syntax::Surrounding kind, const syntax::Block& form, Offset offset) {
-    loops_.push_back(kind);
+LoopBody StatementChecker::loopBody(syntax::Surrounding what, const syntax::Block& form, Offset offset) {
+    loops_.push_back(what);
     ActionPtr body = block(form, offset);
     const auto depth = static_cast<std::uint16_t>(loops_.size());
     loops_.pop_back();
@@ -54,7 +54,7 @@ ActionPtr StatementChecker::form(const syntax::Select& statement, Offset offset)
         std::vector<Branch> list;
         for (const syntax::Select::Case& branch : statement.cases) {
             CodePtr condition = attempt([&] {
-                if (branch.tests.empty() || variable.type.kind == Kind::Void) return CodePtr();
+                if (branch.tests.empty() || variable.type.kind == Kind::nothing) return CodePtr();
                 CodePtr tests = caseCondition(branch.tests, variable);
                 return step(std::move(tests), expressions_.takeNeedsPool(), branch.tests.front().first->offset);
             });
@@ -73,10 +73,10 @@ CodePtr StatementChecker::caseCondition(const std::vector<syntax::CaseTest>& tes
     for (const syntax::CaseTest& test : tests) {
         CodePtr one = compared(test.last ? syntax::Operator::greaterEqual : test.operation, *test.first);
         if (test.last) {
-            one = logic(syntax::Operator::logicalAnd, Kind::Boolean, std::move(one),
+            one = logic(syntax::Operator::logicalAnd, Kind::boolean, std::move(one),
                         compared(syntax::Operator::lessEqual, *test.last));
         }
-        any = any ? logic(syntax::Operator::logicalOr, Kind::Boolean, std::move(any), std::move(one)) : std::move(one);
+        any = any ? logic(syntax::Operator::logicalOr, Kind::boolean, std::move(any), std::move(one)) : std::move(one);
     }
     return any;
 }
@@ -85,7 +85,7 @@ CodePtr StatementChecker::caseCondition(const std::vector<syntax::CaseTest>& tes
 Type StatementChecker::loopType(const syntax::LoopVariable& form) {
     if (form.type) return attempt([&] { return typeOf(*form.type); });
     return attempt([&] {
-        const Operand variable = expressions_.operand({form.name.offset, syntax::Reference{form.name.text}});
+        const Operand variable = expressions_.operand({form.name.offset, syntax::Identifier{form.name.text}});
         if (!variable.isAssignable()) failCheck(form.name.offset, "this cannot be assigned to");
         return variable.type();
     });
@@ -100,8 +100,8 @@ Variable StatementChecker::loopVariable(const syntax::LoopVariable& form, const 
 ActionPtr StatementChecker::form(const syntax::For& loop, Offset offset) {
     return inScope(offset, [&] {
         const Type type = loopType(loop.variable);
-        const bool counts = type.is(Kind::Integer) || type.is(Kind::Double);
-        if (!counts && type.kind != Kind::Void)
+        const bool counts = type.is(Kind::integer) || type.is(Kind::real);
+        if (!counts && type.kind != Kind::nothing)
             diagnostics_.add(loop.variable.name.offset, "a For loop counts an Integer or a Double, not a " + nameOf(type));
         const auto bound = [&](const syntax::ExpressionPtr& expression) {
             return expression && counts ? stepValue(*expression, type) : nullptr;
@@ -123,18 +123,18 @@ ActionPtr StatementChecker::form(const syntax::ForEach& loop, Offset offset) {
             return found;
         });
         const VariablePlace held = scopes_.declareHidden(array.type);
-        const VariablePlace index = scopes_.declareHidden(Type::plain(Kind::Integer));
+        const VariablePlace index = scopes_.declareHidden(Type::plain(Kind::integer));
         Actions actions;
         actions.push_back(asStep(writeVariable(held, array.type, std::move(array.code)), offset));
 
         const Type elementType = array.type.element();
         const Type type = loopType(loop.variable);
         const Variable variable = loopVariable(loop.variable, type);
-        if (type.kind != Kind::Void && elementType.kind != Kind::Void && !isConvertible(elementType, type)) {
+        if (type.kind != Kind::nothing && elementType.kind != Kind::nothing && !isConvertible(elementType, type)) {
             diagnostics_.add(loop.variable.name.offset,
                              "the elements are of type " + nameOf(elementType) + ", but the variable is a " + nameOf(type));
         }
-        CodePtr element = readElement(readVariable(held, array.type), readVariable(index, Type::plain(Kind::Integer)),
+        CodePtr element = readElement(readVariable(held, array.type), readVariable(index, Type::plain(Kind::integer)),
                                       elementType, offset);
         CodePtr converted = language::converted(std::move(element), elementType, type, offset);
         ActionPtr assign = step(writeVariable(variable.place, type, std::move(converted)), false, offset);

@@ -33,8 +33,8 @@ std::vector<Argument> described(const std::vector<Operand>& operands) {
 
 // The type that takes values of both; Void stands for none yet.
 Type united(const Type& a, const Type& b) {
-    const Type variant = Type::plain(Kind::Variant);
-    if (a.kind == Kind::Void) return b;
+    const Type variant = Type::plain(Kind::variant);
+    if (a.kind == Kind::nothing) return b;
     if (a == variant || b == variant) return variant;
     if (implicitConversion(b, a)) return a;
     return implicitConversion(a, b) ? b : variant;
@@ -60,8 +60,8 @@ Type united(const Type& a, const Type& b) {
 // ---- Names
 
 ClassInfo* ExpressionChecker::classNamedBy(const syntax::Expression& expression) const {
-    const auto* const reference = std::get_if<syntax::Reference>(&expression.form);
-    return reference && !scopes_.find(reference->name) ? registry().find(reference->name) : nullptr;
+    const auto* const identifier = std::get_if<syntax::Identifier>(&expression.form);
+    return identifier && !scopes_.find(identifier->name) ? registry().find(identifier->name) : nullptr;
 }
 
 void ExpressionChecker::failUnknownName(std::string_view name, Offset offset, bool called) const {
@@ -100,7 +100,7 @@ Operand ExpressionChecker::callProcedure(const OverloadSet& overloads, const Arg
 
 bool ExpressionChecker::makesArray(const syntax::Expression& expression) const {
     const auto* const call = std::get_if<syntax::Call>(&expression.form);
-    const auto* const callee = call ? std::get_if<syntax::Reference>(&call->callee->form) : nullptr;
+    const auto* const callee = call ? std::get_if<syntax::Identifier>(&call->callee->form) : nullptr;
     return callee && equalIgnoringCase(callee->name, newArrayName) && !scopes_.find(callee->name) &&
            procedures_.find(callee->name).empty();
 }
@@ -115,7 +115,7 @@ Operand ExpressionChecker::newArray(const Arguments& elements, const std::option
         if (type.isArray) failCheck(element->offset, "there are no arrays of arrays");
         if (!elementType) common = united(common, type);
     }
-    if (common.kind == Kind::Void || common.isNil()) common = Type::plain(Kind::Variant);
+    if (common.kind == Kind::nothing || common.isNil()) common = Type::plain(Kind::variant);
     std::vector<CodePtr> codes;
     for (std::size_t i = 0; i < values.size(); ++i)
         codes.push_back(convert(std::move(values[i].code), values[i].type, common, elements[i]->offset));
@@ -126,13 +126,13 @@ Operand ExpressionChecker::upperBound(const Arguments& arguments, Offset offset)
     if (arguments.size() != 1) failCheck(offset, "UBound takes one array");
     Value array = value(*arguments.front());
     if (!array.type.isArray) failCheck(arguments.front()->offset, "this is of type " + nameOf(array.type) + ", no array");
-    return Operand::result(Type::plain(Kind::Integer), upperBoundOf(std::move(array.code), offset));
+    return Operand::result(Type::plain(Kind::integer), upperBoundOf(std::move(array.code), offset));
 }
 
 Operand ExpressionChecker::plainConversion(const Type& type, const Arguments& arguments, Offset offset) {
     if (arguments.size() != 1) failCheck(offset, "a conversion to " + nameOf(type) + " takes one value");
     Value found = value(*arguments.front());
-    const bool asText = type.kind == Kind::String && (found.type.isArray || found.type.kind != Kind::Variant);
+    const bool asText = type.kind == Kind::string && (found.type.isArray || found.type.kind != Kind::variant);
     return Operand::computed(type, asText ? text(std::move(found))
                                           : convert(std::move(found.code), found.type, type, arguments.front()->offset));
 }
@@ -143,11 +143,11 @@ Operand ExpressionChecker::cast(const ClassInfo& info, const Arguments& argument
     Value object = value(*arguments.front());
     const Type target = Type::object(info.name());
     const bool related =
-        object.type.kind == Kind::Variant || (object.type.kind == Kind::Object && !object.type.isNil() &&
+        object.type.kind == Kind::variant || (object.type.kind == Kind::object && !object.type.isNil() &&
                                               (isConvertible(object.type, target) || isConvertible(target, object.type)));
     if (object.type.isArray || !related)
         failCheck(arguments.front()->offset, "this is of type " + nameOf(object.type) + " and never is a " + info.name());
-    return Operand::computed(target, converted(std::move(object.code), Type::plain(Kind::Variant), target, offset));
+    return Operand::computed(target, converted(std::move(object.code), Type::plain(Kind::variant), target, offset));
 }
 
 // ---- Members
@@ -156,12 +156,12 @@ Operand ExpressionChecker::form(const syntax::Member& member, Offset) { return t
 
 Operand ExpressionChecker::form(const syntax::Call& call, Offset offset) {
     if (const auto* const called = std::get_if<syntax::Member>(&call.callee->form)) return member(*called, &call.arguments);
-    if (const auto* const reference = std::get_if<syntax::Reference>(&call.callee->form)) {
-        if (!scopes_.find(reference->name)) {
-            const ClassInfo* const info = registry().find(reference->name);
-            const Type plain = typeNamed(reference->name);
-            if (plain.kind != Kind::Object) return plainConversion(plain, call.arguments, offset);
-            return info ? cast(*info, call.arguments, offset) : function(reference->name, call.arguments, offset);
+    if (const auto* const identifier = std::get_if<syntax::Identifier>(&call.callee->form)) {
+        if (!scopes_.find(identifier->name)) {
+            const ClassInfo* const info = registry().find(identifier->name);
+            const Type plain = typeNamed(identifier->name);
+            if (plain.kind != Kind::object) return plainConversion(plain, call.arguments, offset);
+            return info ? cast(*info, call.arguments, offset) : function(identifier->name, call.arguments, offset);
         }
     }
     return element(value(*call.callee), call.arguments, offset);
@@ -171,9 +171,9 @@ Operand ExpressionChecker::member(const syntax::Member& member, const Arguments*
     if (ClassInfo* const info = classNamedBy(*member.object)) return sharedMember(*info, member.name, arguments);
     Value object = value(*member.object);
     if (object.type.isArray) return arrayMember(std::move(object), member.name, arguments);
-    if (object.type.kind == Kind::Variant)
+    if (object.type.kind == Kind::variant)
         failCheck(member.name.offset, "a Variant has no members; convert it to its class first, as in NSColorZRX(value)");
-    if (object.type.kind != Kind::Object || object.type.isNil())
+    if (object.type.kind != Kind::object || object.type.isNil())
         failCheck(member.name.offset, nameOf(object.type) + " has no members");
     ClassInfo* const info = registry().find(object.type.className);
     if (!info) {
@@ -209,9 +209,10 @@ Operand ExpressionChecker::objectMember(ClassInfo& info, CodePtr object, const N
     }
     const OverloadSet overloads = info.findMethods(name.text);
     if (overloads.empty()) {
-        if (info.findConstant(name.text) || !info.findSharedMethods(name.text).empty())
+        if (info.findConstant(name.text) || !info.findSharedMethods(name.text).empty()) {
             failCheck(name.offset,
                       quoted(name.text) + " belongs to the class: write " + info.name() + "." + std::string(name.text));
+        }
         failUnknownMember(info, name);
     }
     const std::string what = info.name() + "." + overloads.front()->signature.name;
@@ -249,15 +250,15 @@ Operand ExpressionChecker::arrayMember(Value array, const Name& name, const Argu
     switch (found->action) {
     case Change::append: return Operand::result({}, appendToArray(std::move(array.code), argument(0, elementType), offset));
     case Change::insert: {
-        CodePtr index = argument(0, Type::plain(Kind::Integer));
+        CodePtr index = argument(0, Type::plain(Kind::integer));
         return Operand::result({},
                                insertIntoArray(std::move(array.code), std::move(index), argument(1, elementType), offset));
     }
     case Change::remove:
-        return Operand::result({}, removeFromArray(std::move(array.code), argument(0, Type::plain(Kind::Integer)), offset));
+        return Operand::result({}, removeFromArray(std::move(array.code), argument(0, Type::plain(Kind::integer)), offset));
     case Change::count: break;
     }
-    return Operand::computed(Type::plain(Kind::Integer),
+    return Operand::computed(Type::plain(Kind::integer),
                              transform(upperBoundOf(std::move(array.code), offset),
                                        [](Slot bound) { return Slot::ofInteger(bound.integer + 1); }));
 }
@@ -266,7 +267,7 @@ Operand ExpressionChecker::element(Value array, const Arguments& arguments, Offs
     if (!array.type.isArray) failCheck(offset, "this is of type " + nameOf(array.type) + "; only an array has elements");
     if (arguments.size() != 1) failCheck(offset, "an array element has one index");
     Type type = array.type.element();
-    return Operand::element(std::move(type), std::move(array.code), valueAs(*arguments.front(), Type::plain(Kind::Integer)),
+    return Operand::element(std::move(type), std::move(array.code), valueAs(*arguments.front(), Type::plain(Kind::integer)),
                             offset);
 }
 
@@ -310,12 +311,12 @@ std::vector<ArgumentCode> ExpressionChecker::bind(const Resolution& resolution, 
     for (const Binding& binding : resolution.bindings) {
         const Type& type = binding.parameter->type;
         switch (binding.source) {
-        case Binding::Source::Argument: codes.push_back({argument(binding.first, type), nullptr, nullptr}); break;
-        case Binding::Source::Reference: codes.push_back(operands[binding.first].reference()); break;
-        case Binding::Source::Default:
+        case Binding::Source::argument: codes.push_back({argument(binding.first, type), nullptr, nullptr}); break;
+        case Binding::Source::byReference: codes.push_back(operands[binding.first].byReference()); break;
+        case Binding::Source::defaultValue:
             codes.push_back({literalCode(*binding.parameter->defaultValue), nullptr, nullptr});
             break;
-        case Binding::Source::ParamArray: {
+        case Binding::Source::paramArray: {
             std::vector<CodePtr> elements;
             for (std::size_t i = 0; i < binding.conversions.size(); ++i)
                 elements.push_back(argument(binding.first + i, type.element()));

@@ -20,9 +20,9 @@ ActionPtr Checker::check(const syntax::Block& block, Diagnostics& diagnostics) {
 }
 
 Checker::Meaning Checker::meaningOf(const syntax::Expression& expression) {
-    const auto* const reference = std::get_if<syntax::Reference>(&expression.form);
-    if (reference && !scopes_.find(reference->name))
-        if (ClassInfo* const info = registry().find(reference->name)) return {{}, info};
+    const auto* const identifier = std::get_if<syntax::Identifier>(&expression.form);
+    if (identifier && !scopes_.find(identifier->name))
+        if (ClassInfo* const info = registry().find(identifier->name)) return {{}, info};
     try {
         return {ExpressionChecker(scopes_, procedures_).operand(expression).type(), nullptr};
     } catch (const CheckError&) {

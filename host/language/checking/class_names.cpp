@@ -23,7 +23,7 @@ constexpr std::string_view objectName = "Object";
 
 Type typeOf(const syntax::Name& name) {
     const Type type = typeNamed(name.text);
-    if (type.kind != Kind::Object || equalIgnoringCase(name.text, objectName)) return type;
+    if (type.kind != Kind::object || equalIgnoringCase(name.text, objectName)) return type;
     const ClassInfo* const info = registry().find(name.text);
     if (!info) failUnknown(name, true);
     return Type::object(info->name());

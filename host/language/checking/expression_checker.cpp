@@ -23,7 +23,7 @@ Operand ExpressionChecker::operand(const syntax::Expression& expression) {
 
 Value ExpressionChecker::value(const syntax::Expression& expression) {
     Operand found = operand(expression);
-    if (found.type().kind == Kind::Void) failCheck(expression.offset, "this call gives no value");
+    if (found.type().kind == Kind::nothing) failCheck(expression.offset, "this call gives no value");
     Type type = found.type();
     return {std::move(type), read(std::move(found), expression.offset)};
 }
@@ -55,21 +55,21 @@ Operand ExpressionChecker::form(const Literal& literal, Offset) {
     return Operand::computed(literal.type(), literalCode(literal));
 }
 
-Operand ExpressionChecker::form(const syntax::Reference& reference, Offset offset) {
-    if (const Variable* const variable = scopes_.find(reference.name)) {
-        if (variable->type.kind == Kind::Void) throw CheckError{offset, {}};
+Operand ExpressionChecker::form(const syntax::Identifier& identifier, Offset offset) {
+    if (const Variable* const variable = scopes_.find(identifier.name)) {
+        if (variable->type.kind == Kind::nothing) throw CheckError{offset, {}};
         if (variable->constant) return Operand::computed(variable->type, literalCode(*variable->constant));
         return Operand::variable(*variable);
     }
-    if (registry().find(reference.name))
-        failCheck(offset, "'" + std::string(reference.name) + "' is a class; a value is needed here");
-    return function(reference.name, {}, offset);
+    if (registry().find(identifier.name))
+        failCheck(offset, "'" + std::string(identifier.name) + "' is a class; a value is needed here");
+    return function(identifier.name, {}, offset);
 }
 
 Operand ExpressionChecker::form(const syntax::IsA& test, Offset offset) {
     Value object = value(*test.object);
     if (!object.type.isObjectReference()) failCheck(offset, "IsA asks objects, not a value of type " + nameOf(object.type));
-    return Operand::computed(Type::plain(Kind::Boolean), isOfClass(std::move(object.code), classOf(test.className)));
+    return Operand::computed(Type::plain(Kind::boolean), isOfClass(std::move(object.code), classOf(test.className)));
 }
 
 // ---- Constants
@@ -78,9 +78,9 @@ bool ExpressionChecker::isConstant(const syntax::Expression& expression) const {
     if (const auto* const unary = std::get_if<syntax::Unary>(&expression.form)) return isConstant(*unary->operand);
     if (const auto* const binary = std::get_if<syntax::Binary>(&expression.form))
         return isConstant(*binary->left) && isConstant(*binary->right);
-    if (const auto* const reference = std::get_if<syntax::Reference>(&expression.form)) {
-        const Variable* const variable = scopes_.find(reference->name);
-        return variable && (variable->constant || variable->type.kind == Kind::Void);
+    if (const auto* const identifier = std::get_if<syntax::Identifier>(&expression.form)) {
+        const Variable* const variable = scopes_.find(identifier->name);
+        return variable && (variable->constant || variable->type.kind == Kind::nothing);
     }
     if (const auto* const member = std::get_if<syntax::Member>(&expression.form)) {
         const ClassInfo* const info = classNamedBy(*member->object);
@@ -94,7 +94,7 @@ Literal ExpressionChecker::constantValue(const syntax::Expression& expression, c
     Value found = value(expression);
     if (found.type.isNil() && wanted && wanted->isObjectReference()) return {};
     const Type type = wanted ? *wanted : found.type;
-    const bool simple = type.isNumber() || type.is(Kind::Boolean) || type.is(Kind::String);
+    const bool simple = type.isNumber() || type.is(Kind::boolean) || type.is(Kind::string);
     if (!simple) failCheck(expression.offset, "a constant cannot be of type " + nameOf(type));
     const CodePtr code = convert(std::move(found.code), found.type, type, expression.offset);
     std::ostream nowhere(nullptr);
@@ -104,10 +104,10 @@ Literal ExpressionChecker::constantValue(const syntax::Expression& expression, c
         const Slot result = code->evaluate(frame);
         Literal literal;
         switch (type.kind) {
-        case Kind::Boolean: literal.value = result.boolean != 0; break;
-        case Kind::Integer: literal.value = result.integer; break;
-        case Kind::Double: literal.value = result.real; break;
-        case Kind::Color: literal.value = result.color; break;
+        case Kind::boolean: literal.value = result.boolean != 0; break;
+        case Kind::integer: literal.value = result.integer; break;
+        case Kind::real: literal.value = result.real; break;
+        case Kind::color: literal.value = result.color; break;
         default: literal.value = utf8Of(result.string);
         }
         frame.release({0, 0});

@@ -31,7 +31,7 @@ public:
     Operand newObject(const syntax::New& form, Offset offset);
 
     // The value of an expression of literals and constants, converted to the type if there is one.
-    Literal constantValue(const syntax::Expression& expression, const std::optional<Type>& type);
+    Literal constantValue(const syntax::Expression& expression, const std::optional<Type>& wanted);
 
     // The comparison of a value with that of an expression.
     CodePtr comparison(syntax::Operator operation, Value left, const syntax::Expression& right);
@@ -47,7 +47,7 @@ private:
     using Operands = std::vector<Operand>;
 
     Operand form(const Literal& literal, Offset offset);
-    Operand form(const syntax::Reference& reference, Offset offset);
+    Operand form(const syntax::Identifier& identifier, Offset offset);
     Operand form(const syntax::Member& member, Offset offset);
     Operand form(const syntax::Call& call, Offset offset);
     Operand form(const syntax::New& form, Offset offset) { return newObject(form, offset); }

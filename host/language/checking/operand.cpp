@@ -47,7 +47,7 @@ CodePtr Operand::read() {
     return readProperty(*place.property, std::move(place.object), place.offset);
 }
 
-ArgumentCode Operand::reference() {
+ArgumentCode Operand::byReference() {
     if (const auto* const variable = std::get_if<VariablePlace>(&form_))
         return {addressOfVariable(*variable), nullptr, nullptr, Counting::none};
     auto& element = std::get<ElementPlace>(form_);

@@ -36,7 +36,7 @@ public:
 
     // Each of these uses the operand up. A property that is read must have a getter.
     CodePtr read();
-    ArgumentCode reference();        // isAssignable
+    ArgumentCode byReference();      // isAssignable
     ActionPtr assign(CodePtr value); // isWritable; the value is of the operand's type
 
 private:

@@ -15,7 +15,7 @@ static_assert(std::size(symbols) == static_cast<std::size_t>(Operator::logicalXo
 
 std::string symbolOf(Operator operation) { return symbols[static_cast<std::size_t>(operation)]; }
 
-bool isWhole(const Type& type) { return type.is(Kind::Integer) || type.is(Kind::Color); }
+bool isWhole(const Type& type) { return type.is(Kind::integer) || type.is(Kind::color); }
 
 [[noreturn]] void failOperands(Operator operation, const Type& left, const Type& right, Offset offset) {
     failCheck(offset, "'" + symbolOf(operation) + "' cannot be applied to " + nameOf(left) + " and " + nameOf(right));
@@ -25,9 +25,9 @@ bool isWhole(const Type& type) { return type.is(Kind::Integer) || type.is(Kind::
 
 // A number as Integer or Double. Colours take part as their number.
 CodePtr ExpressionChecker::number(Value value, Kind kind) {
-    if (value.type.is(Kind::Color)) {
-        value.code = converted(std::move(value.code), value.type, Type::plain(Kind::Integer), 0);
-        value.type = Type::plain(Kind::Integer);
+    if (value.type.is(Kind::color)) {
+        value.code = converted(std::move(value.code), value.type, Type::plain(Kind::integer), 0);
+        value.type = Type::plain(Kind::integer);
     }
     return converted(std::move(value.code), value.type, Type::plain(kind), 0);
 }
@@ -36,13 +36,14 @@ Operand ExpressionChecker::form(const syntax::Unary& unary, Offset offset) {
     Value operand = value(*unary.operand);
     const bool whole = isWhole(operand.type);
     if (unary.operation == Operator::logicalNot) {
-        if (operand.type.is(Kind::Boolean))
-            return Operand::computed(Type::plain(Kind::Boolean), inverted(Kind::Boolean, std::move(operand.code)));
-        if (whole)
-            return Operand::computed(Type::plain(Kind::Integer),
-                                     inverted(Kind::Integer, number(std::move(operand), Kind::Integer)));
+        if (operand.type.is(Kind::boolean))
+            return Operand::computed(Type::plain(Kind::boolean), inverted(Kind::boolean, std::move(operand.code)));
+        if (whole) {
+            return Operand::computed(Type::plain(Kind::integer),
+                                     inverted(Kind::integer, number(std::move(operand), Kind::integer)));
+        }
     } else if (operand.type.isNumber()) {
-        const Kind kind = whole ? Kind::Integer : Kind::Double;
+        const Kind kind = whole ? Kind::integer : Kind::real;
         return Operand::computed(Type::plain(kind), negated(kind, number(std::move(operand), kind)));
     }
     failCheck(offset, "'" + symbolOf(unary.operation) + "' cannot be applied to " + nameOf(operand.type));
@@ -54,7 +55,7 @@ Operand ExpressionChecker::form(const syntax::Binary& binary, Offset offset) {
     switch (binary.operation) {
     case Operator::join: {
         CodePtr first = text(std::move(left));
-        return Operand::computed(Type::plain(Kind::String), joined(std::move(first), text(std::move(right))));
+        return Operand::computed(Type::plain(Kind::string), joined(std::move(first), text(std::move(right))));
     }
     case Operator::logicalAnd:
     case Operator::logicalOr:
@@ -71,7 +72,7 @@ Operand ExpressionChecker::form(const syntax::Binary& binary, Offset offset) {
 }
 
 Operand ExpressionChecker::arithmetic(Operator operation, Value left, Value right, Offset offset) {
-    const bool strings = left.type.is(Kind::String) || right.type.is(Kind::String);
+    const bool strings = left.type.is(Kind::string) || right.type.is(Kind::string);
     if (operation == Operator::add && strings) {
         if (left.type == right.type)
             return Operand::computed(left.type, joined(std::move(left.code), std::move(right.code)));
@@ -82,7 +83,7 @@ Operand ExpressionChecker::arithmetic(Operator operation, Value left, Value righ
     const bool wholeResult = operation == Operator::integerDivide || operation == Operator::modulo;
     const bool realResult = operation == Operator::divide || operation == Operator::power;
     const bool wholeOperands = isWhole(left.type) && isWhole(right.type);
-    const Kind kind = wholeResult || (wholeOperands && !realResult) ? Kind::Integer : Kind::Double;
+    const Kind kind = wholeResult || (wholeOperands && !realResult) ? Kind::integer : Kind::real;
     CodePtr first = number(std::move(left), kind);
     CodePtr second = number(std::move(right), kind);
     return Operand::computed(Type::plain(kind),
@@ -92,20 +93,20 @@ Operand ExpressionChecker::arithmetic(Operator operation, Value left, Value righ
 Operand ExpressionChecker::comparison(Operator operation, Value left, Value right, Offset offset) {
     const bool identity = operation == Operator::equal || operation == Operator::notEqual || operation == Operator::is;
     const auto compared = [&](Kind kind, CodePtr first, CodePtr second) {
-        return Operand::computed(Type::plain(Kind::Boolean),
+        return Operand::computed(Type::plain(Kind::boolean),
                                  language::comparison(operation, kind, std::move(first), std::move(second)));
     };
     if (identity && left.type.isObjectReference() && right.type.isObjectReference())
-        return compared(Kind::Object, std::move(left.code), std::move(right.code));
+        return compared(Kind::object, std::move(left.code), std::move(right.code));
     if (operation == Operator::is)
         failCheck(offset, "'Is' compares objects, not " + nameOf(left.type) + " and " + nameOf(right.type));
     if (left.type.isNumber() && right.type.isNumber()) {
-        const Kind kind = isWhole(left.type) && isWhole(right.type) ? Kind::Integer : Kind::Double;
+        const Kind kind = isWhole(left.type) && isWhole(right.type) ? Kind::integer : Kind::real;
         CodePtr first = number(std::move(left), kind);
         return compared(kind, std::move(first), number(std::move(right), kind));
     }
-    const bool booleans = left.type.is(Kind::Boolean) && right.type.is(Kind::Boolean);
-    const bool strings = left.type.is(Kind::String) && right.type.is(Kind::String);
+    const bool booleans = left.type.is(Kind::boolean) && right.type.is(Kind::boolean);
+    const bool strings = left.type.is(Kind::string) && right.type.is(Kind::string);
     if (strings || (booleans && identity)) return compared(left.type.kind, std::move(left.code), std::move(right.code));
     failOperands(operation, left.type, right.type, offset);
 }
@@ -115,16 +116,16 @@ CodePtr ExpressionChecker::comparison(Operator operation, Value left, const synt
 }
 
 Operand ExpressionChecker::logic(Operator operation, Value left, Value right, Offset offset) {
-    const bool booleans = left.type.is(Kind::Boolean) && right.type.is(Kind::Boolean);
+    const bool booleans = left.type.is(Kind::boolean) && right.type.is(Kind::boolean);
     if (!booleans && !(isWhole(left.type) && isWhole(right.type))) failOperands(operation, left.type, right.type, offset);
     if (booleans) {
-        return Operand::computed(Type::plain(Kind::Boolean),
-                                 language::logic(operation, Kind::Boolean, std::move(left.code), std::move(right.code)));
+        return Operand::computed(Type::plain(Kind::boolean),
+                                 language::logic(operation, Kind::boolean, std::move(left.code), std::move(right.code)));
     }
-    CodePtr first = number(std::move(left), Kind::Integer);
-    CodePtr second = number(std::move(right), Kind::Integer);
-    return Operand::computed(Type::plain(Kind::Integer),
-                             language::logic(operation, Kind::Integer, std::move(first), std::move(second)));
+    CodePtr first = number(std::move(left), Kind::integer);
+    CodePtr second = number(std::move(right), Kind::integer);
+    return Operand::computed(Type::plain(Kind::integer),
+                             language::logic(operation, Kind::integer, std::move(first), std::move(second)));
 }
 
 } // namespace host::language

@@ -62,9 +62,10 @@ std::unique_ptr<Procedure> StatementChecker::declaration(const syntax::Procedure
     procedure->text = describe(*procedure, form);
     procedure->declaration = procedure->text.c_str();
     procedure->shared = true;
-    for (const auto& [other, made] : declared_)
+    for (const auto& [other, made] : declared_) {
         if (procedures_.findSame(*procedure) == made)
             failCheck(form.name.offset, "'" + std::string(form.name.text) + "' is declared twice with these parameters");
+    }
     return procedure;
 }
 
@@ -84,7 +85,7 @@ ActionPtr StatementChecker::body(const syntax::Procedure& form, Procedure& proce
             const Parameter& parameter = procedure.signature.parameters[i];
             if (!mayDeclare(name)) continue;
             if (parameter.byRef) {
-                scopes_.declareReference(name.text, parameter.type, name.offset);
+                scopes_.declareByReference(name.text, parameter.type, name.offset);
             } else {
                 scopes_.declare(name.text, parameter.type, name.offset);
             }

@@ -38,9 +38,9 @@ const Variable& Scopes::declare(std::string_view name, Type type, Offset offset)
         .first->second;
 }
 
-const Variable& Scopes::declareReference(std::string_view name, Type type, Offset offset) {
+const Variable& Scopes::declareByReference(std::string_view name, Type type, Offset offset) {
     VariablePlace place = newPlace();
-    place.storage = VariablePlace::Storage::reference;
+    place.storage = VariablePlace::Storage::byReference;
     return blocks_.back()
         .variables.insert_or_assign(std::string(name), Variable{place, std::move(type), offset})
         .first->second;
@@ -65,9 +65,10 @@ VariablePlace Scopes::newPlace() {
 
 std::vector<std::string> Scopes::names() const {
     std::vector<std::string> names;
-    for (const Block& block : blocks_)
+    for (const Block& block : blocks_) {
         for (const auto& entry : block.variables)
             names.push_back(entry.first);
+    }
     return names;
 }
 

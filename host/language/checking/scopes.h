@@ -16,7 +16,7 @@ namespace host::language {
 // A variable, or the name of a constant, which has a value but no place.
 struct Variable {
     VariablePlace place;
-    Type type;       // Kind::Void when its declaration was wrong: uses of it then are no errors of their own
+    Type type;       // Kind::nothing when its declaration was wrong: uses of it then are no errors of their own
     Offset declared; // where
     std::optional<Literal> constant = {};
 };
@@ -41,7 +41,7 @@ public:
 
     // The name must not be declared here yet.
     const Variable& declare(std::string_view name, Type type, Offset offset);
-    const Variable& declareReference(std::string_view name, Type type, Offset offset); // a parameter by reference
+    const Variable& declareByReference(std::string_view name, Type type, Offset offset); // a parameter by reference
     void declareConstant(std::string_view name, Literal value, Offset offset);
     // A variable that has no name in the program.
     VariablePlace declareHidden(const Type& type);

@@ -42,7 +42,7 @@ ActionPtr StatementChecker::form(const syntax::Dim& dim, Offset offset) {
 // A declaration that fails still declares its name, so that its uses are no errors of their own.
 ActionPtr StatementChecker::declared(const syntax::Declarator& declarator, const syntax::Dim::Group& group, const Type& type,
                                      Offset offset) {
-    const bool known = type.kind != Kind::Void;
+    const bool known = type.kind != Kind::nothing;
     CodePtr value = attempt([&] { return known ? initialValue(declarator, group, type) : nullptr; });
     const Variable variable = declare(declarator.name, declarator.isArray && known ? type.arrayOf() : type);
     return asStep(writeVariable(variable.place, variable.type, std::move(value)), offset);
@@ -51,7 +51,7 @@ ActionPtr StatementChecker::declared(const syntax::Declarator& declarator, const
 CodePtr StatementChecker::initialValue(const syntax::Declarator& declarator, const syntax::Dim::Group& group,
                                        const Type& type) {
     if (declarator.isArray && !group.value) {
-        CodePtr bound = declarator.upperBound ? expressions_.valueAs(*declarator.upperBound, Type::plain(Kind::Integer))
+        CodePtr bound = declarator.upperBound ? expressions_.valueAs(*declarator.upperBound, Type::plain(Kind::integer))
                                               : constant(Slot::ofInteger(-1));
         return makeArray(type, std::move(bound), declarator.name.offset);
     }
@@ -62,10 +62,10 @@ CodePtr StatementChecker::initialValue(const syntax::Declarator& declarator, con
 }
 
 ActionPtr StatementChecker::form(const syntax::ReDim& reDim, Offset offset) {
-    const syntax::Expression reference{reDim.array.offset, syntax::Reference{reDim.array.text}};
+    const syntax::Expression reference{reDim.array.offset, syntax::Identifier{reDim.array.text}};
     Value array = expressions_.value(reference);
     if (!array.type.isArray) failCheck(reDim.array.offset, "this is of type " + nameOf(array.type) + ", no array");
-    CodePtr bound = expressions_.valueAs(*reDim.upperBound, Type::plain(Kind::Integer));
+    CodePtr bound = expressions_.valueAs(*reDim.upperBound, Type::plain(Kind::integer));
     return asStep(resizeArray(std::move(array.code), std::move(bound), reDim.array.offset), offset);
 }
 
@@ -117,9 +117,9 @@ ActionPtr StatementChecker::form(const syntax::Raise& statement, Offset offset) 
 ActionPtr StatementChecker::form(const syntax::Return& statement, Offset offset) {
     const bool wanted = procedure_ && procedure_->result;
     if (wanted && !statement.value) failCheck(offset, "a Function returns a value");
-    if (!statement.value) return leave({Completion::Kind::leaveProcedure, 0});
+    if (!statement.value) return leave({Completion::Ending::leaveProcedure, 0});
     if (!wanted) failCheck(statement.value->offset, "only a Function returns a value");
-    if (resultType_.kind == Kind::Void) return nullptr; // was wrong
+    if (resultType_.kind == Kind::nothing) return nullptr; // was wrong
     return asStep(returnValue(expressions_.valueAs(*statement.value, resultType_)), offset);
 }
 
@@ -130,11 +130,11 @@ ActionPtr StatementChecker::form(const syntax::Leave& statement, Offset offset) 
     if (statement.what == Surrounding::sub || statement.what == Surrounding::function) {
         const bool isFunction = statement.what == Surrounding::function;
         if (!procedure_ || procedure_->result.has_value() != isFunction) failCheck(offset, "this is not inside a " + what);
-        return leave({Completion::Kind::leaveProcedure, 0});
+        return leave({Completion::Ending::leaveProcedure, 0});
     }
     for (std::size_t i = loops_.size(); i-- > 0;) {
         if (statement.what != Surrounding::anyLoop && statement.what != loops_[i]) continue;
-        return leave({statement.continues ? Completion::Kind::continueLoop : Completion::Kind::exitLoop,
+        return leave({statement.continues ? Completion::Ending::continueLoop : Completion::Ending::exitLoop,
                       static_cast<std::uint16_t>(i + 1)});
     }
     failCheck(offset, "this is not inside a " + what + (statement.what == Surrounding::anyLoop ? "" : " loop"));
@@ -142,7 +142,7 @@ ActionPtr StatementChecker::form(const syntax::Leave& statement, Offset offset) 
 
 ActionPtr StatementChecker::form(const syntax::Presentation& presentation, Offset offset) {
     Operand shown = expressions_.operand(*presentation.value);
-    if (shown.type().kind == Kind::Void) return asStep(discard(shown.read()), offset);
+    if (shown.type().kind == Kind::nothing) return asStep(discard(shown.read()), offset);
     Value value = expressions_.value(*presentation.value);
     expressions_.requirePool(); // to describe it takes more calls
     return asStep(present(std::move(value.code), value.type), offset);

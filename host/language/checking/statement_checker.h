@@ -31,7 +31,7 @@ private:
     ActionPtr form(const syntax::Assignment& assignment, Offset offset);
     ActionPtr form(const syntax::Evaluation& evaluation, Offset offset);
     ActionPtr form(const syntax::Print& statement, Offset offset);
-    ActionPtr form(const syntax::Const& constant, Offset offset);
+    ActionPtr form(const syntax::Const& form, Offset offset);
     ActionPtr form(const syntax::Raise& statement, Offset offset);
     ActionPtr form(const syntax::Return& statement, Offset offset);
     ActionPtr form(const syntax::Leave& statement, Offset offset);
@@ -56,11 +56,11 @@ private:
     CodePtr caseCondition(const std::vector<syntax::CaseTest>& tests, const Variable& value);
     Type loopType(const syntax::LoopVariable& form);
     Variable loopVariable(const syntax::LoopVariable& form, const Type& type);
-    LoopBody loopBody(syntax::Surrounding kind, const syntax::Block& block, Offset offset);
+    LoopBody loopBody(syntax::Surrounding what, const syntax::Block& form, Offset offset);
     CodePtr stepValue(const syntax::Expression& expression, const Type& type);
 
     // Procedures (procedure_checker.cpp).
-    ActionPtr form(const syntax::Procedure& procedure, Offset offset);
+    ActionPtr form(const syntax::Procedure& form, Offset offset);
     std::unique_ptr<Procedure> declaration(const syntax::Procedure& form);
     ActionPtr body(const syntax::Procedure& form, Procedure& procedure);
 

@@ -21,10 +21,10 @@ String* strInteger(HostInteger value) { return newString(textOf(value)); }
 String* strDouble(double value) { return newString(textOf(value)); }
 String* strColor(HostColor value) { return newString("&h" + hexOf(value, 8)); }
 
-constexpr HostInteger mostHexDigits = 64;
+constexpr HostInteger maxHexDigits = 64;
 
 String* hexInteger(HostInteger value, HostInteger digits) {
-    const HostInteger shown = std::clamp(digits, HostInteger{0}, mostHexDigits);
+    const HostInteger shown = std::clamp(digits, HostInteger{0}, maxHexDigits);
     return newString(hexOf(static_cast<std::uintptr_t>(value), static_cast<std::size_t>(shown)));
 }
 String* hexColor(HostColor value, HostInteger digits) { return hexInteger(integerOf(value), digits); }

@@ -14,7 +14,7 @@ namespace {
 // What a property, or a method without arguments, answers. None when there is no such member, or when it raises.
 std::optional<std::string> textMember(Object* object, std::string_view name) {
     const platform::AutoreleasePool pool;
-    const Type type = Type::plain(Kind::String);
+    const Type type = Type::plain(Kind::string);
     Slot value;
     if (const Property* const property = object->info->findProperty(name);
         property && property->getter && property->type == type) {

@@ -14,7 +14,7 @@ namespace host::language::text {
 namespace {
 
 constexpr std::string_view blanks = " \t\r\n";
-constexpr std::size_t mostBytes = std::size_t{1} << 28;
+constexpr std::size_t maxBytes = std::size_t{1} << 28;
 
 String* trimmed(String* text, bool left, bool right) {
     const std::string bytes = utf8Of(text);
@@ -26,7 +26,7 @@ String* trimmed(String* text, bool left, bool right) {
 
 // False, with the exception recorded, when a text would have too many bytes.
 bool fits(std::size_t bytes) {
-    if (bytes <= mostBytes) return true;
+    if (bytes <= maxBytes) return true;
     raise("OutOfMemoryException", "A text cannot have more than 256 MB.");
     return false;
 }
@@ -93,7 +93,7 @@ String* repeat(String* text, HostInteger count) {
     const std::string bytes = utf8Of(text);
     if (count <= 0 || bytes.empty()) return nullptr;
     const auto times = static_cast<std::size_t>(count);
-    if (!fits(times > mostBytes ? times : bytes.size() * std::min(times, mostBytes / bytes.size() + 1))) return nullptr;
+    if (!fits(times > maxBytes ? times : bytes.size() * std::min(times, maxBytes / bytes.size() + 1))) return nullptr;
     std::string result;
     result.reserve(bytes.size() * times);
     for (std::size_t i = 0; i < times; ++i)
@@ -104,7 +104,7 @@ String* repeat(String* text, HostInteger count) {
 Array* split(String* text, String* delimiter) {
     const std::string bytes = utf8Of(text);
     const std::string between = utf8Of(delimiter);
-    Array* const parts = newArray(Type::plain(Kind::String));
+    Array* const parts = newArray(Type::plain(Kind::string));
     const auto append = [&](std::string_view part) {
         String* const string = newString(part);
         appendElement(parts, Slot::ofString(string));
@@ -154,11 +154,11 @@ HostInteger codeOf(String* text) {
 
 String* format(double value, String* patternText) {
     const Pattern pattern = parsePattern(utf8Of(patternText));
-    constexpr std::size_t mostDigits = 30;
+    constexpr std::size_t maxDigits = 30;
     const double shown = pattern.percent ? value * 100 : value;
     if (!std::isfinite(shown)) return newString(std::isnan(shown) ? "nan" : shown < 0 ? "-inf" : "inf");
-    const std::size_t required = std::min(pattern.digits, mostDigits);
-    const std::size_t most = std::min(required + pattern.optionalDigits, mostDigits);
+    const std::size_t required = std::min(pattern.digits, maxDigits);
+    const std::size_t most = std::min(required + pattern.optionalDigits, maxDigits);
     char buffer[400]; // a double has at most 309 digits before the point
     const auto written =
         std::to_chars(buffer, buffer + sizeof buffer, std::fabs(shown), std::chars_format::fixed, static_cast<int>(most));
@@ -170,7 +170,7 @@ String* format(double value, String* patternText) {
     const bool negative = shown < 0 && number.find_first_not_of("0.") != std::string_view::npos;
     if (whole == "0") whole.clear();
     if (whole.size() < pattern.wholeDigits)
-        whole.insert(0, std::min(pattern.wholeDigits, mostDigits) - std::min(whole.size(), mostDigits), '0');
+        whole.insert(0, std::min(pattern.wholeDigits, maxDigits) - std::min(whole.size(), maxDigits), '0');
     for (std::size_t at = whole.size(); pattern.grouped && at > 3;)
         whole.insert(at -= 3, ",");
     return newString((negative ? "-" : "") + pattern.prefix + whole + (fraction.empty() ? "" : ".") + fraction +

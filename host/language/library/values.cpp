@@ -62,14 +62,14 @@ std::string hexOf(std::uintptr_t value, std::size_t digits) {
 std::string textOf(const Type& type, Slot value) {
     if (type.isArray) return textOfArray(value.object);
     switch (type.kind) {
-    case Kind::Void: return {};
-    case Kind::Boolean: return textOf(value.boolean != 0);
-    case Kind::Integer: return textOf(value.integer);
-    case Kind::Double: return textOf(value.real);
-    case Kind::Color: return "&h" + hexOf(value.color, 8);
-    case Kind::String: return utf8Of(value.string);
-    case Kind::Object: return value.object ? textOf(value.object) : "Nil";
-    case Kind::Variant: return value.object ? textOfVariant(value.object) : "Nil";
+    case Kind::nothing: return {};
+    case Kind::boolean: return textOf(value.boolean != 0);
+    case Kind::integer: return textOf(value.integer);
+    case Kind::real: return textOf(value.real);
+    case Kind::color: return "&h" + hexOf(value.color, 8);
+    case Kind::string: return utf8Of(value.string);
+    case Kind::object: return value.object ? textOf(value.object) : "Nil";
+    case Kind::variant: return value.object ? textOfVariant(value.object) : "Nil";
     }
     return {};
 }

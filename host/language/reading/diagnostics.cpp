@@ -38,9 +38,9 @@ std::string Diagnostics::report(const Source& source) const {
 }
 
 void NearestName::offer(std::string_view name) {
-    constexpr std::size_t longestCompared = 200;
+    constexpr std::size_t maxCompared = 200;
     const std::size_t tolerated = std::max<std::size_t>(1, wanted_.size() / 4);
-    if (wanted_.size() < 2 || wanted_.size() > longestCompared || name.size() > wanted_.size() + tolerated ||
+    if (wanted_.size() < 2 || wanted_.size() > maxCompared || name.size() > wanted_.size() + tolerated ||
         wanted_.size() > name.size() + tolerated)
         return;
     const std::size_t distance = editDistance(wanted_, name);

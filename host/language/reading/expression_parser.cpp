@@ -129,7 +129,7 @@ ExpressionPtr ExpressionParser::primary() {
     }
     if (token.kind == TokenKind::name) {
         switch (token.keyword) {
-        case Keyword::none: tokens_.take(); return make(token.offset, syntax::Reference{token.text});
+        case Keyword::none: tokens_.take(); return make(token.offset, syntax::Identifier{token.text});
         case Keyword::nil: tokens_.take(); return literal(token.offset, std::monostate());
         case Keyword::trueValue: tokens_.take(); return literal(token.offset, true);
         case Keyword::falseValue: tokens_.take(); return literal(token.offset, false);

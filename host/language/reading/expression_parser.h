@@ -18,13 +18,13 @@ public:
 
     // One level more until this goes out of scope.
     void deepen(Offset offset) {
-        if (++depth_ > deepest)
-            throw SyntaxError{offset, "this is nested more than " + std::to_string(deepest) + " levels deep; split it up",
-                              true};
+        if (++depth_ <= maxDepth) return;
+        throw SyntaxError{offset, "this is nested more than " + std::to_string(maxDepth) + " levels deep; split it up",
+                          true};
     }
 
 private:
-    static constexpr unsigned deepest = 500;
+    static constexpr unsigned maxDepth = 500;
     unsigned& depth_;
     unsigned outer_;
 };

@@ -67,8 +67,8 @@ constexpr KeywordName keywords[] = {
 };
 
 Keyword keywordOf(std::string_view name) {
-    constexpr std::size_t longest = 10;
-    if (name.size() > longest) return Keyword::none;
+    constexpr std::size_t maxLength = 10;
+    if (name.size() > maxLength) return Keyword::none;
     for (const KeywordName& entry : keywords)
         if (equalIgnoringCase(name, entry.name)) return entry.keyword;
     return Keyword::none;
@@ -177,8 +177,8 @@ Token Lexer::name() {
     while (isNamePart(at(position_)))
         ++position_;
     Token token = finish(TokenKind::name, start);
-    constexpr std::size_t longest = 255;
-    if (token.text.size() > longest) fail(start, "a name has at most " + std::to_string(longest) + " characters");
+    constexpr std::size_t maxLength = 255;
+    if (token.text.size() > maxLength) fail(start, "a name has at most " + std::to_string(maxLength) + " characters");
     if (!afterDot_) token.keyword = keywordOf(token.text);
     return token;
 }

@@ -9,14 +9,14 @@ namespace {
 // What the lexer relies on.
 void checkText(std::string_view whole, Offset start) {
     const std::string_view text = whole.substr(start);
-    constexpr std::size_t largest = std::size_t{1} << 30;
-    if (whole.size() > largest) throw SyntaxError{0, "a program cannot be larger than 1 GB", true};
+    constexpr std::size_t maxSize = std::size_t{1} << 30;
+    if (whole.size() > maxSize) throw SyntaxError{0, "a program cannot be larger than 1 GB", true};
     const std::size_t invalid = utf8::findInvalid(text);
     const std::size_t null = text.find('\0');
     if (null < invalid) throw SyntaxError{static_cast<Offset>(start + null), "a NUL byte cannot stand in a program", true};
-    if (invalid != std::string_view::npos)
-        throw SyntaxError{static_cast<Offset>(start + invalid), "a program is UTF-8 text, and this byte is no part of any",
-                          true};
+    if (invalid == std::string_view::npos) return;
+    throw SyntaxError{static_cast<Offset>(start + invalid), "a program is UTF-8 text, and this byte is no part of any",
+                      true};
 }
 
 } // namespace

@@ -9,7 +9,7 @@ namespace host::language {
 namespace {
 
 // How much of a line is shown on either side of the caret.
-constexpr std::size_t shownCharacters = 160;
+constexpr std::size_t maxShownBeside = 160;
 
 std::size_t lineStart(std::string_view text, std::size_t offset) {
     while (offset > 0 && !isLineEnd(text[offset - 1]))
@@ -76,8 +76,8 @@ std::string Source::report(Offset offset, std::string_view message) const {
     std::size_t last = at;
     while (last < text.size() && !isLineEnd(text[last]))
         ++last;
-    if (at - first > shownCharacters) first = utf8::floor(text, at - shownCharacters);
-    if (last - at > shownCharacters) last = utf8::floor(text, at + shownCharacters);
+    if (at - first > maxShownBeside) first = utf8::floor(text, at - maxShownBeside);
+    if (last - at > maxShownBeside) last = utf8::floor(text, at + maxShownBeside);
 
     const auto marked = [this](const char* how, std::string_view part) {
         return colored_ ? how + std::string(part) + "\x1B[0m" : std::string(part);

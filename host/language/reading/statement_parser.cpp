@@ -71,9 +71,10 @@ syntax::Broken StatementParser::broken(const SyntaxError& error, Offset start) {
                               token.keyword == Keyword::forLoop || token.keyword == Keyword::sub ||
                               token.keyword == Keyword::function;
         for (; declares && token.kind != TokenKind::endOfStatement && token.kind != TokenKind::endOfFile;
-             token = again.next())
+             token = again.next()) {
             if (token.kind == TokenKind::name && token.keyword == Keyword::none)
                 form.names.push_back({token.offset, token.text});
+        }
     } catch (const SyntaxError&) { // reported above
     }
     return form;

@@ -47,7 +47,7 @@ enum class Operator : std::uint8_t {
     logicalXor,
 };
 
-struct Reference {
+struct Identifier {
     std::string_view name;
 };
 
@@ -85,7 +85,7 @@ struct IsA {
 
 struct Expression {
     Offset offset; // where a message about it points: the operator of a binary one, the name of a member
-    std::variant<Literal, Reference, Member, Call, New, Unary, Binary, IsA> form;
+    std::variant<Literal, Identifier, Member, Call, New, Unary, Binary, IsA> form;
 };
 
 // ---- Statements
@@ -144,7 +144,7 @@ struct Return {
     ExpressionPtr value; // null: none
 };
 
-// The kinds of what Exit and Continue leave.
+// What Exit and Continue can leave.
 enum class Surrounding : std::uint8_t { anyLoop, forLoop, whileLoop, doLoop, sub, function };
 
 // Exit For and its like, Continue [For].

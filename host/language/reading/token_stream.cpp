@@ -4,12 +4,12 @@ namespace host::language {
 namespace {
 
 std::string described(const Token& token) {
-    constexpr std::size_t longestShown = 40;
+    constexpr std::size_t maxShown = 40;
     switch (token.kind) {
     case TokenKind::endOfFile: return "the end of the program";
     case TokenKind::endOfStatement: return token.lineEnd ? "the end of the line" : "':'";
     case TokenKind::string: return "a text";
-    default: return token.text.size() > longestShown ? "this" : "'" + std::string(token.text) + "'";
+    default: return token.text.size() > maxShown ? "this" : "'" + std::string(token.text) + "'";
     }
 }
 

@@ -85,7 +85,7 @@ private:
         copy.counting = argument.counting;
         lock(copy.counting, copy.value);
         copy.array = array;
-        return Slot::ofReference(&copy.value);
+        return Slot::ofAddress(&copy.value);
     }
 
     std::vector<ArgumentCode> arguments_;

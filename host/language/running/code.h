@@ -26,11 +26,11 @@ using CodePtr = std::unique_ptr<Code>;
 
 // How an action ends: normally, or by a statement that leaves what is around it.
 struct Completion {
-    enum class Kind : std::uint8_t { normal, exitLoop, continueLoop, leaveProcedure };
-    Kind kind = Kind::normal;
-    std::uint16_t loop = 0; // of the first two kinds of leaving: how many loops are around the loop's body, itself included
+    enum class Ending : std::uint8_t { normal, exitLoop, continueLoop, leaveProcedure };
+    Ending ending = Ending::normal;
+    std::uint16_t loop = 0; // when a loop is left or goes on: how many loops are around the loop's body, itself included
 
-    bool isNormal() const { return kind == Kind::normal; }
+    bool isNormal() const { return ending == Ending::normal; }
 };
 
 class Action {

@@ -77,8 +77,8 @@ bool runOnce(Frame& frame, const LoopBody& loop, Completion& completion) {
     checkInterrupt(loop.offset);
     completion = loop.body->execute(frame);
     const bool own =
-        !completion.isNormal() && completion.kind != Completion::Kind::leaveProcedure && completion.loop == loop.depth;
-    const bool goesOn = completion.isNormal() || (own && completion.kind == Completion::Kind::continueLoop);
+        !completion.isNormal() && completion.ending != Completion::Ending::leaveProcedure && completion.loop == loop.depth;
+    const bool goesOn = completion.isNormal() || (own && completion.ending == Completion::Ending::continueLoop);
     if (own) completion = {};
     return goesOn;
 }
@@ -173,7 +173,7 @@ ActionPtr conditionLoop(CodePtr before, CodePtr after, LoopBody loop) {
 }
 
 ActionPtr forLoop(ForLoop form) {
-    return form.kind == Kind::Integer ? countingLoop(std::move(form), &Slot::integer)
+    return form.kind == Kind::integer ? countingLoop(std::move(form), &Slot::integer)
                                       : countingLoop(std::move(form), &Slot::real);
 }
 
@@ -197,7 +197,7 @@ ActionPtr leave(Completion completion) {
 ActionPtr returnValue(CodePtr value) {
     return makeAction([value = std::move(value)](Frame& frame) {
         frame.setResult(value->evaluate(frame));
-        return Completion{Completion::Kind::leaveProcedure, 0};
+        return Completion{Completion::Ending::leaveProcedure, 0};
     });
 }
 

@@ -4,7 +4,7 @@ namespace host::language {
 
 Counting countingOf(const Type& type) {
     if (type.isObjectReference()) return Counting::object;
-    return type.kind == Kind::String ? Counting::string : Counting::none;
+    return type.kind == Kind::string ? Counting::string : Counting::none;
 }
 
 void throwPending(Offset offset) { throw Raised(takePendingException(), offset); }

@@ -64,7 +64,7 @@ inline void checkPending(Offset offset) {
 // Where a variable is: among those of the program, among those of the procedure that runs, or, for a parameter by reference,
 // wherever the slot of the procedure points.
 struct VariablePlace {
-    enum class Storage : std::uint8_t { program, procedure, reference };
+    enum class Storage : std::uint8_t { program, procedure, byReference };
     Storage storage = Storage::program;
     std::uint32_t index = 0;
 };
@@ -99,7 +99,7 @@ public:
     Slot& variable(VariablePlace place) {
         if (place.storage == VariablePlace::Storage::program) return execution_.variables[place.index];
         Slot& slot = variables_[place.index];
-        return place.storage == VariablePlace::Storage::reference ? *static_cast<Slot*>(slot.reference) : slot;
+        return place.storage == VariablePlace::Storage::byReference ? *static_cast<Slot*>(slot.address) : slot;
     }
     Slot* procedureVariables() { return variables_.data(); }
     Execution& execution() { return execution_; }

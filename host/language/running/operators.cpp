@@ -91,7 +91,7 @@ CodePtr stringConstant(std::string text) {
 }
 
 CodePtr arithmetic(Operator operation, Kind kind, CodePtr left, CodePtr right, Offset offset) {
-    const bool integers = kind == Kind::Integer;
+    const bool integers = kind == Kind::integer;
     const auto with = [&](auto function) {
         return integers ? onIntegers(std::move(left), std::move(right), function)
                         : onReals(std::move(left), std::move(right), function);
@@ -115,23 +115,23 @@ CodePtr arithmetic(Operator operation, Kind kind, CodePtr left, CodePtr right, O
 
 CodePtr comparison(Operator operation, Kind kind, CodePtr left, CodePtr right) {
     switch (kind) {
-    case Kind::Integer:
+    case Kind::integer:
         return comparing<HostInteger>(operation, std::move(left), std::move(right), [](Slot slot) { return slot.integer; });
-    case Kind::Double:
+    case Kind::real:
         return comparing<double>(operation, std::move(left), std::move(right), [](Slot slot) { return slot.real; });
-    case Kind::Boolean:
+    case Kind::boolean:
         return comparing<bool>(operation, std::move(left), std::move(right), [](Slot slot) { return slot.boolean != 0; });
-    case Kind::String: {
+    case Kind::string: {
         CodePtr order = combine(std::move(left), std::move(right),
                                 [](Slot a, Slot b) { return Slot::ofInteger(compare(a.string, b.string, false)); });
-        return comparison(operation, Kind::Integer, std::move(order), constant(Slot::ofInteger(0)));
+        return comparison(operation, Kind::integer, std::move(order), constant(Slot::ofInteger(0)));
     }
     default: return comparing<Object*>(operation, std::move(left), std::move(right), [](Slot slot) { return slot.object; });
     }
 }
 
 CodePtr logic(Operator operation, Kind kind, CodePtr left, CodePtr right) {
-    if (kind == Kind::Integer) {
+    if (kind == Kind::integer) {
         switch (operation) {
         case Operator::logicalAnd: return onIntegers(std::move(left), std::move(right), std::bit_and<>());
         case Operator::logicalOr: return onIntegers(std::move(left), std::move(right), std::bit_or<>());
@@ -139,7 +139,7 @@ CodePtr logic(Operator operation, Kind kind, CodePtr left, CodePtr right) {
         }
     }
     if (operation == Operator::logicalXor)
-        return comparison(Operator::notEqual, Kind::Boolean, std::move(left), std::move(right));
+        return comparison(Operator::notEqual, Kind::boolean, std::move(left), std::move(right));
     const bool decisive = operation == Operator::logicalOr;
     return makeCode([left = std::move(left), right = std::move(right), decisive](Frame& frame) {
         const Slot first = left->evaluate(frame);
@@ -148,12 +148,12 @@ CodePtr logic(Operator operation, Kind kind, CodePtr left, CodePtr right) {
 }
 
 CodePtr negated(Kind kind, CodePtr operand) {
-    if (kind == Kind::Double) return transform(std::move(operand), [](Slot slot) { return Slot::ofReal(-slot.real); });
+    if (kind == Kind::real) return transform(std::move(operand), [](Slot slot) { return Slot::ofReal(-slot.real); });
     return onIntegers(constant(Slot::ofInteger(0)), std::move(operand), std::minus<>());
 }
 
 CodePtr inverted(Kind kind, CodePtr operand) {
-    if (kind == Kind::Integer)
+    if (kind == Kind::integer)
         return transform(std::move(operand), [](Slot slot) { return Slot::ofInteger(~slot.integer); });
     return transform(std::move(operand), [](Slot slot) { return Slot::ofBoolean(slot.boolean == 0); });
 }
@@ -167,7 +167,7 @@ CodePtr joined(CodePtr left, CodePtr right) {
 }
 
 CodePtr asText(CodePtr value, const Type& type) {
-    if (type == Type::plain(Kind::String)) return value;
+    if (type == Type::plain(Kind::string)) return value;
     return makeCode([value = std::move(value), type](Frame& frame) {
         return frame.keep(Counting::string, Slot::ofString(newString(textOf(type, value->evaluate(frame)))));
     });
@@ -175,26 +175,26 @@ CodePtr asText(CodePtr value, const Type& type) {
 
 bool isConvertible(const Type& from, const Type& to) {
     if (from == to) return true;
-    if (from.kind == Kind::Void || to.kind == Kind::Void) return false;
-    const bool toVariant = to.is(Kind::Variant);
-    const bool fromVariant = from.is(Kind::Variant);
+    if (from.kind == Kind::nothing || to.kind == Kind::nothing) return false;
+    const bool toVariant = to.is(Kind::variant);
+    const bool fromVariant = from.is(Kind::variant);
     if (toVariant || fromVariant) return true;
     if (from.isNil()) return to.isObjectReference();
-    if (from.isNumber() && to.isNumber()) return from.kind == Kind::Integer || to.kind == Kind::Integer;
+    if (from.isNumber() && to.isNumber()) return from.kind == Kind::integer || to.kind == Kind::integer;
     if (from.isArray || to.isArray) return false;
-    return from.kind == Kind::Object && to.kind == Kind::Object && isSubclass(from.className, to.className);
+    return from.kind == Kind::object && to.kind == Kind::object && isSubclass(from.className, to.className);
 }
 
 CodePtr converted(CodePtr value, const Type& from, const Type& to, Offset offset) {
     if (from == to || from.isNil()) return value;
-    if (to.is(Kind::Variant)) return toVariant(std::move(value), from);
-    if (from.is(Kind::Variant)) return fromVariant(std::move(value), to, offset);
+    if (to.is(Kind::variant)) return toVariant(std::move(value), from);
+    if (from.is(Kind::variant)) return fromVariant(std::move(value), to, offset);
     if (!from.isNumber()) return value;
-    if (to.kind == Kind::Double)
+    if (to.kind == Kind::real)
         return transform(std::move(value), [](Slot slot) { return Slot::ofReal(static_cast<double>(slot.integer)); });
-    if (to.kind == Kind::Color)
+    if (to.kind == Kind::color)
         return transform(std::move(value), [](Slot slot) { return Slot::ofColor(colorOf(slot.integer)); });
-    if (from.kind == Kind::Color)
+    if (from.kind == Kind::color)
         return transform(std::move(value), [](Slot slot) { return Slot::ofInteger(integerOf(slot.color)); });
     return transform(std::move(value), [](Slot slot) { return Slot::ofInteger(truncated(slot.real)); });
 }

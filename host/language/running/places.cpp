@@ -61,7 +61,7 @@ CodePtr readVariable(VariablePlace place, const Type& type) {
 }
 
 CodePtr addressOfVariable(VariablePlace place) {
-    return makeCode([place](Frame& frame) { return Slot::ofReference(&frame.variable(place)); });
+    return makeCode([place](Frame& frame) { return Slot::ofAddress(&frame.variable(place)); });
 }
 
 CodePtr readElement(CodePtr array, CodePtr index, const Type& elementType, Offset offset) {

@@ -43,7 +43,7 @@ std::string describe(const Raised& raised) {
 
 // The lowest address that procedures may reach. Without knowledge of the stack, 4 MB below the first question.
 std::uintptr_t lowestAddress() {
-    constexpr std::size_t mostUsed = std::size_t{8} << 20;
+    constexpr std::size_t maxUsed = std::size_t{8} << 20;
     constexpr std::size_t assumed = std::size_t{4} << 20;
     const auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
     pthread_attr_t attributes;
@@ -53,7 +53,7 @@ std::uintptr_t lowestAddress() {
     const bool known = pthread_attr_getstack(&attributes, &bottom, &size) == 0;
     pthread_attr_destroy(&attributes);
     if (!known || size == 0) return here - assumed;
-    const std::size_t used = std::min(size, mostUsed);
+    const std::size_t used = std::min(size, maxUsed);
     return reinterpret_cast<std::uintptr_t>(bottom) + size - used + used / 4;
 }
 

@@ -31,14 +31,14 @@ template <class R, class Self, class... Arguments, R (*function)(Self*, SEL, Arg
 struct Method<function> {
     static constexpr std::size_t arguments = sizeof...(Arguments);
 
-    static R answer(Self* self, SEL selector, Arguments... arguments) {
-        const auto body = [&] { return function(self, selector, arguments...); };
+    static R answer(Self* self, SEL selector, Arguments... given) {
+        const auto body = [&] { return function(self, selector, given...); };
         return orExhausted(body, []() -> R { raiseMemoryExhausted(); });
     }
 
     // An initialiser that does not return gives its receiver up.
-    static R initialise(Self* self, SEL selector, Arguments... arguments) {
-        const auto body = [&] { return function(self, selector, arguments...); };
+    static R initialise(Self* self, SEL selector, Arguments... given) {
+        const auto body = [&] { return function(self, selector, given...); };
         return orExhausted(body, [self]() -> R {
             release(self);
             raiseMemoryExhausted();

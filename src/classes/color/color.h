@@ -53,7 +53,7 @@ HostInteger numberOfComponents(REALobjectStruct* object, REALword parameter);
 // nil.
 REALobjectStruct* blendedColorWithFraction(REALobjectStruct* object, double alpha, REALobjectStruct* c);
 REALobjectStruct* colorWithAlphaComponent(REALobjectStruct* object, double alpha);
-REALobjectStruct* colorUsingColorSpaceName(REALobjectStruct* object, REALstringStruct* colorSpace);
+REALobjectStruct* colorUsingColorSpaceName(REALobjectStruct* object, REALstringStruct* name);
 REALobjectStruct* colorUsingColorSpace(REALobjectStruct* object, REALobjectStruct* colorSpace);
 REALobjectStruct* shadowWithLevel(REALobjectStruct* object, double level);
 REALobjectStruct* highlightWithLevel(REALobjectStruct* object, double level);

@@ -14,7 +14,7 @@
 namespace chroma::color {
 namespace {
 
-enum class OtherKind { Raises, Converts };
+enum class OtherKind { raises, converts };
 
 void put(double* output, double value) {
     if (output) *output = value;
@@ -31,10 +31,11 @@ struct Reading {
     CGFloat alpha = 0;
 
     void operator()() {
-        if constexpr (otherKind == OtherKind::Raises)
+        if constexpr (otherKind == OtherKind::raises) {
             ask(color);
-        else if (!quiet([&] { ask(color); }))
+        } else if (!quiet([&] { ask(color); })) {
             ask(send<id>(color, sel::colorUsingColorSpaceName_, NSCalibratedRGBColorSpace));
+        }
     }
 
 private:
@@ -86,29 +87,29 @@ void getCyan(REALobjectStruct* object, double* cyan, double* magenta, double* ye
 }
 
 void getCyanA(REALobjectStruct* object, double* cyan, double* magenta, double* yellow, double* black, double* alpha) {
-    readOut<OtherKind::Raises>(object, sel::getCyan_magenta_yellow_black_alpha_, alpha, cyan, magenta, yellow, black);
+    readOut<OtherKind::raises>(object, sel::getCyan_magenta_yellow_black_alpha_, alpha, cyan, magenta, yellow, black);
 }
 
 void getWhite(REALobjectStruct* object, double* white) { getWhiteA(object, white, nullptr); }
 
 void getWhiteA(REALobjectStruct* object, double* white, double* alpha) {
-    readOut<OtherKind::Raises>(object, sel::getWhite_alpha_, alpha, white);
+    readOut<OtherKind::raises>(object, sel::getWhite_alpha_, alpha, white);
 }
 
 void getHue(REALobjectStruct* object, double* hue, double* saturation, double* brightness) {
-    readOut<OtherKind::Raises>(object, sel::getHue_saturation_brightness_alpha_, nullptr, hue, saturation, brightness);
+    readOut<OtherKind::raises>(object, sel::getHue_saturation_brightness_alpha_, nullptr, hue, saturation, brightness);
 }
 
 void getHueA(REALobjectStruct* object, double* hue, double* saturation, double* brightness, double* alpha) {
-    readOut<OtherKind::Converts>(object, sel::getHue_saturation_brightness_alpha_, alpha, hue, saturation, brightness);
+    readOut<OtherKind::converts>(object, sel::getHue_saturation_brightness_alpha_, alpha, hue, saturation, brightness);
 }
 
 void getRed(REALobjectStruct* object, double* red, double* green, double* blue) {
-    readOut<OtherKind::Raises>(object, sel::getRed_green_blue_alpha_, nullptr, red, green, blue);
+    readOut<OtherKind::raises>(object, sel::getRed_green_blue_alpha_, nullptr, red, green, blue);
 }
 
 void getRedA(REALobjectStruct* object, double* red, double* green, double* blue, double* alpha) {
-    readOut<OtherKind::Converts>(object, sel::getRed_green_blue_alpha_, alpha, red, green, blue);
+    readOut<OtherKind::converts>(object, sel::getRed_green_blue_alpha_, alpha, red, green, blue);
 }
 
 REALarrayDouble* getComponents(REALobjectStruct* object) {

@@ -17,8 +17,8 @@ void NSColorSpaceDestructor(REALobjectStruct* object);
 // Initialisers fill an empty object, which stays empty when the platform makes no space; one that holds a space keeps it and
 // raises an "UnsupportedOperationException". A null or empty block and a handle of 0 reach the platform as nil and null.
 void initWithICCProfileData(REALobjectStruct* object, REALmemoryBlockStruct* profile);
-void initWithColorSyncProfile(REALobjectStruct* object, HostInteger handle);
-void initWithCGColorSpace(REALobjectStruct* object, HostInteger handle);
+void initWithColorSyncProfile(REALobjectStruct* object, HostInteger profile);
+void initWithCGColorSpace(REALobjectStruct* object, HostInteger space);
 
 // A new memory block with a copy of the profile; null when the space has none.
 REALmemoryBlockStruct* ICCProfileData(REALobjectStruct* object);
