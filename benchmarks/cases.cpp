@@ -2,6 +2,7 @@
 
 #include "session.h"
 
+#include "builtin/corefoundation.h"
 #include "model/arrays.h"
 #include "model/classes.h"
 #include "model/exceptions.h"
@@ -10,15 +11,6 @@
 
 #include <stdexcept>
 #include <utility>
-
-namespace chroma {
-extern "C" {
-id CFDictionaryCreateMutable(const void* allocator, std::intptr_t capacity, const void* keyCallBacks,
-                             const void* valueCallBacks);
-const void* CFDictionaryGetValue(id dictionary, const void* key);
-void CFDictionarySetValue(id dictionary, const void* key, const void* value);
-}
-} // namespace chroma
 
 namespace bench {
 namespace {

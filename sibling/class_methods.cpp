@@ -1,11 +1,8 @@
 #include "sibling/class_methods.h"
 
-namespace chroma::sibling {
+#include "builtin/objc_runtime.h"
 
-extern "C" {
-id object_getClass(id object);
-BOOL class_addMethod(id target, SEL message, IMP method, const char* types);
-}
+namespace chroma::sibling {
 
 void addClassMethod(ClassName& target, Selector& message, IMP method, const char* types) {
     if (target.get()) class_addMethod(object_getClass(target.get()), message.get(), method, types);

@@ -1,6 +1,6 @@
 // The sibling's one export, and the class methods through which plugins of this family share the instance registry and the
 // bridging of exceptions.
-#include "platform/corefoundation.h"
+#include "builtin/corefoundation.h"
 #include "platform/selectors.h"
 #include "runtime/start.h"
 #include "sibling/class_methods.h"
@@ -8,9 +8,6 @@
 #include "sibling/images.h"
 
 namespace chroma::sibling {
-
-extern "C" CFMutableDictionaryRef CFDictionaryCreateMutable(CFAllocatorRef, CFIndex capacity, const void* keyCallBacks,
-                                                            const void* valueCallBacks);
 
 namespace {
 

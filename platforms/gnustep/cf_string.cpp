@@ -1,8 +1,8 @@
 // CoreFoundation strings are NSStrings. Text is converted by the same strict rules as on the builtin platform, not by
 // NSString's own.
-#include "corefoundation/text_encoding.h"
 #include "platform/corefoundation.h"
 #include "platform/selectors.h"
+#include "text/encoding.h"
 
 #include "export.h"
 
@@ -48,7 +48,7 @@ GNUSTEP_EXPORT CFStringRef CFStringCreateWithBytes(CFAllocatorRef, const std::ui
     if (count < 0 || (count > 0 && !bytes)) return nullptr;
     std::u16string text;
     const std::string_view view(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(count));
-    if (!builtin::decodeText(view, encoding, isExternalRepresentation != 0, text)) return nullptr;
+    if (!decodeText(view, encoding, isExternalRepresentation != 0, text)) return nullptr;
     return newString(reinterpret_cast<const UniChar*>(text.data()), text.size());
 }
 
@@ -59,7 +59,7 @@ GNUSTEP_EXPORT CFIndex CFStringGetLength(CFStringRef string) {
 GNUSTEP_EXPORT Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex capacity, CFStringEncoding encoding) {
     if (!string || !buffer || capacity <= 0) return 0;
     const bool isWritten = withText(string, [=](std::u16string_view text) {
-        return builtin::encodeText(text, encoding, buffer, static_cast<std::size_t>(capacity));
+        return encodeText(text, encoding, buffer, static_cast<std::size_t>(capacity));
     });
     if (isWritten) return 1;
     buffer[0] = '\0';

@@ -1,5 +1,6 @@
 #include "probe.h"
 
+#include "builtin/objc_runtime.h"
 #include "model/arrays.h"
 #include "model/builtins.h"
 #include "model/entries.h"
@@ -9,44 +10,31 @@
 #include <iterator>
 #include <utility>
 
-extern "C" {
-struct objc_object;
-struct objc_selector;
-using Implementation = void (*)();
-
-objc_object* objc_getClass(const char* name);
-objc_object* objc_allocateClassPair(objc_object* superclass, const char* name, unsigned long extraBytes);
-void objc_registerClassPair(objc_object* cls);
-const objc_selector* sel_registerName(const char* name);
-Implementation objc_msg_lookup(objc_object* receiver, const objc_selector* selector);
-Implementation class_getMethodImplementation(objc_object* cls, const objc_selector* selector);
-unsigned char class_addMethod(objc_object* cls, const objc_selector* selector, Implementation method, const char* types);
-}
-
 namespace {
 
-using NativeMethod = objc_object* (*)(objc_object*, const objc_selector*);
+using namespace chroma;
+using NativeMethod = id (*)(id, SEL);
 
 HostInteger nativesGone = 0;
 
-void countAndDeallocate(objc_object* object, const objc_selector* selector) {
+void countAndDeallocate(id object, SEL selector) {
     ++nativesGone;
     reinterpret_cast<NativeMethod>(class_getMethodImplementation(objc_getClass("NSObject"), selector))(object, selector);
 }
 
-objc_object* countingClass() {
-    objc_object* const made = objc_allocateClassPair(objc_getClass("NSObject"), "CountingObject", 0);
-    class_addMethod(made, sel_registerName("dealloc"), reinterpret_cast<Implementation>(countAndDeallocate), "v@:");
+id countingClass() {
+    const id made = objc_allocateClassPair(objc_getClass("NSObject"), "CountingObject", 0);
+    class_addMethod(made, sel_registerName("dealloc"), reinterpret_cast<IMP>(countAndDeallocate), "v@:");
     objc_registerClassPair(made);
     return made;
 }
 
 // Autoreleases a native object that counts its end.
 HostBoolean leaveNative() {
-    static objc_object* const counting = countingClass();
-    objc_object* object = counting;
+    static const id counting = countingClass();
+    id object = counting;
     for (const char* message : {"alloc", "init", "autorelease"}) {
-        const objc_selector* const selector = sel_registerName(message);
+        const SEL selector = sel_registerName(message);
         object = reinterpret_cast<NativeMethod>(objc_msg_lookup(object, selector))(object, selector);
     }
     return 1;

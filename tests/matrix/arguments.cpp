@@ -1,6 +1,7 @@
 // What bound functions are called with.
 #include "driver.h"
 
+#include "builtin/objc_runtime.h"
 #include "model/arrays.h"
 #include "model/memory_blocks.h"
 #include "model/strings.h"
@@ -20,11 +21,6 @@ namespace matrix {
 using namespace chroma;
 using host::Kind;
 using host::Slot;
-
-extern "C" {
-id objc_allocateClassPair(id superclass, const char* name, std::size_t extraBytes);
-void objc_registerClassPair(id cls);
-}
 
 id testException = nullptr;
 id testObject = nullptr;

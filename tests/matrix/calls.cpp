@@ -2,6 +2,7 @@
 #include "driver.h"
 
 #include "bridge/strings.h"
+#include "builtin/corefoundation.h"
 #include "model/arrays.h"
 #include "model/exceptions.h"
 #include "model/platform.h"
@@ -15,8 +16,6 @@
 #include <cstdio>
 #include <exception>
 #include <iterator>
-
-extern "C" chroma::CFIndex CFDictionaryGetCount(chroma::CFMutableDictionaryRef);
 
 namespace matrix {
 namespace {

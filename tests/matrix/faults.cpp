@@ -1,6 +1,7 @@
 // Faults that strike: the messages and CoreFoundation calls of the plugin come through the linker's wrappers.
 #include "driver.h"
 
+#include "builtin/objc_runtime.h"
 #include "platform/corefoundation.h"
 #include "platform/guard.h"
 #include "platform/selectors.h"
@@ -44,8 +45,6 @@ bool strikes(Fault first, Fault last) {
 void countRaised() { ++traces.raised; }
 
 namespace {
-
-extern "C" const char* sel_getName(SEL selector);
 
 // The receivers of these belong to the platform, whatever comes of them.
 bool consumesReceiver(std::string_view message) {

@@ -17,6 +17,7 @@ list(REMOVE_DUPLICATES wings)
 
 foreach(wing IN LISTS wings)
     file(GLOB_RECURSE files RELATIVE ${SOURCE} ${SOURCE}/${wing}/*.h ${SOURCE}/${wing}/*.cpp)
+    list(REMOVE_ITEM files platforms/builtin/views.cpp) # which is there to see both sides
     foreach(file IN LISTS files)
         string(REGEX REPLACE "^${wing}/([a-z_]+).*" "\\1" room ${file})
         string(REGEX MATCH "^(src|host|platforms/builtin)" root ${file})

@@ -2,10 +2,11 @@
 
 #include "appkit/catalog.h"
 #include "appkit/color_list_file.h"
-#include "corefoundation/text_encoding.h"
+#include "builtin/constants.h"
 #include "foundation/array.h"
 #include "foundation/data.h"
 #include "foundation/files.h"
+#include "text/encoding.h"
 
 #include <algorithm>
 #include <cstring>
@@ -16,6 +17,8 @@ namespace chroma::builtin {
 ClassObject ColorList::cls;
 
 namespace {
+
+String notEditable{u"NSColorListNotEditableException"};
 
 const Message lengthMessage{"length"};
 const Message colorSpaceNameMessage{"colorSpaceName"};
@@ -78,8 +81,8 @@ bool writeList(ColorList* list, const std::string& path) {
 
 void requireEditable(ColorList* list, SEL selector) {
     if (list->isEditable) return;
-    raise(exceptionName::colorListNotEditable, formatted("-[NSColorList %s]: color list %s is not editable",
-                                                         sel_getName(selector), printable(string(list->name))));
+    raise(notEditable, formatted("-[NSColorList %s]: color list %s is not editable", sel_getName(selector),
+                                 printable(string(list->name))));
 }
 
 template <class Instance>
@@ -226,3 +229,9 @@ ClassTable tableOfNSColorList() {
 }
 
 } // namespace chroma::builtin
+
+namespace chroma {
+
+const id NSColorListNotEditableException = &builtin::notEditable;
+
+} // namespace chroma

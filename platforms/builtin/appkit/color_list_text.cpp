@@ -1,6 +1,6 @@
 #include "appkit/color_list_text.h"
 
-#include "corefoundation/text_encoding.h"
+#include "text/encoding.h"
 
 #include <charconv>
 #include <cstring>

@@ -1,10 +1,10 @@
 // CoreFoundation strings.
 #include "builtin/corefoundation.h"
 
-#include "corefoundation/text_encoding.h"
 #include "foundation/string.h"
 #include "runtime/bootstrap.h"
 #include "runtime/export.h"
+#include "text/encoding.h"
 
 #include <cstring>
 
@@ -19,7 +19,7 @@ BUILTIN_EXPORT CFStringRef CFStringCreateWithBytes(CFAllocatorRef, const std::ui
     return builtin::orNull([&]() -> CFStringRef {
         std::u16string text;
         const std::string_view view(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(count));
-        if (!builtin::decodeText(view, encoding, isExternalRepresentation != 0, text)) return nullptr;
+        if (!decodeText(view, encoding, isExternalRepresentation != 0, text)) return nullptr;
         return builtin::newString(text);
     });
 }
@@ -37,8 +37,7 @@ BUILTIN_EXPORT CFIndex CFStringGetLength(CFStringRef string) {
 
 BUILTIN_EXPORT Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex capacity, CFStringEncoding encoding) {
     if (!string || !buffer || capacity <= 0) return 0;
-    if (builtin::encodeText(static_cast<String*>(string)->text(), encoding, buffer, static_cast<std::size_t>(capacity)))
-        return 1;
+    if (encodeText(static_cast<String*>(string)->text(), encoding, buffer, static_cast<std::size_t>(capacity))) return 1;
     buffer[0] = '\0';
     return 0;
 }

@@ -1,9 +1,9 @@
 #include "corefoundation/cf_url.h"
 
 #include "builtin/corefoundation.h"
-#include "corefoundation/text_encoding.h"
 #include "runtime/bootstrap.h"
 #include "runtime/export.h"
+#include "text/encoding.h"
 
 #include <climits>
 #include <string>

@@ -1,10 +1,20 @@
 #include "foundation/exception.h"
 
+#include "builtin/constants.h"
+
 #include <cstdio>
 
 namespace chroma::builtin {
 
 ClassObject Exception::cls;
+
+namespace exceptionName {
+
+String invalidArgument{u"NSInvalidArgumentException"};
+String malloc{u"NSMallocException"};
+String range{u"NSRangeException"};
+
+} // namespace exceptionName
 
 void raise(String& name, String* reason) {
     auto* const exception = make<Exception>();
@@ -73,3 +83,10 @@ ClassTable tableOfNSException() {
 }
 
 } // namespace chroma::builtin
+
+namespace chroma {
+
+const id NSInvalidArgumentException = &builtin::exceptionName::invalidArgument;
+const id NSRangeException = &builtin::exceptionName::range;
+
+} // namespace chroma

@@ -22,11 +22,9 @@ ClassTable tableOfNSException();
 
 namespace exceptionName {
 
-extern String generic;
 extern String invalidArgument;
 extern String malloc;
 extern String range;
-extern String colorListNotEditable;
 
 } // namespace exceptionName
 

@@ -1,7 +1,7 @@
 #include "foundation/string.h"
 
-#include "corefoundation/text_encoding.h"
 #include "foundation/exception.h"
+#include "text/encoding.h"
 
 #include <cstdarg>
 #include <cstdio>

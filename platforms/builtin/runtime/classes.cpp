@@ -239,8 +239,6 @@ BUILTIN_EXPORT IMP method_getImplementation(Method method) {
     return method->implementation;
 }
 
-BUILTIN_EXPORT SEL method_getName(Method method) { return method->selector; }
-
 BUILTIN_EXPORT BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char*) {
     const std::lock_guard<std::mutex> lock(classLock);
     ClassObject* const target = asClass(cls);

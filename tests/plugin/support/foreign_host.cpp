@@ -1,18 +1,12 @@
 #include "support/foreign_host.h"
 
+#include "builtin/corefoundation.h"
 #include "entry_points.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <utility>
-
-// What this host uses of the platform it runs on.
-extern "C" {
-const void* CFStringCreateWithBytes(const void*, const std::uint8_t*, std::intptr_t, std::uint32_t, unsigned char);
-unsigned char CFStringGetCString(const void*, char*, std::intptr_t, std::uint32_t);
-void CFRelease(const void*);
-}
 
 namespace foreign {
 namespace {
@@ -96,10 +90,10 @@ REALclassDefinition* recordOf(const std::string& className) {
     return nullptr;
 }
 
-const void* newCFString(REALstringStruct* value) {
+chroma::CFStringRef newCFString(REALstringStruct* value) {
     const std::string bytes = bytesOf(value);
-    return CFStringCreateWithBytes(nullptr, reinterpret_cast<const std::uint8_t*>(bytes.data()),
-                                   static_cast<std::intptr_t>(bytes.size()), encodingOf(value), 0);
+    return chroma::CFStringCreateWithBytes(nullptr, reinterpret_cast<const std::uint8_t*>(bytes.data()),
+                                           static_cast<std::intptr_t>(bytes.size()), encodingOf(value), 0);
 }
 
 // An index past the end leaves nothing between.
@@ -151,12 +145,12 @@ const void* REALGetStringCFString(REALstringStruct* value, std::int32_t) { retur
 
 // Converts to UTF-8, all that the plugin asks for.
 REALstringStruct* REALConvertString(REALstringStruct* value, std::uint32_t encoding) {
-    const void* const text = value ? newCFString(value) : nullptr;
+    const chroma::CFStringRef text = value ? newCFString(value) : nullptr;
     if (!text) return nullptr;
     std::vector<char> converted(4 * bytesOf(value).size() + 1);
     const auto capacity = static_cast<std::intptr_t>(converted.size());
-    const bool fits = CFStringGetCString(text, converted.data(), capacity, encoding) != 0;
-    CFRelease(text);
+    const bool fits = chroma::CFStringGetCString(text, converted.data(), capacity, encoding) != 0;
+    chroma::CFRelease(text);
     return fits ? string(converted.data(), encoding) : nullptr;
 }
 

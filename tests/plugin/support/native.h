@@ -3,6 +3,8 @@
 
 #include "support/foreign_host.h"
 
+#include "builtin/corefoundation.h"
+#include "builtin/objc_runtime.h"
 #include "messages.h"
 #include "platform/guard.h"
 
@@ -13,14 +15,6 @@ namespace native {
 
 using namespace chroma;
 using namespace chroma::test;
-
-extern "C" {
-BOOL class_addMethod(id cls, SEL name, IMP implementation, const char* types);
-IMP class_replaceMethod(id cls, SEL name, IMP implementation, const char* types);
-id object_getClass(id object);
-CFMutableDictionaryRef CFDictionaryCreateMutable(CFAllocatorRef, CFIndex capacity, const void* keys, const void* values);
-CFIndex CFDictionaryGetCount(CFMutableDictionaryRef);
-}
 
 // The class whose methods are the named class's own.
 inline id metaclass(const char* className) { return object_getClass(objc_getClass(className)); }

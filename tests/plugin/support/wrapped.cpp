@@ -5,8 +5,6 @@
 #include <string_view>
 #include <utility>
 
-extern "C" const char* sel_getName(chroma::SEL selector);
-
 namespace {
 
 int remaining = 0;
@@ -34,7 +32,7 @@ chroma::IMP __real_objc_msg_lookup(chroma::id receiver, chroma::SEL selector);
 __attribute__((visibility("default"))) chroma::IMP __wrap_objc_msg_lookup(chroma::id receiver, chroma::SEL selector) {
     if (!foreign::Host::instance().trace) return __real_objc_msg_lookup(receiver, selector);
     // Some guards ask what they caught for its class.
-    const std::string_view message = sel_getName(selector);
+    const std::string_view message = chroma::sel_getName(selector);
     if (message != "isKindOfClass:") foreign::Host::instance().note(std::string(message));
     return __real_objc_msg_lookup(receiver, selector);
 }

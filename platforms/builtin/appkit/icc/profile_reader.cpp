@@ -1,7 +1,7 @@
 #include "appkit/icc/byte_reader.h"
 #include "appkit/icc/profile.h"
 #include "appkit/icc/signatures.h"
-#include "corefoundation/text_encoding.h"
+#include "text/encoding.h"
 
 #include <cmath>
 #include <iterator>

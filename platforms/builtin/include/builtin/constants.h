@@ -7,6 +7,7 @@ namespace chroma {
 struct Object;
 using id = Object*;
 
+#pragma GCC visibility push(default)
 extern "C" {
 
 // Colour spaces.
@@ -22,10 +23,10 @@ extern const id NSPatternColorSpace;
 extern const id NSCustomColorSpace;
 
 // Exceptions.
-extern const id NSGenericException;
 extern const id NSInvalidArgumentException;
 extern const id NSRangeException;
 extern const id NSColorListNotEditableException;
 }
+#pragma GCC visibility pop
 
 } // namespace chroma

@@ -71,7 +71,6 @@ Method class_getClassMethod(Class cls, SEL selector);
 IMP class_getMethodImplementation(Class cls, SEL selector);
 BOOL class_respondsToSelector(Class cls, SEL selector);
 IMP method_getImplementation(Method method);
-SEL method_getName(Method method);
 
 // Changes of a class's own methods, in force for the next message, also to instances of subclasses that inherit the method.
 // `types` is not used and may be null.

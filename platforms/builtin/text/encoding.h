@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace chroma::builtin {
+namespace chroma {
 
 // The known encodings by their CoreFoundation numbers.
 namespace encoding {
@@ -28,4 +28,4 @@ bool decodeText(std::string_view bytes, std::uint32_t encoding, bool honoursMark
 // are not bytes, or the capacity does not suffice; the buffer then holds a part of the text.
 bool encodeText(std::u16string_view text, std::uint32_t encoding, char* buffer, std::size_t capacity);
 
-} // namespace chroma::builtin
+} // namespace chroma

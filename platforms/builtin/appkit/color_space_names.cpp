@@ -1,24 +1,8 @@
-// The exported string constants. All of them are constant-initialised, so that they are valid before anything has run.
-#pragma GCC visibility push(default)
-#include "builtin/constants.h"
-#pragma GCC visibility pop
-
 #include "appkit/color_space_names.h"
-#include "foundation/exception.h"
 
-namespace chroma::builtin {
+#include "builtin/constants.h"
 
-namespace exceptionName {
-
-String generic{u"NSGenericException"};
-String invalidArgument{u"NSInvalidArgumentException"};
-String malloc{u"NSMallocException"};
-String range{u"NSRangeException"};
-String colorListNotEditable{u"NSColorListNotEditableException"};
-
-} // namespace exceptionName
-
-namespace spaceName {
+namespace chroma::builtin::spaceName {
 
 String calibratedWhite{u"NSCalibratedWhiteColorSpace"};
 String calibratedBlack{u"NSCalibratedBlackColorSpace"};
@@ -31,14 +15,11 @@ String named{u"NSNamedColorSpace"};
 String pattern{u"NSPatternColorSpace"};
 String custom{u"NSCustomColorSpace"};
 
-} // namespace spaceName
-
-} // namespace chroma::builtin
+} // namespace chroma::builtin::spaceName
 
 namespace chroma {
 
 namespace spaceName = builtin::spaceName;
-namespace exceptionName = builtin::exceptionName;
 
 const id NSCalibratedWhiteColorSpace = &spaceName::calibratedWhite;
 const id NSCalibratedBlackColorSpace = &spaceName::calibratedBlack;
@@ -50,10 +31,5 @@ const id NSDeviceCMYKColorSpace = &spaceName::deviceCMYK;
 const id NSNamedColorSpace = &spaceName::named;
 const id NSPatternColorSpace = &spaceName::pattern;
 const id NSCustomColorSpace = &spaceName::custom;
-
-const id NSGenericException = &exceptionName::generic;
-const id NSInvalidArgumentException = &exceptionName::invalidArgument;
-const id NSRangeException = &exceptionName::range;
-const id NSColorListNotEditableException = &exceptionName::colorListNotEditable;
 
 } // namespace chroma

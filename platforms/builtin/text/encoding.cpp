@@ -1,9 +1,9 @@
-#include "corefoundation/text_encoding.h"
+#include "text/encoding.h"
 
 #include <algorithm>
 #include <cstring>
 
-namespace chroma::builtin {
+namespace chroma {
 namespace {
 
 // Mac Roman above ASCII.
@@ -250,4 +250,4 @@ bool encodeText(std::u16string_view text, std::uint32_t encoding, char* buffer, 
     return output.put(0);
 }
 
-} // namespace chroma::builtin
+} // namespace chroma
