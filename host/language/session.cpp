@@ -18,7 +18,7 @@ Session::~Session() {
     const std::vector<ScopeVariable> variables = checker_.endProgram();
     for (auto variable = variables.rbegin(); variable != variables.rend(); ++variable)
         store(frame, variable->place, variable->counting, Slot());
-    unlock(takePendingException());
+    const Owned<Object> dropped(takePendingException());
 }
 
 bool Session::needsMore(std::string_view text) const { return language::needsMore(Source({}, std::string(text)), 0); }

@@ -1,7 +1,7 @@
 #include "model/exceptions.h"
 
 #include "model/builtins.h"
-#include "model/strings.h"
+#include "model/owned.h"
 
 #include <array>
 #include <iterator>
@@ -16,29 +16,19 @@ namespace {
 
 // Beside the instance data, so that a plugin's exception class has its own data where every plugin class has it.
 struct Exception {
-    String* message;
-    HostInteger errorNumber;
+    Owned<String> message;
+    HostInteger errorNumber = 0;
 };
 
 Exception& dataOf(const Object* object) { return *static_cast<Exception*>(object->own.address); }
 
-void construct(Object* object) { object->own = Slot::ofAddress(new Exception{nullptr, 0}); }
+void construct(Object* object) { object->own = Slot::ofAddress(new Exception); }
 
-void destroy(Object* object) {
-    unlock(dataOf(object).message);
-    delete &dataOf(object);
-}
+void destroy(Object* object) { delete &dataOf(object); }
 
-String* message(Object* object, REALword) {
-    lock(dataOf(object).message);
-    return dataOf(object).message;
-}
+String* message(Object* object, REALword) { return Owned<String>(dataOf(object).message).release(); }
 
-void setMessage(Object* object, REALword, String* value) {
-    lock(value);
-    unlock(dataOf(object).message);
-    dataOf(object).message = value;
-}
+void setMessage(Object* object, REALword, String* value) { dataOf(object).message = Owned<String>::shared(value); }
 
 HostInteger errorNumber(Object* object, REALword) { return dataOf(object).errorNumber; }
 void setErrorNumber(Object* object, REALword, HostInteger value) { dataOf(object).errorNumber = value; }
@@ -75,13 +65,10 @@ void raise(Object* exception) {
 void raise(std::string_view className, std::string_view text, HostInteger number) {
     ClassInfo* info = registry().find(className);
     if (!info || !info->isOrDescendsFrom(*runtimeExceptionClass)) info = runtimeExceptionClass;
-    Object* const exception = newObject(*info);
+    const Owned<Object> exception(newObject(*info));
     if (!exception) return;
-    String* const string = newString(text);
-    initialize(exception, string, number);
-    unlock(string);
-    raise(exception);
-    unlock(exception);
+    initialize(exception.get(), Owned<String>(newString(text)).get(), number);
+    raise(exception.get());
 }
 
 Object* takePendingException() {
@@ -92,7 +79,7 @@ Object* takePendingException() {
 
 bool isException(const Object* object) { return object && object->info->isOrDescendsFrom(*runtimeExceptionClass); }
 
-std::string exceptionMessage(const Object* exception) { return utf8Of(dataOf(exception).message); }
+std::string exceptionMessage(const Object* exception) { return utf8Of(dataOf(exception).message.get()); }
 HostInteger exceptionErrorNumber(const Object* exception) { return dataOf(exception).errorNumber; }
 
 void registerExceptionClasses(Registry& registry) {

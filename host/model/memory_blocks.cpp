@@ -3,8 +3,8 @@
 #include "model/builtins.h"
 #include "model/entries.h"
 #include "model/exceptions.h"
+#include "model/owned.h"
 #include "model/storage.h"
-#include "model/strings.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -156,13 +156,8 @@ ClassInfo* memoryBlockClass = nullptr;
 
 MemoryBlock* newMemoryBlock(std::int32_t size) {
     if (size < 0) return nullptr;
-    Object* const block = newObject(*memoryBlockClass);
-    if (!block) return nullptr;
-    if (!resize(block, size)) {
-        unlock(block);
-        return nullptr;
-    }
-    return static_cast<MemoryBlock*>(block);
+    Owned<Object> block(newObject(*memoryBlockClass));
+    return block && resize(block.get(), size) ? static_cast<MemoryBlock*>(block.release()) : nullptr;
 }
 
 unsigned char* bytesOf(MemoryBlock* block) { return bytesIn(block).start; }

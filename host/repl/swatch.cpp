@@ -19,13 +19,12 @@ ScreenColor opaque(HostColor color) {
 // Of a platform without sRGB, the generic RGB that it has.
 ScreenColor shown(Object* color) {
     try {
-        lock(color);
-        return swatches::clipped(swatches::inSRGB(swatches::Reference(color)));
+        return swatches::clipped(swatches::inSRGB(Owned<Object>::shared(color)));
     } catch (const std::runtime_error&) {
     }
     const Property* const value = color->info->findProperty("colorValue");
     const HostColor found = value ? readProperty(*value, color).color : 0;
-    unlock(takePendingException());
+    const Owned<Object> dropped(takePendingException());
     return opaque(found);
 }
 

@@ -17,19 +17,7 @@ constexpr const char* colorClass = "NSColorZRX";
 constexpr const char* spaceClass = "NSColorSpaceZRX";
 constexpr const char* listClass = "NSColorListZRX";
 
-// A string argument for one call.
-class Text {
-public:
-    explicit Text(const std::string& text) : string_(newString(text)) {}
-    Text(const Text&) = delete;
-    Text& operator=(const Text&) = delete;
-    ~Text() { unlock(string_); }
-
-    operator Slot() const { return Slot::ofString(string_); }
-
-private:
-    String* string_;
-};
+Owned<String> text(const std::string& bytes) { return Owned<String>(newString(bytes)); }
 
 Slot real(double value) { return Slot::ofReal(value); }
 
@@ -115,13 +103,15 @@ Reference spaceOfProfile(const std::string& profile) {
 Reference newColorList(const std::string& name, const std::string& path) {
     Reference list(newObject(classNamed(listClass)));
     if (!list) throw std::runtime_error("out of memory");
-    const Text nameText(name), pathText(path);
-    return callMethod(list, "Create", {nameText, pathText}).boolean ? std::move(list) : Reference();
+    const Owned<String> nameText = text(name), pathText = text(path);
+    return callMethod(list, "Create", {Slot::ofString(nameText.get()), Slot::ofString(pathText.get())}).boolean
+               ? std::move(list)
+               : Reference();
 }
 
 Reference colorWithKey(const Reference& list, const std::string& key) {
-    const Text text(key);
-    return Reference(callMethod(list, "colorWithKey", {text}).object);
+    const Owned<String> keyText = text(key);
+    return Reference(callMethod(list, "colorWithKey", {Slot::ofString(keyText.get())}).object);
 }
 
 Reference namedColor(const std::string& name) { return callShared(colorClass, name.c_str(), {}); }
@@ -155,11 +145,9 @@ std::string textProperty(const Reference& object, const char* name) {
     if (!property || property->type.kind != Kind::string)
         throw std::runtime_error(object.get()->info->name() + " has no text " + name);
     const platform::AutoreleasePool pool;
-    String* const string = readProperty(*property, object.get()).string;
-    const std::string text = utf8Of(string);
-    unlock(string);
+    const Owned<String> answer(readProperty(*property, object.get()).string);
     throwPending();
-    return text;
+    return utf8Of(answer.get());
 }
 
 std::vector<double> componentsOf(const Reference& color) {

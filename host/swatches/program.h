@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/classes.h"
+#include "model/owned.h"
 #include "swatches/colorimetry.h"
 
 #include <string>
@@ -9,24 +10,7 @@
 
 namespace host::swatches {
 
-// A reference to a host object, given up at the end; may be Nil.
-class Reference {
-public:
-    Reference() = default;
-    explicit Reference(Object* owned) : object_(owned) {}
-    Reference(Reference&& other) noexcept : object_(other.object_) { other.object_ = nullptr; }
-    Reference& operator=(Reference other) noexcept {
-        std::swap(object_, other.object_);
-        return *this;
-    }
-    ~Reference() { unlock(object_); }
-
-    Object* get() const { return object_; }
-    explicit operator bool() const { return object_ != nullptr; }
-
-private:
-    Object* object_ = nullptr;
-};
+using Reference = Owned<Object>; // may be Nil
 
 // These throw std::runtime_error when a class or a member is missing and when the call raises a host exception.
 Reference newColorList(const std::string& name, const std::string& path); // Nil: no file, or not of a list

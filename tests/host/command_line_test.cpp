@@ -53,6 +53,14 @@ TEST(CommandLine, RunsAProgramAndFindsWhatItLeaves) {
               Outcome(3, "chromahost: still alive at the end: 1 x OutOfBoundsException, 1 x String\n"));
 }
 
+TEST(CommandLine, LeavesNothingWhereMemoryRunsOut) {
+    if (CHROMA_SANITIZED || std::string(CHROMAHOST).find("qemu") != std::string::npos)
+        GTEST_SKIP() << "what runs the program wants more memory than the limit";
+    const std::string split = program("Try\n  Dim parts() As String = Split(Repeat(\"ab \", 8000000))\n"
+                                      "Catch e As OutOfMemoryException\n  Print e.Message\nEnd Try\n");
+    EXPECT_EQ(run("run --check-leaks " + split, "ulimit -v 250000;"), Outcome(0, "There is not enough memory for this.\n"));
+}
+
 TEST(CommandLine, RunsAllThatIsPipedToThePromptAndTellsWhetherSomethingFailed) {
     EXPECT_EQ(run("repl < " + program("Dim a As Integer = 5\na + 1\n")), Outcome(0, "6\n"));
     EXPECT_EQ(run("repl 2>/dev/null < " + program("Dim a As Integer = 1 \\ 0\na + 1\n:quit\n")).first, 1);

@@ -5,7 +5,7 @@
 #include "text/utf8.h"
 
 #include "model/builtins.h"
-#include "model/strings.h"
+#include "model/owned.h"
 
 #include <algorithm>
 #include <charconv>
@@ -98,9 +98,7 @@ HostInteger inStr(String* text, String* wanted) {
 // From character number `start` on.
 HostInteger inStrFrom(HostInteger start, String* text, String* wanted) {
     const HostInteger first = std::max(start, HostInteger{1});
-    String* const rest = midToEnd(text, first);
-    const HostInteger at = inStr(rest, wanted);
-    unlock(rest);
+    const HostInteger at = inStr(Owned<String>(midToEnd(text, first)).get(), wanted);
     return at == 0 || first > len(text) + 1 ? 0 : at + first - 1;
 }
 

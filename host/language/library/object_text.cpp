@@ -2,8 +2,8 @@
 
 #include "model/classes.h"
 #include "model/exceptions.h"
+#include "model/owned.h"
 #include "model/platform.h"
-#include "model/strings.h"
 
 #include <array>
 #include <optional>
@@ -28,12 +28,9 @@ std::optional<std::string> textMember(Object* object, std::string_view name) {
         const std::array<Slot, 1> receiver = {Slot::ofObject(object)};
         methods.front()->invoke(methods.front()->function, receiver.data(), &value);
     }
-    Object* const exception = takePendingException();
-    std::string text = utf8Of(value.string);
-    unlock(value.string);
-    if (!exception) return text;
-    unlock(exception);
-    return std::nullopt;
+    const Owned<String> text(value.string);
+    const Owned<Object> exception(takePendingException());
+    return exception ? std::nullopt : std::optional(utf8Of(text.get()));
 }
 
 std::string textOfException(Object* exception) {

@@ -3,6 +3,7 @@
 #include "text/utf8.h"
 
 #include "model/exceptions.h"
+#include "model/owned.h"
 
 #include <algorithm>
 #include <charconv>
@@ -104,24 +105,20 @@ String* repeat(String* text, HostInteger count) {
 Array* split(String* text, String* delimiter) {
     const std::string bytes = utf8Of(text);
     const std::string between = utf8Of(delimiter);
-    Array* const parts = newArray(Type::plain(Kind::string));
-    const auto append = [&](std::string_view part) {
-        String* const string = newString(part);
-        appendElement(parts, Slot::ofString(string));
-        unlock(string);
-    };
+    Owned<Array> parts(newArray(Type::plain(Kind::string)));
+    const auto append = [&](std::string_view part) { appendElement(parts.get(), Slot::ofString(ownString(part).get())); };
     std::string_view rest = bytes;
     if (between.empty()) {
         for (; !rest.empty(); rest.remove_prefix(utf8::offsetOf(rest, 1)))
             append(rest.substr(0, utf8::offsetOf(rest, 1)));
-        return parts;
+        return parts.release();
     }
     for (std::size_t at = rest.find(between); at != std::string_view::npos; at = rest.find(between)) {
         append(rest.substr(0, at));
         rest.remove_prefix(at + between.size());
     }
     append(rest);
-    return parts;
+    return parts.release();
 }
 
 String* join(Array* parts, String* delimiter) {

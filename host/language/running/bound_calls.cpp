@@ -7,6 +7,7 @@
 #include "model/calls.h"
 
 #include <array>
+#include <new>
 
 namespace host::language {
 namespace {
@@ -26,10 +27,15 @@ public:
         return callee;
     }
 
-    // The result is in the frame's keeping before anything raises.
+    // The result is in the frame's keeping before anything raises. Functions of the language may throw what the memory
+    // lacks.
     Slot run(Frame& frame, const Slot* slots) const {
         Slot result;
-        invoke_(function_, slots, &result);
+        try {
+            invoke_(function_, slots, &result);
+        } catch (const std::bad_alloc&) {
+            throwNew(offset_, "OutOfMemoryException", "There is not enough memory for this.");
+        }
         return frame.keep(counting_, result);
     }
 

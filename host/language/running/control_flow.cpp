@@ -23,7 +23,7 @@ auto withEnd(Offset offset, Body body, End end) {
         ~Guard() {
             if (!armed) return;
             end();
-            unlock(takePendingException());
+            const Owned<Object> dropped(takePendingException());
         }
     } guard{end};
     const auto finish = [&] {
@@ -205,8 +205,7 @@ ActionPtr raiseException(CodePtr exception, Offset offset) {
     return makeAction([exception = std::move(exception), offset](Frame& frame) {
         Object* const raised = exception->evaluate(frame).object;
         if (!raised) throwNew(offset, "NilObjectException", "Nil cannot be raised.");
-        lock(raised);
-        throw Raised(raised, offset);
+        throw Raised(Owned<Object>::shared(raised), offset);
     });
 }
 

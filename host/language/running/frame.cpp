@@ -7,7 +7,7 @@ Counting countingOf(const Type& type) {
     return type.kind == Kind::string ? Counting::string : Counting::none;
 }
 
-void throwPending(Offset offset) { throw Raised(takePendingException(), offset); }
+void throwPending(Offset offset) { throw Raised(Owned<Object>(takePendingException()), offset); }
 
 void throwNew(Offset offset, std::string_view className, std::string_view message) {
     raise(className, message);

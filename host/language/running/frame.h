@@ -7,8 +7,7 @@
 #include "language/reading/source.h"
 
 #include "model/exceptions.h"
-#include "model/objects.h"
-#include "model/strings.h"
+#include "model/owned.h"
 
 #include <cstdint>
 #include <iosfwd>
@@ -37,17 +36,13 @@ inline void unlock(Counting counting, Slot value) {
 // A host exception on its way to the Catch that takes it. Thrown only within the language, never across a bound function.
 class Raised {
 public:
-    // Takes over the caller's reference.
-    Raised(Object* exception, Offset offset) : exception_(exception), offset_(offset) {}
-    Raised(const Raised& other) : exception_(other.exception_), offset_(other.offset_) { lock(exception_); }
-    Raised& operator=(const Raised&) = delete;
-    ~Raised() { unlock(exception_); }
+    Raised(Owned<Object> exception, Offset offset) : exception_(std::move(exception)), offset_(offset) {}
 
-    Object* exception() const { return exception_; }
+    Object* exception() const { return exception_.get(); }
     Offset offset() const { return offset_; } // where it was raised
 
 private:
-    Object* exception_;
+    Owned<Object> exception_;
     Offset offset_;
 };
 

@@ -4,7 +4,7 @@
 #include "language/running/frame.h"
 
 #include "model/classes.h"
-#include "model/strings.h"
+#include "model/owned.h"
 #include "model/variants.h"
 
 #include <cmath>
@@ -81,11 +81,10 @@ CodePtr stringConstant(std::string text) {
     class Constant final : public Code {
     public:
         explicit Constant(std::string_view text) : string_(newString(text)) {}
-        ~Constant() override { host::unlock(string_); }
-        Slot evaluate(Frame&) const override { return Slot::ofString(string_); }
+        Slot evaluate(Frame&) const override { return Slot::ofString(string_.get()); }
 
     private:
-        String* string_; // owned
+        Owned<String> string_;
     };
     return std::make_unique<Constant>(text);
 }
