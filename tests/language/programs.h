@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 // Starts the host and registers the class Probe, once in this process.
 void startHostWithProbe();
@@ -23,16 +22,3 @@ struct Outcome {
 Outcome runProgram(const std::string& text);
 
 std::string repeated(const std::string& text, std::size_t times);
-
-// Runs a program that says itself what it prints: behind "'> " stands the line that a statement prints, or the lines that it
-// prints in its turns, with " | " between them. They are in the order of the output.
-void expectPrinted(const std::string& program);
-
-// Programs that end with reports and print nothing: "@" marks each place that is reported, and the messages follow in the
-// order of the places. A message that begins with "uncaught" is of an exception, any other of an error that is found before
-// a start.
-struct Wrong {
-    std::string program;
-    std::vector<const char*> messages;
-};
-void expectReports(const std::vector<Wrong>& cases);

@@ -1,0 +1,154 @@
+// The programs beside this file: those in programs/ print what stands in them, those in wrong/ end with the reports that
+// stand below them. And lines, which an editor would change.
+#include "programs.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace {
+
+using Paths = std::vector<std::string>;
+
+Paths filesIn(const char* folder) {
+    Paths paths;
+    for (const auto& entry : std::filesystem::directory_iterator(std::string(CHROMA_PROGRAMS "/") + folder))
+        paths.push_back(entry.path().string());
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+class PrintedPrograms : public testing::TestWithParam<std::string> {};
+class WrongPrograms : public testing::TestWithParam<std::string> {};
+const auto nameOfFile = [](const auto& file) { return std::filesystem::path(file.param).stem().string(); };
+INSTANTIATE_TEST_SUITE_P(Files, PrintedPrograms, testing::ValuesIn(filesIn("programs")), nameOfFile);
+INSTANTIATE_TEST_SUITE_P(Files, WrongPrograms, testing::ValuesIn(filesIn("wrong")), nameOfFile);
+
+// The report of a message about the place at the end of the text, of which the rest of its line follows.
+std::string report(const std::string& before, const std::string& rest, const std::string& message) {
+    const std::size_t start = before.rfind('\n') + 1;
+    std::string caret;
+    for (const char c : before.substr(start)) {
+        const bool continuesCharacter = (c & 0xC0) == 0x80;
+        if (!continuesCharacter) caret += c == '\t' ? '\t' : ' ';
+    }
+    std::ostringstream text;
+    text << "test.bas:" << std::count(before.begin(), before.end(), '\n') + 1 << ":" << caret.size() + 1 << ": "
+         << (message.rfind("uncaught", 0) == 0 ? "" : "error: ") << message << "\n"
+         << before.substr(start) << rest << "\n"
+         << caret << "^\n";
+    return text.str();
+}
+
+void expectReports(std::string program, const std::vector<std::string>& messages) {
+    SCOPED_TRACE(program);
+    std::string expected;
+    for (const std::string& message : messages) {
+        const std::size_t place = program.find('@');
+        program.erase(place, 1);
+        const std::string rest = program.substr(place, program.find('\n', place) - place);
+        expected += report(program.substr(0, place), rest.substr(0, rest.find('@')), message);
+    }
+    const Outcome outcome = runProgram(program);
+    EXPECT_EQ(outcome.errors, expected);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(outcome.exitCode, 1);
+}
+
+} // namespace
+
+// Behind "'> " stands the line that a statement prints, or the lines that it prints in its turns, with " | " between them.
+// They are in the order of the output.
+TEST_P(PrintedPrograms, PrintWhatStandsInThem) {
+    std::ifstream file(GetParam());
+    std::string program, expected;
+    for (std::string line; std::getline(file, line); program += line + "\n") {
+        std::size_t start = line.find("'> ");
+        while (start != std::string::npos) {
+            start += 3;
+            const std::size_t end = line.find(" | ", start);
+            expected += line.substr(start, end - start) + "\n";
+            start = end;
+        }
+    }
+    const Outcome outcome = runProgram(program);
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(outcome.output, expected);
+    EXPECT_EQ(outcome.exitCode, 0);
+}
+
+// "@" marks each place that is reported. The messages follow behind "'! " in the order of the places, their further lines
+// behind "'| ", and then an empty line. One that begins with "uncaught" is of an exception, any other of an error that is
+// found before a start. Nothing is printed.
+TEST_P(WrongPrograms, EndWithTheReportsBelowThem) {
+    std::ifstream file(GetParam());
+    std::string program;
+    std::vector<std::string> messages;
+    for (std::string line; std::getline(file, line);) {
+        if (line.rfind("'! ", 0) == 0) {
+            messages.push_back(line.substr(3));
+        } else if (line.rfind("'| ", 0) == 0) {
+            messages.back() += "\n" + line.substr(3);
+        } else if (messages.empty()) {
+            program += (program.empty() ? "" : "\n") + line;
+        } else {
+            EXPECT_EQ(line, "");
+            expectReports(program, messages);
+            program.clear();
+            messages.clear();
+        }
+    }
+    EXPECT_EQ(program, "");
+}
+
+TEST(Statements, ThatRaise) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"p.Number = 1", "NilObjectException: A member of Nil was used."},
+        {"Print p.description", "NilObjectException: A member of Nil was used."},
+        {"Print p.successor", "NilObjectException: A member of Nil was used."},
+        {"Print none(0)", "NilObjectException: An array that is Nil was used."},
+        {"For Each d As Double In none : Next", "NilObjectException: "},
+        {"Dim texts() As String = Nil : Print Join(texts)", "NilObjectException: "},
+        {"Print v(-1)", "OutOfBoundsException: The index -1 is outside the range 0 to 1."},
+        {"v.Insert(3, 5)", "OutOfBoundsException: "},
+        {"ReDim v(-2)", "OutOfBoundsException: "},
+        {"Print Chr(&hD800)", "OutOfBoundsException: "},
+        {"Print Chr(-1)", "OutOfBoundsException: "},
+        {"Print Len(Repeat(\"abc\", 1000000000))", "OutOfMemoryException: "},
+        {"For j As Integer = 1 To 2 Step UBound(v) - 1 : Next", "RuntimeException: "},
+        {"p = Probe.echo(\"text\")", "TypeMismatchException: The variant holds String, not Probe."},
+        {"v(0) = Probe.echo(\"text\")", "TypeMismatchException: The variant holds String, not Double."},
+        {"v = Probe.echo(m)", "TypeMismatchException: The variant holds MemoryBlock, not Double()."},
+        {"p = Probe.echo(m)", "IllegalCastException: The variant holds MemoryBlock, not Probe."},
+        {"m.Byte(4) = 1", "OutOfBoundsException: 1 bytes from offset 4 are not inside a memory block of 4 bytes."},
+        {"Print m.Byte(4)", "OutOfBoundsException: 1 bytes from offset 4 are not inside a memory block of 4 bytes."},
+        {"Print m.Byte(-1)", "OutOfBoundsException: 1 bytes from offset -1 are not inside a memory block of 4 bytes."},
+        {"Print m.DoubleValue(0)", "OutOfBoundsException: 8 bytes from offset 0 are not inside a memory block of 4 bytes."},
+        {"Print m.StringValue(1, most)", "OutOfBoundsException: "},
+        {"m.Size = -1", "OutOfBoundsException: A memory block cannot have -1 bytes."},
+        {"Print f.ReadBytes.Size", "IOException: \"/no/such/file\" cannot be read."},
+        {"f.Delete", "IOException: \"/no/such/file\" cannot be removed."},
+        {"f.WriteBytes(m)", "IOException: \"/no/such/file\" cannot be written."}};
+    for (const auto& [statement, message] : cases) {
+        const Outcome outcome = runProgram(std::string(R"(Dim none() As Double = Probe.echo(Nil)
+Dim p As Probe, v(1) As Double, m As New MemoryBlock(4), most As Integer = 1e300
+Dim f As New FolderItem("/no/such/file")
+Try
+)") + statement + "\nCatch e As RuntimeException\nPrint e & \": \" & e.Message\nEnd Try");
+        EXPECT_EQ(outcome.output.substr(0, std::string(message).size()), message) << statement << outcome.errors;
+    }
+}
+
+TEST(Statements, LinesAreReadInEveryForm) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"' first\n// second\nRem third\nPrint 1 ' behind\nPrint 8 / 2 // behind\nPrint \"'//Rem\" Rem behind\n",
+         "1\n4\n'//Rem\n"},
+        {"Dim remark As Integer = 5 : Print remark", "5\n"},
+        {"Print 1 + _\n  2, _ ' with a comment\n  3\r\nPrint 4 _\r\n + 5", "3 3\n9\n"},
+        {"Print 1\rPrint 2\r\nPrint 3\n\n\n", "1\n2\n3\n"},
+        {"\xEF\xBB\xBFPrint 1", "1\n"},
+        {"", ""}};
+    for (const auto& [program, output] : cases)
+        EXPECT_EQ(runProgram(program).output, output) << program;
+}

@@ -1,0 +1,81 @@
+' Values of another type.
+
+Dim s As String
+s = @1
+'! this is of type Integer, but String is needed here
+
+Dim p As Probe = @New MemoryBlock(1)
+'! this is of type MemoryBlock, but Probe is needed here
+
+If @1 Then Print 1
+'! this is of type Integer, but Boolean is needed here
+
+Dim c As Color = @0.5
+'! this is of type Double, but Color is needed here
+
+Raise @"x"
+'! this is of type String, but RuntimeException is needed here
+
+Dim v() As Integer = Array(1, @"a")
+'! this is of type String, but Integer is needed here
+
+Dim p As Probe
+Print p @Is 1
+'! 'Is' compares objects, not Probe and Integer
+
+Print True @< False
+'! '<' cannot be applied to Boolean and Boolean
+
+Select Case 1
+Case @"x"
+End Select
+'! '=' cannot be applied to Integer and String
+
+Dim v() As Double
+Print v.@Append(1)
+'! this call gives no value
+
+Dim p As New Probe(1)
+p.@description
+'! this is a value, but nothing is done with it
+
+Dim p As New Probe(1)
+p.@description = "x"
+'! the property 'description' of Probe is read-only
+
+Probe.@kAnswer = 1
+'! this cannot be assigned to
+
+Const C = 1
+@C = 2
+'! this cannot be assigned to
+
+Dim i As Integer
+Const C = i @+ 1
+Print C
+'! this value must be made of literals and constants
+
+Const C = 1 @\ 0
+'! Division by zero.
+
+Dim i As Integer
+Print @i(0)
+'! this is of type Integer; only an array has elements
+
+Dim v(@3) As Double = Nil
+'! an array that gets a value takes its bound from the value
+
+For @s As String = 1 To 2
+Next
+'! a For loop counts an Integer or a Double, not a String
+
+For Each i As Integer In @3
+Next
+'! this is of type Integer, no array
+
+Print Probe(@New MemoryBlock(1))
+'! this is of type MemoryBlock and never is a Probe
+
+	Print "äö	€" @+ 1
+'! '+' cannot be applied to String and Integer; '&' joins values of any type
+
