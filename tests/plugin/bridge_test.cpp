@@ -7,7 +7,6 @@
 #include "bridge/frame.h"
 #include "bridge/strings.h"
 #include "runtime/host_entries.h"
-#include "runtime/host_version.h"
 
 #include <new>
 #include <stdexcept>
@@ -66,7 +65,13 @@ Stored utf8(const std::string& text) { return {text, foreign::kUTF8}; }
 
 } // namespace
 
-class Strings : public PluginTest {};
+class Strings : public PluginTest {
+protected:
+    void SetUp() override {
+        PluginTest::SetUp();
+        start();
+    }
+};
 
 TEST_F(Strings, FromTheHostAreReadInTheirEncodingByItOrFromItsStorage) {
     const std::pair<Stored, std::string> texts[] = {
@@ -80,7 +85,7 @@ TEST_F(Strings, FromTheHostAreReadInTheirEncodingByItOrFromItsStorage) {
         {{"abc", 0x0BADBAD}, "(null)"},
     };
     for (const double version : {2011.0, 2021.0}) {
-        start(version);
+        become(version);
         for (const bool hostAnswers : {true, false}) {
             host.before["REALGetStringCFString"] = [=] { return !hostAnswers; };
             for (const auto& [stored, expected] : texts)
@@ -98,7 +103,7 @@ TEST_F(Strings, FromTheHostAreReadInTheirEncodingByItOrFromItsStorage) {
 
 TEST_F(Strings, FromTheHostAreAskedForByTheWayOfItsVersion) {
     const auto asked = [&](double version, std::uint32_t encoding, bool hostAnswers) {
-        start(version);
+        become(version);
         host.before["REALGetStringCFString"] = [=] { return !hostAnswers; };
         const Owned text(foreign::string("x", encoding));
         return traceOf([&] { CFRelease(RBString2CFString(text)); });
@@ -141,7 +146,7 @@ TEST_F(Strings, AreBuiltByTheWayOfTheHostsVersion) {
     };
     for (const auto& build : builds) {
         host.before = {{build.refused, [] { return true; }}};
-        start(build.version);
+        become(build.version);
         Stored result;
         std::string trace = traceOf([&] { result = built(build.text.first, build.text.second); });
         EXPECT_EQ(result, build.expected) << build.version << ' ' << build.trace;
@@ -155,13 +160,13 @@ TEST_F(Strings, AreBuiltByTheWayOfTheHostsVersion) {
     for (const std::int64_t length : {INT64_C(0), INT64_C(-1), INT64_C(2147483648)})
         EXPECT_EQ(REALBuildUnicodeString("x", length, kCFStringEncodingUTF8), nullptr);
     EXPECT_EQ(REALBuildUnicodeString(nullptr, 5, kCFStringEncodingUTF8), nullptr);
-    start(2012.9);
+    become(2012.9);
     EXPECT_EQ(built(units(std::u32string(500, 0x1F600)), foreign::kUTF32), utf8(repeated(emoji, 500)));
 }
 
 TEST_F(Strings, FromThePlatformKeepEveryLength) {
     for (const double version : {2011.0, 2021.0}) {
-        start(version);
+        become(version);
         EXPECT_EQ(toHost(native::string("")), nothing);
         for (const std::size_t length : {1U, 99U, 100U, 5000U})
             for (const std::string& text : {repeated("x", length), repeated("\xE2\x82\xAC", length)})

@@ -2,7 +2,6 @@
 #include "support/plugin_test.h"
 
 #include "classes/colorspace/colorspace.h"
-#include "runtime/host_version.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -119,7 +118,7 @@ TEST_F(Spaces, ProfileFilesAreReadByThePathThatTheHostVersionHas) {
         return result;
     };
     for (const double version : {2012.9, 2013.0, 2021.0}) {
-        host.version = rbversion_rbversion = version;
+        become(version);
         EXPECT_EQ(read({{"NativePath", path}}), version < 2013.0 ? "" : bytes);
         EXPECT_EQ(read({{"URLPath", url}}), version < 2013.0 ? bytes : "");
     }
@@ -128,7 +127,7 @@ TEST_F(Spaces, ProfileFilesAreReadByThePathThatTheHostVersionHas) {
     EXPECT_EQ(read({{"NativePath", ""}}), "");
     std::ofstream(path, std::ios::binary | std::ios::trunc) << half;
     EXPECT_EQ(read({{"NativePath", path}}), platform::expected(Difference::ProfileChecks, std::string(), half));
-    host.version = rbversion_rbversion = 2012.0;
+    become(2012.0);
     EXPECT_EQ(read({{"URLPath", "not a url \x01"}}), "");
     std::remove(path.c_str());
 }

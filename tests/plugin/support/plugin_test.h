@@ -6,6 +6,7 @@
 
 #include "classes/color/color.h"
 #include "runtime/host_values.h"
+#include "runtime/host_version.h"
 #include "runtime/native_object.h"
 
 #include <gtest/gtest.h>
@@ -41,6 +42,9 @@ protected:
         host.version = version;
         REALPluginMain(foreign::Host::resolve);
     }
+
+    // Lets the host be of another version than it was loaded into.
+    void become(double version) { host.version = chroma::rbversion_rbversion = version; }
 
     // What the body asks of the host's entries and, by messages, of the platform, in order.
     template <class Body>
