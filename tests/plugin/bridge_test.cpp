@@ -286,7 +286,7 @@ TEST_F(Errors, WordTheRange) {
     expectMessage("Parameter values to method m is too big. Range is 1 to 19, but value is 20.", 20, 1, 20, "values", "m");
     expectMessage("Parameter values to method m is too small. Range is 1 to 19, but value is 0.", 0, 1, 20, "values", "m");
     expectMessage("Parameter index  is too big. Range is 0 to 4, but value is 5.", 5, 0, 5, "index", nullptr);
-    expectMessage("Parameter ?  is too big. Range is 0 to 4, but value is 3.", 3, 0, 5, nullptr, "");
+    expectMessage("Parameter ?  is too big. Range is 0 to 4, but value is 0.", 0, 0, 5, nullptr, "");
     expectMessage("Parameter x to method y is too small. Range is 9223372036854775807 to -1, but value is "
                   "-9223372036854775808.",
                   INT64_MIN, INT64_MAX, 0, "x", "y");
