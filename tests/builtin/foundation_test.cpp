@@ -118,6 +118,10 @@ TEST_F(Strings, AreWrittenWhereTheyFit) {
     EXPECT_STREQ(buffer, "\xE2\x82\xAC");
     EXPECT_FALSE(CFStringGetCString(fromUnits(u"\u20AC"), buffer, 3, utf8));
     EXPECT_STREQ(buffer, "");
+    EXPECT_TRUE(CFStringGetCString(string("abc"), buffer, 4, macRoman));
+    EXPECT_STREQ(buffer, "abc");
+    EXPECT_FALSE(CFStringGetCString(string("abc"), buffer, 3, utf8));
+    EXPECT_STREQ(buffer, "");
     EXPECT_FALSE(CFStringGetCString(fromUnits(u""), buffer, 0, utf8));
     EXPECT_TRUE(CFStringGetCString(fromUnits(u""), buffer, 1, utf8));
     EXPECT_FALSE(CFStringGetCString(fromUnits(u""), nullptr, 1, utf8));
@@ -130,7 +134,8 @@ TEST_F(Strings, CompareByContents) {
         EXPECT_FALSE(send<BOOL>(first, message, later)) << message;
     }
     EXPECT_EQ(send<std::uintptr_t>(first, "hash"), send<std::uintptr_t>(same, "hash"));
-    for (const auto& [other, order] : {std::pair{later, -1}, {same, 0}, {string("abb"), 1}})
+    for (const auto& [other, order] :
+         {std::pair{later, -1}, {same, 0}, {string("abb"), 1}, {fromUnits(u"ab\u00E9"), -1}, {fromUnits(u"ab"), 1}})
         EXPECT_EQ(send<std::intptr_t>(first, "compare:", other), order);
     EXPECT_FALSE(isEqual(first, color("redColor")));
     EXPECT_TRUE(refuses([&] { send<BOOL>(first, "isEqualToString:", color("redColor")); }));

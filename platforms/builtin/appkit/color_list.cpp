@@ -18,14 +18,14 @@ ClassObject ColorList::cls;
 
 namespace {
 
-String notEditable{u"NSColorListNotEditableException"};
+String notEditable{"NSColorListNotEditableException"};
 
 const Message lengthMessage{"length"};
 const Message colorSpaceNameMessage{"colorSpaceName"};
 
 // Puts the colour in the place of the key's, or at the end.
-ColorList::Entry* put(ColorList* list, std::u16string_view key, Color* color) {
-    const auto [entry, isNew] = list->colors.try_emplace(std::u16string(key));
+ColorList::Entry* put(ColorList* list, const String& key, Color* color) {
+    const auto [entry, isNew] = list->colors.try_emplace(key.text());
     entry->second = color;
     if (isNew) list->entries.push_back(&*entry);
     return &*entry;
@@ -124,8 +124,7 @@ ColorList* systemList() {
         made->isEditable = false;
         const CatalogColors colors = catalogColors();
         for (std::size_t index = 0; index < colors.count; ++index) {
-            const std::string_view key = colors.colors[index].name;
-            put(made, std::u16string(key.begin(), key.end()), colorOf(colors.colors[index]));
+            put(made, *autorelease(newAsciiString(colors.colors[index].name)), colorOf(colors.colors[index]));
         }
         return made;
     }();
@@ -171,7 +170,7 @@ void insertColor(ColorList* self, SEL selector, id colorObject, id keyObject, st
         raise(exceptionName::range, formatted("-[NSColorList %s]: index %zu beyond count %zu", sel_getName(selector),
                                               static_cast<std::size_t>(index), entries.size()));
     }
-    ColorList::Entry* const placed = put(self, key->text(), color);
+    ColorList::Entry* const placed = put(self, *key, color);
     const auto entry = std::find(entries.rbegin(), entries.rend(), placed).base() - 1;
     const auto last = static_cast<std::ptrdiff_t>(entries.size()) - 1;
     const auto target = entries.begin() + std::min(static_cast<std::ptrdiff_t>(index), last);
@@ -183,7 +182,7 @@ void setColor(ColorList* self, SEL selector, id colorObject, id keyObject) {
     requireEditable(self, selector);
     Color* const color = requiredColor(colorObject, selector);
     const String* const key = requiredKey(keyObject, selector);
-    put(self, key->text(), color);
+    put(self, *key, color);
 }
 
 void removeColorWithKey(ColorList* self, SEL selector, id keyObject) {

@@ -42,7 +42,7 @@ ColorSpace* spaceForName(id name) {
     const String* const wanted = argument<String>(name, length);
     if (!wanted) return nullptr;
     for (const NamedSpace& candidate : spaces) {
-        if (candidate.name.text() == wanted->text()) return standardSpace(candidate.space);
+        if (isEqualText(candidate.name, *wanted)) return standardSpace(candidate.space);
     }
     return nullptr;
 }

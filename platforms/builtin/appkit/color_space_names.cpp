@@ -4,16 +4,16 @@
 
 namespace chroma::builtin::spaceName {
 
-String calibratedWhite{u"NSCalibratedWhiteColorSpace"};
-String calibratedBlack{u"NSCalibratedBlackColorSpace"};
-String calibratedRGB{u"NSCalibratedRGBColorSpace"};
-String deviceWhite{u"NSDeviceWhiteColorSpace"};
-String deviceBlack{u"NSDeviceBlackColorSpace"};
-String deviceRGB{u"NSDeviceRGBColorSpace"};
-String deviceCMYK{u"NSDeviceCMYKColorSpace"};
-String named{u"NSNamedColorSpace"};
-String pattern{u"NSPatternColorSpace"};
-String custom{u"NSCustomColorSpace"};
+String calibratedWhite{"NSCalibratedWhiteColorSpace"};
+String calibratedBlack{"NSCalibratedBlackColorSpace"};
+String calibratedRGB{"NSCalibratedRGBColorSpace"};
+String deviceWhite{"NSDeviceWhiteColorSpace"};
+String deviceBlack{"NSDeviceBlackColorSpace"};
+String deviceRGB{"NSDeviceRGBColorSpace"};
+String deviceCMYK{"NSDeviceCMYKColorSpace"};
+String named{"NSNamedColorSpace"};
+String pattern{"NSPatternColorSpace"};
+String custom{"NSCustomColorSpace"};
 
 } // namespace chroma::builtin::spaceName
 

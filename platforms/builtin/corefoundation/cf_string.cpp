@@ -17,8 +17,9 @@ BUILTIN_EXPORT CFStringRef CFStringCreateWithBytes(CFAllocatorRef, const std::ui
     if (count < 0 || (count > 0 && !bytes)) return nullptr;
     builtin::ensurePlatform();
     return builtin::orNull([&]() -> CFStringRef {
-        std::u16string text;
         const std::string_view view(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(count));
+        if (extendsAscii(encoding) && isAscii(view)) return builtin::newAsciiString(view);
+        std::u16string text;
         if (!decodeText(view, encoding, isExternalRepresentation != 0, text)) return nullptr;
         return builtin::newString(text);
     });
@@ -37,7 +38,16 @@ BUILTIN_EXPORT CFIndex CFStringGetLength(CFStringRef string) {
 
 BUILTIN_EXPORT Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex capacity, CFStringEncoding encoding) {
     if (!string || !buffer || capacity <= 0) return 0;
-    if (encodeText(static_cast<String*>(string)->text(), encoding, buffer, static_cast<std::size_t>(capacity))) return 1;
+    const String& text = *static_cast<String*>(string);
+    const auto size = static_cast<std::size_t>(capacity);
+    if (text.ascii) {
+        if (extendsAscii(encoding) && text.length < size) {
+            std::memcpy(buffer, text.ascii, text.length + 1);
+            return 1;
+        }
+    } else if (encodeText({text.units, text.length}, encoding, buffer, size)) {
+        return 1;
+    }
     buffer[0] = '\0';
     return 0;
 }

@@ -10,9 +10,9 @@ ClassObject Exception::cls;
 
 namespace exceptionName {
 
-String invalidArgument{u"NSInvalidArgumentException"};
-String malloc{u"NSMallocException"};
-String range{u"NSRangeException"};
+String invalidArgument{"NSInvalidArgumentException"};
+String malloc{"NSMallocException"};
+String range{"NSRangeException"};
 
 } // namespace exceptionName
 
@@ -24,7 +24,7 @@ void raise(String& name, String* reason) {
 }
 
 void raiseMemoryExhausted() {
-    static String reason{u"memory is exhausted"};
+    static String reason{"memory is exhausted"};
     static Exception exception{exceptionName::malloc, reason};
     objc_exception_throw(&exception);
 }

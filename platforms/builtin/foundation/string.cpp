@@ -3,29 +3,59 @@
 #include "foundation/exception.h"
 #include "text/encoding.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
-#include <memory>
-#include <string>
+#include <utility>
 
 namespace chroma::builtin {
 
 ClassObject String::cls;
 
-HeapString::~HeapString() {
-    delete[] storage;
-    delete[] utf8.load(std::memory_order_relaxed);
+std::u16string String::text() const { return ascii ? std::u16string(ascii, ascii + length) : std::u16string(units, length); }
+
+HeapString::~HeapString() { delete[] utf8.load(std::memory_order_relaxed); }
+
+// Two texts of the same units are held in the same form.
+bool isEqualText(const String& first, const String& second) {
+    if (first.length != second.length || !first.ascii != !second.ascii) return false;
+    return first.ascii ? std::memcmp(first.ascii, second.ascii, first.length) == 0
+                       : std::equal(first.units, first.units + first.length, second.units);
 }
 
-String* newString(std::u16string_view text) {
-    auto storage = std::make_unique<char16_t[]>(text.size() + 1);
-    text.copy(storage.get(), text.size());
+namespace {
+
+// Takes one of the two over, the bytes with their NUL.
+String* newHeapString(std::unique_ptr<char[]> bytes, std::unique_ptr<char16_t[]> wideText, std::size_t length) {
     auto* const string = static_cast<HeapString*>(allocate(String::cls));
-    string->storage = storage.release();
-    string->units = string->storage;
-    string->length = text.size();
+    string->bytes = std::move(bytes);
+    string->wideText = std::move(wideText);
+    string->ascii = string->bytes.get();
+    string->units = string->wideText.get();
+    string->length = length;
     return string;
+}
+
+} // namespace
+
+String* newString(std::u16string_view text) {
+    if (isAscii(text)) {
+        std::unique_ptr<char[]> bytes(new char[text.size() + 1]);
+        std::transform(text.begin(), text.end(), bytes.get(), [](char16_t unit) { return static_cast<char>(unit); });
+        bytes[text.size()] = '\0';
+        return newHeapString(std::move(bytes), nullptr, text.size());
+    }
+    std::unique_ptr<char16_t[]> wideText(new char16_t[text.size()]);
+    text.copy(wideText.get(), text.size());
+    return newHeapString(nullptr, std::move(wideText), text.size());
+}
+
+String* newAsciiString(std::string_view text) {
+    std::unique_ptr<char[]> bytes(new char[text.size() + 1]);
+    text.copy(bytes.get(), text.size());
+    bytes[text.size()] = '\0';
+    return newHeapString(std::move(bytes), nullptr, text.size());
 }
 
 String* string(std::u16string_view text) { return autorelease(newString(text)); }
@@ -34,6 +64,7 @@ namespace {
 
 // nil when the bytes are not UTF-8.
 String* newStringFromUtf8(std::string_view bytes) {
+    if (isAscii(bytes)) return newAsciiString(bytes);
     std::u16string text;
     if (!decodeText(bytes, encoding::utf8, false, text)) return nullptr;
     return newString(text);
@@ -61,6 +92,7 @@ String* formatted(const char* format, ...) {
 }
 
 const char* utf8Of(String* string) {
+    if (string->ascii) return string->ascii;
     if (const char* const known = string->utf8.load(std::memory_order_acquire)) return known;
 
     // A unit takes at most three bytes.
@@ -98,27 +130,33 @@ char16_t characterAtIndex(String* self, SEL, std::uintptr_t index) {
         raise(exceptionName::range, formatted("-[NSString characterAtIndex:]: index %zu beyond length %zu",
                                               static_cast<std::size_t>(index), self->length));
     }
-    return self->units[index];
+    return self->unit(index);
 }
 
 const char* utf8String(String* self, SEL) { return utf8Of(self); }
 
 BOOL isEqual(String* self, SEL, id other) {
-    return isKindOf(other, String::cls) && self->text() == static_cast<String*>(other)->text();
+    return isKindOf(other, String::cls) && isEqualText(*self, *static_cast<String*>(other));
 }
 
 BOOL isEqualToString(String* self, SEL, id other) {
     const String* const string = argument<String>(other, isEqualToStringMessage);
-    return string && self->text() == string->text();
+    return string && isEqualText(*self, *string);
 }
 
-std::uintptr_t hash(String* self, SEL) { return std::hash<std::u16string_view>()(self->text()); }
+std::uintptr_t hash(String* self, SEL) {
+    return self->ascii ? std::hash<std::string_view>()({self->ascii, self->length})
+                       : std::hash<std::u16string_view>()({self->units, self->length});
+}
 
 // By UTF-16 units: -1, 0 or 1.
 std::intptr_t compare(String* self, SEL, id other) {
     const String* const string = argument<String>(other, isEqualToStringMessage);
-    const int order = self->text().compare(string ? string->text() : std::u16string_view());
-    return (order > 0) - (order < 0);
+    const std::size_t length = string ? string->length : 0;
+    for (std::size_t index = 0; index < std::min(self->length, length); ++index) {
+        if (self->unit(index) != string->unit(index)) return self->unit(index) < string->unit(index) ? -1 : 1;
+    }
+    return (self->length > length) - (self->length < length);
 }
 
 String* description(String* self, SEL) { return self; }

@@ -220,6 +220,31 @@ bool putUtf8(Output& output, char32_t character) {
 
 } // namespace
 
+bool extendsAscii(std::uint32_t encoding) { return encoding == encoding::utf8 || isSingleByte(encoding); }
+
+// Whole words at a time, since text is looked at before it is copied.
+bool isAscii(std::string_view bytes) {
+    std::uint64_t all = 0;
+    std::size_t index = 0;
+    for (; index + sizeof all <= bytes.size(); index += sizeof all) {
+        std::uint64_t word;
+        std::memcpy(&word, bytes.data() + index, sizeof word);
+        all |= word;
+    }
+    for (; index < bytes.size(); ++index) {
+        all |= static_cast<unsigned char>(bytes[index]);
+    }
+    return (all & 0x8080808080808080) == 0;
+}
+
+bool isAscii(std::u16string_view text) {
+    unsigned all = 0;
+    for (const char16_t unit : text) {
+        all |= unit;
+    }
+    return all < 0x80;
+}
+
 bool decodeText(std::string_view bytes, std::uint32_t encoding, bool honoursMark, std::u16string& text) {
     if (isSingleByte(encoding)) return decodeSingleBytes(bytes, encoding, text);
     switch (encoding) {
@@ -231,7 +256,7 @@ bool decodeText(std::string_view bytes, std::uint32_t encoding, bool honoursMark
 }
 
 bool encodeText(std::u16string_view text, std::uint32_t encoding, char* buffer, std::size_t capacity) {
-    if (encoding != encoding::utf8 && !isSingleByte(encoding)) return false;
+    if (!extendsAscii(encoding)) return false;
     const std::size_t copied = copyAsciiBlocks(text, buffer, capacity);
     Output output(buffer + copied, capacity - copied);
     for (std::size_t index = copied; index < text.size(); ++index) {

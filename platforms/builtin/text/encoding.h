@@ -20,6 +20,12 @@ constexpr std::uint32_t utf32 = 0x0C000100;
 
 } // namespace encoding
 
+// Whether ASCII text is the same bytes in the encoding. False for an unknown one.
+bool extendsAscii(std::uint32_t encoding);
+
+bool isAscii(std::string_view bytes);
+bool isAscii(std::u16string_view text);
+
 // Appends the text. False for bytes that are invalid in the encoding and for an unknown encoding. With `honoursMark` a byte
 // order mark decides the order of UTF-16 and UTF-32 and is left out, of UTF-8 too.
 bool decodeText(std::string_view bytes, std::uint32_t encoding, bool honoursMark, std::u16string& text);
