@@ -12,7 +12,7 @@
 #include "foundation/data.h"
 #include "foundation/exception.h"
 #include "runtime/bootstrap.h"
-#include "runtime/uncaught.h"
+#include "runtime/exceptions.h"
 
 #include <mutex>
 
@@ -46,6 +46,7 @@ void registerPlatform() noexcept {
             registerCategory(category());
         }
         exchangeUncaughtHandler(reportUncaught);
+        watchForUncaught();
         platformIsReady.store(true, std::memory_order_release);
     });
 }

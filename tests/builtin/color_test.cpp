@@ -50,9 +50,17 @@ TEST_F(Colors, AnswerTheComponentsOfTheirFamilyAlone) {
 
 TEST_F(Colors, RefuseWhatTheirKindDoesNotHave) {
     const id grey = calibratedWhite(0.5f, 1), catalog = color("controlColor"), red = color("redColor");
-    EXPECT_EQ(raised([&] { send<CGFloat>(grey, "redComponent"); }),
-              "NSInvalidArgumentException: *** -[NSColor redComponent] not valid for the NSColor "
-              "NSCalibratedWhiteColorSpace 0.5 1; need to first convert colorspace.");
+    id exception = nullptr;
+    {
+        const Pool inner; // the colour goes with it, and what is told of it is not told yet
+        const id gone = calibratedWhite(0.5f, 1);
+        exception = send(caught([&] { send<CGFloat>(gone, "redComponent"); }), "retain");
+    }
+    EXPECT_EQ(textOf(send(exception, "name")), "NSInvalidArgumentException");
+    EXPECT_EQ(textOf(send(exception, "reason")), "*** -[NSColor redComponent] not valid for the NSColor "
+                                                 "NSCalibratedWhiteColorSpace 0.5 1; need to first convert colorspace.");
+    EXPECT_EQ(send(exception, "reason"), send(exception, "reason"));
+    CFRelease(exception);
     CGFloat sink[5];
     CGFloat* const out = sink;
     EXPECT_TRUE(refuses([&] { send<void>(grey, "getRed:green:blue:alpha:", out, out, out, out); }));

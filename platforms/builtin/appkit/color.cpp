@@ -41,11 +41,12 @@ Color* sharedColor(ColorSpace* space, std::initializer_list<double> components) 
     return makeImmortal(ownedComponentColor(space, components));
 }
 
-void raiseNotValid(Color* color, SEL selector) {
-    raise(exceptionName::invalidArgument,
-          formatted("*** -[NSColor %s] not valid for the NSColor %s; need to first convert colorspace.",
-                    sel_getName(selector), printable(send<String*>(color, msg::description))));
+static String* wordNotValid(Object* color, SEL selector) {
+    return formatted("*** -[NSColor %s] not valid for the NSColor %s; need to first convert colorspace.",
+                     sel_getName(selector), printable(send<String*>(color, msg::description)));
 }
+
+void raiseNotValid(Color* color, SEL selector) { raise(exceptionName::invalidArgument, wordNotValid, color, selector); }
 
 namespace {
 

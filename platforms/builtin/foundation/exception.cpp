@@ -16,24 +16,29 @@ String range{"NSRangeException"};
 
 } // namespace exceptionName
 
+String* Exception::tellReason() {
+    if (reason || !wordReason) return reason.get();
+    return wordedReason.get([this] { return retain(wordReason(subject.get(), selector)); });
+}
+
 void raise(String& name, String* reason) {
     auto* const exception = make<Exception>();
     exception->name = &name;
     exception->reason = reason;
-    objc_exception_throw(autorelease(exception));
+    throwObject(autorelease(exception));
 }
 
 void raiseMemoryExhausted() {
     static String reason{"memory is exhausted"};
     static Exception exception{exceptionName::malloc, reason};
-    objc_exception_throw(&exception);
+    throwObject(&exception);
 }
 
 void reportUncaught(id thrown) {
     if (isKindOf(thrown, Exception::cls)) {
-        const auto* const exception = static_cast<Exception*>(thrown);
+        auto* const exception = static_cast<Exception*>(thrown);
         std::fprintf(stderr, "*** Terminating app due to uncaught exception '%s', reason: '%s'\n",
-                     printable(exception->name.get()), printable(exception->reason.get()));
+                     printable(exception->name.get()), printable(exception->tellReason()));
     } else {
         std::fprintf(stderr, "*** Terminating app due to uncaught exception of class '%s'\n", object_getClassName(thrown));
     }
@@ -57,13 +62,16 @@ id exceptionWithName(ClassObject* self, SEL, id name, id reason, id userInfo) {
 
 String* name(Exception* self, SEL) { return self->name.get(); }
 
-String* reason(Exception* self, SEL) { return self->reason.get(); }
+String* reason(Exception* self, SEL) { return self->tellReason(); }
 
 id userInfo(Exception* self, SEL) { return self->userInfo.get(); }
 
-String* description(Exception* self, SEL) { return self->reason ? self->reason.get() : self->name.get(); }
+String* description(Exception* self, SEL) {
+    String* const reason = self->tellReason();
+    return reason ? reason : self->name.get();
+}
 
-void raiseException(Exception* self, SEL) { objc_exception_throw(self); }
+void raiseException(Exception* self, SEL) { throwObject(self); }
 
 } // namespace
 

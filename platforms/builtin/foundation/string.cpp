@@ -73,9 +73,11 @@ String* newStringFromUtf8(std::string_view bytes) {
 std::string formatBytes(const char* format, std::va_list arguments) {
     std::va_list again;
     va_copy(again, arguments);
-    const int size = std::vsnprintf(nullptr, 0, format, arguments);
-    std::string bytes(static_cast<std::size_t>(size) + 1, '\0');
-    std::vsnprintf(bytes.data(), bytes.size(), format, again);
+    std::string bytes(200, '\0'); // enough for nearly all
+    const auto size = static_cast<std::size_t>(std::vsnprintf(bytes.data(), bytes.size(), format, arguments)) + 1;
+    const bool isWhole = size <= bytes.size();
+    bytes.resize(size);
+    if (!isWhole) std::vsnprintf(bytes.data(), size, format, again);
     va_end(again);
     bytes.pop_back();
     return bytes;

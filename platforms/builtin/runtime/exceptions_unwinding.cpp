@@ -1,5 +1,5 @@
 // Native exceptions in 64 bits: C++ exceptions of one type, which unwind the stack.
-#include "runtime/uncaught.h"
+#include "runtime/exceptions.h"
 
 #include "runtime/export.h"
 
@@ -24,16 +24,13 @@ std::terminate_handler enclosingHandler = nullptr;
 }
 
 } // namespace
+
+void watchForUncaught() { enclosingHandler = std::set_terminate(endProcess); }
+
 } // namespace chroma::builtin
 
 namespace chroma {
 
-BUILTIN_EXPORT void objc_exception_throw(id exception) {
-    [[maybe_unused]] static const bool isInstalled = [] {
-        builtin::enclosingHandler = std::set_terminate(builtin::endProcess);
-        return true;
-    }();
-    throw static_cast<ThrownObject>(reinterpret_cast<std::uintptr_t>(exception));
-}
+BUILTIN_EXPORT void objc_exception_throw(id exception) { builtin::throwObject(exception); }
 
 } // namespace chroma

@@ -2,6 +2,7 @@
 
 #include "builtin/introspection.h"
 #include "runtime/bootstrap.h"
+#include "runtime/exceptions.h"
 #include "runtime/export.h"
 
 #include <cstdlib>
@@ -41,7 +42,7 @@ void deallocate(Object* object) {
     cls.destroy(object);
     cls.liveInstances.fetch_sub(1, std::memory_order_relaxed);
     std::free(object);
-    if (const id thrown = std::exchange(thrownByMember, thrownBefore)) objc_exception_throw(thrown);
+    if (const id thrown = std::exchange(thrownByMember, thrownBefore)) throwObject(thrown);
 }
 
 } // namespace chroma::builtin

@@ -1,4 +1,4 @@
-#include "runtime/uncaught.h"
+#include "runtime/exceptions.h"
 
 #include "runtime/bootstrap.h"
 #include "runtime/export.h"
