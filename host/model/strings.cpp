@@ -2,6 +2,8 @@
 
 #include "model/platform.h"
 #include "model/storage.h"
+#include "text/letters.h"
+#include "text/utf8.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -14,6 +16,12 @@ struct REALstringStruct {
     std::int32_t references;
     unsigned char fields[12];
     host::Encoding encoding;
+    std::int32_t capacity; // how many bytes of text there is memory for
+    // Of UTF-8, and of text that is ASCII in whatever encoding: how many characters, as many as bytes when all are ASCII.
+    // Otherwise -1.
+    std::int32_t characters;
+    mutable std::int32_t lastCharacter; // the character that was asked for last, and the byte at which it starts
+    mutable std::int32_t lastOffset;
 };
 static_assert(REALstringLengthOffset + sizeof(std::int32_t) <= offsetof(REALstringStruct, encoding));
 
@@ -32,6 +40,40 @@ bool extendsAscii(Encoding encoding) {
     return encoding == encoding::utf8 || encoding == encoding::ascii || encoding == encoding::macRoman ||
            encoding == encoding::isoLatin1 || encoding == encoding::windowsLatin1 || encoding == encoding::unknown;
 }
+
+std::int32_t countCharacters(std::string_view bytes, Encoding encoding) {
+    if (encoding == encoding::utf8) return static_cast<std::int32_t>(utf8::length(bytes));
+    return extendsAscii(encoding) && isAscii(bytes) ? static_cast<std::int32_t>(bytes.size()) : -1;
+}
+
+// Sets text and length; the memory suffices.
+void setText(String* string, std::size_t start, std::string_view bytes) {
+    unsigned char* const buffer = addressAt(string, sizeof(String));
+    const std::size_t length = start + bytes.size();
+    buffer[0] = static_cast<unsigned char>(std::min<std::size_t>(length, 255));
+    std::memcpy(buffer + 1 + start, bytes.data(), bytes.size());
+    buffer[1 + length] = 0;
+    writeAt(string, REALstringBufferOffset, buffer);
+    writeAt(string, REALstringLengthOffset, static_cast<std::int32_t>(length));
+}
+
+constexpr std::size_t maxLength = std::numeric_limits<std::int32_t>::max();
+constexpr std::size_t besideText = sizeof(String) + 1 + 1;
+
+String* newStringWithRoom(std::string_view bytes, Encoding encoding, std::size_t room) {
+    if (bytes.empty() || bytes.size() > maxLength) return nullptr;
+    const std::size_t capacity = std::max(bytes.size(), std::min(room, maxLength));
+    void* const memory = std::malloc(besideText + capacity);
+    if (!memory) return nullptr;
+    auto* const string =
+        new (memory) String{1, {}, encoding, static_cast<std::int32_t>(capacity), countCharacters(bytes, encoding), 0, 0};
+    setText(string, 0, bytes);
+    ++liveStrings;
+    return string;
+}
+
+// Whether the string's own bytes are its text in UTF-8.
+bool isStoredAsUtf8(const String* string) { return string->encoding == encoding::utf8 || string->characters >= 0; }
 
 template <class Unit>
 void append(std::string& bytes, Unit unit) {
@@ -78,20 +120,7 @@ std::optional<std::string> converted(const String* string, Encoding to) {
 
 } // namespace
 
-String* newString(std::string_view bytes, Encoding encoding) {
-    if (bytes.empty() || bytes.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) return nullptr;
-    void* const memory = std::malloc(sizeof(String) + 1 + bytes.size() + 1);
-    if (!memory) return nullptr;
-    auto* const string = new (memory) String{1, {}, encoding};
-    unsigned char* const buffer = addressAt(string, sizeof(String));
-    buffer[0] = static_cast<unsigned char>(std::min<std::size_t>(bytes.size(), 255));
-    std::memcpy(buffer + 1, bytes.data(), bytes.size());
-    buffer[1 + bytes.size()] = 0;
-    writeAt(string, REALstringBufferOffset, buffer);
-    writeAt(string, REALstringLengthOffset, static_cast<std::int32_t>(bytes.size()));
-    ++liveStrings;
-    return string;
-}
+String* newString(std::string_view bytes, Encoding encoding) { return newStringWithRoom(bytes, encoding, 0); }
 
 void lock(String* string) {
     if (string) ++string->references;
@@ -112,7 +141,45 @@ std::string_view bytesOf(const String* string) {
 Encoding encodingOf(const String* string) { return string ? string->encoding : encoding::unknown; }
 
 void setEncoding(String* string, Encoding encoding) {
-    if (string) string->encoding = encoding;
+    if (!string) return;
+    string->encoding = encoding;
+    string->characters = countCharacters(bytesOf(string), encoding);
+    string->lastCharacter = string->lastOffset = 0;
+}
+
+TextOf::TextOf(const String* string) : string_(string && isStoredAsUtf8(string) ? string : nullptr) {
+    if (string && !string_) copy_ = utf8Of(string);
+    bytes_ = string_ ? bytesOf(string_) : std::string_view(copy_);
+}
+
+std::size_t TextOf::length() const { return string_ ? static_cast<std::size_t>(string_->characters) : utf8::length(bytes_); }
+
+std::size_t TextOf::offsetOf(std::size_t character) const {
+    if (!string_) return utf8::offsetOf(bytes_, character);
+    const std::size_t length = this->length();
+    if (character >= length) return bytes_.size();
+    if (length == bytes_.size()) return character;
+    auto last = static_cast<std::size_t>(string_->lastCharacter);
+    auto offset = static_cast<std::size_t>(string_->lastOffset);
+    if (character < last / 2) last = offset = 0;
+    if (character >= last) {
+        offset += utf8::offsetOf(bytes_.substr(offset), character - last);
+    } else {
+        for (; last > character; --last)
+            offset = utf8::floor(bytes_, offset - 1);
+    }
+    string_->lastCharacter = static_cast<std::int32_t>(character);
+    string_->lastOffset = static_cast<std::int32_t>(offset);
+    return offset;
+}
+
+std::size_t TextOf::characterAt(std::size_t offset) const {
+    if (!string_) return utf8::length(bytes_.substr(0, offset));
+    if (length() == bytes_.size()) return offset;
+    const auto last = static_cast<std::size_t>(string_->lastOffset);
+    const auto before = static_cast<std::size_t>(string_->lastCharacter);
+    return offset < last ? utf8::length(bytes_.substr(0, offset))
+                         : before + utf8::length(bytes_.substr(last, offset - last));
 }
 
 String* convert(const String* string, Encoding encoding) {
@@ -132,17 +199,40 @@ String* concatenate(const String* a, const String* b) {
     return newString(utf8Of(a) + utf8Of(b));
 }
 
-int compare(const String* a, const String* b, bool ignoringCase) {
-    std::string left = utf8Of(a);
-    std::string right = utf8Of(b);
-    if (ignoringCase) {
-        for (std::string* text : {&left, &right}) {
-            for (char& c : *text) {
-                if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-            }
-        }
+String* append(String* a, const String* b) {
+    if (!b) return a;
+    const std::string_view bytes = bytesOf(b);
+    const std::size_t length = bytesOf(a).size();
+    const bool inPlace = a && a->references == 1 && a != b && a->encoding == b->encoding && a->characters >= 0 &&
+                         b->characters >= 0 && length + bytes.size() <= static_cast<std::size_t>(a->capacity);
+    if (inPlace) {
+        setText(a, length, bytes);
+        a->characters += b->characters;
+        return a;
     }
-    return left.compare(right); // UTF-8 sorts like its code points
+    String* joined = nullptr;
+    if (a && a->encoding == b->encoding) {
+        std::string text;
+        text.reserve(length + bytes.size());
+        text.append(bytesOf(a)).append(bytes);
+        joined = newStringWithRoom(text, a->encoding, text.size() * 2);
+    } else {
+        joined = concatenate(a, b);
+    }
+    if (!joined) throw std::bad_alloc();
+    unlock(a);
+    return joined;
+}
+
+int compare(const String* a, const String* b, bool ignoringCase) {
+    const TextOf left(a), right(b);
+    if (!ignoringCase) return left.bytes().compare(right.bytes()); // UTF-8 sorts like its code points
+    const auto folded = [](std::string_view text) {
+        std::string result(text);
+        std::transform(result.begin(), result.end(), result.begin(), lower);
+        return result;
+    };
+    return folded(left.bytes()).compare(folded(right.bytes()));
 }
 
 std::size_t liveStringCount() { return liveStrings; }

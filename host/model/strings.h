@@ -33,6 +33,28 @@ void unlock(String* string);
 // The stored bytes, valid while the string lives; empty for null.
 std::string_view bytesOf(const String* string);
 
+// A string's text in UTF-8, addressed by characters. Where it is stored so, nothing is copied, and the string remembers
+// where the last character was found: to walk through a text takes time in proportion to its length. The string must outlive
+// it.
+class TextOf {
+public:
+    explicit TextOf(const String* string);
+    TextOf(const TextOf&) = delete;
+    TextOf& operator=(const TextOf&) = delete;
+
+    std::string_view bytes() const { return bytes_; }
+    std::size_t length() const; // in characters
+
+    // The byte at which a character starts, counted from 0; the end for those that are not there. And back, at such a byte.
+    std::size_t offsetOf(std::size_t character) const;
+    std::size_t characterAt(std::size_t offset) const;
+
+private:
+    const String* string_; // null: `copy_` is the text, or it is empty
+    std::string copy_;
+    std::string_view bytes_;
+};
+
 // encoding::unknown for null.
 Encoding encodingOf(const String* string);
 void setEncoding(String* string, Encoding encoding); // converts nothing; null is ignored
@@ -44,8 +66,13 @@ String* convert(const String* string, Encoding encoding);
 // The text in UTF-8; bytes that are invalid in the recorded encoding give the empty string.
 std::string utf8Of(const String* string);
 
-// A new string with one reference for the caller: the bytes joined when the encodings agree, else the texts in UTF-8.
+// A new string with one reference for the caller: the bytes joined when the encodings agree, else the texts in UTF-8. Null
+// also when memory is exhausted.
 String* concatenate(const String* a, const String* b);
+
+// The same with the caller's reference to `a` used up. When it is the only one, there is room left behind the text, so that
+// appending again and again takes time in proportion to what is appended. Throws std::bad_alloc, and then `a` is as before.
+String* append(String* a, const String* b);
 
 // Less than, equal to or greater than 0, by code points; `ignoringCase` folds the letters A to Z.
 int compare(const String* a, const String* b, bool ignoringCase);

@@ -27,11 +27,17 @@ public:
     // The value as a string in the form of Print.
     CodePtr text(const syntax::Expression& expression);
 
+    // When the expression joins texts to that of the variable, as in `name & a & b`: those texts, otherwise nothing.
+    std::vector<CodePtr> textsJoinedTo(std::string_view name, const syntax::Expression& expression);
+
     // New Class(arguments), which a Dim may stand for too.
     Operand newObject(const syntax::New& form, Offset offset);
 
     // The value of an expression of literals and constants, converted to the type if there is one.
     Literal constantValue(const syntax::Expression& expression, const std::optional<Type>& wanted);
+
+    // The value of the expression is the right side of an operator.
+    Operand binary(syntax::Operator operation, Value left, const syntax::Expression& with, Offset offset);
 
     // The comparison of a value with that of an expression.
     CodePtr comparison(syntax::Operator operation, Value left, const syntax::Expression& right);
@@ -52,7 +58,7 @@ private:
     Operand form(const syntax::Call& call, Offset offset);
     Operand form(const syntax::New& form, Offset offset) { return newObject(form, offset); }
     Operand form(const syntax::Unary& unary, Offset offset);
-    Operand form(const syntax::Binary& binary, Offset offset);
+    Operand form(const syntax::Binary& form, Offset offset);
     Operand form(const syntax::IsA& test, Offset offset);
 
     // Operators (operator_checker.cpp).

@@ -35,6 +35,33 @@ bool Operand::isWritable() const {
     return isAssignable() || (property() && property()->setter) || (call && call->method->setter);
 }
 
+std::optional<Operand> Operand::twin(Scopes& scopes, Actions& actions) {
+    struct Held {
+        VariablePlace place;
+        Type type;
+        CodePtr read() const { return readVariable(place, type); }
+    };
+    const auto hold = [&](CodePtr code, Type type) {
+        const VariablePlace place = scopes.declareHidden(type);
+        actions.push_back(writeVariable(place, type, std::move(code)));
+        return Held{place, std::move(type)};
+    };
+    if (const auto* const variable = std::get_if<VariablePlace>(&form_)) return Operand(type_, *variable);
+    if (auto* const place = std::get_if<ElementPlace>(&form_)) {
+        const Held array = hold(std::move(place->array), type_.arrayOf());
+        const Held index = hold(std::move(place->index), Type::plain(Kind::integer));
+        place->array = array.read();
+        place->index = index.read();
+        return element(type_, array.read(), index.read(), place->offset);
+    }
+    if (auto* const place = std::get_if<PropertyPlace>(&form_)) {
+        const Held object = hold(std::move(place->object), Type::object("Object"));
+        place->object = object.read();
+        return Operand(type_, PropertyPlace{place->property, object.read(), place->offset});
+    }
+    return std::nullopt;
+}
+
 CodePtr Operand::read() {
     if (auto* const result = std::get_if<Result>(&form_)) return std::move(result->code);
     if (auto* const call = std::get_if<Call>(&form_))

@@ -34,6 +34,10 @@ public:
     // Whether `assign` can be called: the above, and properties and methods with a setter.
     bool isWritable() const;
 
+    // The same place a second time. What it takes to get there is computed once, by the actions that this adds, into
+    // variables without a name. None for what is no place.
+    std::optional<Operand> twin(Scopes& scopes, Actions& actions);
+
     // Each of these uses the operand up. A property that is read must have a getter.
     CodePtr read();
     ArgumentCode byReference();      // isAssignable

@@ -49,33 +49,53 @@ Operand ExpressionChecker::form(const syntax::Unary& unary, Offset offset) {
     failCheck(offset, "'" + symbolOf(unary.operation) + "' cannot be applied to " + nameOf(operand.type));
 }
 
-Operand ExpressionChecker::form(const syntax::Binary& binary, Offset offset) {
-    Value left = value(*binary.left);
-    Value right = value(*binary.right);
-    switch (binary.operation) {
+Operand ExpressionChecker::form(const syntax::Binary& form, Offset offset) {
+    Value left = value(*form.left);
+    return binary(form.operation, std::move(left), *form.right, offset);
+}
+
+Operand ExpressionChecker::binary(Operator operation, Value left, const syntax::Expression& with, Offset offset) {
+    Value right = value(with);
+    switch (operation) {
     case Operator::join: {
         CodePtr first = text(std::move(left));
-        return Operand::computed(Type::plain(Kind::string), joined(std::move(first), text(std::move(right))));
+        return Operand::computed(Type::plain(Kind::string), joined(std::move(first), text(std::move(right)), offset));
     }
     case Operator::logicalAnd:
     case Operator::logicalOr:
-    case Operator::logicalXor: return logic(binary.operation, std::move(left), std::move(right), offset);
+    case Operator::logicalXor: return logic(operation, std::move(left), std::move(right), offset);
     case Operator::equal:
     case Operator::notEqual:
     case Operator::less:
     case Operator::greater:
     case Operator::lessEqual:
     case Operator::greaterEqual:
-    case Operator::is: return comparison(binary.operation, std::move(left), std::move(right), offset);
-    default: return arithmetic(binary.operation, std::move(left), std::move(right), offset);
+    case Operator::is: return comparison(operation, std::move(left), std::move(right), offset);
+    default: return arithmetic(operation, std::move(left), std::move(right), offset);
     }
+}
+
+std::vector<CodePtr> ExpressionChecker::textsJoinedTo(std::string_view name, const syntax::Expression& expression) {
+    std::vector<const syntax::Expression*> parts;
+    const syntax::Expression* rest = &expression;
+    while (const auto* const joined = std::get_if<syntax::Binary>(&rest->form)) {
+        if (joined->operation != Operator::join) break;
+        parts.push_back(joined->right.get());
+        rest = joined->left.get();
+    }
+    const auto* const first = std::get_if<syntax::Identifier>(&rest->form);
+    std::vector<CodePtr> texts;
+    if (!first || !equalIgnoringCase(first->name, name)) return texts;
+    for (auto part = parts.rbegin(); part != parts.rend(); ++part)
+        texts.push_back(text(**part));
+    return texts;
 }
 
 Operand ExpressionChecker::arithmetic(Operator operation, Value left, Value right, Offset offset) {
     const bool strings = left.type.is(Kind::string) || right.type.is(Kind::string);
     if (operation == Operator::add && strings) {
         if (left.type == right.type)
-            return Operand::computed(left.type, joined(std::move(left.code), std::move(right.code)));
+            return Operand::computed(left.type, joined(std::move(left.code), std::move(right.code), offset));
         failCheck(offset, "'+' cannot be applied to " + nameOf(left.type) + " and " + nameOf(right.type) +
                               "; '&' joins values of any type");
     }

@@ -32,7 +32,11 @@ bool StatementChecker::mayDeclare(const syntax::Name& name) {
 ActionPtr StatementChecker::form(const syntax::Dim& dim, Offset offset) {
     Actions actions;
     for (const syntax::Dim::Group& group : dim.groups) {
-        const Type type = attempt([&] { return typeOf(group.type); });
+        if (!group.type) {
+            actions.push_back(inferred(group, offset));
+            continue;
+        }
+        const Type type = attempt([&] { return typeOf(*group.type); });
         for (const syntax::Declarator& declarator : group.declarators)
             actions.push_back(declared(declarator, group, type, offset));
     }
@@ -46,6 +50,27 @@ ActionPtr StatementChecker::declared(const syntax::Declarator& declarator, const
     CodePtr value = attempt([&] { return known ? initialValue(declarator, group, type) : nullptr; });
     const Variable variable = declare(declarator.name, declarator.isArray && known ? type.arrayOf() : type);
     return asStep(writeVariable(variable.place, variable.type, std::move(value)), offset);
+}
+
+// Dim name = value: the variable is of the value's type.
+ActionPtr StatementChecker::inferred(const syntax::Dim::Group& group, Offset offset) {
+    const syntax::Declarator& declarator = group.declarators.front();
+    Value value = attempt([&] {
+        if (group.declarators.size() > 1)
+            failCheck(group.declarators[1].name.offset, "variables that share a value share a type: 'As' is expected");
+        Value found = expressions_.value(*group.value);
+        if (found.type.isNil()) failCheck(group.value->offset, "Nil has no type: write 'As' and the type of the variable");
+        if (declarator.isArray && !found.type.isArray)
+            failCheck(group.value->offset, "this is of type " + nameOf(found.type) + ", no array");
+        if (declarator.upperBound)
+            failCheck(declarator.upperBound->offset, "an array that gets a value takes its bound from the value");
+        return found;
+    });
+    std::vector<Variable> variables;
+    for (const syntax::Declarator& declared : group.declarators)
+        variables.push_back(declare(declared.name, value.type));
+    if (!value.code) return nullptr; // was wrong
+    return asStep(writeVariable(variables.front().place, value.type, std::move(value.code)), offset);
 }
 
 CodePtr StatementChecker::initialValue(const syntax::Declarator& declarator, const syntax::Dim::Group& group,
@@ -79,8 +104,47 @@ ActionPtr StatementChecker::form(const syntax::Assignment& assignment, Offset of
                   property ? "the property '" + property->name + "' of " + property->owner->name() + " is read-only"
                            : "this cannot be assigned to");
     }
+    if (assignment.operation) return changed(assignment, std::move(target), offset);
+    if (ActionPtr appended = appendedTo(*assignment.target, *assignment.value)) return asStep(std::move(appended), offset);
     CodePtr value = expressions_.valueAs(*assignment.value, target.type());
     return asStep(target.assign(std::move(value)), offset);
+}
+
+// Null unless the value joins texts to that of a variable.
+ActionPtr StatementChecker::appendedTo(const syntax::Expression& target, const syntax::Expression& value) {
+    const auto* const name = std::get_if<syntax::Identifier>(&target.form);
+    const Variable* const variable = name ? scopes_.find(name->name) : nullptr;
+    if (!variable || !variable->type.is(Kind::string)) return nullptr;
+    std::vector<CodePtr> texts = expressions_.textsJoinedTo(name->name, value);
+    return texts.empty() ? nullptr : appendToVariable(variable->place, std::move(texts), value.offset);
+}
+
+// target += value and its like.
+ActionPtr StatementChecker::changed(const syntax::Assignment& form, Operand target, Offset offset) {
+    const Offset place = form.target->offset;
+    const auto* const name = std::get_if<syntax::Identifier>(&form.target->form);
+    const bool joins = *form.operation == syntax::Operator::join || *form.operation == syntax::Operator::add;
+    if (name && joins && target.type().is(Kind::string)) {
+        Value text = expressions_.value(*form.value);
+        if (*form.operation == syntax::Operator::join || text.type.is(Kind::string)) {
+            std::vector<CodePtr> texts;
+            texts.push_back(asText(std::move(text.code), text.type));
+            return asStep(appendToVariable(scopes_.find(name->name)->place, std::move(texts), place), offset);
+        }
+    }
+    return inScope(offset, [&] {
+        Actions actions;
+        std::optional<Operand> now = target.twin(scopes_, actions);
+        const Property* const property = target.property();
+        if (!now || (property && !property->getter)) failCheck(place, "this cannot be changed in place: write it out");
+        const Type type = target.type();
+        Operand result = expressions_.binary(*form.operation, {type, now->read()}, *form.value, form.value->offset);
+        const Type resultType = result.type();
+        if (!isConvertible(resultType, type))
+            failCheck(place, "this is of type " + nameOf(type) + ", but the new value of type " + nameOf(resultType));
+        actions.push_back(target.assign(converted(result.read(), resultType, type, offset)));
+        return asStep(sequence(std::move(actions)), offset);
+    });
 }
 
 ActionPtr StatementChecker::form(const syntax::Evaluation& evaluation, Offset offset) {

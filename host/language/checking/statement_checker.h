@@ -40,6 +40,9 @@ private:
 
     ActionPtr declared(const syntax::Declarator& declarator, const syntax::Dim::Group& group, const Type& type,
                        Offset offset);
+    ActionPtr inferred(const syntax::Dim::Group& group, Offset offset);
+    ActionPtr appendedTo(const syntax::Expression& target, const syntax::Expression& value);
+    ActionPtr changed(const syntax::Assignment& form, Operand target, Offset offset);
     CodePtr initialValue(const syntax::Declarator& declarator, const syntax::Dim::Group& group, const Type& type);
     Variable declare(const syntax::Name& name, Type type);
     bool mayDeclare(const syntax::Name& name); // reports when not
@@ -83,7 +86,13 @@ private:
     template <class Check>
     ActionPtr inScope(Offset offset, Check check) {
         scopes_.open();
-        ActionPtr body = check();
+        ActionPtr body;
+        try {
+            body = check();
+        } catch (const CheckError&) {
+            scopes_.close();
+            throw;
+        }
         return scope(std::move(body), scopes_.close(), offset);
     }
 

@@ -31,7 +31,8 @@ String* hexColor(HostColor value, HostInteger digits) { return hexInteger(intege
 
 // The number at the start of the text, or 0.
 double val(String* string) {
-    const std::string text = utf8Of(string);
+    const TextOf read(string);
+    const std::string_view text = read.bytes();
     const std::size_t start = text.find_first_not_of(" \t");
     if (start == std::string::npos) return 0;
     const std::size_t digit = start + (text[start] == '-' || text[start] == '+' ? 1 : 0);
@@ -67,40 +68,36 @@ HostColor rgb(HostInteger red, HostInteger green, HostInteger blue, HostInteger 
 
 // Text functions count in characters, the first being number 1.
 
-HostInteger len(String* text) { return static_cast<HostInteger>(utf8::length(utf8Of(text))); }
+HostInteger len(String* text) { return static_cast<HostInteger>(TextOf(text).length()); }
 
-// Up to `count` characters from number `start` (from 0) on.
-String* cut(std::string_view text, HostInteger start, HostInteger count) {
-    const auto offset = [](std::string_view from, HostInteger index) {
-        return utf8::offsetOf(from, static_cast<std::size_t>(std::max(index, HostInteger{0})));
-    };
-    const std::string_view rest = text.substr(offset(text, start));
-    return newString(rest.substr(0, offset(rest, count)));
+// Up to `count` characters from number `start` (from 0) on; negative numbers are 0.
+String* cut(const TextOf& text, HostInteger start, HostInteger count) {
+    const auto length = static_cast<HostInteger>(text.length());
+    const HostInteger first = std::clamp(start, HostInteger{0}, length);
+    const HostInteger end = first + std::clamp(count, HostInteger{0}, length - first);
+    const std::size_t offset = text.offsetOf(static_cast<std::size_t>(first));
+    return ownString(text.bytes().substr(offset, text.offsetOf(static_cast<std::size_t>(end)) - offset)).release();
 }
 
 String* mid(String* text, HostInteger start, HostInteger count) {
-    return cut(utf8Of(text), std::max(start, HostInteger{1}) - 1, count);
+    return cut(TextOf(text), std::max(start, HostInteger{1}) - 1, count);
 }
 String* midToEnd(String* text, HostInteger start) { return mid(text, start, len(text)); }
-String* left(String* text, HostInteger count) { return cut(utf8Of(text), 0, count); }
+String* left(String* text, HostInteger count) { return cut(TextOf(text), 0, count); }
 String* right(String* text, HostInteger count) {
     const HostInteger length = len(text);
-    return cut(utf8Of(text), length - std::clamp(count, HostInteger{0}, length), length);
+    return cut(TextOf(text), length - std::clamp(count, HostInteger{0}, length), length);
 }
 
-// 0 when it is not in there.
-HostInteger inStr(String* text, String* wanted) {
-    const std::string bytes = utf8Of(text);
-    const std::size_t at = bytes.find(utf8Of(wanted));
-    return at == std::string::npos ? 0 : static_cast<HostInteger>(utf8::length(std::string_view(bytes).substr(0, at))) + 1;
-}
-
-// From character number `start` on.
+// From character number `start` on; 0 when it is not in there.
 HostInteger inStrFrom(HostInteger start, String* text, String* wanted) {
-    const HostInteger first = std::max(start, HostInteger{1});
-    const HostInteger at = inStr(Owned<String>(midToEnd(text, first)).get(), wanted);
-    return at == 0 || first > len(text) + 1 ? 0 : at + first - 1;
+    const TextOf whole(text), part(wanted);
+    const HostInteger first = std::max(start, HostInteger{1}) - 1;
+    if (first > static_cast<HostInteger>(whole.length())) return 0;
+    const std::size_t at = whole.bytes().find(part.bytes(), whole.offsetOf(static_cast<std::size_t>(first)));
+    return at == std::string_view::npos ? 0 : static_cast<HostInteger>(whole.characterAt(at)) + 1;
 }
+HostInteger inStr(String* text, String* wanted) { return inStrFrom(1, text, wanted); }
 
 // The letters of all scripts, whatever the locale of the process; null where the system has no such table.
 locale_t unicodeLocale() {

@@ -87,7 +87,7 @@ String* replace(String* text, String* wanted, String* by) {
         if (!fits(result.size())) return nullptr;
         start = at + from.size();
     }
-    return newString(result.append(bytes, start, std::string::npos));
+    return ownString(result.append(bytes, start, std::string::npos)).release();
 }
 
 String* repeat(String* text, HostInteger count) {
@@ -99,15 +99,15 @@ String* repeat(String* text, HostInteger count) {
     result.reserve(bytes.size() * times);
     for (std::size_t i = 0; i < times; ++i)
         result += bytes;
-    return newString(result);
+    return ownString(result).release();
 }
 
 Array* split(String* text, String* delimiter) {
-    const std::string bytes = utf8Of(text);
-    const std::string between = utf8Of(delimiter);
+    const TextOf whole(text), separator(delimiter);
+    const std::string_view between = separator.bytes();
     Owned<Array> parts(newArray(Type::plain(Kind::string)));
     const auto append = [&](std::string_view part) { appendElement(parts.get(), Slot::ofString(ownString(part).get())); };
-    std::string_view rest = bytes;
+    std::string_view rest = whole.bytes();
     if (between.empty()) {
         for (; !rest.empty(); rest.remove_prefix(utf8::offsetOf(rest, 1)))
             append(rest.substr(0, utf8::offsetOf(rest, 1)));
@@ -126,13 +126,14 @@ String* join(Array* parts, String* delimiter) {
         raise("NilObjectException", "An array that is Nil was used.");
         return nullptr;
     }
-    const std::string between = utf8Of(delimiter);
+    const TextOf between(delimiter);
     std::string result;
     for (HostInteger i = 0; i <= upperBound(parts); ++i) {
-        result.append(i == 0 ? "" : between).append(utf8Of(elementAt(parts, i).string));
+        if (i > 0) result.append(between.bytes());
+        result.append(TextOf(elementAt(parts, i).string).bytes());
         if (!fits(result.size())) return nullptr;
     }
-    return newString(result);
+    return ownString(result).release();
 }
 
 String* character(HostInteger code) {
@@ -145,7 +146,7 @@ String* character(HostInteger code) {
 }
 
 HostInteger codeOf(String* text) {
-    const std::optional<std::uint32_t> first = utf8::firstOf(utf8Of(text));
+    const std::optional<std::uint32_t> first = utf8::firstOf(TextOf(text).bytes());
     return first ? static_cast<HostInteger>(*first) : -1;
 }
 

@@ -132,7 +132,11 @@ syntax::Dim::Group StatementParser::dimGroup() {
     do {
         form.declarators.push_back(declarator());
     } while (tokens_.accept(TokenKind::comma));
-    tokens_.expect(Keyword::as, "',' or 'As'");
+    if (tokens_.accept(TokenKind::equal)) {
+        form.value = expressions_.expression();
+        return form;
+    }
+    tokens_.expect(Keyword::as, "',', 'As' or '='");
     const Offset offset = tokens_.peek().offset;
     if (tokens_.accept(Keyword::newObject)) {
         syntax::New value = expressions_.newObject();
@@ -192,6 +196,16 @@ syntax::Leave StatementParser::leave(bool continues) {
     tokens_.failExpected("'For', 'While', 'Do', 'Sub' or 'Function'");
 }
 
+struct Change {
+    TokenKind token;
+    syntax::Operator operation;
+};
+constexpr Change changes[] = {
+    {TokenKind::plusEqual, syntax::Operator::add},       {TokenKind::minusEqual, syntax::Operator::subtract},
+    {TokenKind::starEqual, syntax::Operator::multiply},  {TokenKind::slashEqual, syntax::Operator::divide},
+    {TokenKind::ampersandEqual, syntax::Operator::join},
+};
+
 // At a prompt an expression may stand here too.
 Statement StatementParser::assignmentOrCall() {
     const Offset offset = tokens_.peek().offset;
@@ -201,7 +215,12 @@ Statement StatementParser::assignmentOrCall() {
     if (prompt && !startsPlace) return {offset, syntax::Presentation{expressions_.expression()}};
     if (!startsPlace) tokens_.failExpected("a statement");
     ExpressionPtr target = expressions_.postfix();
-    if (tokens_.accept(TokenKind::equal)) return {offset, syntax::Assignment{std::move(target), expressions_.expression()}};
+    if (tokens_.accept(TokenKind::equal))
+        return {offset, syntax::Assignment{std::move(target), expressions_.expression(), std::nullopt}};
+    for (const Change& change : changes) {
+        if (!tokens_.accept(change.token)) continue;
+        return {offset, syntax::Assignment{std::move(target), expressions_.expression(), change.operation}};
+    }
     const bool startsArgument = tokens_.at(TokenKind::string) || tokens_.at(TokenKind::integer) ||
                                 tokens_.at(TokenKind::real) || tokens_.at(TokenKind::color) || tokens_.at(Keyword::none) ||
                                 tokens_.at(Keyword::newObject);

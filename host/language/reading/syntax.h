@@ -100,12 +100,12 @@ struct Declarator {
     ExpressionPtr upperBound; // null: an empty array
 };
 
-// Dim a, b As Type [= value], c As New Type(arguments); the latter is the same with a New as the value.
+// Dim a, b As Type [= value], c = value, d As New Type(arguments); the latter is the same with a New as the value.
 struct Dim {
     struct Group {
         std::vector<Declarator> declarators;
-        Name type;
-        ExpressionPtr value; // null: the type's null value
+        std::optional<Name> type; // none: that of the value
+        ExpressionPtr value;      // null: the type's null value
     };
     std::vector<Group> groups;
 };
@@ -118,6 +118,7 @@ struct ReDim {
 struct Assignment {
     ExpressionPtr target;
     ExpressionPtr value;
+    std::optional<Operator> operation; // of += and its like, which change the target by the value
 };
 
 // A call made for its effect.

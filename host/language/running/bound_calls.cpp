@@ -34,7 +34,7 @@ public:
         try {
             invoke_(function_, slots, &result);
         } catch (const std::bad_alloc&) {
-            throwNew(offset_, "OutOfMemoryException", "There is not enough memory for this.");
+            failMemory(offset_);
         }
         return frame.keep(counting_, result);
     }

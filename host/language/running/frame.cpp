@@ -14,6 +14,8 @@ void throwNew(Offset offset, std::string_view className, std::string_view messag
     throwPending(offset);
 }
 
+void failMemory(Offset offset) { throwNew(offset, "OutOfMemoryException", "There is not enough memory for this."); }
+
 void Frame::release(Mark mark) {
     while (execution_.objects.size() > mark.objects) {
         Object* const object = execution_.objects.back();

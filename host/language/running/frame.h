@@ -52,6 +52,8 @@ private:
 // Raises a new exception of the class.
 [[noreturn]] void throwNew(Offset offset, std::string_view className, std::string_view message);
 
+[[noreturn]] void failMemory(Offset offset); // raises OutOfMemoryException
+
 inline void checkPending(Offset offset) {
     if (hasPendingException()) throwPending(offset);
 }

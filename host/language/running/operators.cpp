@@ -157,11 +157,13 @@ CodePtr inverted(Kind kind, CodePtr operand) {
     return transform(std::move(operand), [](Slot slot) { return Slot::ofBoolean(slot.boolean == 0); });
 }
 
-CodePtr joined(CodePtr left, CodePtr right) {
-    return makeCode([left = std::move(left), right = std::move(right)](Frame& frame) {
+CodePtr joined(CodePtr left, CodePtr right, Offset offset) {
+    return makeCode([left = std::move(left), right = std::move(right), offset](Frame& frame) {
         const Slot a = left->evaluate(frame);
         const Slot b = right->evaluate(frame);
-        return frame.keep(Counting::string, Slot::ofString(concatenate(a.string, b.string)));
+        String* const both = concatenate(a.string, b.string);
+        if (!both && (a.string || b.string)) failMemory(offset);
+        return frame.keep(Counting::string, Slot::ofString(both));
     });
 }
 

@@ -26,7 +26,7 @@ CodePtr logic(syntax::Operator operation, Kind kind, CodePtr left, CodePtr right
 CodePtr negated(Kind kind, CodePtr operand);  // Integer, Double
 CodePtr inverted(Kind kind, CodePtr operand); // Boolean, Integer
 
-CodePtr joined(CodePtr left, CodePtr right); // strings
+CodePtr joined(CodePtr left, CodePtr right, Offset offset); // strings
 
 // The value as a string, in the form of Print.
 CodePtr asText(CodePtr value, const Type& type);

@@ -102,6 +102,30 @@ ActionPtr writeVariable(VariablePlace place, const Type& type, CodePtr value) {
     });
 }
 
+// The variable is read before the texts, whose evaluation may change it.
+ActionPtr appendToVariable(VariablePlace place, std::vector<CodePtr> texts, Offset offset) {
+    return makeAction([place, texts = std::move(texts), offset](Frame& frame) {
+        Owned<String> text = Owned<String>::shared(frame.variable(place).string);
+        std::vector<String*> parts;
+        for (const CodePtr& part : texts)
+            parts.push_back(part->evaluate(frame).string);
+        Slot& variable = frame.variable(place);
+        if (variable.string == text.get()) unlock(std::exchange(variable.string, nullptr));
+        bool failed = false;
+        try {
+            for (const String* part : parts) {
+                String* const joined = append(text.get(), part);
+                text.release();
+                text = Owned<String>(joined);
+            }
+        } catch (const std::bad_alloc&) {
+            failed = true;
+        }
+        unlock(std::exchange(variable.string, text.release()));
+        if (failed) failMemory(offset);
+    });
+}
+
 ActionPtr writeElement(CodePtr array, CodePtr index, CodePtr value, Offset offset) {
     return makeAction([array = std::move(array), index = std::move(index), value = std::move(value), offset](Frame& frame) {
         Array* const object = requireArray(array->evaluate(frame).object, offset);

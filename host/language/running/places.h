@@ -24,6 +24,9 @@ ActionPtr writeVariable(VariablePlace place, const Type& type, CodePtr value);
 ActionPtr writeElement(CodePtr array, CodePtr index, CodePtr value, Offset offset);
 ActionPtr writeProperty(const Property& property, CodePtr object, CodePtr value, Offset offset);
 
+// Joins texts to that of a variable, in place where nobody else has its string.
+ActionPtr appendToVariable(VariablePlace place, std::vector<CodePtr> texts, Offset offset);
+
 // A new array with the upper bound that `upperBound` gives.
 CodePtr makeArray(const Type& elementType, CodePtr upperBound, Offset offset);
 ActionPtr resizeArray(CodePtr array, CodePtr upperBound, Offset offset);

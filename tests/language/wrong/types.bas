@@ -79,3 +79,19 @@ Print Probe(@New MemoryBlock(1))
 	Print "äö	€" @+ 1
 '! '+' cannot be applied to String and Integer; '&' joins values of any type
 
+
+Dim a = @Nil
+a = 1
+'! Nil has no type: write 'As' and the type of the variable
+
+Dim a, @b = 2
+'! variables that share a value share a type: 'As' is expected
+
+Dim b As New MemoryBlock(4)
+b.@Byte(0) += 1
+'! this cannot be changed in place: write it out
+
+Dim s As String = "a"
+s -= @1
+'! '-' cannot be applied to String and Integer
+

@@ -1,0 +1,56 @@
+' Assignments that change what is there, and variables that take their value's type.
+Dim n = 3, text = "äb", real = 1.5, list() = Array(1, 2, 3)
+n += 4
+real *= 2
+n -= 1
+Print n, real '> 6 3
+n /= 4
+Print n '> 1
+
+' What it takes to reach a place is computed once.
+Dim calls = 0
+Function Turn() As Integer
+  calls += 1
+  Return calls
+End Function
+list(Turn()) += 40
+Print list, calls '> (1, 42, 3) 1
+Dim e As New RuntimeException("a", 7)
+e.Message &= "b" & 1
+e.ErrorNumber -= 5
+Print e.Message, e.ErrorNumber '> ab1 2
+
+' Text grows in place, where nobody else has it.
+Dim shared As String = text
+text = text & "c" & n & text
+text &= 1.5
+text += "!"
+Print text, shared, Len(text) '> äbc1äb1.5! äb 10
+text = text & text
+Print Len(text) '> 20
+Sub Grow()
+  shared &= " grown"
+End Sub
+Function Grown() As String
+  Grow()
+  Return "said"
+End Function
+shared = shared & ":" & Grown() & "."
+Print shared '> äb:said.
+Dim long As String
+For i As Integer = 1 To 200000
+  long = long & "€"
+Next
+Dim found As Integer
+For i As Integer = 1 To Len(long)
+  If Mid(long, i, 1) = "€" Then found += 1
+Next
+Print Len(long), found '> 200000 200000
+
+' Characters, from wherever the last one was found.
+Const Mixed = "aä€😀x"
+For Each i As Integer In Array(5, 2, 4, 1, 3)
+  Print i, Mid(Mixed, i, 1), InStr(Mixed, Mid(Mixed, i, 1)), Asc(Mid(Mixed, i))
+  '> 5 x 5 120 | 2 ä 2 228 | 4 😀 4 128512 | 1 a 1 97 | 3 € 3 8364
+Next
+Print Left(Mixed, 2), Right(Mixed, 2), Mid(Mixed, 5), Mid(Mixed, 6), InStr(3, Mixed & Mixed, "ä") '> aä 😀x x  7
