@@ -54,6 +54,7 @@ TEST_F(Lists, AreReadFromAnyPathIfTheyAreWhole) {
     ASSERT_TRUE(writeToFile(list, Text(unsuffixed)));
     ASSERT_TRUE(createFrom("Read", path));
     EXPECT_EQ(nameOfList(), "Read");
+    EXPECT_EQ(CFDictionaryGetValue(native::Sibling::registry(), nativeObject(list)), list);
     std::filesystem::copy_file(path, cut);
     std::filesystem::resize_file(cut, std::filesystem::file_size(cut) - 40);
     removeFile(list);
