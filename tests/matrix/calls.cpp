@@ -187,8 +187,9 @@ const char* complaintOf(const Call& call, const Outcome& outcome, const Outcome*
     const bool isSpared = fault == Fault::None && call.plan.fault != Fault::None; // after the last event
     if (isSpared && (raised > 0) != call.plan.raisesAnyway) return "what an earlier fault did has lasted";
     // What the platform makes of nil, which a string may be for lack of memory, and of another colour, is its own.
-    const bool isSame = (fault < Fault::AnswerNil || fault > Fault::ExhaustMemory) && !call.function.converts;
-    if (expected && isSame && !isFulfilled(call, outcome, *expected))
+    const bool isPlatforms =
+        (fault >= Fault::AnswerNil && fault <= Fault::ExhaustMemory) || (fault == Fault::Raise && call.function.converts);
+    if (expected && !isPlatforms && !isFulfilled(call, outcome, *expected))
         return "an outcome that is neither null nor the right one";
     const char* const refusal = fault == Fault::None ? refusalOf(call) : nullptr;
     return refusal && call.exceptionClass != refusal ? "an argument was not refused" : "";
