@@ -148,7 +148,7 @@ TEST_F(Strings, AreBuiltByTheWayOfTheHostsVersion) {
         host.before = {{build.refused, [] { return true; }}};
         become(build.version);
         Stored result;
-        std::string trace = traceOf([&] { result = built(build.text.first, build.text.second); });
+        const std::string trace = traceOf([&] { result = built(build.text.first, build.text.second); });
         EXPECT_EQ(result, build.expected) << build.version << ' ' << build.trace;
         EXPECT_EQ(trace, build.trace) << build.version;
     }
