@@ -2,6 +2,7 @@
 #include "support/plugin_test.h"
 
 #include "classes/color/color_factories.h"
+#include "classes/colorlist/colorlist.h"
 
 #include <array>
 #include <csignal>
@@ -105,6 +106,22 @@ TEST_F(Color, ComponentsBeyondThirtyTwoAreReadAndCut) {
     Components expected(32);
     std::iota(expected.begin(), expected.end(), 0.0);
     EXPECT_EQ(componentsOf(object), expected);
+}
+
+TEST_F(Color, ThatIsEmptyAsksNothing) {
+    const Reference empty(foreign::make("NSColorZRX")), list(foreign::make("NSColorListZRX"));
+    const Owned text(foreign::string("x"));
+    const std::string trace = traceOf([&] {
+        for (REALobjectStruct* const object : {empty.get(), static_cast<REALobjectStruct*>(nullptr)}) {
+            EXPECT_EQ(blendedColorWithFraction(object, 0.5, nullptr), nullptr);
+            EXPECT_EQ(colorUsingColorSpaceName(object, text), nullptr);
+            EXPECT_EQ(getCGColor(object), 0);
+            writeToPasteboard(object);
+        }
+        colorlist::setColor(list, empty, text);
+        EXPECT_FALSE(colorlist::writeToFile(list, text));
+    });
+    EXPECT_EQ(trace, "");
 }
 
 TEST_F(Color, OfAMessageThatThePlatformLacksIsAHostException) {
