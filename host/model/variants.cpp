@@ -3,6 +3,7 @@
 #include "model/arrays.h"
 #include "model/classes.h"
 #include "model/exceptions.h"
+#include "model/resolve.h"
 #include "model/strings.h"
 
 #include <array>
@@ -64,11 +65,11 @@ Type typeInVariant(const Object* variant) {
     return Type::object(variant->info->name());
 }
 
-bool readVariant(Object* variant, const Type& type, Slot& value, Purpose purpose) {
+bool readVariant(Object* variant, const Type& type, Slot& value) {
     value = Slot();
     if (!variant) return true;
     const Type held = typeInVariant(variant);
-    const std::optional<Conversion> conversion = conversionTo(type, held, purpose);
+    const std::optional<Conversion> conversion = implicitConversion(held, type);
     if (!conversion) {
         const bool betweenClasses = held.kind == Kind::object && type.kind == Kind::object && !held.isArray && !type.isArray;
         raiseMismatch(betweenClasses ? "IllegalCastException" : "TypeMismatchException", held, type);
@@ -78,8 +79,13 @@ bool readVariant(Object* variant, const Type& type, Slot& value, Purpose purpose
         value = Slot::ofObject(variant);
         return true;
     }
-    if (*conversion == Conversion::fromText) return readText(variant->own.string, type, value);
-    value = convertedNumber(*conversion, variant->own);
+    const Slot own = variant->own;
+    switch (*conversion) {
+    case Conversion::integerToReal: value = Slot::ofReal(static_cast<double>(own.integer)); break;
+    case Conversion::integerToColor: value = Slot::ofColor(static_cast<HostColor>(own.integer)); break;
+    case Conversion::colorToInteger: value = Slot::ofInteger(static_cast<HostInteger>(own.color)); break;
+    default: value = own; break;
+    }
     return true;
 }
 

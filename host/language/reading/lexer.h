@@ -28,8 +28,9 @@ private:
     bool continuesLine();
     Token symbol();
     Token name();
-    Token literal();
-    bool startsArgument() const;
+    Token number();
+    Token prefixed();
+    Token string();
     Token finish(TokenKind kind, std::size_t start) const;
 
     char at(std::size_t offset) const { return offset < text_.size() ? text_[offset] : '\0'; }
@@ -39,8 +40,6 @@ private:
     // Whether the last token ended an operand: `a &b1` then joins strings, while `= &b1` starts a binary number.
     bool afterOperand_ = false;
     bool afterDot_ = false;
-    // Whether a statement began with only names and dots so far: `F &hFF` then calls F with a number.
-    bool inHead_ = true;
 };
 
 } // namespace host::language

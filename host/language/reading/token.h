@@ -5,9 +5,7 @@
 
 #include "chromabridge/host_abi.h"
 
-#include <string>
 #include <string_view>
-#include <variant>
 
 namespace host::language {
 
@@ -18,7 +16,7 @@ enum class TokenKind : std::uint8_t {
     integer,
     real,
     color,
-    string,
+    string, // the text still stands in its quotes
     // Symbols
     plus,
     minus,
@@ -102,8 +100,12 @@ struct Token {
     Keyword keyword = Keyword::none;
     bool lineEnd = false; // of endOfStatement: a line's end rather than a colon
     Offset offset = 0;
-    std::string_view text;                                           // as written
-    std::variant<HostInteger, double, HostColor, std::string> value; // of a literal
+    std::string_view text; // as written
+    union {
+        HostInteger integer;
+        double real;
+        HostColor color;
+    } value = {};
 };
 
 } // namespace host::language

@@ -82,11 +82,8 @@ Print &h@XYZ
 Print @1e999
 '! this number is outside the range of a Double
 
-Print @&cFF8000
-'! a colour is written #RRGGBB or #RRGGBBAA
-
-Print @#FF80
-'! a colour is written #RRGGBB, #RGB or #RRGGBBAA
+Print @&cFF80
+'! a colour is written &cRRGGBB or &cRRGGBBAA
 
 Dim a As @Intger
 Print a, a + 1

@@ -1,10 +1,10 @@
 // The names of CSS Color Module Level 4.
-#include "text/css_colors.h"
+#include "swatches/color_syntax.h"
 
 #include <algorithm>
 #include <iterator>
 
-namespace host {
+namespace host::swatches {
 
 namespace {
 
@@ -175,4 +175,4 @@ std::optional<unsigned> cssColor(std::string_view name) {
     return found->value;
 }
 
-} // namespace host
+} // namespace host::swatches

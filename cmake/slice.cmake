@@ -1,0 +1,8 @@
+# A build that tests a slice of the macOS library, which the preset `mac` has made: the slice stands in for the plugin, and everything
+# around it is built from its sources, as far as the tests need it.
+enable_testing()
+foreach(folder platforms/builtin src sibling probe host)
+    add_subdirectory(${folder} EXCLUDE_FROM_ALL)
+endforeach()
+add_subdirectory(tests)
+target_compile_definitions(chromahost_core PRIVATE CHROMA_INSTALLED_LIBRARIES="../lib")

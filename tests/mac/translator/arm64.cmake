@@ -1,0 +1,10 @@
+# Programs for Linux on arm64: clang and LLVM's linker, with the libraries that Debian has for crossing.
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR aarch64)
+set(CMAKE_C_COMPILER clang)
+set(CMAKE_CXX_COMPILER clang++)
+set(CMAKE_ASM_COMPILER clang)
+foreach(language IN ITEMS C CXX ASM)
+    set(CMAKE_${language}_COMPILER_TARGET aarch64-linux-gnu)
+endforeach()
+add_link_options(-fuse-ld=lld)
