@@ -3,6 +3,10 @@
 
 #include <CLI/CLI.hpp> // slow to compile, so only here
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <functional>
 #include <iostream>
 #include <stdexcept>
 
@@ -11,104 +15,224 @@ namespace {
 using namespace host::commands;
 
 constexpr const char* footer = R"(
-Exit codes: 0 success, 1 a failure that stderr explains, 2 wrong usage, 3 leaks found.
+Exit codes: 0 success, 1 a failure that stderr explains, 2 wrong usage, 3 leaks found. Interrupted, it ends by the signal.
 
-Example:
-  printf 'Dim c As NSColorZRX = NSColorZRX.redColor\nPrint c.redComponent\n' > red.txt
-  chromahost run red.txt
-  chromahost records --host-version 2011.0
-  chromahost run red.txt --without memoryBlockGetPtr --check-leaks)";
+Examples:
+  chromahost run -e 'Print NSColorZRX.redColor.redComponent'
+  chromahost browse NSColorZRX
+  chromahost COMMAND --help)";
 
-// The options, which the parser fills, must outlive the application.
-CLI::App* addBrowse(CLI::App& application, BrowseOptions& options) {
-    CLI::App* const command = application.add_subcommand(
-        "browse", "Show what there is, a class, a member, a function or a keyword, and what it is for");
-    command->add_option("NAME", options.name, "A class, a function or another word; without one all that there is");
-    command->add_option("MEMBER", options.member, "A property, method or constant of the class");
-    command->add_flag("--markdown", options.markdown, "Everything as one Markdown page");
-    return command;
+void mayRepeat(CLI::Option* option, const char* value) {
+    option->type_name(value)
+        ->expected(1)
+        ->allow_extra_args(false) // what follows the value is the command's own
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
-CLI::App* addSwatches(CLI::App& application, SwatchesOptions& options) {
-    CLI::App* const command =
-        application.add_subcommand("swatches", "Show the system's colours, those of a list, or one in every space");
-    command->add_option("PICTURE", options.picture,
-                        "The file to write, .svg or .png; - for standard output; without one, text for the terminal");
-    command->add_option("--format", options.form, "What to write: svg, png or text")
-        ->type_name("FORM")
-        ->check(CLI::IsMember({"svg", "png", "text"}).description(""));
-    CLI::Option* const list =
-        command->add_option("--list", options.list, "The colours of the list in this file")->type_name("FILE");
-    command->add_option("--key", options.keys, "Only the colour under this key of the list; may be repeated")
-        ->type_name("NAME")
-        ->expected(1)
-        ->allow_extra_args(false)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-        ->needs(list);
-    command
-        ->add_option("--spaces", options.color,
-                     "This colour in every space: #F80, orange, rgb(255 128 0 / 50%), color(display-p3 1 0.5 0), redColor")
-        ->type_name("COLOR")
-        ->excludes(list);
-    command->add_flag("--dark", options.dark, "On a dark page");
-    return command;
+// The options, which the parser fills, and so must outlive the application.
+class CommandLine {
+public:
+    CommandLine() {
+        app_.footer(footer);
+        app_.require_subcommand(0, 1);
+        app_.fallthrough();
+        app_.set_help_all_flag("--help-all", "Print the help of every command");
+        app_.add_flag("--version", showsVersion_, "Print what the host, the platform and the plugin are");
+        mayRepeat(
+            app_.add_option("--plugin", start_.plugins, "A plugin library, by default the bundled one; may be repeated")
+                ->default_str("libchromabridge.so"),
+            "PATH");
+        mayRepeat(app_.add_option("--without", start_.host.without,
+                                  "An entry point that the host shall not have; may be repeated"),
+                  "NAME");
+        app_.add_option("--host-version", start_.host.version,
+                        "The version that the host reports, which decides the record layout")
+            ->type_name("V")
+            ->capture_default_str();
+        addRun();
+        addCheck();
+        addRepl();
+        addRecords();
+        addBrowse();
+        addSwatches();
+        addGrammar();
+        addCompletion();
+    }
+
+    int perform(int argc, char** argv) {
+        app_.parse(argc, argv);
+        if (showsVersion_) return version(start_);
+        if (app_.get_subcommands().empty()) throw CLI::RequiredError("A command (--help lists them)");
+        return actions_.at(app_.get_subcommands().front())();
+    }
+
+    int help(const CLI::ParseError& request) { return app_.exit(request); }
+
+private:
+    CLI::App* add(const char* name, const char* text, const char* examples, std::function<int()> action) {
+        CLI::App* const command = app_.add_subcommand(name, text);
+        command->footer(std::string("\nExamples:\n") + examples);
+        actions_[command] = std::move(action);
+        return command;
+    }
+
+    void addSibling(CLI::App* command) {
+        command->add_flag("--no-sibling", start_.noSibling,
+                          "Leave the sibling plugin out, which has NSExceptionZRX, NSImageZRX and the instance registry");
+    }
+
+    void addProgram(CLI::App* command, Program& program, const char* argumentsText) {
+        command->add_option("FILE", program.file, "The program; - for standard input");
+        mayRepeat(command->add_option("-e", program.text, "A line of the program, in place of a file; may be repeated"),
+                  "TEXT");
+        command->add_option("ARGUMENTS", program.arguments, argumentsText);
+        addSibling(command);
+    }
+
+    void addRun() {
+        CLI::App* const command = add("run", "Run a program",
+                                      "  chromahost run tour.bas\n"
+                                      "  chromahost run program.bas -- --an-argument another\n"
+                                      "  chromahost run -e 'Dim c = NSColorZRX.redColor' -e 'Print c.description'\n"
+                                      "  generate | chromahost run - --check-leaks\n"
+                                      "  chromahost run tour.bas --host-version 2011.0 --without memoryBlockGetPtr",
+                                      [this] { return run(start_, running_); });
+        addProgram(command, running_.program,
+                   "What the function Arguments answers; behind -- also what looks like an option");
+        command->add_flag("--check-leaks", running_.checkLeaks, "Fail when host objects or strings are left at the end");
+    }
+
+    void addCheck() {
+        CLI::App* const command = add("check", "Report all errors in a program without running it",
+                                      "  chromahost check program.bas\n"
+                                      "  chromahost check --json - < program.bas",
+                                      [this] { return check(start_, checking_, json_); });
+        addProgram(command, checking_, "Not looked at");
+        command->add_flag("--json", json_, "As JSON on standard output");
+    }
+
+    void addRepl() {
+        addSibling(add("repl", "Run statements as they are typed, and show values",
+                       "  chromahost repl\n"
+                       "  chromahost repl --host-version 2011.0",
+                       [this] { return prompt(start_); }));
+    }
+
+    void addRecords() {
+        CLI::App* const command = add("records", "List the class records as the host received them",
+                                      "  chromahost records --host-version 2011.0\n"
+                                      "  chromahost records --plugin ./libmine.so --json",
+                                      [this] { return records(start_, json_); });
+        command->add_flag("--json", json_, "As JSON");
+    }
+
+    void addBrowse() {
+        CLI::App* const command =
+            add("browse", "Show what there is, a class, a member, a function or a keyword, and what it is for",
+                "  chromahost browse\n"
+                "  chromahost browse NSColorZRX getRGB\n"
+                "  chromahost browse NSColorZRX --markdown > NSColorZRX.md",
+                [this] { return browse(start_, browsing_); });
+        command->add_option("NAME", browsing_.name, "A class, a function or another word; without one all that there is");
+        command->add_option("MEMBER", browsing_.member, "A property, method or constant of the class");
+        CLI::Option* const markdown =
+            command->add_flag("--markdown", browsing_.markdown, "Everything, or a class, as a Markdown page");
+        command->add_flag("--json", browsing_.json, "As JSON")->excludes(markdown);
+    }
+
+    void addSwatches() {
+        CLI::App* const command = add("swatches", "Show the system's colours, those of a list, or one in every space",
+                                      "  chromahost swatches\n"
+                                      "  chromahost swatches --dark system.png\n"
+                                      "  chromahost swatches --list harbour.clr --key sand --key sea harbour.svg\n"
+                                      "  chromahost swatches --spaces 'color(display-p3 1 0.5 0)'\n"
+                                      "  chromahost swatches --format png - | display",
+                                      [this] { return swatches(start_, drawing_); });
+        command->add_option("PICTURE", drawing_.picture,
+                            "The file to write, .svg or .png; - for standard output; without one, text for the terminal");
+        command->add_option("--format", drawing_.form, "What to write: svg, png or text")
+            ->type_name("FORM")
+            ->check(CLI::IsMember({"svg", "png", "text"}).description(""));
+        CLI::Option* const list =
+            command->add_option("--list", drawing_.list, "The colours of the list in this file")->type_name("FILE");
+        CLI::Option* const key =
+            command->add_option("--key", drawing_.keys, "Only the colour under this key of the list; may be repeated");
+        mayRepeat(key, "NAME");
+        key->needs(list);
+        command
+            ->add_option(
+                "--spaces", drawing_.color,
+                "This colour in every space: #F80, orange, rgb(255 128 0 / 50%), color(display-p3 1 0.5 0), redColor")
+            ->type_name("COLOR")
+            ->excludes(list);
+        command->add_flag("--dark", drawing_.dark, "On a dark page");
+    }
+
+    void addGrammar() {
+        add("grammar", "Print the language's grammar for editors, in the form of TextMate",
+            "  chromahost grammar > chromabridge.tmLanguage.json", [this] { return grammar(start_); });
+    }
+
+    void addCompletion() {
+        CLI::App* const command = add("completion", "Print a script that completes this command line in a shell",
+                                      "  source <(chromahost completion bash)\n"
+                                      "  chromahost completion zsh > ~/.zsh/_chromahost",
+                                      [this] { return completion(start_, shell_, words()); });
+        command->add_option("SHELL", shell_, "bash or zsh")->required();
+    }
+
+    std::vector<CommandWords> words() {
+        std::vector<CommandWords> all;
+        for (const CLI::App* command : app_.get_subcommands(nullptr)) {
+            CommandWords words = {{command->get_name(), command->get_description(), {}}, {}};
+            if (command->get_name() == "completion") words.command.values = {"bash", "zsh"};
+            for (const CLI::App* owner : {command, static_cast<const CLI::App*>(&app_)}) {
+                for (const CLI::Option* option : owner->get_options()) {
+                    if (!option->nonpositional()) continue;
+                    const std::string name = option->get_lnames().empty() ? "-" + option->get_snames().front()
+                                                                          : "--" + option->get_lnames().front();
+                    if (owner == &app_ && (name == "--version" || name == "--help" || name == "--help-all")) continue;
+                    words.options.push_back({name, option->get_description(), {}, option->get_expected_max() > 0});
+                    if (name == "--without") words.options.back().values = host::entryNames();
+                    if (name == "--format") words.options.back().values = {"svg", "png", "text"};
+                }
+            }
+            all.push_back(std::move(words));
+        }
+        return all;
+    }
+
+    CLI::App app_{"Loads a plugin as its host would and runs programs of the host language with it.", "chromahost"};
+    std::map<const CLI::App*, std::function<int()>> actions_;
+    Start start_;
+    RunOptions running_;
+    Program checking_;
+    BrowseOptions browsing_;
+    SwatchesOptions drawing_;
+    std::string shell_;
+    bool json_ = false;
+    bool showsVersion_ = false;
+};
+
+// A disk that is full, say: what was printed did not arrive, whatever the command answers.
+int written(int exitCode) {
+    std::cout.flush();
+    const bool isWritten = std::cout.good() && std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+    if (isWritten) return exitCode;
+    std::cerr << "chromahost: the output cannot be written: " << std::strerror(errno != 0 ? errno : EIO) << "\n";
+    return exitCode == success ? failure : exitCode;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    Start start;
-    std::string program; // to check
-    RunOptions running;
-    bool json = false;
-    BrowseOptions browsing;
-    SwatchesOptions drawing;
-    CLI::App app("Loads a plugin as its host would and runs programs of the host language with it.", "chromahost");
-    app.footer(footer);
-    app.require_subcommand(0, 1);
-    app.fallthrough();
-    app.add_option("--plugin", start.plugins, "A plugin library, by default the one in ../lib; may be repeated")
-        ->type_name("PATH")
-        ->expected(1)
-        ->allow_extra_args(false) // what follows the value is the program
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-        ->default_str("libchromabridge.so");
-    app.add_option("--without", start.host.without, "An entry point that the host shall not have; may be repeated")
-        ->type_name("NAME")
-        ->expected(1)
-        ->allow_extra_args(false) // what follows the value is the program
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    app.add_option("--host-version", start.host.version,
-                   "The version that the host reports, which decides the record layout")
-        ->type_name("V")
-        ->capture_default_str();
-
-    CLI::App* const runCommand = app.add_subcommand("run", "Run a program");
-    runCommand->add_option("FILE", running.program, "The program")->required();
-    runCommand->add_flag("--no-sibling", start.noSibling,
-                         "Leave the sibling plugin out, which has NSExceptionZRX, NSImageZRX and the instance registry");
-    runCommand->add_flag("--check-leaks", running.checkLeaks, "Fail when host objects or strings are left at the end");
-    CLI::App* const checkCommand = app.add_subcommand("check", "Report all errors in a program without running it");
-    checkCommand->add_option("FILE", program, "The program")->required();
-    checkCommand->add_flag("--no-sibling", start.noSibling, "Leave the sibling plugin out");
-    CLI::App* const promptCommand = app.add_subcommand("repl", "Run statements as they are typed, and show values");
-    promptCommand->add_flag("--no-sibling", start.noSibling, "Leave the sibling plugin out");
-    CLI::App* const recordsCommand = app.add_subcommand("records", "List the class records as the host received them");
-    recordsCommand->add_flag("--json", json, "As JSON");
-
-    CLI::App* const browseCommand = addBrowse(app, browsing);
-    CLI::App* const swatchesCommand = addSwatches(app, drawing);
-
+    CommandLine commandLine;
     try {
-        app.parse(argc, argv);
-        if (app.get_subcommands().empty()) throw CLI::RequiredError("A command (--help lists them)");
-        if (browseCommand->parsed()) return browse(start, browsing);
-        if (swatchesCommand->parsed()) return swatches(start, drawing);
-        if (checkCommand->parsed()) return check(start, program);
-        if (promptCommand->parsed()) return prompt(start);
-        return runCommand->parsed() ? run(start, running) : records(start, json);
+        return written(commandLine.perform(argc, argv));
     } catch (const CLI::CallForHelp& help) {
-        return app.exit(help);
+        return written(commandLine.help(help));
+    } catch (const CLI::CallForAllHelp& help) {
+        return written(commandLine.help(help));
     } catch (const CLI::ParseError& error) {
         std::cerr << "chromahost: " << error.what() << "\n";
         return usage;

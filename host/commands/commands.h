@@ -18,14 +18,21 @@ struct Start {
     bool noSibling = false;
 };
 
+// A program: a file, "-" for standard input, or its text.
+struct Program {
+    std::string file;
+    std::vector<std::string> text; // lines; not empty: the program, and the file is its first argument
+    std::vector<std::string> arguments;
+};
+
 struct RunOptions {
-    std::string program; // a file
+    Program program;
     bool checkLeaks = false;
 };
 int run(const Start& start, const RunOptions& options);
 
-// All errors of a program, which does not run.
-int check(const Start& start, const std::string& program);
+// All errors of a program, which does not run: for a person, or as JSON on standard output.
+int check(const Start& start, const Program& program, bool json);
 
 int prompt(const Start& start);
 
@@ -33,9 +40,10 @@ int prompt(const Start& start);
 int records(const Start& start, bool json);
 
 struct BrowseOptions {
-    std::string name;   // of a class, a function or another word of the language; empty: everything
-    std::string member; // empty: the whole class
-    bool markdown = false;
+    std::string name;      // of a class, a function or another word of the language; empty: everything
+    std::string member;    // empty: the whole class
+    bool markdown = false; // of everything or a class
+    bool json = false;
 };
 int browse(const Start& start, const BrowseOptions& options);
 
@@ -48,5 +56,25 @@ struct SwatchesOptions {
     bool dark = false;             // a page that is dark
 };
 int swatches(const Start& start, const SwatchesOptions& options);
+
+// An editor's grammar of the language, in the form of TextMate.
+int grammar(const Start& start);
+
+// What this program, the plugins and the platform are.
+int version(const Start& start);
+
+// A word that a shell completes on the command line.
+struct Word {
+    std::string name, text;
+    std::vector<std::string> values; // what may follow it; empty: nothing known
+    bool takesValue = false;
+};
+struct CommandWords {
+    Word command;
+    std::vector<Word> options;
+};
+
+// A script that completes the commands, their options, and the values of these: `shell` is "bash" or "zsh".
+int completion(const Start& start, const std::string& shell, std::vector<CommandWords> commands);
 
 } // namespace host::commands

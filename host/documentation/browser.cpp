@@ -153,15 +153,32 @@ void writeMembers(const std::vector<MemberPage>& members, std::ostream& out) {
     }
 }
 
+void writeClass(const ClassPage& page, std::size_t level, std::ostream& out) {
+    const std::string heading(level, '#');
+    out << heading << ' ' << title(page) << "\n\n" << page.text << '\n';
+    for (const Section& section : page.sections) {
+        out << '\n' << heading << "# " << section.title << "\n\n";
+        writeMembers(section.members, out);
+    }
+}
+
+const ClassInfo& classNamed(const Registry& registry, std::string_view name) {
+    const ClassInfo* const info = registry.find(name);
+    if (!info) refuse("there is no class " + std::string(name), name, classNames(registry));
+    return *info;
+}
+
 } // namespace
 
 void browse(const Registry& registry, std::string_view name, std::string_view member, std::size_t width, std::ostream& out) {
     Writer writer(out, width);
     if (name.empty()) return browseEverything(registry, writer);
     if (member.empty()) return browseAnything(registry, name, writer);
-    const ClassInfo* const info = registry.find(name);
-    if (!info) refuse("there is no class " + std::string(name), name, classNames(registry));
-    browseMember(*info, member, writer);
+    browseMember(classNamed(registry, name), member, writer);
+}
+
+void writeReference(const Registry& registry, std::string_view className, std::ostream& out) {
+    writeClass(pageOf(classNamed(registry, className)), 1, out);
 }
 
 void writeReference(const Registry& registry, std::ostream& out) {
@@ -172,11 +189,8 @@ void writeReference(const Registry& registry, std::ostream& out) {
         out << "- [" << page.info->name() << "](#" << page.info->name() << "): " << page.text << '\n';
     out << "- [Functions](#functions)\n- [Statements, operators and types](#statements-operators-and-types)\n";
     for (const ClassPage& page : pages) {
-        out << "\n<a id=\"" << page.info->name() << "\"></a>\n\n## " << title(page) << "\n\n" << page.text << '\n';
-        for (const Section& section : page.sections) {
-            out << "\n### " << section.title << "\n\n";
-            writeMembers(section.members, out);
-        }
+        out << "\n<a id=\"" << page.info->name() << "\"></a>\n\n";
+        writeClass(page, 2, out);
     }
     out << "\n## Functions\n\n";
     writeMembers(functionPages(), out);

@@ -17,7 +17,12 @@ constexpr std::size_t usualWidth = 100; // of lines, in characters
 // nothing of that name.
 void browse(const Registry& registry, std::string_view name, std::string_view member, std::size_t width, std::ostream& out);
 
-// Everything as a Markdown page.
+// Everything, or one class, as a Markdown page. Throws like browse.
 void writeReference(const Registry& registry, std::ostream& out);
+void writeReference(const Registry& registry, std::string_view className, std::ostream& out);
+
+// What browse shows of the same names, as JSON: {"classes": [...], "functions": [...], "words": [...]}, of which a name
+// leaves one entry. Throws like browse.
+void browseAsJson(const Registry& registry, std::string_view name, std::string_view member, std::ostream& out);
 
 } // namespace host::documentation

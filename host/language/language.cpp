@@ -65,6 +65,21 @@ int checkText(const std::string& name, std::string text, std::ostream& errors, b
     return diagnostics.empty() ? 0 : 1;
 }
 
+std::vector<Problem> problemsIn(const std::string& text) {
+    const Source source("", text);
+    Diagnostics diagnostics(maxErrorsOfACheck);
+    Checker checker(ParseMode::program);
+    compile(source, checker, diagnostics);
+    std::vector<Problem> problems;
+    for (const Diagnostic& diagnostic : diagnostics.inOrder()) {
+        const Source::Place place = source.place(diagnostic.offset);
+        problems.push_back({place.line, place.column, diagnostic.message});
+    }
+    return problems;
+}
+
+bool wasInterrupted() { return detail::interruptWanted != 0; }
+
 int runFile(const std::string& path) {
     std::optional<std::string> text = read(path);
     return text ? runText(path, std::move(*text), std::cout, std::cerr, showsColors(STDERR_FILENO)) : 1;

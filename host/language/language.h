@@ -2,8 +2,10 @@
 // from top to bottom; the classes it uses are those of the host's registry, so startHost must have run.
 #pragma once
 
+#include <cstddef>
 #include <iosfwd>
 #include <string>
+#include <vector>
 
 namespace host::language {
 
@@ -11,11 +13,20 @@ namespace host::language {
 // nobody caught, or an interruption by SIGINT. What it prints goes to stdout, what is wrong to stderr.
 int runFile(const std::string& path);
 
+// Whether the program that ran last was interrupted.
+bool wasInterrupted();
+
 // The same for a program's text, with the name by which messages call it; `colored`: with colours in them.
 int runText(const std::string& name, std::string text, std::ostream& output, std::ostream& errors, bool colored = false);
 
-// Reports all errors in a program's text to stderr without running it: 0 when there are none, otherwise 1.
+// Reports all errors in a program's text to stderr without running it: 0 when there are none, otherwise 1. `problemsIn`
+// answers them, in the order of the text.
 int checkFile(const std::string& path);
+struct Problem {
+    std::size_t line, column; // from 1; columns count characters
+    std::string message;
+};
+std::vector<Problem> problemsIn(const std::string& text);
 int checkText(const std::string& name, std::string text, std::ostream& errors, bool colored = false);
 
 } // namespace host::language

@@ -3,6 +3,8 @@
 #include "builtin/corefoundation.h"
 #include "builtin/objc_runtime.h"
 
+#include <dlfcn.h>
+
 #include <limits>
 #include <vector>
 
@@ -74,6 +76,12 @@ std::vector<std::string> keysOfColorList(void* list) {
         texts.push_back(textOf(key, encoding::utf8).value_or(""));
     }
     return texts;
+}
+
+std::string library() {
+    Dl_info info = {};
+    const auto address = reinterpret_cast<const void*>(&CFRelease);
+    return dladdr(address, &info) != 0 && info.dli_fname ? info.dli_fname : "";
 }
 
 } // namespace host::platform

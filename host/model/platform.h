@@ -30,4 +30,7 @@ std::optional<std::string> textOf(const void* string, Encoding encoding);
 // The keys of an NSColorList, in order, as UTF-8; none for null. Wants an autorelease pool.
 std::vector<std::string> keysOfColorList(void* list);
 
+// The file of the platform's library; empty when it cannot be told.
+std::string library();
+
 } // namespace host::platform

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <string>
 
@@ -67,11 +68,74 @@ TEST(CommandLine, RunsAllThatIsPipedToThePromptAndTellsWhetherSomethingFailed) {
     EXPECT_EQ(run("repl < " + program(":browse Nowhere\n2\n")), Outcome(1, "there is nothing of the name Nowhere\n2\n"));
 }
 
+TEST(CommandLine, RunsWhatIsPipedOrGivenWithArguments) {
+    const std::string arguments = program("Print Join(Arguments(), \"|\")\n");
+    EXPECT_EQ(run("run " + arguments), Outcome(0, "\n"));
+    EXPECT_EQ(run("run --no-sibling " + arguments + " -- a --b 'c d' é"), Outcome(0, "a|--b|c d|é\n"));
+    EXPECT_EQ(run("run -e 'Dim x As Integer = 6' -e 'Print x * 7, Arguments().Count' -- one two"), Outcome(0, "42 2\n"));
+    EXPECT_EQ(run("run - < " + program("Print 6 * 7\n")), Outcome(0, "42\n"));
+    EXPECT_EQ(run("run - < " + program("Print y\n")).second.rfind("standard input:1:7: error: ", 0), 0u);
+}
+
+TEST(CommandLine, TellsErrorsAndPagesAsJson) {
+    const auto [code, output] = run("check --json " + program("Print x\nDim a As Nothing\n"));
+    const nlohmann::json problems = nlohmann::json::parse(output);
+    EXPECT_EQ(code, 1);
+    ASSERT_EQ(problems.size(), 2u);
+    EXPECT_EQ(problems[1]["line"], 2);
+    EXPECT_EQ(problems[0]["column"], 7);
+    EXPECT_EQ(run("check --json " + program("Print 1\n")), Outcome(0, "[]\n"));
+
+    const auto page = [](const char* names) {
+        return nlohmann::json::parse(run(std::string("browse --json ") + names).second);
+    };
+    const nlohmann::json member = page("NSExceptionZRX message")["classes"];
+    ASSERT_EQ(member.size(), 1u);
+    EXPECT_EQ(member[0]["name"], "RuntimeException") << "which declares it";
+    EXPECT_EQ(member[0]["sections"][0]["members"].size(), 1u);
+    EXPECT_EQ(page("getRGB")["classes"][0]["sections"][0]["members"][0]["declarations"].size(), 2u);
+    EXPECT_EQ(page("len")["functions"][0]["name"], "Len");
+    EXPECT_EQ(page("While")["words"].size(), 1u);
+    EXPECT_GT(page("")["words"].size(), 10u);
+    EXPECT_EQ(run("browse --markdown NSColorListZRX").second.rfind("# NSColorListZRX\n", 0), 0u);
+}
+
+TEST(CommandLine, TellsHowItEndedWhateverEndedIt) {
+    for (const std::string command : {"run -e 'Print 1'", "browse Len", "records", "--help"}) {
+        EXPECT_EQ(run(command + " > /dev/null").first, 0) << command;
+        EXPECT_EQ(run(command + " > /dev/full").first, 1) << command;
+    }
+    // The shell tells by 128 and its number which signal ended the program, if one did.
+    EXPECT_EQ(
+        std::system("sh -c 'timeout --preserve-status -s INT 2 " CHROMAHOST " run -e \"While True\" -e Wend' 2>/dev/null"),
+        130 << 8);
+    EXPECT_EQ(run("--version").second.rfind("chromahost 0.", 0), 0u);
+    EXPECT_NE(run("--version").second.find("classes NSColorZRX NSColorListZRX NSColorSpaceZRX\n"), std::string::npos);
+}
+
+TEST(CommandLine, CompletesItselfInBash) {
+    const std::string script = program(run("completion bash").second.c_str());
+    const auto completed = [&](const std::string& line, int place) {
+        FILE* const pipe = popen(("bash -c 'source " + script.substr(1, script.size() - 2) + "; COMP_WORDS=(" + line +
+                                  "); COMP_CWORD=" + std::to_string(place) + "; _chromahost; echo \"${COMPREPLY[*]}\"'")
+                                     .c_str(),
+                                 "r");
+        std::string words(4096, '\0');
+        words.resize(pipe ? std::fread(words.data(), 1, words.size(), pipe) : 0);
+        if (pipe) pclose(pipe);
+        return words;
+    };
+    EXPECT_EQ(completed("chromahost re", 1), "repl records\n");
+    EXPECT_EQ(completed("chromahost --plugin x browse NSColorL", 4), "NSColorListZRX\n");
+    EXPECT_EQ(completed("chromahost run --check", 2), "--check-leaks\n");
+    EXPECT_EQ(completed("chromahost run --without newM", 3), "newMemoryBlock\n");
+}
+
 TEST(CommandLine, SaysWhatIsWrong) {
     const std::tuple<const char*, int, const char*> cases[] = {
         {"", 2, "chromahost: A command (--help lists them) is required\n"},
         {"records --foo", 2, "chromahost: The following argument was not expected: --foo\n"},
-        {"run", 2, "chromahost: FILE is required\n"},
+        {"run", 2, "chromahost: a program is required: FILE, - or -e TEXT\n"},
         {"records --without nothing", 2, "chromahost: there is no entry \"nothing\"; the entries are:\n"},
         {"records --plugin no.so", 1, "chromahost: cannot load the plugin no.so: "},
         {"run /no/such/file", 1, "/no/such/file: "},

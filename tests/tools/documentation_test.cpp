@@ -1,6 +1,7 @@
 // The class browser over the real plugins: everything declared is explained, everything explained is declared, and the page
 // in docs/ is what the browser writes today.
 #include "documentation/browser.h"
+#include "documentation/grammar.h"
 #include "documentation/pages.h"
 #include "documentation/texts.h"
 #include "documentation/word_texts.h"
@@ -83,6 +84,13 @@ TEST_F(Documentation, ExplainsEveryWordOfTheLanguage) {
         EXPECT_TRUE(isKeyword || isType || word == "Array" || word == "UBound") << word;
         EXPECT_TRUE(host::language::findFunctions(word).empty()) << word << " has two pages";
     }
+}
+
+TEST_F(Documentation, TheEditorsGrammarIsUpToDate) {
+    std::ostringstream kept, written;
+    kept << std::ifstream(GRAMMAR).rdbuf();
+    writeGrammar(host::registry(), written);
+    EXPECT_EQ(kept.str(), written.str()) << "chromahost grammar > editors/chromabridge.tmLanguage.json";
 }
 
 TEST_F(Documentation, ReferenceIsUpToDate) {

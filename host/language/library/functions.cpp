@@ -1,5 +1,6 @@
 #include "language/library/functions.h"
 
+#include "language/library/program_arguments.h"
 #include "language/library/text_functions.h"
 #include "language/library/values.h"
 #include "text/utf8.h"
@@ -169,6 +170,7 @@ const Definition definitions[] = {
     {"Max(a as double, b as double) as double", bound(maxReal)},
     {"RGB(red as integer, green as integer, blue as integer, alpha as integer = 0) as color", bound(rgb),
      "A colour value from its channels, each from 0 to 255; what lies beyond counts as the nearest of the two."},
+    {"Arguments() as string()", bound(programArguments), "What the program was given when it was started."},
 };
 
 } // namespace

@@ -27,11 +27,15 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
 
 } // namespace
 
-std::string Diagnostics::report(const Source& source) const {
+std::vector<Diagnostic> Diagnostics::inOrder() const {
     std::vector<Diagnostic> ordered = list_;
     std::stable_sort(ordered.begin(), ordered.end(), [](const auto& a, const auto& b) { return a.offset < b.offset; });
+    return ordered;
+}
+
+std::string Diagnostics::report(const Source& source) const {
     std::string report;
-    for (const Diagnostic& diagnostic : ordered)
+    for (const Diagnostic& diagnostic : inOrder())
         report += source.report(diagnostic.offset, "error: " + diagnostic.message);
     if (dropped_) report += source.name() + ": error: there are more errors\n";
     return report;

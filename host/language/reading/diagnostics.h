@@ -44,6 +44,8 @@ public:
     bool empty() const { return list_.empty(); }
     bool full() const { return dropped_; }
 
+    std::vector<Diagnostic> inOrder() const; // of the program's text
+
     // The whole report, in the order of the program's text.
     std::string report(const Source& source) const;
 
