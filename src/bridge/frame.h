@@ -3,6 +3,9 @@
 //
 // The body must keep to the rule of guard.h: nothing with a destructor lives in it across a native message. Results are kept
 // outside the body, set to the null value first and assigned last.
+//
+// Both are written into their callers, so that a platform whose guard is C++ adds no call to a message, and what an
+// exception needs stays out of the way.
 #pragma once
 
 #include "bridge/errors.h"
@@ -14,10 +17,12 @@ namespace chroma {
 
 // The guarded frame: an NSException becomes a host exception. Answers whether the body ran to its end.
 template <class Body>
-bool guarded(Body&& body) {
-    const id thrown = catchNative(body);
-    if (thrown) raisePlatformException(thrown);
-    return !thrown;
+[[gnu::always_inline]] inline bool guarded(Body&& body) {
+    if (const id thrown = catchNative(body); __builtin_expect(thrown != nullptr, 0)) {
+        raisePlatformException(thrown);
+        return false;
+    }
+    return true;
 }
 
 // The same for a function that has made a result already: `giveUp` releases it when a thrown object passes outward.
@@ -28,10 +33,12 @@ void guarded(Body body, GiveUp giveUp) {
 
 // The quiet frame: an NSException is dropped. Answers whether the body ran to its end.
 template <class Body>
-bool quiet(Body&& body) {
-    const id thrown = catchNative(body);
-    if (thrown && !isNSException(thrown)) throwNative(thrown);
-    return !thrown;
+[[gnu::always_inline]] inline bool quiet(Body&& body) {
+    if (const id thrown = catchNative(body); __builtin_expect(thrown != nullptr, 0)) {
+        if (!isNSException(thrown)) throwNative(thrown);
+        return false;
+    }
+    return true;
 }
 
 // The body that asks for one answer and converts nothing, and the answer: 0 unless the body ran to its end. In one object,

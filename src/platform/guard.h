@@ -28,13 +28,13 @@ id catchNative(Body& body);
 enum class ThrownObject : std::uintptr_t;
 
 template <class Body>
-id catchNative(Body& body) {
+[[gnu::always_inline]] inline id catchNative(Body& body) {
     try {
         body();
+        return nullptr;
     } catch (const ThrownObject thrown) {
         return reinterpret_cast<id>(thrown);
     }
-    return nullptr;
 }
 #else
 // The guard where it takes more than C++: body(context) is called through a pointer. The linkage is C's, since one of the

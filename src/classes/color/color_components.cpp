@@ -26,9 +26,8 @@ template <OtherKind otherKind, std::size_t count>
 struct Reading {
     id color;
     Selector& message;
+    CGFloat* values; // then alpha
     bool wantsAlpha;
-    CGFloat values[count] = {};
-    CGFloat alpha = 0;
 
     void operator()() {
         if constexpr (otherKind == OtherKind::raises) {
@@ -43,7 +42,7 @@ private:
 
     template <std::size_t... index>
     void ask(id source, std::index_sequence<index...>) {
-        send<void>(source, message, &values[index]..., wantsAlpha ? &alpha : nullptr);
+        send<void>(source, message, &values[index]..., wantsAlpha ? &values[count] : nullptr);
     }
 };
 
@@ -54,11 +53,12 @@ template <OtherKind otherKind, class... Outputs>
     put(alpha, 0.0);
     const id color = nativeObject(object);
     if (!color) return;
-    Reading<otherKind, sizeof...(outputs)> reading{color, message, alpha != nullptr};
+    CGFloat values[sizeof...(outputs) + 1] = {};
+    Reading<otherKind, sizeof...(outputs)> reading{color, message, values, alpha != nullptr};
     if (!guarded(reading)) return;
-    const CGFloat* value = reading.values;
+    const CGFloat* value = values;
     (put(outputs, *value++), ...);
-    put(alpha, reading.alpha);
+    put(alpha, *value);
 }
 
 // Single precision, truncated; not-a-number is 0.
