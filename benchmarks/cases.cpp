@@ -3,6 +3,7 @@
 #include "session.h"
 
 #include "builtin/corefoundation.h"
+#include "builtin/objc_runtime.h"
 #include "model/arrays.h"
 #include "model/classes.h"
 #include "model/exceptions.h"
@@ -15,20 +16,26 @@
 namespace bench {
 namespace {
 
-using chroma::CGFloat;
-using chroma::ClassName;
 using chroma::id;
-using chroma::Selector;
-using chroma::send;
+using chroma::SEL;
 using host::Object;
-
-ClassName colorClass{"NSColor"};
 
 constexpr const char* boundClass = "NSColorZRX";
 
 void require(bool holds, const char* what) {
     if (!holds || host::hasPendingException()) throw std::runtime_error(std::string("wrong result: ") + what);
 }
+
+// A message as bare as C++ can send it.
+template <class R, class... Arguments>
+R send(id receiver, SEL selector, Arguments... arguments) {
+    return reinterpret_cast<R (*)(id, SEL, Arguments...)>(chroma::objc_msg_lookup(receiver, selector))(receiver, selector,
+                                                                                                       arguments...);
+}
+
+SEL selector(const char* name) { return chroma::sel_registerName(name); }
+
+id colorClass() { return chroma::objc_getClass("NSColor"); }
 
 // Keeps the compiler from leaving out work whose result nobody looks at.
 template <class Value>
@@ -62,57 +69,79 @@ Object* newColor(double red, double green, double blue) {
     return object;
 }
 
+// A component in single precision, as the platforms that this program measures had it in 64 bits too, or in double.
+template <class Component>
 Case getRGB() {
     Object* const object = newColor(1.0, 0.5, 0.25);
     const id native = nativeColor(object);
-    static Selector message{"getRed:green:blue:alpha:"};
+    const SEL message = selector("getRed:green:blue:alpha:");
     const auto get = bound<void (*)(Object*, double*, double*, double*)>(
         boundClass, "getRGB(byref red as double, byref green as double, byref blue as double)");
     double red = 0, green = 0, blue = 0;
     get(object, &red, &green, &blue);
     require(red == 1.0 && green == 0.5 && blue == 0.25, "getRGB");
+    Component bare[3];
+    send<void>(native, message, &bare[0], &bare[1], &bare[2], static_cast<Component*>(nullptr));
+    require(bare[0] == 1 && bare[1] == 0.5f && bare[2] == 0.25f, "getRed:green:blue:alpha:");
     return makeCase("getRGB", repeated([=] {
                         double values[3];
                         get(object, &values[0], &values[1], &values[2]);
                         use(values);
                     }),
                     repeated([=] {
-                        CGFloat values[3];
-                        send<void>(native, message, &values[0], &values[1], &values[2], static_cast<CGFloat*>(nullptr));
+                        Component values[3];
+                        send<void>(native, message, &values[0], &values[1], &values[2], static_cast<Component*>(nullptr));
                         use(values);
                     }));
 }
 
+template <class Component>
 Case component() {
     Object* const object = newColor(0.5, 0, 0);
     const id native = nativeColor(object);
-    static Selector message{"redComponent"};
+    const SEL message = selector("redComponent");
     const auto get = bound<double (*)(Object*, REALword)>(boundClass, "redComponent");
-    require(get(object, 0) == 0.5, "redComponent");
+    require(get(object, 0) == 0.5 && send<Component>(native, message) == 0.5f, "redComponent");
     return makeCase("component", repeated([=] {
                         double value = get(object, 0);
                         use(value);
                     }),
                     repeated([=] {
-                        auto value = send<CGFloat>(native, message);
+                        auto value = send<Component>(native, message);
                         use(value);
                     }));
 }
 
+// A grey colour refuses the message, and host code reads 0.
+Case dropped() {
+    Object* const object = bound<Object* (*)()>(boundClass, "grayColor as NSColorZRX")();
+    const auto get = bound<double (*)(Object*, REALword)>(boundClass, "redComponent");
+    Case made;
+    made.key = "dropped";
+    made.bound = {"dropped.bound", repeated([=] {
+                      double value = get(object, 0);
+                      use(value);
+                  }),
+                  fewColors};
+    made.bound.work(batch);
+    require(get(object, 0) == 0, "redComponent of a grey colour");
+    return made;
+}
+
 // A class message that answers one and the same colour each time, and the shared method that wraps it.
 struct SharedColor {
-    Selector* message;
+    SEL message;
     Object* (*get)();
 };
 
 // redColor; where the platform makes a new red each time, a system colour.
 SharedColor sharedColor() {
-    static Selector redColor{"redColor"}, controlColor{"controlColor"};
+    const SEL redColor = selector("redColor"), controlColor = selector("controlColor");
     const host::platform::AutoreleasePool pool;
-    if (send<id>(colorClass, redColor) == send<id>(colorClass, redColor))
-        return {&redColor, bound<Object* (*)()>(boundClass, "redColor as NSColorZRX")};
-    require(send<id>(colorClass, controlColor) == send<id>(colorClass, controlColor), "controlColor");
-    return {&controlColor, bound<Object* (*)()>(boundClass, "controlColor as NSColorZRX")};
+    if (send<id>(colorClass(), redColor) == send<id>(colorClass(), redColor))
+        return {redColor, bound<Object* (*)()>(boundClass, "redColor as NSColorZRX")};
+    require(send<id>(colorClass(), controlColor) == send<id>(colorClass(), controlColor), "controlColor");
+    return {controlColor, bound<Object* (*)()>(boundClass, "controlColor as NSColorZRX")};
 }
 
 Work registryHit(const SharedColor& shared) {
@@ -127,17 +156,20 @@ Case wrapHit(const SharedColor& shared) {
     host::unlock(again);
     const id dictionary = chroma::CFDictionaryCreateMutable(nullptr, 0, nullptr, nullptr);
     chroma::CFDictionarySetValue(dictionary, nativeColor(held), held);
-    return makeCase("wrap_hit", registryHit(shared), repeated([=] {
-                        const void* value = chroma::CFDictionaryGetValue(dictionary, send<id>(colorClass, *shared.message));
+    return makeCase("wrap_hit", registryHit(shared), repeated([dictionary, cls = colorClass(), message = shared.message] {
+                        const void* value = chroma::CFDictionaryGetValue(dictionary, send<id>(cls, message));
                         use(value);
                     }));
 }
 
+template <class Component>
 Case createDestroy() {
-    static Selector make{"colorWithCalibratedRed:green:blue:alpha:"}, retain{"retain"}, release{"release"};
-    return makeCase("create_destroy", repeated([] { host::unlock(newColor(0.5, 0.25, 0.75)); }), repeated([] {
-                        constexpr CGFloat red = 0.5, green = 0.25, blue = 0.75, alpha = 1;
-                        const id color = send<id>(colorClass, make, red, green, blue, alpha);
+    const SEL make = selector("colorWithCalibratedRed:green:blue:alpha:"), retain = selector("retain"),
+              release = selector("release");
+    return makeCase("create_destroy", repeated([] { host::unlock(newColor(0.5, 0.25, 0.75)); }),
+                    repeated([=, cls = colorClass()] {
+                        constexpr Component red = 0.5, green = 0.25, blue = 0.75, alpha = 1;
+                        const id color = send<id>(cls, make, red, green, blue, alpha);
                         send<id>(color, retain);
                         send<void>(color, release);
                     }));
@@ -152,6 +184,17 @@ Case stringShort() {
     require(bytes == "NSCalibratedRGBColorSpace", "colorSpaceName");
     return makeCase("string_short", repeated([=] { host::unlock(get(object, 0)); }),
                     repeated([bytes] { host::unlock(host::newString(bytes)); }));
+}
+
+// The host's copy of the same text, taken from the platform's string by its own message.
+Case stringFair() {
+    Object* const object = newColor(0.5, 0, 0);
+    const auto get = bound<host::String* (*)(Object*, REALword)>(boundClass, "colorSpaceName");
+    return makeCase(
+        "string_fair", repeated([=] { host::unlock(get(object, 0)); }),
+        repeated([native = nativeColor(object), name = selector("colorSpaceName"), utf8 = selector("UTF8String")] {
+            host::unlock(host::newString(send<const char*>(send<id>(native, name), utf8)));
+        }));
 }
 
 Case array() {
@@ -177,13 +220,26 @@ Case manyLive(const SharedColor& shared) {
 
 } // namespace
 
-std::vector<Case> makeCases() {
+namespace {
+
+template <class Component>
+std::vector<Case> casesOf() {
     const SharedColor shared = sharedColor();
-    std::vector<Case> cases = {getRGB(),      component(), wrapHit(shared), createDestroy(),
-                               stringShort(), array(),     manyLive(shared)};
+    std::vector<Case> cases = {getRGB<Component>(), component<Component>(), wrapHit(shared), createDestroy<Component>(),
+                               stringShort(),       stringFair(),           dropped(),       array(),
+                               manyLive(shared)};
     for (Case& c : cases)
         c.isAllocationFree = c.key == "getRGB" || c.key == "component" || c.key == "wrap_hit";
     return cases;
+}
+
+} // namespace
+
+std::vector<Case> makeCases() {
+    double white[2] = {};
+    send<void>(nativeColor(newColor(1, 1, 1)), selector("getRed:green:blue:alpha:"), &white[0], &white[1], &white[1],
+               &white[1]);
+    return white[0] == 1 ? casesOf<double>() : casesOf<float>();
 }
 
 } // namespace bench

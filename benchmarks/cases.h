@@ -17,7 +17,7 @@ struct Side {
     std::size_t liveColors; // while it runs, so many wrapped colours are alive besides those of the work
 };
 
-// A ratio: what the library's work costs against the bare work.
+// A ratio: what the library's work costs against the bare work. Without bare work it is the cost itself.
 struct Case {
     std::string key; // "getRGB"
     Side bound;

@@ -45,7 +45,7 @@ void run() {
         live.growTo(liveColors);
         for (const Case& c : cases)
             for (const Side* const side : {&c.bound, &c.bare})
-                if (side->liveColors == liveColors) profile(*side);
+                if (side->work && side->liveColors == liveColors) profile(*side);
     }
 
     double allocated = 0, resolved = 0;

@@ -1,4 +1,6 @@
-// Measures the cases with Google Benchmark and prints their ratios as one JSON object.
+// Measures the cases with Google Benchmark and prints the nanoseconds of each work as one JSON object.
+//
+// time_cases REPETITIONS
 //
 // The repetitions of all works are interleaved, and the fastest of each counts: what else the machine does at the time makes
 // some repetitions slower, and none faster.
@@ -10,13 +12,13 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <map>
 
 namespace bench {
 namespace {
 
-constexpr int repetitions = 25;
 constexpr double secondsEach = 0.02;
 
 // Collects the fastest repetition of each work, in nanoseconds.
@@ -34,7 +36,7 @@ public:
     }
 };
 
-void enlist(const Side& side) {
+void enlist(const Side& side, int repetitions) {
     const auto body = [&side](benchmark::State& state) {
         while (state.KeepRunningBatch(batch))
             side.work(batch);
@@ -43,15 +45,15 @@ void enlist(const Side& side) {
 }
 
 // Runs the works that want so many live colours.
-void runWith(std::size_t liveColors, const std::vector<Case>& cases, Fastest& fastest) {
+void runWith(std::size_t liveColors, const std::vector<Case>& cases, int repetitions, Fastest& fastest) {
     benchmark::ClearRegisteredBenchmarks();
     for (const Case& c : cases)
         for (const Side* const side : {&c.bound, &c.bare})
-            if (side->liveColors == liveColors) enlist(*side);
+            if (side->work && side->liveColors == liveColors) enlist(*side, repetitions);
     benchmark::RunSpecifiedBenchmarks(&fastest);
 }
 
-void run() {
+void run(int repetitions) {
     char program[] = "time_cases", interleaving[] = "--benchmark_enable_random_interleaving=true";
     char* arguments[] = {program, interleaving, nullptr};
     int count = 2;
@@ -63,24 +65,23 @@ void run() {
     Fastest fastest;
     for (const std::size_t liveColors : {fewColors, manyColors}) {
         live.growTo(liveColors);
-        runWith(liveColors, cases, fastest);
+        runWith(liveColors, cases, repetitions, fastest);
     }
 
-    nlohmann::ordered_json figures;
-    for (const Case& c : cases) {
-        const double bound = fastest.nanoseconds.at(c.bound.name), bare = fastest.nanoseconds.at(c.bare.name);
-        std::fprintf(stderr, "%-15s %8.1f ns, bare %8.1f ns\n", c.key.c_str(), bound, bare);
-        figures[c.key] = bound / bare;
-    }
-    std::puts(figures.dump().c_str());
+    std::puts(nlohmann::json(fastest.nanoseconds).dump().c_str());
 }
 
 } // namespace
 } // namespace bench
 
-int main() {
+int main(int count, char** arguments) {
+    const int repetitions = count == 2 ? std::atoi(arguments[1]) : 0;
+    if (repetitions < 1) {
+        std::fputs("usage: time_cases REPETITIONS\n", stderr);
+        return 2;
+    }
     try {
-        bench::run();
+        bench::run(repetitions);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "time_cases: %s\n", error.what());
         return 1;
