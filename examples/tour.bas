@@ -8,8 +8,8 @@ Dim h, s, v As Double
 Dim c, m, y, k As Double
 Dim w As Double
 
-Print "1. From a host colour value. The fourth byte is alpha: &hFF is opaque, 0 transparent."
-Dim orange As New NSColorZRX(&hFFFF8000)
+Print "1. From a host colour value. Its fourth byte is alpha: FF, as in #FF8000, is opaque, 00 transparent."
+Dim orange As New NSColorZRX(#FF8000)
 Print "   " & orange.description
 orange.getRGB(r, g, b)
 Print "   getRGB without alpha", r, g, b
@@ -19,8 +19,8 @@ orange.getHSV(h, s, v)
 Print "   getHSV without alpha", h, s, v
 orange.getHSV(h, s, v, a)
 Print "   getHSV with alpha   ", h, s, v, a
-Dim unseen As New NSColorZRX(&h00FF8000)
-Print "   alpha of &h00FF8000 ", unseen.alphaComponent
+Dim unseen As New NSColorZRX(#FF800000)
+Print "   alpha of #FF800000 ", unseen.alphaComponent
 
 Print "2. From components, kept in single precision."
 Dim teal As New NSColorZRX(0.1, 0.5, 0.5, 0.25)
@@ -75,7 +75,7 @@ Print "   colorValue and Components of the empty object:", blank.colorValue, UBo
 
 Print "7. An object that holds a colour keeps it."
 Try
-    teal.Constructor(&hFFFFFFFF)
+    teal.Constructor(#FFFFFF)
 Catch e As UnsupportedOperationException
     Print "   UnsupportedOperationException: " & e.Message
 End Try

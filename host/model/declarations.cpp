@@ -1,10 +1,7 @@
 #include "model/declarations.h"
 
 #include "model/strings.h"
-
-#include <charconv>
-#include <cstdlib>
-#include <limits>
+#include "text/literals.h"
 
 namespace host {
 
@@ -158,78 +155,25 @@ private:
 
     Literal literal() {
         const char first = peek();
-        if (first == '"') return {text()};
-        if (first == '&') return prefixed();
-        if (first == '-' || first == '+' || first == '.' || isDigit(first)) return number();
+        const bool sign = first == '-' || first == '+';
+        const std::size_t start = at_ + (sign ? 1 : 0);
+        const auto at = [&](std::size_t i) { return i < text_.size() ? text_[i] : '\0'; };
+        if (startsLiteral(at(start), at(start + 1)) && !(sign && (at(start) == '"' || at(start) == '#')))
+            return scanned(start, first == '-');
         if (skipWord("true")) return {true};
         if (skipWord("false")) return {false};
         if (skipWord("nil")) return {};
         failExpecting("a value");
     }
 
-    std::string text() {
-        const std::size_t start = at_++;
-        std::string result;
-        while (at_ < text_.size()) {
-            const char c = text_[at_++];
-            if (c != '"') {
-                result += c;
-            } else if (at_ < text_.size() && text_[at_] == '"') {
-                result += text_[at_++];
-            } else {
-                return result;
-            }
+    Literal scanned(std::size_t start, bool negative) {
+        try {
+            ScannedLiteral found = scanLiteral(text_.substr(start), negative);
+            at_ = start + found.size;
+            return std::visit([](auto& value) { return Literal{std::move(value)}; }, found.value);
+        } catch (const LiteralError& error) {
+            fail(error.message, start + error.offset);
         }
-        fail("text without its closing quote", start);
-    }
-
-    // &hFF is an integer, &cFF8000 a colour.
-    Literal prefixed() {
-        const std::size_t start = at_++;
-        const char letter = at_ < text_.size() ? text_[at_] : '\0';
-        const bool isColor = letter == 'c' || letter == 'C';
-        if (!isColor && letter != 'h' && letter != 'H') fail("expected &h or &c", start);
-        ++at_;
-        std::uint64_t value = 0;
-        const char* const digits = text_.data() + at_;
-        const auto [stop, error] = std::from_chars(digits, text_.data() + text_.size(), value, 16);
-        const std::uint64_t limit =
-            isColor ? std::numeric_limits<HostColor>::max() : std::numeric_limits<std::uintptr_t>::max();
-        if (stop == digits) fail("expected hexadecimal digits", at_);
-        if (error != std::errc() || value > limit) fail("a number too big", start);
-        at_ += static_cast<std::size_t>(stop - digits);
-        if (isColor) return {static_cast<HostColor>(value)};
-        return {static_cast<HostInteger>(value)};
-    }
-
-    Literal number() {
-        const std::size_t start = at_;
-        if (text_[at_] == '-' || text_[at_] == '+') ++at_;
-        bool isReal = false;
-        const std::size_t digits = at_;
-        while (at_ < text_.size()) {
-            const char c = text_[at_];
-            const bool isExponent = (c == 'e' || c == 'E') && at_ > digits;
-            const bool isExponentSign = (c == '-' || c == '+') && (text_[at_ - 1] == 'e' || text_[at_ - 1] == 'E');
-            if (!isDigit(c) && c != '.' && !isExponent && !isExponentSign) break;
-            isReal = isReal || !isDigit(c);
-            ++at_;
-        }
-        const std::string written(text_.substr(start + (text_[start] == '+' ? 1 : 0), at_ - start));
-        if (isReal) return {real(written, start)};
-        HostInteger value = 0;
-        const auto [stop, error] = std::from_chars(written.data(), written.data() + written.size(), value);
-        if (error == std::errc::result_out_of_range) fail("a number too big", start);
-        if (error != std::errc() || *stop != '\0') fail("a malformed number", start);
-        return {value};
-    }
-
-    double real(const std::string& written, std::size_t start) const {
-        double value = 0.0;
-        const char* const last = written.data() + written.size();
-        const auto [stop, error] = std::from_chars(written.data(), last, value);
-        if (error != std::errc() || stop != last) fail("a malformed number", start);
-        return value;
     }
 
     std::string_view text_;

@@ -18,7 +18,7 @@
 
 namespace host {
 
-// 12, -1, &hFF, 1.5, "text" ("" for a quote), true, false, &cFF8000, nil.
+// 12, -1, &hFF, 1.5, "text" ("" for a quote), true, false, #FF8000, nil.
 struct Literal {
     std::variant<std::monostate, bool, HostInteger, double, HostColor, std::string> value; // monostate: nil
 

@@ -25,7 +25,9 @@ int costOf(const Type& from, const Type& to, Conversion conversion) {
     case Conversion::colorToInteger: return widened;
     case Conversion::toVariant: return toVariant;
     case Conversion::fromVariant: return fromVariant;
-    case Conversion::none: break;
+    case Conversion::none:
+    case Conversion::realToInteger: // of no argument
+    case Conversion::fromText: break;
     }
     if (from == to) return exact;
     return from.isNil() ? nilLiteral : upcastCost(from.className, to.className);
@@ -45,7 +47,7 @@ struct Candidate {
 
 // Binds argument `index` by a conversion, if there is one.
 bool bindConverted(Candidate& candidate, Binding& binding, const Type& to, const Type& from) {
-    const std::optional<Conversion> conversion = implicitConversion(from, to);
+    const std::optional<Conversion> conversion = conversionTo(to, from, Purpose::argument);
     if (!conversion) return false;
     binding.conversions.push_back(*conversion);
     candidate.costs.push_back(costOf(from, to, *conversion));
@@ -123,23 +125,6 @@ bool failsOnlyForReferences(const OverloadSet& overloads, std::vector<Argument> 
 }
 
 } // namespace
-
-std::optional<Conversion> implicitConversion(const Type& from, const Type& to) {
-    if (from.kind == Kind::nothing) return std::nullopt;
-    if (from == to) return Conversion::none;
-    if (from.isNil() && to.isObjectReference()) return Conversion::none;
-    const bool toPlainVariant = to.is(Kind::variant);
-    const bool fromPlainVariant = from.is(Kind::variant);
-    if (toPlainVariant) return Conversion::toVariant;
-    if (fromPlainVariant) return Conversion::fromVariant;
-    if (from.isArray || to.isArray) return std::nullopt;
-    if (from.kind == Kind::integer && to.kind == Kind::real) return Conversion::integerToReal;
-    if (from.kind == Kind::integer && to.kind == Kind::color) return Conversion::integerToColor;
-    if (from.kind == Kind::color && to.kind == Kind::integer) return Conversion::colorToInteger;
-    if (from.kind == Kind::object && to.kind == Kind::object && isSubclass(from.className, to.className))
-        return Conversion::none;
-    return std::nullopt;
-}
 
 Resolution resolveCall(const std::string& what, const OverloadSet& overloads, const std::vector<Argument>& arguments) {
     std::vector<Candidate> candidates;

@@ -3,22 +3,11 @@
 #pragma once
 
 #include "model/classes.h"
+#include "model/conversions.h"
 
 #include <optional>
 
 namespace host {
-
-enum class Conversion : unsigned char {
-    none, // same value: equal types, a subclass for its superclass, Nil for an object
-    integerToReal,
-    integerToColor, // a colour is its number
-    colorToInteger,
-    toVariant,   // newVariant: a new reference
-    fromVariant, // readVariant: may raise
-};
-
-// How a value of type `from` becomes one of type `to` without being asked; nullopt when it does not.
-std::optional<Conversion> implicitConversion(const Type& from, const Type& to);
 
 struct Argument {
     Type type;               // static

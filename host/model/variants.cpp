@@ -3,7 +3,6 @@
 #include "model/arrays.h"
 #include "model/classes.h"
 #include "model/exceptions.h"
-#include "model/resolve.h"
 #include "model/strings.h"
 
 #include <array>
@@ -65,11 +64,11 @@ Type typeInVariant(const Object* variant) {
     return Type::object(variant->info->name());
 }
 
-bool readVariant(Object* variant, const Type& type, Slot& value) {
+bool readVariant(Object* variant, const Type& type, Slot& value, Purpose purpose) {
     value = Slot();
     if (!variant) return true;
     const Type held = typeInVariant(variant);
-    const std::optional<Conversion> conversion = implicitConversion(held, type);
+    const std::optional<Conversion> conversion = conversionTo(type, held, purpose);
     if (!conversion) {
         const bool betweenClasses = held.kind == Kind::object && type.kind == Kind::object && !held.isArray && !type.isArray;
         raiseMismatch(betweenClasses ? "IllegalCastException" : "TypeMismatchException", held, type);
@@ -79,13 +78,8 @@ bool readVariant(Object* variant, const Type& type, Slot& value) {
         value = Slot::ofObject(variant);
         return true;
     }
-    const Slot own = variant->own;
-    switch (*conversion) {
-    case Conversion::integerToReal: value = Slot::ofReal(static_cast<double>(own.integer)); break;
-    case Conversion::integerToColor: value = Slot::ofColor(static_cast<HostColor>(own.integer)); break;
-    case Conversion::colorToInteger: value = Slot::ofInteger(static_cast<HostInteger>(own.color)); break;
-    default: value = own; break;
-    }
+    if (*conversion == Conversion::fromText) return readText(variant->own.string, type, value);
+    value = convertedNumber(*conversion, variant->own);
     return true;
 }
 

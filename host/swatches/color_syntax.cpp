@@ -1,9 +1,12 @@
 #include "swatches/color_syntax.h"
 
+#include "text/css_colors.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 

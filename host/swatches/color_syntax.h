@@ -3,9 +3,7 @@
 
 #include "swatches/program.h"
 
-#include <optional>
 #include <string>
-#include <string_view>
 
 namespace host::swatches {
 
@@ -16,8 +14,5 @@ std::string hexOf(const ScreenColor& color);
 // "hsl(30, 100%, 50%)", "color(display-p3 1 0.5 0)"), or a shared method of NSColorZRX that names one, such as "redColor".
 // Throws std::invalid_argument for what is no colour, and std::runtime_error as program.h says.
 Reference colorOfText(const std::string& text);
-
-// The sRGB value 0xRRGGBB behind a name of CSS, in small letters.
-std::optional<unsigned> cssColor(std::string_view name);
 
 } // namespace host::swatches

@@ -24,17 +24,21 @@ TEST(Declarations, ReadParametersDefaultsAndConstantsOfEveryForm) {
     for (const char* text : {"f(red as double, alpha as double = 1.0)", "f(red as double,alpha as double=1)"})
         EXPECT_EQ(std::get<double>(defaultIn(text).value), 1.0) << text;
     EXPECT_EQ(std::get<std::string>(defaultIn("f(s as string = \"a \"\"b\"\"\")").value), "a \"b\"");
-    EXPECT_EQ(std::get<HostColor>(defaultIn("f(c as color = &cFF8000)").value), 0xFF8000u);
+    EXPECT_EQ(std::get<HostColor>(defaultIn("f(c as color = #FF8000)").value), 0xFFFF8000u);
     EXPECT_TRUE(defaultIn("f(o as NSColorZRX = nil)").type().isNil());
 
     EXPECT_EQ(std::get<HostInteger>(parseConstant("NSUnknownColorSpaceModel=-1").value.value), -1);
     EXPECT_EQ(std::get<HostInteger>(parseConstant("mask = &hff").value.value), 255);
+    EXPECT_EQ(std::get<HostInteger>(parseConstant("bits = +&b101").value.value), 5);
+    constexpr auto least = std::numeric_limits<HostInteger>::min();
+    EXPECT_EQ(std::get<HostInteger>(parseConstant("least = " + std::to_string(least)).value.value), least);
     EXPECT_EQ(std::get<double>(parseConstant("half = 5e-1").value.value), 0.5);
     EXPECT_EQ(parseConstant("NSNamedColorSpace = \"text\"").name, "NSNamedColorSpace");
 }
 
 TEST(Declarations, SayWhatIsMalformedAndWhere) {
-    const std::pair<const char*, const char*> cases[] = {
+    const std::string bits = std::to_string(8 * sizeof(HostInteger));
+    const std::pair<const char*, std::string> cases[] = {
         {"(a as double)", "expected a name at column 1"},
         {"f(", "expected a parameter at column 3"},
         {"f(a as double", "expected \")\" at column 14"},
@@ -48,13 +52,15 @@ TEST(Declarations, SayWhatIsMalformedAndWhere) {
         {"f(a as double = 1, b as double)", "a parameter without a default after one with at column 20"},
         {"f(byref a as double = 1)", "a default for a byref or paramarray parameter at column 23"},
         {"f(a as integer = \"1\")", "a default of another type than Integer at column 18"},
-        {"f(a as integer = 99999999999999999999)", "a number too big at column 18"},
-        {"f(a as double = 1.2.3)", "a malformed number at column 17"},
-        {"f(a as integer = -)", "a malformed number at column 18"},
-        {"f(a as string = \"x)", "text without its closing quote at column 17"},
-        {"f(a as color = &cFFFFFFFFF)", "a number too big at column 16"}};
+        {"f(a as integer = 99999999999999999999)",
+         "this number does not fit an Integer of " + bits + " bits; write it with a decimal point at column 18"},
+        {"f(a as double = 1.2.3)", "expected \")\" at column 20"},
+        {"f(a as integer = -)", "expected a value at column 18"},
+        {"f(a as string = \"x)", "this text has no closing quote on its line at column 17"},
+        {"f(a as color = #FFFFFFFFF)", "a colour is written #RRGGBB, #RGB or #RRGGBBAA at column 16"},
+        {"f(a as double = +)", "expected a value at column 17"}};
     for (const auto& [text, error] : cases)
-        EXPECT_EQ(errorOf([text = text] { parseSignature(text); }), std::string(error) + " of \"" + text + "\"");
+        EXPECT_EQ(errorOf([text = text] { parseSignature(text); }), error + " of \"" + text + "\"");
     for (const char* constant : {"a = ", "a"})
         EXPECT_THROW(parseConstant(constant), DeclarationError);
     EXPECT_THROW(parseType("double() x"), DeclarationError);

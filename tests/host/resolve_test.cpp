@@ -62,7 +62,7 @@ TEST_F(Resolve, ChoosesTheOverloadThatFitsBest) {
             EXPECT_EQ(found.method ? found.method - overloads.methods.data() : -1, chosen) << found.error;
         }
     }
-    EXPECT_EQ(implicitConversion(Type(), parseType("Variant")), std::nullopt);
+    EXPECT_EQ(conversionTo(parseType("Variant"), Type(), Purpose::argument), std::nullopt);
 }
 
 TEST_F(Resolve, FillsDefaultsAndCollectsParamarrays) {

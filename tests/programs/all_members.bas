@@ -94,7 +94,7 @@ Sub Show(what As String, space As NSColorSpaceZRX)
 End Sub
 
 Dim parts() As Double = Array(0.25, 1.0)
-Show "Constructor", New NSColorZRX(&hFFFF8000)
+Show "Constructor", New NSColorZRX(#FF8000)
 Show "Constructor", New NSColorZRX(1, 0.5, 0, 0.25)
 Show "HSV in a space", NSColorZRX.colorWithColorSpaceHSV(NSColorSpaceZRX.sRGBColorSpace, 0.5, 1, 0.5)
 Show "DisplayP3", NSColorZRX.colorWithDisplayP3(0.1, 0.2, 0.3)

@@ -130,7 +130,8 @@ ActionPtr StatementChecker::form(const syntax::ForEach& loop, Offset offset) {
         const Type elementType = array.type.element();
         const Type type = loopType(loop.variable);
         const Variable variable = loopVariable(loop.variable, type);
-        if (type.kind != Kind::nothing && elementType.kind != Kind::nothing && !isConvertible(elementType, type)) {
+        if (type.kind != Kind::nothing && elementType.kind != Kind::nothing &&
+            !conversionTo(type, elementType, Purpose::assignment)) {
             diagnostics_.add(loop.variable.name.offset,
                              "the elements are of type " + nameOf(elementType) + ", but the variable is a " + nameOf(type));
         }

@@ -36,8 +36,8 @@ Type united(const Type& a, const Type& b) {
     const Type variant = Type::plain(Kind::variant);
     if (a.kind == Kind::nothing) return b;
     if (a == variant || b == variant) return variant;
-    if (implicitConversion(b, a)) return a;
-    return implicitConversion(a, b) ? b : variant;
+    if (conversionTo(a, b, Purpose::argument)) return a;
+    return conversionTo(b, a, Purpose::argument) ? b : variant;
 }
 
 [[noreturn]] void failUnknownMember(const ClassInfo& info, const Name& name) {
@@ -132,9 +132,9 @@ Operand ExpressionChecker::upperBound(const Arguments& arguments, Offset offset)
 Operand ExpressionChecker::plainConversion(const Type& type, const Arguments& arguments, Offset offset) {
     if (arguments.size() != 1) failCheck(offset, "a conversion to " + nameOf(type) + " takes one value");
     Value found = value(*arguments.front());
-    const bool asText = type.kind == Kind::string && (found.type.isArray || found.type.kind != Kind::variant);
-    return Operand::computed(type, asText ? text(std::move(found))
-                                          : convert(std::move(found.code), found.type, type, arguments.front()->offset));
+    if (type.is(Kind::string)) return Operand::computed(type, text(std::move(found)));
+    CodePtr code = convert(std::move(found.code), found.type, type, arguments.front()->offset, Purpose::cast);
+    return Operand::computed(type, std::move(code));
 }
 
 Operand ExpressionChecker::cast(const ClassInfo& info, const Arguments& arguments, Offset offset) {
@@ -143,8 +143,9 @@ Operand ExpressionChecker::cast(const ClassInfo& info, const Arguments& argument
     Value object = value(*arguments.front());
     const Type target = Type::object(info.name());
     const bool related =
-        object.type.kind == Kind::variant || (object.type.kind == Kind::object && !object.type.isNil() &&
-                                              (isConvertible(object.type, target) || isConvertible(target, object.type)));
+        object.type.kind == Kind::variant ||
+        (object.type.kind == Kind::object && !object.type.isNil() &&
+         (conversionTo(target, object.type, Purpose::assignment) || conversionTo(object.type, target, Purpose::assignment)));
     if (object.type.isArray || !related)
         failCheck(arguments.front()->offset, "this is of type " + nameOf(object.type) + " and never is a " + info.name());
     return Operand::computed(target, converted(std::move(object.code), Type::plain(Kind::variant), target, offset));
@@ -305,7 +306,7 @@ Operand ExpressionChecker::callOne(const std::string& what, const OverloadSet& o
 std::vector<ArgumentCode> ExpressionChecker::bind(const Resolution& resolution, Operands operands, Offset offset) {
     const auto argument = [&](std::size_t index, const Type& type) {
         const Type from = operands[index].type();
-        return convert(read(std::move(operands[index]), offset), from, type, offset);
+        return convert(read(std::move(operands[index]), offset), from, type, offset, Purpose::argument);
     };
     std::vector<ArgumentCode> codes;
     for (const Binding& binding : resolution.bindings) {

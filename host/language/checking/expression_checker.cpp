@@ -45,10 +45,10 @@ CodePtr ExpressionChecker::read(Operand operand, Offset offset) {
     return operand.read();
 }
 
-CodePtr ExpressionChecker::convert(CodePtr code, const Type& from, const Type& to, Offset offset) {
-    if (!isConvertible(from, to))
+CodePtr ExpressionChecker::convert(CodePtr code, const Type& from, const Type& to, Offset offset, Purpose purpose) {
+    if (!conversionTo(to, from, purpose))
         failCheck(offset, "this is of type " + nameOf(from) + ", but " + nameOf(to) + " is needed here");
-    return converted(std::move(code), from, to, offset);
+    return converted(std::move(code), from, to, offset, purpose);
 }
 
 Operand ExpressionChecker::form(const Literal& literal, Offset) {

@@ -92,7 +92,7 @@ private:
     [[noreturn]] void failUnknownName(std::string_view name, Offset offset, bool called) const;
 
     CodePtr read(Operand operand, Offset offset); // fails for a property without getter
-    CodePtr convert(CodePtr code, const Type& from, const Type& to, Offset offset);
+    CodePtr convert(CodePtr code, const Type& from, const Type& to, Offset offset, Purpose purpose = Purpose::assignment);
 
     bool isConstant(const syntax::Expression& expression) const;
     // Whether the expression is a call of the language's own Array.

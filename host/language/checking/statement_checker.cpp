@@ -140,7 +140,7 @@ ActionPtr StatementChecker::changed(const syntax::Assignment& form, Operand targ
         const Type type = target.type();
         Operand result = expressions_.binary(*form.operation, {type, now->read()}, *form.value, form.value->offset);
         const Type resultType = result.type();
-        if (!isConvertible(resultType, type))
+        if (!conversionTo(type, resultType, Purpose::assignment))
             failCheck(place, "this is of type " + nameOf(type) + ", but the new value of type " + nameOf(resultType));
         actions.push_back(target.assign(converted(result.read(), resultType, type, offset)));
         return asStep(sequence(std::move(actions)), offset);

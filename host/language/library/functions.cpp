@@ -3,6 +3,7 @@
 #include "language/library/program_arguments.h"
 #include "language/library/text_functions.h"
 #include "language/library/values.h"
+#include "text/literals.h"
 #include "text/utf8.h"
 
 #include "model/builtins.h"
@@ -20,7 +21,7 @@ namespace {
 String* strBoolean(HostBoolean value) { return newString(textOf(value != 0)); }
 String* strInteger(HostInteger value) { return newString(textOf(value)); }
 String* strDouble(double value) { return newString(textOf(value)); }
-String* strColor(HostColor value) { return newString("&h" + hexOf(value, 8)); }
+String* strColor(HostColor value) { return newString(literalOf(value)); }
 
 constexpr HostInteger maxHexDigits = 64;
 
@@ -28,21 +29,16 @@ String* hexInteger(HostInteger value, HostInteger digits) {
     const HostInteger shown = std::clamp(digits, HostInteger{0}, maxHexDigits);
     return newString(hexOf(static_cast<std::uintptr_t>(value), static_cast<std::size_t>(shown)));
 }
-String* hexColor(HostColor value, HostInteger digits) { return hexInteger(integerOf(value), digits); }
-
-// The number at the start of the text, or 0.
-double val(String* string) {
-    const TextOf read(string);
-    const std::string_view text = read.bytes();
-    const std::size_t start = text.find_first_not_of(" \t");
-    if (start == std::string::npos) return 0;
-    const std::size_t digit = start + (text[start] == '-' || text[start] == '+' ? 1 : 0);
-    const std::size_t first = digit + (digit < text.size() && text[digit] == '.' ? 1 : 0);
-    if (first >= text.size() || text[first] < '0' || text[first] > '9') return 0; // from_chars would read "inf" too
-    double value = 0;
-    std::from_chars(text.data() + digit, text.data() + text.size(), value);
-    return text[start] == '-' ? -value : value;
+String* hexColor(HostColor value, HostInteger digits) {
+    return hexInteger(static_cast<HostInteger>(std::uintptr_t{value}), digits);
 }
+
+double val(String* text) {
+    Slot value;
+    readText(text, Type::plain(Kind::real), value);
+    return value.real;
+}
+double valOr(String* text, double otherwise) { return numberIn(TextOf(text).bytes()).value_or(otherwise); }
 
 double roundReal(double value) { return std::round(value); }
 double floorReal(double value) { return std::floor(value); }
@@ -131,7 +127,10 @@ const Definition definitions[] = {
     {"Hex(value as integer, digits as integer = 0) as string", bound(hexInteger),
      "A number in hexadecimal, with zeros in front up to so many digits."},
     {"Hex(value as color, digits as integer = 0) as string", bound(hexColor)},
-    {"Val(text as string) as double", bound(val), "The number at the start of a text, or 0."},
+    {"Val(text as string, otherwise as double) as double", bound(valOr)},
+    {"Val(text as string) as double", bound(val),
+     "The number that the whole text is, written as in a program, also `&hFF`. What is none raises TypeMismatchException, or gives "
+     "`otherwise`."},
     {"Len(text as string) as integer", bound(len), "How many characters a text has."},
     {"Mid(text as string, start as integer) as string", bound(midToEnd),
      "The text from a character on, counted from 1: so many characters, or all to the end."},
@@ -168,7 +167,7 @@ const Definition definitions[] = {
     {"Min(a as double, b as double) as double", bound(minReal)},
     {"Max(a as integer, b as integer) as integer", bound(maxInteger), "The greater of two numbers."},
     {"Max(a as double, b as double) as double", bound(maxReal)},
-    {"RGB(red as integer, green as integer, blue as integer, alpha as integer = 0) as color", bound(rgb),
+    {"RGB(red as integer, green as integer, blue as integer, alpha as integer = 255) as color", bound(rgb),
      "A colour value from its channels, each from 0 to 255; what lies beyond counts as the nearest of the two."},
     {"Arguments() as string()", bound(programArguments), "What the program was given when it was started."},
 };

@@ -5,6 +5,7 @@
 #include "model/arrays.h"
 #include "model/strings.h"
 #include "model/variants.h"
+#include "text/literals.h"
 
 #include <charconv>
 #include <cmath>
@@ -52,13 +53,6 @@ std::string textOf(HostInteger value) { return std::to_string(value); }
 
 std::string textOf(bool value) { return value ? "True" : "False"; }
 
-std::string hexOf(std::uintptr_t value, std::size_t digits) {
-    std::string text;
-    for (; value != 0 || text.empty(); value >>= 4)
-        text.insert(text.begin(), "0123456789ABCDEF"[value & 15]);
-    return text.size() < digits ? std::string(digits - text.size(), '0') + text : text;
-}
-
 std::string textOf(const Type& type, Slot value) {
     if (type.isArray) return textOfArray(value.object);
     switch (type.kind) {
@@ -66,21 +60,12 @@ std::string textOf(const Type& type, Slot value) {
     case Kind::boolean: return textOf(value.boolean != 0);
     case Kind::integer: return textOf(value.integer);
     case Kind::real: return textOf(value.real);
-    case Kind::color: return "&h" + hexOf(value.color, 8);
+    case Kind::color: return literalOf(value.color);
     case Kind::string: return utf8Of(value.string);
     case Kind::object: return value.object ? textOf(value.object) : "Nil";
     case Kind::variant: return value.object ? textOfVariant(value.object) : "Nil";
     }
     return {};
-}
-
-HostInteger truncated(double value) {
-    constexpr HostInteger lowest = std::numeric_limits<HostInteger>::min();
-    constexpr HostInteger highest = std::numeric_limits<HostInteger>::max();
-    if (std::isnan(value)) return 0;
-    if (value <= static_cast<double>(lowest)) return lowest;
-    if (value >= static_cast<double>(highest)) return highest;
-    return static_cast<HostInteger>(value);
 }
 
 } // namespace host::language

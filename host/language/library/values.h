@@ -15,13 +15,5 @@ std::string textOf(const Type& type, Slot value);
 std::string textOf(double value);
 std::string textOf(HostInteger value);
 std::string textOf(bool value);
-std::string hexOf(std::uintptr_t value, std::size_t digits); // filled with zeros to `digits`
-
-// Cuts off the fraction. Numbers beyond the range give its nearest end, what is not a number gives 0.
-HostInteger truncated(double value);
-
-// A colour is its number; an integer gives its lower 32 bits.
-inline HostColor colorOf(HostInteger value) { return static_cast<HostColor>(static_cast<std::uintptr_t>(value)); }
-inline HostInteger integerOf(HostColor value) { return static_cast<HostInteger>(static_cast<std::uintptr_t>(value)); }
 
 } // namespace host::language

@@ -54,15 +54,6 @@ ExpressionPtr literal(Offset offset, Value value) {
     return make(offset, Literal{std::move(value)});
 }
 
-std::string unquoted(std::string_view quoted) {
-    std::string text;
-    for (std::size_t i = 1; i + 1 < quoted.size(); ++i) {
-        text += quoted[i];
-        if (quoted[i] == '"') ++i;
-    }
-    return text;
-}
-
 } // namespace
 
 ExpressionPtr ExpressionParser::binary(int lowest) {
@@ -138,10 +129,12 @@ ExpressionPtr ExpressionParser::primary() {
         }
     }
     switch (token.kind) {
-    case TokenKind::integer: tokens_.take(); return literal(token.offset, token.value.integer);
-    case TokenKind::real: tokens_.take(); return literal(token.offset, token.value.real);
-    case TokenKind::color: tokens_.take(); return literal(token.offset, token.value.color);
-    case TokenKind::string: tokens_.take(); return literal(token.offset, unquoted(token.text));
+    case TokenKind::integer:
+    case TokenKind::real:
+    case TokenKind::color:
+    case TokenKind::string:
+        tokens_.take();
+        return std::visit([&](const auto& value) { return literal(token.offset, value); }, token.value);
     default: tokens_.failExpected("a value");
     }
 }

@@ -1,11 +1,10 @@
 #include "language/reading/lexer.h"
 
 #include "text/letters.h"
+#include "text/literals.h"
 #include "text/utf8.h"
 
-#include <array>
-#include <charconv>
-#include <limits>
+#include <algorithm>
 
 namespace host::language {
 namespace {
@@ -74,13 +73,6 @@ Keyword keywordOf(std::string_view name) {
     return Keyword::none;
 }
 
-// The value of a digit of any base up to 16, or a large number.
-unsigned digitValue(char c) {
-    if (isDigit(c)) return static_cast<unsigned>(c - '0');
-    const char letter = lower(c);
-    return letter >= 'a' && letter <= 'f' ? static_cast<unsigned>(letter - 'a') + 10 : 99;
-}
-
 [[noreturn]] void fail(std::size_t offset, std::string message) {
     throw SyntaxError{static_cast<Offset>(offset), std::move(message)};
 }
@@ -107,13 +99,25 @@ Token Lexer::next() {
                                           token.keyword == Keyword::trueValue || token.keyword == Keyword::falseValue);
     afterOperand_ = value || token.kind == TokenKind::closeParenthesis ||
                     (token.kind >= TokenKind::integer && token.kind <= TokenKind::string);
+    const bool begins =
+        token.kind == TokenKind::endOfStatement || token.keyword == Keyword::then || token.keyword == Keyword::elseBranch;
+    inHead_ =
+        begins ||
+        (inHead_ && (token.kind == TokenKind::dot || (token.kind == TokenKind::name && token.keyword == Keyword::none)));
     return token;
+}
+
+bool Lexer::startsArgument() const {
+    const char base = lower(at(position_ + 1));
+    return inHead_ && at(position_) == '&' && position_ > 0 && isBlank(text_[position_ - 1]) &&
+           isNamePart(at(position_ + 2)) && (base == 'h' || ((base == 'o' || base == 'b') && isDigit(at(position_ + 2))));
 }
 
 void Lexer::skipLine() {
     while (position_ < text_.size() && !isLineEnd(text_[position_]))
         ++position_;
     afterOperand_ = afterDot_ = false;
+    inHead_ = true;
 }
 
 Token Lexer::read() {
@@ -128,10 +132,8 @@ Token Lexer::read() {
         return token;
     }
     if (isNameStart(c)) return name();
-    if (isDigit(c) || (c == '.' && isDigit(at(position_ + 1)) && !afterOperand_)) return number();
-    if (c == '"') return string();
-    if (c == '&' && !afterOperand_ && isNameStart(at(position_ + 1))) return prefixed();
-    return symbol();
+    const bool operatorHere = afterOperand_ && (c == '.' || c == '&') && !startsArgument();
+    return startsLiteral(c, at(position_ + 1)) && !operatorHere ? literal() : symbol();
 }
 
 void Lexer::skipBlanksAndComments() {
@@ -183,84 +185,18 @@ Token Lexer::name() {
     return token;
 }
 
-Token Lexer::number() {
+Token Lexer::literal() {
     const std::size_t start = position_;
-    const auto skipDigits = [&] {
-        while (isDigit(at(position_)))
-            ++position_;
-    };
-    bool real = false;
-    skipDigits();
-    if (at(position_) == '.' && isDigit(at(position_ + 1))) {
-        real = true;
-        ++position_;
-        skipDigits();
-    }
-    if (lower(at(position_)) == 'e') {
-        const std::size_t sign = at(position_ + 1) == '+' || at(position_ + 1) == '-' ? 1 : 0;
-        if (isDigit(at(position_ + 1 + sign))) {
-            real = true;
-            position_ += 1 + sign;
-            skipDigits();
-        }
-    }
-    if (isNamePart(at(position_))) fail(position_, "a name cannot follow a number directly");
-    Token token = finish(real ? TokenKind::real : TokenKind::integer, start);
-    const char* const first = token.text.data();
-    const char* const last = first + token.text.size();
-    if (real) {
-        const auto [end, error] = std::from_chars(first, last, token.value.real);
-        static_cast<void>(end);
-        if (error == std::errc::result_out_of_range) fail(start, "this number is outside the range of a Double");
-    } else {
-        const auto [end, error] = std::from_chars(first, last, token.value.integer);
-        static_cast<void>(end);
-        if (error == std::errc::result_out_of_range) {
-            fail(start, "this number does not fit an Integer of " +
-                            std::to_string(std::numeric_limits<HostInteger>::digits + 1) +
-                            " bits; write it with a decimal point");
-        }
-    }
-    return token;
-}
-
-// &hFF, &o17, &b101 and the colours &cRRGGBB and &cRRGGBBAA.
-Token Lexer::prefixed() {
-    const std::size_t start = position_;
-    const char letter = lower(at(position_ + 1));
-    const unsigned base = letter == 'b' ? 2 : letter == 'o' ? 8 : letter == 'h' || letter == 'c' ? 16 : 0;
-    if (base == 0) return symbol();
-    position_ += 2;
-    constexpr auto highest = std::numeric_limits<std::uintptr_t>::max();
-    std::uintptr_t value = 0;
-    const std::size_t firstDigit = position_;
-    for (; digitValue(at(position_)) < base; ++position_) {
-        if (value > highest / base) fail(start, "this number has more digits than an Integer can hold");
-        value = value * base + digitValue(at(position_));
-    }
-    const std::size_t digits = position_ - firstDigit;
-    if (digits == 0 || isNamePart(at(position_)))
-        fail(position_, "a digit of base " + std::to_string(base) + " is expected here");
-    if (letter != 'c') {
-        Token token = finish(TokenKind::integer, start);
-        token.value.integer = static_cast<HostInteger>(value);
+    try {
+        ScannedLiteral scanned = scanLiteral(text_.substr(start));
+        position_ += scanned.size;
+        static constexpr TokenKind kinds[] = {TokenKind::integer, TokenKind::real, TokenKind::color, TokenKind::string};
+        Token token = finish(kinds[scanned.value.index()], start);
+        token.value = std::move(scanned.value);
         return token;
-    }
-    if (digits != 6 && digits != 8) fail(start, "a colour is written &cRRGGBB or &cRRGGBBAA");
-    const auto number = static_cast<HostColor>(value);
-    Token token = finish(TokenKind::color, start);
-    token.value.color = digits == 6 ? number : (number >> 8) | (number << 24);
-    return token;
-}
-
-Token Lexer::string() {
-    const std::size_t start = position_++;
-    for (;; ++position_) {
-        if (position_ >= text_.size() || isLineEnd(text_[position_]))
-            fail(start, "this text has no closing quote on its line");
-        if (text_[position_] != '"') continue;
-        ++position_;
-        if (at(position_) != '"') return finish(TokenKind::string, start);
+    } catch (const LiteralError& error) {
+        position_ += std::max<std::size_t>(error.offset, 1);
+        fail(start + error.offset, error.message);
     }
 }
 

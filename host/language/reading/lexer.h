@@ -28,9 +28,8 @@ private:
     bool continuesLine();
     Token symbol();
     Token name();
-    Token number();
-    Token prefixed();
-    Token string();
+    Token literal();
+    bool startsArgument() const;
     Token finish(TokenKind kind, std::size_t start) const;
 
     char at(std::size_t offset) const { return offset < text_.size() ? text_[offset] : '\0'; }
@@ -40,6 +39,8 @@ private:
     // Whether the last token ended an operand: `a &b1` then joins strings, while `= &b1` starts a binary number.
     bool afterOperand_ = false;
     bool afterDot_ = false;
+    // Whether a statement began with only names and dots so far: `F &hFF` then calls F with a number.
+    bool inHead_ = true;
 };
 
 } // namespace host::language

@@ -5,7 +5,9 @@
 
 #include "chromabridge/host_abi.h"
 
+#include <string>
 #include <string_view>
+#include <variant>
 
 namespace host::language {
 
@@ -16,7 +18,7 @@ enum class TokenKind : std::uint8_t {
     integer,
     real,
     color,
-    string, // the text still stands in its quotes
+    string,
     // Symbols
     plus,
     minus,
@@ -100,12 +102,8 @@ struct Token {
     Keyword keyword = Keyword::none;
     bool lineEnd = false; // of endOfStatement: a line's end rather than a colon
     Offset offset = 0;
-    std::string_view text; // as written
-    union {
-        HostInteger integer;
-        double real;
-        HostColor color;
-    } value = {};
+    std::string_view text;                                           // as written
+    std::variant<HostInteger, double, HostColor, std::string> value; // of a literal
 };
 
 } // namespace host::language

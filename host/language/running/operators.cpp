@@ -55,11 +55,13 @@ CodePtr comparing(Operator operation, CodePtr left, CodePtr right, Read read) {
     }
 }
 
-CodePtr fromVariant(CodePtr value, const Type& to, Offset offset) {
-    return makeCode([value = std::move(value), to, offset](Frame& frame) {
-        Slot read;
-        if (!readVariant(value->evaluate(frame).object, to, read)) throwPending(offset);
-        return read;
+// A value by (Slot, Slot&) -> bool, which may raise and then answers false.
+template <class Read>
+CodePtr readThrough(CodePtr value, Offset offset, Read read) {
+    return transform(std::move(value), [read, offset](Slot slot) {
+        Slot result;
+        if (!read(slot, result)) throwPending(offset);
+        return result;
     });
 }
 
@@ -174,30 +176,19 @@ CodePtr asText(CodePtr value, const Type& type) {
     });
 }
 
-bool isConvertible(const Type& from, const Type& to) {
-    if (from == to) return true;
-    if (from.kind == Kind::nothing || to.kind == Kind::nothing) return false;
-    const bool toVariant = to.is(Kind::variant);
-    const bool fromVariant = from.is(Kind::variant);
-    if (toVariant || fromVariant) return true;
-    if (from.isNil()) return to.isObjectReference();
-    if (from.isNumber() && to.isNumber()) return from.kind == Kind::integer || to.kind == Kind::integer;
-    if (from.isArray || to.isArray) return false;
-    return from.kind == Kind::object && to.kind == Kind::object && isSubclass(from.className, to.className);
-}
-
-CodePtr converted(CodePtr value, const Type& from, const Type& to, Offset offset) {
-    if (from == to || from.isNil()) return value;
-    if (to.is(Kind::variant)) return toVariant(std::move(value), from);
-    if (from.is(Kind::variant)) return fromVariant(std::move(value), to, offset);
-    if (!from.isNumber()) return value;
-    if (to.kind == Kind::real)
-        return transform(std::move(value), [](Slot slot) { return Slot::ofReal(static_cast<double>(slot.integer)); });
-    if (to.kind == Kind::color)
-        return transform(std::move(value), [](Slot slot) { return Slot::ofColor(colorOf(slot.integer)); });
-    if (from.kind == Kind::color)
-        return transform(std::move(value), [](Slot slot) { return Slot::ofInteger(integerOf(slot.color)); });
-    return transform(std::move(value), [](Slot slot) { return Slot::ofInteger(truncated(slot.real)); });
+CodePtr converted(CodePtr value, const Type& from, const Type& to, Offset offset, Purpose purpose) {
+    const Conversion conversion = conversionTo(to, from, purpose).value_or(Conversion::none);
+    switch (conversion) {
+    case Conversion::none: return value;
+    case Conversion::toVariant: return toVariant(std::move(value), from);
+    case Conversion::fromVariant:
+        return readThrough(std::move(value), offset,
+                           [to, purpose](Slot held, Slot& read) { return readVariant(held.object, to, read, purpose); });
+    case Conversion::fromText:
+        return readThrough(std::move(value), offset,
+                           [to](Slot text, Slot& read) { return readText(text.string, to, read); });
+    default: return transform(std::move(value), [conversion](Slot slot) { return convertedNumber(conversion, slot); });
+    }
 }
 
 } // namespace host::language

@@ -6,7 +6,7 @@
 #include "language/reading/syntax.h"
 #include "language/running/code.h"
 
-#include "model/types.h"
+#include "model/conversions.h"
 
 namespace host::language {
 
@@ -31,11 +31,7 @@ CodePtr joined(CodePtr left, CodePtr right, Offset offset); // strings
 // The value as a string, in the form of Print.
 CodePtr asText(CodePtr value, const Type& type);
 
-// Whether a value of one type stands for one of another without being asked: numbers among each other except between Double
-// and Color, Nil for references, a subclass for its superclass, and everything to and from Variant.
-bool isConvertible(const Type& from, const Type& to);
-
-// The conversion itself, of convertible types. From a variant it may raise.
-CodePtr converted(CodePtr value, const Type& from, const Type& to, Offset offset);
+// The conversion of a value, of a type that has one for the purpose. From variants and text it may raise.
+CodePtr converted(CodePtr value, const Type& from, const Type& to, Offset offset, Purpose purpose = Purpose::assignment);
 
 } // namespace host::language

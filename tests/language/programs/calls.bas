@@ -1,9 +1,9 @@
 ' Objects of plugin classes, called in every shape.
 Dim p As New Probe(6)
-Dim colored As New Probe(&c000009)
+Dim colored As New Probe(#000009)
 Dim a, b, c As Double
 Print p.Number, colored.Number, (New Probe(1, 0.5, 4)).Number, (New Probe(1.5, 1.5)).Number, (New Probe).Number '> 6 9 6 3 0
-Print Probe.blueOf(&hFF0102), Probe.blueOf(RGB(1, 2, 3)), Probe.make(&c000007).Number '> 2 3 7
+Print Probe.blueOf(&hFF0102), Probe.blueOf(RGB(1, 2, 3)), Probe.make(#00000700).Number '> 2 3 7
 p.split a, b
 Print a, b '> 6 3
 p.split(b, a, c)

@@ -7,7 +7,7 @@ Print up, down, none, most > 2147483646, most < 0 '> 2 -2 0 True False
 Dim c As Color = &hFF8000
 Dim number As Integer = c
 c = c + 1
-Print c, number = 16744448, c And &hFF, c <> number '> &h00FF8001 True 1 True
+Print c, number = 16744448, c And &hFF, c <> number '> #FF800100 True 1 True
 Dim big As Integer = 1
 For i As Integer = 1 To 30
   big = big * 2

@@ -7,4 +7,4 @@ Dim v() As Boolean
 Print False And v(0), True Or v(0) '> False True
 Print 1 < 2, 2 <= 2, 3 > 2.5, 2 >= 3, 1 = 1.0, 1 <> 1, True = False, "a" <> "b" '> True True True False True False False True
 Print "Z" < "a", "a" = "A", "a" < "ab", "é" > "z", "abc" + "" = "abc" '> True False True True True
-Print "a" & 1 & 0.5 & True & &c010203 & Nil & "", "a" + "b" '> a10.5True&h00010203Nil ab
+Print "a" & 1 & 0.5 & True & #010203 & Nil & "", "a" + "b" '> a10.5True#010203Nil ab

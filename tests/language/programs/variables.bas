@@ -1,7 +1,7 @@
 ' Variables: their start values, their blocks, names in any case.
 Dim i, j As Integer, d As Double
 Dim s As String, b As Boolean, c As Color, o As Probe
-Print i, j, d, s, b, c, o '> 0 0 0  False &h00000000 Nil
+Print i, j, d, s, b, c, o '> 0 0 0  False #00000000 Nil
 DIM Counter AS integer = 1
 counter = COUNTER + 1
 PRINT counter '> 2

@@ -82,8 +82,11 @@ Print &h@XYZ
 Print @1e999
 '! this number is outside the range of a Double
 
-Print @&cFF80
-'! a colour is written &cRRGGBB or &cRRGGBBAA
+Print @&cFF8000
+'! a colour is written #RRGGBB or #RRGGBBAA
+
+Print @#FF80
+'! a colour is written #RRGGBB, #RGB or #RRGGBBAA
 
 Dim a As @Intger
 Print a, a + 1

@@ -1,10 +1,10 @@
 // The names of CSS Color Module Level 4.
-#include "swatches/color_syntax.h"
+#include "text/css_colors.h"
 
 #include <algorithm>
 #include <iterator>
 
-namespace host::swatches {
+namespace host {
 
 namespace {
 
@@ -175,4 +175,4 @@ std::optional<unsigned> cssColor(std::string_view name) {
     return found->value;
 }
 
-} // namespace host::swatches
+} // namespace host
