@@ -6,3 +6,21 @@ if(NOT CMAKE_CROSSCOMPILING)
     set(CHROMA_HOST_LIST "${PROJECT_SOURCE_DIR}/build/m64/bin/chromahost;--plugin;$<TARGET_FILE:chromabridge-slice>")
     add_subdirectory(programs)
 endif()
+
+# Such runs can fail: a slice with a fault planted, which comes before the sound one in the tests' library, ends the soak.
+set(handlers_telling "a native exception left the function")
+set(registers_telling "soak: call|Segmentation fault|Bus error|Illegal instruction|Subprocess aborted")
+set(import_telling "left heap blocks")
+foreach(fault handlers registers import)
+    set(planted ${CMAKE_CURRENT_BINARY_DIR}/mac/slice-${fault}.S)
+    add_custom_command(OUTPUT ${planted}
+        COMMAND ${CMAKE_COMMAND} -DSLICE=${CHROMA_SLICE_ASSEMBLY} -DFAULT=${fault} -DOUTPUT=${planted}
+                -P ${CMAKE_CURRENT_SOURCE_DIR}/mac/plant_fault.cmake
+        DEPENDS ${CHROMA_SLICE_ASSEMBLY} ${CMAKE_CURRENT_SOURCE_DIR}/mac/plant_fault.cmake)
+    add_executable(soak-${fault} ${planted} $<TARGET_OBJECTS:soak>)
+    set_target_properties(soak-${fault} PROPERTIES LINKER_LANGUAGE CXX)
+    target_link_libraries(soak-${fault} PRIVATE matrix_driver chroma_options)
+    add_test(NAME slice.FaultIsSeen.${fault}
+        COMMAND ${CMAKE_COMMAND} "-DPROGRAM=${CMAKE_CROSSCOMPILING_EMULATOR};$<TARGET_FILE:soak-${fault}>;10000"
+                "-DTELLING=${${fault}_telling}" -P ${CMAKE_CURRENT_SOURCE_DIR}/mac/fault_check.cmake)
+endforeach()
