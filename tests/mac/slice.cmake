@@ -7,6 +7,11 @@ if(NOT CMAKE_CROSSCOMPILING)
     add_subdirectory(programs)
 endif()
 
+cmake_path(GET CHROMA_MAC_LIBRARY PARENT_PATH mac_build)
+add_test(NAME slice.WithInitialisersIsRefused
+    COMMAND ${CHROMA_TRANSLATOR} ${mac_build}/../tests/mac/initialised.dylib ${CHROMA_SLICE})
+set_tests_properties(slice.WithInitialisersIsRefused PROPERTIES PASS_REGULAR_EXPRESSION "not translated: section __mod_init_func")
+
 # Such runs can fail: a slice with a fault planted, which comes before the sound one in the tests' library, ends the soak.
 set(handlers_telling "a native exception left the function")
 set(registers_telling "soak: call|Segmentation fault|Bus error|Illegal instruction|Subprocess aborted")
