@@ -33,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     const SpacePointer again = spaceFromProfile(profile.data(), profile.size());
     require(again && again->name == space->name && again->model == space->model && again->channels == space->channels &&
-                again->isConvertible == space->isConvertible,
+                again->convertsToXyz == space->convertsToXyz && again->convertsFromXyz == space->convertsFromXyz,
             "a kept profile describes the same space");
 
     for (const auto& row : space->fromXyz)

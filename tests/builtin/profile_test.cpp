@@ -2,6 +2,9 @@
 #include "support/native.h"
 #include "support/profile_builder.h"
 
+#include <fstream>
+#include <sstream>
+
 using namespace chroma;
 using namespace chroma::test;
 using namespace std::string_literals;
@@ -91,6 +94,83 @@ TEST_F(Profiles, ConvertAsTheirTagsSay) {
     }
 }
 
+// What Little CMS's transicc prints for the profile of a press that Ghostscript ships, perceptually, in 8-bit sRGB and
+// percent.
+TEST_F(Profiles, OfAPressConvertByTheirTables) {
+    std::ostringstream bytes;
+    bytes << std::ifstream("/usr/share/color/icc/ghostscript/default_cmyk.icc", std::ios::binary).rdbuf();
+    const id press = spaceFrom(bytes.str());
+    ASSERT_NE(press, nullptr);
+    const std::pair<std::vector<float>, std::vector<float>> toRgb[] = {
+        {{1, 0, 0, 0}, {0, 175.9805f, 239.5486f}},
+        {{0, 1, 1, 0}, {237.6654f, 51.3502f, 55.8132f}},
+        {{.2f, .4f, .6f, .1f}, {188.7315f, 146.9689f, 110.93f}},
+        {{0, 0, 0, 1}, {55.0856f, 52.9027f, 53.3658f}}};
+    for (auto [ink, rgb] : toRgb) {
+        for (float& level : rgb)
+            level /= 255;
+        ink.push_back(1), rgb.push_back(1);
+        expectNear(componentsOf(inSpace(colorIn(press, ink), "sRGBColorSpace")), rgb, 1e-3);
+    }
+    const std::pair<std::vector<float>, std::vector<float>> toInk[] = {
+        {{1, 128 / 255.f, 0, 1}, {0, 0.639429f, 1, 0, 1}},
+        {{0.2f, 0.4f, 0.8f, 0.5f}, {0.851987f, 0.664225f, 0, 0, 0.5f}},
+        {{1, 1, 1, 1}, {0, 0, 0, 0, 1}},
+        {{0, 0, 0, 1}, {0.746059f, 0.679896f, 0.653422f, 0.900481f, 1}}};
+    for (const auto& [rgb, ink] : toInk) {
+        const id color = colorIn(standardSpace("sRGBColorSpace"), rgb);
+        expectNear(componentsOf(send(color, "colorUsingColorSpace:", press)), ink, 1e-3);
+    }
+}
+
+TEST_F(Profiles, ConvertInTheDirectionsThatTheyTell) {
+    // Of mAB and mBA the curves alone, those at offset 32: three identities.
+    const auto curvesOnly = [](const char* type) {
+        const std::string curve = sampledCurve({});
+        return value(type,
+                     number(3, 1) + number(3, 1) + number(0, 2) + number(32, 4) + number(0, 16) + curve + curve + curve);
+    };
+    const std::string toPcs = curvesOnly("mAB "), fromPcs = curvesOnly("mBA ");
+    const std::tuple<Tags, bool, bool> cases[] = {{{{"A2B0", toPcs}, {"B2A0", fromPcs}}, true, true},
+                                                  {{{"A2B1", toPcs}}, true, false},
+                                                  {{{"B2A2", fromPcs}}, false, true}};
+    const id white = colorIn(standardSpace("sRGBColorSpace"), {1, 1, 1, 1});
+    constexpr float level = 128 / 255.f; // of which L* is 53.585
+    for (const auto& [tags, from, to] : cases) {
+        const id space = spaceFrom(profile("Lab ", tags, "Lab "));
+        ASSERT_NE(space, nullptr);
+        const id grey = inSpace(colorIn(space, {53.585f, 0, 0, 1}), "sRGBColorSpace");
+        if (from)
+            expectNear(componentsOf(grey), {level, level, level, 1}, 1e-4);
+        else
+            EXPECT_EQ(grey, nullptr);
+        const id lab = send(white, "colorUsingColorSpace:", space);
+        if (to)
+            expectNear(componentsOf(lab), {100, 0, 0, 1}, 1e-4);
+        else
+            EXPECT_EQ(lab, nullptr);
+    }
+    // Colorants in one plane lead to XYZ and not back.
+    const std::string red = xyz({0.4, 0.2, 0.1});
+    const id flat = spaceFrom(profile("RGB ", {{"rTRC", gammaCurve(1)},
+                                               {"gTRC", gammaCurve(1)},
+                                               {"bTRC", gammaCurve(1)},
+                                               {"rXYZ", red},
+                                               {"gXYZ", red},
+                                               {"bXYZ", red}}));
+    EXPECT_NE(inSpace(colorIn(flat, {1, 0, 0, 1}), "sRGBColorSpace"), nullptr);
+    EXPECT_EQ(send(white, "colorUsingColorSpace:", flat), nullptr);
+}
+
+TEST_F(Profiles, WithFlatEndsKeepWhiteAndBlack) {
+    const std::string curve = sampledCurve({0, 0, 0.3, 1, 1});
+    const id knee = spaceFrom(profile("GRAY", {{"kTRC", curve}}));
+    const id space = standardSpace("genericGamma22GrayColorSpace");
+    for (const auto& [level, expected] : {std::pair(1.f, 1.f), {std::nextafter(1.f, 0.f), 1.f}, {0.f, 0.25f}}) {
+        expectNear(componentsOf(send(colorIn(space, {level, 1}), "colorUsingColorSpace:", knee)), {expected, 1}, 1e-6);
+    }
+}
+
 TEST_F(Profiles, TellTheirModelChannelsAndName) {
     const std::tuple<const char*, std::intptr_t, std::size_t> models[] = {{"GRAY", 0, 1},  {"RGB ", 1, 3}, {"CMYK", 2, 4},
                                                                           {"Lab ", 3, 3},  {"2CLR", 4, 2}, {"9CLR", 4, 9},
@@ -138,9 +218,36 @@ TEST_F(Profiles, ThatAreBrokenAreRefused) {
                                                         {"kTRC", parametricCurve(5, {1, 1, 1, 1, 1, 1, 1})},
                                                         {"kTRC", parametricCurve(1, {2, 0, 1})},
                                                         {"rXYZ", "XYZ \0\0\0\0\0\0"s}};
+    // Tables: a type, channels, points, samples and so on until all is there. The last is whole.
+    const std::string identity = numbers({1, 0, 0, 0, 1, 0, 0, 0, 1}, 65536, 4), curve = gammaCurve(1);
+    const auto lookup = [&](const char* type, int inputs, int outputs, int points, int samples, std::size_t size) {
+        return value(type, number(inputs, 1) + number(outputs, 1) + number(points, 1) + "\0"s + identity +
+                               number(samples, 2) + number(samples, 2) + std::string(size, '\0'));
+    };
+    const auto elements = [&](int curves, int grid, int width, const std::string& rest) {
+        return value("mAB ", number(3, 1) + number(3, 1) + number(0, 2) + number(curves, 4) + number(0, 8) +
+                                 number(grid, 4) + number(0, 4) + curve + "\0\0"s + curve + "\0\0"s + curve + "\0\0\2\2\2"s +
+                                 std::string(13, '\0') + number(width, 1) + std::string(3, '\0') + rest);
+    };
+    const std::pair<std::string, bool> tables[] = {{lookup("mft2", 4, 3, 2, 2, 72), false},
+                                                   {lookup("mft2", 3, 4, 2, 2, 72), false},
+                                                   {lookup("mft2", 3, 3, 1, 2, 72), false},
+                                                   {lookup("mft2", 3, 3, 2, 1, 72), false},
+                                                   {lookup("mft2", 3, 3, 2, 2, 71), false},
+                                                   {lookup("mft2", 3, 3, 255, 2, 72), false},
+                                                   {lookup("mft3", 3, 3, 2, 2, 72), false},
+                                                   {lookup("mft2", 3, 3, 2, 2, 72), true},
+                                                   {elements(32, 80, 3, std::string(48, '\0')), false},
+                                                   {elements(32, 80, 2, std::string(47, '\0')), false},
+                                                   {elements(33, 80, 2, std::string(48, '\0')), false},
+                                                   {elements(200, 80, 2, std::string(48, '\0')), false},
+                                                   {elements(32, 80, 2, std::string(48, '\0')), true}};
+    for (const auto& [table, isWhole] : tables)
+        EXPECT_EQ(spaceFrom(profile("RGB ", {{"A2B0", table}}, "Lab ")) != nullptr, isWhole)
+            << testing::PrintToString(table);
     for (const auto& [name, value] : tags)
         EXPECT_EQ(spaceFrom(profile(*name == 'k' ? "GRAY" : "RGB ", {{name, value}})), nullptr)
             << testing::PrintToString(value);
     EXPECT_EQ(made("NSColorSpace", "initWithICCProfileData:", id{}), nullptr);
-    EXPECT_EQ(builtin_liveInstances("NSColorSpace"), 1u) << "an initialiser that fails ends its object";
+    EXPECT_EQ(builtin_liveInstances("NSColorSpace"), 1u + 2) << "an initialiser that fails ends its object";
 }

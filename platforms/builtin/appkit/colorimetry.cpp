@@ -1,5 +1,6 @@
 #include "appkit/colorimetry.h"
 
+#include <cmath>
 #include <cstddef>
 
 namespace chroma::builtin {
@@ -72,15 +73,50 @@ Matrix3 rgbToXyz(Chromaticity red, Chromaticity green, Chromaticity blue, Chroma
 }
 
 Matrix3 colorantsToXyz(const Vector3& red, const Vector3& green, const Vector3& blue) {
-    Matrix3 matrix = columns(red, green, blue);
+    constexpr double precision = 0.002;
+    const Matrix3 matrix = columns(red, green, blue);
+    Matrix3 scaled = matrix;
     for (std::size_t row = 0; row < 3; ++row) {
         const double sum = matrix[row][0] + matrix[row][1] + matrix[row][2];
-        if (!(sum > 0)) return {};
-        for (double& value : matrix[row]) {
+        if (std::abs(sum - d50White[row]) > precision) return matrix;
+        for (double& value : scaled[row]) {
             value *= d50White[row] / sum;
         }
     }
-    return matrix;
+    return scaled;
+}
+
+namespace {
+
+constexpr double slope = 24389.0 / 27 / 100;
+constexpr double breakLight = 216.0 / 24389;
+
+} // namespace
+
+double lightOfLightness(double lightness) {
+    if (lightness <= slope * breakLight) return lightness / slope;
+    const double root = (lightness + 0.16) / 1.16;
+    return root * root * root;
+}
+
+double lightnessOfLight(double light) { return light > breakLight ? 1.16 * std::cbrt(light) - 0.16 : slope * light; }
+
+Vector3 xyzFromLab(const Vector3& lab) {
+    const double lightness = lab[0] / 100;
+    const double shares[] = {lightness + 1.16 * lab[1] / 500, lightness, lightness - 1.16 * lab[2] / 200};
+    Vector3 xyz;
+    for (std::size_t index = 0; index < 3; ++index) {
+        xyz[index] = d50White[index] * lightOfLightness(shares[index]);
+    }
+    return xyz;
+}
+
+Vector3 labFromXyz(const Vector3& xyz) {
+    Vector3 share;
+    for (std::size_t index = 0; index < 3; ++index) {
+        share[index] = lightnessOfLight(xyz[index] / d50White[index]);
+    }
+    return {100 * share[1], 500 / 1.16 * (share[0] - share[1]), 200 / 1.16 * (share[1] - share[2])};
 }
 
 } // namespace chroma::builtin

@@ -15,6 +15,13 @@ Matrix3 operator*(const Matrix3& left, const Matrix3& right);
 double determinant(const Matrix3& matrix);
 Matrix3 inverse(const Matrix3& matrix); // the determinant must not be 0
 
+// CIE 1976 L*a*b*, L* in 0..100. Lightness alone is told as L* / 100: a cube root of the light above (6/29)^3, a straight
+// line below.
+double lightOfLightness(double lightness);
+double lightnessOfLight(double light);
+Vector3 xyzFromLab(const Vector3& lab);
+Vector3 labFromXyz(const Vector3& xyz);
+
 // The chromaticity coordinates of a light.
 struct Chromaticity {
     double x;
@@ -29,8 +36,8 @@ Matrix3 adaptationToD50(Chromaticity white);
 // The matrix from linear RGB of the primaries under the white point to XYZ, adapted to D50.
 Matrix3 rgbToXyz(Chromaticity red, Chromaticity green, Chromaticity blue, Chromaticity white);
 
-// The matrix whose columns are the colorants, each row scaled so that white, the sum of the three, is exactly D50: neutral
-// colours stay neutral, whatever precision the colorants were written down with. All zero when a row has no positive sum.
+// The matrix whose columns are the colorants. Where their sum, white, is D50 but for the precision in which profiles write
+// numbers down, each row is scaled so that it is D50 exactly, and neutral colours stay neutral; other whites stand.
 Matrix3 colorantsToXyz(const Vector3& red, const Vector3& green, const Vector3& blue);
 
 } // namespace chroma::builtin

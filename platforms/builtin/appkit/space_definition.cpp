@@ -1,11 +1,10 @@
 #include "appkit/space_definition.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace chroma::builtin {
 namespace {
-
-using Channels = std::array<double, maxChannels>;
 
 // CMYK with full black generation.
 Vector3 rgbFromCmyk(const Channels& cmyk) {
@@ -13,12 +12,14 @@ Vector3 rgbFromCmyk(const Channels& cmyk) {
     return {(1 - cmyk[0]) * light, (1 - cmyk[1]) * light, (1 - cmyk[2]) * light};
 }
 
-void cmykFromRgb(const Vector3& rgb, Channels& cmyk) {
+Channels cmykFromRgb(const Vector3& rgb) {
+    Channels cmyk{};
     const double light = std::max({rgb[0], rgb[1], rgb[2]});
     for (std::size_t index = 0; index < 3; ++index) {
         cmyk[index] = light > 0 ? (light - rgb[index]) / light : 0;
     }
     cmyk[3] = 1 - light;
+    return cmyk;
 }
 
 Vector3 xyzFromRgb(const SpaceDefinition& space, const Vector3& rgb) {
@@ -29,8 +30,17 @@ Vector3 xyzFromRgb(const SpaceDefinition& space, const Vector3& rgb) {
     return space.toXyz * linear;
 }
 
+// Linear light that is neutral or white but for what rounding has left is neutral or white.
+void takeOutRounding(Vector3& linear) {
+    constexpr double noise = 1e-12;
+    const auto [least, most] = std::minmax({linear[0], linear[1], linear[2]});
+    if (most - least > noise) return;
+    linear.fill(std::abs(most - 1) > noise ? most : 1);
+}
+
 Vector3 rgbFromXyz(const SpaceDefinition& space, const Vector3& xyz) {
-    const Vector3 linear = space.fromXyz * xyz;
+    Vector3 linear = space.fromXyz * xyz;
+    takeOutRounding(linear);
     Vector3 rgb;
     for (std::size_t index = 0; index < 3; ++index) {
         rgb[index] = clip(space.curves[index].toEncoded(linear[index]));
@@ -38,33 +48,45 @@ Vector3 rgbFromXyz(const SpaceDefinition& space, const Vector3& xyz) {
     return rgb;
 }
 
-// The RGB space in which a colour of the space is first expressed: the space itself, or its complement.
-const SpaceDefinition& rgbSpaceOf(const SpaceDefinition& space) {
-    return space.model == ColorModel::cmyk ? *space.complement : space;
+// The RGB space in which a colour of the space is first expressed: the space itself, or its complement; null for a space
+// that knows another way.
+const SpaceDefinition* rgbSpaceOf(const SpaceDefinition& space) {
+    if (space.complement) return space.complement.get();
+    return space.model == ColorModel::rgb ? &space : nullptr;
 }
 
 Vector3 rgbOf(const SpaceDefinition& space, const Channels& channels) {
-    if (space.model == ColorModel::cmyk) return rgbFromCmyk(channels);
+    if (space.complement) return rgbFromCmyk(channels);
     return {channels[0], channels[1], channels[2]};
 }
 
+Channels fromRgb(const SpaceDefinition& space, const Vector3& rgb) {
+    if (space.complement) return cmykFromRgb(rgb);
+    return {rgb[0], rgb[1], rgb[2]};
+}
+
 Vector3 xyzOf(const SpaceDefinition& space, const Channels& channels) {
-    if (space.model != ColorModel::gray) return xyzFromRgb(rgbSpaceOf(space), rgbOf(space, channels));
+    if (space.tableToXyz) return icc::toXyz(*space.tableToXyz, channels);
+    if (const SpaceDefinition* const rgb = rgbSpaceOf(space)) return xyzFromRgb(*rgb, rgbOf(space, channels));
     const double luminance = space.curves[0].toLinear(channels[0]);
     return {d50White[0] * luminance, d50White[1] * luminance, d50White[2] * luminance};
 }
 
-void setRgb(const SpaceDefinition& space, const Vector3& rgb, Channels& channels) {
-    if (space.model == ColorModel::cmyk) {
-        cmykFromRgb(rgb, channels);
-    } else {
-        std::copy(rgb.begin(), rgb.end(), channels.begin());
-    }
+Channels fromXyz(const SpaceDefinition& space, const Vector3& xyz) {
+    if (space.tableFromXyz) return icc::fromXyz(*space.tableFromXyz, xyz);
+    if (const SpaceDefinition* const rgb = rgbSpaceOf(space)) return fromRgb(space, rgbFromXyz(*rgb, xyz));
+    return {clip(space.curves[0].toEncoded(xyz[1]))};
+}
+
+// An RGB space and its complement convert without a detour over XYZ.
+bool shareRgb(const SpaceDefinition& first, const SpaceDefinition& second) {
+    if (!first.complement && !second.complement) return false;
+    const SpaceDefinition* const one = rgbSpaceOf(first);
+    const SpaceDefinition* const other = rgbSpaceOf(second);
+    return one && other && isSameSpace(*one, *other);
 }
 
 } // namespace
-
-double clip(double value) { return value > 0 ? std::min(value, 1.0) : 0; }
 
 bool isSameSpace(const SpaceDefinition& first, const SpaceDefinition& second) {
     return &first == &second || (!first.profile.empty() && first.profile == second.profile);
@@ -75,20 +97,13 @@ bool convertChannels(const SpaceDefinition& from, const float* channels, const S
         std::copy(channels, channels + from.channels, converted);
         return true;
     }
-    if (!from.isConvertible || !to.isConvertible) return false;
+    if (!from.convertsToXyz || !to.convertsFromXyz) return false;
 
     Channels source{};
-    std::transform(channels, channels + from.channels, source.begin(), [](float channel) { return clip(channel); });
-
-    Channels target{};
-    const bool hasGray = from.model == ColorModel::gray || to.model == ColorModel::gray;
-    if (!hasGray && isSameSpace(rgbSpaceOf(from), rgbSpaceOf(to))) {
-        setRgb(to, rgbOf(from, source), target);
-    } else if (to.model == ColorModel::gray) {
-        target[0] = clip(to.curves[0].toEncoded(xyzOf(from, source)[1]));
-    } else {
-        setRgb(to, rgbFromXyz(rgbSpaceOf(to), xyzOf(from, source)), target);
+    for (std::size_t index = 0; index < from.channels; ++index) {
+        source[index] = from.model == ColorModel::lab ? channels[index] : clip(channels[index]);
     }
+    const Channels target = shareRgb(from, to) ? fromRgb(to, rgbOf(from, source)) : fromXyz(to, xyzOf(from, source));
     std::transform(target.begin(), target.begin() + static_cast<std::ptrdiff_t>(to.channels), converted,
                    [](double channel) { return static_cast<float>(channel); });
     return true;

@@ -1,8 +1,10 @@
 // What a colour space is, apart from the objects that stand for it: plain data and arithmetic.
 #pragma once
 
+#include "appkit/channels.h"
 #include "appkit/color_space_names.h"
 #include "appkit/colorimetry.h"
+#include "appkit/icc/table.h"
 #include "appkit/transfer_curve.h"
 
 #include <cstddef>
@@ -15,9 +17,7 @@ namespace chroma::builtin {
 
 enum class ColorModel : std::intptr_t { unknown = -1, gray = 0, rgb = 1, cmyk = 2, lab = 3, deviceN = 4 };
 
-// The most channels that a profile's colour space can have; a colour has one more component, alpha.
-constexpr std::size_t maxChannels = 15;
-constexpr std::size_t maxComponents = maxChannels + 1;
+constexpr std::size_t maxComponents = maxChannels + 1; // with alpha
 
 struct SpaceDefinition {
     ColorModel model = ColorModel::unknown;
@@ -26,8 +26,12 @@ struct SpaceDefinition {
     String* kind = &spaceName::custom; // what colours of the space answer to colorSpaceName
     std::vector<std::uint8_t> profile; // ICC data, empty for a device space
 
-    // How components become D50 XYZ. A space that has neither a matrix nor a curve nor a complement converts to no other.
-    bool isConvertible = false;
+    // How components become D50 XYZ, and XYZ components: by a profile's table for the direction where it has one, else by
+    // curves and matrix or as a complement. Whether there is a way is told for each direction.
+    bool convertsToXyz = false;
+    bool convertsFromXyz = false;
+    std::shared_ptr<const icc::Table> tableToXyz; // null without one
+    std::shared_ptr<const icc::Table> tableFromXyz;
     TransferCurve curves[3]; // grey: the first
     Matrix3 toXyz{};         // RGB, from linear light
     Matrix3 fromXyz{};
@@ -36,14 +40,11 @@ struct SpaceDefinition {
 
 using SpacePointer = std::shared_ptr<const SpaceDefinition>;
 
-// A component in 0..1; not-a-number counts as 0.
-double clip(double value);
-
 // Whether colours of the two can be taken for each other as they are: one definition, or the same profile.
 bool isSameSpace(const SpaceDefinition& first, const SpaceDefinition& second);
 
-// Converts the channels, without alpha. What lies outside 0..1 is clipped on the way out of `from`, as is what `to` cannot
-// show. False when one of them is not convertible. Between equal spaces nothing is calculated.
+// Converts the channels, without alpha. What lies outside the range of a channel is clipped on the way out of `from`, as is
+// what `to` cannot show. False when there is no way. Between equal spaces nothing is calculated.
 bool convertChannels(const SpaceDefinition& from, const float* channels, const SpaceDefinition& to, float* converted);
 
 } // namespace chroma::builtin

@@ -13,7 +13,7 @@ std::shared_ptr<SpaceDefinition> named(ColorModel model, std::size_t channels, s
     space->channels = channels;
     space->name = name;
     space->kind = &kind;
-    space->isConvertible = true;
+    space->convertsToXyz = space->convertsFromXyz = true;
     return space;
 }
 

@@ -1,5 +1,7 @@
 #include "appkit/transfer_curve.h"
 
+#include "appkit/colorimetry.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -14,16 +16,26 @@ double interpolate(const std::vector<double>& samples, double encoded) {
     return samples[index] + fraction * (samples[index + 1] - samples[index]);
 }
 
-// Rising and falling curves are searched alike; of a curve that does neither, some point with the value is as good as
-// another.
-double invert(const std::vector<double>& samples, double linear) {
-    const bool isRising = samples.front() <= samples.back();
-    const auto isBefore = [isRising](double sample, double value) { return isRising ? sample < value : sample > value; };
-    const auto after = std::lower_bound(samples.begin() + 1, samples.end() - 1, linear, isBefore);
+// Where rising samples reach the value, in 0..1; of samples that do not rise, some place with the value is as good as
+// another. Of a flat part the end counts: of a flat top, which a value reaches but for the precision of samples, it is white.
+template <class Iterator>
+double placeInRising(Iterator first, Iterator last, double wanted) {
+    constexpr double precision = 0.5 / 65535;
+    const double value = std::max(wanted, *first);
+    const double top = *(last - 1);
+    if (value > top - precision && *(last - 2) == top) return 1;
+    const auto after = std::upper_bound(first + 1, last - 1, value);
     const double low = *(after - 1);
     const double high = *after;
-    const double fraction = high == low ? 0 : std::clamp((linear - low) / (high - low), 0.0, 1.0);
-    return (static_cast<double>(after - 1 - samples.begin()) + fraction) / static_cast<double>(samples.size() - 1);
+    const double fraction = high == low ? 0 : std::clamp((value - low) / (high - low), 0.0, 1.0);
+    return (static_cast<double>(after - 1 - first) + fraction) / static_cast<double>(last - first - 1);
+}
+
+// Of falling samples the same from the other end.
+double invert(const std::vector<double>& samples, double linear) {
+    const bool isRising = samples.front() <= samples.back();
+    return isRising ? placeInRising(samples.begin(), samples.end(), linear)
+                    : 1 - placeInRising(samples.rbegin(), samples.rend(), linear);
 }
 
 double valueAt(const TransferCurve& curve, double encoded) {
@@ -38,24 +50,16 @@ double placeOf(const TransferCurve& curve, double value) {
     return (std::pow(std::max(value - curve.e, 0.0), 1 / curve.gamma) - curve.b) / curve.a;
 }
 
-// CIE 1976 lightness, as L* / 100: a cube root of the light above (6/29)^3, a straight line below.
-constexpr double slope = 24389.0 / 27 / 100;
-constexpr double breakLight = 216.0 / 24389;
-
-double lightOf(double lightness) {
-    return lightness > slope * breakLight ? std::pow((lightness + 0.16) / 1.16, 3) : lightness / slope;
-}
-
-double lightnessOf(double light) { return light > breakLight ? 1.16 * std::cbrt(light) - 0.16 : slope * light; }
-
 } // namespace
 
 double TransferCurve::toLinear(double encoded) const {
     const double value = valueAt(*this, encoded);
-    return isLightness ? lightOf(value) : value;
+    return isLightness ? lightOfLightness(value) : value;
 }
 
-double TransferCurve::toEncoded(double linear) const { return placeOf(*this, isLightness ? lightnessOf(linear) : linear); }
+double TransferCurve::toEncoded(double linear) const {
+    return placeOf(*this, isLightness ? lightnessOfLight(linear) : linear);
+}
 
 TransferCurve gammaCurve(double gamma) {
     TransferCurve curve;

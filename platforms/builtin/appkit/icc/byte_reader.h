@@ -17,11 +17,15 @@ public:
     std::size_t size() const { return size_; }
     bool isInBounds() const { return isInBounds_; }
 
+    std::uint8_t u8(std::size_t offset) const { return static_cast<std::uint8_t>(number(offset, 1)); }
     std::uint16_t u16(std::size_t offset) const { return static_cast<std::uint16_t>(number(offset, 2)); }
     std::uint32_t u32(std::size_t offset) const { return number(offset, 4); }
 
     // Signed fixed point with 16 fractional bits.
     double s15Fixed16(std::size_t offset) const { return static_cast<std::int32_t>(u32(offset)) / 65536.0; }
+
+    // What follows the offset, whose own offsets start at 0.
+    ByteReader from(std::size_t offset) const { return range(offset, offset <= size_ ? size_ - offset : 0); }
 
     // A range within, whose own offsets start at 0; an empty one when it does not lie within.
     ByteReader range(std::size_t offset, std::size_t size) const {

@@ -1,6 +1,8 @@
 #include "appkit/icc/byte_reader.h"
+#include "appkit/icc/curve_reader.h"
 #include "appkit/icc/profile.h"
 #include "appkit/icc/signatures.h"
+#include "appkit/icc/table_reader.h"
 #include "text/encoding.h"
 
 #include <cmath>
@@ -10,12 +12,12 @@
 namespace chroma::builtin {
 namespace {
 
-struct Channels {
+struct DeviceChannels {
     ColorModel model;
     std::size_t count; // 0: no space that a colour can be in
 };
 
-Channels channelsOf(std::uint32_t colorSpace) {
+DeviceChannels channelsOf(std::uint32_t colorSpace) {
     switch (colorSpace) {
     case icc::graySpace: return {ColorModel::gray, 1};
     case icc::rgbSpace: return {ColorModel::rgb, 3};
@@ -96,47 +98,6 @@ bool readName(const ByteReader& value, std::u16string& name) {
     return isKnown && value.isInBounds();
 }
 
-// A count and that many samples; none is the identity, one is a gamma.
-bool readSampledCurve(const ByteReader& value, TransferCurve& curve) {
-    const std::size_t count = value.u32(8);
-    if (count > value.size() / 2) return false;
-    if (count == 1) {
-        curve.gamma = value.u16(12) / 256.0;
-    } else {
-        for (std::size_t index = 0; index < count; ++index) {
-            curve.samples.push_back(value.u16(12 + 2 * index) / 65535.0);
-        }
-    }
-    return curve.gamma > 0;
-}
-
-// Five forms, each with the parameters of the one before and more, in the order of TransferCurve's members; the second and
-// the third leave the break and the offset to be worked out.
-bool readParametricCurve(const ByteReader& value, TransferCurve& curve) {
-    constexpr std::size_t parameterCounts[] = {1, 3, 4, 5, 7};
-    const std::size_t form = value.u16(8);
-    if (form >= std::size(parameterCounts)) return false;
-
-    double* const parameters[] = {&curve.gamma, &curve.a, &curve.b, &curve.c, &curve.d, &curve.e, &curve.f};
-    for (std::size_t index = 0; index < parameterCounts[form]; ++index) {
-        *parameters[index] = value.s15Fixed16(12 + 4 * index);
-    }
-    if (!(curve.gamma > 0) || !(curve.a > 0)) return false;
-    if (form == 2) curve.e = curve.f = curve.c;
-    if (form == 1 || form == 2) {
-        curve.c = 0;
-        curve.d = -curve.b / curve.a;
-    }
-    return true;
-}
-
-bool readCurve(const ByteReader& value, TransferCurve& curve) {
-    bool isKnown = false;
-    if (value.u32(0) == icc::curveType) isKnown = readSampledCurve(value, curve);
-    if (value.u32(0) == icc::parametricType) isKnown = readParametricCurve(value, curve);
-    return isKnown && value.isInBounds();
-}
-
 bool readColorant(const ByteReader& value, Vector3& colorant) {
     colorant = {value.s15Fixed16(8), value.s15Fixed16(12), value.s15Fixed16(16)};
     return value.u32(0) == icc::xyzType && value.isInBounds();
@@ -154,26 +115,60 @@ bool readTags(const Tags& tags, const std::uint32_t (&names)[Count], bool (*read
     return true;
 }
 
+// kTRC.
 bool readGray(const Tags& tags, SpaceDefinition& space) {
     bool isComplete = true;
-    if (!readTags(tags, {icc::grayCurve}, readCurve, space.curves, isComplete)) return false;
-    space.isConvertible = isComplete;
+    if (!readTags(tags, {icc::grayCurve}, icc::readCurve, space.curves, isComplete)) return false;
+    space.convertsToXyz = space.convertsFromXyz = isComplete;
     return true;
 }
 
+// rTRC, gTRC, bTRC and the columns rXYZ, gXYZ, bXYZ of the matrix.
 bool readRgb(const Tags& tags, SpaceDefinition& space) {
     Vector3 colorants[3];
     bool isComplete = true;
-    if (!readTags(tags, {icc::redCurve, icc::greenCurve, icc::blueCurve}, readCurve, space.curves, isComplete)) return false;
-    if (!readTags(tags, {icc::redColorant, icc::greenColorant, icc::blueColorant}, readColorant, colorants, isComplete)) {
+    if (!readTags(tags, {icc::redCurve, icc::greenCurve, icc::blueCurve}, icc::readCurve, space.curves, isComplete) ||
+        !readTags(tags, {icc::redColorant, icc::greenColorant, icc::blueColorant}, readColorant, colorants, isComplete)) {
         return false;
     }
-    if (!isComplete) return true;
     space.toXyz = colorantsToXyz(colorants[0], colorants[1], colorants[2]);
+    space.convertsToXyz = isComplete;
     constexpr double smallestVolume = 1e-6; // below, the colorants are as good as in one plane
-    if (std::abs(determinant(space.toXyz)) < smallestVolume) return true;
-    space.fromXyz = inverse(space.toXyz);
-    space.isConvertible = true;
+    space.convertsFromXyz = isComplete && std::abs(determinant(space.toXyz)) >= smallestVolume;
+    if (space.convertsFromXyz) space.fromXyz = inverse(space.toXyz);
+    return true;
+}
+
+// The perceptual table, where there is none the media-relative colorimetric one, then that of saturation; null without any.
+// False when it is malformed. The PCS of version 4 has the black of a reference medium, but for colorimetry.
+bool readTable(const Tags& tags, const std::uint32_t (&names)[3], const icc::TableSides& sides, bool isVersion4,
+               std::shared_ptr<const icc::Table>& table) {
+    constexpr Vector3 referenceBlack{0.00336, 0.0034731, 0.00287};
+    for (const std::uint32_t name : names) {
+        const auto value = tags.find(name);
+        if (!value) continue;
+        const auto read = std::make_shared<icc::Table>();
+        if (isVersion4 && name != names[1]) read->black = referenceBlack;
+        table = read;
+        return icc::readTable(*value, sides, *read);
+    }
+    return true;
+}
+
+// Tables come before curves and matrix.
+bool readTables(const Tags& tags, icc::TableSides sides, bool isVersion4, SpaceDefinition& space) {
+    sides.isToPcs = true;
+    if (!readTable(tags, {icc::perceptualToPcs, icc::colorimetricToPcs, icc::saturationToPcs}, sides, isVersion4,
+                   space.tableToXyz)) {
+        return false;
+    }
+    sides.isToPcs = false;
+    if (!readTable(tags, {icc::perceptualFromPcs, icc::colorimetricFromPcs, icc::saturationFromPcs}, sides, isVersion4,
+                   space.tableFromXyz)) {
+        return false;
+    }
+    space.convertsToXyz = space.convertsToXyz || space.tableToXyz;
+    space.convertsFromXyz = space.convertsFromXyz || space.tableFromXyz;
     return true;
 }
 
@@ -184,7 +179,7 @@ SpacePointer spaceFromProfile(const std::uint8_t* bytes, std::size_t size) {
     if (profileSize < icc::headerSize + 4 || profileSize > size) return nullptr;
     const ByteReader profile(bytes, profileSize);
     const Tags tags(profile);
-    const Channels channels = channelsOf(profile.u32(icc::colorSpaceField));
+    const DeviceChannels channels = channelsOf(profile.u32(icc::colorSpaceField));
     if (profile.u32(icc::magicField) != icc::magic || channels.count == 0 || !tags.areInside()) return nullptr;
 
     const auto space = std::make_shared<SpaceDefinition>();
@@ -194,12 +189,17 @@ SpacePointer spaceFromProfile(const std::uint8_t* bytes, std::size_t size) {
     if (const auto name = tags.find(icc::description)) {
         if (!readName(*name, space->name)) return nullptr;
     }
-    const bool connectsByXyz = profile.u32(icc::connectionSpaceField) == icc::xyzSpace;
-    bool isSound = true;
-    if (channels.model == ColorModel::gray) isSound = readGray(tags, *space);
-    if (channels.model == ColorModel::rgb && connectsByXyz) isSound = readRgb(tags, *space);
-    space->curves[0].isLightness = channels.model == ColorModel::gray && !connectsByXyz; // the other is Lab
-    return isSound ? space : nullptr;
+    // Links and lists of named colours have no PCS to convert by.
+    const std::uint32_t profileClass = profile.u32(icc::classField);
+    const std::uint32_t connection = profile.u32(icc::connectionSpaceField);
+    const bool isXyz = connection == icc::xyzSpace;
+    if (profileClass == icc::linkClass || profileClass == icc::namedColorClass) return space;
+    if (!isXyz && connection != icc::labSpace) return space;
+    space->curves[0].isLightness = channels.model == ColorModel::gray && !isXyz;
+    if (channels.model == ColorModel::gray && !readGray(tags, *space)) return nullptr;
+    if (channels.model == ColorModel::rgb && isXyz && !readRgb(tags, *space)) return nullptr;
+    const icc::TableSides sides{channels.count, channels.model == ColorModel::lab, isXyz, true};
+    return readTables(tags, sides, profile.u32(icc::versionField) >= 0x04000000, *space) ? space : nullptr;
 }
 
 } // namespace chroma::builtin

@@ -88,7 +88,7 @@ public:
 
     // As a plain gamma, or with the linear part below the break.
     void curve(std::uint32_t name, const TransferCurve& curve) {
-        begin(name, icc::parametricType);
+        begin(name, icc::parametricCurve);
         const bool isGamma = curve.d <= 0;
         writer_.u16(isGamma ? 0 : 3);
         writer_.u16(0);
@@ -102,7 +102,7 @@ public:
     // hundredths.
     void complement(std::uint32_t name, const SpaceDefinition& rgb) {
         constexpr std::uint32_t inks = 4, points = 9, nodes = points * points * points * points, samples = 256;
-        begin(name, icc::lookupType);
+        begin(name, icc::lookup16);
         for (const std::uint32_t field : {inks, 3u, points, 0u}) {
             writer_.u8(field);
         }
@@ -182,7 +182,7 @@ std::vector<std::uint8_t> profileOfSpace(const SpaceDefinition& space, const Mat
     if (space.model == ColorModel::gray) {
         writer.curve(icc::grayCurve, space.curves[0]);
     } else if (space.model == ColorModel::cmyk) {
-        writer.complement(icc::toConnection, *space.complement);
+        writer.complement(icc::perceptualToPcs, *space.complement);
     } else {
         constexpr std::uint32_t curves[] = {icc::redCurve, icc::greenCurve, icc::blueCurve};
         constexpr std::uint32_t colorants[] = {icc::redColorant, icc::greenColorant, icc::blueColorant};

@@ -29,6 +29,8 @@ constexpr std::size_t illuminantField = 68;
 constexpr std::uint32_t magic = signature("acsp");
 constexpr std::uint32_t displayClass = signature("mntr");
 constexpr std::uint32_t inputClass = signature("scnr");
+constexpr std::uint32_t linkClass = signature("link");
+constexpr std::uint32_t namedColorClass = signature("nmcl");
 
 constexpr std::uint32_t graySpace = signature("GRAY");
 constexpr std::uint32_t rgbSpace = signature("RGB ");
@@ -40,7 +42,12 @@ constexpr std::uint32_t description = signature("desc"); // a tag, and the old t
 constexpr std::uint32_t copyright = signature("cprt");
 constexpr std::uint32_t whitePoint = signature("wtpt");
 constexpr std::uint32_t adaptation = signature("chad");
-constexpr std::uint32_t toConnection = signature("A2B0");
+constexpr std::uint32_t perceptualToPcs = signature("A2B0");
+constexpr std::uint32_t colorimetricToPcs = signature("A2B1");
+constexpr std::uint32_t saturationToPcs = signature("A2B2");
+constexpr std::uint32_t perceptualFromPcs = signature("B2A0");
+constexpr std::uint32_t colorimetricFromPcs = signature("B2A1");
+constexpr std::uint32_t saturationFromPcs = signature("B2A2");
 constexpr std::uint32_t grayCurve = signature("kTRC");
 constexpr std::uint32_t redCurve = signature("rTRC");
 constexpr std::uint32_t greenCurve = signature("gTRC");
@@ -51,9 +58,12 @@ constexpr std::uint32_t blueColorant = signature("bXYZ");
 
 constexpr std::uint32_t localizedText = signature("mluc");
 constexpr std::uint32_t xyzType = signature("XYZ ");
-constexpr std::uint32_t curveType = signature("curv");
-constexpr std::uint32_t parametricType = signature("para");
-constexpr std::uint32_t lookupType = signature("mft2");
+constexpr std::uint32_t sampledCurve = signature("curv");
+constexpr std::uint32_t parametricCurve = signature("para");
+constexpr std::uint32_t lookup8 = signature("mft1");
+constexpr std::uint32_t lookup16 = signature("mft2");
+constexpr std::uint32_t lookupToPcs = signature("mAB ");
+constexpr std::uint32_t lookupFromPcs = signature("mBA ");
 constexpr std::uint32_t fixedArrayType = signature("sf32");
 
 } // namespace chroma::builtin::icc

@@ -1,0 +1,63 @@
+// The tables of a profile, A2B0 to A2B2 and B2A0 to B2A2: from a device's colours to the profile connection space (PCS), and
+// back. The PCS is XYZ or Lab; outside a table it is always XYZ relative to D50.
+#pragma once
+
+#include "appkit/channels.h"
+#include "appkit/colorimetry.h"
+#include "appkit/transfer_curve.h"
+
+#include <cstddef>
+#include <variant>
+#include <vector>
+
+namespace chroma::builtin::icc {
+
+// The elements of which a table is made. Each takes channels in 0..1 to channels in 0..1.
+
+struct Curves {
+    std::vector<TransferCurve> channels;
+};
+
+struct Matrix {
+    Matrix3 matrix;
+    Vector3 offset;
+};
+
+// A colour lookup table (CLUT). Between its points it is linear in each input, but for the last three inputs of colorants:
+// they take the tetrahedron of the cell in which they lie, whose edge is the diagonal. So neutral colours are interpolated
+// between neutral ones, and from four points in place of eight. In a cell of Lab neutral colours lie along an edge.
+struct Grid {
+    struct Axis {
+        std::size_t points; // two or more
+        std::size_t stride; // from a point to the next, in `values`
+    };
+
+    std::vector<Axis> axes; // of the inputs; the last one varies fastest
+    std::size_t outputs = 0;
+    std::vector<float> values;
+    bool isOfLab = false; // the inputs are PCS Lab
+};
+
+using Element = std::variant<Curves, Matrix, Grid>;
+
+// What 0 and 1 stand for in a channel.
+enum class Encoding {
+    device,
+    xyz,   // 0 to 1 + 32767/32768
+    lab,   // L* 0 to 100, a* and b* -128 to 127
+    lab16, // the same in 16 bits of version 2, where they are FF00h parts
+};
+
+struct Table {
+    std::vector<Element> elements; // in the order in which a colour passes them
+    Encoding deviceEncoding = Encoding::device;
+    Encoding connectionEncoding = Encoding::xyz;
+    Vector3 black{}; // in the PCS, of the medium that the table is for
+};
+
+// A device's colour to XYZ, whose black is 0, through a table A2B; and back through a table B2A. The components of a Lab
+// space are L*, a* and b*, which are clipped to their ranges, not-a-number to the least; others are 0..1.
+Vector3 toXyz(const Table& table, const Channels& components);
+Channels fromXyz(const Table& table, const Vector3& xyz);
+
+} // namespace chroma::builtin::icc

@@ -1,0 +1,154 @@
+#include "appkit/icc/table_reader.h"
+
+#include "appkit/icc/curve_reader.h"
+#include "appkit/icc/signatures.h"
+
+#include <utility>
+
+namespace chroma::builtin::icc {
+namespace {
+
+// Numbers of one or two bytes, of which the greatest is 1.
+struct Fractions {
+    const ByteReader& value;
+    std::size_t width;
+
+    double at(std::size_t start, std::size_t index) const {
+        return width == 1 ? value.u8(start + index) / 255.0 : value.u16(start + 2 * index) / 65535.0;
+    }
+};
+
+// Reads as many samples for each channel.
+Curves readSampledCurves(const Fractions& fractions, std::size_t start, std::size_t channels, std::size_t samples) {
+    Curves curves;
+    curves.channels.resize(channels);
+    for (std::size_t index = 0; index < channels * samples; ++index) {
+        curves.channels[index / samples].samples.push_back(fractions.at(start, index));
+    }
+    return curves;
+}
+
+Grid gridBetween(const TableSides& sides) {
+    Grid grid;
+    grid.axes.resize(sides.inputs());
+    grid.outputs = sides.outputs();
+    grid.isOfLab = !sides.isToPcs && !sides.isXyz;
+    return grid;
+}
+
+// Gives the axes their strides and reads the values. False when these are more than the profile has bytes.
+bool readGrid(const Fractions& fractions, std::size_t start, Grid& grid) {
+    std::size_t count = grid.outputs;
+    for (auto axis = grid.axes.rbegin(); axis != grid.axes.rend(); ++axis) {
+        axis->stride = count;
+        if (axis->points < 2 || count > fractions.value.size() / axis->points) return false;
+        count *= axis->points;
+    }
+    grid.values.reserve(count);
+    for (std::size_t index = 0; index < count; ++index) {
+        grid.values.push_back(static_cast<float>(fractions.at(start, index)));
+    }
+    return true;
+}
+
+// The numbers of a matrix row by row; behind them, where there are, the offsets.
+Matrix readMatrix(const ByteReader& value, std::size_t start, bool hasOffsets) {
+    Matrix element{};
+    for (std::size_t index = 0; index < 9; ++index) {
+        element.matrix[index / 3][index % 3] = value.s15Fixed16(start + 4 * index);
+    }
+    for (std::size_t index = 0; hasOffsets && index < 3; ++index) {
+        element.offset[index] = value.s15Fixed16(start + 4 * (9 + index));
+    }
+    return element;
+}
+
+// mft1 and mft2: a matrix, which only XYZ passes through, then a curve for each input, a grid with as many points for all,
+// and a curve for each output. Curves of mft1 have 256 samples.
+bool readLookup(const ByteReader& value, std::size_t width, const TableSides& sides, Table& table) {
+    const std::size_t inputs = sides.inputs(), outputs = sides.outputs();
+    if (value.u8(8) != inputs || value.u8(9) != outputs) return false;
+    const std::size_t inputSamples = width == 1 ? 256 : value.u16(48);
+    const std::size_t outputSamples = width == 1 ? 256 : value.u16(50);
+    if (inputSamples < 2 || outputSamples < 2) return false;
+
+    const Fractions fractions{value, width};
+    const std::size_t inputStart = width == 1 ? 48 : 52;
+    const std::size_t gridStart = inputStart + width * inputs * inputSamples;
+    Grid grid = gridBetween(sides);
+    grid.axes.assign(inputs, {value.u8(10), 0});
+    if (!sides.isToPcs && sides.isXyz) table.elements.emplace_back(readMatrix(value, 12, false));
+    table.elements.emplace_back(readSampledCurves(fractions, inputStart, inputs, inputSamples));
+    if (!readGrid(fractions, gridStart, grid)) return false;
+    const std::size_t outputStart = gridStart + width * grid.values.size();
+    table.elements.emplace_back(std::move(grid));
+    table.elements.emplace_back(readSampledCurves(fractions, outputStart, outputs, outputSamples));
+    return true;
+}
+
+// Curves that follow each other, each from a multiple of four bytes on.
+bool readCurves(const ByteReader& value, std::size_t start, std::size_t channels, Table& table) {
+    Curves curves;
+    curves.channels.resize(channels);
+    for (TransferCurve& curve : curves.channels) {
+        const ByteReader rest = value.from(start);
+        if (!readCurve(rest, curve)) return false;
+        start += (sizeOfCurve(rest) + 3) / 4 * 4;
+    }
+    table.elements.emplace_back(std::move(curves));
+    return true;
+}
+
+// The grid of mAB and mBA: for each input its number of points, and behind room for sixteen of these the width of values.
+bool readOwnGrid(const ByteReader& value, std::size_t start, const TableSides& sides, Table& table) {
+    Grid grid = gridBetween(sides);
+    for (std::size_t axis = 0; axis < grid.axes.size(); ++axis) {
+        grid.axes[axis].points = value.u8(start + axis);
+    }
+    const Fractions fractions{value, value.u8(start + 16)};
+    if (fractions.width != 1 && fractions.width != 2) return false;
+    if (!readGrid(fractions, start + 20, grid)) return false;
+    table.elements.emplace_back(std::move(grid));
+    return true;
+}
+
+// mAB and mBA: elements that are found by their offsets, 0 for one that is not there. A colour passes A curves, CLUT, M
+// curves, matrix and B curves on its way to the PCS, and the other way round from it.
+bool readElements(const ByteReader& value, const TableSides& sides, Table& table) {
+    if (value.u8(8) != sides.inputs() || value.u8(9) != sides.outputs()) return false;
+    struct Part {
+        std::size_t offset;
+        enum Kind { curves, matrix, grid } kind;
+        std::size_t channels;
+    };
+    const Part parts[] = {{value.u32(28), Part::curves, sides.deviceChannels},
+                          {value.u32(24), Part::grid, 0},
+                          {value.u32(20), Part::curves, 3},
+                          {value.u32(16), Part::matrix, 3},
+                          {value.u32(12), Part::curves, 3}};
+    if (parts[1].offset == 0 && sides.inputs() != sides.outputs()) return false;
+    for (std::size_t index = 0; index < std::size(parts); ++index) {
+        const auto& [offset, kind, channels] = parts[sides.isToPcs ? index : std::size(parts) - 1 - index];
+        if (offset == 0) continue;
+        if (kind == Part::matrix) table.elements.emplace_back(readMatrix(value, offset, true));
+        if (kind == Part::curves && !readCurves(value, offset, channels, table)) return false;
+        if (kind == Part::grid && !readOwnGrid(value, offset, sides, table)) return false;
+    }
+    return true;
+}
+
+} // namespace
+
+bool readTable(const ByteReader& value, const TableSides& sides, Table& table) {
+    const std::uint32_t type = value.u32(0);
+    bool isKnown = false;
+    if (type == lookup8) isKnown = readLookup(value, 1, sides, table);
+    if (type == lookup16) isKnown = readLookup(value, 2, sides, table);
+    if (type == (sides.isToPcs ? lookupToPcs : lookupFromPcs)) isKnown = readElements(value, sides, table);
+    const Encoding lab = type == lookup16 ? Encoding::lab16 : Encoding::lab;
+    table.deviceEncoding = sides.isLabDevice ? lab : Encoding::device;
+    table.connectionEncoding = sides.isXyz ? Encoding::xyz : lab;
+    return isKnown && value.isInBounds();
+}
+
+} // namespace chroma::builtin::icc
