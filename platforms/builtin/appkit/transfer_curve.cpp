@@ -17,7 +17,8 @@ double interpolate(const std::vector<double>& samples, double encoded) {
 }
 
 // Where rising samples reach the value, in 0..1; of samples that do not rise, some place with the value is as good as
-// another. Of a flat part the end counts: of a flat top, which a value reaches but for the precision of samples, it is white.
+// another. Of a flat part the end counts: of a flat top, which a value reaches but for the precision of samples, it is
+// white.
 template <class Iterator>
 double placeInRising(Iterator first, Iterator last, double wanted) {
     constexpr double precision = 0.5 / 65535;

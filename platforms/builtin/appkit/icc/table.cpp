@@ -127,13 +127,14 @@ Vector3 toXyz(const Table& table, const Channels& components) {
     return scaledBlack(xyz, table.black, {});
 }
 
-Channels fromXyz(const Table& table, const Vector3& color) {
-    const Vector3 xyz = scaledBlack(color, {}, table.black);
+Channels fromXyz(const Table& table, const Vector3& xyz) {
+    const Vector3 ofTable = scaledBlack(xyz, {}, table.black);
     Channels channels{};
     if (table.connectionEncoding == Encoding::xyz) {
-        std::transform(xyz.begin(), xyz.end(), channels.begin(), [](double value) { return clip(value / xyzRange); });
+        std::transform(ofTable.begin(), ofTable.end(), channels.begin(),
+                       [](double value) { return clip(value / xyzRange); });
     } else {
-        encodeLab(labFromXyz(xyz), table.connectionEncoding, channels);
+        encodeLab(labFromXyz(ofTable), table.connectionEncoding, channels);
     }
     passAll(table, channels);
     if (table.deviceEncoding == Encoding::device) return channels;
