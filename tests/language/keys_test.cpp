@@ -79,6 +79,10 @@ public:
     int ended() {
         while (receive()) {
         }
+        if (!closed_) {
+            ADD_FAILURE() << "the program does not end. All that came:\n" << shown_;
+            kill(program_, SIGKILL);
+        }
         int status = 0;
         EXPECT_EQ(waitpid(program_, &status, 0), program_);
         program_ = -1;
@@ -103,7 +107,8 @@ private:
         const ssize_t count = read(terminal_, buffer, sizeof buffer);
         for (ssize_t i = 0; i < count; ++i)
             show(buffer[i]);
-        return count > 0;
+        closed_ = count <= 0;
+        return !closed_;
     }
     void show(char c) {
         if (inSequence_) {
@@ -120,6 +125,7 @@ private:
     std::string shown_;
     std::size_t seen_ = 0;
     bool inSequence_ = false;
+    bool closed_ = false;
 };
 
 class Keys : public testing::Test {
@@ -174,8 +180,8 @@ TEST_F(Keys, CtrlZGivesTheTerminalBackAndFgTakesIt) {
     terminal.type("\n");
     terminal.await("12 + 30"); // drawn anew
     EXPECT_FALSE(terminal.readsLines());
-    terminal.type("\b\b4\n"); // still edited
-    terminal.await("\n16\n");
+    terminal.type("\b\b4\n");   // still edited
+    terminal.await("\n16\n> "); // only then is Ctrl-D a key
     terminal.type(ctrlD);
     EXPECT_EQ(terminal.ended(), 0);
 }
