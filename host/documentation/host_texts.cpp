@@ -57,10 +57,12 @@ std::vector<ClassText> builtInTexts() {
              {"Int32Value", "The signed number in four bytes."},
              {"SingleValue", "The single-precision number in four bytes."},
              {"DoubleValue", "The double-precision number in eight bytes."},
-             {"StringValue", "So many bytes from an offset as a string."},
+             {"StringValue",
+              "So many bytes from an offset as a string. A shorter string that is assigned is filled up with bytes of 0, a longer "
+              "one raises an OutOfBoundsException."},
          }},
         {"FolderItem",
-         "A file, which need not exist.",
+         "A file or a folder, which need not exist.",
          {
              {"Constructor", "Names the file; a relative path starts from the working folder."},
              {"Name", "The last part of the path."},
@@ -71,9 +73,17 @@ std::vector<ClassText> builtInTexts() {
              {"Parent", "The folder that it is in; Nil for the topmost."},
              {"Child", "What has that name in this folder; it need not exist."},
              {"NativePath", "The whole path."},
+             {"Count", "How many files and folders are in this folder; of what is none, an IOException."},
              {"ReadBytes", "The file's bytes; a file that cannot be read raises an IOException."},
              {"WriteBytes", "Writes the file anew with these bytes, or raises an IOException."},
-             {"Delete", "Removes the file, or raises an IOException."},
+             {"ReadText",
+              "The file as text in UTF-8, without a byte order mark; what is no such text raises an IOException."},
+             {"WriteText",
+              "Writes the file anew with the text in UTF-8, or raises an IOException, as for text that is invalid in its encoding."},
+             {"Children", "The files and folders in this folder, by name; of what is none, an IOException."},
+             {"CreateFolder",
+              "Makes the folder, in one that exists, or raises an IOException. That there is one already is no error."},
+             {"Delete", "Removes the file or the empty folder, or raises an IOException."},
          }},
     };
 }

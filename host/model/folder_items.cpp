@@ -1,16 +1,22 @@
 #include "model/folder_items.h"
 
+#include "model/arrays.h"
 #include "model/builtins.h"
 #include "model/entries.h"
 #include "model/exceptions.h"
 #include "model/memory_blocks.h"
 #include "model/strings.h"
+#include "text/utf8.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <limits>
+#include <optional>
 #include <string>
 #include <system_error>
+#include <vector>
 
 namespace host {
 
@@ -24,10 +30,23 @@ fs::path& pathOf(const Object* item) { return *static_cast<fs::path*>(item->own.
 void construct(Object* item) { item->own = Slot::ofAddress(new fs::path()); }
 void destroy(Object* item) { delete &pathOf(item); }
 
-void initialize(Object* item, String* path) {
+// The absolute path without a slash at its end; nothing, with an exception pending, for what names no file. Where ".."
+// leads, only the links before it tell.
+std::optional<fs::path> located(const fs::path& path) {
     std::error_code error;
-    pathOf(item) = fs::absolute(utf8Of(path), error).lexically_normal();
-    if (error) raise("IOException", "\"" + utf8Of(path) + "\" is no path: " + error.message() + ".");
+    fs::path whole = fs::absolute(path, error);
+    const bool climbs = std::find(whole.begin(), whole.end(), "..") != whole.end();
+    if (!error) whole = climbs ? fs::weakly_canonical(whole, error) : whole.lexically_normal();
+    if (path.string().find('\0') != std::string::npos) error = std::make_error_code(std::errc::invalid_argument);
+    if (error) {
+        raise("IOException", "\"" + path.string() + "\" is no path: " + error.message() + ".");
+        return std::nullopt;
+    }
+    return whole.has_filename() || whole == whole.root_path() ? whole : whole.parent_path();
+}
+
+void initialize(Object* item, String* path) {
+    if (const std::optional<fs::path> found = located(utf8Of(path))) pathOf(item) = *found;
 }
 
 String* name(Object* item, REALword) { return newString(pathOf(item).filename().string()); }
@@ -71,7 +90,10 @@ Object* parent(Object* item, REALword) {
     return path == pathOf(item) ? nullptr : newItem(path);
 }
 
-Object* child(Object* item, String* name) { return newItem(pathOf(item) / std::string(utf8Of(name))); }
+Object* child(Object* item, String* name) {
+    const std::optional<fs::path> found = located(pathOf(item) / std::string(utf8Of(name)));
+    return found ? newItem(*found) : nullptr;
+}
 
 HostInteger length(Object* item, REALword) {
     std::error_code error;
@@ -79,39 +101,113 @@ HostInteger length(Object* item, REALword) {
     return error ? 0 : static_cast<HostInteger>(size);
 }
 
-MemoryBlock* readBytes(Object* item) {
-    std::ifstream file(pathOf(item), std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    MemoryBlock* const block = file ? newMemoryBlock(static_cast<std::int32_t>(bytes.size())) : nullptr;
-    if (!block) {
-        raise("IOException", "\"" + pathOf(item).string() + "\" cannot be read.");
-        return nullptr;
+void raiseAbout(const Object* item, const char* what) {
+    raise("IOException", "\"" + pathOf(item).string() + "\" " + what + ".");
+}
+
+// Nothing, with an exception pending, when it cannot be read.
+std::optional<std::string> contents(const Object* item) {
+    std::error_code error;
+    std::ifstream file;
+    if (!fs::is_directory(pathOf(item), error)) file.open(pathOf(item), std::ios::binary);
+    try {
+        if (file.is_open()) return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    } catch (const std::ios_base::failure&) { // on its way through the file
     }
-    std::copy(bytes.begin(), bytes.end(), bytesOf(block));
+    raiseAbout(item, "cannot be read");
+    return std::nullopt;
+}
+
+void write(const Object* item, const char* bytes, std::size_t size) {
+    std::ofstream file(pathOf(item), std::ios::binary | std::ios::trunc);
+    if (size > 0) file.write(bytes, static_cast<std::streamsize>(size));
+    file.close();
+    if (!file) raiseAbout(item, "cannot be written");
+}
+
+MemoryBlock* readBytes(Object* item) {
+    const std::optional<std::string> bytes = contents(item);
+    if (!bytes) return nullptr;
+    const bool fits = bytes->size() <= std::numeric_limits<std::int32_t>::max();
+    MemoryBlock* const block = fits ? newMemoryBlock(static_cast<std::int32_t>(bytes->size())) : nullptr;
+    if (block) std::copy(bytes->begin(), bytes->end(), bytesOf(block));
+    if (!block) raiseAbout(item, "cannot be read");
     return block;
 }
 
 void writeBytes(Object* item, MemoryBlock* block) {
-    std::ofstream file(pathOf(item), std::ios::binary | std::ios::trunc);
-    if (block) file.write(reinterpret_cast<const char*>(bytesOf(block)), sizeOf(block));
-    file.close();
-    if (!file) raise("IOException", "\"" + pathOf(item).string() + "\" cannot be written.");
+    if (!block) return write(item, nullptr, 0);
+    write(item, reinterpret_cast<const char*>(bytesOf(block)), static_cast<std::size_t>(sizeOf(block)));
+}
+
+String* readText(Object* item) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    const std::optional<std::string> bytes = contents(item);
+    if (!bytes) return nullptr;
+    if (utf8::findInvalid(*bytes) != std::string_view::npos) {
+        raiseAbout(item, "is no UTF-8 text");
+        return nullptr;
+    }
+    std::string_view text = *bytes;
+    if (text.substr(0, byteOrderMark.size()) == byteOrderMark) text.remove_prefix(byteOrderMark.size());
+    return newString(text);
+}
+
+void writeText(Object* item, String* text) {
+    const std::string bytes = utf8Of(text);
+    if (bytes.empty() && text) return raiseAbout(item, "is not written: the text has bytes that its encoding does not know");
+    write(item, bytes.data(), bytes.size());
+}
+
+// By name; nothing, with an exception pending, when it is no folder that can be read.
+std::optional<std::vector<fs::path>> entries(const Object* item) {
+    std::vector<fs::path> paths;
+    std::error_code error;
+    for (fs::directory_iterator entry(pathOf(item), error); !error && entry != fs::directory_iterator();
+         entry.increment(error))
+        paths.push_back(entry->path());
+    if (error) {
+        raiseAbout(item, "is no folder that can be read");
+        return std::nullopt;
+    }
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+Array* children(Object* item) {
+    const std::optional<std::vector<fs::path>> paths = entries(item);
+    if (!paths) return nullptr;
+    Array* const items = newArray(Type::object("FolderItem"));
+    for (const fs::path& path : *paths) {
+        Object* const found = newItem(path);
+        appendElement(items, Slot::ofObject(found));
+        unlock(found);
+    }
+    return items;
+}
+
+HostInteger count(Object* item, REALword) {
+    const std::optional<std::vector<fs::path>> paths = entries(item);
+    return paths ? static_cast<HostInteger>(paths->size()) : 0;
+}
+
+void createFolder(Object* item) {
+    std::error_code error;
+    fs::create_directory(pathOf(item), error);
+    if (error || !fs::is_directory(pathOf(item), error)) raiseAbout(item, "cannot be made a folder");
 }
 
 void remove(Object* item) {
     std::error_code error;
-    if (!fs::remove(pathOf(item), error)) raise("IOException", "\"" + pathOf(item).string() + "\" cannot be removed.");
+    if (!fs::remove(pathOf(item), error)) raiseAbout(item, "cannot be removed");
 }
 
 // The last one came with version 2013.0.
 REALproperty properties[] = {
-    readOnlyProperty("Name", "String", name),
-    readOnlyProperty("URLPath", "String", urlPath),
-    readOnlyProperty("Exists", "Boolean", exists),
-    readOnlyProperty("IsFolder", "Boolean", isFolder),
-    readOnlyProperty("Length", "Integer", length),
-    readOnlyProperty("Parent", "FolderItem", parent),
-    readOnlyProperty("NativePath", "String", nativePath),
+    readOnlyProperty("Name", "String", name),      readOnlyProperty("URLPath", "String", urlPath),
+    readOnlyProperty("Exists", "Boolean", exists), readOnlyProperty("IsFolder", "Boolean", isFolder),
+    readOnlyProperty("Length", "Integer", length), readOnlyProperty("Parent", "FolderItem", parent),
+    readOnlyProperty("Count", "Integer", count),   readOnlyProperty("NativePath", "String", nativePath),
 };
 
 REALmethodDefinition methods[] = {
@@ -119,6 +215,10 @@ REALmethodDefinition methods[] = {
     method("Child(name as string) as FolderItem", child),
     method("ReadBytes as MemoryBlock", readBytes),
     method("WriteBytes(bytes as MemoryBlock)", writeBytes),
+    method("ReadText as String", readText),
+    method("WriteText(text as String)", writeText),
+    method("Children as FolderItem()", children),
+    method("CreateFolder", createFolder),
     method("Delete", remove),
 };
 

@@ -122,14 +122,18 @@ String* stringValue(Object* block, HostInteger offset, HostInteger length) {
     return newString({text, static_cast<std::size_t>(length)}, encoding::unknown);
 }
 
-// Writes the string's bytes as they are, cut to the length; bytes of the range beyond the string become 0.
+// Writes the string's bytes as they are; those of the range beyond the string become 0.
 void setStringValue(Object* block, HostInteger offset, HostInteger length, String* value) {
     if (!inRange(block, offset, length)) return;
-    const std::string_view bytes = bytesOf(value).substr(0, static_cast<std::size_t>(length));
-    for (HostInteger i = 0; i < length; ++i) {
-        const auto index = static_cast<std::size_t>(i);
-        bytesIn(block).start[offset + i] = index < bytes.size() ? static_cast<unsigned char>(bytes[index]) : 0;
+    const std::string_view bytes = bytesOf(value);
+    const auto room = static_cast<std::size_t>(length);
+    if (bytes.size() > room) {
+        raise("OutOfBoundsException",
+              "A text of " + std::to_string(bytes.size()) + " bytes does not fit into " + std::to_string(room) + ".");
+        return;
     }
+    unsigned char* const start = bytesIn(block).start + offset;
+    std::fill(std::copy(bytes.begin(), bytes.end(), start), start + room, static_cast<unsigned char>(0));
 }
 
 REALproperty properties[] = {

@@ -11,7 +11,12 @@ Print m.UInt16Value(0) '> 65279
 m.SingleValue(0) = 0.5
 Print m.SingleValue(0), m.Byte(0) '> 0.5 63
 m.StringValue(1, 4) = "abc"
-m.StringValue(0, 2) = "abc" ' which is cut, as the other was padded
+Try
+  m.StringValue(0, 2) = "abc"
+Catch e As OutOfBoundsException
+  Print e.Message '> A text of 3 bytes does not fit into 2.
+End Try
+m.StringValue(0, 2) = "ab"
 Print m.StringValue(0, 4), m.Byte(4) '> abbc 0
 Dim f As New FolderItem("written by a program")
 f.WriteBytes m
