@@ -16,6 +16,8 @@ struct NSRange {
 };
 
 ClassName NSString{"NSString"};
+Selector canBeConvertedToEncoding_{"canBeConvertedToEncoding:"};
+Selector getCString_maxLength_encoding_{"getCString:maxLength:encoding:"};
 Selector getCharacters_range_{"getCharacters:range:"};
 Selector initWithCharacters_length_{"initWithCharacters:length:"};
 
@@ -58,6 +60,12 @@ GNUSTEP_EXPORT CFIndex CFStringGetLength(CFStringRef string) {
 
 GNUSTEP_EXPORT Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex capacity, CFStringEncoding encoding) {
     if (!string || !buffer || capacity <= 0) return 0;
+    // Text that is ASCII, nearly all of it, NSString copies out by itself.
+    constexpr NSUInteger asciiEncoding = 1;
+    if (extendsAscii(encoding) && send<BOOL>(string, canBeConvertedToEncoding_, asciiEncoding) &&
+        send<BOOL>(string, getCString_maxLength_encoding_, buffer, static_cast<NSUInteger>(capacity), asciiEncoding)) {
+        return 1;
+    }
     const bool isWritten = withText(string, [=](std::u16string_view text) {
         return encodeText(text, encoding, buffer, static_cast<std::size_t>(capacity));
     });
