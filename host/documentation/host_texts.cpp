@@ -38,7 +38,7 @@ std::vector<ClassText> builtInTexts() {
         {"UnsupportedOperationException", "Something that the object does not do.", {}},
         {"OutOfMemoryException", "There is no memory left.", {}},
         {"IllegalCastException", "An object was taken for one of a class that it is not of.", {}},
-        {"TypeMismatchException", "A variant was taken for a type that it does not hold.", {}},
+        {"TypeMismatchException", "A variant or a text was taken for a type that it does not hold.", {}},
         {"DivideByZeroException", "An integer was divided by 0.", {}},
         {"StackOverflowException", "Calls went too deep.", {}},
         {"KeyNotFoundException", "There is nothing under that key.", {}},
@@ -60,6 +60,19 @@ std::vector<ClassText> builtInTexts() {
              {"StringValue",
               "So many bytes from an offset as a string. A shorter string that is assigned is filled up with bytes of 0, a longer "
               "one raises an OutOfBoundsException."},
+         }},
+        {"Dictionary",
+         "Values by keys. Keys are numbers, text, colours, True or False, and objects; those that `=` finds equal are one. `For Each` "
+         "goes through the keys, in the order in which they were first entered.",
+         {
+             {"Count", "How many keys there are."},
+             {"Value", "The value of a key; what is not there raises a KeyNotFoundException. Setting it enters the key."},
+             {"Lookup", "The value of a key, or the other value when it is not there."},
+             {"HasKey", "Whether there is such a key."},
+             {"Remove", "Takes a key and its value out; what is not there raises a KeyNotFoundException."},
+             {"Clear", "Takes all keys out."},
+             {"Keys", "The keys as a new array."},
+             {"Values", "Their values as a new array, in the order of the keys."},
          }},
         {"FolderItem",
          "A file or a folder, which need not exist.",

@@ -29,8 +29,9 @@ const std::vector<WordText>& wordTexts() {
          "Writes values as text, with a blank between them, and ends the line. Objects that have a description show it."},
         {"If Then ElseIf Else End",
          "If condition Then\n  statements\n[ElseIf condition Then\n  statements]\n[Else\n  statements]\nEnd If\n"
-         "If condition Then statement [Else statement]",
-         "Runs what stands behind the first condition that is true, or behind `Else`. `End` closes every block but loops."},
+         "If condition Then statement [Else statement]\nIf(condition, yes, no)",
+         "Runs what stands behind the first condition that is true, or behind `Else`. `End` closes every block but loops. With parentheses "
+         "it is one of two values, of which the other one is not computed."},
         {"Select Case",
          "Select Case value\nCase value[, value To value][, Is > value]\n  statements\n[Case Else\n  statements]\nEnd Select",
          "Runs what stands behind the first `Case` that the value fits."},
@@ -58,7 +59,7 @@ const std::vector<WordText>& wordTexts() {
         {"New", "New Class[(arguments)]", "Makes an object of the class."},
         {"Nil", "Nil", "No object. Using a member of it raises a NilObjectException."},
         {"Is", "a Is b", "Whether two references are of the same object; `c Is Nil` whether there is none."},
-        {"IsA", "a IsA Class", "Whether an object is of the class, or of one that descends from it."},
+        {"TypeOf", "TypeOf object Is Class", "Whether an object is of the class, or of one that descends from it."},
         {"And Or Xor Not", "a And b\na Or b\na Xor b\nNot a",
          "Of Booleans; the right side is left out when the left one decides. Of Integers they work on the bits."},
         {"Mod", "a Mod b", "What is left when a is divided by b. A division by 0 raises a DivideByZeroException."},
@@ -69,11 +70,16 @@ const std::vector<WordText>& wordTexts() {
         {"Boolean", "Boolean\nBoolean(value)", "True or False."},
         {"String", "String\nString(value)", "Text: `\"a \"\"quoted\"\" word\"`."},
         {"Color", "Color\nColor(value)",
-         "A colour as a number, red, green and blue from 0 to 255 and an opacity: 0 transparent, 255 opaque."},
+         "A colour: `#FF8000`, `#F80`, or with an opacity, `#FF800080`. The call takes a number, 0xAARRGGBB, or a text, such as "
+         "`\"#f80\"` and the names of CSS."},
         {"Variant", "Variant\nVariant(value)", "A value of any type, or Nil."},
         {"Object", "Object", "A reference to an object of any class, or Nil."},
-        {"Array", "Array(value[, value])\nname.Append value\nname.Insert(index, value)\nname.Remove(index)\nname.Count",
-         "An array of these values, of the type that takes all of them; and what every array does."},
+        {"Array",
+         "Array(value[, value])\nname.Append value\nname.Insert(index, value)\nname.Remove(index)\nname.Count\n"
+         "name.Pop\nname.IndexOf(value[, start])\nname.Slice(start[, count])\nname.Reverse\nname.Sort\nname.SortBy(keys)",
+         "An array of these values, of the type that takes all of them; and what every array does. `Pop` takes the last element; "
+         "`IndexOf` is -1 for what is not there; `Slice` is a new array. Sorting keeps the order of equal elements, `SortBy` sorts by "
+         "another array, which is sorted too."},
         {"UBound", "UBound(array)", "The highest index of an array; -1 when it is empty."},
     };
     return texts;

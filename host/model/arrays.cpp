@@ -92,6 +92,13 @@ void removeElement(Array* array, HostInteger index) {
     unlock(elements.type, old);
 }
 
+void reorder(Array* array, const std::vector<std::size_t>& order) {
+    std::vector<Slot>& slots = elementsOf(array).slots;
+    const std::vector<Slot> before = slots;
+    for (std::size_t i = 0; i < order.size(); ++i)
+        slots[i] = before[order[i]];
+}
+
 void resize(Array* array, std::int32_t upperBound) {
     Elements& elements = elementsOf(array);
     const auto count = static_cast<std::size_t>(upperBound + 1);

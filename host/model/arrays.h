@@ -4,6 +4,7 @@
 #include "model/objects.h"
 
 #include <cstdint>
+#include <vector>
 
 // The contract has a name only for the array of doubles; all arrays of this host have its form.
 struct _REALarrayDouble : REALobjectStruct {};
@@ -29,6 +30,9 @@ void setElement(Array* array, HostInteger index, Slot value);    // the array ta
 void insertElement(Array* array, HostInteger index, Slot value); // before index; index may be one past the end
 void appendElement(Array* array, Slot value);
 void removeElement(Array* array, HostInteger index);
+
+// Puts the element order[i] at index i; `order` has every index once.
+void reorder(Array* array, const std::vector<std::size_t>& order);
 
 // Cuts or extends to indexes 0 to upperBound (-1 or more); new elements are zero, Nil or empty.
 void resize(Array* array, std::int32_t upperBound);

@@ -8,6 +8,7 @@ namespace host {
 
 void registerExceptionClasses(Registry& registry);
 void registerMemoryBlockClass(Registry& registry);
+void registerDictionaryClass(Registry& registry);
 void registerFolderItemClass(Registry& registry); // without the property NativePath on hosts older than 2013.0
 
 // ---- For writing the records ----

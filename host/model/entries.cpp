@@ -264,6 +264,7 @@ void startHost(const HostOptions& options) {
     process().without = {options.without.begin(), options.without.end()};
     registerExceptionClasses(registry());
     registerMemoryBlockClass(registry());
+    registerDictionaryClass(registry());
     registerFolderItemClass(registry());
 }
 

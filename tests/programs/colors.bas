@@ -8,9 +8,9 @@ Dim noColor As NSColorZRX
 Dim noSpace As NSColorSpaceZRX
 
 Function Told(e As RuntimeException) As String
-    If e IsA NSExceptionZRX Then Return NSExceptionZRX(e).name
-    If e IsA OutOfBoundsException Then Return "OutOfBoundsException " & e.Message & Str(e.ErrorNumber)
-    If e IsA NilObjectException Then Return "NilObjectException " & e.Message & Str(e.ErrorNumber)
+    If TypeOf e Is NSExceptionZRX Then Return NSExceptionZRX(e).name
+    If TypeOf e Is OutOfBoundsException Then Return "OutOfBoundsException " & e.Message & Str(e.ErrorNumber)
+    If TypeOf e Is NilObjectException Then Return "NilObjectException " & e.Message & Str(e.ErrorNumber)
     Return e.Message
 End Function
 

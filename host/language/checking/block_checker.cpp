@@ -118,7 +118,7 @@ ActionPtr StatementChecker::form(const syntax::For& loop, Offset offset) {
 ActionPtr StatementChecker::form(const syntax::ForEach& loop, Offset offset) {
     return inScope(offset, [&] {
         Value array = attempt([&] {
-            Value found = expressions_.value(*loop.array);
+            Value found = expressions_.valueToWalk(*loop.array);
             if (!found.type.isArray) failCheck(loop.array->offset, "this is of type " + nameOf(found.type) + ", no array");
             return found;
         });

@@ -3,6 +3,7 @@
 #include "language/checking/expression_checker.h"
 #include "language/library/functions.h"
 #include "language/reading/diagnostics.h"
+#include "language/running/array_members.h"
 #include "language/running/operators.h"
 #include "language/running/places.h"
 
@@ -31,15 +32,6 @@ std::vector<Argument> described(const std::vector<Operand>& operands) {
     return arguments;
 }
 
-// The type that takes values of both; Void stands for none yet.
-Type united(const Type& a, const Type& b) {
-    const Type variant = Type::plain(Kind::variant);
-    if (a.kind == Kind::nothing) return b;
-    if (a == variant || b == variant) return variant;
-    if (conversionTo(a, b, Purpose::argument)) return a;
-    return conversionTo(b, a, Purpose::argument) ? b : variant;
-}
-
 [[noreturn]] void failUnknownMember(const ClassInfo& info, const Name& name) {
     NearestName nearest(name.text);
     for (const ClassInfo* from = &info; from; from = from->super()) {
@@ -56,6 +48,14 @@ Type united(const Type& a, const Type& b) {
 }
 
 } // namespace
+
+Type united(const Type& a, const Type& b) {
+    const Type variant = Type::plain(Kind::variant);
+    if (a.kind == Kind::nothing) return b;
+    if (a == variant || b == variant) return variant;
+    if (conversionTo(a, b, Purpose::argument)) return a;
+    return conversionTo(b, a, Purpose::argument) ? b : variant;
+}
 
 // ---- Names
 
@@ -221,17 +221,24 @@ Operand ExpressionChecker::objectMember(ClassInfo& info, CodePtr object, const N
 }
 
 Operand ExpressionChecker::arrayMember(Value array, const Name& name, const Arguments* arguments) {
-    enum class Change { append, insert, remove, count };
+    enum class Use { append, insert, remove, count, pop, reverse, sort, sortBy, indexOf, slice };
     struct ArrayMember {
         const char* name;
-        Change action;
-        std::size_t arguments;
+        Use use;
+        std::size_t fewest, most; // arguments
+        const char* takes;
     };
-    static constexpr ArrayMember members[] = {{"Append", Change::append, 1},
-                                              {"Add", Change::append, 1},
-                                              {"Insert", Change::insert, 2},
-                                              {"Remove", Change::remove, 1},
-                                              {"Count", Change::count, 0}};
+    static constexpr ArrayMember members[] = {{"Append", Use::append, 1, 1, "one element"},
+                                              {"Add", Use::append, 1, 1, "one element"},
+                                              {"Insert", Use::insert, 2, 2, "an index and an element"},
+                                              {"Remove", Use::remove, 1, 1, "one index"},
+                                              {"Count", Use::count, 0, 0, "no arguments"},
+                                              {"Pop", Use::pop, 0, 0, "no arguments"},
+                                              {"Reverse", Use::reverse, 0, 0, "no arguments"},
+                                              {"Sort", Use::sort, 0, 0, "no arguments"},
+                                              {"SortBy", Use::sortBy, 1, 1, "an array of keys"},
+                                              {"IndexOf", Use::indexOf, 1, 2, "an element and, perhaps, where to start"},
+                                              {"Slice", Use::slice, 1, 2, "an index and, perhaps, a count"}};
     const ArrayMember* const found = std::find_if(std::begin(members), std::end(members), [&](const ArrayMember& member) {
         return equalIgnoringCase(name.text, member.name);
     });
@@ -241,27 +248,60 @@ Operand ExpressionChecker::arrayMember(Value array, const Name& name, const Argu
             nearest.offer(member.name);
         failCheck(name.offset, "an array has no member " + quoted(name.text) + nearest.suggestion());
     }
-    if ((arguments ? arguments->size() : 0) != found->arguments) {
-        static constexpr const char* wanted[] = {"one element", "an index and an element", "one index", "no arguments"};
-        failCheck(name.offset, quoted(name.text) + " takes " + wanted[static_cast<std::size_t>(found->action)]);
-    }
-    const Type elementType = array.type.element();
-    const auto argument = [&](std::size_t index, const Type& type) { return valueAs(*(*arguments)[index], type); };
+    const std::size_t given = arguments ? arguments->size() : 0;
+    if (given < found->fewest || given > found->most) failCheck(name.offset, quoted(name.text) + " takes " + found->takes);
+    const Type element = array.type.element();
+    const Type integer = Type::plain(Kind::integer);
     const Offset offset = name.offset;
-    switch (found->action) {
-    case Change::append: return Operand::result({}, appendToArray(std::move(array.code), argument(0, elementType), offset));
-    case Change::insert: {
-        CodePtr index = argument(0, Type::plain(Kind::integer));
-        return Operand::result({},
-                               insertIntoArray(std::move(array.code), std::move(index), argument(1, elementType), offset));
+    const auto argument = [&](std::size_t index, const Type& type) {
+        return index < given ? valueAs(*(*arguments)[index], type) : nullptr;
+    };
+    const auto requireOrder = [&](const Type& type, Offset place) {
+        if (!isOrdered(type)) failCheck(place, "elements of type " + nameOf(type) + " have no order");
+    };
+    switch (found->use) {
+    case Use::append: return Operand::result({}, appendToArray(std::move(array.code), argument(0, element), offset));
+    case Use::insert: {
+        CodePtr index = argument(0, integer);
+        return Operand::result({}, insertIntoArray(std::move(array.code), std::move(index), argument(1, element), offset));
     }
-    case Change::remove:
-        return Operand::result({}, removeFromArray(std::move(array.code), argument(0, Type::plain(Kind::integer)), offset));
-    case Change::count: break;
+    case Use::remove: return Operand::result({}, removeFromArray(std::move(array.code), argument(0, integer), offset));
+    case Use::pop: return Operand::result(element, popFromArray(std::move(array.code), element, offset));
+    case Use::reverse: return Operand::result({}, reverseArray(std::move(array.code), offset));
+    case Use::sort: {
+        requireOrder(element, offset);
+        return Operand::result({}, sortArray(std::move(array.code), nullptr, element, offset));
     }
-    return Operand::computed(Type::plain(Kind::integer),
-                             transform(upperBoundOf(std::move(array.code), offset),
-                                       [](Slot bound) { return Slot::ofInteger(bound.integer + 1); }));
+    case Use::sortBy: {
+        Value keys = value(*arguments->front());
+        if (!keys.type.isArray) failCheck(arguments->front()->offset, "this is of type " + nameOf(keys.type) + ", no array");
+        requireOrder(keys.type.element(), arguments->front()->offset);
+        return Operand::result({}, sortArray(std::move(array.code), std::move(keys.code), keys.type.element(), offset));
+    }
+    case Use::indexOf: {
+        if (element.is(Kind::variant)) failCheck(offset, "Variants cannot be compared; convert them first");
+        CodePtr wanted = argument(0, element);
+        return Operand::computed(
+            integer, indexInArray(std::move(array.code), std::move(wanted), argument(1, integer), element, offset));
+    }
+    case Use::slice: {
+        CodePtr start = argument(0, integer);
+        return Operand::computed(
+            array.type, sliceOfArray(std::move(array.code), std::move(start), argument(1, integer), element, offset));
+    }
+    case Use::count: break;
+    }
+    return Operand::computed(integer, transform(upperBoundOf(std::move(array.code), offset),
+                                                [](Slot bound) { return Slot::ofInteger(bound.integer + 1); }));
+}
+
+Value ExpressionChecker::valueToWalk(const syntax::Expression& expression) {
+    Value found = value(expression);
+    ClassInfo* const dictionary = registry().find("Dictionary");
+    if (!dictionary || found.type != Type::object(dictionary->name())) return found;
+    Operand keys = objectMember(*dictionary, std::move(found.code), {expression.offset, "Keys"}, nullptr);
+    const Type type = keys.type();
+    return {type, keys.read()};
 }
 
 Operand ExpressionChecker::element(Value array, const Arguments& arguments, Offset offset) {

@@ -66,10 +66,22 @@ Operand ExpressionChecker::form(const syntax::Identifier& identifier, Offset off
     return function(identifier.name, {}, offset);
 }
 
-Operand ExpressionChecker::form(const syntax::IsA& test, Offset offset) {
+Operand ExpressionChecker::form(const syntax::TypeTest& test, Offset offset) {
     Value object = value(*test.object);
-    if (!object.type.isObjectReference()) failCheck(offset, "IsA asks objects, not a value of type " + nameOf(object.type));
+    if (!object.type.isObjectReference())
+        failCheck(offset, "TypeOf asks objects, not a value of type " + nameOf(object.type));
     return Operand::computed(Type::plain(Kind::boolean), isOfClass(std::move(object.code), classOf(test.className)));
+}
+
+Operand ExpressionChecker::form(const syntax::Conditional& form, Offset offset) {
+    CodePtr condition = valueAs(*form.condition, Type::plain(Kind::boolean));
+    Value yes = value(*form.yes);
+    Value no = value(*form.no);
+    const Type type = united(yes.type, no.type);
+    CodePtr one = convert(std::move(yes.code), yes.type, type, form.yes->offset);
+    CodePtr other = convert(std::move(no.code), no.type, type, form.no->offset);
+    if (type.isNil()) failCheck(offset, "both values are Nil");
+    return Operand::computed(type, choice(std::move(condition), std::move(one), std::move(other)));
 }
 
 // ---- Constants

@@ -21,6 +21,9 @@ public:
     // It must have a value.
     Value value(const syntax::Expression& expression);
 
+    // The same for a For Each: of a Dictionary its keys.
+    Value valueToWalk(const syntax::Expression& expression);
+
     // The value converted to the type.
     CodePtr valueAs(const syntax::Expression& expression, const Type& type);
 
@@ -59,7 +62,8 @@ private:
     Operand form(const syntax::New& form, Offset offset) { return newObject(form, offset); }
     Operand form(const syntax::Unary& unary, Offset offset);
     Operand form(const syntax::Binary& form, Offset offset);
-    Operand form(const syntax::IsA& test, Offset offset);
+    Operand form(const syntax::TypeTest& test, Offset offset);
+    Operand form(const syntax::Conditional& form, Offset offset);
 
     // Operators (operator_checker.cpp).
     CodePtr number(Value value, Kind kind);
@@ -102,6 +106,9 @@ private:
     const Procedures& procedures_;
     bool needsPool_ = false;
 };
+
+// The type that takes values of both; `nothing` stands for none yet.
+Type united(const Type& a, const Type& b);
 
 // The value of a declared constant or default.
 CodePtr literalCode(const Literal& literal);

@@ -70,17 +70,11 @@ ExpressionPtr ExpressionParser::expressionFrom(ExpressionPtr first) {
 ExpressionPtr ExpressionParser::operators(ExpressionPtr left, int lowest, Nesting& nesting) {
     for (;;) {
         const Offset offset = tokens_.peek().offset;
-        if (tokens_.at(Keyword::isA) && lowest <= relation) {
-            tokens_.take();
-            const Token name = tokens_.expectName("a class");
-            left = make(offset, syntax::IsA{std::move(left), {name.offset, name.text}});
-        } else {
-            const BinaryOperator* const found = binaryOperator(tokens_.peek());
-            if (!found || found->precedence < lowest) return left;
-            tokens_.take();
-            ExpressionPtr right = binary(found->precedence + 1);
-            left = make(offset, syntax::Binary{found->operation, std::move(left), std::move(right)});
-        }
+        const BinaryOperator* const found = binaryOperator(tokens_.peek());
+        if (!found || found->precedence < lowest) return left;
+        tokens_.take();
+        ExpressionPtr right = binary(found->precedence + 1);
+        left = make(offset, syntax::Binary{found->operation, std::move(left), std::move(right)});
         nesting.deepen(offset);
     }
 }
@@ -125,6 +119,8 @@ ExpressionPtr ExpressionParser::primary() {
         case Keyword::trueValue: tokens_.take(); return literal(token.offset, true);
         case Keyword::falseValue: tokens_.take(); return literal(token.offset, false);
         case Keyword::newObject: tokens_.take(); return make(token.offset, newObject());
+        case Keyword::typeOf: tokens_.take(); return make(token.offset, typeTest());
+        case Keyword::ifBranch: tokens_.take(); return make(token.offset, conditional());
         default: tokens_.failExpected("a value");
         }
     }
@@ -137,6 +133,24 @@ ExpressionPtr ExpressionParser::primary() {
         return std::visit([&](const auto& value) { return literal(token.offset, value); }, token.value);
     default: tokens_.failExpected("a value");
     }
+}
+
+syntax::TypeTest ExpressionParser::typeTest() {
+    ExpressionPtr object = postfix();
+    tokens_.expect(Keyword::is, "'Is' and a class");
+    const Token name = tokens_.expectName("a class");
+    return {std::move(object), {name.offset, name.text}};
+}
+
+syntax::Conditional ExpressionParser::conditional() {
+    tokens_.expect(TokenKind::openParenthesis, "'('");
+    ExpressionPtr condition = expression();
+    tokens_.expect(TokenKind::comma, "','");
+    ExpressionPtr yes = expression();
+    tokens_.expect(TokenKind::comma, "',' and the value otherwise");
+    ExpressionPtr no = expression();
+    tokens_.expect(TokenKind::closeParenthesis, "')'");
+    return {std::move(condition), std::move(yes), std::move(no)};
 }
 
 std::vector<ExpressionPtr> ExpressionParser::list() {

@@ -1,5 +1,5 @@
 // Parses expressions by precedence climbing. Precedence, from the tightest: ^, unary -, * / \ Mod, + -, &, comparisons with
-// Is and IsA, Not, And, Or, Xor. Operators of one level group to the left.
+// Is, Not, And, Or, Xor. Operators of one level group to the left.
 #pragma once
 
 #include "language/reading/syntax.h"
@@ -55,6 +55,8 @@ private:
     syntax::ExpressionPtr operators(syntax::ExpressionPtr left, int lowest, Nesting& nesting);
     syntax::ExpressionPtr prefix();
     syntax::ExpressionPtr primary();
+    syntax::TypeTest typeTest();
+    syntax::Conditional conditional();
 
     TokenStream& tokens_;
     unsigned& depth_;

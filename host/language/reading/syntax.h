@@ -78,14 +78,22 @@ struct Binary {
     ExpressionPtr right;
 };
 
-struct IsA {
+// TypeOf object Is class
+struct TypeTest {
     ExpressionPtr object;
     Name className;
 };
 
+// If(condition, yes, no), of which one is computed.
+struct Conditional {
+    ExpressionPtr condition;
+    ExpressionPtr yes;
+    ExpressionPtr no;
+};
+
 struct Expression {
     Offset offset; // where a message about it points: the operator of a binary one, the name of a member
-    std::variant<Literal, Identifier, Member, Call, New, Unary, Binary, IsA> form;
+    std::variant<Literal, Identifier, Member, Call, New, Unary, Binary, TypeTest, Conditional> form;
 };
 
 // ---- Statements

@@ -148,6 +148,12 @@ CodePtr logic(Operator operation, Kind kind, CodePtr left, CodePtr right) {
     });
 }
 
+CodePtr choice(CodePtr condition, CodePtr yes, CodePtr no) {
+    return makeCode([condition = std::move(condition), yes = std::move(yes), no = std::move(no)](Frame& frame) {
+        return condition->evaluate(frame).boolean != 0 ? yes->evaluate(frame) : no->evaluate(frame);
+    });
+}
+
 CodePtr negated(Kind kind, CodePtr operand) {
     if (kind == Kind::real) return transform(std::move(operand), [](Slot slot) { return Slot::ofReal(-slot.real); });
     return onIntegers(constant(Slot::ofInteger(0)), std::move(operand), std::minus<>());

@@ -23,6 +23,8 @@ CodePtr comparison(syntax::Operator operation, Kind kind, CodePtr left, CodePtr 
 // And, Or, Xor on Boolean, the right side evaluated only when it decides, or on the bits of Integer.
 CodePtr logic(syntax::Operator operation, Kind kind, CodePtr left, CodePtr right);
 
+CodePtr choice(CodePtr condition, CodePtr yes, CodePtr no); // only one of both is computed
+
 CodePtr negated(Kind kind, CodePtr operand);  // Integer, Double
 CodePtr inverted(Kind kind, CodePtr operand); // Boolean, Integer
 

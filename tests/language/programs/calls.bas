@@ -33,5 +33,5 @@ Print p.description, p.Next.description, p.Next.Next.Number, p.Next.Next.Next '>
 Dim q As Probe = p.self
 Dim r As RuntimeException = New OutOfBoundsException("text", 3)
 Print p Is q, p = q, p <> p.successor, p Is Nil, colored.Next = Nil '> True True True False True
-Print p IsA Probe, r IsA OutOfBoundsException, r IsA NilObjectException, r IsA Object '> True True False True
-Print colored.Next IsA Probe, OutOfBoundsException(r).ErrorNumber, r.Message '> False 3 text
+Print TypeOf p Is Probe, TypeOf r Is OutOfBoundsException, TypeOf r Is NilObjectException, TypeOf r Is Object '> True True False True
+Print TypeOf colored.Next Is Probe, OutOfBoundsException(r).ErrorNumber, r.Message '> False 3 text

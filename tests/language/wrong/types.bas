@@ -95,3 +95,14 @@ Dim s As String = "a"
 s -= @1
 '! '-' cannot be applied to String and Integer
 
+Dim probes() As Probe
+probes.@Sort
+'! elements of type Probe have no order
+
+Dim n() As Integer
+n.@Slice()
+'! 'Slice' takes an index and, perhaps, a count
+
+Print If(1 = 1, 2@)
+'! ',' and the value otherwise is expected here, not ')'
+
