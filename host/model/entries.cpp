@@ -43,14 +43,19 @@ double getVersion() { return process().version; }
 
 void registerPluginVersion(std::int32_t controlVersion) { process().controlVersion = controlVersion; }
 
-void registerClass(REALclassDefinition* record) {
-    if (!record) return;
+void takeRecord(REALclassDefinition& record) {
     const bool mayAnnounce = resolveEntry("RegisterPluginVersion") != nullptr;
-    if (mayAnnounce && record->version != process().controlVersion) {
-        registry().report(std::string(record->name ? record->name : "a class record") + ": the record's version is " +
-                          std::to_string(record->version) + ", announced was " + std::to_string(process().controlVersion));
+    if (mayAnnounce && record.version != process().controlVersion) {
+        registry().report(std::string(record.name ? record.name : "a class record") + ": the record's version is " +
+                          std::to_string(record.version) + ", announced was " + std::to_string(process().controlVersion));
     }
-    registry().add(*record);
+    registry().add(record);
+}
+
+void registerClass(REALclassDefinition* record) {
+    orNull([&] {
+        if (record) takeRecord(*record);
+    });
 }
 
 // ---- Objects
@@ -260,8 +265,21 @@ void startHost(const HostOptions& options) {
             message += "\n    " + known;
         throw std::invalid_argument(message);
     }
+    if (!(options.version >= 0)) throw std::invalid_argument("the version of a host is a number from 0 on");
     process().version = options.version;
-    process().without = {options.without.begin(), options.without.end()};
+    std::set<std::string, std::less<>>& without = process().without;
+    without = {options.without.begin(), options.without.end()};
+    // Such a host must be one that can exist: without a lock there is no unlock and nothing ends, and without a version it
+    // is of the first one, also in what it offers.
+    if (without.count("REALLockObject") != 0) {
+        without.insert("REALUnlockObject");
+        keepAllObjects();
+    }
+    if (without.count("REALLockString") != 0) {
+        without.insert("REALUnlockString");
+        keepAllStrings();
+    }
+    if (without.count("REALGetRBVersion") != 0) process().version = 0;
     registerExceptionClasses(registry());
     registerMemoryBlockClass(registry());
     registerDictionaryClass(registry());

@@ -13,8 +13,10 @@ struct HostOptions {
     std::vector<std::string> without; // entry names that the resolver does not know
 };
 
-// Sets version and entries and registers the built-in classes: once, first of all. Throws std::invalid_argument, listing the
-// known names, when one of `without` is no entry of this host.
+// Sets version and entries and registers the built-in classes: once, first of all. A withheld lock takes its unlock along,
+// and no object, or string, ends in that host; a withheld "REALGetRBVersion" makes it a host of the first version. Throws
+// std::invalid_argument, listing the known names, when one of `without` is no entry of this host, and for a version below 0
+// or none at all.
 void startHost(const HostOptions& options = {});
 
 double hostVersion();

@@ -37,6 +37,9 @@ inline void unlock(Object* object) {
     if (object && --object->references == 0) destroyObject(object);
 }
 
+// From here on no object ends: in a host whose plugins cannot lock one, what they hand out has no reference of its own.
+void keepAllObjects();
+
 // The first byte of the instance data.
 unsigned char* instanceData(Object* object);
 const unsigned char* instanceData(const Object* object);

@@ -7,6 +7,7 @@
 #include <dlfcn.h>
 
 #include <filesystem>
+#include <set>
 #include <stdexcept>
 
 namespace host {
@@ -20,6 +21,8 @@ void loadPlugin(const std::string& path) {
     void* const symbol = dlsym(library, "REALPluginMain");
     if (!symbol) throw std::runtime_error(path + " is no plugin: it has no REALPluginMain");
 
+    static std::set<void*> loaded; // the loader knows one library by all its paths
+    if (!loaded.insert(library).second) return;
     const std::size_t before = registry().problems().size();
     {
         const platform::AutoreleasePool pool;

@@ -5,9 +5,9 @@
 
 namespace host {
 
-// Loads the library, which stays loaded, and runs its REALPluginMain with the host's resolver. Throws std::runtime_error
-// when there is no such library, it has no REALPluginMain, or the host cannot take a class record, with one line for each of
-// those.
+// Loads the library, which stays loaded, and once runs its REALPluginMain with the host's resolver. Throws
+// std::runtime_error when there is no such library, it has no REALPluginMain, or the host cannot take a class record, with
+// one line for each of those.
 void loadPlugin(const std::string& path);
 
 // The path of a plugin library in the folder of libraries that belongs to the running program's own, lib beside it unless

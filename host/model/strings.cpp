@@ -30,6 +30,7 @@ namespace host {
 namespace {
 
 std::size_t liveStrings = 0;
+bool keepsAllStrings = false;
 
 bool isAscii(std::string_view bytes) {
     return std::none_of(bytes.begin(), bytes.end(), [](char c) { return (static_cast<unsigned char>(c) & 0x80) != 0; });
@@ -127,10 +128,12 @@ void lock(String* string) {
 }
 
 void unlock(String* string) {
-    if (!string || --string->references != 0) return;
+    if (!string || --string->references != 0 || keepsAllStrings) return;
     --liveStrings;
     std::free(string);
 }
+
+void keepAllStrings() { keepsAllStrings = true; }
 
 std::string_view bytesOf(const String* string) {
     if (!string) return {};

@@ -30,6 +30,9 @@ String* newString(std::string_view bytes, Encoding encoding = encoding::utf8);
 void lock(String* string);
 void unlock(String* string);
 
+// From here on no string ends, as with keepAllObjects.
+void keepAllStrings();
+
 // The stored bytes, valid while the string lives; empty for null.
 std::string_view bytesOf(const String* string);
 

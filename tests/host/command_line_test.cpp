@@ -6,7 +6,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include <unistd.h>
 
@@ -52,6 +54,36 @@ TEST(CommandLine, RunsAProgramAndFindsWhatItLeaves) {
     // Without the entry the plugin cannot give up the exception that it makes.
     EXPECT_EQ(run(raise + " --without REALUnlockObject", "ASAN_OPTIONS=detect_leaks=0"),
               Outcome(3, "chromahost: still alive at the end: 1 x OutOfBoundsException, 1 x String\n"));
+}
+
+// Every host that can exist runs every program to its end, or to an exception.
+TEST(CommandLine, LacksAnyEntryWithoutFalling) {
+    std::istringstream lines(run("run --without nothing " + program("")).second);
+    std::vector<std::string> entries;
+    for (std::string line; std::getline(lines, line);)
+        if (line.rfind("    ", 0) == 0) entries.push_back(line.substr(4));
+    ASSERT_GT(entries.size(), 25u);
+    for (const std::string& entry : entries) {
+        for (const char* version : {"2011.0", "2021.0"}) {
+            for (const char* example : {"tour", "palette", "pattern", "spaces"}) {
+                const std::string arguments = "run '" CHROMA_EXAMPLES "/" + std::string(example) + ".bas' --host-version " +
+                                              version + " --without " + entry;
+                EXPECT_LE(run(arguments, "ASAN_OPTIONS=detect_leaks=0").first, 1) << arguments;
+            }
+        }
+    }
+}
+
+TEST(CommandLine, PlaysHostsThatCanExist) {
+    // Without a version it is of the first one, which shows its storage.
+    const std::string lists =
+        program("Dim c As New NSColorSpaceZRX\nPrint c.Handle\nPrint NSColorZRX.redColor.Components\n");
+    EXPECT_EQ(run("run --without REALGetRBVersion " + lists), run("run --host-version 0 " + lists));
+    for (const char* version : {"nan", "-1", "''"})
+        EXPECT_EQ(run("run --host-version " + std::string(version) + " " + lists).first, 2) << version;
+    const std::string plugin =
+        run("run " + program("Print 1\n") + " --plugin " CHROMA_PLUGIN " --plugin " CHROMA_PLUGIN).second;
+    EXPECT_EQ(plugin, "1\n");
 }
 
 TEST(CommandLine, LeavesNothingWhereMemoryRunsOut) {
