@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <initializer_list>
 #include <iterator>
 #include <utility>
@@ -117,9 +118,10 @@ id standardSpace(const char* message);
 // Of any sequence of components.
 template <class Components = std::initializer_list<float>>
 id colorIn(id space, const Components& components) {
-    const std::vector<CGFloat> values(std::begin(components), std::end(components));
-    const auto count = static_cast<std::intptr_t>(values.size());
-    return color("colorWithColorSpace:components:count:", space, values.data(), count);
+    CGFloat values[32]; // no vector: it may throw
+    std::copy(std::begin(components), std::end(components), values);
+    const auto count = static_cast<std::intptr_t>(std::size(components));
+    return color("colorWithColorSpace:components:count:", space, static_cast<const CGFloat*>(values), count);
 }
 
 std::vector<float> componentsOf(id color);

@@ -17,7 +17,7 @@ std::string number(Number value, int bytes) {
     const long long whole = std::llround(static_cast<double>(value));
     std::string text;
     for (int shift = 8 * (bytes - 1); shift >= 0; shift -= 8) {
-        text.push_back(static_cast<char>(whole >> shift));
+        text.push_back(shift < 64 ? static_cast<char>(whole >> shift) : '\0');
     }
     return text;
 }
