@@ -32,7 +32,8 @@ ClassText colorText() {
             {"localizedCatalogNameComponent", "The catalog's name in the user's language; empty for any other colour."},
             {"localizedColorNameComponent", "The name of a catalog colour in the user's language; empty for any other."},
             {"numberOfComponents", "How many components the colour has, alpha included: 2 for grey, 4 for RGB, 5 for CMYK."},
-            {"Handle", "The address of the NSColor inside; 0 in an empty object."},
+            {"Handle",
+             "The address of the NSColor inside; 0 in an empty object. Writing it retains and releases nothing: what was there, and its registry entry, are then the writer's to give up."},
 
             {"_exception", "Always Nil: it is there so that NSExceptionZRX is known wherever this class is."},
             {"CGColorHandle", "The address of the colour as a CGColor, which lives as long as the colour."},
