@@ -1,25 +1,64 @@
-# Installation: the plugins and their platform as libraries, the reference host, the ABI header, and a pkg-config file that tells
-# hosts where the plugin lies.
+# Installation: the plugins and what they stand on in a folder of their own under that of libraries, the reference host, the ABI
+# header, what shells, editors and readers want, and how hosts find the plugin, by pkg-config and by CMake.
 include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
 
-install(TARGETS chromabridge chroma_platform chromasibling chromaprobe LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+set(plugins_folder ${CMAKE_INSTALL_LIBDIR}/chromabridge)
+set(libraries chromabridge chroma_platform chromasibling chromaprobe)
 if(TARGET chromapng)
-    install(TARGETS chromapng LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    list(APPEND libraries chromapng)
 endif()
+install(TARGETS ${libraries} LIBRARY DESTINATION ${plugins_folder})
 install(TARGETS chromahost RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(FILES ${PROJECT_SOURCE_DIR}/include/chromabridge/host_abi.h
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/chromabridge)
-install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/LICENSE
-        DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES ${PROJECT_SOURCE_DIR}/include/chromabridge/host_abi.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/chromabridge)
 
-# Paths relative to the file itself, so that the tree can be moved after it was installed.
-file(RELATIVE_PATH prefix_from_package /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
-string(REGEX REPLACE "/$" "" CHROMA_PREFIX_FROM_PC ${prefix_from_package})
+# As built, programs find the libraries in ../lib; installed, in that folder, which stays right when the tree is moved.
+file(RELATIVE_PATH libraries_from_program /${CMAKE_INSTALL_BINDIR} /${plugins_folder})
+set_property(TARGET chromahost PROPERTY INSTALL_RPATH "$ORIGIN/../lib;$ORIGIN/${libraries_from_program}")
+target_compile_definitions(chromahost_core PRIVATE CHROMA_INSTALLED_LIBRARIES="${libraries_from_program}")
+
+# The pages, with links that hold there.
+file(READ ${PROJECT_SOURCE_DIR}/README.md readme)
+file(RELATIVE_PATH header /${CMAKE_INSTALL_DOCDIR} /${CMAKE_INSTALL_INCLUDEDIR}/chromabridge/host_abi.h)
+string(REPLACE "](include/chromabridge/host_abi.h)" "](${header})" readme "${readme}")
+file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/README.md CONTENT "${readme}" @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/CONTRIBUTING.md
+              ${PROJECT_SOURCE_DIR}/LICENSE
+        DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES ${PROJECT_SOURCE_DIR}/platforms/builtin/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/platforms/builtin)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES ${PROJECT_SOURCE_DIR}/editors/chromabridge.tmLanguage.json DESTINATION ${CMAKE_INSTALL_DATADIR}/chromabridge)
+
+# What the host tells of itself.
+set(host_command ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:chromahost>)
+set(told ${PROJECT_BINARY_DIR}/completion/chromahost ${PROJECT_BINARY_DIR}/completion/_chromahost
+         ${PROJECT_BINARY_DIR}/completion/chromahost.1)
+add_custom_command(OUTPUT ${told}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/completion
+    COMMAND ${host_command} completion bash > ${PROJECT_BINARY_DIR}/completion/chromahost
+    COMMAND ${host_command} completion zsh > ${PROJECT_BINARY_DIR}/completion/_chromahost
+    COMMAND ${host_command} manual > ${PROJECT_BINARY_DIR}/completion/chromahost.1
+    DEPENDS chromahost chromabridge chromasibling VERBATIM)
+install(FILES ${PROJECT_BINARY_DIR}/completion/chromahost DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(FILES ${PROJECT_BINARY_DIR}/completion/_chromahost DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+install(FILES ${PROJECT_BINARY_DIR}/completion/chromahost.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+add_custom_target(chroma_told ALL DEPENDS ${told})
+
+# Paths relative to the files themselves, so that the tree can be moved after it was installed.
+file(RELATIVE_PATH CHROMA_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" CHROMA_PREFIX_FROM_PC ${CHROMA_PREFIX_FROM_PC})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/chromabridge.pc.in ${PROJECT_BINARY_DIR}/chromabridge.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/chromabridge.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
-# Where the library folder is not lib, as on systems with one for each architecture, the host must find it too.
-file(RELATIVE_PATH libraries /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
-set_property(TARGET chromahost APPEND PROPERTY INSTALL_RPATH "$ORIGIN/${libraries}")
-target_compile_definitions(chromahost_core PRIVATE CHROMA_INSTALLED_LIBRARIES="${libraries}")
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/chromabridge)
+set(CHROMA_INCLUDES ${CMAKE_INSTALL_INCLUDEDIR})
+set(CHROMA_PLUGIN ${plugins_folder}/libchromabridge.so)
+set(CHROMA_PROBE ${plugins_folder}/libchromaprobe.so)
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/chromabridgeConfig.cmake.in
+    ${PROJECT_BINARY_DIR}/chromabridgeConfig.cmake INSTALL_DESTINATION ${package_folder}
+    PATH_VARS CHROMA_INCLUDES CHROMA_PLUGIN CHROMA_PROBE)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/chromabridgeConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/chromabridgeConfig.cmake ${PROJECT_BINARY_DIR}/chromabridgeConfigVersion.cmake
+        DESTINATION ${package_folder})
+
+include(${PROJECT_SOURCE_DIR}/packaging/debian.cmake)

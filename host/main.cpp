@@ -58,6 +58,9 @@ public:
         addSwatches();
         addGrammar();
         addCompletion();
+        add("manual", "Print the manual page", "  chromahost manual | man -l -", [this] {
+            return manual({app_.get_name(), app_.get_description(), {}, false, ""}, wordsOf(app_, true), words());
+        });
     }
 
     int perform(int argc, char** argv) {
@@ -73,6 +76,7 @@ private:
     CLI::App* add(const char* name, const char* text, const char* examples, std::function<int()> action) {
         CLI::App* const command = app_.add_subcommand(name, text);
         command->footer(std::string("\nExamples:\n") + examples);
+        examples_[command] = examples;
         actions_[command] = std::move(action);
         return command;
     }
@@ -182,21 +186,44 @@ private:
         command->add_option("SHELL", shell_, "bash or zsh")->required();
     }
 
-    std::vector<CommandWords> words() {
+    static Word wordOf(const CLI::Option& option) {
+        const bool isNamed = option.nonpositional();
+        const std::string name = !isNamed                      ? option.get_name()
+                                 : option.get_lnames().empty() ? "-" + option.get_snames().front()
+                                                               : "--" + option.get_lnames().front();
+        const bool takesValue = option.get_expected_max() > 0;
+        Word word = {name, option.get_description(), {}, takesValue, name};
+        if (isNamed && takesValue) word.form += " " + option.get_type_name();
+        if (name == "--without") word.values = host::entryNames();
+        if (name == "--format") word.values = {"svg", "png", "text"};
+        return word;
+    }
+
+    static std::vector<Word> wordsOf(const CLI::App& app, bool named) {
+        std::vector<Word> words;
+        for (const CLI::Option* option : app.get_options()) {
+            if (option->nonpositional() == named) words.push_back(wordOf(*option));
+        }
+        return words;
+    }
+
+    std::vector<CommandWords> words() const {
         std::vector<CommandWords> all;
+        const std::vector<Word> common = wordsOf(app_, true);
         for (const CLI::App* command : app_.get_subcommands(nullptr)) {
-            CommandWords words = {{command->get_name(), command->get_description(), {}}, {}};
-            if (command->get_name() == "completion") words.command.values = {"bash", "zsh"};
-            for (const CLI::App* owner : {command, static_cast<const CLI::App*>(&app_)}) {
-                for (const CLI::Option* option : owner->get_options()) {
-                    if (!option->nonpositional()) continue;
-                    const std::string name = option->get_lnames().empty() ? "-" + option->get_snames().front()
-                                                                          : "--" + option->get_lnames().front();
-                    if (owner == &app_ && (name == "--version" || name == "--help" || name == "--help-all")) continue;
-                    words.options.push_back({name, option->get_description(), {}, option->get_expected_max() > 0});
-                    if (name == "--without") words.options.back().values = host::entryNames();
-                    if (name == "--format") words.options.back().values = {"svg", "png", "text"};
-                }
+            const std::string name = command->get_name();
+            CommandWords words = {{name, command->get_description(), {}, false, name},
+                                  {},
+                                  {},
+                                  wordsOf(*command, false),
+                                  examples_.at(command)};
+            if (name == "completion") words.command.values = {"bash", "zsh"};
+            for (const Word& word : wordsOf(*command, true)) {
+                words.options.push_back(word);
+                if (word.name.rfind("--help", 0) != 0) words.own.push_back(word);
+            }
+            for (const Word& word : common) {
+                if (word.takesValue) words.options.push_back(word);
             }
             all.push_back(std::move(words));
         }
@@ -205,6 +232,7 @@ private:
 
     CLI::App app_{"Loads a plugin as its host would and runs programs of the host language with it.", "chromahost"};
     std::map<const CLI::App*, std::function<int()>> actions_;
+    std::map<const CLI::App*, std::string> examples_;
     Start start_;
     RunOptions running_;
     Program checking_;

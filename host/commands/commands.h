@@ -63,18 +63,24 @@ int grammar(const Start& start);
 // What this program, the plugins and the platform are.
 int version(const Start& start);
 
-// A word that a shell completes on the command line.
+// The command line as it tells of itself.
 struct Word {
     std::string name, text;
     std::vector<std::string> values; // what may follow it; empty: nothing known
     bool takesValue = false;
+    std::string form; // as help shows it: "--list FILE"
 };
 struct CommandWords {
     Word command;
-    std::vector<Word> options;
+    std::vector<Word> options;          // the common ones too, which stand last
+    std::vector<Word> own, positionals; // without the common ones
+    std::string examples;               // lines
 };
 
 // A script that completes the commands, their options, and the values of these: `shell` is "bash" or "zsh".
 int completion(const Start& start, const std::string& shell, std::vector<CommandWords> commands);
+
+// The manual page, for man.
+int manual(const Word& program, const std::vector<Word>& options, const std::vector<CommandWords>& commands);
 
 } // namespace host::commands

@@ -1,0 +1,26 @@
+# The .deb: cmake --preset package && cmake --build build/package && cpack --config build/package/CPackConfig.cmake
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME chromabridge)
+set(CPACK_PACKAGE_VENDOR "the chromabridge authors")
+set(CPACK_PACKAGE_CONTACT "the chromabridge authors <maintainers@chromabridge.invalid>")
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES OFF) # the package of what debuggers want takes that first
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION devel)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "AppKit's colours for programs of a BASIC-like host language")
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "A plugin library that gives programs of a host development environment
+three classes around colours, colour spaces and colour lists, a small
+platform that it stands on, and a reference host, chromahost, with which
+to try it: it runs programs, explains classes and draws colours.
+
+For those who make hosts there are the ABI header and a plugin that
+tells how well a host keeps the contract.")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_DEBUGINFO_PACKAGE ON)
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/debian_files.cmake)
+set(CPACK_CHROMA_COPYRIGHT ${PROJECT_SOURCE_DIR}/packaging/copyright)
+set(CPACK_CHROMA_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+include(CPack)
