@@ -4,8 +4,8 @@
 
 namespace chroma::sibling {
 
-void addClassMethod(ClassName& target, Selector& message, IMP method, const char* types) {
-    if (target.get()) class_addMethod(object_getClass(target.get()), message.get(), method, types);
+void addClassMethod(id target, SEL message, IMP method, const char* types) {
+    if (target) class_addMethod(object_getClass(target), message, method, types);
 }
 
 } // namespace chroma::sibling

@@ -5,13 +5,13 @@
 
 namespace chroma::sibling {
 
-// Lets the class answer the message with `method`, a function of (id self, SEL message, arguments...). `types` is the
-// method's type encoding. Does nothing when the platform lacks the class or the class answers the message already.
-void addClassMethod(ClassName& target, Selector& message, IMP method, const char* types);
+// Lets the class answer the message with a function of (id self, SEL message, arguments...), whose type encoding is `types`.
+// Does nothing when the platform lacks the class or the class answers the message already.
+void addClassMethod(id target, SEL message, IMP method, const char* types);
 
 template <class Result, class... Arguments>
-void addClassMethod(ClassName& target, Selector& message, Result (*method)(id, SEL, Arguments...), const char* types) {
-    addClassMethod(target, message, reinterpret_cast<IMP>(method), types);
+void addClassMethod(id target, Message<Result(Arguments...)>& message, Result (*method)(id, SEL, Arguments...)) {
+    addClassMethod(target, message.get(), reinterpret_cast<IMP>(method), methodTypes<Result, Arguments...>.data());
 }
 
 } // namespace chroma::sibling

@@ -17,9 +17,9 @@ void NSExceptionDestructor(REALobjectStruct* object) {
     guarded([&] { dropNative(object); });
 }
 
-REALstringStruct* text(REALobjectStruct* object, Selector& message) {
+REALstringStruct* text(REALobjectStruct* object, Message<id()>& message) {
     REALstringStruct* result = nullptr;
-    quiet([&] { result = NSStringRB(send<id>(nativeObject(object), message)); });
+    quiet([&] { result = NSStringRB(message(nativeObject(object))); });
     return result;
 }
 
@@ -45,7 +45,7 @@ REALobjectStruct* newHostException(id exception) {
     if (!object) return nullptr;
     onThrow(
         [&] {
-            setNativeObject(object, send<id>(exception, sel::retain));
+            setNativeObject(object, sel::retain(exception));
             REALstringStruct* const message = reason(object, 0);
             REALSetPropValueString(object, "Message", message);
             REALSetPropValueInteger(object, "ErrorNumber", 0);

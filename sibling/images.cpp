@@ -14,10 +14,10 @@ struct NSSize {
     CGFloat width, height;
 };
 
-Selector backgroundColorMessage{"backgroundColor"};
-Selector initWithSize_{"initWithSize:"};
-Selector setBackgroundColor_{"setBackgroundColor:"};
-Selector sizeMessage{"size"};
+Message<id()> backgroundColorMessage{"backgroundColor"};
+Message<id(NSSize)> initWithSize_{"initWithSize:"};
+Message<void(id)> setBackgroundColor_{"setBackgroundColor:"};
+Message<NSSize()> sizeMessage{"size"};
 
 void NSImageConstructor(REALobjectStruct*) { constructed(); }
 
@@ -30,16 +30,14 @@ void ConstructorSize(REALobjectStruct* object, double width, double height, REAL
     if (!mayInitialise(object)) return;
     guarded([&] {
         const NSSize size{static_cast<CGFloat>(width), static_cast<CGFloat>(height)};
-        const id image = send<id>(send<id>(cls::NSImage, sel::alloc), initWithSize_, size);
+        const id image = initWithSize_(sel::alloc(cls::NSImage), size);
         holdNative(object, image);
-        if (const id native = nativeObject(color)) send<void>(image, setBackgroundColor_, native);
+        if (const id native = nativeObject(color)) setBackgroundColor_(image, native);
     });
 }
 
 NSSize sizeOf(REALobjectStruct* object) {
-    NSSize size = {};
-    guarded([&] { size = send<NSSize>(nativeObject(object), sizeMessage); });
-    return size;
+    return answered([&] { return sizeMessage(nativeObject(object)); });
 }
 
 double width(REALobjectStruct* object, REALword) { return sizeOf(object).width; }
@@ -47,9 +45,7 @@ double height(REALobjectStruct* object, REALword) { return sizeOf(object).height
 
 // A new reference to the NSColorZRX object of the image's colour, or nil.
 REALobjectStruct* backgroundColor(REALobjectStruct* object) {
-    REALobjectStruct* result = nullptr;
-    guarded([&] { result = NewNSColorZRX(send<id>(nativeObject(object), backgroundColorMessage)); });
-    return result;
+    return answered([&] { return NewNSColorZRX(backgroundColorMessage(nativeObject(object))); });
 }
 
 // clang-format off

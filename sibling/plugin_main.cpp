@@ -24,9 +24,9 @@ REALobjectStruct* newException(id, SEL, id exception) { return newHostException(
 
 void start(REALresolver resolver) {
     if (resolver) {
-        addClassMethod(cls::NSException, sel::GetInstancesDictionaryZRX, instancesDictionary, "^v@:");
-        addClassMethod(cls::NSException, sel::PrepareNSExceptionZRX, prepareExceptions, "v@:");
-        addClassMethod(cls::NSException, sel::NewNSExceptionZRX_, newException, "^v@:@");
+        addClassMethod(cls::NSException, sel::GetInstancesDictionaryZRX, instancesDictionary);
+        addClassMethod(cls::NSException, sel::PrepareNSExceptionZRX, prepareExceptions);
+        addClassMethod(cls::NSException, sel::NewNSExceptionZRX_, newException);
     }
     startPlugin(resolver, {&NSExceptionClass, &NSImageClass});
 }

@@ -16,13 +16,13 @@ struct NSRange {
 };
 
 ClassName NSString{"NSString"};
-Selector canBeConvertedToEncoding_{"canBeConvertedToEncoding:"};
-Selector getCString_maxLength_encoding_{"getCString:maxLength:encoding:"};
-Selector getCharacters_range_{"getCharacters:range:"};
-Selector initWithCharacters_length_{"initWithCharacters:length:"};
+Message<BOOL(NSUInteger)> canBeConvertedToEncoding_{"canBeConvertedToEncoding:"};
+Message<BOOL(char*, NSUInteger, NSUInteger)> getCString_maxLength_encoding_{"getCString:maxLength:encoding:"};
+Message<void(UniChar*, NSRange)> getCharacters_range_{"getCharacters:range:"};
+Message<id(const UniChar*, NSUInteger)> initWithCharacters_length_{"initWithCharacters:length:"};
 
 id newString(const UniChar* units, NSUInteger count) {
-    return send<id>(send<id>(NSString, sel::alloc), initWithCharacters_length_, units, count);
+    return initWithCharacters_length_(sel::alloc(NSString), units, count);
 }
 
 // Calls use(text) with the units of a string, short ones on the stack. Native exceptions unwind here, so text may live
@@ -34,7 +34,7 @@ auto withText(CFStringRef string, Use use) {
     std::u16string longText;
     if (length > std::size(shortText)) longText.resize(length);
     char16_t* const units = longText.empty() ? shortText : longText.data();
-    send<void>(string, getCharacters_range_, reinterpret_cast<UniChar*>(units), NSRange{0, length});
+    getCharacters_range_(string, reinterpret_cast<UniChar*>(units), NSRange{0, length});
     return use(std::u16string_view(units, length));
 }
 
@@ -54,16 +54,14 @@ GNUSTEP_EXPORT CFStringRef CFStringCreateWithBytes(CFAllocatorRef, const std::ui
     return newString(reinterpret_cast<const UniChar*>(text.data()), text.size());
 }
 
-GNUSTEP_EXPORT CFIndex CFStringGetLength(CFStringRef string) {
-    return static_cast<CFIndex>(send<NSUInteger>(string, sel::length));
-}
+GNUSTEP_EXPORT CFIndex CFStringGetLength(CFStringRef string) { return static_cast<CFIndex>(sel::length(string)); }
 
 GNUSTEP_EXPORT Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex capacity, CFStringEncoding encoding) {
     if (!string || !buffer || capacity <= 0) return 0;
     // Text that is ASCII, nearly all of it, NSString copies out by itself.
     constexpr NSUInteger asciiEncoding = 1;
-    if (extendsAscii(encoding) && send<BOOL>(string, canBeConvertedToEncoding_, asciiEncoding) &&
-        send<BOOL>(string, getCString_maxLength_encoding_, buffer, static_cast<NSUInteger>(capacity), asciiEncoding)) {
+    if (extendsAscii(encoding) && canBeConvertedToEncoding_(string, asciiEncoding) &&
+        getCString_maxLength_encoding_(string, buffer, static_cast<NSUInteger>(capacity), asciiEncoding)) {
         return 1;
     }
     const bool isWritten = withText(string, [=](std::u16string_view text) {

@@ -7,8 +7,8 @@ namespace {
 
 [[gnu::constructor]] void openOutermostPool() {
     ClassName NSAutoreleasePool{"NSAutoreleasePool"};
-    Selector init{"init"};
-    send<id>(send<id>(NSAutoreleasePool, sel::alloc), init);
+    Message<id()> init{"init"};
+    init(sel::alloc(NSAutoreleasePool));
 }
 
 } // namespace

@@ -52,16 +52,15 @@ id NewNSData(REALmemoryBlockStruct* block) {
         [&] {
             const std::int32_t size = blockSize(block);
             const void* const bytes = blockBytes(block);
-            if (bytes && size > 0)
-                data = send<id>(cls::NSData, sel::dataWithBytes_length_, bytes, static_cast<NSUInteger>(size));
+            if (bytes && size > 0) data = sel::dataWithBytes_length_(cls::NSData, bytes, static_cast<NSUInteger>(size));
         },
         [&] { REALUnlockObject(asObject(block)); });
     return data;
 }
 
 REALmemoryBlockStruct* NSDataRB(id data) {
-    const void* const bytes = send<const void*>(data, sel::bytes);
-    const auto length = static_cast<std::int32_t>(send<NSUInteger>(data, sel::length));
+    const void* const bytes = sel::bytes(data);
+    const auto length = static_cast<std::int32_t>(sel::length(data));
     if (!bytes || length <= 0) return nullptr;
     try {
         if (REALmemoryBlockStruct* const block = newBlock(bytes, length)) return block;

@@ -28,8 +28,8 @@ void raiseFormatted(const char* className, const char* fallback, std::size_t siz
 }
 
 void raiseWithoutSibling(id exception) {
-    const id name = send<id>(exception, sel::name);
-    const id reason = send<id>(exception, sel::reason);
+    const id name = sel::name(exception);
+    const id reason = sel::reason(exception);
     withUTF8(name, [&](const char* nameText) {
         withUTF8(reason, [&](const char* reasonText) {
             const char* const first = nameText ? nameText : "NSException";
@@ -94,8 +94,8 @@ void raisePlatformException(id thrown) {
     // Making the host exception sends messages too; a further NSException out of them is dropped.
     REALobjectStruct* exception = nullptr;
     quiet([&] {
-        if (send<BOOL>(cls::NSException, sel::respondsToSelector_, sel::NewNSExceptionZRX_.get())) {
-            exception = send<REALobjectStruct*>(cls::NSException, sel::NewNSExceptionZRX_, thrown);
+        if (sel::respondsToSelector_(cls::NSException, sel::NewNSExceptionZRX_.get())) {
+            exception = sel::NewNSExceptionZRX_(cls::NSException, thrown);
         } else {
             raiseWithoutSibling(thrown);
         }

@@ -41,15 +41,23 @@ template <class Body>
     return true;
 }
 
+// The guarded frame of a function with one result: what `make` answers, and 0 or null when an exception ended it.
+template <class Make>
+auto answered(Make make) {
+    decltype(make()) answer{};
+    guarded([&] { answer = make(); });
+    return answer;
+}
+
 // The body that asks for one answer and converts nothing, and the answer: 0 unless the body ran to its end. In one object,
 // since such getters are called for every colour of a picture.
 template <class Answer>
-struct Question {
+struct Getter {
     id receiver;
-    Selector& message;
+    Message<Answer()>& message;
     Answer answer = 0;
 
-    void operator()() { answer = send<Answer>(receiver, message); }
+    void operator()() { answer = message(receiver); }
 };
 
 // The body of class constructors, which run for every new object: only the first has something to do that may throw.

@@ -24,7 +24,7 @@ id registeredImage(const REALobjectStruct* object) {
     if (!instances) return nullptr;
     Search search{object, nullptr};
     CFDictionaryApplyFunction(instances, compareEntry, &search);
-    return send<BOOL>(search.image, sel::isKindOfClass_, cls::NSImage.get()) ? search.image : nullptr;
+    return sel::isKindOfClass_(search.image, cls::NSImage.get()) ? search.image : nullptr;
 }
 
 } // namespace

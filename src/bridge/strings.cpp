@@ -124,7 +124,7 @@ CFStringRef RBString2CFString(REALstringStruct* string) {
     return fromStorage(string, encoding);
 }
 
-id autoreleasedString(REALstringStruct* string) { return send<id>(RBString2CFString(string), sel::autorelease); }
+id autoreleasedString(REALstringStruct* string) { return sel::autorelease(RBString2CFString(string)); }
 
 REALstringStruct* NSStringRB(id string) {
     REALstringStruct* result = nullptr;

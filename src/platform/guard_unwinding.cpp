@@ -9,6 +9,6 @@ extern "C" [[noreturn]] void objc_exception_throw(id exception);
 
 void throwNative(id object) { objc_exception_throw(object); }
 
-bool isNSException(id object) { return send<BOOL>(object, sel::isKindOfClass_, cls::NSException.get()) != 0; }
+bool isNSException(id object) { return sel::isKindOfClass_(object, cls::NSException.get()) != 0; }
 
 } // namespace chroma

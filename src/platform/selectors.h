@@ -1,8 +1,9 @@
 // Every class and every selector that the plugin names, one list each. An identifier is the selector with its colons as
-// underscores.
+// underscores; its signature is that of the methods, which agree wherever more than one class answers it.
 #pragma once
 
-#include "platform/objc.h"
+#include "chromabridge/host_abi.h"
+#include "platform/corefoundation.h"
 #include "platform/system_colors.h"
 
 namespace chroma::cls {
@@ -20,125 +21,136 @@ inline ClassName NSPasteboard{"NSPasteboard"};
 namespace chroma::sel {
 
 // NSObject
-inline Selector alloc{"alloc"};
-inline Selector autorelease{"autorelease"};
-inline Selector isKindOfClass_{"isKindOfClass:"};
-inline Selector release{"release"};
-inline Selector respondsToSelector_{"respondsToSelector:"};
-inline Selector retain{"retain"};
+inline Message<id()> alloc{"alloc"};
+inline Message<id()> autorelease{"autorelease"};
+inline Message<BOOL(id)> isKindOfClass_{"isKindOfClass:"};
+inline Message<void()> release{"release"};
+inline Message<BOOL(SEL)> respondsToSelector_{"respondsToSelector:"};
+inline Message<id()> retain{"retain"};
 
 // NSException, and what sibling plugins add to its class
-inline Selector GetInstancesDictionaryZRX{"GetInstancesDictionaryZRX"};
-inline Selector NewNSExceptionZRX_{"NewNSExceptionZRX:"};
-inline Selector PrepareNSExceptionZRX{"PrepareNSExceptionZRX"};
-inline Selector name{"name"};
-inline Selector reason{"reason"};
+inline Message<CFMutableDictionaryRef()> GetInstancesDictionaryZRX{"GetInstancesDictionaryZRX"};
+inline Message<REALobjectStruct*(id)> NewNSExceptionZRX_{"NewNSExceptionZRX:"};
+inline Message<void()> PrepareNSExceptionZRX{"PrepareNSExceptionZRX"};
+inline Message<id()> name{"name"};
+inline Message<id()> reason{"reason"};
 
 // NSData
-inline Selector bytes{"bytes"};
-inline Selector dataWithBytes_length_{"dataWithBytes:length:"};
-inline Selector dataWithContentsOfFile_{"dataWithContentsOfFile:"};
-inline Selector length{"length"};
+inline Message<const void*()> bytes{"bytes"};
+inline Message<id(const void*, NSUInteger)> dataWithBytes_length_{"dataWithBytes:length:"};
+inline Message<id(id)> dataWithContentsOfFile_{"dataWithContentsOfFile:"};
+inline Message<NSUInteger()> length{"length"};
 
 // NSArray and NSEnumerator
-inline Selector nextObject{"nextObject"};
-inline Selector objectEnumerator{"objectEnumerator"};
+inline Message<id()> nextObject{"nextObject"};
+inline Message<id()> objectEnumerator{"objectEnumerator"};
 
 // NSColor: making
-inline Selector colorFromPasteboard_{"colorFromPasteboard:"};
-inline Selector colorWithCGColor_{"colorWithCGColor:"};
-inline Selector colorWithCalibratedHue_saturation_brightness_alpha_{"colorWithCalibratedHue:saturation:brightness:alpha:"};
-inline Selector colorWithCalibratedRed_green_blue_alpha_{"colorWithCalibratedRed:green:blue:alpha:"};
-inline Selector colorWithCalibratedWhite_alpha_{"colorWithCalibratedWhite:alpha:"};
-inline Selector colorWithColorSpace_components_count_{"colorWithColorSpace:components:count:"};
-inline Selector colorWithColorSpace_hue_saturation_brightness_alpha_{"colorWithColorSpace:hue:saturation:brightness:alpha:"};
-inline Selector colorWithDeviceCyan_magenta_yellow_black_alpha_{"colorWithDeviceCyan:magenta:yellow:black:alpha:"};
-inline Selector colorWithDeviceHue_saturation_brightness_alpha_{"colorWithDeviceHue:saturation:brightness:alpha:"};
-inline Selector colorWithDeviceRed_green_blue_alpha_{"colorWithDeviceRed:green:blue:alpha:"};
-inline Selector colorWithDeviceWhite_alpha_{"colorWithDeviceWhite:alpha:"};
-inline Selector colorWithDisplayP3Red_green_blue_alpha_{"colorWithDisplayP3Red:green:blue:alpha:"};
-inline Selector colorWithGenericGamma22White_alpha_{"colorWithGenericGamma22White:alpha:"};
-inline Selector colorWithPatternImage_{"colorWithPatternImage:"};
-inline Selector colorWithSRGBRed_green_blue_alpha_{"colorWithSRGBRed:green:blue:alpha:"};
-inline Selector scrubberTexturedBackgroundColor{"scrubberTexturedBackgroundColor"};
+inline Message<id(id)> colorFromPasteboard_{"colorFromPasteboard:"};
+inline Message<id(const void*)> colorWithCGColor_{"colorWithCGColor:"};
+inline Message<id(CGFloat, CGFloat, CGFloat, CGFloat)> colorWithCalibratedHue_saturation_brightness_alpha_{
+    "colorWithCalibratedHue:saturation:brightness:alpha:"};
+inline Message<id(CGFloat, CGFloat, CGFloat, CGFloat)> colorWithCalibratedRed_green_blue_alpha_{
+    "colorWithCalibratedRed:green:blue:alpha:"};
+inline Message<id(CGFloat, CGFloat)> colorWithCalibratedWhite_alpha_{"colorWithCalibratedWhite:alpha:"};
+inline Message<id(id, const CGFloat*, NSInteger)> colorWithColorSpace_components_count_{
+    "colorWithColorSpace:components:count:"};
+inline Message<id(id, CGFloat, CGFloat, CGFloat, CGFloat)> colorWithColorSpace_hue_saturation_brightness_alpha_{
+    "colorWithColorSpace:hue:saturation:brightness:alpha:"};
+inline Message<id(CGFloat, CGFloat, CGFloat, CGFloat, CGFloat)> colorWithDeviceCyan_magenta_yellow_black_alpha_{
+    "colorWithDeviceCyan:magenta:yellow:black:alpha:"};
+inline Message<id(CGFloat, CGFloat, CGFloat, CGFloat)> colorWithDeviceHue_saturation_brightness_alpha_{
+    "colorWithDeviceHue:saturation:brightness:alpha:"};
+inline Message<id(CGFloat, CGFloat, CGFloat, CGFloat)> colorWithDeviceRed_green_blue_alpha_{
+    "colorWithDeviceRed:green:blue:alpha:"};
+inline Message<id(CGFloat, CGFloat)> colorWithDeviceWhite_alpha_{"colorWithDeviceWhite:alpha:"};
+inline Message<id(CGFloat, CGFloat, CGFloat, CGFloat)> colorWithDisplayP3Red_green_blue_alpha_{
+    "colorWithDisplayP3Red:green:blue:alpha:"};
+inline Message<id(CGFloat, CGFloat)> colorWithGenericGamma22White_alpha_{"colorWithGenericGamma22White:alpha:"};
+inline Message<id(id)> colorWithPatternImage_{"colorWithPatternImage:"};
+inline Message<id(CGFloat, CGFloat, CGFloat, CGFloat)> colorWithSRGBRed_green_blue_alpha_{
+    "colorWithSRGBRed:green:blue:alpha:"};
+inline Message<id()> scrubberTexturedBackgroundColor{"scrubberTexturedBackgroundColor"};
 
-#define CHROMA_SELECTOR(name) inline Selector name{#name};
+#define CHROMA_SELECTOR(name) inline Message<id()> name{#name};
 CHROMA_SYSTEM_COLORS(CHROMA_SELECTOR)
 #undef CHROMA_SELECTOR
 
 // NSColor: reading; spaces answer some of these too
-inline Selector CGColor{"CGColor"};
-inline Selector alphaComponent{"alphaComponent"};
-inline Selector blackComponent{"blackComponent"};
-inline Selector blueComponent{"blueComponent"};
-inline Selector brightnessComponent{"brightnessComponent"};
-inline Selector catalogNameComponent{"catalogNameComponent"};
-inline Selector colorNameComponent{"colorNameComponent"};
-inline Selector colorSpaceName{"colorSpaceName"};
-inline Selector cyanComponent{"cyanComponent"};
-inline Selector description{"description"};
-inline Selector getComponents_{"getComponents:"};
-inline Selector getCyan_magenta_yellow_black_alpha_{"getCyan:magenta:yellow:black:alpha:"};
-inline Selector getHue_saturation_brightness_alpha_{"getHue:saturation:brightness:alpha:"};
-inline Selector getRed_green_blue_alpha_{"getRed:green:blue:alpha:"};
-inline Selector getWhite_alpha_{"getWhite:alpha:"};
-inline Selector greenComponent{"greenComponent"};
-inline Selector hueComponent{"hueComponent"};
-inline Selector localizedCatalogNameComponent{"localizedCatalogNameComponent"};
-inline Selector localizedColorNameComponent{"localizedColorNameComponent"};
-inline Selector magentaComponent{"magentaComponent"};
-inline Selector numberOfComponents{"numberOfComponents"};
-inline Selector redComponent{"redComponent"};
-inline Selector saturationComponent{"saturationComponent"};
-inline Selector whiteComponent{"whiteComponent"};
-inline Selector yellowComponent{"yellowComponent"};
+inline Message<const void*()> CGColor{"CGColor"};
+inline Message<CGFloat()> alphaComponent{"alphaComponent"};
+inline Message<CGFloat()> blackComponent{"blackComponent"};
+inline Message<CGFloat()> blueComponent{"blueComponent"};
+inline Message<CGFloat()> brightnessComponent{"brightnessComponent"};
+inline Message<id()> catalogNameComponent{"catalogNameComponent"};
+inline Message<id()> colorNameComponent{"colorNameComponent"};
+inline Message<id()> colorSpaceName{"colorSpaceName"};
+inline Message<CGFloat()> cyanComponent{"cyanComponent"};
+inline Message<id()> description{"description"};
+inline Message<void(CGFloat*)> getComponents_{"getComponents:"};
+inline Message<void(CGFloat*, CGFloat*, CGFloat*, CGFloat*, CGFloat*)> getCyan_magenta_yellow_black_alpha_{
+    "getCyan:magenta:yellow:black:alpha:"};
+inline Message<void(CGFloat*, CGFloat*, CGFloat*, CGFloat*)> getHue_saturation_brightness_alpha_{
+    "getHue:saturation:brightness:alpha:"};
+inline Message<void(CGFloat*, CGFloat*, CGFloat*, CGFloat*)> getRed_green_blue_alpha_{"getRed:green:blue:alpha:"};
+inline Message<void(CGFloat*, CGFloat*)> getWhite_alpha_{"getWhite:alpha:"};
+inline Message<CGFloat()> greenComponent{"greenComponent"};
+inline Message<CGFloat()> hueComponent{"hueComponent"};
+inline Message<id()> localizedCatalogNameComponent{"localizedCatalogNameComponent"};
+inline Message<id()> localizedColorNameComponent{"localizedColorNameComponent"};
+inline Message<CGFloat()> magentaComponent{"magentaComponent"};
+inline Message<NSInteger()> numberOfComponents{"numberOfComponents"};
+inline Message<CGFloat()> redComponent{"redComponent"};
+inline Message<CGFloat()> saturationComponent{"saturationComponent"};
+inline Message<CGFloat()> whiteComponent{"whiteComponent"};
+inline Message<CGFloat()> yellowComponent{"yellowComponent"};
 
 // NSColor: deriving
-inline Selector blendedColorWithFraction_ofColor_{"blendedColorWithFraction:ofColor:"};
-inline Selector colorSpace{"colorSpace"};
-inline Selector colorUsingColorSpace_{"colorUsingColorSpace:"};
-inline Selector colorUsingColorSpaceName_{"colorUsingColorSpaceName:"};
-inline Selector colorWithAlphaComponent_{"colorWithAlphaComponent:"};
-inline Selector highlightWithLevel_{"highlightWithLevel:"};
-inline Selector patternImage{"patternImage"};
-inline Selector shadowWithLevel_{"shadowWithLevel:"};
-inline Selector writeToPasteboard_{"writeToPasteboard:"};
+inline Message<id(CGFloat, id)> blendedColorWithFraction_ofColor_{"blendedColorWithFraction:ofColor:"};
+inline Message<id()> colorSpace{"colorSpace"};
+inline Message<id(id)> colorUsingColorSpace_{"colorUsingColorSpace:"};
+inline Message<id(id)> colorUsingColorSpaceName_{"colorUsingColorSpaceName:"};
+inline Message<id(CGFloat)> colorWithAlphaComponent_{"colorWithAlphaComponent:"};
+inline Message<id(CGFloat)> highlightWithLevel_{"highlightWithLevel:"};
+inline Message<id()> patternImage{"patternImage"};
+inline Message<id(CGFloat)> shadowWithLevel_{"shadowWithLevel:"};
+inline Message<void(id)> writeToPasteboard_{"writeToPasteboard:"};
 
 // NSColorSpace
-inline Selector CGColorSpace{"CGColorSpace"};
-inline Selector ICCProfileData{"ICCProfileData"};
-inline Selector adobeRGB1998ColorSpace{"adobeRGB1998ColorSpace"};
-inline Selector availableColorSpacesWithModel_{"availableColorSpacesWithModel:"};
-inline Selector colorSpaceForColorSpaceName_{"colorSpaceForColorSpaceName:"};
-inline Selector colorSpaceModel{"colorSpaceModel"};
-inline Selector colorSyncProfile{"colorSyncProfile"};
-inline Selector deviceCMYKColorSpace{"deviceCMYKColorSpace"};
-inline Selector deviceGrayColorSpace{"deviceGrayColorSpace"};
-inline Selector deviceRGBColorSpace{"deviceRGBColorSpace"};
-inline Selector genericCMYKColorSpace{"genericCMYKColorSpace"};
-inline Selector genericGamma22GrayColorSpace{"genericGamma22GrayColorSpace"};
-inline Selector genericGrayColorSpace{"genericGrayColorSpace"};
-inline Selector genericRGBColorSpace{"genericRGBColorSpace"};
-inline Selector initWithCGColorSpace_{"initWithCGColorSpace:"};
-inline Selector initWithColorSyncProfile_{"initWithColorSyncProfile:"};
-inline Selector initWithICCProfileData_{"initWithICCProfileData:"};
-inline Selector localizedName{"localizedName"};
-inline Selector numberOfColorComponents{"numberOfColorComponents"};
-inline Selector sRGBColorSpace{"sRGBColorSpace"};
+inline Message<const void*()> CGColorSpace{"CGColorSpace"};
+inline Message<id()> ICCProfileData{"ICCProfileData"};
+inline Message<id()> adobeRGB1998ColorSpace{"adobeRGB1998ColorSpace"};
+inline Message<id(NSInteger)> availableColorSpacesWithModel_{"availableColorSpacesWithModel:"};
+inline Message<id(id)> colorSpaceForColorSpaceName_{"colorSpaceForColorSpaceName:"};
+inline Message<SpaceInteger()> colorSpaceModel{"colorSpaceModel"};
+inline Message<const void*()> colorSyncProfile{"colorSyncProfile"};
+inline Message<id()> deviceCMYKColorSpace{"deviceCMYKColorSpace"};
+inline Message<id()> deviceGrayColorSpace{"deviceGrayColorSpace"};
+inline Message<id()> deviceRGBColorSpace{"deviceRGBColorSpace"};
+inline Message<id()> genericCMYKColorSpace{"genericCMYKColorSpace"};
+inline Message<id()> genericGamma22GrayColorSpace{"genericGamma22GrayColorSpace"};
+inline Message<id()> genericGrayColorSpace{"genericGrayColorSpace"};
+inline Message<id()> genericRGBColorSpace{"genericRGBColorSpace"};
+inline Message<id(const void*)> initWithCGColorSpace_{"initWithCGColorSpace:"};
+inline Message<id(const void*)> initWithColorSyncProfile_{"initWithColorSyncProfile:"};
+inline Message<id(id)> initWithICCProfileData_{"initWithICCProfileData:"};
+inline Message<id()> localizedName{"localizedName"};
+inline Message<SpaceInteger()> numberOfColorComponents{"numberOfColorComponents"};
+inline Message<id()> sRGBColorSpace{"sRGBColorSpace"};
 
 // NSColorList
-inline Selector colorListNamed_{"colorListNamed:"};
-inline Selector colorWithKey_{"colorWithKey:"};
-inline Selector initWithName_{"initWithName:"};
-inline Selector initWithName_fromFile_{"initWithName:fromFile:"};
-inline Selector insertColor_key_atIndex_{"insertColor:key:atIndex:"};
-inline Selector isEditable{"isEditable"};
-inline Selector removeColorWithKey_{"removeColorWithKey:"};
-inline Selector removeFile{"removeFile"};
-inline Selector setColor_forKey_{"setColor:forKey:"};
-inline Selector writeToFile_{"writeToFile:"};
+inline Message<id(id)> colorListNamed_{"colorListNamed:"};
+inline Message<id(id)> colorWithKey_{"colorWithKey:"};
+inline Message<id(id)> initWithName_{"initWithName:"};
+inline Message<id(id, id)> initWithName_fromFile_{"initWithName:fromFile:"};
+inline Message<void(id, id, ListIndex)> insertColor_key_atIndex_{"insertColor:key:atIndex:"};
+inline Message<BOOL()> isEditable{"isEditable"};
+inline Message<void(id)> removeColorWithKey_{"removeColorWithKey:"};
+inline Message<void()> removeFile{"removeFile"};
+inline Message<void(id, id)> setColor_forKey_{"setColor:forKey:"};
+inline Message<BOOL(id)> writeToFile_{"writeToFile:"};
 
 // NSPasteboard
-inline Selector generalPasteboard{"generalPasteboard"};
+inline Message<id()> generalPasteboard{"generalPasteboard"};
 
 } // namespace chroma::sel

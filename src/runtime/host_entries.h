@@ -12,6 +12,12 @@ namespace chroma {
 // The host's resolver, stored by REALPluginMain. Not null once a class is registered, and nothing is resolved before that.
 extern REALresolver gResolver;
 
+// For entries that are asked for once, at the start; nothing of them is kept. Null when the host lacks the entry.
+template <class Procedure>
+Procedure resolveOnce(const char* entryName) {
+    return reinterpret_cast<Procedure>(gResolver(entryName));
+}
+
 enum class Lookup {
     once, // asked for at the first use; also a null answer is final
     retry // asked for at each use until the host answers, the newer name first
@@ -37,7 +43,7 @@ public:
     }
 
 private:
-    void resolve() {
+    [[gnu::noinline]] void resolve() {
         address_ = gResolver(name_);
         if (!address_ && olderName_) address_ = gResolver(olderName_);
         asked_ = true;

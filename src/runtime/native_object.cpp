@@ -14,9 +14,7 @@ namespace {
 
 bool ExceptionsInitialized = false;
 
-bool exceptionClassAnswers(Selector& message) {
-    return send<BOOL>(cls::NSException, sel::respondsToSelector_, message.get()) != 0;
-}
+bool exceptionClassAnswers(Selector& message) { return sel::respondsToSelector_(cls::NSException, message.get()) != 0; }
 
 // The live host object that holds `native`, borrowed; null when there is none.
 REALobjectStruct* liveObject(id native) {
@@ -29,9 +27,9 @@ REALobjectStruct* liveObject(id native) {
 void fetchFromSibling() {
     CocoaInited = true;
     if (!instances && exceptionClassAnswers(sel::GetInstancesDictionaryZRX))
-        instances = send<CFMutableDictionaryRef>(cls::NSException, sel::GetInstancesDictionaryZRX);
+        instances = sel::GetInstancesDictionaryZRX(cls::NSException);
     if (!ExceptionsInitialized && exceptionClassAnswers(sel::PrepareNSExceptionZRX)) {
-        send<void>(cls::NSException, sel::PrepareNSExceptionZRX);
+        sel::PrepareNSExceptionZRX(cls::NSException);
         ExceptionsInitialized = true;
     }
 }
@@ -44,7 +42,7 @@ REALobjectStruct* wrapNative(id native, const char* className) {
     }
     REALobjectStruct* const object = REALnewInstance(className);
     if (!object) return nullptr;
-    onThrow([&] { holdNative(object, send<id>(native, sel::retain)); }, [&] { REALUnlockObject(object); });
+    onThrow([&] { holdNative(object, sel::retain(native)); }, [&] { REALUnlockObject(object); });
     return object;
 }
 
@@ -58,7 +56,7 @@ void dropNative(REALobjectStruct* object) {
     if (!native) return;
     if (liveObject(native) == object) CFDictionaryRemoveValue(instances, native);
     setNativeObject(object, nullptr); // first: a release that throws must not be made again
-    send<void>(native, sel::release);
+    sel::release(native);
 }
 
 } // namespace chroma

@@ -1,3 +1,3 @@
 #include "platform/objc.h"
 
-extern "C" RESULT message(chroma::id object, chroma::Selector& selector) { return chroma::send<RESULT>(object, selector); }
+extern "C" RESULT message(chroma::id object, chroma::Message<RESULT()>& send) { return send(object); }

@@ -35,9 +35,9 @@ std::string profile;
 // The answer, retained; nil where the platform does not know the message.
 template <class... Arguments>
 id ask(id receiver, const char* message, Arguments... arguments) {
-    Selector selector{message};
-    const bool answers = send<BOOL>(receiver, sel::respondsToSelector_, selector.get()) != 0;
-    return answers ? send<id>(send<id>(receiver, selector, arguments...), sel::retain) : nullptr;
+    Message<id(Arguments...)> send{message};
+    const bool answers = sel::respondsToSelector_(receiver, send.get()) != 0;
+    return answers ? sel::retain(send(receiver, arguments...)) : nullptr;
 }
 
 id text(const char* ascii) {
@@ -47,14 +47,13 @@ id text(const char* ascii) {
 
 template <class... Arguments>
 id make(id cls, const char* initialiser, Arguments... arguments) {
-    Selector selector{initialiser};
-    return send<id>(send<id>(cls, sel::alloc), selector, arguments...);
+    return Message<id(Arguments...)>{initialiser}(sel::alloc(cls), arguments...);
 }
 
 host::Object* newObject(const std::string& className, id native) {
     host::ClassInfo* const info = host::registry().find(className);
     host::Object* const object = info ? host::newObject(*info) : nullptr;
-    if (object && native) holdNative(object, send<id>(native, sel::retain));
+    if (object && native) holdNative(object, sel::retain(native));
     return object;
 }
 
@@ -63,7 +62,7 @@ host::Object* newObject(const std::string& className, id native) {
 Slot newList() {
     const id name = text("list"), key = text("key"), color = ask(cls::NSColor.get(), "grayColor");
     const id list = make(cls::NSColorList.get(), "initWithName:", name);
-    send<void>(list, sel::setColor_forKey_, color, key);
+    sel::setColor_forKey_(list, color, key);
     const Slot object = Slot::ofObject(newObject("NSColorListZRX", list));
     for (const id made : {name, key, color, list})
         CFRelease(made);
@@ -197,7 +196,7 @@ void prepareNatives() {
     if (!space) space = ask(spaceClass, "genericRGBColorSpace");
     auto& spaces = natives["NSColorSpaceZRX"] = {space, ask(spaceClass, "deviceGrayColorSpace")};
     if (const id data = ask(space, "ICCProfileData")) {
-        profile.assign(static_cast<const char*>(send<const void*>(data, sel::bytes)), send<NSUInteger>(data, sel::length));
+        profile.assign(static_cast<const char*>(sel::bytes(data)), sel::length(data));
         spaces.push_back(make(cls::NSColorSpace.get(), "initWithICCProfileData:", data));
         natives["NSData"] = {data};
     }
@@ -221,16 +220,17 @@ void prepareNatives() {
 
 void settle() {
     ClassName NSRunLoop{"NSRunLoop"}, NSDate{"NSDate"};
-    Selector currentRunLoop{"currentRunLoop"}, runUntilDate{"runUntilDate:"}, distantPast{"distantPast"};
-    send<void>(send<id>(NSRunLoop, currentRunLoop), runUntilDate, send<id>(NSDate, distantPast));
+    Message<id()> currentRunLoop{"currentRunLoop"}, distantPast{"distantPast"};
+    Message<void(id)> runUntilDate{"runUntilDate:"};
+    runUntilDate(currentRunLoop(NSRunLoop), distantPast(NSDate));
 }
 
 std::size_t retainsOfNatives() {
-    Selector retainCount{"retainCount"};
-    std::size_t sum = send<NSUInteger>(testException, retainCount) + send<NSUInteger>(testObject, retainCount);
+    Message<NSUInteger()> retainCount{"retainCount"};
+    std::size_t sum = retainCount(testException) + retainCount(testObject);
     for (const auto& [className, objects] : natives)
         for (const id object : objects)
-            sum += send<NSUInteger>(object, retainCount);
+            sum += retainCount(object);
     return sum;
 }
 

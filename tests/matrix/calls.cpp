@@ -98,17 +98,17 @@ void invoke(Call& call) {
 }
 
 const host::Type number = host::Type::plain(host::Kind::real);
-chroma::Selector description{"description"}, localizedName{"localizedName"};
+chroma::Message<chroma::id()> description{"description"}, localizedName{"localizedName"};
 
 // By the class, and what a colour or a space says of itself.
 std::string told(const host::Object* object) {
     if (!object) return "";
     std::string text = object->info->name();
-    chroma::Selector* const message = text == "NSColorZRX"        ? &description
-                                      : text == "NSColorSpaceZRX" ? &localizedName
-                                                                  : nullptr;
+    chroma::Message<chroma::id()>* const message = text == "NSColorZRX"        ? &description
+                                                   : text == "NSColorSpaceZRX" ? &localizedName
+                                                                               : nullptr;
     if (!message) return text;
-    host::String* const words = chroma::NSStringRB(chroma::send<chroma::id>(chroma::nativeObject(object), *message));
+    host::String* const words = chroma::NSStringRB((*message)(chroma::nativeObject(object)));
     if (words) text += host::bytesOf(words);
     host::unlock(words);
     return text;

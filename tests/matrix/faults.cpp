@@ -60,7 +60,7 @@ void fail() {
 template <class Result>
 Result failingMethod(id receiver, SEL selector) {
     ++suspensions;
-    if (consumesReceiver(sel_getName(selector))) send<void>(receiver, sel::release);
+    if (consumesReceiver(sel_getName(selector))) sel::release(receiver);
     --suspensions;
     fail();
     return Result();

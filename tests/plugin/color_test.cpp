@@ -1,7 +1,7 @@
 // NSColorZRX where the platform or the host fails, and what whole programs do not reach.
 #include "support/plugin_test.h"
 
-#include "classes/color/color_factories.h"
+#include "classes/color/color_shared.h"
 #include "classes/colorlist/colorlist.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 // NSColorListZRX: lists loaded, replaced and dropped, from files whole and broken.
 #include "support/plugin_test.h"
 
-#include "classes/color/color_factories.h"
+#include "classes/color/color_shared.h"
 #include "classes/colorlist/colorlist.h"
 
 #include <cstdio>

@@ -2,7 +2,7 @@
 #include "support/plugin_test.h"
 
 #include "bridge/frame.h"
-#include "classes/color/color_factories.h"
+#include "classes/color/color_shared.h"
 #include "classes/colorlist/colorlist.h"
 
 #include <fstream>
@@ -11,6 +11,28 @@
 using namespace chroma;
 
 class Platform : public PluginTest {};
+
+// A message takes what its methods take, and nothing that would have to be converted.
+template <class Signature, class... Arguments>
+constexpr bool takes = std::is_invocable_v<Message<Signature>&, id, Arguments...>;
+using OtherFloat = std::conditional_t<sizeof(CGFloat) == 8, float, double>;
+static_assert(takes<id(CGFloat, id), CGFloat, id> && takes<void(const CGFloat*), CGFloat*> &&
+              takes<void(id), std::nullptr_t>);
+static_assert(!takes<id(CGFloat, id), id, CGFloat> && !takes<id(CGFloat, id), CGFloat> && !takes<id(), id>);
+static_assert(!takes<id(CGFloat), OtherFloat> && !takes<id(CGFloat), int> && !takes<id(NSInteger), NSUInteger>);
+static_assert(!takes<void(CGFloat*), const CGFloat*> && !takes<void(CGFloat*), OtherFloat*> && !takes<id(const void*), id>);
+
+#ifndef NDEBUG
+TEST_F(Platform, TellsTheTypesOfAMethodThatIsSentWithOthers) {
+    const id color = native::sendClass("NSColor", "redColor");
+    EXPECT_EQ((Message<CGFloat()>{"redComponent"}(color)), 1);
+    EXPECT_DEATH(Message<OtherFloat()>{"redComponent"}(color), "redComponent has the types [fd].* and is sent with [df]@:");
+    OtherFloat value = 0;
+    EXPECT_DEATH(Message<void(OtherFloat*)>{"getComponents:"}(color, &value),
+                 "has the types v.*\\^[fd].* sent with v@:\\^[df]");
+    EXPECT_DEATH(Message<id(int)>{"highlightWithLevel:"}(color, 1), "has the types @.*[fd].* sent with @@:i");
+}
+#endif
 
 TEST_F(Platform, AnswersEveryMessageButTheOnesItIsKnownToLack) {
     for (const std::string message : platform::missingMessages) {

@@ -1,7 +1,7 @@
 // Start-up, the look-up of entries, class records, and native objects in host objects.
 #include "support/plugin_test.h"
 
-#include "classes/color/color_factories.h"
+#include "classes/color/color_shared.h"
 #include "classes/colorspace/colorspace.h"
 #include "runtime/class_records.h"
 #include "runtime/host_entries.h"

@@ -11,6 +11,7 @@
 
 #include "runtime/exhaustion.h"
 #include "runtime/lifetime.h"
+#include "runtime/type_encoding.h"
 
 #include <new>
 
@@ -19,6 +20,7 @@ namespace chroma::builtin {
 struct MethodEntry {
     const char* selector;
     IMP implementation;
+    const char* types;
     std::size_t arguments; // as many as the selector has colons
 };
 
@@ -29,6 +31,7 @@ struct Method;
 // arguments. A class method's receiver is a ClassObject.
 template <class R, class Self, class... Arguments, R (*function)(Self*, SEL, Arguments...)>
 struct Method<function> {
+    static constexpr auto types = encodedTypes<R, Arguments...>();
     static constexpr std::size_t arguments = sizeof...(Arguments);
 
     static R answer(Self* self, SEL selector, Arguments... given) {
@@ -48,12 +51,14 @@ struct Method<function> {
 
 template <auto function>
 MethodEntry method(const char* selector) {
-    return {selector, reinterpret_cast<IMP>(Method<function>::answer), Method<function>::arguments};
+    using Typed = Method<function>;
+    return {selector, reinterpret_cast<IMP>(Typed::answer), Typed::types.data(), Typed::arguments};
 }
 
 template <auto function>
 MethodEntry initialiser(const char* selector) {
-    return {selector, reinterpret_cast<IMP>(Method<function>::initialise), Method<function>::arguments};
+    using Typed = Method<function>;
+    return {selector, reinterpret_cast<IMP>(Typed::initialise), Typed::types.data(), Typed::arguments};
 }
 
 struct MethodEntries {

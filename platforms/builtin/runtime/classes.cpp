@@ -28,6 +28,12 @@ std::unordered_map<std::string_view, ClassObject*>& classesByName() {
     return *classes;
 }
 
+std::unique_ptr<char[]> copyOf(const char* text) {
+    auto copy = std::make_unique<char[]>(std::strlen(text) + 1);
+    std::strcpy(copy.get(), text);
+    return copy;
+}
+
 // Everything below that takes no lock of its own runs under classLock.
 
 MethodRecord* ownMethod(ClassObject& cls, SEL selector) {
@@ -78,8 +84,8 @@ void remember(ClassObject& cls, SEL selector, IMP implementation) {
     table->slots()[selector->index].store(implementation, std::memory_order_relaxed);
 }
 
-void addMethod(ClassObject& cls, SEL selector, IMP implementation) {
-    cls.methods = new MethodRecord{selector, implementation, &cls, cls.methods};
+void addMethod(ClassObject& cls, SEL selector, IMP implementation, const char* types) {
+    cls.methods = new MethodRecord{selector, implementation, types, &cls, cls.methods};
     forget(cls, selector);
 }
 
@@ -93,7 +99,7 @@ void addMethods(ClassObject& cls, const MethodEntries& methods) {
         const MethodEntry& entry = methods.entries[index];
         [[maybe_unused]] const char* const end = entry.selector + std::strlen(entry.selector);
         assert(static_cast<std::size_t>(std::count(entry.selector, end, ':')) == entry.arguments);
-        addMethod(cls, internSelector(entry.selector), entry.implementation);
+        addMethod(cls, internSelector(entry.selector), entry.implementation, entry.types);
     }
 }
 
@@ -188,8 +194,7 @@ BUILTIN_EXPORT Class objc_allocateClassPair(Class superclass, const char* name, 
     if (!parent || objc_getClass(name)) return nullptr;
     return builtin::orNull([&]() -> Class {
         auto cls = std::make_unique<ClassObject>();
-        auto copy = std::make_unique<char[]>(std::strlen(name) + 1);
-        std::strcpy(copy.get(), name);
+        auto copy = builtin::copyOf(name);
         cls->superclass = parent;
         cls->instanceSize = parent->instanceSize + extraBytes;
         cls->construct = parent->construct;
@@ -239,12 +244,16 @@ BUILTIN_EXPORT IMP method_getImplementation(Method method) {
     return method->implementation;
 }
 
-BUILTIN_EXPORT BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char*) {
+BUILTIN_EXPORT const char* method_getTypeEncoding(Method method) { return method->types; }
+
+BUILTIN_EXPORT BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char* types) {
     const std::lock_guard<std::mutex> lock(classLock);
     ClassObject* const target = asClass(cls);
     if (!target || builtin::ownMethod(*target, selector)) return 0;
     return builtin::orNull([&]() -> BOOL {
-        builtin::addMethod(*target, selector, implementation);
+        auto copy = types ? builtin::copyOf(types) : nullptr;
+        builtin::addMethod(*target, selector, implementation, copy.get());
+        copy.release();
         return 1;
     });
 }

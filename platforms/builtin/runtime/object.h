@@ -41,6 +41,7 @@ struct SelectorEntry {
 struct MethodRecord {
     SEL selector;
     IMP implementation;
+    const char* types; // null where who added the method told none
     builtin::ClassObject* owner;
     MethodRecord* next;
 };

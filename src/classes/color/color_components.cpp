@@ -20,12 +20,14 @@ void put(double* output, double value) {
     if (output) *output = value;
 }
 
-// A message that writes `count` components and alpha, the body that sends it, and what it wrote: in one place, without a
-// loop, since this runs for every colour of a picture.
-template <OtherKind otherKind, std::size_t count>
-struct Reading {
+// A message that writes components and alpha, the body that sends it, and what it wrote: in one place, without a loop, since
+// this runs for every colour of a picture.
+template <OtherKind otherKind, class... Pointers>
+struct ComponentRead {
+    static constexpr std::size_t count = sizeof...(Pointers) - 1;
+
     id color;
-    Selector& message;
+    Message<void(Pointers...)>& message;
     CGFloat* values; // then alpha
     bool wantsAlpha;
 
@@ -33,7 +35,7 @@ struct Reading {
         if constexpr (otherKind == OtherKind::raises) {
             ask(color);
         } else if (!quiet([&] { ask(color); })) {
-            ask(send<id>(color, sel::colorUsingColorSpaceName_, NSCalibratedRGBColorSpace));
+            ask(sel::colorUsingColorSpaceName_(color, NSCalibratedRGBColorSpace));
         }
     }
 
@@ -42,20 +44,21 @@ private:
 
     template <std::size_t... index>
     void ask(id source, std::index_sequence<index...>) {
-        send<void>(source, message, &values[index]..., wantsAlpha ? &values[count] : nullptr);
+        message(source, &values[index]..., wantsAlpha ? &values[count] : nullptr);
     }
 };
 
 // Reads the components that `message` writes, and alpha, into the outputs. A null alpha output is not asked of the platform.
-template <OtherKind otherKind, class... Outputs>
-[[gnu::always_inline]] inline void readOut(REALobjectStruct* object, Selector& message, double* alpha, Outputs... outputs) {
+template <OtherKind otherKind, class... Pointers, class... Outputs>
+[[gnu::always_inline]] inline void readOut(REALobjectStruct* object, Message<void(Pointers...)>& message, double* alpha,
+                                           Outputs... outputs) {
     (put(outputs, 0.0), ...);
     put(alpha, 0.0);
     const id color = nativeObject(object);
     if (!color) return;
-    CGFloat values[sizeof...(outputs) + 1] = {};
-    Reading<otherKind, sizeof...(outputs)> reading{color, message, values, alpha != nullptr};
-    if (!guarded(reading)) return;
+    CGFloat values[sizeof...(Pointers)] = {};
+    ComponentRead<otherKind, Pointers...> read{color, message, values, alpha != nullptr};
+    if (!guarded(read)) return;
     const CGFloat* value = values;
     (put(outputs, *value++), ...);
     put(alpha, *value);
@@ -68,15 +71,15 @@ HostColor channel(CGFloat value) {
     return product < 255.0F ? static_cast<HostColor>(product) : 255;
 }
 
-double number(REALobjectStruct* object, Selector& message) {
-    Question<CGFloat> question{nativeObject(object), message};
-    quiet(question);
-    return question.answer;
+double number(REALobjectStruct* object, Message<CGFloat()>& message) {
+    Getter<CGFloat> getter{nativeObject(object), message};
+    quiet(getter);
+    return getter.answer;
 }
 
-REALstringStruct* text(REALobjectStruct* object, Selector& message) {
+REALstringStruct* text(REALobjectStruct* object, Message<id()>& message) {
     REALstringStruct* result = nullptr;
-    quiet([&] { result = NSStringRB(send<id>(nativeObject(object), message)); });
+    quiet([&] { result = NSStringRB(message(nativeObject(object))); });
     return result;
 }
 
@@ -117,12 +120,12 @@ REALarrayDouble* getComponents(REALobjectStruct* object) {
     auto* const array = static_cast<REALarrayDouble*>(REALCreateArray(REALarrayOfDoubles, -1));
     const auto fill = [&] {
         const id color = nativeObject(object);
-        const auto reported = send<NSInteger>(color, sel::numberOfComponents);
+        const NSInteger reported = sel::numberOfComponents(color);
         if (reported <= 0) return;
         // The platform writes as many as it reports; the array keeps the first of them.
         withScratch<CGFloat, most>(static_cast<std::size_t>(reported), [&](CGFloat* values) {
             if (!values) return;
-            send<void>(color, sel::getComponents_, values);
+            sel::getComponents_(color, values);
             for (NSInteger i = 0; i < reported && i < most; ++i)
                 REALInsertArrayValueDouble(array, static_cast<std::int32_t>(i), values[i]);
         });
@@ -132,23 +135,21 @@ REALarrayDouble* getComponents(REALobjectStruct* object) {
 }
 
 HostColor colorValue(REALobjectStruct* object, REALword) {
-    HostColor result = 0;
-    guarded([&] {
+    return answered([&]() -> HostColor {
         const id color = nativeObject(object);
-        if (!color) return;
+        if (!color) return 0;
         CGFloat red = 0, green = 0, blue = 0, alpha = 0;
-        const auto read = [&](id source) { send<void>(source, sel::getRed_green_blue_alpha_, &red, &green, &blue, &alpha); };
+        const auto read = [&](id source) { sel::getRed_green_blue_alpha_(source, &red, &green, &blue, &alpha); };
         if (!quiet([&] { read(color); }))
-            read(send<id>(color, sel::colorUsingColorSpace_, send<id>(cls::NSColorSpace, sel::genericRGBColorSpace)));
-        result = channel(red) << 16 | channel(green) << 8 | channel(blue);
+            read(sel::colorUsingColorSpace_(color, sel::genericRGBColorSpace(cls::NSColorSpace)));
+        return channel(red) << 16 | channel(green) << 8 | channel(blue);
     });
-    return result;
 }
 
 HostInteger numberOfComponents(REALobjectStruct* object, REALword) {
-    Question<NSInteger> question{nativeObject(object), sel::numberOfComponents};
-    guarded(question);
-    return question.answer;
+    Getter<NSInteger> getter{nativeObject(object), sel::numberOfComponents};
+    guarded(getter);
+    return getter.answer;
 }
 
 #define CHROMA_NUMBER_GETTER(name)                                                                                          \

@@ -1,6 +1,6 @@
 // The class record of NSColorZRX and its tables, in record order.
 #include "classes/color/color.h"
-#include "classes/color/color_factories.h"
+#include "classes/color/color_shared.h"
 
 #include "runtime/class_records.h"
 

@@ -21,26 +21,23 @@ void initialise(REALobjectStruct* object, Make make, Hold hold) {
     });
 }
 
-id newSpace(Selector& initialiser, const void* argument) {
-    return send<id>(send<id>(cls::NSColorSpace, sel::alloc), initialiser, argument);
+template <class Argument>
+id newSpace(Message<id(Argument)>& initialiser, Argument argument) {
+    return initialiser(sel::alloc(cls::NSColorSpace), argument);
 }
 
-REALstringStruct* text(REALobjectStruct* object, Selector& message) {
-    REALstringStruct* result = nullptr;
-    guarded([&] { result = NSStringRB(send<id>(nativeObject(object), message)); });
-    return result;
+REALstringStruct* text(REALobjectStruct* object, Message<id()>& message) {
+    return answered([&] { return NSStringRB(message(nativeObject(object))); });
 }
 
-HostInteger integer(REALobjectStruct* object, Selector& message) {
-    Question<SpaceInteger> question{nativeObject(object), message};
-    guarded(question);
-    return question.answer;
+HostInteger integer(REALobjectStruct* object, Message<SpaceInteger()>& message) {
+    Getter<SpaceInteger> getter{nativeObject(object), message};
+    guarded(getter);
+    return getter.answer;
 }
 
-HostInteger handle(REALobjectStruct* object, Selector& message) {
-    HostInteger result = 0;
-    guarded([&] { result = asHandle(send<const void*>(nativeObject(object), message)); });
-    return result;
+HostInteger handle(REALobjectStruct* object, Message<const void*()>& message) {
+    return answered([&] { return asHandle(message(nativeObject(object))); });
 }
 
 } // namespace
@@ -69,9 +66,7 @@ void initWithCGColorSpace(REALobjectStruct* object, HostInteger space) {
 }
 
 REALmemoryBlockStruct* ICCProfileData(REALobjectStruct* object) {
-    REALmemoryBlockStruct* result = nullptr;
-    guarded([&] { result = NSDataRB(send<id>(nativeObject(object), sel::ICCProfileData)); });
-    return result;
+    return answered([&] { return NSDataRB(sel::ICCProfileData(nativeObject(object))); });
 }
 
 HostInteger colorSyncProfile(REALobjectStruct* object) { return handle(object, sel::colorSyncProfile); }

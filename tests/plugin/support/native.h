@@ -39,9 +39,10 @@ auto untraced(Body body) {
 template <class Result, class... Arguments>
 void replace(id cls, const char* selector, Result (*method)(id, SEL, Arguments...)) {
     const auto implementation = reinterpret_cast<IMP>(method);
-    // Where the class only inherits the method, some runtimes would replace its parent's. No one reads the encoded types.
-    if (!class_addMethod(cls, sel_registerName(selector), implementation, "@@:"))
-        class_replaceMethod(cls, sel_registerName(selector), implementation, "@@:");
+    const char* const types = methodTypes<Result, Arguments...>.data();
+    // Where the class only inherits the method, some runtimes would replace its parent's.
+    if (!class_addMethod(cls, sel_registerName(selector), implementation, types))
+        class_replaceMethod(cls, sel_registerName(selector), implementation, types);
 }
 
 // Lets the class raise an NSException instead of answering.

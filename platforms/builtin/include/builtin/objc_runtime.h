@@ -71,9 +71,10 @@ Method class_getClassMethod(Class cls, SEL selector);
 IMP class_getMethodImplementation(Class cls, SEL selector);
 BOOL class_respondsToSelector(Class cls, SEL selector);
 IMP method_getImplementation(Method method);
+const char* method_getTypeEncoding(Method method); // null where who added the method told none
 
 // Changes of a class's own methods, in force for the next message, also to instances of subclasses that inherit the method.
-// `types` is not used and may be null.
+// `types` is copied and told to who asks for it; it may be null. A method that is replaced keeps the types it had.
 //
 // class_addMethod does nothing and answers NO when the class itself has the method already, and when memory is exhausted.
 // class_replaceMethod adds it or replaces it; its answer is what the class itself had before, null when it had inherited the

@@ -1,4 +1,4 @@
-#include "classes/color/color_factories.h"
+#include "classes/color/color_shared.h"
 
 #include "bridge/arrays.h"
 #include "bridge/errors.h"
@@ -14,7 +14,7 @@ namespace {
 
 // The body of every factory: `make` sends the class message, and its answer is wrapped.
 template <class Make>
-REALobjectStruct* made(Make make) {
+REALobjectStruct* wrapped(Make make) {
     REALobjectStruct* result = nullptr;
     guarded([&] {
         initCocoa();
@@ -23,9 +23,9 @@ REALobjectStruct* made(Make make) {
     return result;
 }
 
-template <class... Components>
-REALobjectStruct* fromComponents(Selector& message, Components... components) {
-    return made([&] { return send<id>(cls::NSColor, message, component(components)...); });
+template <class... Parameters, class... Components>
+REALobjectStruct* fromComponents(Message<id(Parameters...)>& message, Components... components) {
+    return wrapped([&] { return message(cls::NSColor, component(components)...); });
 }
 
 } // namespace
@@ -72,15 +72,16 @@ REALobjectStruct* colorWithCalibratedWhite(double white, double alpha) {
 
 REALobjectStruct* colorWithColorSpaceHSV(REALobjectStruct* space, double hue, double saturation, double brightness,
                                          double alpha) {
-    return made([&] {
-        return send<id>(cls::NSColor, sel::colorWithColorSpace_hue_saturation_brightness_alpha_, nativeObject(space),
-                        component(hue), component(saturation), component(brightness), component(alpha));
+    return wrapped([&] {
+        return sel::colorWithColorSpace_hue_saturation_brightness_alpha_(cls::NSColor, nativeObject(space), component(hue),
+                                                                         component(saturation), component(brightness),
+                                                                         component(alpha));
     });
 }
 
 REALobjectStruct* colorWithColorSpace(REALobjectStruct* space, REALarrayDouble* components) {
     constexpr std::int32_t lowestBound = 1, pastHighestBound = 20;
-    return made([&]() -> id {
+    return wrapped([&]() -> id {
         const id nativeSpace = nativeObject(space);
         if (!nativeSpace) {
             RaiseException("NilObjectException", "Colorspace is nil!");
@@ -94,25 +95,22 @@ REALobjectStruct* colorWithColorSpace(REALobjectStruct* space, REALarrayDouble* 
         CGFloat values[pastHighestBound] = {};
         for (std::int32_t i = 0; i <= bound; ++i)
             values[i] = component(REALGetArrayValueDouble(components, i));
-        return send<id>(cls::NSColor, sel::colorWithColorSpace_components_count_, nativeSpace,
-                        static_cast<const CGFloat*>(values), static_cast<NSInteger>(bound + 1));
+        return sel::colorWithColorSpace_components_count_(cls::NSColor, nativeSpace, values, NSInteger{bound + 1});
     });
 }
 
 REALobjectStruct* colorWithCGColor(HostInteger handle) {
-    return made([&] { return send<id>(cls::NSColor, sel::colorWithCGColor_, fromHandle(handle)); });
+    return wrapped([&] { return sel::colorWithCGColor_(cls::NSColor, fromHandle(handle)); });
 }
 
 REALobjectStruct* colorFromPasteboard() {
-    return made([] {
-        return send<id>(cls::NSColor, sel::colorFromPasteboard_, send<id>(cls::NSPasteboard, sel::generalPasteboard));
-    });
+    return wrapped([] { return sel::colorFromPasteboard_(cls::NSColor, sel::generalPasteboard(cls::NSPasteboard)); });
 }
 
 REALobjectStruct* colorWithPatternImage(REALobjectStruct* image) {
-    return made([&]() -> id {
+    return wrapped([&]() -> id {
         const id nativeImage = imageOf(image);
-        return nativeImage ? send<id>(cls::NSColor, sel::colorWithPatternImage_, nativeImage) : nullptr;
+        return nativeImage ? sel::colorWithPatternImage_(cls::NSColor, nativeImage) : nullptr;
     });
 }
 

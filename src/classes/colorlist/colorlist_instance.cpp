@@ -30,7 +30,7 @@ HostBoolean loaded(REALobjectStruct* object, Load load) {
     return holds;
 }
 
-id newList() { return send<id>(cls::NSColorList, sel::alloc); }
+id newList() { return sel::alloc(cls::NSColorList); }
 
 } // namespace
 
@@ -43,7 +43,7 @@ void NSColorListDestructor(REALobjectStruct* object) {
 HostBoolean Create1(REALobjectStruct* object, REALstringStruct* name) {
     return loaded(object, [&] {
         const id listName = autoreleasedString(name);
-        holdNative(object, send<id>(newList(), sel::initWithName_, listName));
+        holdNative(object, sel::initWithName_(newList(), listName));
     });
 }
 
@@ -51,60 +51,54 @@ HostBoolean Create2(REALobjectStruct* object, REALstringStruct* name, REALstring
     return loaded(object, [&] {
         const id listName = autoreleasedString(name);
         const id file = autoreleasedString(path);
-        holdNative(object, send<id>(newList(), sel::initWithName_fromFile_, listName, file));
+        holdNative(object, sel::initWithName_fromFile_(newList(), listName, file));
     });
 }
 
 // The list is the platform's, shared by all who load it, so it is not entered as this object's.
 HostBoolean Load(REALobjectStruct* object, REALstringStruct* name) {
     return loaded(object, [&] {
-        const id list = send<id>(cls::NSColorList, sel::colorListNamed_, autoreleasedString(name));
-        setNativeObject(object, send<id>(list, sel::retain));
+        const id list = sel::colorListNamed_(cls::NSColorList, autoreleasedString(name));
+        setNativeObject(object, sel::retain(list));
     });
 }
 
 void insertColor(REALobjectStruct* object, REALobjectStruct* color, REALstringStruct* key, HostInteger index) {
     withList(object, [&](id list) {
-        send<void>(list, sel::insertColor_key_atIndex_, nativeObject(color), autoreleasedString(key),
-                   static_cast<ListIndex>(index));
+        sel::insertColor_key_atIndex_(list, nativeObject(color), autoreleasedString(key), static_cast<ListIndex>(index));
     });
 }
 
 void setColor(REALobjectStruct* object, REALobjectStruct* color, REALstringStruct* key) {
-    withList(object,
-             [&](id list) { send<void>(list, sel::setColor_forKey_, nativeObject(color), autoreleasedString(key)); });
+    withList(object, [&](id list) { sel::setColor_forKey_(list, nativeObject(color), autoreleasedString(key)); });
 }
 
 REALobjectStruct* colorWithKey(REALobjectStruct* object, REALstringStruct* key) {
     REALobjectStruct* result = nullptr;
-    withList(object, [&](id list) { result = NewNSColorZRX(send<id>(list, sel::colorWithKey_, autoreleasedString(key))); });
+    withList(object, [&](id list) { result = NewNSColorZRX(sel::colorWithKey_(list, autoreleasedString(key))); });
     return result;
 }
 
 void removeColorWithKey(REALobjectStruct* object, REALstringStruct* key) {
-    withList(object, [&](id list) { send<void>(list, sel::removeColorWithKey_, autoreleasedString(key)); });
+    withList(object, [&](id list) { sel::removeColorWithKey_(list, autoreleasedString(key)); });
 }
 
 HostBoolean writeToFile(REALobjectStruct* object, REALstringStruct* path) {
     HostBoolean written = false;
-    withList(object, [&](id list) { written = send<BOOL>(list, sel::writeToFile_, autoreleasedString(path)) != 0; });
+    withList(object, [&](id list) { written = sel::writeToFile_(list, autoreleasedString(path)) != 0; });
     return written;
 }
 
 void removeFile(REALobjectStruct* object) {
-    guarded([&] { send<void>(nativeObject(object), sel::removeFile); });
+    guarded([&] { sel::removeFile(nativeObject(object)); });
 }
 
 HostBoolean isEditable(REALobjectStruct* object) {
-    HostBoolean editable = false;
-    guarded([&] { editable = send<BOOL>(nativeObject(object), sel::isEditable) != 0; });
-    return editable;
+    return answered([&] { return HostBoolean{sel::isEditable(nativeObject(object)) != 0}; });
 }
 
 REALstringStruct* name(REALobjectStruct* object) {
-    REALstringStruct* result = nullptr;
-    guarded([&] { result = NSStringRB(send<id>(nativeObject(object), sel::name)); });
-    return result;
+    return answered([&] { return NSStringRB(sel::name(nativeObject(object))); });
 }
 
 } // namespace chroma::colorlist

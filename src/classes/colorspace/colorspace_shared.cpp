@@ -16,34 +16,32 @@ namespace {
 
 // The body of every factory whose space the platform owns.
 template <class Find>
-REALobjectStruct* found(Find find) {
-    REALobjectStruct* result = nullptr;
-    guarded([&] {
+REALobjectStruct* wrapped(Find find) {
+    return answered([&] {
         initCocoa();
-        result = NewNSColorSpaceZRX(find());
+        return NewNSColorSpaceZRX(find());
     });
-    return result;
 }
 
-// The body of every factory that makes its space, and gives up its own reference once the host object has one. `argument`
-// answers what the initialiser takes; null makes no space.
-template <class Argument>
-REALobjectStruct* made(Selector& initialiser, Argument argument) {
-    REALobjectStruct* result = nullptr;
-    guarded([&] {
-        initCocoa();
-        const void* const value = argument();
-        if (!value) return;
-        const id space = send<id>(send<id>(cls::NSColorSpace, sel::alloc), initialiser, value);
-        const auto release = [space] { send<void>(space, sel::release); };
-        REALobjectStruct* object = nullptr;
-        onThrow([&] { object = NewNSColorSpaceZRX(space); }, release);
-        onThrow(release, [object] {
-            if (object) REALUnlockObject(object);
-        });
-        result = object;
+// A host object for a space that the caller owns, and which is the host object's alone afterwards.
+REALobjectStruct* adopt(id space) {
+    const auto release = [space] { sel::release(space); };
+    REALobjectStruct* object = nullptr;
+    onThrow([&] { object = NewNSColorSpaceZRX(space); }, release);
+    onThrow(release, [object] {
+        if (object) REALUnlockObject(object);
     });
-    return result;
+    return object;
+}
+
+// The body of every factory that makes its space. `argument` answers what the initialiser takes; null makes no space.
+template <class Parameter, class Argument>
+REALobjectStruct* adopted(Message<id(Parameter)>& initialiser, Argument argument) {
+    return answered([&]() -> REALobjectStruct* {
+        initCocoa();
+        const Parameter value = argument();
+        return value ? adopt(initialiser(sel::alloc(cls::NSColorSpace), value)) : nullptr;
+    });
 }
 
 // The URL of a host path; nil when the host string is no path.
@@ -57,7 +55,7 @@ id urlFromPath(REALstringStruct* path, bool isNative) {
                            : CFURLCreateWithString(nullptr, text, nullptr);
         },
         [&] { CFRelease(text); });
-    return send<id>(url, sel::autorelease);
+    return sel::autorelease(url);
 }
 
 // The file's URL, autoreleased; nil when the host does not tell its path.
@@ -77,40 +75,40 @@ id urlOfFile(REALfolderItemStruct* file) {
 id contentsOfFile(REALfolderItemStruct* file) {
     const id url = file ? urlOfFile(file) : nullptr;
     if (!url) return nullptr;
-    const id path = send<id>(CFURLCopyFileSystemPath(url, kCFURLPOSIXPathStyle), sel::autorelease);
-    return path ? send<id>(cls::NSData, sel::dataWithContentsOfFile_, path) : nullptr;
+    const id path = sel::autorelease(CFURLCopyFileSystemPath(url, kCFURLPOSIXPathStyle));
+    return path ? sel::dataWithContentsOfFile_(cls::NSData, path) : nullptr;
 }
 
 } // namespace
 
 REALobjectStruct* ColorSpaceWithICCProfileFile(REALfolderItemStruct* file) {
-    return made(sel::initWithICCProfileData_, [&] { return contentsOfFile(file); });
+    return adopted(sel::initWithICCProfileData_, [&] { return contentsOfFile(file); });
 }
 
 REALobjectStruct* ColorSpaceWithICCProfileData(REALmemoryBlockStruct* profile) {
-    return made(sel::initWithICCProfileData_, [&] { return NewNSData(profile); });
+    return adopted(sel::initWithICCProfileData_, [&] { return NewNSData(profile); });
 }
 
 REALobjectStruct* ColorSpaceWithColorSyncProfile(HostInteger handle) {
-    return made(sel::initWithColorSyncProfile_, [&] { return fromHandle(handle); });
+    return adopted(sel::initWithColorSyncProfile_, [&] { return fromHandle(handle); });
 }
 
 REALobjectStruct* ColorSpaceWithCGColorSpace(HostInteger handle) {
-    return made(sel::initWithCGColorSpace_, [&] { return fromHandle(handle); });
+    return adopted(sel::initWithCGColorSpace_, [&] { return fromHandle(handle); });
 }
 
 REALobjectStruct* colorSpaceForColorSpaceName(REALstringStruct* name) {
-    return found([&] { return send<id>(cls::NSColorSpace, sel::colorSpaceForColorSpaceName_, autoreleasedString(name)); });
+    return wrapped([&] { return sel::colorSpaceForColorSpaceName_(cls::NSColorSpace, autoreleasedString(name)); });
 }
 
 void* availableColorSpacesWithModel(HostInteger model) {
     void* const array = REALCreateArray(REALarrayOfObjects, -1);
     const auto fill = [&] {
         initCocoa();
-        const id spaces = send<id>(cls::NSColorSpace, sel::availableColorSpacesWithModel_, NSInteger{model});
-        const id enumerator = send<id>(spaces, sel::objectEnumerator);
+        const id spaces = sel::availableColorSpacesWithModel_(cls::NSColorSpace, NSInteger{model});
+        const id enumerator = sel::objectEnumerator(spaces);
         std::int32_t index = 0;
-        while (const id space = send<id>(enumerator, sel::nextObject)) {
+        while (const id space = sel::nextObject(enumerator)) {
             REALobjectStruct* const object = NewNSColorSpaceZRX(space);
             REALInsertArrayValueObject(array, index++, object);
             if (object) REALUnlockObject(object);
@@ -123,7 +121,7 @@ void* availableColorSpacesWithModel(HostInteger model) {
 // The class is looked up anew each time, so that a platform that lacks it answers nil.
 #define CHROMA_NAMED_SPACE(name)                                                                                            \
     REALobjectStruct* get##name() {                                                                                         \
-        return found([] { return send<id>(objc_getClass("NSColorSpace"), sel::name); });                                    \
+        return wrapped([] { return sel::name(objc_getClass("NSColorSpace")); });                                            \
     }
 CHROMA_NAMED_SPACES(CHROMA_NAMED_SPACE)
 

@@ -1,0 +1,55 @@
+// The letters by which the runtime's interface tells a method's types: the result first, then the receiver, the selector and
+// the arguments. A pointer's letter is followed by that of what it points to, 'v' for what is not a number.
+#pragma once
+
+#include "builtin/objc_runtime.h"
+
+#include <array>
+#include <cstddef>
+#include <type_traits>
+
+namespace chroma::builtin {
+
+constexpr char letterOfInteger(std::size_t size, bool isSigned) {
+    switch (size) {
+    case 1: return isSigned ? 'c' : 'C';
+    case 2: return isSigned ? 's' : 'S';
+    case 4: return isSigned ? 'i' : 'I';
+    default: return isSigned ? 'q' : 'Q';
+    }
+}
+
+template <class T>
+constexpr char letterOf() {
+    if (std::is_same_v<T, id>) return '@';
+    if (std::is_same_v<T, SEL>) return ':';
+    if (std::is_pointer_v<T>) return '^';
+    if (std::is_same_v<T, float>) return 'f';
+    if (std::is_same_v<T, double>) return 'd';
+    if constexpr (std::is_integral_v<T>) return letterOfInteger(sizeof(T), std::is_signed_v<T>);
+    return std::is_class_v<T> ? '{' : 'v';
+}
+
+// The second letter, 0 for none.
+template <class T>
+constexpr char letterBehind() {
+    using Pointee = std::remove_cv_t<std::remove_pointer_t<T>>;
+    if (letterOf<T>() == '{') return '}';
+    if (letterOf<T>() != '^') return '\0';
+    return std::is_arithmetic_v<Pointee> ? letterOf<Pointee>() : 'v';
+}
+
+// NUL-terminated.
+template <class Result, class... Arguments>
+constexpr auto encodedTypes() {
+    std::array<char, 2 * sizeof...(Arguments) + 5> text{};
+    std::size_t length = 0;
+    const auto put = [&](char letter) {
+        if (letter) text[length++] = letter;
+    };
+    (put(letterOf<Result>()), put(letterBehind<Result>()), put('@'), put(':'));
+    ((put(letterOf<Arguments>()), put(letterBehind<Arguments>())), ...);
+    return text;
+}
+
+} // namespace chroma::builtin
