@@ -21,7 +21,10 @@ struct Writer {
     std::string operator()(std::monostate) const { return "nil"; }
     std::string operator()(bool value) const { return value ? "true" : "false"; }
     std::string operator()(HostInteger value) const { return digits(value); }
-    std::string operator()(HostColor value) const { return "&c" + digits(value, 16); }
+    std::string operator()(HostColor value) const { // as #RRGGBBAA
+        const std::string all = digits((std::uint64_t{1} << 32) | (value << 8) | (value >> 24), 16);
+        return "#" + all.substr(1);
+    }
     std::string operator()(double value) const { return digits(value, std::chars_format::scientific); }
     std::string operator()(const std::string& value) const {
         std::string text = "\"";
