@@ -26,7 +26,7 @@ TEST(MinimalHost, ReadsAColourTakesValuesOfEachKindAndCatchesAnException) {
               0u)
         << output;
 #ifdef HAS_PROFILES
-    EXPECT_NE(output.find("\nprofile of 512 bytes, a \"acsp\"\n"), std::string::npos) << output;
+    EXPECT_NE(output.find("\nprofile of 484 bytes, a \"acsp\"\n"), std::string::npos) << output;
 #endif
     EXPECT_NE(output.find("\nOutOfBoundsException: Invalid values. Please pass values in range 0.0 to 1.0.\n"),
               std::string::npos)

@@ -8,8 +8,6 @@ namespace {
 
 constexpr Matrix3 bradford{{{0.8951, 0.2664, -0.1614}, {-0.7502, 1.7135, 0.0367}, {0.0389, -0.0685, 1.0296}}};
 
-Vector3 xyzOf(Chromaticity light) { return {light.x / light.y, 1.0, (1.0 - light.x - light.y) / light.y}; }
-
 Matrix3 columns(const Vector3& first, const Vector3& second, const Vector3& third) {
     Matrix3 matrix;
     for (std::size_t row = 0; row < 3; ++row) {
@@ -59,6 +57,8 @@ Matrix3 inverse(const Matrix3& m) {
     }
     return result;
 }
+
+Vector3 xyzOf(Chromaticity light) { return {light.x / light.y, 1.0, (1.0 - light.x - light.y) / light.y}; }
 
 Matrix3 adaptationToD50(Chromaticity white) {
     const Vector3 from = bradford * xyzOf(white);

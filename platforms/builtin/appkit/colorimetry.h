@@ -30,6 +30,8 @@ struct Chromaticity {
 
 constexpr Chromaticity d65{0.3127, 0.3290};
 
+Vector3 xyzOf(Chromaticity light); // Y is 1
+
 // The linear Bradford transform of XYZ under the white point to XYZ under D50.
 Matrix3 adaptationToD50(Chromaticity white);
 

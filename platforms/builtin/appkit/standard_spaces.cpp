@@ -42,8 +42,8 @@ NewSpace cmykSpace(std::u16string_view name, const SpacePointer& complement, Str
     return space;
 }
 
-NewSpace withProfile(const NewSpace& space, const Matrix3* adaptation = nullptr) {
-    space->profile = profileOfSpace(*space, adaptation);
+NewSpace withProfile(const NewSpace& space, const Vector3& white = d50White) {
+    space->profile = profileOfSpace(*space, white);
     return space;
 }
 
@@ -53,8 +53,6 @@ std::array<SpacePointer, standardSpaceCount> makeStandardSpaces() {
     const Matrix3 srgb = rgbToXyz({0.64, 0.33}, {0.30, 0.60}, {0.15, 0.06}, d65);
     const Matrix3 adobe = rgbToXyz({0.64, 0.33}, {0.21, 0.71}, {0.15, 0.06}, d65);
     const Matrix3 p3 = rgbToXyz({0.680, 0.320}, {0.265, 0.690}, {0.150, 0.060}, d65);
-
-    const Matrix3 fromD65 = adaptationToD50(d65);
 
     const SpacePointer genericRGB =
         withProfile(rgbSpace(u"Generic RGB Profile", generic, gammaCurve(1.8), spaceName::calibratedRGB));
@@ -66,10 +64,10 @@ std::array<SpacePointer, standardSpaceCount> makeStandardSpaces() {
         deviceRGB,
         graySpace(u"Device Gray", srgbCurve(), spaceName::deviceWhite),
         cmykSpace(u"Device CMYK", deviceRGB, spaceName::deviceCMYK),
-        withProfile(rgbSpace(u"sRGB IEC61966-2.1", srgb, srgbCurve()), &fromD65),
-        withProfile(rgbSpace(u"Adobe RGB (1998)", adobe, gammaCurve(563.0 / 256)), &fromD65),
+        withProfile(rgbSpace(u"sRGB IEC61966-2.1", srgb, srgbCurve()), xyzOf(d65)),
+        withProfile(rgbSpace(u"Adobe RGB (1998)", adobe, gammaCurve(563.0 / 256)), xyzOf(d65)),
         withProfile(graySpace(u"Generic Gray Gamma 2.2 Profile", gammaCurve(2.2))),
-        withProfile(rgbSpace(u"Display P3", p3, srgbCurve()), &fromD65),
+        withProfile(rgbSpace(u"Display P3", p3, srgbCurve()), xyzOf(d65)),
     };
 }
 

@@ -1,6 +1,7 @@
 #include "appkit/icc/profile.h"
 #include "appkit/icc/signatures.h"
 
+#include <algorithm>
 #include <cmath>
 #include <initializer_list>
 #include <utility>
@@ -36,7 +37,9 @@ private:
     }
 };
 
-// The tags are written one after the other behind a table that has room for them; each starts with its type.
+constexpr double xyzRange = 1 + 32767.0 / 32768; // what 16 bits of XYZ hold
+
+// The values are written one after the other behind a table that has room for all tags; each starts with its type.
 class ProfileWriter {
 public:
     explicit ProfileWriter(std::uint32_t tagCount) {
@@ -46,12 +49,15 @@ public:
         writer_.bytes.resize(nextEntry_ + tagCount * icc::tagEntrySize);
     }
 
+    // Of version 2.1, which every reader knows, and dated with a day that does not depend on when the library was built.
     void header(std::uint32_t profileClass, std::uint32_t colorSpace) {
-        constexpr std::uint32_t version = 0x04300000;
+        constexpr std::uint32_t version = 0x02100000, yearAndMonth = 2024 << 16 | 1, day = 1 << 16;
         writer_.putU32(icc::versionField, version);
         writer_.putU32(icc::classField, profileClass);
         writer_.putU32(icc::colorSpaceField, colorSpace);
         writer_.putU32(icc::connectionSpaceField, icc::xyzSpace);
+        writer_.putU32(icc::dateField, yearAndMonth);
+        writer_.putU32(icc::dateField + 4, day);
         writer_.putU32(icc::magicField, icc::magic);
         for (std::size_t index = 0; index < 3; ++index) {
             writer_.putU32(icc::illuminantField + 4 * index,
@@ -59,16 +65,19 @@ public:
         }
     }
 
+    // In ASCII, with room for two other forms that stay empty.
+    void description(std::u16string_view text) {
+        constexpr std::size_t otherForms = 4 + 4 + 2 + 1 + 67;
+        begin(icc::description, icc::description);
+        writer_.u32(static_cast<std::uint32_t>(text.size() + 1));
+        ascii(text);
+        writer_.bytes.resize(writer_.bytes.size() + otherForms);
+        end();
+    }
+
     void text(std::uint32_t name, std::u16string_view text) {
-        constexpr std::uint32_t english = 0x656E5553; // "enUS"
-        begin(name, icc::localizedText);
-        const auto size = static_cast<std::uint32_t>(2 * text.size());
-        for (const std::uint32_t field : {1u, 12u, english, size, 28u}) { // one record of 12 bytes; the text is behind it
-            writer_.u32(field);
-        }
-        for (const char16_t unit : text) {
-            writer_.u16(unit);
-        }
+        begin(name, icc::plainText);
+        ascii(text);
         end();
     }
 
@@ -78,52 +87,75 @@ public:
         end();
     }
 
-    void matrix(std::uint32_t name, const Matrix3& value) {
-        begin(name, icc::fixedArrayType);
-        for (const Vector3& row : value) {
-            numbers({row[0], row[1], row[2]});
-        }
-        end();
-    }
-
-    // As a plain gamma, or with the linear part below the break.
-    void curve(std::uint32_t name, const TransferCurve& curve) {
-        begin(name, icc::parametricCurve);
+    // One curve for all the tags: a gamma, which is counted in 256ths, or as many samples as show no step in 16 bits.
+    void curve(std::initializer_list<std::uint32_t> names, const TransferCurve& curve) {
+        constexpr std::uint32_t samples = 1024;
+        begin(*names.begin(), icc::sampledCurve);
         const bool isGamma = curve.d <= 0;
-        writer_.u16(isGamma ? 0 : 3);
-        writer_.u16(0);
-        numbers({curve.gamma});
-        if (!isGamma) numbers({curve.a, curve.b, curve.c, curve.d});
-        end();
+        writer_.u32(isGamma ? 1 : samples);
+        if (isGamma) {
+            writer_.u16(static_cast<std::uint32_t>(std::lround(curve.gamma * 256)));
+        } else {
+            ramp(samples, [&curve](double encoded) { return curve.toLinear(encoded); });
+        }
+        end(names);
     }
 
-    // The complement of an RGB space with one gamma, as a table over the light that each ink leaves. Light is a sum of
-    // products of these, so that the points of the table are exact and what is interpolated between them comes within two
-    // hundredths.
-    void complement(std::uint32_t name, const SpaceDefinition& rgb) {
+    // From the complement of an RGB space with one gamma to XYZ, over all inks. The values stand in the grid as the root
+    // that the gamma asks for, which is nearly linear in each ink: what is interpolated comes within three hundredths, on
+    // average within half a hundredth.
+    void complementToPcs(const SpaceDefinition& rgb) {
         constexpr std::uint32_t inks = 4, points = 9, nodes = points * points * points * points, samples = 256;
-        begin(name, icc::lookup16);
-        for (const std::uint32_t field : {inks, 3u, points, 0u}) {
-            writer_.u8(field);
-        }
-        numbers({1, 0, 0, 0, 1, 0, 0, 0, 1}); // a matrix that only XYZ input would pass through
-        writer_.u16(samples);
-        writer_.u16(2);
-        for (std::uint32_t sample = 0; sample < inks * samples; ++sample) {
-            writer_.fraction(rgb.curves[0].toLinear(1 - (sample % samples) / (samples - 1.0)));
+        const double gamma = rgb.curves[0].gamma;
+        beginTable(icc::perceptualToPcs, inks, 3, points, {{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}}, 2, samples);
+        for (std::uint32_t ink = 0; ink < inks; ++ink) {
+            ramp(2, [](double amount) { return amount; });
         }
         for (std::uint32_t node = 0; node < nodes; ++node) { // cyan varies slowest, black fastest
-            const auto light = [node](std::uint32_t place) { return (node / place % points) / (points - 1.0); };
-            const double black = light(1);
-            const Vector3 linear{black * light(points * points * points), black * light(points * points),
-                                 black * light(points)};
+            const auto left = [node](std::uint32_t place) { return 1 - (node / place % points) / (points - 1.0); };
+            const double black = left(1);
+            Vector3 linear{left(points * points * points), left(points * points), left(points)};
+            for (double& channel : linear) {
+                channel = std::pow(black * channel, gamma);
+            }
             for (const double value : rgb.toXyz* linear) {
-                writer_.u16(static_cast<std::uint32_t>(std::lround(value * 32768)));
+                writer_.fraction(std::pow(value, 1 / gamma));
             }
         }
-        for (std::uint32_t channel = 0; channel < 3; ++channel) { // the result stays as it is
-            writer_.fraction(0);
-            writer_.fraction(1);
+        for (std::uint32_t channel = 0; channel < 3; ++channel) {
+            ramp(samples, [gamma](double root) { return std::pow(root, gamma) / xyzRange; });
+        }
+        end();
+    }
+
+    // And back. XYZ becomes linear light by the matrix, and the grid is over a root of it, which spaces dark colours
+    // closely; shares of the brightest channel are inks but for the same root. The colour of the inks is within half a
+    // hundredth.
+    void complementFromPcs(const SpaceDefinition& rgb) {
+        constexpr std::uint32_t inks = 4, points = 17, nodes = points * points * points, inputs = 4096, outputs = 256;
+        constexpr double root = 2;
+        const double gamma = rgb.curves[0].gamma;
+        Matrix3 matrix = rgb.fromXyz;
+        for (Vector3& row : matrix) {
+            for (double& value : row) {
+                value *= xyzRange;
+            }
+        }
+        beginTable(icc::perceptualFromPcs, 3, inks, points, matrix, inputs, outputs);
+        for (std::uint32_t channel = 0; channel < 3; ++channel) {
+            ramp(inputs, [gamma](double linear) { return std::pow(linear, 1 / (gamma * root)); });
+        }
+        for (std::uint32_t node = 0; node < nodes; ++node) {
+            const auto light = [node](std::uint32_t place) { return (node / place % points) / (points - 1.0); };
+            const Vector3 lights{light(points * points), light(points), light(1)};
+            const double most = std::max({lights[0], lights[1], lights[2]});
+            for (const double each : lights) {
+                writer_.fraction(most > 0 ? 1 - each / most : 0);
+            }
+            writer_.fraction(1 - most);
+        }
+        for (std::uint32_t ink = 0; ink < inks; ++ink) {
+            ramp(outputs, [](double share) { return 1 - std::pow(1 - share, root); });
         }
         end();
     }
@@ -137,15 +169,48 @@ private:
     void begin(std::uint32_t name, std::uint32_t type) {
         start_ = writer_.bytes.size();
         writer_.putU32(nextEntry_, name);
-        writer_.putU32(nextEntry_ + 4, static_cast<std::uint32_t>(start_));
         writer_.u32(type);
         writer_.u32(0);
     }
 
-    void end() {
-        writer_.putU32(nextEntry_ + 8, static_cast<std::uint32_t>(writer_.bytes.size() - start_));
-        nextEntry_ += icc::tagEntrySize;
+    // Ends the value that was begun for the first of the tags, and gives it to the others too.
+    void end(std::initializer_list<std::uint32_t> names = {0}) {
+        for (const std::uint32_t name : names) {
+            if (name != *names.begin()) writer_.putU32(nextEntry_, name);
+            writer_.putU32(nextEntry_ + 4, static_cast<std::uint32_t>(start_));
+            writer_.putU32(nextEntry_ + 8, static_cast<std::uint32_t>(writer_.bytes.size() - start_));
+            nextEntry_ += icc::tagEntrySize;
+        }
         writer_.align();
+    }
+
+    void ascii(std::u16string_view text) {
+        for (const char16_t unit : text) {
+            writer_.u8(unit);
+        }
+        writer_.u8(0);
+    }
+
+    // The function's values at as many places from 0 to 1.
+    template <class Function>
+    void ramp(std::uint32_t samples, Function function) {
+        for (std::uint32_t sample = 0; sample < samples; ++sample) {
+            writer_.fraction(function(sample / (samples - 1.0)));
+        }
+    }
+
+    // A table of 16 bits with samples for each input and output, up to where these begin.
+    void beginTable(std::uint32_t name, std::uint32_t inputs, std::uint32_t outputs, std::uint32_t points,
+                    const Matrix3& matrix, std::uint32_t inputSamples, std::uint32_t outputSamples) {
+        begin(name, icc::lookup16);
+        for (const std::uint32_t field : {inputs, outputs, points, 0u}) {
+            writer_.u8(field);
+        }
+        for (const Vector3& row : matrix) {
+            numbers({row[0], row[1], row[2]});
+        }
+        writer_.u16(inputSamples);
+        writer_.u16(outputSamples);
     }
 
     void numbers(std::initializer_list<double> values) {
@@ -163,7 +228,7 @@ Vector3 column(const Matrix3& matrix, std::size_t index) { return {matrix[0][ind
 
 } // namespace
 
-std::vector<std::uint8_t> profileOfSpace(const SpaceDefinition& space, const Matrix3* adaptation) {
+std::vector<std::uint8_t> profileOfSpace(const SpaceDefinition& space, const Vector3& white) {
     constexpr std::uint32_t commonTags = 3;
     struct Shape {
         std::uint32_t profileClass;
@@ -171,25 +236,23 @@ std::vector<std::uint8_t> profileOfSpace(const SpaceDefinition& space, const Mat
         std::uint32_t tags;
     };
     const Shape shape = space.model == ColorModel::gray   ? Shape{icc::displayClass, icc::graySpace, 1}
-                        : space.model == ColorModel::cmyk ? Shape{icc::inputClass, icc::cmykSpace, 1}
+                        : space.model == ColorModel::cmyk ? Shape{icc::colorSpaceClass, icc::cmykSpace, 2}
                                                           : Shape{icc::displayClass, icc::rgbSpace, 6};
-    ProfileWriter writer(commonTags + shape.tags + (adaptation ? 1 : 0));
+    ProfileWriter writer(commonTags + shape.tags);
     writer.header(shape.profileClass, shape.colorSpace);
-    writer.text(icc::description, space.name);
+    writer.description(space.name);
     writer.text(icc::copyright, u"No copyright, use freely");
-    writer.xyz(icc::whitePoint, d50White);
-    if (adaptation) writer.matrix(icc::adaptation, *adaptation);
+    writer.xyz(icc::whitePoint, white);
     if (space.model == ColorModel::gray) {
-        writer.curve(icc::grayCurve, space.curves[0]);
+        writer.curve({icc::grayCurve}, space.curves[0]);
     } else if (space.model == ColorModel::cmyk) {
-        writer.complement(icc::perceptualToPcs, *space.complement);
+        writer.complementToPcs(*space.complement);
+        writer.complementFromPcs(*space.complement);
     } else {
-        constexpr std::uint32_t curves[] = {icc::redCurve, icc::greenCurve, icc::blueCurve};
-        constexpr std::uint32_t colorants[] = {icc::redColorant, icc::greenColorant, icc::blueColorant};
-        for (std::size_t index = 0; index < 3; ++index) {
-            writer.curve(curves[index], space.curves[index]);
-            writer.xyz(colorants[index], column(space.toXyz, index));
-        }
+        writer.curve({icc::redCurve, icc::greenCurve, icc::blueCurve}, space.curves[0]);
+        writer.xyz(icc::redColorant, column(space.toXyz, 0));
+        writer.xyz(icc::greenColorant, column(space.toXyz, 1));
+        writer.xyz(icc::blueColorant, column(space.toXyz, 2));
     }
     return writer.finish();
 }

@@ -23,12 +23,13 @@ constexpr std::size_t versionField = 8;
 constexpr std::size_t classField = 12;
 constexpr std::size_t colorSpaceField = 16;
 constexpr std::size_t connectionSpaceField = 20;
+constexpr std::size_t dateField = 24;
 constexpr std::size_t magicField = 36;
 constexpr std::size_t illuminantField = 68;
 
 constexpr std::uint32_t magic = signature("acsp");
 constexpr std::uint32_t displayClass = signature("mntr");
-constexpr std::uint32_t inputClass = signature("scnr");
+constexpr std::uint32_t colorSpaceClass = signature("spac");
 constexpr std::uint32_t linkClass = signature("link");
 constexpr std::uint32_t namedColorClass = signature("nmcl");
 
@@ -41,7 +42,6 @@ constexpr std::uint32_t xyzSpace = signature("XYZ ");
 constexpr std::uint32_t description = signature("desc"); // a tag, and the old type of its value
 constexpr std::uint32_t copyright = signature("cprt");
 constexpr std::uint32_t whitePoint = signature("wtpt");
-constexpr std::uint32_t adaptation = signature("chad");
 constexpr std::uint32_t perceptualToPcs = signature("A2B0");
 constexpr std::uint32_t colorimetricToPcs = signature("A2B1");
 constexpr std::uint32_t saturationToPcs = signature("A2B2");
@@ -56,6 +56,7 @@ constexpr std::uint32_t redColorant = signature("rXYZ");
 constexpr std::uint32_t greenColorant = signature("gXYZ");
 constexpr std::uint32_t blueColorant = signature("bXYZ");
 
+constexpr std::uint32_t plainText = signature("text");
 constexpr std::uint32_t localizedText = signature("mluc");
 constexpr std::uint32_t xyzType = signature("XYZ ");
 constexpr std::uint32_t sampledCurve = signature("curv");
@@ -64,6 +65,5 @@ constexpr std::uint32_t lookup8 = signature("mft1");
 constexpr std::uint32_t lookup16 = signature("mft2");
 constexpr std::uint32_t lookupToPcs = signature("mAB ");
 constexpr std::uint32_t lookupFromPcs = signature("mBA ");
-constexpr std::uint32_t fixedArrayType = signature("sf32");
 
 } // namespace chroma::builtin::icc
