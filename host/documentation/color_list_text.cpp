@@ -14,12 +14,14 @@ ClassText colorListText() {
             {"removeColorWithKey", "Takes a colour out; an unknown key changes nothing."},
             {"writeToFile",
              "Writes the list to a file, or for an empty path to the user's folder of lists; False when it cannot be."},
-            {"removeFile", "Removes the file that the list came from."},
-            {"isEditable", "Whether the list can be changed; the system's own cannot, and changing one raises."},
+            {"removeFile", "Removes the file that the list was last read from or written to; the list itself stays."},
+            {"isEditable",
+             "Whether the list can be changed; the system's own and those from write-protected files cannot, and changing one raises."},
             {"name", "The list's name."},
             {"Create",
-             "Fills the object with a new list of that name, or with the list in a file; False when there is none."},
-            {"Load", "Fills the object with the system's or the user's list of that name; False when there is none."},
+             "Fills the object with a new list of that name, or with what is in a file; False, and an empty object, when that cannot be read."},
+            {"Load",
+             "Fills the object with the system's or the user's list of that name, which other objects share; False when there is none."},
         },
     };
 }

@@ -12,7 +12,8 @@ ClassText colorText() {
              "Makes a colour from a host colour value, whose fourth byte is alpha (0 transparent, 255 opaque), or from "
              "calibrated RGB between -1.0 and 2.0; anything beyond raises an OutOfBoundsException."},
 
-            {"colorValue", "The colour as a host colour value, converted to generic RGB; the fourth byte is 0."},
+            {"colorValue",
+             "The colour as a host colour value; one that is not RGB is converted to generic RGB. The fourth byte is 0."},
             {"blackComponent", "The black of a CMYK colour, 0.0 to 1.0; 0.0 for any other colour."},
             {"yellowComponent", "The yellow of a CMYK colour; 0.0 for any other."},
             {"magentaComponent", "The magenta of a CMYK colour; 0.0 for any other."},
@@ -76,7 +77,7 @@ ClassText colorText() {
             {"colorWithCalibratedWhite", "A grey in the generic grey space, 0.0 black to 1.0 white."},
             {"colorFromPasteboard", "The colour on the general pasteboard; Nil when there is none."},
             {"colorWithPatternImage", "A colour that paints an NSImageZRX over and over; Nil for Nil."},
-            {"scrubberTexturedBackgroundColor", "The textured background of a scrubber; Nil where the system has none."},
+            {"scrubberTexturedBackgroundColor", "The textured background of a scrubber; raises where the system has none."},
 
             {"blackColor", "Black, grey 0.0."},
             {"darkGrayColor", "Dark grey, 1/3."},

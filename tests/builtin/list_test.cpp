@@ -179,6 +179,36 @@ TEST_F(ColorLists, AreSavedUnderTheirNameWhereNoFileIsNamed) {
     EXPECT_EQ(sendClass("NSColorList", "colorListNamed:", id{}), nullptr);
 }
 
+TEST_F(ColorLists, LeaveWhatTheirFileIsAsItWas) {
+    const fs::path link = folder / "link.clr";
+    ASSERT_TRUE(write(list, file));
+    fs::create_symlink(file, link);
+    fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_write);
+    set(list, red, "a");
+    ASSERT_TRUE(write(list, link));
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_write);
+    EXPECT_EQ(keysOf(listFrom(file)), "a ");
+
+    fs::permissions(file, fs::perms::owner_read);
+    const id read = listFrom(file);
+    EXPECT_FALSE(send<BOOL>(read, "isEditable"));
+    EXPECT_TRUE(raises("NSColorListNotEditableException", [&] { remove(read, "a"); }));
+}
+
+TEST_F(ColorLists, OfTheUserAreSharedWhileTheyAreHeld) {
+    set(list, color("textColor"), "a");
+    ASSERT_TRUE(send<BOOL>(list, "writeToFile:", id{}));
+    const id shared = listNamed("Mine");
+    EXPECT_EQ(listNamed("Mine"), shared);
+    EXPECT_EQ(colorWithKey(shared, "a"), color("textColor")) << "catalog colours are single objects";
+    set(list, blue, "b");
+    ASSERT_TRUE(send<BOOL>(list, "writeToFile:", id{}));
+    EXPECT_EQ(keysOf(listNamed("Mine")), "a b ") << "the file holds another list now";
+    fs::remove_all(folder / "chromabridge");
+    EXPECT_EQ(listNamed("Mine"), nullptr);
+}
+
 TEST_F(ColorLists, LeaveTheOldFileWhenWritingFails) {
     set(list, red, "a");
     ASSERT_TRUE(write(list, file));

@@ -105,8 +105,8 @@ TEST_F(Documentation, BrowsesOverloadsAndInheritedMembersAndGuessesWhatIsMeant) 
               "NSColorListZRX, Methods\n"
               "  Create(name as string) as boolean\n"
               "  Create(name as string, path as string) as boolean\n"
-              "      Fills the object with a new list of that name, or with the list in a file; False when there is\n"
-              "      none.\n");
+              "      Fills the object with a new list of that name, or with what is in a file; False, and an empty\n"
+              "      object, when that cannot be read.\n");
     EXPECT_EQ(browsed("NSExceptionZRX", "Message").rfind("RuntimeException, Properties\n", 0), 0u);
     EXPECT_EQ(browsed("NSColour", "x"), "there is no class NSColour; did you mean NSColorZRX?");
     EXPECT_EQ(browsed("NSColorZRX", "getRBG"), "NSColorZRX has no member getRBG; did you mean getRGB?");

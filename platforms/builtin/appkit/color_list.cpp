@@ -23,6 +23,29 @@ String notEditable{"NSColorListNotEditableException"};
 const Message lengthMessage{"length"};
 const Message colorSpaceNameMessage{"colorSpaceName"};
 
+// The lists that colorListNamed: has read, as long as they live and their files hold what they are from.
+ColorList* firstShared = nullptr;
+
+ColorList* sharedList(const std::string& path) {
+    ColorList* list = firstShared;
+    while (list && list->file != path)
+        list = list->nextShared;
+    return list;
+}
+
+void share(ColorList* list) {
+    list->nextShared = firstShared;
+    firstShared = list;
+}
+
+void unshare(const ColorList* list) {
+    for (ColorList** place = &firstShared; *place; place = &(*place)->nextShared) {
+        if (*place != list) continue;
+        *place = list->nextShared;
+        return;
+    }
+}
+
 // Puts the colour in the place of the key's, or at the end.
 ColorList::Entry* put(ColorList* list, const String& key, Color* color) {
     const auto [entry, isNew] = list->colors.try_emplace(key.text());
@@ -67,12 +90,14 @@ bool readList(ColorList* list, const std::string& path) {
     Data* const contents = data(nullptr, 0);
     if (!readFile(path.c_str(), contents->bytes)) return false;
     list->file = path;
+    list->isEditable = !isWriteProtected(path);
     return readEntries({reinterpret_cast<const char*>(contents->bytes.data()), contents->bytes.size()}, *list);
 }
 
 bool writeList(ColorList* list, const std::string& path) {
     std::string text;
     if (path.empty() || !writeEntries(*list, text) || !replaceFile(path, text)) return false;
+    if (ColorList* const shared = sharedList(path); shared && shared != list) unshare(shared);
     list->file = path;
     return true;
 }
@@ -131,14 +156,19 @@ ColorList* systemList() {
     return list;
 }
 
-// The platform's list, or a list that was saved in the user's folder, read anew; nil when there is none of the name.
+// The platform's list, or a list that was saved in the user's folder: one object while somebody holds it. nil when there is
+// none of the name.
 ColorList* colorListNamed(ClassObject*, SEL, id nameObject) {
     const String* const name = argument<String>(nameObject, lengthMessage);
     if (!name) return nullptr;
     if (name->text() == systemList()->name) return systemList();
+    const std::string path = fileIn(userFolder(), utf8Text(name->text()));
+    if (ColorList* const shared = sharedList(path); shared && access(path.c_str(), F_OK) == 0) return shared;
     ColorList* const list = autorelease(make<ColorList>());
     list->name = name->text();
-    return readList(list, fileIn(userFolder(), utf8Text(list->name))) ? list : nullptr;
+    if (!readList(list, path)) return nullptr;
+    share(list);
+    return list;
 }
 
 String* name(ColorList* self, SEL) { return string(self->name); }
@@ -203,11 +233,15 @@ BOOL writeToFile(ColorList* self, SEL, id pathObject) {
 
 // Of a list that was neither read nor written there is no file.
 void removeFile(ColorList* self, SEL) {
-    if (!self->file.empty()) unlink(self->file.c_str());
+    if (self->file.empty()) return;
+    unlink(self->file.c_str());
+    if (const ColorList* const shared = sharedList(self->file)) unshare(shared);
     self->file.clear();
 }
 
 } // namespace
+
+ColorList::~ColorList() { unshare(this); }
 
 ClassTable tableOfNSColorList() {
     static const MethodEntry methods[] = {

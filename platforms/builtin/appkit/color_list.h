@@ -12,6 +12,8 @@ namespace chroma::builtin {
 struct ColorList : Object {
     static ClassObject cls;
 
+    ~ColorList();
+
     using Colors = std::unordered_map<std::u16string, Ref<Color>>;
     using Entry = Colors::value_type; // the key and its colour
 
@@ -19,7 +21,8 @@ struct ColorList : Object {
     Colors colors;
     std::vector<Entry*> entries; // those of `colors`, which stay where they are, in the list's order
     bool isEditable = true;
-    std::string file; // where the list was last read from or written to, "" while it is only in memory
+    ColorList* nextShared = nullptr; // of the lists that colorListNamed: has read and would answer again
+    std::string file;                // where the list was last read from or written to, "" while it is only in memory
 };
 
 ClassTable tableOfNSColorList();

@@ -112,10 +112,14 @@ public:
         const auto [entry, isNew] = list_.colors.try_emplace(std::move(key));
         if (!isNew) return false;
         list_.entries.push_back(&*entry);
+        if (form == "catalog") {
+            Color* const color = catalog(line);
+            entry->second = color;
+            return color && line.isAtEnd();
+        }
         Color* const color = newColor({});
         entry->second = color;
         const bool isRead = form == "components" ? components(line, color->contents)
-                            : form == "catalog"  ? catalog(line, color->contents)
                             : form == "pattern"  ? pattern(line, color->contents)
                                                  : false;
         return isRead && line.isAtEnd();
@@ -149,12 +153,12 @@ private:
                            [&line](float& component) { return line.float32(component); });
     }
 
-    static bool catalog(LineReader& line, ColorContents& contents) {
+    // Null when the catalog has no such colour.
+    static Color* catalog(LineReader& line) {
         std::string_view name;
-        if (!line.keyword("System") || !line.word(name)) return false;
-        contents.catalogColor = findCatalogColor(std::u16string(name.begin(), name.end()));
-        contents.kind = Kind::catalog;
-        return contents.catalogColor != nullptr;
+        if (!line.keyword("System") || !line.word(name)) return nullptr;
+        const CatalogColor* const color = findCatalogColor(std::u16string(name.begin(), name.end()));
+        return color ? colorOf(*color) : nullptr;
     }
 
     static bool pattern(LineReader& line, ColorContents& contents) {

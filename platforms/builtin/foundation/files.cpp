@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -48,6 +49,12 @@ bool writeAll(int descriptor, std::string_view contents) {
     return true;
 }
 
+// The file that the path leads to, over links.
+std::string targetOf(const std::string& path) {
+    char resolved[PATH_MAX];
+    return realpath(path.c_str(), resolved) ? resolved : path;
+}
+
 // A new file beside the path, with the permissions that the user's new files get. Its name is put into `name`.
 int createBeside(const std::string& path, std::string& name) {
     static std::atomic<unsigned> counter{0};
@@ -79,18 +86,29 @@ bool readFile(const char* path, std::vector<std::uint8_t>& contents) {
     }
 }
 
-bool replaceFile(const std::string& path, std::string_view contents) {
+bool replaceFile(const std::string& link, std::string_view contents) {
+    const std::string path = targetOf(link);
     std::string temporary;
     File file(createBeside(path, temporary));
     if (!file.isOpen()) return false;
-    const bool isWritten = writeAll(file.descriptor(), contents) && fsync(file.descriptor()) == 0 && file.close() &&
-                           std::rename(temporary.c_str(), path.c_str()) == 0;
+    struct stat old;
+    const bool isOld = stat(path.c_str(), &old) == 0;
+    const bool keepsMode = !isOld || fchmod(file.descriptor(), old.st_mode & 07777) == 0;
+    const bool isWritten = keepsMode && writeAll(file.descriptor(), contents) && fsync(file.descriptor()) == 0 &&
+                           file.close() && std::rename(temporary.c_str(), path.c_str()) == 0;
     if (!isWritten) {
         unlink(temporary.c_str());
         return false;
     }
     syncFolder(folderOf(path));
     return true;
+}
+
+bool isWriteProtected(const std::string& path) {
+    constexpr mode_t anyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+    struct stat status;
+    if (stat(path.c_str(), &status) != 0) return false;
+    return (status.st_mode & anyWrite) == 0 || access(path.c_str(), W_OK) != 0;
 }
 
 bool isFolder(const std::string& path) {

@@ -12,8 +12,12 @@ namespace chroma::builtin {
 bool readFile(const char* path, std::vector<std::uint8_t>& contents);
 
 // Puts the contents in the place of a file in one step: whoever opens the path meets the old file or the new one, whole.
-// False when something failed, and then the old file is still there.
-bool replaceFile(const std::string& path, std::string_view contents);
+// The file keeps its permissions, and a link goes on leading to it. False when something failed, and then the old file is
+// still there.
+bool replaceFile(const std::string& link, std::string_view contents);
+
+// Whether the user may not write the file. One that nobody is meant to write is protected from the superuser too.
+bool isWriteProtected(const std::string& path);
 
 bool isFolder(const std::string& path);
 
