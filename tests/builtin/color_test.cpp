@@ -1,7 +1,9 @@
 // Colours: who answers what, names, descriptions, patterns, the named colours.
 #include "support/native.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 using namespace chroma;
@@ -34,8 +36,8 @@ TEST_F(Colors, AnswerTheComponentsOfTheirFamilyAlone) {
         {calibratedWhite(1, 1), "NSCalibratedWhiteColorSpace: white alpha"},
         {color("colorWithDeviceWhite:alpha:", 1.f, 1.f), "NSDeviceWhiteColorSpace: white alpha"},
         {deviceCMYK(0, 0, 0, 0, 1), "NSDeviceCMYKColorSpace: cyan magenta yellow black alpha"},
-        {color("controlColor"), "NSNamedColorSpace:"},
-        {patternOf(image()), "NSPatternColorSpace:"}};
+        {color("controlColor"), "NSNamedColorSpace: alpha"},
+        {patternOf(image()), "NSPatternColorSpace: alpha"}};
     for (const auto& [color, expected] : cases) {
         std::string answers = textOf(send(color, "colorSpaceName")) + ":";
         for (const char* const component : {"red", "green", "blue", "hue", "saturation", "brightness", "white", "cyan",
@@ -104,10 +106,14 @@ TEST_F(Colors, AreDescribedByTheirSpaceAndShortestComponents) {
         {deviceRGB(2.5f, -0.5f, 0.5f, 7), "NSDeviceRGBColorSpace 1 0 0.5 1"},
         {deviceRGB(nan, 0, 0, nan), "NSDeviceRGBColorSpace 0 0 0 0"},
         {deviceCMYK(-1, 2, 0.5f, 0.25f, 3), "NSDeviceCMYKColorSpace 0 1 0.5 0.25 1"},
+        {colorIn(standardSpace("deviceGrayColorSpace"), {-1, 7}), "NSDeviceWhiteColorSpace 0 1"},
+        {calibratedRGB(-nan, 0, 0), "NSCalibratedRGBColorSpace nan 0 0 1"},
         {colorIn(srgb, {1, 0, 0, 1}), "NSCustomColorSpace sRGB IEC61966-2.1 colorspace 1 0 0 1"},
         {colorIn(grey, {0.25f, 2}), "NSCalibratedWhiteColorSpace 0.25 2"},
         // Hue, saturation and brightness are clipped.
         {fromHue(0, 1, 1), "NSCalibratedRGBColorSpace 1 0 0 1"},
+        {fromHue(1 / 3.f, 1, 1), "NSCalibratedRGBColorSpace 0 1 0 1"},
+        {fromHue(2 / 3.f, 1, 1), "NSCalibratedRGBColorSpace 0 0 1 1"},
         {fromHue(0.25f, 0.5f, 0.8f), "NSCalibratedRGBColorSpace 0.6 0.8 0.4 1"},
         {fromHue(0.3f, 0, 0.8f), "NSCalibratedRGBColorSpace 0.8 0.8 0.8 1"},
         {color("colorWithDeviceHue:saturation:brightness:alpha:", 0.f, 1.f, 1.f, 7.f), "NSDeviceRGBColorSpace 1 0 0 1"},
@@ -131,6 +137,9 @@ TEST_F(Colors, AreDescribedByTheirSpaceAndShortestComponents) {
 
 TEST_F(Colors, AreEqualWhenSpaceAndComponentsAre) {
     const id rgb = calibratedRGB(1, 0.5f, 0), catalog = color("textColor"), tile = image(), pattern = patternOf(tile);
+    const id strange = calibratedRGB(std::numeric_limits<float>::quiet_NaN(), 0, 0);
+    EXPECT_TRUE(isEqual(strange, strange));
+    EXPECT_EQ(color("colorWithCGColor:", send(catalog, "CGColor")), catalog) << "catalog colours are single objects";
     for (const id color : {rgb, catalog, pattern})
         EXPECT_TRUE(isEqual(color, test::color("colorWithCGColor:", send(color, "CGColor")))) << textOf(color);
     EXPECT_EQ(color("colorWithCGColor:", id{}), nullptr);
@@ -143,6 +152,29 @@ TEST_F(Colors, AreEqualWhenSpaceAndComponentsAre) {
     EXPECT_EQ(send(pattern, "patternImage"), tile);
     EXPECT_EQ(send<Size>(tile, "size").width, 8);
     EXPECT_EQ(send<Size>(tile, "size").height, 4);
+}
+
+// Numbers of macOS 11 as designers publish them.
+TEST_F(Colors, OfTheCatalogLookAsInTheChosenAppearance) {
+    const struct {
+        const char* name;
+        std::vector<float> light, dark; // 8-bit sRGB and alpha
+    } published[] = {{"selectedTextBackgroundColor", {179, 215, 255, 1}, {63, 99, 139, 1}},
+                     {"windowBackgroundColor", {236, 236, 236, 1}, {50, 50, 50, 1}},
+                     {"keyboardFocusIndicatorColor", {0, 103, 244, 0.25f}, {26, 169, 255, 0.3f}},
+                     {"controlTextColor", {0, 0, 0, 0.85f}, {255, 255, 255, 0.85f}},
+                     {"disabledControlTextColor", {0, 0, 0, 0.25f}, {255, 255, 255, 0.25f}}};
+    for (const bool isDark : {false, true}) {
+        if (isDark) setenv("CHROMABRIDGE_APPEARANCE", "dark", 1);
+        for (const auto& [name, light, dark] : published) {
+            std::vector<float> expected = isDark ? dark : light;
+            std::for_each(expected.begin(), expected.end() - 1, [](float& level) { level /= 255; });
+            expectNear(componentsOf(inSpace(color(name), "sRGBColorSpace")), expected, 1e-6);
+            EXPECT_FLOAT_EQ(static_cast<float>(send<CGFloat>(color(name), "alphaComponent")), expected[3]) << name;
+        }
+    }
+    unsetenv("CHROMABRIDGE_APPEARANCE");
+    EXPECT_EQ(send<CGFloat>(patternOf(image()), "alphaComponent"), 1);
 }
 
 TEST_F(Colors, OfEveryKindGoOverThePasteboard) {

@@ -62,6 +62,13 @@ TEST_F(Conversions, KeepGreysGreyAndComeBackWithinTheGamut) {
             expectNear(rgb, {level, level, level, 0.5f}, white < 1 ? 1e-7 : 0);
         }
     }
+    for (int level = 0; level <= 1000; ++level) {
+        const id grey = color("colorWithCalibratedWhite:alpha:", static_cast<float>(level) / 1000, 1.f);
+        const std::vector<float> inks = componentsOf(inSpace(grey, "deviceCMYKColorSpace"));
+        ASSERT_EQ(std::vector(inks.begin(), inks.begin() + 3), std::vector({0.f, 0.f, 0.f}))
+            << level << " takes black alone";
+    }
+    EXPECT_EQ(componentsOf(inSpace(color("whiteColor"), "deviceCMYKColorSpace")), std::vector({0.f, 0.f, 0.f, 0.f, 1.f}));
     id travelling = colorIn(standardSpace("sRGBColorSpace"), {0.8f, 0.5f, 0.25f, 1});
     for (const char* const space : spaces)
         travelling = inSpace(travelling, space);
@@ -74,7 +81,8 @@ TEST_F(Conversions, AnswerTheReceiverWhenThereIsNothingToDoAndNilWhenNothingCanB
     const id pattern = color("colorWithPatternImage:", made("NSImage", "init"));
     EXPECT_EQ(inSpace(rgb, "genericRGBColorSpace"), rgb);
     EXPECT_EQ(send(rgb, "colorUsingColorSpace:", id{}), nullptr);
-    EXPECT_EQ(send(rgb, "colorUsingColorSpaceName:", id{}), nullptr);
+    EXPECT_EQ(send(rgb, "colorUsingColorSpaceName:", id{}), rgb) << "the space that fits it best is its own";
+    EXPECT_EQ(textOf(send(send(catalog, "colorUsingColorSpaceName:", id{}), "colorSpace")), "sRGB IEC61966-2.1 colorspace");
     EXPECT_EQ(inSpace(pattern, "sRGBColorSpace"), nullptr);
     const std::tuple<id, const char*, id> cases[] = {{rgb, "NSCalibratedRGBColorSpace", rgb},
                                                      {catalog, "NSNamedColorSpace", catalog},
@@ -108,7 +116,7 @@ TEST_F(Conversions, DerivedColorsMixInCalibratedRGB) {
     const std::pair<id, const char*> cases[] = {
         {send(calibratedRGB(0.25f, 2, 0), "colorWithAlphaComponent:", 0.5f), "NSCalibratedRGBColorSpace 0.25 2 0 0.5"},
         {send(rgb, "colorWithAlphaComponent:", 7.f), "NSCalibratedRGBColorSpace 1 0.5 0 1"},
-        {send(text, "colorWithAlphaComponent:", 0.25f), "NSCalibratedWhiteColorSpace 0 0.25"},
+        {send(text, "colorWithAlphaComponent:", 0.25f), "NSCustomColorSpace sRGB IEC61966-2.1 colorspace 0 0 0 0.25"},
         {blend(rgb, 0.25f, white), "NSCalibratedRGBColorSpace 1 0.625 0.25 0.625"},
         {blend(color("blackColor"), 0.5f, white), "NSCalibratedRGBColorSpace 0.5 0.5 0.5 1"},
         {blend(rgb, 0.5f, nullptr), "(nil)"},
@@ -116,11 +124,14 @@ TEST_F(Conversions, DerivedColorsMixInCalibratedRGB) {
         {blend(pattern, 0.5f, rgb), "(nil)"},
         {send(rgb, "highlightWithLevel:", 0.5f), "NSCalibratedRGBColorSpace 1 0.75 0.5 0.75"},
         {send(rgb, "shadowWithLevel:", 0.5f), "NSCalibratedRGBColorSpace 0.5 0.25 0 0.75"},
-        {send(rgb, "shadowWithLevel:", 5.f), "NSCalibratedRGBColorSpace 0 0 0 1"},
+        {send(rgb, "shadowWithLevel:", 5.f), "Catalog color: System shadowColor"},
+        {send(rgb, "highlightWithLevel:", 1.f), "Catalog color: System highlightColor"},
         {rgb, "NSCalibratedRGBColorSpace 1 0.5 0 0.5"}, // itself it does not change
     };
     for (const auto& [derived, description] : cases)
         EXPECT_EQ(textOf(derived), description);
     EXPECT_EQ(send(pattern, "colorWithAlphaComponent:", 0.25f), pattern);
+    EXPECT_EQ(send(rgb, "shadowWithLevel:", -1.f), rgb);
+    EXPECT_EQ(send(text, "highlightWithLevel:", 0.f), text);
     EXPECT_TRUE(refuses([&] { blend(rgb, 0.5f, string("no colour")); }));
 }

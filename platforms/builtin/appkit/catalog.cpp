@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <iterator>
 #include <utility>
 
@@ -11,38 +12,38 @@ namespace chroma::builtin {
 namespace {
 
 constexpr CatalogColor catalog[] = {
-    {"alternateSelectedControlColor", false, {0.04f, 0.38f, 0.85f}},
-    {"alternateSelectedControlTextColor", true, {1}},
-    {"controlBackgroundColor", true, {1}},
-    {"controlColor", true, {0.93f}},
-    {"controlDarkShadowColor", true, {0.33f}},
-    {"controlHighlightColor", true, {0.87f}},
-    {"controlLightHighlightColor", true, {1}},
-    {"controlShadowColor", true, {0.55f}},
-    {"controlTextColor", true, {0}},
-    {"disabledControlTextColor", true, {0.5f}},
-    {"gridColor", true, {0.8f}},
-    {"headerColor", true, {1}},
-    {"headerTextColor", true, {0}},
-    {"highlightColor", true, {1}},
-    {"keyboardFocusIndicatorColor", false, {0.25f, 0.6f, 0.95f}},
-    {"knobColor", true, {0.75f}},
-    {"scrollBarColor", true, {0.67f}},
-    {"scrubberTexturedBackgroundColor", true, {0.2f}},
-    {"secondarySelectedControlColor", true, {0.83f}},
-    {"selectedControlColor", false, {0.7f, 0.84f, 1}},
-    {"selectedControlTextColor", true, {0}},
-    {"selectedKnobColor", true, {0.55f}},
-    {"selectedMenuItemColor", false, {0.04f, 0.38f, 0.85f}},
-    {"selectedMenuItemTextColor", true, {1}},
-    {"selectedTextBackgroundColor", false, {0.7f, 0.84f, 1}},
-    {"selectedTextColor", true, {0}},
-    {"shadowColor", true, {0}},
-    {"textBackgroundColor", true, {1}},
-    {"textColor", true, {0}},
-    {"windowBackgroundColor", true, {0.92f}},
-    {"windowFrameColor", true, {0.67f}},
-    {"windowFrameTextColor", true, {0}},
+    {"alternateSelectedControlColor", {0, 99, 225, 1}, {0, 88, 208, 1}},
+    {"alternateSelectedControlTextColor", {255, 255, 255, 1}, {255, 255, 255, 1}},
+    {"controlBackgroundColor", {255, 255, 255, 1}, {30, 30, 30, 1}},
+    {"controlColor", {255, 255, 255, 1}, {255, 255, 255, 0.25}},
+    {"controlDarkShadowColor", {84, 84, 84, 1}, {84, 84, 84, 1}},
+    {"controlHighlightColor", {222, 222, 222, 1}, {222, 222, 222, 1}},
+    {"controlLightHighlightColor", {255, 255, 255, 1}, {255, 255, 255, 1}},
+    {"controlShadowColor", {140, 140, 140, 1}, {140, 140, 140, 1}},
+    {"controlTextColor", {0, 0, 0, 0.85}, {255, 255, 255, 0.85}},
+    {"disabledControlTextColor", {0, 0, 0, 0.25}, {255, 255, 255, 0.25}},
+    {"gridColor", {230, 230, 230, 1}, {26, 26, 26, 1}},
+    {"headerColor", {255, 255, 255, 1}, {255, 255, 255, 1}},
+    {"headerTextColor", {0, 0, 0, 0.85}, {255, 255, 255, 1}},
+    {"highlightColor", {255, 255, 255, 1}, {180, 180, 180, 1}},
+    {"keyboardFocusIndicatorColor", {0, 103, 244, 0.25}, {26, 169, 255, 0.3}},
+    {"knobColor", {191, 191, 191, 1}, {191, 191, 191, 1}},
+    {"scrollBarColor", {170, 170, 170, 1}, {170, 170, 170, 1}},
+    {"scrubberTexturedBackgroundColor", {51, 51, 51, 1}, {51, 51, 51, 1}},
+    {"secondarySelectedControlColor", {220, 220, 220, 1}, {70, 70, 70, 1}},
+    {"selectedControlColor", {179, 215, 255, 1}, {63, 99, 139, 1}},
+    {"selectedControlTextColor", {0, 0, 0, 0.85}, {255, 255, 255, 0.85}},
+    {"selectedKnobColor", {140, 140, 140, 1}, {140, 140, 140, 1}},
+    {"selectedMenuItemColor", {0, 99, 225, 1}, {0, 88, 208, 1}},
+    {"selectedMenuItemTextColor", {255, 255, 255, 1}, {255, 255, 255, 1}},
+    {"selectedTextBackgroundColor", {179, 215, 255, 1}, {63, 99, 139, 1}},
+    {"selectedTextColor", {0, 0, 0, 1}, {255, 255, 255, 1}},
+    {"shadowColor", {0, 0, 0, 1}, {0, 0, 0, 1}},
+    {"textBackgroundColor", {255, 255, 255, 1}, {30, 30, 30, 1}},
+    {"textColor", {0, 0, 0, 1}, {255, 255, 255, 1}},
+    {"windowBackgroundColor", {236, 236, 236, 1}, {50, 50, 50, 1}},
+    {"windowFrameColor", {170, 170, 170, 1}, {170, 170, 170, 1}},
+    {"windowFrameTextColor", {0, 0, 0, 0.85}, {255, 255, 255, 0.85}},
 };
 
 // Colours that are plain components: calibrated grey or RGB.
@@ -141,9 +142,10 @@ const CatalogColor* findCatalogColor(std::u16string_view name) {
 Color* colorOf(const CatalogColor& color) { return catalogColor(static_cast<std::size_t>(&color - catalog)); }
 
 Color* resolved(const CatalogColor& color) {
-    const auto& [first, second, third] = color.components;
-    if (color.isGray) return componentColor(standardSpace(StandardSpace::genericGray), {first, 1});
-    return componentColor(standardSpace(StandardSpace::genericRGB), {first, second, third, 1});
+    const char* const appearance = std::getenv("CHROMABRIDGE_APPEARANCE");
+    const bool isDark = appearance && std::string_view(appearance) == "dark";
+    const auto& [red, green, blue, alpha] = isDark ? color.dark : color.light;
+    return componentColor(standardSpace(StandardSpace::sRGB), {red / 255.0, green / 255.0, blue / 255.0, alpha});
 }
 
 Category categoryOfNamedColors() {

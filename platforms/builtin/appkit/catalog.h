@@ -7,11 +7,17 @@ namespace chroma::builtin {
 
 struct Color;
 
-// A colour of the catalog, and what it looks like in the light appearance: calibrated grey or RGB, opaque.
+// A colour in sRGB, 0 to 255, and its alpha.
+struct Shade {
+    int red, green, blue;
+    double alpha;
+};
+
+// A colour of the catalog, and what it looks like in the light and in the dark appearance.
 struct CatalogColor {
     const char* name; // also the class method that answers it
-    bool isGray;
-    float components[3];
+    Shade light;
+    Shade dark;
 };
 
 struct CatalogColors {
@@ -28,7 +34,7 @@ const CatalogColor* findCatalogColor(std::u16string_view name);
 // The one object of a catalog colour, which is never freed.
 Color* colorOf(const CatalogColor& catalogColor);
 
-// The colour that it stands for, as autoreleased component colour.
+// The colour that it stands for, as autoreleased sRGB colour: in the dark appearance when CHROMABRIDGE_APPEARANCE is "dark".
 Color* resolved(const CatalogColor& catalogColor);
 
 Category categoryOfNamedColors();

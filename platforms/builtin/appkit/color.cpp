@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <string>
 
 namespace chroma::builtin {
@@ -15,6 +16,7 @@ Color::Color() = default;
 Color::~Color() = default;
 
 Color* newColor(const ColorContents& contents) {
+    if (contents.kind == Kind::catalog && contents.catalogColor) return colorOf(*contents.catalogColor);
     auto* const color = make<Color>();
     color->contents = contents;
     return autorelease(color);
@@ -51,6 +53,7 @@ void raiseNotValid(Color* color, SEL selector) { raise(exceptionName::invalidArg
 namespace {
 
 std::u16string shortest(float value) {
+    if (std::isnan(value)) return u"nan";
     char digits[32];
     const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general).ptr;
     return {digits, end};
@@ -78,6 +81,7 @@ String* description(Color* self, SEL) {
 }
 
 BOOL isEqual(Color* self, SEL, id other) {
+    if (other == self) return 1; // with not-a-number among its components too
     if (!isKindOf(other, Color::cls)) return 0;
     const ColorContents& mine = self->contents;
     const ColorContents& theirs = static_cast<Color*>(other)->contents;

@@ -33,7 +33,11 @@ CGFloat hsbComponent(Color* self, SEL selector) {
     return static_cast<float>(hsbOf(self, selector)[Index]);
 }
 
-CGFloat alphaComponent(Color* self, SEL selector) { return contentsWithComponents(self, selector).alpha(); }
+// Of every colour: a catalog colour has that of what it stands for, a pattern is opaque.
+CGFloat alphaComponent(Color* self, SEL) {
+    const Color* const color = withComponents(self);
+    return color ? color->contents.alpha() : 1;
+}
 
 // Outputs that are null are not asked for. Answers are single-precision numbers in every width.
 void put(CGFloat* output, double value) {

@@ -40,7 +40,7 @@ Color* colorUsingColorSpace(Color* self, SEL, id space) {
 Color* colorUsingColorSpaceName(Color* self, SEL, id name) {
     static const Message colorSpaceName{"colorSpaceName"};
     static const Message isEqualToString{"isEqualToString:"};
-    if (!name) return nullptr;
+    if (!name) return self->contents.kind == Kind::catalog ? withComponents(self) : self; // the space that fits it best
     if (send<BOOL>(send<id>(self, colorSpaceName), isEqualToString, name)) return self;
     return converted(self, spaceForName(name));
 }
@@ -72,13 +72,16 @@ Color* blendedColorWithFraction(Color* self, SEL, CGFloat fraction, id other) {
     return blended(self, fraction, argument<Color>(other, colorUsingColorSpaceNameMessage));
 }
 
-Color* highlightWithLevel(Color* self, SEL, CGFloat level) {
-    return blended(self, clip(level), colorOf(*findCatalogColor(u"highlightColor")));
+// Level 0 is the colour itself, level 1 the other one.
+Color* towards(Color* color, double level, std::u16string_view name) {
+    Color* const other = colorOf(*findCatalogColor(name));
+    if (clip(level) == 0) return color;
+    return clip(level) < 1 ? blended(color, level, other) : other;
 }
 
-Color* shadowWithLevel(Color* self, SEL, CGFloat level) {
-    return blended(self, clip(level), colorOf(*findCatalogColor(u"shadowColor")));
-}
+Color* highlightWithLevel(Color* self, SEL, CGFloat level) { return towards(self, level, u"highlightColor"); }
+
+Color* shadowWithLevel(Color* self, SEL, CGFloat level) { return towards(self, level, u"shadowColor"); }
 
 } // namespace
 

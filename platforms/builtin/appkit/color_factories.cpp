@@ -63,8 +63,9 @@ Color* colorWithColorSpaceComponents(ClassObject*, SEL selector, id spaceObject,
                         static_cast<long>(count)));
     }
     Color* const color = componentColor(space, {});
-    std::transform(components, components + count, color->contents.components.begin(),
-                   [](CGFloat component) { return static_cast<float>(component); });
+    std::transform(components, components + count, color->contents.components.begin(), [space](CGFloat component) {
+        return static_cast<float>(isOfDevice(*space->definition) ? clip(component) : component);
+    });
     return color;
 }
 
@@ -75,7 +76,7 @@ Color* colorWithColorSpaceHue(ClassObject*, SEL selector, id spaceObject, CGFloa
         raise(exceptionName::invalidArgument, formatted("+[NSColor %s]: %s is no RGB color space", sel_getName(selector),
                                                         printable(send<String*>(space, msg::description))));
     }
-    return colorWithHsb(space, {hue, saturation, brightness}, alpha);
+    return colorWithHsb(space, {hue, saturation, brightness}, isOfDevice(*space->definition) ? clip(alpha) : alpha);
 }
 
 // nil for null and for a handle of another kind.

@@ -10,7 +10,8 @@ namespace chroma::builtin {
 Vector3 rgbFromHsb(const Vector3& hsb) {
     const double saturation = clip(hsb[1]);
     const double brightness = clip(hsb[2]);
-    const double sixth = clip(hsb[0]) * 6;
+    // In single precision a third is a third of the circle, whichever way it was rounded.
+    const double sixth = static_cast<float>(clip(hsb[0])) * 6.0F;
 
     Vector3 rgb;
     for (std::size_t index = 0; index < 3; ++index) {

@@ -78,6 +78,11 @@ const SpacePointer& standardDefinition(StandardSpace space) {
     return spaces[static_cast<std::size_t>(space)];
 }
 
+bool isOfDevice(const SpaceDefinition& space) {
+    return space.kind == &spaceName::deviceRGB || space.kind == &spaceName::deviceWhite ||
+           space.kind == &spaceName::deviceCMYK;
+}
+
 SpacePointer definitionOfProfile(const std::vector<std::uint8_t>& profile) {
     const SpacePointer described = spaceFromProfile(profile.data(), profile.size());
     for (std::size_t index = 0; described && index < standardSpaceCount; ++index) {
