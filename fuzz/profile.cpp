@@ -19,7 +19,10 @@ bool staysInRange(const SpaceDefinition& from, const SpaceDefinition& to, float 
     float converted[maxChannels];
     std::fill(std::begin(channels), std::end(channels), level);
     if (isSameSpace(from, to) || !convertChannels(from, channels, to, converted)) return true;
-    return std::all_of(converted, converted + to.channels, [](float channel) { return channel >= 0 && channel <= 1; });
+    const bool isLab = to.model == ColorModel::lab;
+    return std::all_of(converted, converted + to.channels, [isLab](float channel) {
+        return isLab ? channel >= -128 && channel <= 127 : channel >= 0 && channel <= 1;
+    });
 }
 
 } // namespace
