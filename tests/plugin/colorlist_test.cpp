@@ -68,6 +68,22 @@ TEST_F(Lists, AreReadFromAnyPathIfTheyAreWhole) {
     std::filesystem::remove(cut);
 }
 
+TEST_F(Lists, NeedANameAndAFileAndAreReadOnceFromTheUsersFolder) {
+    EXPECT_EQ(create(""), platform::differs(Difference::NamelessList));
+    EXPECT_EQ(createFrom("n", ""), platform::differs(Difference::ListWithoutFile));
+    setenv("XDG_DATA_HOME", ::testing::TempDir().c_str(), 1);
+    ASSERT_TRUE(create("Once"));
+    ASSERT_TRUE(writeToFile(list, Text("")));
+    const id written = native::send(native::send(nativeObject(list), "retain"), "autorelease");
+    ASSERT_TRUE(load("Once"));
+    const id first = nativeObject(list);
+    EXPECT_EQ(first == written, platform::differs(Difference::SavedList));
+    ASSERT_TRUE(load("Once"));
+    EXPECT_EQ(nativeObject(list), first);
+    removeFile(list);
+    EXPECT_FALSE(load("Once"));
+}
+
 TEST_F(Lists, LoadersReplaceTheHeldListAndOnlyCreatedOnesAreRegistered) {
     EXPECT_FALSE(Create1(nullptr, Text("n")));
     for (const char* const listName : {"One", "Shared"}) {

@@ -50,6 +50,13 @@ TEST_F(Spaces, AProfileMakesASpaceThatHandsItOutOnce) {
     }
 }
 
+TEST_F(Spaces, OfTheSystemTellTheirProfileAndItsName) {
+    const Reference space(getgenericCMYKColorSpace());
+    EXPECT_EQ(profileOf(space).empty(), platform::differs(Difference::NamedProfiles));
+    EXPECT_EQ(foreign::take(localizedName(space, 0)),
+              platform::expected(Difference::LocalizedNames, "Generic CMYK Profile", "CMYK"));
+}
+
 TEST_F(Spaces, HandlesComeBackAndOnlyOneInitialiserStaysUnregistered) {
     const Reference fromSpace(foreign::make("NSColorSpaceZRX")), fromProfile(foreign::make("NSColorSpaceZRX"));
     if (platform::lacks("-[NSColorSpace initWithCGColorSpace:]")) GTEST_SKIP() << "the platform has no such message";

@@ -12,18 +12,23 @@
     X(Description, "`description` of a colour", "space and components, blank-separated", "a property list")                 \
     X(PlainColors, "`redColor` and the other plain colours", "one object each", "a new, equal object each time")            \
     X(SRGBSpaceName, "`colorSpaceName` of an sRGB colour", "NSCustomColorSpace", "NSCalibratedRGBColorSpace")               \
-    X(NilSpaceName, "`colorUsingColorSpaceName:` with nil", "nil", "the colour in calibrated RGB")                          \
+    X(NilSpaceName, "`colorUsingColorSpaceName:` with nil", "the colour as it is", "the colour in calibrated RGB")          \
     X(NilSpace, "`colorUsingColorSpace:` with nil", "nil", "the colour as device grey")                                     \
     X(WrongCount, "`colorWithColorSpace:components:count:` with a wrong count", "raises", "nil")                            \
     X(HueWithoutSpace, "`colorWithColorSpace:hue:saturation:brightness:alpha:` with a nil space", "raises",                 \
       "a calibrated colour")                                                                                                \
     X(PatternConversion, "`colorUsingColorSpaceName:` of a pattern", "nil", "raises")                                       \
-    X(PasteboardType, "`writeToPasteboard:` on a pasteboard without the colour type", "declares it", "writes nothing")      \
+    X(NamedProfiles, "`ICCProfileData` of the generic spaces", "a profile", "nil")                                          \
+    X(LocalizedNames, "`localizedName` of the generic spaces", "that of the profile", "that of the model")                  \
     X(ProfileChecks, "`initWithICCProfileData:` with data that is no profile", "nil",                                       \
       "a space of no components that hands the data out")                                                                   \
     X(NullProfile, "`initWithColorSyncProfile:` with null", "nil", "a space of no components")                              \
     X(ListFileName, "`initWithName:fromFile:` with a path that does not end in .clr", "reads the file",                     \
       "takes it for a folder and gives an empty list")                                                                      \
+    X(NamelessList, "`initWithName:` with nil", "nil", "a list without a name")                                             \
+    X(ListWithoutFile, "`initWithName:fromFile:` with nil for the path", "nil", "an empty list")                            \
+    X(SavedList, "a list that was written to the user's folder, asked for by name", "is read from there",                   \
+      "is the very list")                                                                                                   \
     X(MissingListFile, "`initWithName:fromFile:` with a missing or malformed file", "nil", "an empty list")                 \
     X(SystemListAtFirst, "`colorListNamed:` \"System\" before NSColor was used", "the list", "nil")                         \
     X(SystemListEditable, "the list \"System\"", "refuses changes", "takes them")
