@@ -1,6 +1,7 @@
 #include "cases.h"
 
 #include "session.h"
+#include "work.h"
 
 #include "builtin/corefoundation.h"
 #include "builtin/objc_runtime.h"
@@ -26,32 +27,7 @@ void require(bool holds, const char* what) {
     if (!holds || host::hasPendingException()) throw std::runtime_error(std::string("wrong result: ") + what);
 }
 
-// A message as bare as C++ can send it.
-template <class R, class... Arguments>
-R send(id receiver, SEL selector, Arguments... arguments) {
-    return reinterpret_cast<R (*)(id, SEL, Arguments...)>(chroma::objc_msg_lookup(receiver, selector))(receiver, selector,
-                                                                                                       arguments...);
-}
-
-SEL selector(const char* name) { return chroma::sel_registerName(name); }
-
 id colorClass() { return chroma::objc_getClass("NSColor"); }
-
-// Keeps the compiler from leaving out work whose result nobody looks at.
-template <class Value>
-void use(Value& value) {
-    asm volatile("" : : "g"(&value) : "memory");
-}
-
-// The body `times` times, under one autorelease pool.
-template <class Body>
-Work repeated(Body body) {
-    return [body](std::size_t times) {
-        const host::platform::AutoreleasePool pool;
-        for (std::size_t i = 0; i < times; ++i)
-            body();
-    };
-}
 
 Case makeCase(const std::string& key, Work bound, Work bare) {
     bound(batch);
@@ -239,7 +215,12 @@ std::vector<Case> makeCases() {
     double white[2] = {};
     send<void>(nativeColor(newColor(1, 1, 1)), selector("getRed:green:blue:alpha:"), &white[0], &white[1], &white[1],
                &white[1]);
-    return white[0] == 1 ? casesOf<double>() : casesOf<float>();
+    std::vector<Case> cases = white[0] == 1 ? casesOf<double>() : casesOf<float>();
+#if defined(CHROMA_MEASURES_CONVERSIONS)
+    for (Case& conversion : conversionCases())
+        cases.push_back(std::move(conversion));
+#endif
+    return cases;
 }
 
 } // namespace bench

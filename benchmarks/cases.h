@@ -34,4 +34,8 @@ constexpr std::size_t batch = 1000;
 // it has to be: throws std::runtime_error when one is wrong.
 std::vector<Case> makeCases();
 
+// Conversions of one sRGB colour by the platform: the message that makes the colour in the other space against Little CMS's
+// transform of the same numbers. Throws too when the two differ by more than 1/255 or a profile is not installed.
+std::vector<Case> conversionCases();
+
 } // namespace bench
