@@ -41,3 +41,24 @@ For Each space As NSColorSpaceZRX In spaces
     Next
     Print line
 Next
+
+' A printer's profile is made of tables, one for each direction. This one comes with Ghostscript.
+Dim printer As New FolderItem("/usr/share/color/icc/ghostscript/default_cmyk.icc")
+If printer.Exists Then
+    Dim inks As NSColorSpaceZRX = NSColorSpaceZRX.ColorSpaceWithICCProfileData(printer)
+    Dim printed As NSColorZRX = orange.colorUsingColorSpace(inks)
+    Print "The orange in inks, in percent, and on the screen again, in 255ths"
+    Print "  " & inks.localizedName & ": " & Levels(printed, 100)
+    Print "  and back: " & Levels(printed.colorUsingColorSpace(NSColorSpaceZRX.sRGBColorSpace), 255)
+Else
+    Print "There is no printer's profile here: ", printer.Name
+End If
+
+Function Levels(c As NSColorZRX, full As Integer) As String
+    Dim text As String
+    Dim components() As Double = c.Components
+    For i As Integer = 0 To UBound(components) - 1 ' alpha is the last
+        text = text & Str(Round(components(i) * full)) & " "
+    Next
+    Return Trim(text)
+End Function
