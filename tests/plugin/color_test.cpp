@@ -181,6 +181,13 @@ TEST_F(Color, WithoutASpaceNameKeepsWhatFitsItBest) {
     EXPECT_STREQ(native::send<const char*>(name, "UTF8String"), expected);
 }
 
+TEST_F(Color, OfTheCatalogHasItsAlphaAndIsItselfAtTheEndsOfLevels) {
+    const Reference disabled(getdisabledControlTextColor()), shadow(getshadowColor());
+    EXPECT_EQ(alphaComponent(disabled, 0), platform::expected(Difference::CatalogAlpha, 0.25, 1.0));
+    EXPECT_EQ(Reference(shadowWithLevel(disabled, 0)), disabled);
+    EXPECT_EQ(Reference(shadowWithLevel(disabled, 1)), shadow);
+}
+
 TEST_F(Color, OfAPatternKeepsItsImage) {
     host.plainClasses.insert("NSImageZRX"); // has no destructor then: its image is released here
     const id image = native::send(native::sendClass("NSImage", "alloc"), "init");

@@ -12,6 +12,7 @@
     X(Description, "`description` of a colour", "space and components, blank-separated", "a property list")                 \
     X(PlainColors, "`redColor` and the other plain colours", "one object each", "a new, equal object each time")            \
     X(SRGBSpaceName, "`colorSpaceName` of an sRGB colour", "NSCustomColorSpace", "NSCalibratedRGBColorSpace")               \
+    X(CatalogAlpha, "`alphaComponent` of a catalog colour", "that of what it stands for", "1")                              \
     X(NilSpaceName, "`colorUsingColorSpaceName:` with nil", "the colour as it is", "the colour in calibrated RGB")          \
     X(NilSpace, "`colorUsingColorSpace:` with nil", "nil", "the colour as device grey")                                     \
     X(WrongCount, "`colorWithColorSpace:components:count:` with a wrong count", "raises", "nil")                            \
