@@ -62,7 +62,9 @@ const std::vector<WordText>& wordTexts() {
         {"TypeOf", "TypeOf object Is Class", "Whether an object is of the class, or of one that descends from it."},
         {"And Or Xor Not", "a And b\na Or b\na Xor b\nNot a",
          "Of Booleans; the right side is left out when the left one decides. Of Integers they work on the bits."},
-        {"Mod", "a Mod b", "What is left when a is divided by b. A division by 0 raises a DivideByZeroException."},
+        {"Mod", "a Mod b",
+         "What is left when a is divided by b, with the sign of a. Of Integers, a division by 0 raises a DivideByZeroException; of "
+         "Doubles it gives no number."},
         {"True False", "True\nFalse", "The two values of Boolean."},
         {"Integer", "Integer\nInteger(value)",
          "A whole number, as wide as a pointer: `12`, `&hFF`, `&o17`, `&b101`. The call takes a value for one."},

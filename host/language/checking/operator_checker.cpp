@@ -100,7 +100,7 @@ Operand ExpressionChecker::arithmetic(Operator operation, Value left, Value righ
                               "; '&' joins values of any type");
     }
     if (!left.type.isNumber() || !right.type.isNumber()) failOperands(operation, left.type, right.type, offset);
-    const bool wholeResult = operation == Operator::integerDivide || operation == Operator::modulo;
+    const bool wholeResult = operation == Operator::integerDivide;
     const bool realResult = operation == Operator::divide || operation == Operator::power;
     const bool wholeOperands = isWhole(left.type) && isWhole(right.type);
     const Kind kind = wholeResult || (wholeOperands && !realResult) ? Kind::integer : Kind::real;

@@ -1,5 +1,6 @@
 #include "language/library/functions.h"
 
+#include "language/library/mathematics.h"
 #include "language/library/program_arguments.h"
 #include "language/library/text_functions.h"
 #include "language/library/values.h"
@@ -12,7 +13,6 @@
 #include <algorithm>
 #include <charconv>
 #include <clocale>
-#include <cmath>
 #include <cwctype>
 
 namespace host::language {
@@ -39,21 +39,6 @@ double val(String* text) {
     return value.real;
 }
 double valOr(String* text, double otherwise) { return numberIn(TextOf(text).bytes()).value_or(otherwise); }
-
-double roundReal(double value) { return std::round(value); }
-double floorReal(double value) { return std::floor(value); }
-double ceilReal(double value) { return std::ceil(value); }
-
-double squareRoot(double value) { return std::sqrt(value); }
-
-HostInteger absInteger(HostInteger value) {
-    return value < 0 ? static_cast<HostInteger>(-static_cast<std::uintptr_t>(value)) : value;
-}
-double absReal(double value) { return std::fabs(value); }
-HostInteger minInteger(HostInteger a, HostInteger b) { return std::min(a, b); }
-HostInteger maxInteger(HostInteger a, HostInteger b) { return std::max(a, b); }
-double minReal(double a, double b) { return std::fmin(a, b); }
-double maxReal(double a, double b) { return std::fmax(a, b); }
 
 // Channels beyond 0 to 255 count as the nearest of the two.
 HostColor rgb(HostInteger red, HostInteger green, HostInteger blue, HostInteger alpha) {
@@ -157,16 +142,41 @@ const Definition definitions[] = {
      "A number as a pattern says: `0` a digit, `#` a digit unless it is a leading or trailing 0, `.` the decimal point, `,` groups by thousands, `%` hundredths."},
     {"Uppercase(text as string) as string", bound(uppercase), "The text in capital letters."},
     {"Lowercase(text as string) as string", bound(lowercase), "The text in small letters."},
-    {"Round(value as double) as double", bound(roundReal), "The nearest whole number; halves go away from 0."},
-    {"Floor(value as double) as double", bound(floorReal), "The nearest whole number that is not greater."},
-    {"Ceil(value as double) as double", bound(ceilReal), "The nearest whole number that is not smaller."},
-    {"Sqrt(value as double) as double", bound(squareRoot), "The square root; of a negative number no number."},
-    {"Abs(value as integer) as integer", bound(absInteger), "The number without its sign."},
-    {"Abs(value as double) as double", bound(absReal)},
-    {"Min(a as integer, b as integer) as integer", bound(minInteger), "The smaller of two numbers."},
-    {"Min(a as double, b as double) as double", bound(minReal)},
-    {"Max(a as integer, b as integer) as integer", bound(maxInteger), "The greater of two numbers."},
-    {"Max(a as double, b as double) as double", bound(maxReal)},
+    {"Round(value as double) as double", bound(mathematics::round), "The nearest whole number; halves go away from 0."},
+    {"Floor(value as double) as double", bound(mathematics::floor), "The nearest whole number that is not greater."},
+    {"Ceil(value as double) as double", bound(mathematics::ceil), "The nearest whole number that is not smaller."},
+    {"Sqrt(value as double) as double", bound(mathematics::squareRoot), "The square root; of a negative number no number."},
+    {"Abs(value as integer) as integer", bound<HostInteger(HostInteger)>(mathematics::absolute),
+     "The number without its sign."},
+    {"Abs(value as double) as double", bound<double(double)>(mathematics::absolute)},
+    {"Min(a as integer, b as integer) as integer", bound<HostInteger(HostInteger, HostInteger)>(mathematics::lesser),
+     "The smaller of two numbers."},
+    {"Min(a as double, b as double) as double", bound<double(double, double)>(mathematics::lesser)},
+    {"Max(a as integer, b as integer) as integer", bound<HostInteger(HostInteger, HostInteger)>(mathematics::greater),
+     "The greater of two numbers."},
+    {"Max(a as double, b as double) as double", bound<double(double, double)>(mathematics::greater)},
+    {"Pi() as double", bound(mathematics::pi), "Half a turn in radians, 3.14159..."},
+    {"Sin(angle as double) as double", bound(mathematics::sine), "The sine of an angle in radians."},
+    {"Cos(angle as double) as double", bound(mathematics::cosine), "The cosine of an angle in radians."},
+    {"Tan(angle as double) as double", bound(mathematics::tangent), "The tangent of an angle in radians."},
+    {"ASin(value as double) as double", bound(mathematics::arcSine),
+     "The angle in radians, from -Pi/2 to Pi/2, whose sine it is; beyond -1 to 1 no number."},
+    {"ACos(value as double) as double", bound(mathematics::arcCosine),
+     "The angle in radians, from 0 to Pi, whose cosine it is; beyond -1 to 1 no number."},
+    {"ATan(value as double) as double", bound(mathematics::arcTangent),
+     "The angle in radians, from -Pi/2 to Pi/2, whose tangent it is."},
+    {"ATan2(y as double, x as double) as double", bound(mathematics::angleOf),
+     "The angle in radians, from -Pi to Pi, from the x axis to the point."},
+    {"Exp(value as double) as double", bound(mathematics::exponential), "The power of e, 2.71828..."},
+    {"Log(value as double) as double", bound(mathematics::logarithm),
+     "The natural logarithm; of 0 negative infinity, of a negative number no number."},
+    {"Log10(value as double) as double", bound(mathematics::decimalLogarithm), "The logarithm to the base 10."},
+    {"Random() as double", bound(mathematics::randomReal),
+     "A random number from 0 on and below 1: the upper 53 bits of the next number of the 64-bit Mersenne Twister."},
+    {"RandomInRange(first as integer, last as integer) as integer", bound(mathematics::randomInRange),
+     "A random integer of a range, each as likely as the other, the last one included."},
+    {"RandomSeed(seed as integer)", bound(mathematics::seedRandom),
+     "Lets the random numbers begin anew. The same seed gives the same numbers on every machine; without one they differ from run to run."},
     {"RGB(red as integer, green as integer, blue as integer, alpha as integer = 255) as color", bound(rgb),
      "A colour value from its channels, each from 0 to 255; what lies beyond counts as the nearest of the two."},
     {"Arguments() as string()", bound(programArguments), "What the program was given when it was started."},

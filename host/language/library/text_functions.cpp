@@ -69,6 +69,38 @@ Pattern parsePattern(std::string_view text) {
     return pattern;
 }
 
+// The digits of a number as Print shows them, the point before the one of that number.
+struct Digits {
+    std::string digits;
+    std::size_t point;
+};
+
+Digits digitsOf(double magnitude) {
+    char buffer[400]; // the shortest form has at most 309 digits before the point or 324 zeros behind it
+    const auto written = std::to_chars(buffer, buffer + sizeof buffer, magnitude, std::chars_format::fixed);
+    std::string digits(buffer, written.ptr);
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    if (point < digits.size()) digits.erase(point, 1);
+    return {std::move(digits), point};
+}
+
+// Leaves so many digits behind the point. Halves go up.
+void roundTo(Digits& number, std::size_t count) {
+    const std::size_t size = number.point + count;
+    const bool up = number.digits.size() > size && number.digits[size] >= '5';
+    number.digits.resize(size, '0');
+    if (!up) return;
+    std::size_t at = size;
+    while (at > 0 && number.digits[at - 1] == '9')
+        number.digits[--at] = '0';
+    if (at > 0) {
+        ++number.digits[at - 1];
+    } else {
+        number.digits.insert(0, 1, '1');
+        ++number.point;
+    }
+}
+
 } // namespace
 
 String* trim(String* text) { return trimmed(text, true, true); }
@@ -153,20 +185,21 @@ HostInteger codeOf(String* text) {
 String* format(double value, String* patternText) {
     const Pattern pattern = parsePattern(utf8Of(patternText));
     constexpr std::size_t maxDigits = 30;
-    const double shown = pattern.percent ? value * 100 : value;
-    if (!std::isfinite(shown)) return newString(std::isnan(shown) ? "nan" : shown < 0 ? "-inf" : "inf");
+    if (!std::isfinite(value)) return newString(std::isnan(value) ? "nan" : value < 0 ? "-inf" : "inf");
     const std::size_t required = std::min(pattern.digits, maxDigits);
     const std::size_t most = std::min(required + pattern.optionalDigits, maxDigits);
-    char buffer[400]; // a double has at most 309 digits before the point
-    const auto written =
-        std::to_chars(buffer, buffer + sizeof buffer, std::fabs(shown), std::chars_format::fixed, static_cast<int>(most));
-    const std::string_view number(buffer, static_cast<std::size_t>(written.ptr - buffer));
-    std::string whole(number.substr(0, number.find('.')));
-    std::string fraction(most == 0 ? std::string_view() : number.substr(number.find('.') + 1));
+    Digits number = digitsOf(std::fabs(value));
+    if (pattern.percent) {
+        number.point += 2;
+        number.digits.resize(std::max(number.digits.size(), number.point), '0');
+    }
+    roundTo(number, most);
+    std::string whole = number.digits.substr(0, number.point);
+    std::string fraction = number.digits.substr(number.point);
+    whole.erase(0, whole.find_first_not_of('0'));
     while (fraction.size() > required && fraction.back() == '0')
         fraction.pop_back();
-    const bool negative = shown < 0 && number.find_first_not_of("0.") != std::string_view::npos;
-    if (whole == "0") whole.clear();
+    const bool negative = value < 0 && number.digits.find_first_not_of('0') != std::string::npos;
     if (whole.size() < pattern.wholeDigits)
         whole.insert(0, std::min(pattern.wholeDigits, maxDigits) - std::min(whole.size(), maxDigits), '0');
     for (std::size_t at = whole.size(); pattern.grouped && at > 3;)

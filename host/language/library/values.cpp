@@ -44,6 +44,7 @@ std::string textOfVariant(Object* variant) {
 std::string textOf(double value) {
     constexpr double smallestFixed = 1e-5;
     constexpr double largestFixed = 1e15;
+    if (std::isnan(value)) return "nan"; // whatever its sign
     const double magnitude = std::fabs(value);
     const bool fixed = magnitude == 0 || (magnitude >= smallestFixed && magnitude < largestFixed);
     return fixed ? written(value, std::chars_format::fixed) : written(value);

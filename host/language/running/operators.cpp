@@ -30,7 +30,7 @@ CodePtr onReals(CodePtr left, CodePtr right, Function function) {
                    [function](Slot a, Slot b) { return Slot::ofReal(function(a.real, b.real)); });
 }
 
-// \ and Mod. Dividing the lowest integer by -1 overflows in the processor, so -1 is taken apart.
+// \ and Mod of Integers. Dividing the lowest one by -1 overflows in the processor, so -1 is taken apart.
 template <class Function>
 CodePtr quotient(CodePtr left, CodePtr right, Offset offset, Function function) {
     return combine(std::move(left), std::move(right), [offset, function](Slot a, Slot b) {
@@ -108,6 +108,7 @@ CodePtr arithmetic(Operator operation, Kind kind, CodePtr left, CodePtr right, O
             return Slot::ofInteger(b == -1 ? static_cast<HostInteger>(-static_cast<std::uintptr_t>(a)) : a / b);
         });
     case Operator::modulo:
+        if (!integers) return onReals(std::move(left), std::move(right), [](double a, double b) { return std::fmod(a, b); });
         return quotient(std::move(left), std::move(right), offset,
                         [](HostInteger a, HostInteger b) { return Slot::ofInteger(b == -1 ? 0 : a % b); });
     default: return onReals(std::move(left), std::move(right), std::divides<>());

@@ -17,7 +17,7 @@ Print Chr(65), Chr(228), Chr(8364), Chr(128512), Asc("€uro"), Asc(Chr(128512))
 Print Repeat("ab", 3), Repeat("ab", 0), Repeat("ab", -1), Repeat("", 5), Len(Repeat("ä", 1000)) '> ababab    1000
 Print Format(0, "0.00"), Format(0, "#"), Format(0.5, "#.0"), Format(1234567.891, "#,##0.##") '> 0.00  .5 1,234,567.89
 Print Format(999, "#,##0"), Format(-0.001, "0.0"), Format(-1.5, "0"), Format(7, "0000") '> 999 0.0 -2 0007
-Print Format(0.125, "0%"), Format(3, "0 \%"), Format(2, "\#0"), Format(5, "EUR 0.00 net") '> 12% 3 % #2 EUR 5.00 net
+Print Format(0.125, "0%"), Format(3, "0 \%"), Format(2, "\#0"), Format(5, "EUR 0.00 net") '> 13% 3 % #2 EUR 5.00 net
 Print Format(1e15, "#,##0"), Format(1.005, "0.000000"), Format(12, "") '> 1,000,000,000,000,000 1.005000 12
 
 ' Text becomes numbers and colours where it is asked to, and tells where it cannot.
