@@ -18,7 +18,7 @@ For i As Integer = 1 To 9999
   Dim skipped As Integer = RandomInRange(-2, 2)
   If skipped < -2 Or skipped > 2 Then Print "beyond"
 Next
-Print RandomInRange(1, 6), RandomInRange(-3, -3) '> 3 -3
+Print RandomInRange(1, 1000000), RandomInRange(-3, -3) '> 789043 -3
 Try
   Print RandomInRange(2, 1)
 Catch e As OutOfBoundsException
