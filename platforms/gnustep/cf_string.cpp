@@ -15,9 +15,11 @@ struct NSRange {
     NSUInteger location, length;
 };
 
+using NSStringEncoding = unsigned; // narrower than AppKit's
+
 ClassName NSString{"NSString"};
-Message<BOOL(NSUInteger)> canBeConvertedToEncoding_{"canBeConvertedToEncoding:"};
-Message<BOOL(char*, NSUInteger, NSUInteger)> getCString_maxLength_encoding_{"getCString:maxLength:encoding:"};
+Message<BOOL(NSStringEncoding)> canBeConvertedToEncoding_{"canBeConvertedToEncoding:"};
+Message<BOOL(char*, NSUInteger, NSStringEncoding)> getCString_maxLength_encoding_{"getCString:maxLength:encoding:"};
 Message<void(UniChar*, NSRange)> getCharacters_range_{"getCharacters:range:"};
 Message<id(const UniChar*, NSUInteger)> initWithCharacters_length_{"initWithCharacters:length:"};
 
@@ -59,7 +61,7 @@ GNUSTEP_EXPORT CFIndex CFStringGetLength(CFStringRef string) { return static_cas
 GNUSTEP_EXPORT Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex capacity, CFStringEncoding encoding) {
     if (!string || !buffer || capacity <= 0) return 0;
     // Text that is ASCII, nearly all of it, NSString copies out by itself.
-    constexpr NSUInteger asciiEncoding = 1;
+    constexpr NSStringEncoding asciiEncoding = 1;
     if (extendsAscii(encoding) && canBeConvertedToEncoding_(string, asciiEncoding) &&
         getCString_maxLength_encoding_(string, buffer, static_cast<NSUInteger>(capacity), asciiEncoding)) {
         return 1;
