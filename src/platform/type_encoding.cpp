@@ -49,7 +49,8 @@ char canonical(char code) {
 bool isSameType(const char* expected, const char* actual) {
     actual = skipQualifiers(actual);
     const char wanted = canonical(*expected), found = canonical(*actual);
-    if (wanted == '@' && found == '^') return true; // objects of CoreFoundation, for which it declares pointers
+    // Objects of CoreFoundation, for which it declares pointers.
+    if ((wanted == '@' && found == '^') || (wanted == '^' && expected[1] == 'v' && found == '@')) return true;
     if (wanted != found) return false;
     if (wanted != '^' || *actual == '*' || expected[1] == 'v') return true;
     actual = skipQualifiers(actual + 1);

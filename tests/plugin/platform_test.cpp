@@ -30,7 +30,7 @@ TEST_F(Platform, TellsTheTypesOfAMethodThatIsSentWithOthers) {
     OtherFloat value = 0;
     EXPECT_DEATH(Message<void(OtherFloat*)>{"getComponents:"}(color, &value),
                  "has the types v.*\\^[fd].* sent with v@:\\^[df]");
-    EXPECT_DEATH(Message<id(int)>{"highlightWithLevel:"}(color, 1), "has the types @.*[fd].* sent with @@:i");
+    EXPECT_DEATH(Message<id(int)>{"highlightWithLevel:"}(color, 1), "has the types [@^].*[fd].* sent with @@:i");
 }
 #endif
 
