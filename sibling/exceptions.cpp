@@ -47,9 +47,11 @@ REALobjectStruct* newHostException(id exception) {
         [&] {
             setNativeObject(object, sel::retain(exception));
             REALstringStruct* const message = reason(object, 0);
-            REALSetPropValueString(object, "Message", message);
+            withCleanup([&] { REALSetPropValueString(object, "Message", message); },
+                        [&] {
+                            if (message) REALUnlockString(message);
+                        });
             REALSetPropValueInteger(object, "ErrorNumber", 0);
-            if (message) REALUnlockString(message);
         },
         [&] { REALUnlockObject(object); });
     return object;

@@ -23,23 +23,36 @@ std::int32_t blockSize(REALmemoryBlockStruct* block) {
 }
 
 // A new block with a copy of the bytes; null when the host makes none or does not say where its bytes are.
-REALmemoryBlockStruct* newBlock(const void* bytes, std::int32_t length) {
-    if (length == INT32_MAX) return nullptr;
-    REALmemoryBlockStruct* const block = REALNewMemoryBlockOriginal(length);
+REALmemoryBlockStruct* newBlock(const void* bytes, NSInteger length) {
+    if (length >= INT32_MAX) return nullptr;
+    REALmemoryBlockStruct* const block = REALNewMemoryBlockOriginal(static_cast<std::int32_t>(length));
     if (!block) return nullptr;
-    if (void* const target = blockBytes(block)) {
+    const auto giveUp = [&] { REALUnlockObject(asObject(block)); };
+    void* target = nullptr;
+    onThrow([&] { target = blockBytes(block); }, giveUp);
+    if (target) {
         std::memcpy(target, bytes, static_cast<std::size_t>(length));
         return block;
     }
-    REALUnlockObject(asObject(block));
+    giveUp();
     return nullptr;
 }
 
-void raiseNoMemoryBlock(std::int32_t length) {
+void raiseNoMemoryBlock(NSInteger length) {
     char message[200];
     std::snprintf(message, sizeof message, "Failed to allocate a memoryblock with %lld bytes in size.",
                   static_cast<long long>(length));
     RaiseException("OutOfMemoryException", message);
+}
+
+template <class Body>
+bool exhaustsMemory(Body body) {
+    try {
+        body();
+        return false;
+    } catch (const std::bad_alloc&) {
+        return true;
+    }
 }
 
 } // namespace
@@ -60,15 +73,11 @@ id NewNSData(REALmemoryBlockStruct* block) {
 
 REALmemoryBlockStruct* NSDataRB(id data) {
     const void* const bytes = sel::bytes(data);
-    const auto length = static_cast<std::int32_t>(sel::length(data));
+    const auto length = static_cast<NSInteger>(sel::length(data));
     if (!bytes || length <= 0) return nullptr;
-    try {
-        if (REALmemoryBlockStruct* const block = newBlock(bytes, length)) return block;
-        raiseNoMemoryBlock(length);
-    } catch (const std::bad_alloc&) {
-        raiseNoMemoryBlock(length);
-    }
-    return nullptr;
+    REALmemoryBlockStruct* block = nullptr;
+    if (exhaustsMemory([&] { block = newBlock(bytes, length); }) || !block) raiseNoMemoryBlock(length);
+    return block;
 }
 
 } // namespace chroma

@@ -8,6 +8,7 @@
 #include "runtime/host_entries.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <new>
 #include <stdexcept>
@@ -16,15 +17,39 @@
 namespace chroma {
 namespace {
 
-// Raises the class with a formatted message; with `fallback` when there is no memory for it. `size` bounds the formatted
-// text.
+// Raises the class with a formatted message; with `fallback` when there is no room for it. `size` bounds the formatted text.
 template <class... Arguments>
 void raiseFormatted(const char* className, const char* fallback, std::size_t size, const char* format,
                     Arguments... arguments) {
+    if (size > INT32_MAX) return RaiseException(className, fallback);
     withScratch<char, 400>(size, [&](char* message) {
         if (message) std::snprintf(message, size, format, arguments...);
         RaiseException(className, message ? message : fallback);
     });
+}
+
+// Raises a new host exception of the class, "RuntimeException" where the host has no such class, and gives the message up.
+void raiseWith(const char* className, REALstringStruct* message) {
+    const auto raiseNew = [&] {
+        REALobjectStruct* exception = REALnewInstance(className);
+        if (!exception) exception = REALnewInstance("RuntimeException");
+        if (!exception) return;
+        withCleanup(
+            [&] {
+                REALSetPropValueString(exception, "Message", message);
+                REALSetPropValueInteger(exception, "ErrorNumber", 0);
+                REALRaiseException(exception);
+            },
+            [&] { REALUnlockObject(exception); });
+    };
+    withCleanup(raiseNew, [&] {
+        if (message) REALUnlockString(message);
+    });
+}
+
+Failure failure(const char* className, const std::exception& error) {
+    char* const copy = ::strdup(error.what());
+    return {className, copy, copy};
 }
 
 void raiseWithoutSibling(id exception) {
@@ -43,50 +68,60 @@ void raiseWithoutSibling(id exception) {
 } // namespace
 
 void RaiseException(const char* className, const char* message) {
-    REALstringStruct* const text =
-        message ? REALBuildUnicodeString(message, static_cast<std::int64_t>(std::strlen(message)), kCFStringEncodingUTF8)
-                : nullptr;
-    REALobjectStruct* exception = REALnewInstance(className);
-    if (!exception) exception = REALnewInstance("RuntimeException");
-    if (exception) {
-        REALSetPropValueString(exception, "Message", text);
-        REALSetPropValueInteger(exception, "ErrorNumber", 0);
-        REALRaiseException(exception);
-        REALUnlockObject(exception);
-    }
-    if (text) REALUnlockString(text);
+    raiseWith(className, message ? REALBuildUnicodeString(message, static_cast<std::int64_t>(std::strlen(message)),
+                                                          kCFStringEncodingUTF8)
+                                 : nullptr);
 }
 
 void RaiseOutOfBoundsException(std::int64_t value, std::int64_t minimum, std::int64_t limit, const char* parameterName,
                                const char* methodName) {
     const char* const name = parameterName ? parameterName : "?";
     const char* const method = methodName ? methodName : "";
+    const auto last = static_cast<std::int64_t>(static_cast<std::uint64_t>(limit) - 1); // the least limit wraps
     raiseFormatted("OutOfBoundsException", "Out of Bounds", std::strlen(name) + std::strlen(method) + 200,
                    "Parameter %s %s%s is too %s. Range is %lld to %lld, but value is %lld.", name,
                    *method ? "to method " : "", method, value < minimum ? "small" : "big", static_cast<long long>(minimum),
-                   static_cast<long long>(limit - 1), static_cast<long long>(value));
+                   static_cast<long long>(last), static_cast<long long>(value));
 }
 
-void raiseCaughtException() {
+// From the most derived to the base: a class that descends from two of these is the first.
+Failure caughtFailure() {
     try {
         throw;
     } catch (const std::bad_alloc&) {
-        RaiseException("OutOfMemoryException", "Failed to allocate memory.");
+        return {"OutOfMemoryException", "Failed to allocate memory."};
     } catch (const std::range_error& error) {
-        RaiseException("OutOfBoundsException", error.what());
+        return failure("OutOfBoundsException", error);
     } catch (const std::out_of_range& error) {
-        RaiseException("OutOfBoundsException", error.what());
+        return failure("OutOfBoundsException", error);
     } catch (const std::overflow_error& error) {
-        RaiseException("OutOfBoundsException", error.what());
+        return failure("OutOfBoundsException", error);
     } catch (const std::underflow_error& error) {
-        RaiseException("OutOfBoundsException", error.what());
+        return failure("OutOfBoundsException", error);
+    } catch (const std::logic_error& error) {
+        return failure("RuntimeException", error);
+    } catch (const std::runtime_error& error) {
+        return failure("RuntimeException", error);
     } catch (const std::bad_cast& error) {
-        RaiseException("IllegalCastException", error.what());
+        return failure("IllegalCastException", error);
     } catch (const std::exception& error) {
-        RaiseException("RuntimeException", error.what());
+        return failure("RuntimeException", error);
     } catch (...) {
-        RaiseException("RuntimeException", "Sorry, but there was an unnamed C++ Exception.");
+        return {"RuntimeException", "Sorry, but there was an unnamed C++ Exception."};
     }
+}
+
+void raiseFailure(Failure failure) {
+    const auto raise = [&] {
+        REALstringStruct* message = nullptr;
+        const auto build = [&] {
+            const auto length = static_cast<std::int64_t>(failure.message ? std::strlen(failure.message) : 0);
+            message = buildString(failure.message, length, kCFStringEncodingUTF8);
+        };
+        std::free(failureOf(build).copy);
+        raiseWith(failure.className, message);
+    };
+    withCleanup(raise, [&] { std::free(failure.copy); });
 }
 
 void raisePlatformException(id thrown) {
@@ -101,8 +136,7 @@ void raisePlatformException(id thrown) {
         }
     });
     if (!exception) return;
-    REALRaiseException(exception);
-    REALUnlockObject(exception);
+    withCleanup([&] { REALRaiseException(exception); }, [&] { REALUnlockObject(exception); });
 }
 
 } // namespace chroma

@@ -2,7 +2,7 @@
 // returns: the caller goes on to its null result.
 #pragma once
 
-#include "platform/objc.h"
+#include "platform/guard.h"
 
 #include <cstdint>
 
@@ -17,22 +17,44 @@ void RaiseException(const char* className, const char* message);
 void RaiseOutOfBoundsException(std::int64_t value, std::int64_t minimum, std::int64_t limit, const char* parameterName,
                                const char* methodName);
 
-// Raises the host exception for the C++ exception being handled; only to be called from a catch block.
-void raiseCaughtException();
+// What a C++ exception tells host code: the class of a host exception, null for no failure, and its message, null where
+// memory for it is exhausted. A message that is no literal is in `copy`, which `raiseFailure` frees.
+struct Failure {
+    const char* className = nullptr;
+    const char* message = nullptr;
+    char* copy = nullptr;
+};
+
+// The failure that the C++ exception being handled is; only to be called from a handler.
+Failure caughtFailure();
+
+// Raises a failure. A C++ exception while its message is made leaves the message empty.
+void raiseFailure(Failure failure);
 
 // Raises the host exception for a thrown object that is an NSException: the one that the sibling plugin makes of it, or,
 // where no sibling answers, a "RuntimeException" whose message is its name, a colon and its reason. Throws any other object
 // on.
 void raisePlatformException(id thrown);
 
-// Runs the body; a C++ exception out of it becomes a host exception.
+// Runs the body and answers how it failed. A native exception goes on: it is caught inside, since where it unwinds the
+// handler of everything would take it for a C++ one.
+template <class Body>
+Failure failureOf(Body body) {
+    id thrown = nullptr;
+    try {
+        thrown = catchNative(body);
+    } catch (...) {
+        return caughtFailure();
+    }
+    if (thrown) throwNative(thrown);
+    return {};
+}
+
+// Runs the body; a C++ exception out of it becomes a host exception, raised when its handler has ended.
 template <class Body>
 void translated(Body body) {
-    try {
-        body();
-    } catch (...) {
-        raiseCaughtException();
-    }
+    const Failure failure = failureOf(body);
+    if (failure.className) raiseFailure(failure);
 }
 
 } // namespace chroma

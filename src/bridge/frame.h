@@ -25,10 +25,10 @@ template <class Body>
     return true;
 }
 
-// The same for a function that has made a result already: `giveUp` releases it when a thrown object passes outward.
+// The same for a function that has made a result already: `giveUp` releases it when an exception passes outward.
 template <class Body, class GiveUp>
 void guarded(Body body, GiveUp giveUp) {
-    if (const id thrown = catchNative(body)) onThrow([thrown] { raisePlatformException(thrown); }, giveUp);
+    onThrow([&] { guarded(body); }, giveUp);
 }
 
 // The quiet frame: an NSException is dropped. Answers whether the body ran to its end.

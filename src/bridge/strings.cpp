@@ -26,16 +26,18 @@ CFStringRef fromStoredUTF16(StoredBytes text) {
 // A platform string from the text that the host string stores, read in the given encoding.
 CFStringRef fromStorage(REALstringStruct* string, CFStringEncoding encoding) {
     CFStringRef result = nullptr;
+    const auto read = [&] {
+        const StoredBytes text = storedText(string);
+        if (!text.bytes || text.length < 0) return;
+        result = encoding == kCFStringEncodingUnicode
+                     ? fromStoredUTF16(text)
+                     : CFStringCreateWithBytes(nullptr, text.bytes, text.length, encoding, true);
+    };
     REALLockString(string);
-    withCleanup(
-        [&] {
-            const StoredBytes text = storedText(string);
-            if (!text.bytes || text.length < 0) return;
-            result = encoding == kCFStringEncodingUnicode
-                         ? fromStoredUTF16(text)
-                         : CFStringCreateWithBytes(nullptr, text.bytes, text.length, encoding, true);
-        },
-        [&] { REALUnlockString(string); });
+    onThrow([&] { withCleanup(read, [&] { REALUnlockString(string); }); },
+            [&] {
+                if (result) CFRelease(result);
+            });
     return result;
 }
 
@@ -50,14 +52,21 @@ CFStringRef askHost(REALstringStruct* string) {
 // A string whose bytes are tagged with an encoding after it was built, as hosts of every version can.
 REALstringStruct* buildTagged(const void* bytes, std::int32_t length, CFStringEncoding encoding) {
     REALstringStruct* const string = originalREALBuildString(bytes, length);
-    if (string) REALSetStringEncoding(string, encoding);
+    if (string) onThrow([&] { REALSetStringEncoding(string, encoding); }, [&] { REALUnlockString(string); });
     return string;
 }
 
 // Converts to UTF-8 and gives the original up. The conversion is asked for the null string too.
 REALstringStruct* convertedToUTF8(REALstringStruct* original) {
-    REALstringStruct* const result = REALConvertString(original, kCFStringEncodingUTF8);
-    if (original) REALUnlockString(original);
+    REALstringStruct* result = nullptr;
+    const auto convert = [&] { result = REALConvertString(original, kCFStringEncodingUTF8); };
+    const auto giveUpOriginal = [&] {
+        if (original) REALUnlockString(original);
+    };
+    onThrow([&] { withCleanup(convert, giveUpOriginal); },
+            [&] {
+                if (result) REALUnlockString(result);
+            });
     return result;
 }
 
@@ -136,10 +145,12 @@ REALstringStruct* NSStringRB(id string) {
 
 REALstringStruct* REALBuildUnicodeString(const void* bytes, std::int64_t length, CFStringEncoding encoding) {
     REALstringStruct* result = nullptr;
-    translated([&] {
-        if (isBuildable(bytes, length)) result = build(bytes, static_cast<std::int32_t>(length), encoding);
-    });
+    translated([&] { result = buildString(bytes, length, encoding); });
     return result;
+}
+
+REALstringStruct* buildString(const void* bytes, std::int64_t length, CFStringEncoding encoding) {
+    return isBuildable(bytes, length) ? build(bytes, static_cast<std::int32_t>(length), encoding) : nullptr;
 }
 
 REALstringStruct* REALBuildUnicodeStringUTF16(const void* bytes, std::int64_t length) {

@@ -26,6 +26,9 @@ REALstringStruct* NSStringRB(id string);
 // for null bytes, a length outside 1 to 2147483647, and when the host makes none. A C++ exception becomes a host exception.
 REALstringStruct* REALBuildUnicodeString(const void* bytes, std::int64_t length, CFStringEncoding encoding);
 
+// The same, but that a C++ exception goes on.
+REALstringStruct* buildString(const void* bytes, std::int64_t length, CFStringEncoding encoding);
+
 // The same for UTF-16 in the machine's byte order; `length` is in bytes.
 REALstringStruct* REALBuildUnicodeStringUTF16(const void* bytes, std::int64_t length);
 

@@ -12,11 +12,15 @@
 
 namespace chroma {
 
-// Throws the object to the next enclosing guard, perhaps a host's or another plugin's.
-[[noreturn]] void throwNative(id object);
+// What `catchNative` answers for a thrown nil: no object, and only for the two functions below.
+inline id thrownNil() { return reinterpret_cast<id>(std::uintptr_t{1}); }
 
-// Whether a thrown object is an NSException or of a class that descends from it.
-bool isNSException(id object);
+// Throws what was caught to the next enclosing guard, perhaps a host's or another plugin's.
+[[noreturn]] void throwNative(id thrown);
+
+// Whether what was caught is an NSException or of a class that descends from it. Sends it no message: it may be of a class
+// that answers none.
+bool isNSException(id thrown);
 
 // Runs the body under a guard. Answers nil when it returned and the thrown object when a native exception ended it; the
 // guard is closed in either case. The caller's variables that the body writes keep what was written.
@@ -33,21 +37,22 @@ template <class Body>
         body();
         return nullptr;
     } catch (const ThrownObject thrown) {
-        return reinterpret_cast<id>(thrown);
+        return thrown == ThrownObject{} ? thrownNil() : reinterpret_cast<id>(thrown);
     }
 }
 #else
-// The guard where it takes more than C++: body(context) is called through a pointer. The linkage is C's, since one of the
-// two definitions is Objective-C.
-extern "C" id chroma_guard_run(void (*body)(void*), void* context);
+// The guard where it takes more than C++: body(context) is called through a pointer, and `nothing` answered for a thrown
+// nil. The linkage is C's, since one of the two definitions is Objective-C.
+extern "C" id chroma_guard_run(void (*body)(void*), void* context, id nothing);
 
 template <class Body>
 id catchNative(Body& body) {
-    return chroma_guard_run([](void* context) { (*static_cast<Body*>(context))(); }, &body);
+    return chroma_guard_run([](void* context) { (*static_cast<Body*>(context))(); }, &body, thrownNil());
 }
 #endif
 
-// Runs the body; when a native or a C++ exception ends it, runs the cleanup and lets the exception go on.
+// Runs the body; when a native or a C++ exception ends it, runs the cleanup and lets the exception go on. A cleanup that
+// calls a host may end by a C++ exception itself, which goes on in place of the first; a native one it must not throw.
 template <class Body, class Cleanup>
 void onThrow(Body body, Cleanup cleanup) {
     id thrown = nullptr;
@@ -62,7 +67,7 @@ void onThrow(Body body, Cleanup cleanup) {
     throwNative(thrown);
 }
 
-// Runs the body, then the cleanup on every path; an exception goes on afterwards. The cleanup must not throw.
+// Runs the body, then the cleanup on every path; an exception goes on afterwards.
 template <class Body, class Cleanup>
 void withCleanup(Body body, Cleanup cleanup) {
     onThrow(body, cleanup);

@@ -40,10 +40,13 @@ int objc_exception_match(id exceptionClass, id exception);
 [[noreturn]] void objc_exception_throw(id exception);
 }
 
-id chroma_guard_run(void (*body)(void*), void* context) {
+id chroma_guard_run(void (*body)(void*), void* context, id nothing) {
     GuardRecord guard;
     objc_exception_try_enter(&guard);
-    if (CHROMA_MARK(guard.buffer) != 0) return objc_exception_extract(&guard);
+    if (CHROMA_MARK(guard.buffer) != 0) {
+        const id thrown = objc_exception_extract(&guard);
+        return thrown ? thrown : nothing;
+    }
     try {
         body(context);
     } catch (...) {
@@ -54,8 +57,8 @@ id chroma_guard_run(void (*body)(void*), void* context) {
     return nullptr;
 }
 
-void throwNative(id object) { objc_exception_throw(object); }
+void throwNative(id thrown) { objc_exception_throw(thrown == thrownNil() ? nullptr : thrown); }
 
-bool isNSException(id object) { return objc_exception_match(cls::NSException.get(), object) != 0; }
+bool isNSException(id thrown) { return thrown != thrownNil() && objc_exception_match(cls::NSException, thrown) != 0; }
 
 } // namespace chroma

@@ -5,10 +5,20 @@
 
 namespace chroma {
 
-extern "C" [[noreturn]] void objc_exception_throw(id exception);
+extern "C" {
+id object_getClass(id object);
+id class_getSuperclass(id cls);
+[[noreturn]] void objc_exception_throw(id exception);
+}
 
-void throwNative(id object) { objc_exception_throw(object); }
+void throwNative(id thrown) { objc_exception_throw(thrown == thrownNil() ? nullptr : thrown); }
 
-bool isNSException(id object) { return sel::isKindOfClass_(object, cls::NSException.get()) != 0; }
+bool isNSException(id thrown) {
+    if (thrown == thrownNil()) return false;
+    id ancestor = object_getClass(thrown);
+    while (ancestor && ancestor != cls::NSException)
+        ancestor = class_getSuperclass(ancestor);
+    return ancestor != nullptr;
+}
 
 } // namespace chroma

@@ -172,7 +172,7 @@ const char* complaintOf(const Call& call, const Outcome& outcome, const Outcome*
     const bool isArray = call.function.signature.result.isArray, isNullResult = isArray || outcome.isNull();
     const Fault fault = call.traces.struck ? call.plan.fault : Fault::None;
     const int raised = call.traces.raised;
-    if (call.escaped && fault != Fault::HostThrows) return "a C++ exception left the function";
+    if (call.escaped && fault < Fault::HostThrows) return "a C++ exception left the function";
     if (call.thrown && fault != Fault::Throw) return "a native exception left the function";
     if (fault == Fault::Throw && (call.thrown != testObject || raised))
         return "an object that is no NSException stayed inside";

@@ -21,7 +21,8 @@ enum class Fault {
     FailAllocation,  // one allocation fails
     ExhaustMemory,   // that allocation and all later ones fail
     HostAnswersNull, // an entry of the host answers null
-    HostThrows,      // an entry of the host that makes a string or a block throws a C++ exception
+    HostThrows,      // an entry of the host throws a C++ exception
+    HostAlwaysThrows // so do all later ones
 };
 
 // The fault strikes at the n-th message, allocation or call of the host, from 1.

@@ -38,7 +38,8 @@ Traces disarm() {
 
 bool strikes(Fault first, Fault last) {
     if (suspensions > 0 || plan.fault < first || plan.fault > last) return false;
-    if (--remaining > 0 || (traces.struck && plan.fault != Fault::ExhaustMemory)) return false;
+    const bool lasts = plan.fault == Fault::ExhaustMemory || plan.fault == Fault::HostAlwaysThrows;
+    if (--remaining > 0 || (traces.struck && !lasts)) return false;
     return traces.struck = true;
 }
 

@@ -45,7 +45,7 @@ struct Configuration {
 // With each fault at the first event, the second, and so on until there is none. A missing entry is a fault in itself;
 // messages raise all the same.
 void play(const Configuration& host) {
-    const Fault last = host.missing.empty() ? Fault::HostThrows : Fault::Raise;
+    const Fault last = host.missing.empty() ? Fault::HostAlwaysThrows : Fault::Raise;
     const std::vector<Function> functions = start(host.version, host.missing, host.hasSibling);
     if (host.first.fault != Fault::None) {
         check(functions.front(), {}, host.first);
@@ -85,7 +85,7 @@ int main(int count, char** arguments) {
     std::vector<Configuration> hosts = {{"2021", 2021.0}, {"2021 without sibling", 2021.0, false},
                                         {"2017", 2017.0}, {"2016", 2016.99},
                                         {"2012", 2012.0}, {"2008, in the legacy layout", 2008.0}};
-    for (int kind = 1; kind <= static_cast<int>(Fault::HostThrows); ++kind)
+    for (int kind = 1; kind <= static_cast<int>(Fault::HostAlwaysThrows); ++kind)
         for (int at = 1; at <= 6; ++at)
             hosts.push_back({"2021, first call", 2021.0, true, {}, {static_cast<Fault>(kind), at}});
     if (count > 1 && std::strcmp(arguments[1], "missing") == 0) {

@@ -37,7 +37,7 @@ int main(int count, char** arguments) {
         const std::vector<Choice> choices = choicesFor(function);
         const Choice& choice = choices[below(choices.size())];
         Verdict verdict = call(function, choice, {}, nullptr);
-        const auto fault = static_cast<Fault>(1 + below(static_cast<std::size_t>(Fault::HostThrows)));
+        const auto fault = static_cast<Fault>(1 + below(static_cast<std::size_t>(Fault::HostAlwaysThrows)));
         if (verdict.complaint.empty() && below(4) == 0)
             verdict = call(function, choice, {fault, 1 + static_cast<int>(below(8)), verdict.raised}, &verdict.outcome);
         raising += verdict.raised;

@@ -110,8 +110,10 @@ void* availableColorSpacesWithModel(HostInteger model) {
         std::int32_t index = 0;
         while (const id space = sel::nextObject(enumerator)) {
             REALobjectStruct* const object = NewNSColorSpaceZRX(space);
-            REALInsertArrayValueObject(array, index++, object);
-            if (object) REALUnlockObject(object);
+            withCleanup([&] { REALInsertArrayValueObject(array, index++, object); },
+                        [&] {
+                            if (object) REALUnlockObject(object);
+                        });
         }
     };
     guarded(fill, [&] { REALUnlockArray(array); });
