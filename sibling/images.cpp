@@ -43,9 +43,10 @@ NSSize sizeOf(REALobjectStruct* object) {
 double width(REALobjectStruct* object, REALword) { return sizeOf(object).width; }
 double height(REALobjectStruct* object, REALword) { return sizeOf(object).height; }
 
-// A new reference to the NSColorZRX object of the image's colour, or nil.
+// A new reference to the NSColorZRX object of the image's colour, or nil. The other plugin's objects are not entered in the
+// registry here: when that plugin was loaded first it does not know the registry, and would leave an entry behind.
 REALobjectStruct* backgroundColor(REALobjectStruct* object) {
-    return answered([&] { return NewNSColorZRX(backgroundColorMessage(nativeObject(object))); });
+    return answered([&] { return wrapNative(backgroundColorMessage(nativeObject(object)), "NSColorZRX", Entry::none); });
 }
 
 // clang-format off

@@ -29,7 +29,7 @@ using SpaceInteger = int;
 using ListIndex = unsigned;
 #else
 using SpaceInteger = NSInteger;
-using ListIndex = NSInteger;
+using ListIndex = NSUInteger;
 #endif
 
 // A byte, 0 for NO.

@@ -23,13 +23,16 @@ void writeField(void* value, std::ptrdiff_t offset, T field) {
     std::memcpy(static_cast<char*>(value) + offset, &field, sizeof field);
 }
 
-// The native object that a plugin object holds, borrowed; nil for a null or empty object.
-inline id nativeObject(const REALobjectStruct* object) {
-    return object ? readField<id>(object, REALinstanceDataOffset) : nullptr;
+// The native object that a plugin object holds, borrowed; nil for a null or empty object. `offset` is that of its class's
+// instance data.
+inline id nativeObject(const REALobjectStruct* object, std::ptrdiff_t offset = REALinstanceDataOffset) {
+    return object ? readField<id>(object, offset) : nullptr;
 }
 
 // Overwrites the held pointer; retains and releases nothing.
-inline void setNativeObject(REALobjectStruct* object, id native) { writeField(object, REALinstanceDataOffset, native); }
+inline void setNativeObject(REALobjectStruct* object, id native, std::ptrdiff_t offset = REALinstanceDataOffset) {
+    writeField(object, offset, native);
+}
 
 // A byte range inside a host value, borrowed while the value is locked. Null bytes: there is no storage.
 struct StoredBytes {

@@ -34,7 +34,7 @@ void fetchFromSibling() {
     }
 }
 
-REALobjectStruct* wrapNative(id native, const char* className) {
+REALobjectStruct* wrapNative(id native, const char* className, Entry entry) {
     if (!native) return nullptr;
     if (REALobjectStruct* const live = liveObject(native)) {
         REALLockObject(live);
@@ -42,20 +42,20 @@ REALobjectStruct* wrapNative(id native, const char* className) {
     }
     REALobjectStruct* const object = REALnewInstance(className);
     if (!object) return nullptr;
-    onThrow([&] { holdNative(object, sel::retain(native)); }, [&] { REALUnlockObject(object); });
+    onThrow([&] { holdNative(object, sel::retain(native), entry); }, [&] { REALUnlockObject(object); });
     return object;
 }
 
-void holdNative(REALobjectStruct* object, id retained) {
-    setNativeObject(object, retained);
-    if (retained && instances) CFDictionarySetValue(instances, retained, object);
+void holdNative(REALobjectStruct* object, id retained, Entry entry, std::ptrdiff_t offset) {
+    setNativeObject(object, retained, offset);
+    if (retained && instances && entry == Entry::made) CFDictionarySetValue(instances, retained, object);
 }
 
-void dropNative(REALobjectStruct* object) {
-    const id native = nativeObject(object);
+void dropNative(REALobjectStruct* object, std::ptrdiff_t offset) {
+    const id native = nativeObject(object, offset);
     if (!native) return;
     if (liveObject(native) == object) CFDictionaryRemoveValue(instances, native);
-    setNativeObject(object, nullptr); // first: a release that throws must not be made again
+    setNativeObject(object, nullptr, offset); // first: a release that throws must not be made again
     sel::release(native);
 }
 

@@ -9,6 +9,8 @@
 #include "chromabridge/host_abi.h"
 #include "platform/corefoundation.h"
 
+#include <cstddef>
+
 namespace chroma {
 
 // The registry, once the lazy initialisation has found it; null without a sibling plugin.
@@ -24,19 +26,23 @@ inline void initCocoa() {
     if (!CocoaInited) fetchFromSibling();
 }
 
+// Whether a host object that gets a native object is entered in the registry.
+enum class Entry { made, none };
+
 // A host object of the named class that holds `native`: the one that the registry has, with one reference more, or a new
 // one. The caller owns one reference. Null for nil, and when the host makes no such object; native is not retained then.
-REALobjectStruct* wrapNative(id native, const char* className);
+REALobjectStruct* wrapNative(id native, const char* className, Entry entry = Entry::made);
 
 inline REALobjectStruct* NewNSColorZRX(id color) { return wrapNative(color, "NSColorZRX"); }
 inline REALobjectStruct* NewNSColorSpaceZRX(id space) { return wrapNative(space, "NSColorSpaceZRX"); }
 inline REALobjectStruct* NewNSImageZRX(id image) { return wrapNative(image, "NSImageZRX"); }
 
 // Stores a native object that the caller has retained for the host object, and enters the pair in the registry. Nil is
-// stored and not entered.
-void holdNative(REALobjectStruct* object, id retained);
+// stored and not entered. `offset` is that of the class's instance data.
+void holdNative(REALobjectStruct* object, id retained, Entry entry = Entry::made,
+                std::ptrdiff_t offset = REALinstanceDataOffset);
 
 // Gives up the held native object, if any, and this host object's registry entry; the host object is empty afterwards.
-void dropNative(REALobjectStruct* object);
+void dropNative(REALobjectStruct* object, std::ptrdiff_t offset = REALinstanceDataOffset);
 
 } // namespace chroma

@@ -6,14 +6,25 @@
 #include "runtime/host_values.h"
 #include "runtime/native_object.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace chroma::colorlist {
 namespace {
+
+// Where an object has its list: as the host reported when it registered the class.
+std::ptrdiff_t listOffset() {
+    const REALword reported = NSColorListClass.instanceDataOffset;
+    return reported > 0 ? reported : std::ptrdiff_t{REALinstanceDataOffset};
+}
+
+id listOf(const REALobjectStruct* object) { return nativeObject(object, listOffset()); }
 
 // Inside the frame: `use` gets the list, if there is one.
 template <class Use>
 void withList(REALobjectStruct* object, Use use) {
     guarded([&] {
-        if (const id list = nativeObject(object)) use(list);
+        if (const id list = listOf(object)) use(list);
     });
 }
 
@@ -23,11 +34,17 @@ HostBoolean loaded(REALobjectStruct* object, Load load) {
     if (!object) return false;
     bool holds = false;
     guarded([&] {
-        dropNative(object);
+        dropNative(object, listOffset());
         load();
-        holds = nativeObject(object) != nullptr;
+        holds = listOf(object) != nullptr;
     });
     return holds;
+}
+
+// A negative index is passed on as the platform's unsigned one; where that is narrow, what does not fit is its greatest.
+ListIndex listIndex(HostInteger index) {
+    constexpr NSUInteger greatest = std::numeric_limits<ListIndex>::max();
+    return static_cast<ListIndex>(std::min(static_cast<NSUInteger>(index), greatest));
 }
 
 id newList() { return sel::alloc(cls::NSColorList); }
@@ -37,13 +54,13 @@ id newList() { return sel::alloc(cls::NSColorList); }
 void NSColorListConstructor(REALobjectStruct*) { constructed(); }
 
 void NSColorListDestructor(REALobjectStruct* object) {
-    guarded([&] { dropNative(object); });
+    guarded([&] { dropNative(object, listOffset()); });
 }
 
 HostBoolean Create1(REALobjectStruct* object, REALstringStruct* name) {
     return loaded(object, [&] {
         const id listName = autoreleasedString(name);
-        holdNative(object, sel::initWithName_(newList(), listName));
+        holdNative(object, sel::initWithName_(newList(), listName), Entry::made, listOffset());
     });
 }
 
@@ -51,7 +68,7 @@ HostBoolean Create2(REALobjectStruct* object, REALstringStruct* name, REALstring
     return loaded(object, [&] {
         const id listName = autoreleasedString(name);
         const id file = autoreleasedString(path);
-        holdNative(object, sel::initWithName_fromFile_(newList(), listName, file));
+        holdNative(object, sel::initWithName_fromFile_(newList(), listName, file), Entry::made, listOffset());
     });
 }
 
@@ -59,13 +76,13 @@ HostBoolean Create2(REALobjectStruct* object, REALstringStruct* name, REALstring
 HostBoolean Load(REALobjectStruct* object, REALstringStruct* name) {
     return loaded(object, [&] {
         const id list = sel::colorListNamed_(cls::NSColorList, autoreleasedString(name));
-        setNativeObject(object, sel::retain(list));
+        holdNative(object, sel::retain(list), Entry::none, listOffset());
     });
 }
 
 void insertColor(REALobjectStruct* object, REALobjectStruct* color, REALstringStruct* key, HostInteger index) {
     withList(object, [&](id list) {
-        sel::insertColor_key_atIndex_(list, nativeObject(color), autoreleasedString(key), static_cast<ListIndex>(index));
+        sel::insertColor_key_atIndex_(list, nativeObject(color), autoreleasedString(key), listIndex(index));
     });
 }
 
@@ -90,15 +107,15 @@ HostBoolean writeToFile(REALobjectStruct* object, REALstringStruct* path) {
 }
 
 void removeFile(REALobjectStruct* object) {
-    guarded([&] { sel::removeFile(nativeObject(object)); });
+    guarded([&] { sel::removeFile(listOf(object)); });
 }
 
 HostBoolean isEditable(REALobjectStruct* object) {
-    return answered([&] { return HostBoolean{sel::isEditable(nativeObject(object)) != 0}; });
+    return answered([&] { return HostBoolean{sel::isEditable(listOf(object)) != 0}; });
 }
 
 REALstringStruct* name(REALobjectStruct* object) {
-    return answered([&] { return NSStringRB(sel::name(nativeObject(object))); });
+    return answered([&] { return NSStringRB(sel::name(listOf(object))); });
 }
 
 } // namespace chroma::colorlist

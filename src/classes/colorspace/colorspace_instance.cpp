@@ -12,12 +12,12 @@ namespace chroma::colorspace {
 namespace {
 
 // The body of every initialiser: `make` answers a space that it owns, or nil.
-template <class Make, class Hold>
-void initialise(REALobjectStruct* object, Make make, Hold hold) {
+template <class Make>
+void initialise(REALobjectStruct* object, Make make, Entry entry = Entry::made) {
     if (!mayInitialise(object)) return;
     guarded([&] {
         initCocoa();
-        hold(object, make());
+        holdNative(object, make(), entry);
     });
 }
 
@@ -49,20 +49,18 @@ void NSColorSpaceDestructor(REALobjectStruct* object) {
 }
 
 void initWithICCProfileData(REALobjectStruct* object, REALmemoryBlockStruct* profile) {
-    initialise(
-        object, [&] { return newSpace(sel::initWithICCProfileData_, NewNSData(profile)); }, holdNative);
+    initialise(object, [&] { return newSpace(sel::initWithICCProfileData_, NewNSData(profile)); });
 }
 
 void initWithColorSyncProfile(REALobjectStruct* object, HostInteger profile) {
-    initialise(
-        object, [&] { return newSpace(sel::initWithColorSyncProfile_, fromHandle(profile)); }, holdNative);
+    initialise(object, [&] { return newSpace(sel::initWithColorSyncProfile_, fromHandle(profile)); });
 }
 
 // The one initialiser whose space is not entered in the registry: a space that the platform hands out elsewhere as well gets
 // a host object of its own there.
 void initWithCGColorSpace(REALobjectStruct* object, HostInteger space) {
     initialise(
-        object, [&] { return newSpace(sel::initWithCGColorSpace_, fromHandle(space)); }, setNativeObject);
+        object, [&] { return newSpace(sel::initWithCGColorSpace_, fromHandle(space)); }, Entry::none);
 }
 
 REALmemoryBlockStruct* ICCProfileData(REALobjectStruct* object) {
