@@ -41,15 +41,19 @@ void NSColorDestructor(REALobjectStruct* object) {
 }
 
 void ConstructorColor(REALobjectStruct* object, HostColor c) {
-    if (!mayInitialise(object)) return;
-    guarded([=] { fillCalibratedRGB(object, channel(c, 16), channel(c, 8), channel(c, 0), channel(c, 24)); });
+    guarded([=] {
+        if (!mayInitialise(object)) return;
+        fillCalibratedRGB(object, channel(c, 16), channel(c, 8), channel(c, 0), channel(c, 24));
+    });
 }
 
 void ConstructorRGB(REALobjectStruct* object, double red, double green, double blue, double alpha) {
-    if (!mayInitialise(object)) return;
-    if (!isAccepted(red) || !isAccepted(green) || !isAccepted(blue))
-        return RaiseException("OutOfBoundsException", "Invalid values. Please pass values in range 0.0 to 1.0.");
-    guarded([=] { fillCalibratedRGB(object, red, green, blue, alpha); });
+    guarded([=] {
+        if (!mayInitialise(object)) return;
+        if (!isAccepted(red) || !isAccepted(green) || !isAccepted(blue))
+            return RaiseException("OutOfBoundsException", "Invalid values. Please pass values in range 0.0 to 1.0.");
+        fillCalibratedRGB(object, red, green, blue, alpha);
+    });
 }
 
 HostInteger getCGColor(REALobjectStruct* object) {
