@@ -124,7 +124,7 @@ REALarrayDouble* getComponents(REALobjectStruct* object) {
         if (reported <= 0) return;
         // The platform writes as many as it reports; the array keeps the first of them.
         withScratch<CGFloat, most>(static_cast<std::size_t>(reported), [&](CGFloat* values) {
-            if (!values) return;
+            if (!values) return RaiseException("OutOfMemoryException", "Failed to allocate memory.");
             sel::getComponents_(color, values);
             for (NSInteger i = 0; i < reported && i < most; ++i)
                 REALInsertArrayValueDouble(array, static_cast<std::int32_t>(i), values[i]);
