@@ -19,20 +19,22 @@ void compareEntry(const void* key, const void* value, void* context) {
     if (value == search.wanted) search.image = static_cast<id>(const_cast<void*>(key));
 }
 
-// For hosts that do not tell an object's class: the native object that the registry maps to it, if that is an image.
-id registeredImage(const REALobjectStruct* object) {
-    if (!instances) return nullptr;
+// For hosts that do not tell an object's class: whether the registry maps an image to it. By the object alone it can only be
+// found by looking at every entry.
+bool isRegisteredImage(const REALobjectStruct* object) {
+    if (!instances) return false;
     Search search{object, nullptr};
     CFDictionaryApplyFunction(instances, compareEntry, &search);
-    return sel::isKindOfClass_(search.image, cls::NSImage.get()) ? search.image : nullptr;
+    return sel::isKindOfClass_(search.image, cls::NSImage.get()) != 0;
 }
 
 } // namespace
 
 id imageOf(REALobjectStruct* object) {
     if (!object) return nullptr;
-    if (!ChromaObjectIsA.isOffered()) return registeredImage(object);
-    return ChromaObjectIsA(object, "NSImageZRX") ? nativeObject(object) : nullptr;
+    const bool isImage =
+        ChromaObjectIsA.isOffered() ? ChromaObjectIsA(object, "NSImageZRX") != 0 : isRegisteredImage(object);
+    return isImage ? nativeObject(object) : nullptr;
 }
 
 } // namespace chroma
