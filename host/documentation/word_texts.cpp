@@ -27,6 +27,7 @@ const std::vector<WordText>& wordTexts() {
         {"Const", "Const name [As Type] = value", "Gives a name to a value made of literals and constants."},
         {"Print", "Print [value[, value]]",
          "Writes values as text, with a blank between them, and ends the line. Objects that have a description show it."},
+        {"Write", "Write value[, value]", "Writes values as Print does, and does not end the line."},
         {"If Then ElseIf Else End",
          "If condition Then\n  statements\n[ElseIf condition Then\n  statements]\n[Else\n  statements]\nEnd If\n"
          "If condition Then statement [Else statement]\nIf(condition, yes, no)",
@@ -83,6 +84,7 @@ const std::vector<WordText>& wordTexts() {
          "`IndexOf` is -1 for what is not there; `Slice` is a new array. Sorting keeps the order of equal elements, `SortBy` sorts by "
          "another array, which is sorted too."},
         {"UBound", "UBound(array)", "The highest index of an array; -1 when it is empty."},
+        {"LBound", "LBound(array)", "The lowest index of an array, which is 0."},
     };
     return texts;
 }

@@ -46,14 +46,16 @@ int runText(const std::string& name, std::string text, std::ostream& output, std
     Checker checker(ParseMode::program);
     ActionPtr code = compile(source, checker, diagnostics);
     std::string report = diagnostics.report(source);
+    std::optional<int> exitCode;
     if (code) {
         code = scope(std::move(code), checker.endProgram(), 0);
         Execution execution{output};
         execution.variables.resize(checker.scopes().variableCount());
         report = runCode(source, *code, execution);
+        exitCode = execution.exitCode;
     }
     errors << report;
-    return report.empty() ? 0 : 1;
+    return exitCode.value_or(report.empty() ? 0 : 1);
 }
 
 int checkText(const std::string& name, std::string text, std::ostream& errors, bool colored) {

@@ -10,7 +10,8 @@
 namespace host::language {
 
 // Runs a program: 0 when it ran to its end, 1 after errors in its text, which then did not run at all, an exception that
-// nobody caught, or an interruption by SIGINT. What it prints goes to stdout, what is wrong to stderr.
+// nobody caught, or an interruption by SIGINT; the code with which it quit. What it prints goes to stdout, what is wrong to
+// stderr.
 int runFile(const std::string& path);
 
 // Whether the program that ran last was interrupted.

@@ -8,6 +8,7 @@
 
 #include <iosfwd>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,6 +29,9 @@ public:
 
     // Checks and runs the text: what is wrong with it, or nothing.
     std::string run(std::string_view text);
+
+    // Once it has run Quit.
+    std::optional<int> exitCode() const { return execution_.exitCode; }
 
     // What an expression is, without running it.
     Checker::Meaning meaningOf(std::string_view expression);

@@ -61,6 +61,7 @@ public:
             if (session_.needsMore(text)) continue;
             remember(text);
             runStatements(std::exchange(text, {}));
+            if (session_.exitCode()) return succeeded_;
         }
         remember(text);
         if (!text.empty()) runStatements(text);
@@ -151,7 +152,8 @@ int runPrompt() {
 #endif
     if (!reader) reader = plainReader();
     if (interactive) std::cout << ":help explains the prompt, :quit leaves it.\n" << std::flush;
-    return prompt.run(*reader) || interactive ? 0 : 1;
+    const bool succeeded = prompt.run(*reader);
+    return prompt.session().exitCode().value_or(succeeded || interactive ? 0 : 1);
 }
 
 } // namespace host::repl

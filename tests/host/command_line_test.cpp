@@ -109,6 +109,34 @@ TEST(CommandLine, RunsWhatIsPipedOrGivenWithArguments) {
     EXPECT_EQ(run("run - < " + program("Print y\n")).second.rfind("standard input:1:7: error: ", 0), 0u);
 }
 
+// Lines until there are none; then neither Catch nor Finally stands in the way, and every object goes.
+TEST(CommandLine, ReadsItsInputAndQuits) {
+    const std::string echo = program(R"(Dim block As New MemoryBlock(4)
+Try
+  While True
+    Print "[" & Input & "]", Environment("GIVEN", "none"), Environment("NOT_GIVEN", "none")
+  Wend
+Catch e As IOException
+  Try
+    Quit block.Size + 300
+  Catch refused As OutOfBoundsException
+    Print e.Message, refused.Message
+  End Try
+  Try
+    Quit block.Size
+  Catch
+    Print "caught"
+  Finally
+    Print "finally"
+  End Try
+End Try
+)");
+    EXPECT_EQ(run("run --check-leaks " + echo, "printf 'x\\r\\n\\ny z' | GIVEN=é"),
+              Outcome(4, "[x] é none\n[] é none\n[y z] é none\n"
+                         "There is no more input. An exit code is from 0 to 255, not 304.\n"));
+    EXPECT_EQ(run("repl", "printf 'Print 1\\nQuit 5\\nPrint 2\\n' |"), Outcome(5, "1\n"));
+}
+
 TEST(CommandLine, TellsErrorsAndPagesAsJson) {
     const auto [code, output] = run("check --json " + program("Print x\nDim a As Nothing\n"));
     const nlohmann::json problems = nlohmann::json::parse(output);

@@ -169,7 +169,7 @@ TEST(Prompt, Completion) {
     EXPECT_EQ(completed("  :b"), "browse ");
     EXPECT_EQ(completed(":"), "browse help quit ");
     EXPECT_EQ(completed(":browse Ucas"), "");
-    EXPECT_EQ(completed(":browse Le"), "Left Len ");
+    EXPECT_EQ(completed(":browse Le"), "Left Len LenB ");
     EXPECT_EQ(completed(":browse Probe k"), "kAnswer kName ");
     EXPECT_EQ(completed(":help P"), "");
 

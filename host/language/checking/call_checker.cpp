@@ -18,6 +18,7 @@ namespace {
 using syntax::Name;
 
 constexpr std::string_view upperBoundName = "UBound";
+constexpr std::string_view lowerBoundName = "LBound";
 constexpr std::string_view newArrayName = "Array";
 
 std::string quoted(std::string_view name) { return "'" + std::string(name) + "'"; }
@@ -72,6 +73,7 @@ void ExpressionChecker::failUnknownName(std::string_view name, Offset offset, bo
     for (const Method& method : functions())
         nearest.offer(method.signature.name);
     nearest.offer(upperBoundName);
+    nearest.offer(lowerBoundName);
     nearest.offer(newArrayName);
     if (called) scopes_.offerNames(nearest);
     for (const auto& info : registry().classes())
@@ -82,7 +84,8 @@ void ExpressionChecker::failUnknownName(std::string_view name, Offset offset, bo
 
 Operand ExpressionChecker::function(std::string_view name, const Arguments& arguments, Offset offset) {
     if (const OverloadSet own = procedures_.find(name); !own.empty()) return callProcedure(own, arguments, offset);
-    if (equalIgnoringCase(name, upperBoundName)) return upperBound(arguments, offset);
+    if (equalIgnoringCase(name, upperBoundName)) return arrayBound(upperBoundName, arguments, offset);
+    if (equalIgnoringCase(name, lowerBoundName)) return arrayBound(lowerBoundName, arguments, offset);
     if (equalIgnoringCase(name, newArrayName)) return newArray(arguments, std::nullopt);
     const OverloadSet overloads = findFunctions(name);
     if (overloads.empty()) failUnknownName(name, offset, !arguments.empty());
@@ -122,11 +125,13 @@ Operand ExpressionChecker::newArray(const Arguments& elements, const std::option
     return Operand::result(common.arrayOf(), makeArrayOf(common, std::move(codes)));
 }
 
-Operand ExpressionChecker::upperBound(const Arguments& arguments, Offset offset) {
-    if (arguments.size() != 1) failCheck(offset, "UBound takes one array");
+Operand ExpressionChecker::arrayBound(std::string_view name, const Arguments& arguments, Offset offset) {
+    if (arguments.size() != 1) failCheck(offset, std::string(name) + " takes one array");
     Value array = value(*arguments.front());
     if (!array.type.isArray) failCheck(arguments.front()->offset, "this is of type " + nameOf(array.type) + ", no array");
-    return Operand::result(Type::plain(Kind::integer), upperBoundOf(std::move(array.code), offset));
+    CodePtr code = upperBoundOf(std::move(array.code), offset);
+    if (name == lowerBoundName) code = transform(std::move(code), [](Slot) { return Slot::ofInteger(0); });
+    return Operand::result(Type::plain(Kind::integer), std::move(code));
 }
 
 Operand ExpressionChecker::plainConversion(const Type& type, const Arguments& arguments, Offset offset) {

@@ -76,7 +76,7 @@ private:
     Operand function(std::string_view name, const Arguments& arguments, Offset offset);
     Operand callProcedure(const OverloadSet& overloads, const Arguments& arguments, Offset offset);
     Operand newArray(const Arguments& elements, const std::optional<Type>& elementType);
-    Operand upperBound(const Arguments& arguments, Offset offset);
+    Operand arrayBound(std::string_view name, const Arguments& arguments, Offset offset);
     Operand plainConversion(const Type& type, const Arguments& arguments, Offset offset);
     Operand cast(const ClassInfo& info, const Arguments& arguments, Offset offset);
     // `arguments` is null without parentheses.

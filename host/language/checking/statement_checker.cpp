@@ -157,7 +157,7 @@ ActionPtr StatementChecker::form(const syntax::Print& statement, Offset offset) 
     std::vector<CodePtr> texts;
     for (const syntax::ExpressionPtr& value : statement.values)
         texts.push_back(expressions_.text(*value));
-    return asStep(print(std::move(texts)), offset);
+    return asStep(print(std::move(texts), statement.endsLine), offset);
 }
 
 ActionPtr StatementChecker::form(const syntax::Const& form, Offset) {

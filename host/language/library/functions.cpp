@@ -1,19 +1,16 @@
 #include "language/library/functions.h"
 
 #include "language/library/mathematics.h"
+#include "language/library/process.h"
 #include "language/library/program_arguments.h"
 #include "language/library/text_functions.h"
 #include "language/library/values.h"
 #include "text/literals.h"
-#include "text/utf8.h"
 
 #include "model/builtins.h"
 #include "model/owned.h"
 
 #include <algorithm>
-#include <charconv>
-#include <clocale>
-#include <cwctype>
 
 namespace host::language {
 namespace {
@@ -80,22 +77,7 @@ HostInteger inStrFrom(HostInteger start, String* text, String* wanted) {
     return at == std::string_view::npos ? 0 : static_cast<HostInteger>(whole.characterAt(at)) + 1;
 }
 HostInteger inStr(String* text, String* wanted) { return inStrFrom(1, text, wanted); }
-
-// The letters of all scripts, whatever the locale of the process; null where the system has no such table.
-locale_t unicodeLocale() {
-    static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    return locale;
-}
-std::uint32_t upperCharacter(std::uint32_t code) {
-    const auto letter = static_cast<wint_t>(code);
-    return static_cast<std::uint32_t>(unicodeLocale() ? towupper_l(letter, unicodeLocale()) : std::towupper(letter));
-}
-std::uint32_t lowerCharacter(std::uint32_t code) {
-    const auto letter = static_cast<wint_t>(code);
-    return static_cast<std::uint32_t>(unicodeLocale() ? towlower_l(letter, unicodeLocale()) : std::towlower(letter));
-}
-String* uppercase(String* text) { return newString(utf8::map(utf8Of(text), upperCharacter)); }
-String* lowercase(String* text) { return newString(utf8::map(utf8Of(text), lowerCharacter)); }
+HostInteger inStrLast(String* text, String* wanted) { return text::findLast(len(text) + 1, text, wanted); }
 
 struct Definition {
     const char* declaration;
@@ -125,6 +107,19 @@ const Definition definitions[] = {
     {"InStr(text as string, wanted as string) as integer", bound(inStr),
      "Where a text stands in another, as the number of its first character; 0 when it does not."},
     {"InStr(start as integer, text as string, wanted as string) as integer", bound(inStrFrom)},
+    {"InStrRev(text as string, wanted as string) as integer", bound(inStrLast),
+     "Where a text stands last in another, at a character or before it, as the number of its first character; 0 when it does not."},
+    {"InStrRev(start as integer, text as string, wanted as string) as integer", bound(text::findLast)},
+    {"StrComp(a as string, b as string, ignoringCase as boolean = false) as integer", bound(text::order),
+     "-1, 0 or 1: whether a text stands before another, is equal to it, or stands behind it, by the numbers of their characters or of "
+     "their small letters."},
+    {"LenB(text as string) as integer", bound(text::byteCount), "How many bytes a text is stored in."},
+    {"Bytes(text as string, encoding as string = \"UTF-8\") as MemoryBlock", bound(text::bytes),
+     "The bytes of a text in an encoding: UTF-8, UTF-16, UTF-32, US-ASCII, ISO-8859-1, windows-1252 or macintosh. A character that it "
+     "lacks raises TypeMismatchException."},
+    {"DefineEncoding(text as string, encoding as string) as string", bound(text::defineEncoding),
+     "The bytes of a text, such as those of a MemoryBlock's StringValue, read in another encoding. Bytes that are no text in it raise "
+     "TypeMismatchException."},
     {"Trim(text as string) as string", bound(text::trim), "The text without blanks at its start and end."},
     {"LTrim(text as string) as string", bound(text::trimLeft), "The text without blanks at its start."},
     {"RTrim(text as string) as string", bound(text::trimRight), "The text without blanks at its end."},
@@ -140,8 +135,8 @@ const Definition definitions[] = {
      "The Unicode number of a text's first character; -1 of an empty text."},
     {"Format(value as double, pattern as string) as string", bound(text::format),
      "A number as a pattern says: `0` a digit, `#` a digit unless it is a leading or trailing 0, `.` the decimal point, `,` groups by thousands, `%` hundredths."},
-    {"Uppercase(text as string) as string", bound(uppercase), "The text in capital letters."},
-    {"Lowercase(text as string) as string", bound(lowercase), "The text in small letters."},
+    {"Uppercase(text as string) as string", bound(text::uppercase), "The text in capital letters."},
+    {"Lowercase(text as string) as string", bound(text::lowercase), "The text in small letters."},
     {"Round(value as double) as double", bound(mathematics::round), "The nearest whole number; halves go away from 0."},
     {"Floor(value as double) as double", bound(mathematics::floor), "The nearest whole number that is not greater."},
     {"Ceil(value as double) as double", bound(mathematics::ceil), "The nearest whole number that is not smaller."},
@@ -180,6 +175,14 @@ const Definition definitions[] = {
     {"RGB(red as integer, green as integer, blue as integer, alpha as integer = 255) as color", bound(rgb),
      "A colour value from its channels, each from 0 to 255; what lies beyond counts as the nearest of the two."},
     {"Arguments() as string()", bound(programArguments), "What the program was given when it was started."},
+    {"Environment(name as string, otherwise as string = \"\") as string", bound(process::environment),
+     "A variable of the environment; `otherwise` when it is not set."},
+    {"Input() as string", bound(process::input),
+     "The next line of the standard input; IOException is raised when there is none."},
+    {"Microseconds() as double", bound(process::microseconds),
+     "The time since the first call, which never goes back: for measuring."},
+    {"Quit(code as integer = 0)", bound(process::quit),
+     "Ends the program with an exit code. No `Catch` and no `Finally` runs, but all objects go."},
 };
 
 } // namespace

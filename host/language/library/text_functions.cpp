@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <clocale>
 #include <cmath>
+#include <cwctype>
 #include <string>
 #include <utility>
 
@@ -101,6 +103,40 @@ void roundTo(Digits& number, std::size_t count) {
     }
 }
 
+struct NamedEncoding {
+    std::string_view name;
+    Encoding encoding;
+};
+
+constexpr NamedEncoding encodings[] = {
+    {"UTF-8", encoding::utf8},         {"UTF-16", encoding::utf16},         {"UTF-32", encoding::utf32},
+    {"US-ASCII", encoding::ascii},     {"ISO-8859-1", encoding::isoLatin1}, {"windows-1252", encoding::windowsLatin1},
+    {"macintosh", encoding::macRoman},
+};
+
+// None, with the exception recorded, for other names.
+const NamedEncoding* findEncoding(String* name) {
+    const TextOf wanted(name);
+    for (const NamedEncoding& known : encodings)
+        if (equalIgnoringCase(known.name, wanted.bytes())) return &known;
+    raise("TypeMismatchException", "There is no encoding \"" + std::string(wanted.bytes()) + "\".");
+    return nullptr;
+}
+
+// The letters of all scripts, whatever the locale of the process; null where the system has no such table.
+locale_t unicodeLocale() {
+    static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    return locale;
+}
+std::uint32_t upperCharacter(std::uint32_t code) {
+    const auto letter = static_cast<wint_t>(code);
+    return static_cast<std::uint32_t>(unicodeLocale() ? towupper_l(letter, unicodeLocale()) : std::towupper(letter));
+}
+std::uint32_t lowerCharacter(std::uint32_t code) {
+    const auto letter = static_cast<wint_t>(code);
+    return static_cast<std::uint32_t>(unicodeLocale() ? towlower_l(letter, unicodeLocale()) : std::towlower(letter));
+}
+
 } // namespace
 
 String* trim(String* text) { return trimmed(text, true, true); }
@@ -180,6 +216,51 @@ String* character(HostInteger code) {
 HostInteger codeOf(String* text) {
     const std::optional<std::uint32_t> first = utf8::firstOf(TextOf(text).bytes());
     return first ? static_cast<HostInteger>(*first) : -1;
+}
+
+String* uppercase(String* text) { return newString(utf8::map(utf8Of(text), upperCharacter)); }
+String* lowercase(String* text) { return newString(utf8::map(utf8Of(text), lowerCharacter)); }
+
+HostInteger order(String* a, String* b, HostBoolean ignoringCase) {
+    if (!ignoringCase) return std::clamp(compare(a, b, false), -1, 1);
+    const Owned<String> first(lowercase(a)), second(lowercase(b));
+    return std::clamp(compare(first.get(), second.get(), false), -1, 1);
+}
+
+HostInteger findLast(HostInteger start, String* text, String* wanted) {
+    const TextOf whole(text), part(wanted);
+    if (start < 1) return 0;
+    const std::size_t at = whole.bytes().rfind(part.bytes(), whole.offsetOf(static_cast<std::size_t>(start) - 1));
+    return at == std::string_view::npos ? 0 : static_cast<HostInteger>(whole.characterAt(at)) + 1;
+}
+
+HostInteger byteCount(String* text) { return static_cast<HostInteger>(bytesOf(text).size()); }
+
+MemoryBlock* bytes(String* text, String* encodingName) {
+    const NamedEncoding* const into = findEncoding(encodingName);
+    if (!into) return nullptr;
+    const Owned<String> converted(convert(text, into->encoding));
+    if (text && !converted) {
+        raise("TypeMismatchException", "The text has characters that " + std::string(into->name) + " lacks.");
+        return nullptr;
+    }
+    const std::string_view stored = bytesOf(converted.get());
+    MemoryBlock* const block = newMemoryBlock(static_cast<std::int32_t>(stored.size()));
+    if (!block) raise("OutOfMemoryException", "There is no memory for " + std::to_string(stored.size()) + " bytes.");
+    if (block) std::copy(stored.begin(), stored.end(), bytesOf(block));
+    return block;
+}
+
+String* defineEncoding(String* text, String* encodingName) {
+    const NamedEncoding* const as = findEncoding(encodingName);
+    if (!as) return nullptr;
+    Owned<String> defined(newString(bytesOf(text), as->encoding));
+    const std::string read = utf8Of(defined.get());
+    if (text && (read.empty() || utf8::findInvalid(read) != std::string::npos)) {
+        raise("TypeMismatchException", "The text's bytes are no text in " + std::string(as->name) + ".");
+        return nullptr;
+    }
+    return defined.release();
 }
 
 String* format(double value, String* patternText) {

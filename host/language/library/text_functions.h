@@ -3,6 +3,7 @@
 #pragma once
 
 #include "model/arrays.h"
+#include "model/memory_blocks.h"
 #include "model/strings.h"
 
 namespace host::language::text {
@@ -16,6 +17,21 @@ Array* split(String* text, String* delimiter); // an empty delimiter splits into
 String* join(Array* parts, String* delimiter);
 String* character(HostInteger code); // Unicode; raises for what is no character
 HostInteger codeOf(String* text);    // of the first character; -1 of none
+
+// How texts stand to each other by code points, or by those of their small letters: -1, 0 or 1.
+HostInteger order(String* a, String* b, HostBoolean ignoringCase);
+
+// Where `wanted` stands last, as the number of its first character, at most `start`; 0 when it does not.
+HostInteger findLast(HostInteger start, String* text, String* wanted);
+
+String* uppercase(String* text);
+String* lowercase(String* text);
+
+// Where text meets bytes. Encodings have their names of the Internet, in any case: UTF-8, UTF-16 and UTF-32 (in the
+// machine's byte order), US-ASCII, ISO-8859-1, windows-1252, macintosh. Unknown ones raise.
+HostInteger byteCount(String* text);                    // as it is stored
+MemoryBlock* bytes(String* text, String* encoding);     // raises when the encoding lacks one of its characters
+String* defineEncoding(String* text, String* encoding); // the same bytes as text of it; raises when they are none
 
 // The number as the pattern says: 0 a digit, # a digit unless it is a leading or trailing 0, the first . the decimal point,
 // a comma before it groups by thousands, % shows hundredths. What stands before and behind is taken as it is; \ takes the

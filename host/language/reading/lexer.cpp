@@ -62,6 +62,7 @@ constexpr KeywordName keywords[] = {
     {"Until", Keyword::until},
     {"Wend", Keyword::wend},
     {"While", Keyword::whileLoop},
+    {"Write", Keyword::write},
     {"Xor", Keyword::xorOperator},
 };
 
@@ -89,6 +90,7 @@ std::vector<std::string_view> keywordNames() {
 Lexer::Lexer(std::string_view text, Offset start) : text_(text), position_(start) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (start == 0 && text.substr(0, byteOrderMark.size()) == byteOrderMark) position_ = byteOrderMark.size();
+    if (start == 0 && text_.substr(position_, 2) == "#!") skipLine(); // which names the program that runs this one
 }
 
 Token Lexer::next() {

@@ -101,7 +101,8 @@ Statement StatementParser::statement() {
     case Keyword::none: return assignmentOrCall();
     case Keyword::dim: return after([&] { return dim(); });
     case Keyword::reDim: return after([&] { return reDim(); });
-    case Keyword::print: return after([&] { return print(); });
+    case Keyword::print: return after([&] { return print(true); });
+    case Keyword::write: return after([&] { return print(false); });
     case Keyword::constant: return after([&] { return constant(); });
     case Keyword::raise: return after([&] { return raise(); });
     case Keyword::returnFrom: return after([&] { return returnStatement(); });
@@ -167,9 +168,9 @@ syntax::ReDim StatementParser::reDim() {
     return form;
 }
 
-syntax::Print StatementParser::print() {
-    if (atEnd()) return {};
-    return {expressions_.list()};
+syntax::Print StatementParser::print(bool endsLine) {
+    if (atEnd()) return {{}, endsLine};
+    return {expressions_.list(), endsLine};
 }
 
 syntax::Const StatementParser::constant() {

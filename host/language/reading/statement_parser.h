@@ -42,7 +42,7 @@ private:
     syntax::Dim::Group dimGroup();
     syntax::Declarator declarator();
     syntax::ReDim reDim();
-    syntax::Print print();
+    syntax::Print print(bool endsLine);
     syntax::Const constant();
     syntax::Raise raise() { return {expressions_.expression()}; }
     syntax::Return returnStatement();

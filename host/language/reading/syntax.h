@@ -136,6 +136,7 @@ struct Evaluation {
 
 struct Print {
     std::vector<ExpressionPtr> values;
+    bool endsLine; // Write does not
 };
 
 // Const Name [As Type] = value, which is made of literals and constants.

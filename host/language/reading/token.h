@@ -80,6 +80,7 @@ enum class Keyword : std::uint8_t {
     orOperator,
     paramArray,
     print,
+    write,
     raise,
     reDim,
     returnFrom,

@@ -241,12 +241,13 @@ ActionPtr tryBlock(ActionPtr body, std::vector<Handler> handlers, ActionPtr fina
     });
 }
 
-ActionPtr print(std::vector<CodePtr> texts) {
-    return makeAction([texts = std::move(texts)](Frame& frame) {
+ActionPtr print(std::vector<CodePtr> texts, bool endsLine) {
+    return makeAction([texts = std::move(texts), endsLine](Frame& frame) {
         std::string line;
         for (std::size_t i = 0; i < texts.size(); ++i)
             line.append(i == 0 ? "" : " ").append(utf8Of(texts[i]->evaluate(frame).string));
-        frame.execution().output << line << '\n';
+        if (endsLine) line += '\n';
+        frame.execution().output << line;
     });
 }
 

@@ -68,8 +68,8 @@ struct Handler {
 ActionPtr tryBlock(ActionPtr body, std::vector<Handler> handlers,
                    ActionPtr finally); // finally may be null; what it leaves, it leaves
 
-// Writes the texts that the values give, separated by blanks, and ends the line.
-ActionPtr print(std::vector<CodePtr> texts);
+// Writes the texts that the values give, separated by blanks, and perhaps ends the line.
+ActionPtr print(std::vector<CodePtr> texts, bool endsLine);
 
 // Hands the value to the presenter.
 ActionPtr present(CodePtr value, const Type& type);

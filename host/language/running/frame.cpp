@@ -1,5 +1,8 @@
 #include "language/running/frame.h"
 
+#include "language/library/process.h"
+#include "language/running/run.h"
+
 namespace host::language {
 
 Counting countingOf(const Type& type) {
@@ -7,7 +10,12 @@ Counting countingOf(const Type& type) {
     return type.kind == Kind::string ? Counting::string : Counting::none;
 }
 
-void throwPending(Offset offset) { throw Raised(Owned<Object>(takePendingException()), offset); }
+void throwPending(Offset offset) {
+    Owned<Object> exception(takePendingException());
+    checkInterrupt(offset); // which may have ended a read
+    if (const std::optional<int> code = process::takeWantedEnd()) throw Quit{*code};
+    throw Raised(std::move(exception), offset);
+}
 
 void throwNew(Offset offset, std::string_view className, std::string_view message) {
     raise(className, message);

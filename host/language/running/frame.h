@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <iosfwd>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -80,7 +81,8 @@ struct Execution {
     std::vector<Slot> variables = {};
     std::vector<Object*> objects = {}; // temporaries
     std::vector<String*> strings = {};
-    unsigned depth = 0; // of calls
+    unsigned depth = 0;               // of calls
+    std::optional<int> exitCode = {}; // once the program has quit
 };
 
 // One call of a procedure, or the program itself.

@@ -70,6 +70,8 @@ std::string runCode(const Source& source, const Action& code, Execution& executi
         report = source.report(raised.offset(), describe(raised));
     } catch (const Interrupted& interrupted) {
         report = source.location(interrupted.offset) + ": interrupted\n";
+    } catch (const Quit& quit) {
+        execution.exitCode = quit.code;
     }
     execution.output.flush();
     return report;

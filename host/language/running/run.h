@@ -19,6 +19,11 @@ struct Interrupted {
     Offset offset; // of the loop or call that was reached
 };
 
+// The program's own wish, which goes the same way.
+struct Quit {
+    int code;
+};
+
 namespace detail {
 extern volatile std::sig_atomic_t interruptWanted;
 }

@@ -1,0 +1,20 @@
+// Functions of the language that deal with the process: its input, its environment, its end. They are bound functions:
+// strings are borrowed, a result belongs to the caller, and what is wrong is recorded as the pending exception.
+#pragma once
+
+#include "model/strings.h"
+
+#include <optional>
+
+namespace host::language::process {
+
+String* input(); // the next line of stdin without its end; raises when there is none
+String* environment(String* name, String* otherwise);
+double microseconds(); // since the first call; never goes back
+
+// Asks for the end of the program: it records an exception, in whose place whoever raises pending exceptions ends the
+// program when takeWantedEnd answers a code.
+void quit(HostInteger code);
+std::optional<int> takeWantedEnd();
+
+} // namespace host::language::process
