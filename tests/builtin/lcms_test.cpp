@@ -62,9 +62,9 @@ struct Side {
     }
 };
 
-// How far the platform is off in the worst of 50 random colours, as a share of a channel's range; 1 when one of the two does
-// not convert.
-double worstDifference(const Side& from, const Side& to, cmsUInt32Number intent = INTENT_PERCEPTUAL) {
+// How far the platform is off in the worst of so many random colours, as a share of a channel's range; 1 when one of the two
+// does not convert.
+double worstDifference(const Side& from, const Side& to, cmsUInt32Number intent = INTENT_PERCEPTUAL, int colors = 50) {
     // The black of version 4's PCS is scaled where the target is of version 4 there, here wherever it is meant: make it one.
     const double version = cmsGetProfileVersion(to.profile.get());
     const double source = cmsGetProfileVersion(from.profile.get());
@@ -75,7 +75,8 @@ double worstDifference(const Side& from, const Side& to, cmsUInt32Number intent 
     if (!transform) return 1;
     std::minstd_rand random; // of the same colours each time
     double worst = 0;
-    for (int count = 0; count < 50; ++count) {
+    for (int count = 0; count < colors; ++count) {
+        const Pool each;
         std::vector<float> components, scaled, expected(channelsOf(to.space));
         for (std::size_t channel = 0; channel < channelsOf(from.space); ++channel) {
             const auto [low, high] = from.range(channel);
@@ -192,8 +193,11 @@ TEST_F(OtherEngine, AcceptsThePlatformsProfilesAndConvertsAlike) {
         for (const char* const target : profiled) {
             const Side to(target);
             if (isEqual(from.space, to.space)) continue;
-            const double tolerance = channelsOf(from.space) == 4 ? 0.03 : channelsOf(to.space) == 4 ? 0.01 : 5e-4;
-            EXPECT_LE(worstDifference(from, to), tolerance) << message << " to " << target;
+            // The last trace of light may be any ink.
+            const bool isToInks = channelsOf(to.space) == 4;
+            const double tolerance = channelsOf(from.space) == 4 ? 0.065 : isToInks ? 0.01 : byte;
+            EXPECT_LE(worstDifference(from, to, INTENT_PERCEPTUAL, isToInks ? 50 : 5000), tolerance)
+                << message << " to " << target;
         }
     }
 }

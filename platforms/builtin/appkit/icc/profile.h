@@ -10,7 +10,7 @@ namespace chroma::builtin {
 SpacePointer spaceFromProfile(const std::uint8_t* bytes, std::size_t size);
 
 // A version 2 profile: of a grey or RGB space, all of whose channels have one curve, a display's with curve and colorants;
-// of a complement a colour space's, with tables for both directions, through which a colour comes within a hundredth.
+// of a complement a colour space's, with tables for both directions, as near as the README says.
 // `white` is the display's own.
 std::vector<std::uint8_t> profileOfSpace(const SpaceDefinition& space, const Vector3& white);
 

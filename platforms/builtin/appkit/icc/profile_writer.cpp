@@ -102,8 +102,7 @@ public:
     }
 
     // From the complement of an RGB space with one gamma to XYZ, over all inks. The values stand in the grid as the root
-    // that the gamma asks for, which is nearly linear in each ink: what is interpolated comes within three hundredths, on
-    // average within half a hundredth.
+    // that the gamma asks for, which is nearly linear in each ink.
     void complementToPcs(const SpaceDefinition& rgb) {
         constexpr std::uint32_t inks = 4, points = 9, nodes = points * points * points * points, samples = 256;
         const double gamma = rgb.curves[0].gamma;
@@ -129,8 +128,7 @@ public:
     }
 
     // And back. XYZ becomes linear light by the matrix, and the grid is over a root of it, which spaces dark colours
-    // closely; shares of the brightest channel are inks but for the same root. The colour of the inks is within half a
-    // hundredth.
+    // closely; shares of the brightest channel are inks but for the same root.
     void complementFromPcs(const SpaceDefinition& rgb) {
         constexpr std::uint32_t inks = 4, points = 17, nodes = points * points * points, inputs = 4096, outputs = 256;
         constexpr double root = 2;
