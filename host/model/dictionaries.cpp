@@ -13,6 +13,8 @@
 
 namespace host {
 
+// The functions of classes are named alike: the files that are compiled together tell them apart by this.
+namespace dictionaries {
 namespace {
 
 // Keys are the same when `=` finds them equal: numbers by their value, text by its characters, objects by identity.
@@ -132,8 +134,10 @@ REALmethodDefinition methods[] = {
 };
 
 } // namespace
+} // namespace dictionaries
 
 void registerDictionaryClass(Registry& registry) {
+    using namespace dictionaries;
     static REALclassDefinition record = builtInRecord("Dictionary", nullptr, 16, construct, destroy);
     record.properties = properties;
     record.propertyCount = std::size(properties);

@@ -12,6 +12,8 @@ namespace detail {
 Object* pendingException = nullptr;
 }
 
+// The functions of classes are named alike: the files that are compiled together tell them apart by this.
+namespace exceptions {
 namespace {
 
 // Beside the instance data, so that a plugin's exception class has its own data where every plugin class has it.
@@ -55,6 +57,7 @@ constexpr std::array subclassNames = {
 ClassInfo* runtimeExceptionClass = nullptr;
 
 } // namespace
+} // namespace exceptions
 
 void raise(Object* exception) {
     if (!exception || detail::pendingException) return;
@@ -64,10 +67,10 @@ void raise(Object* exception) {
 
 void raise(std::string_view className, std::string_view text, HostInteger number) {
     ClassInfo* info = registry().find(className);
-    if (!info || !info->isOrDescendsFrom(*runtimeExceptionClass)) info = runtimeExceptionClass;
+    if (!info || !info->isOrDescendsFrom(*exceptions::runtimeExceptionClass)) info = exceptions::runtimeExceptionClass;
     const Owned<Object> exception(newObject(*info));
     if (!exception) return;
-    initialize(exception.get(), Owned<String>(newString(text)).get(), number);
+    exceptions::initialize(exception.get(), Owned<String>(newString(text)).get(), number);
     raise(exception.get());
 }
 
@@ -77,12 +80,15 @@ Object* takePendingException() {
     return exception;
 }
 
-bool isException(const Object* object) { return object && object->info->isOrDescendsFrom(*runtimeExceptionClass); }
+bool isException(const Object* object) {
+    return object && object->info->isOrDescendsFrom(*exceptions::runtimeExceptionClass);
+}
 
-std::string exceptionMessage(const Object* exception) { return utf8Of(dataOf(exception).message.get()); }
-HostInteger exceptionErrorNumber(const Object* exception) { return dataOf(exception).errorNumber; }
+std::string exceptionMessage(const Object* exception) { return utf8Of(exceptions::dataOf(exception).message.get()); }
+HostInteger exceptionErrorNumber(const Object* exception) { return exceptions::dataOf(exception).errorNumber; }
 
 void registerExceptionClasses(Registry& registry) {
+    using namespace exceptions;
     static REALclassDefinition base = builtInRecord("RuntimeException", nullptr, 0, construct, destroy);
     base.properties = properties;
     base.propertyCount = std::size(properties);

@@ -20,6 +20,8 @@
 
 namespace host {
 
+// The functions of classes are named alike: the files that are compiled together tell them apart by this.
+namespace folder_items {
 namespace {
 
 namespace fs = std::filesystem;
@@ -223,8 +225,10 @@ REALmethodDefinition methods[] = {
 };
 
 } // namespace
+} // namespace folder_items
 
 void registerFolderItemClass(Registry& registry) {
+    using namespace folder_items;
     static REALclassDefinition record = builtInRecord("FolderItem", nullptr, 0, construct, destroy);
     record.properties = properties;
     record.propertyCount = std::size(properties);

@@ -14,6 +14,8 @@
 
 namespace host {
 
+// The functions of classes are named alike: the files that are compiled together tell them apart by this.
+namespace memory_blocks {
 namespace {
 
 struct Bytes {
@@ -157,17 +159,19 @@ REALmethodDefinition methods[] = {
 ClassInfo* memoryBlockClass = nullptr;
 
 } // namespace
+} // namespace memory_blocks
 
 MemoryBlock* newMemoryBlock(std::int32_t size) {
     if (size < 0) return nullptr;
-    Owned<Object> block(newObject(*memoryBlockClass));
-    return block && resize(block.get(), size) ? static_cast<MemoryBlock*>(block.release()) : nullptr;
+    Owned<Object> block(newObject(*memory_blocks::memoryBlockClass));
+    return block && memory_blocks::resize(block.get(), size) ? static_cast<MemoryBlock*>(block.release()) : nullptr;
 }
 
-unsigned char* bytesOf(MemoryBlock* block) { return bytesIn(block).start; }
-std::int32_t sizeOf(const MemoryBlock* block) { return bytesIn(block).size; }
+unsigned char* bytesOf(MemoryBlock* block) { return memory_blocks::bytesIn(block).start; }
+std::int32_t sizeOf(const MemoryBlock* block) { return memory_blocks::bytesIn(block).size; }
 
 void registerMemoryBlockClass(Registry& registry) {
+    using namespace memory_blocks;
     static REALclassDefinition record = builtInRecord("MemoryBlock", nullptr, 16, construct, destroy);
     record.properties = properties;
     record.propertyCount = std::size(properties);
