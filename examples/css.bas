@@ -1,0 +1,93 @@
+' Colours between style sheets and colour lists, in both directions: "--name: #RRGGBB;" and names of CSS become the colours of a
+' list, and colours of a list become such a sheet. A list does not tell its keys, so they are given.
+'   ./run examples/css.bas                                 an example of both
+'   ./run examples/css.bas -- to-list sheet.css list.clr   a list from a sheet
+'   ./run examples/css.bas -- to-css list.clr KEY [KEY...] a sheet from a list, printed
+
+Dim given() As String = Arguments
+If given.Count = 0 Then
+    ShowBoth
+ElseIf given.Count = 3 And given(0) = "to-list" Then
+    Dim names() As String
+    Dim made As NSColorListZRX = ListOf(New FolderItem(given(1)).ReadText, names)
+    If Not made.writeToFile(New FolderItem(given(2)).NativePath) Then Fail given(2) & " cannot be written"
+    Print names.Count & " colours: " & Join(names)
+ElseIf given.Count > 2 And given(0) = "to-css" Then
+    Dim list As New NSColorListZRX
+    If Not list.Create("list", New FolderItem(given(1)).NativePath) Then Fail given(1) & " is no colour list"
+    Write Sheet(list, given.Slice(2))
+Else
+    Fail "expected: to-list SHEET LIST, or to-css LIST KEY [KEY...]"
+End If
+
+Sub Fail(message As String)
+    Print message
+    Quit 1
+End Sub
+
+Sub ShowBoth
+    Dim source As String = ":root {" & Chr(10) & _
+        "  --sea: #05346a;" & Chr(10) & _
+        "  --sand: BurlyWood; --mist: #0A6B8C80;" & Chr(10) & _
+        "  --gap: 12px;" & Chr(10) & _
+        "  color: var(--sea);" & Chr(10) & _
+        "}" & Chr(10)
+    Dim names() As String
+    Dim list As NSColorListZRX = ListOf(source, names)
+    Dim file As New FolderItem("from css.clr")
+    Print "written:", list.writeToFile(file.NativePath)
+    Dim read As New NSColorListZRX
+    Print "read:", read.Create("read", file.NativePath)
+    Dim result As String = Sheet(read, names), again() As String
+    Write result
+    Print "the same again:", Sheet(ListOf(result, again), again) = result
+    read.removeFile
+End Sub
+
+' The list of what a sheet declares, and its keys in their order. What is no colour is named and left out.
+Function ListOf(sheet As String, ByRef names() As String) As NSColorListZRX
+    Dim list As New NSColorListZRX
+    If Not list.Create("from CSS") Then Raise New RuntimeException("no list could be made")
+    For Each declaration As String In Split(Replace(Replace(sheet, "{", ";"), "}", ";"), ";")
+        Dim start As Integer = InStr(declaration, "--"), colon As Integer = InStr(declaration, ":")
+        If start = 0 Or colon < start Then Continue
+        Dim name As String = Trim(Mid(declaration, start + 2, colon - start - 2))
+        Try
+            list.setColor InSRGB(Color(Mid(declaration, colon + 1))), name
+            names.Append name
+        Catch e As TypeMismatchException
+            Print "left out, " & name & ": " & e.Message
+        End Try
+    Next
+    Return list
+End Function
+
+Function InSRGB(value As Color) As NSColorZRX
+    Dim parts(3) As Double, rest As Integer = value
+    For i As Integer = 0 To 3 ' blue, green, red, opacity
+        parts(i) = (rest And 255) / 255
+        rest = rest \ 256
+    Next
+    Return NSColorZRX.colorWithSRGB(parts(2), parts(1), parts(0), parts(3))
+End Function
+
+Function Sheet(list As NSColorListZRX, names() As String) As String
+    Dim text As String = ":root {" & Chr(10)
+    For Each name As String In names
+        Dim c As NSColorZRX = list.colorWithKey(name)
+        If c Is Nil Then Fail "the list has no colour " & name
+        text &= "  --" & name & ": " & Literal(c) & ";" & Chr(10)
+    Next
+    Return text & "}" & Chr(10)
+End Function
+
+' #RRGGBB, with the opacity behind it where there is one.
+Function Literal(c As NSColorZRX) As String
+    Dim red, green, blue, alpha As Double
+    c.colorUsingColorSpace(NSColorSpaceZRX.sRGBColorSpace).getRGB red, green, blue, alpha
+    Return Str(RGB(Level(red), Level(green), Level(blue), Level(alpha)))
+End Function
+
+Function Level(part As Double) As Integer
+    Return Round(part * 255)
+End Function
