@@ -63,12 +63,12 @@ Function ListOf(sheet As String, ByRef names() As String) As NSColorListZRX
 End Function
 
 Function InSRGB(value As Color) As NSColorZRX
-    Dim parts(3) As Double, rest As Integer = value
-    For i As Integer = 0 To 3 ' blue, green, red, opacity
-        parts(i) = (rest And 255) / 255
-        rest = rest \ 256
-    Next
-    Return NSColorZRX.colorWithSRGB(parts(2), parts(1), parts(0), parts(3))
+    Return NSColorZRX.colorWithSRGB(Channel(value, 1), Channel(value, 2), Channel(value, 3), Channel(value, 0))
+End Function
+
+' A byte of a colour's number, 0xAARRGGBB, as a part of 1: from its digits, since the number is negative where integers have 32 bits.
+Function Channel(value As Color, index As Integer) As Double
+    Return Val("&h" & Mid(Hex(value, 8), 2 * index + 1, 2)) / 255
 End Function
 
 Function Sheet(list As NSColorListZRX, names() As String) As String

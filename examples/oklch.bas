@@ -18,8 +18,8 @@ Next
 ' And back: what the web's pure colours are in OKLCH.
 For Each name As String In Array("red", "yellow", "lime", "cyan", "blue", "magenta", "white")
     Dim value As Color = Color(name)
-    Dim c As New NSColorZRX
-    c = NSColorZRX.colorWithSRGB((value \ &h10000 And 255) / 255, (value \ &h100 And 255) / 255, (value And 255) / 255)
+    Dim red As Integer = (value And &hFF0000) \ &h10000, green As Integer = (value And &hFF00) \ &h100
+    Dim c As NSColorZRX = NSColorZRX.colorWithSRGB(red / 255, green / 255, (value And &hFF) / 255)
     Print name & ": " & InOKLCH(c)
 Next
 
