@@ -23,7 +23,7 @@ std::int32_t blockSize(REALmemoryBlockStruct* block) {
 }
 
 // A new block with a copy of the bytes; null when the host makes none or does not say where its bytes are.
-REALmemoryBlockStruct* newBlock(const void* bytes, NSInteger length) {
+REALmemoryBlockStruct* newBlock(const void* bytes, std::int64_t length) {
     if (length >= INT32_MAX) return nullptr;
     REALmemoryBlockStruct* const block = REALNewMemoryBlockOriginal(static_cast<std::int32_t>(length));
     if (!block) return nullptr;
@@ -38,7 +38,7 @@ REALmemoryBlockStruct* newBlock(const void* bytes, NSInteger length) {
     return nullptr;
 }
 
-void raiseNoMemoryBlock(NSInteger length) {
+void raiseNoMemoryBlock(std::int64_t length) {
     char message[200];
     std::snprintf(message, sizeof message, "Failed to allocate a memoryblock with %lld bytes in size.",
                   static_cast<long long>(length));
@@ -73,7 +73,9 @@ id NewNSData(REALmemoryBlockStruct* block) {
 
 REALmemoryBlockStruct* NSDataRB(id data) {
     const void* const bytes = sel::bytes(data);
-    const auto length = static_cast<NSInteger>(sel::length(data));
+    const auto told = static_cast<std::uint64_t>(sel::length(data));
+    // Signed as 32 bits are; what takes more is too long and not cut.
+    const std::int64_t length = told <= UINT32_MAX ? static_cast<std::int32_t>(told) : static_cast<std::int64_t>(told);
     if (!bytes || length <= 0) return nullptr;
     REALmemoryBlockStruct* block = nullptr;
     if (exhaustsMemory([&] { block = newBlock(bytes, length); }) || !block) raiseNoMemoryBlock(length);

@@ -223,6 +223,18 @@ TEST_P(Data, WithoutABlockToHoldItIsTold) {
     EXPECT_EQ(NSDataRB(data), nullptr);
     const Raised refusal{"OutOfMemoryException", "Failed to allocate a memoryblock with 3 bytes in size.", 0};
     expectRaised({refusal, refusal, refusal});
+    host.showsStorage = true;
+    host.before["memoryBlockGetPtr"] = []() -> bool { throw std::length_error("the host's own affair"); };
+    if (GetParam() >= 2017.0) {
+        EXPECT_THROW(NSDataRB(data), std::length_error);
+    }
+
+    length = static_cast<NSUInteger>(UINT64_C(0x80000000));
+    EXPECT_EQ(NSDataRB(data), nullptr);
+    length = static_cast<NSUInteger>(UINT64_C(0x100000003));
+    if (length == 3) return;
+    EXPECT_EQ(NSDataRB(data), nullptr);
+    expectRaised({{"OutOfMemoryException", "Failed to allocate a memoryblock with 4294967299 bytes in size.", 0}});
 }
 
 TEST_P(Data, InArraysIsReachedByTheNamesOfTheHostsVersionOrInItsStorage) {
@@ -290,6 +302,7 @@ TEST_F(Errors, WordTheRange) {
     expectMessage("Parameter x to method y is too small. Range is 9223372036854775807 to -1, but value is "
                   "-9223372036854775808.",
                   INT64_MIN, INT64_MAX, 0, "x", "y");
+    expectMessage("Parameter x  is too big. Range is 0 to 9223372036854775807, but value is 0.", 0, 0, INT64_MIN, "x", "");
     const std::string longName(5000, 'n');
     expectMessage("Parameter x to method " + longName + " is too big. Range is 0 to 0, but value is 1.", 1, 0, 1, "x",
                   longName.c_str());
@@ -312,12 +325,34 @@ TEST_F(Errors, InCppAreTranslated) {
     expectTranslated(std::bad_cast(), "IllegalCastException", std::bad_cast().what());
     expectTranslated(std::length_error("e"), "RuntimeException", "e");
     expectTranslated(std::exception(), "RuntimeException", std::exception().what());
+    struct Both : std::logic_error, std::runtime_error {
+        Both() : std::logic_error("f"), std::runtime_error("g") {}
+    };
+    struct LogicalCast : std::bad_cast, std::logic_error {
+        LogicalCast() : std::logic_error("h") {}
+    };
+    expectTranslated(Both(), "RuntimeException", "f");
+    expectTranslated(LogicalCast(), "RuntimeException", "h");
     expectTranslated(42, "RuntimeException", "Sorry, but there was an unnamed C++ Exception.");
 
     int builds = 0;
     host.before["REALBuildString"] = [&] { return ++builds == 1 ? throw std::out_of_range("while building") : false; };
     EXPECT_EQ(REALBuildUnicodeString("x", 1, kCFStringEncodingUTF8), nullptr);
     expectRaised({{"OutOfBoundsException", "while building", 0}});
+    host.before["REALBuildString"] = []() -> bool { throw std::out_of_range("every time"); };
+    EXPECT_EQ(REALBuildUnicodeString("x", 1, kCFStringEncodingUTF8), nullptr);
+    expectRaised({{"OutOfBoundsException", "", 0}});
+
+    // What is no C++ exception is none here either, thrown inside or by the host.
+    host.before["REALBuildString"] = [] { return native::raise("HostException", "thrown by the host"), false; };
+    const auto build = [] { REALBuildUnicodeString("x", 1, kCFStringEncodingUTF8); };
+    native::Sibling::install();
+    guarded(build);
+    expectRaised({{"NSExceptionZRX", "thrown by the host", -1}});
+    const id object = native::string("no exception");
+    host.before["REALBuildString"] = [=] { return throwNative(object), false; };
+    auto fromGuarded = [&] { guarded(build); };
+    EXPECT_EQ(catchNative(fromGuarded), object);
     host.before.clear();
 }
 
@@ -347,6 +382,7 @@ TEST_F(Errors, OfThePlatformTellNameAndReasonUnlessTheSiblingTellsThem) {
 
 TEST_F(Errors, ThatAreNoNSExceptionsPassOutwardAndCloseTheirGuards) {
     const id object = native::string("no exception");
+    native::fail(native::object_getClass(object), "isKindOfClass:"); // as an object that knows no messages
     auto throwing = [&] { throwNative(object); };
     auto fromGuarded = [&] { guarded(throwing); };
     auto fromQuiet = [&] { quiet(throwing); };
@@ -360,6 +396,8 @@ TEST_F(Errors, ThatAreNoNSExceptionsPassOutwardAndCloseTheirGuards) {
     EXPECT_EQ(catchNative(fromGuarded), object);
     EXPECT_EQ(catchNative(fromQuiet), object);
     EXPECT_EQ(catchNative(afterOthers), object);
+    auto nil = [] { guarded([] { throwNative(nullptr); }); };
+    EXPECT_NE(catchNative(nil), nullptr);
 
     // Cleanup runs once on every path.
     int cleanups = 0, onThrows = 0;

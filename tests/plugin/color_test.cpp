@@ -51,6 +51,11 @@ TEST_F(Color, IsMadeOnceAndComesBackAsItsObject) {
     expectRaised({refusal, refusal});
     EXPECT_EQ(nativeObject(object), held);
     EXPECT_EQ(Reference(NewNSColorZRX(held)), object);
+
+    // A host that throws while the refusal is made.
+    host.before["RuntimeRaiseException"] = [&] { return host.before.clear(), native::raise("HostException", "why"), false; };
+    ConstructorRGB(object, 9.0, 0.0, 0.0, 1.0);
+    expectPlatformException({"why"});
 }
 
 // What a platform wrote before it raised counts only where the reading goes on with the colour converted, each in its way.
@@ -106,6 +111,10 @@ TEST_F(Color, ComponentsBeyondThirtyTwoAreReadAndCut) {
     Components expected(32);
     std::iota(expected.begin(), expected.end(), 0.0);
     EXPECT_EQ(componentsOf(object), expected);
+    failAllocation(1);
+    EXPECT_EQ(componentsOf(object), Components());
+    expectRaised({{"OutOfMemoryException", "Failed to allocate memory.", 0}});
+    failAllocation(0);
 }
 
 TEST_F(Color, ThatIsEmptyAsksNothing) {
@@ -229,6 +238,8 @@ TEST_F(Color, OfAPatternNeedsTheRegistryOnHostsThatTellNoClasses) {
     EXPECT_EQ(colorWithPatternImage(object), nullptr);
     CFDictionarySetValue(native::Sibling::registry(), image, object);
     EXPECT_NE(Reference(colorWithPatternImage(object)), nullptr);
+    setNativeObject(object, nullptr); // as a script does through Handle
+    EXPECT_EQ(colorWithPatternImage(object), nullptr);
     EXPECT_EQ(colorWithPatternImage(color), nullptr); // registered, but no image
     CFDictionaryRemoveValue(native::Sibling::registry(), image);
 }

@@ -112,3 +112,34 @@ TEST_F(Lists, LoadersReplaceTheHeldListAndOnlyCreatedOnesAreRegistered) {
     EXPECT_FALSE(load("No such list"));
     EXPECT_EQ(nativeObject(list), nullptr);
 }
+
+TEST_F(Lists, LieWhereTheHostReportedTheirData) {
+    constexpr std::ptrdiff_t elsewhere = REALinstanceDataOffset + sizeof(id);
+    const Reference color(color::getredColor());
+    foreign::unlock(list);
+    for (const auto& [reported, offset] :
+         {std::pair<REALword, std::ptrdiff_t>{elsewhere, elsewhere}, {0, REALinstanceDataOffset}}) {
+        NSColorListClass.instanceDataOffset = reported;
+        list = foreign::make("NSColorListZRX");
+        for (const char* const listName : {"First", "Second"}) {
+            ASSERT_TRUE(create(listName));
+            EXPECT_NE(nativeObject(list, offset), nullptr);
+            EXPECT_EQ(nativeObject(list, REALinstanceDataOffset + elsewhere - offset), nullptr);
+            setColor(list, color, Text("k"));
+            EXPECT_EQ(Reference(colorWithKey(list, Text("k"))), color);
+            EXPECT_EQ(nameOfList(), listName);
+        }
+        if (reported) foreign::unlock(list); // takes its entry along
+        EXPECT_EQ(registered(), reported ? 1 : 2);
+    }
+}
+
+TEST_F(Lists, RefuseAnIndexThatNoListHas) {
+    ASSERT_TRUE(create("One"));
+    const Reference color(color::getredColor());
+    for (const HostInteger index : {static_cast<HostInteger>(UINT64_C(1) << (sizeof(HostInteger) * 4)), HostInteger{-1}}) {
+        insertColor(list, color, Text("k"), index);
+        expectPlatformException();
+    }
+    EXPECT_EQ(colorWithKey(list, Text("k")), nullptr);
+}
