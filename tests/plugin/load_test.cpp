@@ -116,3 +116,22 @@ TEST(LoadElsewhere, ACopyUnderAnotherNameSharesNothing) {
     EXPECT_EQ(Host::instance().takeRaised(), std::vector<foreign::Raised>());
     EXPECT_EQ(raisedElsewhere, 1);
 }
+
+#ifdef CHROMA_SIBLING
+// The plugin has looked for the registry in vain then, and takes no entry out of it when its objects end.
+TEST(LoadElsewhere, ASiblingThatComesLateEntersNoneOfTheOthersObjects) {
+    load(2021.0);
+    foreign::unlock(newColor(1.0, 0.0, 0.0, 1.0));
+    start(CHROMA_SIBLING, Host::resolve);
+    const foreign::Owned color(newColor(0.0, 1.0, 0.0, 1.0)), image(foreign::make("NSImageZRX"));
+    bound<void(REALobjectStruct*, double, double, REALobjectStruct*)>(foreign::method(
+        "NSImageZRX", "Constructor(width as double, height as double, c as NSColorZRX = nil)"))(image, 4.0, 4.0, color);
+    const auto backgroundColor =
+        bound<REALobjectStruct*(REALobjectStruct*)>(foreign::method("NSImageZRX", "backgroundColor as NSColorZRX"));
+    for (int i = 0; i < 2; ++i) {
+        const foreign::Owned background(backgroundColor(image));
+        ASSERT_NE(background, nullptr);
+        EXPECT_EQ(foreign::references(background), 1);
+    }
+}
+#endif
