@@ -15,8 +15,22 @@
  * borrowed for the length of the call.
  *
  * Exceptions. RuntimeRaiseException records the exception and returns. The plugin function goes on to return its null
- * result, and the host raises the recorded exception in host code then. Nothing is ever thrown across the boundary by either
- * side.
+ * result, and the host raises the recorded exception in host code then. A host creates these classes by name, or at least
+ * "RuntimeException", which stands in for those it lacks: "OutOfBoundsException", "OutOfMemoryException",
+ * "NilObjectException", "IllegalCastException", "UnsupportedOperationException". A plugin sets their properties "Message"
+ * (a string) and "ErrorNumber" (32 bits). Entries do not throw. Two things alone pass outward through a plugin's function,
+ * with all given up that it held: a thrown native object that is no NSException, and a C++ exception that the host itself
+ * threw out of an entry; one that it threw while it built a string, or std::bad_alloc while it made a block, becomes a host
+ * exception.
+ *
+ * Siblings. Plugins of this family in one process share a registry of live host objects and one way to tell of NSExceptions.
+ * One of them, the sibling, adds three class messages to NSException; where nobody answers them, objects have no identity
+ * and NSExceptions become "RuntimeException"s:
+ *   GetInstancesDictionaryZRX: a CFMutableDictionary of plain pointers, which lives on: native objects to the host objects
+ *     that hold them, without a reference to either. Who enters a pair removes it before that host object ends.
+ *   PrepareNSExceptionZRX: nothing; asked once, before the first NewNSExceptionZRX:.
+ *   NewNSExceptionZRX: takes the NSException, answers a new host exception that the caller owns, or null for none.
+ * The registry and PrepareNSExceptionZRX are asked for once, when a plugin's first object is made: a sibling comes before.
  */
 #ifndef CHROMABRIDGE_HOST_ABI_H
 #define CHROMABRIDGE_HOST_ABI_H
@@ -48,7 +62,8 @@ typedef uint8_t HostBoolean;
 
 /* Byte offsets into host values, the same in every width; what lies there may be unaligned, so read it with memcpy. */
 enum {
-    /* Any object of a plugin class: its instance data, zero-filled before the class constructor runs. */
+    /* Any object of a plugin class, or of a host class that descends from one: the plugin's instance data, zero-filled
+     * before the class constructor runs. What descendants add lies behind it. */
     REALinstanceDataOffset = 24,
     /* A string: a pointer to its buffer, whose text starts at the buffer's second byte; the text's length in bytes, 32 bits.
      * Valid between REALLockString and REALUnlockString. */
@@ -73,7 +88,9 @@ typedef intptr_t REALword;
  *   then the parameters in order: "integer" HostInteger, "double" double, "byref ... as double" double*, "string"
  *   REALstringStruct*, "color" HostColor, "boolean" HostBoolean, "Memoryblock" REALmemoryBlockStruct*, "Folderitem"
  *   REALfolderItemStruct*, a class name or "variant" REALobjectStruct*, "x() as double" and "paramarray x as double"
- *   REALarrayDouble*. A getter takes the object and the record's parameter word. The result has the same mapping. */
+ *   REALarrayDouble*. A getter takes the object and the record's parameter word. The result has the same mapping;
+ *   "double()" is a REALarrayDouble*, an array of a class ("NSColorSpaceZRX()") a void* to an array of objects. Every
+ *   parameter is passed: where host code leaves one out, the host fills in the declared default. */
 typedef void* REALfunction;
 
 /* In place of a getter or setter: the host itself reads or writes the instance data word at byte offset `parameter`. */
@@ -220,7 +237,8 @@ typedef void (*REALPluginMainProc)(REALresolver resolver);
 /* Element type codes of arrays. */
 enum { REALarrayOfDoubles = 2, REALarrayOfObjects = 4 };
 
-/* "REALGetRBVersion": the host's version, such as 2013.04. Asked once, during REALPluginMain. */
+/* "REALGetRBVersion": the host's version, such as 2013.04. Asked once, during REALPluginMain. A host without it counts as
+ * version 0.0: it gets legacy records, and its values are read at their offsets. */
 typedef double (*REALGetRBVersionProc)(void);
 
 /* "RegisterPluginVersion": announces the control version, 9 to 13, before the first class is registered. */
@@ -248,7 +266,8 @@ typedef void (*RuntimeRaiseExceptionProc)(REALobjectStruct* exception);
 typedef void (*REALSetPropValueStringProc)(REALobjectStruct* object, const char* property, REALstringStruct* value);
 typedef void (*REALSetPropValueIntegerProc)(REALobjectStruct* object, const char* property, int32_t value);
 
-/* "REALGetPropValueString": 1 when the property exists; *value then is a string that the caller owns. */
+/* "REALGetPropValueString": 1 when the property exists; *value then is a string that the caller owns. Of a folder item,
+ * "NativePath" is asked for, its path, or of hosts older than 2013.0 "URLPath", its address as a file URL. */
 typedef HostBoolean (*REALGetPropValueStringProc)(REALobjectStruct* object, const char* property, REALstringStruct** value);
 
 /* "REALBuildString": a string of `length` bytes, encoding unknown; null on failure. The bytes are copied. */
@@ -264,7 +283,8 @@ typedef void (*REALSetStringEncodingProc)(REALstringStruct* string, uint32_t enc
 /* "REALConvertString": a new string with the same text in another encoding; a null string gives null. */
 typedef REALstringStruct* (*REALConvertStringProc)(REALstringStruct* string, uint32_t encoding);
 
-/* "REALGetStringCFString": the text as a CFString that the caller releases, or null. `reserved` is 0. */
+/* "REALGetStringCFString": the text as a CFString that the caller releases, or null. `reserved` is 0. Without it, or where
+ * it answers null, a string's bytes are read at their offsets, whatever the version. */
 typedef const void* (*REALGetStringCFStringProc)(REALstringStruct* string, int32_t reserved);
 
 /* "RuntimeArrayCreateSingleDimBoundedArray": a new array with indexes 0 to upperBound; -1 makes it empty. */
