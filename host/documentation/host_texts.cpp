@@ -32,6 +32,7 @@ std::vector<ClassText> builtInTexts() {
              {"Constructor", "Makes an exception, to be raised."},
              {"Message", "What went wrong, in words."},
              {"ErrorNumber", "A number for the error, 0 where there is none."},
+             {"Stack", "Where it was raised, and the calls around that place, a line each; empty until a Catch takes it."},
          }},
         {"OutOfBoundsException", "A value or an index outside its range.", {}},
         {"NilObjectException", "A member of Nil was used.", {}},

@@ -20,6 +20,7 @@ namespace {
 struct Exception {
     Owned<String> message;
     HostInteger errorNumber = 0;
+    Owned<String> stack; // null: not caught yet
 };
 
 Exception& dataOf(const Object* object) { return *static_cast<Exception*>(object->own.address); }
@@ -32,6 +33,8 @@ String* message(Object* object, REALword) { return Owned<String>(dataOf(object).
 
 void setMessage(Object* object, REALword, String* value) { dataOf(object).message = Owned<String>::shared(value); }
 
+String* stack(Object* object, REALword) { return Owned<String>(dataOf(object).stack).release(); }
+
 HostInteger errorNumber(Object* object, REALword) { return dataOf(object).errorNumber; }
 void setErrorNumber(Object* object, REALword, HostInteger value) { dataOf(object).errorNumber = value; }
 
@@ -43,6 +46,7 @@ void initialize(Object* object, String* text, HostInteger number) {
 REALproperty properties[] = {
     {nullptr, "Message", "String", 0, bound(message), bound(setMessage), 0, {}},
     {nullptr, "ErrorNumber", "Integer", 0, bound(errorNumber), bound(setErrorNumber), 0, {}},
+    {nullptr, "Stack", "String", 0, bound(stack), nullptr, 0, {}},
 };
 
 // Every exception class has the constructor: constructors are not inherited.
@@ -86,6 +90,10 @@ bool isException(const Object* object) {
 
 std::string exceptionMessage(const Object* exception) { return utf8Of(exceptions::dataOf(exception).message.get()); }
 HostInteger exceptionErrorNumber(const Object* exception) { return exceptions::dataOf(exception).errorNumber; }
+
+void setExceptionStack(Object* exception, std::string_view stack) {
+    exceptions::dataOf(exception).stack = Owned<String>(newString(stack));
+}
 
 void registerExceptionClasses(Registry& registry) {
     using namespace exceptions;

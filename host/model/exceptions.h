@@ -32,5 +32,6 @@ bool isException(const Object* object); // false for null
 // Of an object for which isException holds.
 std::string exceptionMessage(const Object* exception); // UTF-8
 HostInteger exceptionErrorNumber(const Object* exception);
+void setExceptionStack(Object* exception, std::string_view stack); // what its property Stack answers
 
 } // namespace host

@@ -25,7 +25,8 @@ const auto nameOfFile = [](const auto& file) { return std::filesystem::path(file
 INSTANTIATE_TEST_SUITE_P(Files, PrintedPrograms, testing::ValuesIn(filesIn("programs")), nameOfFile);
 INSTANTIATE_TEST_SUITE_P(Files, WrongPrograms, testing::ValuesIn(filesIn("wrong")), nameOfFile);
 
-// The report of a message about the place at the end of the text, of which the rest of its line follows.
+// The report of a message about the place at the end of the text, of which the rest of its line follows. The calls around an
+// exception stand below.
 std::string report(const std::string& before, const std::string& rest, const std::string& message) {
     const std::size_t start = before.rfind('\n') + 1;
     std::string caret;
@@ -33,11 +34,15 @@ std::string report(const std::string& before, const std::string& rest, const std
         const bool continuesCharacter = (c & 0xC0) == 0x80;
         if (!continuesCharacter) caret += c == '\t' ? '\t' : ' ';
     }
+    const bool uncaught = message.rfind("uncaught", 0) == 0;
+    const std::size_t end = uncaught ? std::min(message.find('\n'), message.size()) : message.size();
+    const std::string calls = end < message.size() ? message.substr(end + 1) + "\n" : "";
     std::ostringstream text;
     text << "test.bas:" << std::count(before.begin(), before.end(), '\n') + 1 << ":" << caret.size() + 1 << ": "
-         << (message.rfind("uncaught", 0) == 0 ? "" : "error: ") << message << "\n"
+         << (uncaught ? "" : "error: ") << message.substr(0, end) << "\n"
          << before.substr(start) << rest << "\n"
-         << caret << "^\n";
+         << caret << "^\n"
+         << calls;
     return text.str();
 }
 

@@ -56,6 +56,9 @@ const Typed typed[] = {
      "prompt:2:1: error: there is no variable 'b'\nb\n^\n"
      "prompt:3:20: error: this is of type String, but Integer is needed here\nDim c As Integer = \"x\"\n                   ^\n"
      "prompt:4:22: uncaught DivideByZeroException: Division by zero.\nDim c As Integer = 1 \\ 0\n                     ^\n"},
+    {"CallsAreTold", "Sub Fail()\nPrint 1 \\ 0\nEnd Sub\n  Fail", "",
+     "prompt:2:9: uncaught DivideByZeroException: Division by zero.\nPrint 1 \\ 0\n        ^\n"
+     "called from prompt:4:3:   Fail\n"},
     {"BadTextIsForgotten", "Print \"\xC3(\"\nPrint 2", "2\n",
      "prompt:1:8: error: a program is UTF-8 text, and this byte is no part of any\nPrint \"?(\"\n       ^\n"},
     {"NamesDeclaredAgain",

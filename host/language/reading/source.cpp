@@ -63,6 +63,15 @@ std::string Source::location(Offset offset) const {
     return name_ + ":" + std::to_string(where.line) + ":" + std::to_string(where.column);
 }
 
+std::string_view Source::line(Offset offset) const {
+    const std::string_view text = text_;
+    const std::size_t first = lineStart(text, std::min<std::size_t>(offset, text.size()));
+    std::size_t last = first;
+    while (last < text.size() && !isLineEnd(text[last]))
+        ++last;
+    return text.substr(first, last - first);
+}
+
 Offset Source::append(std::string_view text) {
     const auto start = static_cast<Offset>(text_.size());
     text_.append(text);

@@ -27,6 +27,8 @@ public:
     Place place(Offset offset) const;
     std::string location(Offset offset) const; // "name:line:column"
 
+    std::string_view line(Offset offset) const; // without its end
+
     // More text at the end, and where it starts. Views of the text are no longer valid.
     Offset append(std::string_view text);
 

@@ -1,5 +1,7 @@
 #include "language/running/control_flow.h"
 
+#include "language/running/call_stack.h"
+
 #include "language/running/places.h"
 #include "language/running/run.h"
 
@@ -218,7 +220,10 @@ ActionPtr tryBlock(ActionPtr body, std::vector<Handler> handlers, ActionPtr fina
             for (const Handler& handler : handlers) {
                 if (handler.info && !raised.exception()->info->isOrDescendsFrom(*handler.info)) continue;
                 chosen = &handler;
-                if (handler.variable) store(frame, *handler.variable, Counting::object, Slot::ofObject(raised.exception()));
+                if (handler.variable) {
+                    setExceptionStack(raised.exception(), stackOf(raised, frame.execution()));
+                    store(frame, *handler.variable, Counting::object, Slot::ofObject(raised.exception()));
+                }
                 break;
             }
             if (!chosen) throw;

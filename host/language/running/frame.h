@@ -6,6 +6,7 @@
 
 #include "language/reading/source.h"
 
+#include "model/classes.h"
 #include "model/exceptions.h"
 #include "model/owned.h"
 
@@ -34,6 +35,13 @@ inline void unlock(Counting counting, Slot value) {
     if (counting == Counting::string) unlock(value.string);
 }
 
+// A call of a procedure that has not come back yet.
+struct ActiveCall {
+    Offset offset; // of the call
+    const Method* procedure;
+    const ActiveCall* caller; // null: the program calls
+};
+
 // A host exception on its way to the Catch that takes it. Thrown only within the language, never across a bound function.
 class Raised {
 public:
@@ -42,9 +50,17 @@ public:
     Object* exception() const { return exception_.get(); }
     Offset offset() const { return offset_; } // where it was raised
 
+    // The calls that it has ended, the innermost first, as far as anybody is told of them.
+    const std::vector<ActiveCall>& ended() const { return ended_; }
+    void end(const ActiveCall& call) {
+        if (ended_.size() <= maxCallsTold) ended_.push_back(call);
+    }
+    static constexpr std::size_t maxCallsTold = 10;
+
 private:
     Owned<Object> exception_;
     Offset offset_;
+    std::vector<ActiveCall> ended_; // their callers are gone
 };
 
 // Raises the pending exception.
@@ -81,8 +97,10 @@ struct Execution {
     std::vector<Slot> variables = {};
     std::vector<Object*> objects = {}; // temporaries
     std::vector<String*> strings = {};
-    unsigned depth = 0;               // of calls
-    std::optional<int> exitCode = {}; // once the program has quit
+    unsigned depth = 0;                    // of calls
+    const ActiveCall* innermost = nullptr; // null: in no procedure
+    const Source* source = nullptr;        // of the code that runs
+    std::optional<int> exitCode = {};      // once the program has quit
 };
 
 // One call of a procedure, or the program itself.

@@ -8,21 +8,29 @@
 namespace host::language {
 namespace {
 
-// Counts a call as long as it lasts.
-class CallDepth {
+// Tells the execution of a call as long as it lasts.
+class CallInProgress {
 public:
-    CallDepth(Execution& execution, Offset offset) : execution_(execution) {
+    CallInProgress(Execution& execution, const Procedure& procedure, Offset offset)
+        : execution_(execution), call_{offset, &procedure, execution.innermost} {
         checkInterrupt(offset);
         if (execution_.depth >= maxCallDepth || isStackLow())
             throwNew(offset, "StackOverflowException", "Calls are nested too deeply.");
         ++execution_.depth;
+        execution_.innermost = &call_;
     }
-    ~CallDepth() { --execution_.depth; }
-    CallDepth(const CallDepth&) = delete;
-    CallDepth& operator=(const CallDepth&) = delete;
+    ~CallInProgress() {
+        --execution_.depth;
+        execution_.innermost = call_.caller;
+    }
+    CallInProgress(const CallInProgress&) = delete;
+    CallInProgress& operator=(const CallInProgress&) = delete;
+
+    const ActiveCall& call() const { return call_; }
 
 private:
     Execution& execution_;
+    const ActiveCall call_;
 };
 
 // A procedure with its arguments in place.
@@ -32,10 +40,15 @@ public:
         : procedure_(procedure), callee_(callee), offset_(offset) {}
 
     Slot run(Frame& caller, const Slot* arguments) const {
-        const CallDepth depth(caller.execution(), offset_);
+        const CallInProgress call(caller.execution(), procedure_, offset_);
         for (std::size_t i = 0; i < procedure_.parameters.size(); ++i)
             lock(procedure_.parameters[i], arguments[i]);
-        procedure_.body->execute(callee_);
+        try {
+            procedure_.body->execute(callee_);
+        } catch (Raised& raised) {
+            raised.end(call.call());
+            throw;
+        }
         return caller.keep(procedure_.result, callee_.takeResult());
     }
 

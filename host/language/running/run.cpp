@@ -1,5 +1,7 @@
 #include "language/running/run.h"
 
+#include "language/running/call_stack.h"
+
 #include "model/classes.h"
 #include "model/platform.h"
 
@@ -63,11 +65,12 @@ std::string runCode(const Source& source, const Action& code, Execution& executi
     const platform::AutoreleasePool pool;
     const InterruptScope interruptible;
     Frame frame(execution);
+    execution.source = &source;
     std::string report;
     try {
         code.execute(frame);
     } catch (const Raised& raised) {
-        report = source.report(raised.offset(), describe(raised));
+        report = source.report(raised.offset(), describe(raised)) + callsAround(raised, execution);
     } catch (const Interrupted& interrupted) {
         report = source.location(interrupted.offset) + ": interrupted\n";
     } catch (const Quit& quit) {

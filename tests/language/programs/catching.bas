@@ -40,3 +40,17 @@ Try
 Catch e As NilObjectException
   Print e.Message '> A member of Nil was used.
 End Try
+
+' The calls that an exception has ended, and those around its Catch.
+Sub Fail(depth As Integer)
+  If depth = 0 Then Raise New IOException("lost")
+  Fail depth - 1
+End Sub
+Sub Tell()
+  Try
+    Fail 1
+  Catch e As IOException
+    Print e.Stack '> raised at test.bas:46:21 in Fail | called from test.bas:47:3 in Fail | called from test.bas:51:5 in Tell | called from test.bas:56:1
+  End Try
+End Sub
+Tell

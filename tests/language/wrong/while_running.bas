@@ -16,6 +16,28 @@ Sub Down()
 End Sub
 Down
 '! uncaught StackOverflowException: Calls are nested too deeply.
+'| called from test.bas:2:1 in Down
+'| called from test.bas:2:1 in Down
+'| called from test.bas:2:1 in Down
+'| called from test.bas:2:1 in Down
+'| called from test.bas:2:1 in Down
+'| called from test.bas:2:1 in Down
+'| called from test.bas:2:1 in Down
+'| called from test.bas:2:1 in Down
+'| called from test.bas:2:1 in Down
+'| called from test.bas:2:1 in Down
+
+Function Half(n As Integer) As Integer
+  Return 1 @\ n
+End Function
+Sub Both(n As Integer, ByRef result As Integer)
+  result = Half(n)
+End Sub
+Dim v(1) As Integer
+Both 0, v(1)
+'! uncaught DivideByZeroException: Division by zero.
+'| called from test.bas:5:12 in Both
+'| called from test.bas:8:1
 
 Dim a As New Probe(1)
 If True Then
