@@ -345,7 +345,7 @@ TEST_F(Errors, InCppAreTranslated) {
 
     // What is no C++ exception is none here either, thrown inside or by the host.
     host.before["REALBuildString"] = [] { return native::raise("HostException", "thrown by the host"), false; };
-    const auto build = [] { REALBuildUnicodeString("x", 1, kCFStringEncodingUTF8); };
+    auto build = [] { REALBuildUnicodeString("x", 1, kCFStringEncodingUTF8); };
     native::Sibling::install();
     guarded(build);
     expectRaised({{"NSExceptionZRX", "thrown by the host", -1}});
