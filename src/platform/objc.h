@@ -30,8 +30,9 @@ template <class R>
 inline constexpr bool isReturned = std::is_void_v<R> || std::is_scalar_v<R>;
 #elif defined(__APPLE__) && defined(__x86_64__)
 template <class R>
-inline constexpr bool isReturned = std::is_void_v<R> || std::is_scalar_v<R> ||
-                                   (std::is_trivially_copyable_v<R> && sizeof(R) <= 2 * sizeof(void*));
+inline constexpr bool isReturned = std::is_trivially_copyable_v<R> && sizeof(R) <= 2 * sizeof(void*);
+template <>
+inline constexpr bool isReturned<void> = true;
 #else
 template <class R>
 inline constexpr bool isReturned = true;
