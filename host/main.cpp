@@ -56,6 +56,7 @@ public:
         addRecords();
         addBrowse();
         addSwatches();
+        addValidate();
         addGrammar();
         addCompletion();
         add("manual", "Print the manual page", "  chromahost manual | man -l -", [this] {
@@ -173,6 +174,20 @@ private:
         command->add_flag("--dark", drawing_.dark, "On a dark page");
     }
 
+    void addValidate() {
+        CLI::App* const command = add("validate", "Hold a plugin against the contract, each promise in a process of its own",
+                                      "  chromahost validate ./libmine.so\n"
+                                      "  chromahost validate --list\n"
+                                      "  chromahost validate ./libmine.so --only null-receivers --only balance\n"
+                                      "  chromahost validate ./libmine.so --json",
+                                      [this] { return validate(start_, validating_); });
+        command->add_option("PLUGIN", validating_.plugin, "The plugin library, by default the bundled one");
+        mayRepeat(command->add_option("--only", validating_.only, "Only the check of this name; may be repeated"), "NAME");
+        command->add_flag("--list", validating_.list, "List the checks and what they hold the plugin to");
+        command->add_flag("--json", validating_.json, "As JSON");
+        addSibling(command);
+    }
+
     void addGrammar() {
         add("grammar", "Print the language's grammar for editors, in the form of TextMate",
             "  chromahost grammar > chromabridge.tmLanguage.json", [this] { return grammar(start_); });
@@ -238,6 +253,7 @@ private:
     Program checking_;
     BrowseOptions browsing_;
     SwatchesOptions drawing_;
+    ValidateOptions validating_;
     std::string shell_;
     bool json_ = false;
     bool showsVersion_ = false;

@@ -57,6 +57,15 @@ struct SwatchesOptions {
 };
 int swatches(const Start& start, const SwatchesOptions& options);
 
+struct ValidateOptions {
+    std::string plugin;            // empty: the bundled one
+    std::vector<std::string> only; // names of checks; none: all
+    bool list = false;             // the checks, and none is run
+    bool json = false;
+};
+// Holds a plugin against the contract; a failure when it breaks a promise.
+int validate(const Start& start, const ValidateOptions& options);
+
 // An editor's grammar of the language, in the form of TextMate.
 int grammar(const Start& start);
 

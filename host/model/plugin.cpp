@@ -12,7 +12,14 @@
 
 namespace host {
 
-void loadPlugin(const std::string& path) {
+namespace {
+
+struct Library {
+    void* handle;
+    REALPluginMainProc main;
+};
+
+Library open(const std::string& path) {
     std::error_code error;
     // A path that exists is meant as it is, also without a slash; the loader searches for any other name.
     const std::string file = std::filesystem::exists(path, error) ? std::filesystem::absolute(path, error).string() : path;
@@ -20,13 +27,21 @@ void loadPlugin(const std::string& path) {
     if (!library) throw std::runtime_error("cannot load the plugin " + path + ": " + dlerror());
     void* const symbol = dlsym(library, "REALPluginMain");
     if (!symbol) throw std::runtime_error(path + " is no plugin: it has no REALPluginMain");
+    return {library, reinterpret_cast<REALPluginMainProc>(symbol)};
+}
 
+} // namespace
+
+REALPluginMainProc openPlugin(const std::string& path) { return open(path).main; }
+
+void loadPlugin(const std::string& path) {
+    const Library library = open(path);
     static std::set<void*> loaded; // the loader knows one library by all its paths
-    if (!loaded.insert(library).second) return;
+    if (!loaded.insert(library.handle).second) return;
     const std::size_t before = registry().problems().size();
     {
         const platform::AutoreleasePool pool;
-        reinterpret_cast<REALPluginMainProc>(symbol)(resolveEntry);
+        library.main(resolveEntry);
     }
     if (registry().problems().size() == before) return;
     std::string message = path + ": the host cannot take all of its class records";

@@ -1,0 +1,371 @@
+#include "validator/validator.h"
+
+#include "model/entries.h"
+#include "model/leaks.h"
+#include "model/plugin.h"
+#include "model/strings.h"
+#include "validator/calls.h"
+#include "validator/child.h"
+#include "validator/exports.h"
+
+#include <algorithm>
+#include <set>
+#include <sstream>
+#include <stdexcept>
+
+#include <dlfcn.h>
+
+namespace host::validator {
+
+namespace {
+
+// ---- A plugin in this process, with what it did at its start
+
+struct Announcement {
+    std::vector<std::int32_t> versions;
+    bool afterClass = false;
+    int classes = 0;
+};
+Announcement announcement;
+std::set<std::string> throwing; // entries that throw in the host's place
+
+void announce(std::int32_t version) {
+    announcement.versions.push_back(version);
+    announcement.afterClass = announcement.afterClass || announcement.classes > 0;
+    if (void* const entry = resolveEntry("RegisterPluginVersion"))
+        reinterpret_cast<RegisterPluginVersionProc>(entry)(version);
+}
+
+void registerClass(REALclassDefinition* record) {
+    ++announcement.classes;
+    if (void* const entry = resolveEntry("PluginRegisterClass")) reinterpret_cast<PluginRegisterClassProc>(entry)(record);
+}
+
+template <class... Arguments>
+void* throwInPlace(Arguments...) {
+    throw std::range_error("thrown by the host");
+}
+
+template <class Result, class... Arguments>
+void* thrower(Result (*)(Arguments...)) {
+    return reinterpret_cast<void*>(throwInPlace<Arguments...>);
+}
+
+// What makes strings and blocks may throw.
+void* throwerFor(const std::string& entry) {
+    if (entry == "REALBuildString") return thrower(REALBuildStringProc());
+    if (entry == "REALBuildStringWithEncoding") return thrower(REALBuildStringWithEncodingProc());
+    if (entry == "REALConvertString") return thrower(REALConvertStringProc());
+    return thrower(NewMemoryBlockProc());
+}
+
+void* heardEntry(const char* name) {
+    void* const entry = resolveEntry(name);
+    if (!entry) return nullptr;
+    if (throwing.count(name) != 0) return throwerFor(name);
+    const std::string asked = name;
+    if (asked == "RegisterPluginVersion") return reinterpret_cast<void*>(announce);
+    return asked == "PluginRegisterClass" ? reinterpret_cast<void*>(registerClass) : entry;
+}
+
+// The plugin's own classes, once it has started on such a host.
+std::vector<const ClassInfo*> start(const Trial& trial, const HostOptions& options = {}) {
+    step("the start of the host");
+    startHost(options);
+    if (!trial.sibling.empty()) loadPlugin(trial.sibling);
+    const std::size_t before = registry().classes().size();
+    step("REALPluginMain");
+    openPlugin(trial.plugin)(heardEntry);
+    std::vector<const ClassInfo*> own;
+    for (std::size_t i = before; i < registry().classes().size(); ++i)
+        own.push_back(registry().classes()[i].get());
+    return own;
+}
+
+// ---- What is complained about
+
+class Complaints {
+public:
+    void add(const std::string& line) {
+        if (!line.empty() && seen_.insert(line).second) text_ += (text_.empty() ? "" : "\n") + line;
+    }
+    const std::string& text() const { return text_; }
+
+private:
+    std::set<std::string> seen_;
+    std::string text_;
+};
+
+std::string describe(const HostOptions& options) {
+    std::ostringstream text;
+    text << "version " << options.version;
+    for (const std::string& entry : options.without)
+        text << " without " << entry;
+    return text.str();
+}
+
+// Every complaint of one host, behind what that host is.
+void addOf(Complaints& complaints, const std::string& what, const std::string& complaint) {
+    std::istringstream lines(complaint);
+    for (std::string line; std::getline(lines, line);)
+        complaints.add(what + ": " + line);
+}
+
+using Choices = std::vector<Choice> (*)(const Bound& function);
+
+void callAll(const std::vector<const ClassInfo*>& classes, Choices choicesOf, Complaints& complaints) {
+    for (const Bound& function : functionsOf(classes)) {
+        for (const Choice& choice : choicesOf(function))
+            if (call(function, choice).threw) complaints.add(function.name + ": an exception left the function");
+    }
+}
+
+std::string callAllOn(const Trial& trial, const HostOptions& options) {
+    return inChild([&] {
+        Complaints complaints;
+        callAll(start(trial, options), ordinaryChoicesFor, complaints);
+        for (const std::string& problem : registry().problems())
+            complaints.add(problem);
+        return complaints.text();
+    });
+}
+
+// ---- The library and its start
+
+std::string loads(const Trial& trial) {
+    return inChild([&] {
+        step("loading");
+        openPlugin(trial.plugin);
+        return std::string();
+    });
+}
+
+std::string exportsOneFunction(const Trial& trial) {
+    return inChild([&] {
+        Complaints complaints;
+        Dl_info info = {};
+        const REALPluginMainProc entryPoint = openPlugin(trial.plugin);
+        if (dladdr(reinterpret_cast<void*>(entryPoint), &info) == 0)
+            throw std::runtime_error("the library's file is unknown");
+        for (const std::string& name : exportedFunctions(info.dli_fname))
+            if (name != "REALPluginMain") complaints.add("it exports " + name + " too");
+        return complaints.text();
+    });
+}
+
+std::string survivesNullResolver(const Trial& trial) {
+    return inChild([&] {
+        startHost();
+        const REALPluginMainProc entryPoint = openPlugin(trial.plugin);
+        step("REALPluginMain of null");
+        entryPoint(nullptr);
+        return std::string();
+    });
+}
+
+std::string announcesOnce(const Trial& trial) {
+    return inChild([&] {
+        start(trial);
+        Complaints complaints;
+        const std::vector<std::int32_t>& versions = announcement.versions;
+        if (versions.size() != 1) complaints.add("it announces " + std::to_string(versions.size()) + " control versions");
+        for (const std::int32_t version : versions)
+            if (version < 9 || version > 13) complaints.add("it announces the control version " + std::to_string(version));
+        if (announcement.afterClass) complaints.add("it announces after a class is registered");
+        return complaints.text();
+    });
+}
+
+// ---- Records
+
+std::string recordsParse(const Trial& trial) {
+    return inChild([&] {
+        Complaints complaints;
+        if (start(trial).empty()) complaints.add("no class is registered");
+        for (const std::string& problem : registry().problems())
+            complaints.add(problem);
+        return complaints.text();
+    });
+}
+
+std::string recordsCount(const Trial& trial) {
+    return inChild([&] {
+        Complaints complaints;
+        for (const ClassInfo* info : start(trial)) {
+            const REALclassDefinition& record = *info->record();
+            const auto check = [&](const void* rows, REALword count, const char* what) {
+                if (count < 0 || (count > 0) != (rows != nullptr)) {
+                    complaints.add(info->name() + ": " + (rows ? "a table" : "no table") + " and a count of " +
+                                   std::to_string(count) + " for the " + what);
+                }
+            };
+            check(record.properties, record.propertyCount, "properties");
+            check(record.methods, record.methodCount, "methods");
+            check(record.constants, record.constantCount, "constants");
+            check(record.sharedMethods, record.sharedMethodCount, "shared methods");
+        }
+        return complaints.text();
+    });
+}
+
+std::string typesAreKnown(const Trial& trial) {
+    return inChild([&] {
+        Complaints complaints;
+        for (const Bound& function : functionsOf(start(trial))) {
+            const auto check = [&](const Type& type) {
+                const bool isClass = type.kind == Kind::object && !equalIgnoringCase(type.className, "Object");
+                if (isClass && !registry().find(type.className))
+                    complaints.add(function.name + ": there is no class " + type.className);
+            };
+            check(function.signature.result);
+            for (const Parameter& parameter : function.signature.parameters)
+                check(parameter.type);
+        }
+        return complaints.text();
+    });
+}
+
+std::string membersAreUnique(const Trial& trial) {
+    return inChild([&] {
+        Complaints complaints;
+        for (const ClassInfo* info : start(trial)) {
+            std::set<std::string, LessIgnoringCase> seen;
+            const auto add = [&](const std::string& member) {
+                if (!seen.insert(member).second) complaints.add(info->name() + ": " + member + " stands there twice");
+            };
+            for (const std::vector<Method>* methods : {&info->methods(), &info->sharedMethods()}) {
+                for (const Method& method : *methods) {
+                    std::string member = (method.shared ? "shared " : "") + method.signature.name + "(";
+                    for (const Parameter& parameter : method.signature.parameters)
+                        member += (parameter.paramArray ? "paramarray " : "") + nameOf(parameter.type) + ",";
+                    if (member.back() == ',') member.pop_back();
+                    add(member + ")");
+                }
+            }
+            for (const Property& property : info->properties())
+                add(property.name);
+            for (const Constant& constant : info->constants())
+                add(constant.name);
+        }
+        return complaints.text();
+    });
+}
+
+// ---- Hosts
+
+std::string survivesVersions(const Trial& trial) {
+    Complaints complaints;
+    for (const double version : {0.0, 2011.0, 2012.0, 2013.0, 2017.0, 2021.0, 2099.0}) {
+        const HostOptions options = {version, {}};
+        addOf(complaints, describe(options), callAllOn(trial, options));
+    }
+    return complaints.text();
+}
+
+std::string survivesMissingEntries(const Trial& trial) {
+    Complaints complaints;
+    for (const double version : {2011.0, 2021.0}) {
+        for (const std::string& entry : entryNames()) {
+            const HostOptions options = {version, {entry}};
+            addOf(complaints, describe(options), callAllOn(trial, options));
+        }
+    }
+    return complaints.text();
+}
+
+std::string survivesHostExceptions(const Trial& trial) {
+    Complaints complaints;
+    for (const char* entry : {"REALBuildString", "REALBuildStringWithEncoding", "REALConvertString", "newMemoryBlock"}) {
+        addOf(complaints, std::string("when ") + entry + " throws", inChild([&] {
+                  throwing = {entry};
+                  const std::vector<const ClassInfo*> classes = start(trial);
+                  for (const Bound& function : functionsOf(classes)) {
+                      for (const Choice& choice : ordinaryChoicesFor(function))
+                          call(function, choice); // the exception is the host's own: it may come back to it
+                  }
+                  return std::string();
+              }));
+    }
+    return complaints.text();
+}
+
+// ---- Calls
+
+std::string nullReceivers(const Trial& trial) {
+    return inChild([&] {
+        Complaints complaints;
+        for (const Bound& function : functionsOf(start(trial))) {
+            if (!function.hasReceiver) continue;
+            const Outcome outcome = call(function, {Receiver::null, 0, 0});
+            if (!outcome.isNull) complaints.add(function.name + ": null has a result");
+            if (outcome.raised) complaints.add(function.name + ": null raises");
+            if (outcome.threw) complaints.add(function.name + ": an exception left the function");
+        }
+        return complaints.text();
+    });
+}
+
+std::string emptyReceivers(const Trial& trial) {
+    return inChild([&] {
+        Complaints complaints;
+        for (const Bound& function : functionsOf(start(trial))) {
+            if (function.hasReceiver && call(function, {Receiver::empty, 0, 0}).threw)
+                complaints.add(function.name + ": an exception left the function");
+        }
+        return complaints.text();
+    });
+}
+
+std::string takesAnyArgument(const Trial& trial) {
+    return inChild([&] {
+        Complaints complaints;
+        callAll(start(trial), choicesFor, complaints);
+        return complaints.text();
+    });
+}
+
+// What a plugin makes once and keeps is kept once: only what is left a second time is lost.
+std::string balances(const Trial& trial) {
+    return inChild([&] {
+        Complaints complaints;
+        for (const Bound& function : functionsOf(start(trial))) {
+            for (const Choice& choice : choicesFor(function)) {
+                call(function, choice);
+                const std::size_t objects = liveObjectCount(), strings = liveStringCount();
+                const std::string before = describeLeaks();
+                call(function, choice);
+                if (liveObjectCount() == objects && liveStringCount() == strings) continue;
+                const auto text = [](const std::string& left) { return left.empty() ? "nothing" : left; };
+                complaints.add(function.name + ": " + text(before) + " is left before, " + text(describeLeaks()) + " after");
+                break;
+            }
+        }
+        return complaints.text();
+    });
+}
+
+} // namespace
+
+const std::vector<Check>& checks() {
+    static const std::vector<Check> table = {
+        {"loads", "The library loads with all its symbols bound, and has REALPluginMain", loads},
+        {"exports-one-function", "REALPluginMain is all that it exports", exportsOneFunction},
+        {"null-resolver", "A null resolver is survived", survivesNullResolver},
+        {"announces-once", "One control version, 9 to 13, is announced, before the first class", announcesOnce},
+        {"records-parse", "The host can take every class record and every declaration in it", recordsParse},
+        {"records-count", "Tables and their counts agree", recordsCount},
+        {"types-known", "Declarations name only classes that are there", typesAreKnown},
+        {"members-unique", "No member stands in a class twice", membersAreUnique},
+        {"null-receivers", "Null in an object's place has the null result, and raises nothing", nullReceivers},
+        {"empty-receivers", "An object as its class constructor leaves it may be asked for everything", emptyReceivers},
+        {"arguments", "Every function takes what its declaration admits", takesAnyArgument},
+        {"balance", "Calls leave no object and no string behind", balances},
+        {"host-versions", "Hosts of every version are served", survivesVersions},
+        {"missing-entries", "A host may lack any entry", survivesMissingEntries},
+        {"host-exceptions", "A host's exception out of an entry that makes a string or a block is survived",
+         survivesHostExceptions},
+    };
+    return table;
+}
+
+} // namespace host::validator
