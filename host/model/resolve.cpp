@@ -116,12 +116,17 @@ std::string listed(const std::vector<const Method*>& methods) {
     return text;
 }
 
-// The one mistake that the types in the message do not show.
-bool failsOnlyForReferences(const OverloadSet& overloads, std::vector<Argument> arguments) {
-    for (Argument& argument : arguments)
-        argument.assignable = true;
-    return std::any_of(overloads.begin(), overloads.end(),
-                       [&](const Method* method) { return candidateFor(*method, arguments).has_value(); });
+// Which parameter has no argument, or none that can be passed by reference: what the types in the message do not show.
+std::string reasonAgainst(const Method& method, const std::vector<Argument>& arguments) {
+    Candidate candidate = {&method, {}, {}, 0};
+    std::size_t next = 0;
+    for (const Parameter& parameter : method.signature.parameters) {
+        if (bindParameter(candidate, parameter, arguments, next)) continue;
+        if (next == arguments.size()) return ": " + parameter.name + " is missing";
+        if (!parameter.byRef) return "";
+        return ": argument " + std::to_string(next + 1) + " must be a variable of type " + nameOf(parameter.type);
+    }
+    return "";
 }
 
 } // namespace
@@ -153,8 +158,10 @@ Resolution resolveCall(const std::string& what, const OverloadSet& overloads, co
         resolution.error = what + " does not exist.";
     } else {
         resolution.error = what + " cannot be called " + describe(arguments);
-        if (failsOnlyForReferences(overloads, arguments)) resolution.error += ": a byref argument must be a variable";
-        resolution.error += ". Declared:" + listed(overloads);
+        std::string reason;
+        for (const Method* method : overloads)
+            if (reason.empty()) reason = reasonAgainst(*method, arguments);
+        resolution.error += reason + ". Declared:" + listed(overloads);
     }
     return resolution;
 }

@@ -78,7 +78,8 @@ TEST_F(Resolve, FillsDefaultsAndCollectsParamarrays) {
 
 TEST_F(Resolve, SaysWhatIsWrong) {
     EXPECT_EQ(Overloads(byRefForms).resolve({"&Integer"}).error,
-              "X.f cannot be called with (Integer). Declared:\n    " + byRefForms[0] + "\n    " + byRefForms[1]);
+              "X.f cannot be called with (Integer): argument 1 must be a variable of type Double. Declared:\n    " +
+                  byRefForms[0] + "\n    " + byRefForms[1]);
     EXPECT_EQ(Overloads(Names{"f(File as Folderitem)", "f(Data as Memoryblock)"}).resolve({"Nil"}).error,
               "X.f called with (Nil) could mean any of:\n    f(File as Folderitem)\n    f(Data as Memoryblock)");
     EXPECT_EQ(Overloads(Names()).resolve({}).error, "X.f does not exist.");

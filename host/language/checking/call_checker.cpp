@@ -3,6 +3,8 @@
 #include "language/checking/expression_checker.h"
 #include "language/library/functions.h"
 #include "language/reading/diagnostics.h"
+#include "language/reading/foreign_spellings.h"
+#include "language/reading/lexer.h"
 #include "language/running/array_members.h"
 #include "language/running/operators.h"
 #include "language/running/places.h"
@@ -66,6 +68,9 @@ ClassInfo* ExpressionChecker::classNamedBy(const syntax::Expression& expression)
 }
 
 void ExpressionChecker::failUnknownName(std::string_view name, Offset offset, bool called) const {
+    const std::string what = (called ? "there is no function or array " : "there is no variable ") + quoted(name);
+    const std::string_view hint = hintForName(name);
+    if (!hint.empty()) failCheck(offset, what + "; " + std::string(hint));
     NearestName nearest(name);
     if (!called) scopes_.offerNames(nearest);
     for (const auto& entry : procedures_.visible())
@@ -78,8 +83,10 @@ void ExpressionChecker::failUnknownName(std::string_view name, Offset offset, bo
     if (called) scopes_.offerNames(nearest);
     for (const auto& info : registry().classes())
         nearest.offer(info->name());
-    failCheck(offset, std::string(called ? "there is no function or array " : "there is no variable ") + quoted(name) +
-                          nearest.suggestion());
+    constexpr std::size_t minMisspelt = 4; // shorter names resemble too many keywords
+    for (const std::string_view keyword : keywordNames())
+        if (name.size() >= minMisspelt) nearest.offer(keyword);
+    failCheck(offset, what + nearest.suggestion());
 }
 
 Operand ExpressionChecker::function(std::string_view name, const Arguments& arguments, Offset offset) {

@@ -1,6 +1,7 @@
 #include "language/checking/class_names.h"
 
 #include "language/reading/diagnostics.h"
+#include "language/reading/foreign_spellings.h"
 
 namespace host::language {
 namespace {
@@ -8,6 +9,10 @@ namespace {
 constexpr std::string_view objectName = "Object";
 
 [[noreturn]] void failUnknown(const syntax::Name& name, bool plainTypesToo) {
+    const std::string what =
+        std::string("there is no ") + (plainTypesToo ? "type" : "class") + " '" + std::string(name.text) + "'";
+    const std::string_view hint = hintForName(name.text);
+    if (!hint.empty()) failCheck(name.offset, what + "; " + std::string(hint));
     NearestName nearest(name.text);
     for (const auto& info : registry().classes())
         nearest.offer(info->name());
@@ -15,8 +20,7 @@ constexpr std::string_view objectName = "Object";
         for (const std::string_view plain : {"Boolean", "Integer", "Double", "Color", "String", "Variant", "Object"})
             nearest.offer(plain);
     }
-    const std::string what = plainTypesToo ? "type" : "class";
-    failCheck(name.offset, "there is no " + what + " '" + std::string(name.text) + "'" + nearest.suggestion());
+    failCheck(name.offset, what + nearest.suggestion());
 }
 
 } // namespace

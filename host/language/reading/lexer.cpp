@@ -1,5 +1,7 @@
 #include "language/reading/lexer.h"
 
+#include "language/reading/foreign_spellings.h"
+
 #include "text/letters.h"
 #include "text/literals.h"
 #include "text/utf8.h"
@@ -232,6 +234,9 @@ Token Lexer::symbol() {
         {".", TokenKind::dot},
     };
     const std::size_t start = position_;
+    const ForeignSign foreign = foreignSignAt(text_.substr(start));
+    if (!foreign.sign.empty())
+        fail(start, "'" + std::string(foreign.sign) + "' has no meaning here; " + std::string(foreign.hint));
     for (const Symbol& symbol : symbols) {
         if (text_.substr(start, symbol.text.size()) != symbol.text) continue;
         position_ += symbol.text.size();

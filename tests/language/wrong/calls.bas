@@ -7,18 +7,18 @@ Dim p As @New Probe("a")
 '|     Constructor(a as double, b as double, factor as double = 1.0)
 
 Print @Len()
-'! Len cannot be called without arguments. Declared:
+'! Len cannot be called without arguments: text is missing. Declared:
 '|     Len(text as string) as integer
 
 Dim i As Integer, d As Double
 Probe.make(1).@split i, d
-'! Probe.split cannot be called with (Integer, Double). Declared:
+'! Probe.split cannot be called with (Integer, Double): argument 1 must be a variable of type Double. Declared:
 '|     split(byref whole as double, byref half as double)
 '|     split(byref whole as double, byref half as double, byref third as double)
 
 Dim d As Double
 Probe.make(1).@split d, 0.5
-'! Probe.split cannot be called with (Double, Double): a byref argument must be a variable. Declared:
+'! Probe.split cannot be called with (Double, Double): argument 2 must be a variable of type Double. Declared:
 '|     split(byref whole as double, byref half as double)
 '|     split(byref whole as double, byref half as double, byref third as double)
 
@@ -37,7 +37,7 @@ Print @A(1)
 Sub A(ByRef n As Integer)
 End Sub
 @A 1
-'! A cannot be called with (Integer): a byref argument must be a variable. Declared:
+'! A cannot be called with (Integer): argument 1 must be a variable of type Integer. Declared:
 '|     A(ByRef n As Integer)
 
 Sub A(n As Integer = 1, @m As Integer)
