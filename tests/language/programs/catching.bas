@@ -54,3 +54,8 @@ Sub Tell()
   End Try
 End Sub
 Tell
+Try
+  Fail -(0)
+Catch e As IOException
+  Print e.Stack '> raised at test.bas:46:21 in Fail | called from test.bas:58:3
+End Try
