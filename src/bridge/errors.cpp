@@ -48,7 +48,9 @@ void raiseWith(const char* className, REALstringStruct* message) {
 }
 
 Failure failure(const char* className, const std::exception& error) {
-    char* const copy = ::strdup(error.what());
+    const std::size_t size = std::strlen(error.what()) + 1;
+    auto* const copy = static_cast<char*>(std::calloc(size, 1));
+    if (copy) std::memcpy(copy, error.what(), size);
     return {className, copy, copy};
 }
 
