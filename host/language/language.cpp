@@ -80,7 +80,7 @@ std::vector<Problem> problemsIn(const std::string& text) {
     return problems;
 }
 
-bool wasInterrupted() { return detail::interruptWanted != 0; }
+bool wasInterrupted() { return detail::lastWasInterrupted; }
 
 int runFile(const std::string& path) {
     std::optional<std::string> text = read(path);

@@ -15,7 +15,8 @@ namespace host::language {
 
 namespace detail {
 volatile std::sig_atomic_t interruptWanted = 0;
-}
+bool lastWasInterrupted = false;
+} // namespace detail
 
 namespace {
 
@@ -30,7 +31,12 @@ public:
         action.sa_handler = want;
         sigaction(SIGINT, &action, &before_);
     }
-    ~InterruptScope() { sigaction(SIGINT, &before_, nullptr); }
+    // What is checked next, constants above all, is not interrupted by what ended this program.
+    ~InterruptScope() {
+        sigaction(SIGINT, &before_, nullptr);
+        detail::lastWasInterrupted = detail::interruptWanted != 0;
+        detail::interruptWanted = 0;
+    }
     InterruptScope(const InterruptScope&) = delete;
     InterruptScope& operator=(const InterruptScope&) = delete;
 

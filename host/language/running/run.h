@@ -25,8 +25,9 @@ struct Quit {
 };
 
 namespace detail {
-extern volatile std::sig_atomic_t interruptWanted;
-}
+extern volatile std::sig_atomic_t interruptWanted; // 0 unless a program runs
+extern bool lastWasInterrupted;
+} // namespace detail
 
 // Called in every round of a loop and every call of a procedure.
 inline void checkInterrupt(Offset offset) {
