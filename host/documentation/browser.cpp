@@ -1,8 +1,10 @@
 #include "documentation/browser.h"
 
 #include "documentation/pages.h"
-#include "documentation/suggestion.h"
 #include "documentation/word_texts.h"
+
+#include "text/letters.h"
+#include "text/nearest_name.h"
 
 #include <algorithm>
 #include <ostream>
@@ -62,7 +64,18 @@ std::vector<std::string> namesOf(const std::vector<MemberPage>& members) {
 }
 
 [[noreturn]] void refuse(const std::string& message, std::string_view name, const std::vector<std::string>& candidates) {
-    const std::string guess = nearest(name, candidates);
+    NearestName near(name);
+    for (const std::string& candidate : candidates)
+        near.offer(candidate);
+    std::string guess = near.name();
+    // A longer word may be a piece of what is looked for.
+    if (guess.empty() && name.size() > 2) {
+        const auto containing = std::find_if(candidates.begin(), candidates.end(), [&](const std::string& candidate) {
+            return std::search(candidate.begin(), candidate.end(), name.begin(), name.end(),
+                               [](char a, char b) { return lower(a) == lower(b); }) != candidate.end();
+        });
+        if (containing != candidates.end()) guess = *containing;
+    }
     throw std::invalid_argument(message + (guess.empty() ? "" : "; did you mean " + guess + "?"));
 }
 

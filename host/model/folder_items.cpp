@@ -1,5 +1,3 @@
-#include "model/folder_items.h"
-
 #include "model/arrays.h"
 #include "model/builtins.h"
 #include "model/entries.h"

@@ -26,8 +26,6 @@ struct Type {
     bool isNil() const { return kind == Kind::object && !isArray && className.empty(); }
     // Whether a value is one reference to a host object: objects, variants and arrays.
     bool isObjectReference() const { return isArray || kind == Kind::object || kind == Kind::variant; }
-    // Whether a value carries a reference count of its own: the above and strings.
-    bool isCounted() const { return isObjectReference() || kind == Kind::string; }
 
     Type element() const { return {kind, false, className}; }
     Type arrayOf() const { return {kind, true, className}; }

@@ -10,6 +10,7 @@
 #include "language/running/places.h"
 
 #include "model/resolve.h"
+#include "text/nearest_name.h"
 
 #include <algorithm>
 #include <iterator>

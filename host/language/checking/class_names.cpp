@@ -3,6 +3,8 @@
 #include "language/reading/diagnostics.h"
 #include "language/reading/foreign_spellings.h"
 
+#include "text/nearest_name.h"
+
 namespace host::language {
 namespace {
 

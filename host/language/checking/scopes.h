@@ -5,6 +5,7 @@
 #include "language/running/control_flow.h"
 
 #include "model/declarations.h"
+#include "text/nearest_name.h"
 
 #include <map>
 #include <optional>

@@ -55,19 +55,4 @@ private:
     std::vector<Diagnostic> list_;
 };
 
-// Collects the names that could have been meant and answers the nearest one within a typing error or two.
-class NearestName {
-public:
-    explicit NearestName(std::string_view wanted) : wanted_(wanted) {}
-    void offer(std::string_view name);
-
-    // ", did you mean 'name'?" or nothing.
-    std::string suggestion() const;
-
-private:
-    std::string_view wanted_;
-    std::string nearest_;
-    std::size_t distance_ = 0;
-};
-
 } // namespace host::language
