@@ -11,7 +11,8 @@ ClassText colorSpaceText() {
             {"Constructor", "Makes the space of an ICC profile; the object stays empty when the profile is not valid."},
 
             {"Handle",
-             "The address of the NSColorSpace inside; 0 in an empty object. Writing it retains and releases nothing: what was there, and its registry entry, are then the writer's to give up."},
+             "The address of the NSColorSpace inside; 0 in an empty object. This host lends what is written, which must be another space's: "
+             "the object shows it and keeps it alive, and has its own back when it ends. Elsewhere nothing is retained or released."},
             {"localizedName", "The space's name in the user's language."},
             {"colorSpaceName", "The name that colours of the space give, such as `NSCalibratedRGBColorSpace`."},
             {"description", "The space in words, for a person to read."},

@@ -34,7 +34,8 @@ ClassText colorText() {
             {"localizedColorNameComponent", "The name of a catalog colour in the user's language; empty for any other."},
             {"numberOfComponents", "How many components the colour has, alpha included: 2 for grey, 4 for RGB, 5 for CMYK."},
             {"Handle",
-             "The address of the NSColor inside; 0 in an empty object. Writing it retains and releases nothing: what was there, and its registry entry, are then the writer's to give up."},
+             "The address of the NSColor inside; 0 in an empty object. This host lends what is written, which must be another colour's: "
+             "the object shows it and keeps it alive, and has its own back when it ends. Elsewhere nothing is retained or released."},
 
             {"_exception", "Always Nil: it is there so that NSExceptionZRX is known wherever this class is."},
             {"CGColorHandle", "The address of the colour as a CGColor, which lives as long as the colour."},

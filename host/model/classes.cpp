@@ -1,5 +1,6 @@
 #include "model/classes.h"
 
+#include "model/handles.h"
 #include "model/storage.h"
 
 #include <algorithm>
@@ -30,6 +31,11 @@ std::size_t standardSize(const Type& type) {
 std::size_t standardOffset(const Property& property) {
     const REALclassDefinition& record = *property.owner->record();
     return static_cast<std::size_t>(record.instanceDataOffset + property.parameter);
+}
+
+bool isHandle(const Property& property) {
+    return property.getter == REALstandardAccessor && property.setter == REALstandardAccessor &&
+           property.type.is(Kind::integer) && equalIgnoringCase(property.name, "Handle");
 }
 
 void checkStandardAccess(const Property& property, std::size_t dataSize) {
@@ -126,7 +132,9 @@ bool isConstructor(std::string_view name) { return equalIgnoringCase(name, "Cons
 Slot readProperty(const Property& property, Object* object) {
     Slot result;
     if (property.getter == REALstandardAccessor) {
-        std::memcpy(&result, addressAt(object, standardOffset(property)), standardSize(property.type));
+        unsigned char* const place = addressAt(object, standardOffset(property));
+        if (isHandle(property)) return Slot::ofInteger(readHandle(object, place));
+        std::memcpy(&result, place, standardSize(property.type));
     } else {
         const Slot arguments[] = {Slot::ofObject(object), Slot::ofInteger(property.parameter)};
         property.invokeGetter(property.getter, arguments, &result);
@@ -136,7 +144,9 @@ Slot readProperty(const Property& property, Object* object) {
 
 void writeProperty(const Property& property, Object* object, Slot value) {
     if (property.setter == REALstandardAccessor) {
-        std::memcpy(addressAt(object, standardOffset(property)), &value, standardSize(property.type));
+        unsigned char* const place = addressAt(object, standardOffset(property));
+        if (isHandle(property)) return writeHandle(object, *property.owner, place, value.integer);
+        std::memcpy(place, &value, standardSize(property.type));
     } else {
         Slot none;
         const Slot arguments[] = {Slot::ofObject(object), Slot::ofInteger(property.parameter), value};

@@ -1,6 +1,7 @@
 #include "model/objects.h"
 
 #include "model/classes.h"
+#include "model/handles.h"
 #include "model/storage.h"
 #include "model/strings.h"
 
@@ -31,6 +32,7 @@ void destroyObject(Object* object) {
     // A destructor may lock and unlock its own object; that must not end it a second time.
     object->references = 1;
     ClassInfo& info = *object->info;
+    const Owned<Object> lender = settleHandle(object);
     info.destruct(object);
     --liveObjects;
     --info.liveObjects;

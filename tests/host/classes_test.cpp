@@ -1,5 +1,6 @@
 // Class records as a plugin hands them over, in both layouts, and the objects made from them.
 #include "model/builtins.h"
+#include "model/owned.h"
 #include "model/record_listing.h"
 #include "model/storage.h"
 
@@ -14,6 +15,7 @@ namespace {
 // ---- A small plugin: a counter that keeps its number in the first word of its instance data ----
 
 int destroyed = 0;
+HostInteger givenUp = 0; // the number of the last one
 
 HostInteger number(Object* object) { return readAt<HostInteger>(object, REALinstanceDataOffset); }
 void setNumber(Object* object, HostInteger value) { writeAt(object, REALinstanceDataOffset, value); }
@@ -24,6 +26,7 @@ void constructCounter(Object* object) {
 }
 void destroyCounter(Object* object) {
     ++destroyed;
+    givenUp = number(object);
     // A destructor may hand its own object to the host, as plugins do when they raise.
     lock(object);
     unlock(object);
@@ -34,6 +37,7 @@ double half(Object* object, HostInteger parameter) { return static_cast<double>(
 String* label(Object*, HostInteger) { return newString("counter"); }
 
 REALproperty properties[] = {{nullptr, "Handle", "Integer", 6, REALstandardAccessor, REALstandardAccessor, 0, {}},
+                             {nullptr, "Number", "Integer", 6, REALstandardAccessor, REALstandardAccessor, 0, {}},
                              {nullptr, "Second", "Color", 6, REALstandardAccessor, nullptr, 12, {}},
                              {nullptr, "Half", "double", 6, bound(half), nullptr, 4, {}},
                              readOnlyProperty("Label", "string", label)};
@@ -103,9 +107,9 @@ TEST_P(BothLayouts, GiveTheSameMembersAndListing) {
     const Held object(result.object);
     EXPECT_EQ(call(object, "ADD", {Slot::ofInteger(3), Slot::ofReal(2.0)}).real, 26.0);
     EXPECT_EQ(readProperty(*info.findProperty("half"), object).real, 7.0);
-    const Property& handle = *info.findProperty("Handle");
-    writeProperty(handle, object, Slot::ofInteger(-5));
-    EXPECT_EQ(readProperty(handle, object).integer, -5);
+    const Property& stored = *info.findProperty("Number");
+    writeProperty(stored, object, Slot::ofInteger(-5));
+    EXPECT_EQ(readProperty(stored, object).integer, -5);
     EXPECT_EQ(number(object), -5);
     EXPECT_EQ(readProperty(*info.findProperty("Second"), object).color, 0u);
     EXPECT_EQ(bytesOf(Held(readProperty(*info.findProperty("LABEL"), object).string)), "counter");
@@ -149,6 +153,49 @@ TEST_F(Classes, SubclassesHaveTheDataAndMembersOfTheirSuperclass) {
     EXPECT_EQ(registered(exception).record()->instanceDataOffset, 24);
     raise("CounterException", "too far");
     EXPECT_EQ(pendingMessage("CounterException"), "too far");
+}
+
+TEST_F(Classes, AHandleThatIsWrittenIsLent) {
+    ClassInfo& info = registeredCounter();
+    const Property& handle = *info.findProperty("Handle");
+    static auto strange = builtInRecord("Strange", nullptr, 16, constructCounter, nullptr);
+    setMembers(strange.properties, strange.propertyCount, properties);
+    ClassInfo& other = registered(strange);
+    const auto numbered = [&](HostInteger number) {
+        Object* const object = newObject(info);
+        setNumber(object, number);
+        return Owned<Object>(object);
+    };
+    const auto shown = [&](Object* object) { return readProperty(handle, object).integer; };
+    const auto write = [&](Object* object, HostInteger value) { writeProperty(handle, object, Slot::ofInteger(value)); };
+    const auto isRefused = [&](Object* object, HostInteger value) {
+        const HostInteger before = number(object);
+        write(object, value);
+        return pendingMessage("UnsupportedOperationException") != "" && number(object) == before;
+    };
+    {
+        const Owned<Object> first = numbered(11);
+        EXPECT_TRUE(isRefused(first.get(), 22)); // which no object has yet
+        EXPECT_TRUE(isRefused(first.get(), 0));
+        const Owned<Object> stranger(newObject(other));
+        EXPECT_TRUE(isRefused(first.get(), readProperty(*other.findProperty("Handle"), stranger.get()).integer));
+        {
+            const Owned<Object> second = numbered(22);
+            const Owned<Object> third = numbered(33);
+            write(second.get(), shown(third.get()));
+            write(first.get(), shown(second.get())); // the third's, whoever showed it
+        }
+        EXPECT_EQ(givenUp, 22); // its own again, though it showed another; the third lives on
+        EXPECT_EQ(shown(first.get()), 33);
+        write(first.get(), 11);
+        EXPECT_EQ(givenUp, 33);
+        EXPECT_TRUE(isRefused(first.get(), 33));
+        write(first.get(), shown(numbered(44).get()));
+        EXPECT_EQ(destroyed, 2);
+    }
+    EXPECT_EQ(destroyed, 4);
+    EXPECT_EQ(givenUp, 44); // after the first, which had kept it
+    EXPECT_EQ(info.liveObjects, 0u);
 }
 
 TEST_F(Classes, RecordsThatCannotBeTakenAreReported) {
