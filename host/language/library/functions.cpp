@@ -8,6 +8,7 @@
 #include "text/literals.h"
 
 #include "model/builtins.h"
+#include "model/conversions.h"
 #include "model/owned.h"
 
 #include <algorithm>
