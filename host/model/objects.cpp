@@ -40,7 +40,6 @@ void destroyObject(Object* object) {
 }
 
 unsigned char* instanceData(Object* object) { return addressAt(object, REALinstanceDataOffset); }
-const unsigned char* instanceData(const Object* object) { return addressAt(object, REALinstanceDataOffset); }
 
 std::size_t liveObjectCount() { return liveObjects; }
 

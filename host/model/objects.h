@@ -42,7 +42,6 @@ void keepAllObjects();
 
 // The first byte of the instance data.
 unsigned char* instanceData(Object* object);
-const unsigned char* instanceData(const Object* object);
 
 // Objects alive in this process, arrays and boxed variants included.
 std::size_t liveObjectCount();
