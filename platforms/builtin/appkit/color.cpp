@@ -62,8 +62,8 @@ std::u16string shortest(float value) {
 // The name of the kind of space, for a custom space also its own, and the components.
 String* describeComponents(const ColorContents& contents) {
     const SpaceDefinition& space = *contents.space->definition;
-    std::u16string text(space.kind->text());
-    if (space.kind == &spaceName::custom) text.append(u" ").append(space.name).append(u" colorspace");
+    std::u16string text(space.colorSpaceName->text());
+    if (space.colorSpaceName == &spaceName::custom) text.append(u" ").append(space.name).append(u" colorspace");
     for (std::size_t index = 0; index < contents.count(); ++index) {
         text.append(u" ").append(shortest(contents.components[index]));
     }
@@ -106,7 +106,7 @@ std::uintptr_t hash(Color* self, SEL) {
 
 String* colorSpaceName(Color* self, SEL) {
     switch (self->contents.kind) {
-    case Kind::components: return self->contents.space->definition->kind;
+    case Kind::components: return self->contents.space->definition->colorSpaceName;
     case Kind::catalog: return &spaceName::named;
     case Kind::pattern: break;
     }

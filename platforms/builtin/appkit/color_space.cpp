@@ -120,7 +120,7 @@ ProfileObject* colorSyncProfile(ColorSpace* self, SEL) {
 
 String* localizedName(ColorSpace* self, SEL) { return string(self->definition->name); }
 
-String* colorSpaceName(ColorSpace* self, SEL) { return self->definition->kind; }
+String* colorSpaceName(ColorSpace* self, SEL) { return self->definition->colorSpaceName; }
 
 String* description(ColorSpace* self, SEL) { return formatted("%s colorspace", printable(string(self->definition->name))); }
 

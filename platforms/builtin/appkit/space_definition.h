@@ -22,9 +22,9 @@ constexpr std::size_t maxComponents = maxChannels + 1; // with alpha
 struct SpaceDefinition {
     ColorModel model = ColorModel::unknown;
     std::size_t channels = 0;
-    std::u16string name;               // for people
-    String* kind = &spaceName::custom; // what colours of the space answer to colorSpaceName
-    std::vector<std::uint8_t> profile; // ICC data, empty for a device space
+    std::u16string name;                         // for people
+    String* colorSpaceName = &spaceName::custom; // what its colours answer to the message of that name
+    std::vector<std::uint8_t> profile;           // ICC data, empty for a device space
 
     // How components become D50 XYZ, and XYZ components: by a profile's table for the direction where it has one, else by
     // curves and matrix or as a complement. Whether there is a way is told for each direction.

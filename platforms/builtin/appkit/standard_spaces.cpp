@@ -7,12 +7,13 @@
 namespace chroma::builtin {
 namespace {
 
-std::shared_ptr<SpaceDefinition> named(ColorModel model, std::size_t channels, std::u16string_view name, String& kind) {
+std::shared_ptr<SpaceDefinition> named(ColorModel model, std::size_t channels, std::u16string_view name,
+                                       String& colorSpaceName) {
     auto space = std::make_shared<SpaceDefinition>();
     space->model = model;
     space->channels = channels;
     space->name = name;
-    space->kind = &kind;
+    space->colorSpaceName = &colorSpaceName;
     space->convertsToXyz = space->convertsFromXyz = true;
     return space;
 }
@@ -20,8 +21,8 @@ std::shared_ptr<SpaceDefinition> named(ColorModel model, std::size_t channels, s
 using NewSpace = std::shared_ptr<SpaceDefinition>;
 
 NewSpace rgbSpace(std::u16string_view name, const Matrix3& toXyz, const TransferCurve& curve,
-                  String& kind = spaceName::custom) {
-    const auto space = named(ColorModel::rgb, 3, name, kind);
+                  String& colorSpaceName = spaceName::custom) {
+    const auto space = named(ColorModel::rgb, 3, name, colorSpaceName);
     space->toXyz = toXyz;
     space->fromXyz = inverse(toXyz);
     for (TransferCurve& channel : space->curves) {
@@ -30,14 +31,14 @@ NewSpace rgbSpace(std::u16string_view name, const Matrix3& toXyz, const Transfer
     return space;
 }
 
-NewSpace graySpace(std::u16string_view name, const TransferCurve& curve, String& kind = spaceName::custom) {
-    const auto space = named(ColorModel::gray, 1, name, kind);
+NewSpace graySpace(std::u16string_view name, const TransferCurve& curve, String& colorSpaceName = spaceName::custom) {
+    const auto space = named(ColorModel::gray, 1, name, colorSpaceName);
     space->curves[0] = curve;
     return space;
 }
 
-NewSpace cmykSpace(std::u16string_view name, const SpacePointer& complement, String& kind = spaceName::custom) {
-    const auto space = named(ColorModel::cmyk, 4, name, kind);
+NewSpace cmykSpace(std::u16string_view name, const SpacePointer& complement, String& colorSpaceName = spaceName::custom) {
+    const auto space = named(ColorModel::cmyk, 4, name, colorSpaceName);
     space->complement = complement;
     return space;
 }
@@ -79,8 +80,8 @@ const SpacePointer& standardDefinition(StandardSpace space) {
 }
 
 bool isOfDevice(const SpaceDefinition& space) {
-    return space.kind == &spaceName::deviceRGB || space.kind == &spaceName::deviceWhite ||
-           space.kind == &spaceName::deviceCMYK;
+    return space.colorSpaceName == &spaceName::deviceRGB || space.colorSpaceName == &spaceName::deviceWhite ||
+           space.colorSpaceName == &spaceName::deviceCMYK;
 }
 
 SpacePointer definitionOfProfile(const std::vector<std::uint8_t>& profile) {
