@@ -152,7 +152,18 @@ TEST_F(Strings, AreBuiltByTheWayOfTheHostsVersion) {
         EXPECT_EQ(result, build.expected) << build.version << ' ' << build.trace;
         EXPECT_EQ(trace, build.trace) << build.version;
     }
+    // Nothing stays behind in a host that throws, as it does once for each.
+    for (const char* const entry : {"REALSetStringEncoding", "REALConvertString", "REALUnlockString"}) {
+        for (const auto& build : builds) {
+            bool throws = true;
+            host.before = {{entry, [&] { return std::exchange(throws, false) ? throw std::runtime_error("once") : false; }}};
+            become(build.version);
+            built(build.text.first, build.text.second);
+            EXPECT_EQ(foreign::Host::liveStrings(), 0) << entry << ' ' << build.version;
+        }
+    }
     host.before.clear();
+    EXPECT_GT(host.takeRaised().size(), 20U);
     for (const auto encoding : {foreign::kMacRoman, foreign::kLatin1, kCFStringEncodingWindowsLatin1, foreign::kUnknown}) {
         EXPECT_EQ(built("plain", encoding), Stored("plain", foreign::kASCII));
         EXPECT_EQ(built("Gr\xFC", encoding), Stored("Gr\xFC", encoding));
@@ -269,6 +280,11 @@ TEST_P(Data, InArraysIsReachedByTheNamesOfTheHostsVersionOrInItsStorage) {
     REALInsertArrayValueObject(nullptr, 0, nullptr);
 }
 
+template <class Base>
+struct CastAnd : std::bad_cast, Base {
+    CastAnd() : Base("h") {}
+};
+
 class Errors : public PluginTest {
 protected:
     void SetUp() override {
@@ -318,7 +334,7 @@ TEST_F(Errors, InCppAreTranslated) {
     };
     expectTranslated(std::bad_alloc(), "OutOfMemoryException", "Failed to allocate memory.");
     expectTranslated(std::bad_array_new_length(), "OutOfMemoryException", "Failed to allocate memory.");
-    expectTranslated(std::range_error("a"), "OutOfBoundsException", "a");
+    expectTranslated(std::range_error("\xC3\xA4"), "OutOfBoundsException", "\xC3\xA4");
     expectTranslated(std::out_of_range("b"), "OutOfBoundsException", "b");
     expectTranslated(std::overflow_error("c"), "OutOfBoundsException", "c");
     expectTranslated(std::underflow_error("d"), "OutOfBoundsException", "d");
@@ -328,11 +344,9 @@ TEST_F(Errors, InCppAreTranslated) {
     struct Both : std::logic_error, std::runtime_error {
         Both() : std::logic_error("f"), std::runtime_error("g") {}
     };
-    struct LogicalCast : std::bad_cast, std::logic_error {
-        LogicalCast() : std::logic_error("h") {}
-    };
     expectTranslated(Both(), "RuntimeException", "f");
-    expectTranslated(LogicalCast(), "RuntimeException", "h");
+    expectTranslated(CastAnd<std::logic_error>(), "RuntimeException", "h");
+    expectTranslated(CastAnd<std::runtime_error>(), "RuntimeException", "h");
     expectTranslated(42, "RuntimeException", "Sorry, but there was an unnamed C++ Exception.");
 
     int builds = 0;

@@ -53,9 +53,16 @@ TEST_F(Color, IsMadeOnceAndComesBackAsItsObject) {
     EXPECT_EQ(Reference(NewNSColorZRX(held)), object);
 
     // A host that throws while the refusal is made.
-    host.before["RuntimeRaiseException"] = [&] { return host.before.clear(), native::raise("HostException", "why"), false; };
-    ConstructorRGB(object, 9.0, 0.0, 0.0, 1.0);
-    expectPlatformException({"why"});
+    const Reference empty(foreign::make("NSColorZRX"));
+    for (const auto& refused : std::initializer_list<std::function<void()>>{
+             [&] { ConstructorColor(object, 0); }, [&] { ConstructorRGB(object, 0.0, 0.0, 0.0, 1.0); },
+             [&] { ConstructorRGB(empty, 9.0, 0.0, 0.0, 1.0); }}) {
+        host.before["RuntimeRaiseException"] = [&] {
+            return host.before.clear(), native::raise("HostException", "why"), false;
+        };
+        refused();
+        expectPlatformException({"why"});
+    }
 }
 
 // What a platform wrote before it raised counts only where the reading goes on with the colour converted, each in its way.
@@ -85,6 +92,7 @@ TEST_F(Color, ReadInPartsIsZeroUnlessItWasConverted) {
     EXPECT_EQ(outputs, (Components{0.25, 0.0, 0.0, 0.5}));
     EXPECT_EQ(traceOf(readValue), ask + bySpace);
     EXPECT_EQ(value, 0x3F0000U);
+    EXPECT_TRUE(asksAlpha);
 
     converted = nativeObject(object);
     EXPECT_EQ(traceOf(readAlpha).find(ask + byName + " " + ask + " "), 0U);
@@ -96,6 +104,22 @@ TEST_F(Color, ReadInPartsIsZeroUnlessItWasConverted) {
     EXPECT_EQ(read(getRed, object), Components(3));
     expectPlatformException();
     EXPECT_FALSE(asksAlpha);
+}
+
+TEST_F(Color, IsAskedForAlphaWhereThatIsRead) {
+    const Reference object(rgb(1.0, 1.0, 1.0));
+    const id cls = native::object_getClass(nativeObject(object));
+    static bool asksAlpha;
+    const auto ofOne = +[](id, SEL, CGFloat*, CGFloat* alpha) { asksAlpha = alpha != nullptr; };
+    const auto ofThree = +[](id, SEL, CGFloat*, CGFloat*, CGFloat*, CGFloat* alpha) { asksAlpha = alpha != nullptr; };
+    const auto ofFour =
+        +[](id, SEL, CGFloat*, CGFloat*, CGFloat*, CGFloat*, CGFloat* alpha) { asksAlpha = alpha != nullptr; };
+    native::replace(cls, "getWhite:alpha:", ofOne);
+    native::replace(cls, "getHue:saturation:brightness:alpha:", ofThree);
+    native::replace(cls, "getCyan:magenta:yellow:black:alpha:", ofFour);
+    const auto asks = [&](auto function) { return read(function, object), asksAlpha; };
+    EXPECT_TRUE(asks(getWhiteA) && asks(getHueA) && asks(getCyanA));
+    EXPECT_FALSE(asks(getWhite) || asks(getHue) || asks(getCyan));
 }
 
 TEST_F(Color, ComponentsBeyondThirtyTwoAreReadAndCut) {
@@ -115,6 +139,10 @@ TEST_F(Color, ComponentsBeyondThirtyTwoAreReadAndCut) {
     EXPECT_EQ(componentsOf(object), Components());
     expectRaised({{"OutOfMemoryException", "Failed to allocate memory.", 0}});
     failAllocation(0);
+    native::fail(cls, "getComponents:");
+    const Owned array(getComponents(object));
+    EXPECT_NE(array, nullptr);
+    expectPlatformException();
 }
 
 TEST_F(Color, ThatIsEmptyAsksNothing) {

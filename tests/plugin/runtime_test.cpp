@@ -217,6 +217,16 @@ TEST_F(Objects, ASiblingThatOnlyBridgesExceptionsIsPrepared) {
     EXPECT_EQ(native::Sibling::preparations, 1);
 }
 
+TEST_F(Objects, ASiblingThatFailsIsNotAskedAgain) {
+    native::Sibling::install();
+    native::fail(native::metaclass("NSException"), "GetInstancesDictionaryZRX");
+    hostException = "NSExceptionZRX";
+    startWith(false);
+    expectPlatformException();
+    foreign::unlock(foreign::make("NSColorZRX"));
+    EXPECT_EQ(native::Sibling::preparations, 0);
+}
+
 // Whatever a program does first finds the sibling, once.
 using Use = std::pair<const char*, void (*)()>;
 class FirstUse : public SiblingTest, public ::testing::WithParamInterface<Use> {};

@@ -219,8 +219,10 @@ struct Listener {
             host.note(name + words + (words.empty() ? "" : ")"));
         }
         const auto before = host.before.find(name);
-        if (before != host.before.end() && before->second()) return Result();
-        return target(arguments...);
+        if (before == host.before.end()) return target(arguments...);
+        const bool givesUp = std::string_view(name).substr(0, 10) == "REALUnlock"; // at all events
+        if (givesUp) target(arguments...);
+        return before->second() || givesUp ? Result() : target(arguments...);
     }
 };
 
