@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <iostream>
 #include <system_error>
 
 #include <fcntl.h>
@@ -159,6 +160,8 @@ public:
 
     Line read(const char* prompt) override {
         signals_.forget();
+        std::cout.clear(); // a write that Ctrl-C ended is no error of the terminal, and none that the exit code should tell
+        std::clearerr(stdout);
         const std::unique_ptr<char, void (*)(void*)> line(edit(prompt), std::free);
         if (line && !interrupted()) return {Line::End::entered, line.get()};
         std::fputs("\n", stdout);
