@@ -109,7 +109,7 @@ private:
     }
 
     void addCheck() {
-        CLI::App* const command = add("check", "Report all errors in a program without running it",
+        CLI::App* const command = add("check", "Report all errors and warnings in a program without running it",
                                       "  chromahost check program.bas\n"
                                       "  chromahost check --json - < program.bas",
                                       [this] { return check(start_, checking_, json_); });

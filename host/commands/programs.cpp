@@ -63,13 +63,18 @@ int checkAsJson(const Program& program) {
         if (!file) throw std::runtime_error(program.file + ": cannot be read");
         text.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
     }
+    bool failed = false;
     nlohmann::ordered_json list = nlohmann::ordered_json::array();
     for (const language::Problem& problem : language::problemsIn(text)) {
-        list.push_back(
-            {{"file", nameOf(program)}, {"line", problem.line}, {"column", problem.column}, {"message", problem.message}});
+        list.push_back({{"file", nameOf(program)},
+                        {"line", problem.line},
+                        {"column", problem.column},
+                        {"level", problem.isError ? "error" : "warning"},
+                        {"message", problem.message}});
+        failed = failed || problem.isError;
     }
     std::cout << list.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << "\n";
-    return list.empty() ? success : failure;
+    return failed ? failure : success;
 }
 
 } // namespace

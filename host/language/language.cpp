@@ -45,17 +45,14 @@ int runText(const std::string& name, std::string text, std::ostream& output, std
     Diagnostics diagnostics(maxErrorsOfARun);
     Checker checker(ParseMode::program);
     ActionPtr code = compile(source, checker, diagnostics);
-    std::string report = diagnostics.report(source);
-    std::optional<int> exitCode;
-    if (code) {
-        code = scope(std::move(code), checker.endProgram(), 0);
-        Execution execution{output};
-        execution.variables.resize(checker.scopes().variableCount());
-        report = runCode(source, *code, execution);
-        exitCode = execution.exitCode;
-    }
+    errors << diagnostics.report(source) << std::flush;
+    if (!code) return 1;
+    code = scope(std::move(code), checker.endProgram(), 0);
+    Execution execution{output};
+    execution.variables.resize(checker.scopes().variableCount());
+    const std::string report = runCode(source, *code, execution);
     errors << report;
-    return exitCode.value_or(report.empty() ? 0 : 1);
+    return execution.exitCode.value_or(report.empty() ? 0 : 1);
 }
 
 int checkText(const std::string& name, std::string text, std::ostream& errors, bool colored) {
@@ -64,7 +61,7 @@ int checkText(const std::string& name, std::string text, std::ostream& errors, b
     Checker checker(ParseMode::program);
     compile(source, checker, diagnostics);
     errors << diagnostics.report(source);
-    return diagnostics.empty() ? 0 : 1;
+    return diagnostics.haveErrors() ? 1 : 0;
 }
 
 std::vector<Problem> problemsIn(const std::string& text) {
@@ -75,7 +72,7 @@ std::vector<Problem> problemsIn(const std::string& text) {
     std::vector<Problem> problems;
     for (const Diagnostic& diagnostic : diagnostics.inOrder()) {
         const Source::Place place = source.place(diagnostic.offset);
-        problems.push_back({place.line, place.column, diagnostic.message});
+        problems.push_back({place.line, place.column, diagnostic.level == Level::error, diagnostic.message});
     }
     return problems;
 }

@@ -20,11 +20,12 @@ bool wasInterrupted();
 // The same for a program's text, with the name by which messages call it; `colored`: with colours in them.
 int runText(const std::string& name, std::string text, std::ostream& output, std::ostream& errors, bool colored = false);
 
-// Reports all errors in a program's text to stderr without running it: 0 when there are none, otherwise 1. `problemsIn`
-// answers them, in the order of the text.
+// Reports all errors and warnings in a program's text to stderr without running it: 0 when there are no errors, otherwise 1.
+// `problemsIn` answers them, in the order of the text.
 int checkFile(const std::string& path);
 struct Problem {
     std::size_t line, column; // from 1; columns count characters
+    bool isError;             // otherwise a warning
     std::string message;
 };
 std::vector<Problem> problemsIn(const std::string& text);

@@ -23,12 +23,13 @@ Session::~Session() {
 
 bool Session::needsMore(std::string_view text) const { return language::needsMore(Source({}, std::string(text)), 0); }
 
-std::string Session::run(std::string_view text) {
+std::string Session::run(std::string_view text, std::ostream& warnings) {
     constexpr std::size_t maxErrors = 20;
     const Offset start = source_.append(text);
     Diagnostics diagnostics(maxErrors);
     const ActionPtr code = checker_.check(parse(source_, diagnostics, ParseMode::prompt, start), diagnostics);
-    if (!diagnostics.empty()) return diagnostics.report(source_);
+    if (diagnostics.haveErrors()) return diagnostics.report(source_);
+    warnings << diagnostics.report(source_) << std::flush;
     execution_.variables.resize(checker_.scopes().variableCount());
     return runCode(source_, *code, execution_);
 }
@@ -38,7 +39,7 @@ Checker::Meaning Session::meaningOf(std::string_view expression) {
     Diagnostics diagnostics(1);
     const syntax::Block block = parse(source, diagnostics, ParseMode::prompt);
     const auto* const shown = block.size() == 1 ? std::get_if<syntax::Presentation>(&block.front().form) : nullptr;
-    return diagnostics.empty() && shown ? checker_.meaningOf(*shown->value) : Checker::Meaning();
+    return !diagnostics.haveErrors() && shown ? checker_.meaningOf(*shown->value) : Checker::Meaning();
 }
 
 std::vector<std::string> Session::names() const {

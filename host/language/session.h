@@ -27,8 +27,8 @@ public:
     // Whether the text ends inside a block or a continued line.
     bool needsMore(std::string_view text) const;
 
-    // Checks and runs the text: what is wrong with it, or nothing.
-    std::string run(std::string_view text);
+    // Checks and runs the text: what is wrong with it, or nothing. The warnings are written before it runs.
+    std::string run(std::string_view text, std::ostream& warnings);
 
     // Once it has run Quit.
     std::optional<int> exitCode() const { return execution_.exitCode; }

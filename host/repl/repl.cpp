@@ -91,7 +91,7 @@ private:
         const std::string word = onlyWord(text);
         if (equalIgnoringCase(word, "quit") || equalIgnoringCase(word, "exit")) {
             output_ << howToLeave << std::flush;
-        } else if (const std::string report = session_.run(text); !report.empty()) {
+        } else if (const std::string report = session_.run(text, errors_); !report.empty()) {
             fail(report);
         }
     }

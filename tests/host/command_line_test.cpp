@@ -48,8 +48,7 @@ TEST(CommandLine, ListsTheSameRecordsInBothLayouts) {
 
 TEST(CommandLine, RunsAProgramAndFindsWhatItLeaves) {
     EXPECT_EQ(run("run " + program("Print 6 * 7\n") + " --check-leaks"), Outcome(0, "42\n"));
-    const std::string raise =
-        "run --check-leaks " + program("Try\n  Dim c As New NSColorZRX(3.0, 0.0, 0.0)\nCatch\nEnd Try\n");
+    const std::string raise = "run --check-leaks " + program("Try\n  Print New NSColorZRX(3.0, 0.0, 0.0)\nCatch\nEnd Try\n");
     EXPECT_EQ(run(raise), Outcome(0, ""));
     // Without the entry the plugin cannot give up the exception that it makes.
     EXPECT_EQ(run(raise + " --without REALUnlockObject", "ASAN_OPTIONS=detect_leaks=0"),
@@ -89,7 +88,7 @@ TEST(CommandLine, PlaysHostsThatCanExist) {
 TEST(CommandLine, LeavesNothingWhereMemoryRunsOut) {
     if (CHROMA_SANITIZED || std::string(CHROMAHOST).find("qemu") != std::string::npos)
         GTEST_SKIP() << "what runs the program wants more memory than the limit";
-    const std::string split = program("Try\n  Dim parts() As String = Split(Repeat(\"ab \", 8000000))\n"
+    const std::string split = program("Try\n  Print UBound(Split(Repeat(\"ab \", 8000000)))\n"
                                       "Catch e As OutOfMemoryException\n  Print e.Message\nEnd Try\n");
     EXPECT_EQ(run("run --check-leaks " + split, "ulimit -v 250000;"), Outcome(0, "There is not enough memory for this.\n"));
 }
@@ -144,7 +143,11 @@ TEST(CommandLine, TellsErrorsAndPagesAsJson) {
     ASSERT_EQ(problems.size(), 2u);
     EXPECT_EQ(problems[1]["line"], 2);
     EXPECT_EQ(problems[0]["column"], 7);
+    EXPECT_EQ(problems[0]["level"], "error");
     EXPECT_EQ(run("check --json " + program("Print 1\n")), Outcome(0, "[]\n"));
+    const auto [warned, warnings] = run("check --json " + program("Dim unused As Integer\n"));
+    EXPECT_EQ(warned, 0);
+    EXPECT_EQ(nlohmann::json::parse(warnings)[0]["level"], "warning");
 
     const auto page = [](const char* names) {
         return nlohmann::json::parse(run(std::string("browse --json ") + names).second);

@@ -1,6 +1,9 @@
-// Every program of the user's pages prints what the page says.
+// Every program of the user's pages prints what the page says, and whatever is handed out as an example gets no warning.
 #include "programs.h"
 
+#include "language/language.h"
+
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -29,6 +32,23 @@ int runProgramsOf(const char* page) {
         ++programs;
     }
     return programs;
+}
+
+TEST(Guide, ExamplesGetNoWarning) {
+    startHostWithPlugins();
+    std::size_t programs = 0;
+    std::ostringstream warnings;
+    for (const char* folder : {"/../examples", "/../benchmarks", "/../tests/programs"}) {
+        for (const auto& entry : std::filesystem::directory_iterator(std::string(CHROMA_PAGES) + folder)) {
+            if (entry.path().extension() != ".bas") continue;
+            std::ostringstream text;
+            text << std::ifstream(entry.path()).rdbuf();
+            EXPECT_EQ(host::language::checkText(entry.path().filename(), text.str(), warnings), 0) << entry.path();
+            ++programs;
+        }
+    }
+    EXPECT_GT(programs, 10u);
+    EXPECT_EQ(warnings.str(), "");
 }
 
 TEST(Guide, ProgramsPrintWhatItSays) { EXPECT_GE(runProgramsOf(CHROMA_PAGES "/language.md"), 6); }

@@ -149,7 +149,7 @@ TEST(Prompt, Completion) {
     std::ostringstream output;
     host::repl::ValuePresenter presenter(output, ColorDepth::none);
     host::language::Session session("prompt", output, presenter);
-    ASSERT_EQ(session.run("Dim probes() As Probe\nDim probing As New Probe(1)\nSub Probed()\nEnd Sub\n"), "");
+    ASSERT_EQ(session.run("Dim probes() As Probe\nDim probing As New Probe(1)\nSub Probed()\nEnd Sub\n", std::cerr), "");
     const auto completed = [&](const char* text) {
         std::string joined;
         for (const std::string& name : host::repl::assist(session, text).names)

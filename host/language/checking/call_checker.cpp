@@ -36,6 +36,12 @@ std::vector<Argument> described(const std::vector<Operand>& operands) {
     return arguments;
 }
 
+// Whether making an object of the class from the value gives a colour that nobody sees, whatever the value was taken from.
+bool isInvisible(const ClassInfo& info, const Operand& value) {
+    const Property* const property = value.property();
+    return property && property->owner == &info && info.name() == "NSColorZRX" && property->name == "colorValue";
+}
+
 [[noreturn]] void failUnknownMember(const ClassInfo& info, const Name& name) {
     NearestName nearest(name.text);
     for (const ClassInfo* from = &info; from; from = from->super()) {
@@ -128,8 +134,10 @@ Operand ExpressionChecker::newArray(const Arguments& elements, const std::option
     }
     if (common.kind == Kind::nothing || common.isNil()) common = Type::plain(Kind::variant);
     std::vector<CodePtr> codes;
-    for (std::size_t i = 0; i < values.size(); ++i)
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        warnOfLostFraction(*elements[i], values[i].type, common);
         codes.push_back(convert(std::move(values[i].code), values[i].type, common, elements[i]->offset));
+    }
     return Operand::result(common.arrayOf(), makeArrayOf(common, std::move(codes)));
 }
 
@@ -334,6 +342,10 @@ Operand ExpressionChecker::newObject(const syntax::New& form, Offset offset) {
     const Resolution resolution = resolveConstruction(*info, described(values));
     if (!resolution.error.empty()) failCheck(offset, resolution.error);
     needsPool_ = needsPool_ || mayAutorelease(info);
+    if (values.size() == 1 && isInvisible(*info, values.front())) {
+        diagnostics_.warn(form.arguments.front()->offset,
+                          "this makes an invisible colour: colorValue leaves the fourth byte 0, which is alpha here");
+    }
     std::vector<ArgumentCode> bound = bind(resolution, std::move(values), offset);
     return Operand::result(Type::object(info->name()), makeObject(*info, resolution.method, std::move(bound), offset));
 }

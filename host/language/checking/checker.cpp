@@ -13,18 +13,28 @@ ActionPtr Checker::check(const syntax::Block& block, Diagnostics& diagnostics) {
     StatementChecker checker(scopes_, procedures_, mode_, diagnostics);
     checker.declareProcedures(block);
     ActionPtr code = checker.statements(block);
-    if (diagnostics.empty()) return code;
+    if (!diagnostics.haveErrors()) {
+        if (mode_ == ParseMode::program) warnOfUnused(diagnostics);
+        return code;
+    }
     scopes_ = scopesBefore;
     procedures_.restore(proceduresBefore);
     return nullptr;
+}
+
+// At a prompt the use may still come.
+void Checker::warnOfUnused(Diagnostics& diagnostics) const {
+    for (const auto& [offset, name] : scopes_.unused())
+        diagnostics.warn(offset, "the variable '" + name + "' is never used");
 }
 
 Checker::Meaning Checker::meaningOf(const syntax::Expression& expression) {
     const auto* const identifier = std::get_if<syntax::Identifier>(&expression.form);
     if (identifier && !scopes_.find(identifier->name))
         if (ClassInfo* const info = registry().find(identifier->name)) return {{}, info};
+    Diagnostics unasked(0);
     try {
-        return {ExpressionChecker(scopes_, procedures_).operand(expression).type(), nullptr};
+        return {ExpressionChecker(scopes_, procedures_, unasked).operand(expression).type(), nullptr};
     } catch (const CheckError&) {
         return {};
     }

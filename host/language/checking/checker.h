@@ -41,6 +41,8 @@ public:
     const Procedures& procedures() const { return procedures_; }
 
 private:
+    void warnOfUnused(Diagnostics& diagnostics) const;
+
     ParseMode mode_;
     Scopes scopes_;
     Procedures procedures_;

@@ -32,6 +32,7 @@ CodePtr ExpressionChecker::valueAs(const syntax::Expression& expression, const T
     if (type.isArray && makesArray(expression))
         return newArray(std::get<syntax::Call>(expression.form).arguments, type.element()).read();
     Value found = value(expression);
+    warnOfLostFraction(expression, found.type, type);
     return convert(std::move(found.code), found.type, type, expression.offset);
 }
 
@@ -57,6 +58,7 @@ Operand ExpressionChecker::form(const Literal& literal, Offset) {
 
 Operand ExpressionChecker::form(const syntax::Identifier& identifier, Offset offset) {
     if (const Variable* const variable = scopes_.find(identifier.name)) {
+        scopes_.use(*variable);
         if (variable->type.kind == Kind::nothing) throw CheckError{offset, {}};
         if (variable->constant) return Operand::computed(variable->type, literalCode(*variable->constant));
         return Operand::variable(*variable);
@@ -108,6 +110,7 @@ Literal ExpressionChecker::constantValue(const syntax::Expression& expression, c
     const Type type = wanted ? *wanted : found.type;
     const bool simple = type.isNumber() || type.is(Kind::boolean) || type.is(Kind::string);
     if (!simple) failCheck(expression.offset, "a constant cannot be of type " + nameOf(type));
+    warnOfLostFraction(expression, found.type, type);
     const CodePtr code = convert(std::move(found.code), found.type, type, expression.offset);
     std::ostream nowhere(nullptr);
     Execution execution{nowhere};

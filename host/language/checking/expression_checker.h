@@ -13,7 +13,8 @@ namespace host::language {
 
 class ExpressionChecker {
 public:
-    ExpressionChecker(const Scopes& scopes, const Procedures& procedures) : scopes_(scopes), procedures_(procedures) {}
+    ExpressionChecker(Scopes& scopes, const Procedures& procedures, Diagnostics& diagnostics)
+        : scopes_(scopes), procedures_(procedures), diagnostics_(diagnostics) {}
 
     // Whatever the expression is, a call without a result too. All of these throw CheckError.
     Operand operand(const syntax::Expression& expression);
@@ -44,6 +45,15 @@ public:
 
     // The comparison of a value with that of an expression.
     CodePtr comparison(syntax::Operator operation, Value left, const syntax::Expression& right);
+
+    // Whether a number is whole by how it is made: an Integer, the result of Floor, a sum of whole numbers.
+    bool hasNoFraction(const syntax::Expression& expression);
+
+    // Warns when the value of the expression, of type `from`, may lose a fraction where one of type `to` is needed. The
+    // second is for whoever knows that it does.
+    void warnOfLostFraction(const syntax::Expression& expression, const Type& from, const Type& to);
+    void warnOfLostFraction(Offset offset);
+    static bool losesFraction(const Type& from, const Type& to) { return from.is(Kind::real) && to.is(Kind::integer); }
 
     // Code that does not come from here calls functions that may autorelease.
     void requirePool() { needsPool_ = true; }
@@ -102,8 +112,9 @@ private:
     // Whether the expression is a call of the language's own Array.
     bool makesArray(const syntax::Expression& expression) const;
 
-    const Scopes& scopes_;
+    Scopes& scopes_;
     const Procedures& procedures_;
+    Diagnostics& diagnostics_; // for warnings; errors are thrown
     bool needsPool_ = false;
 };
 

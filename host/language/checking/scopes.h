@@ -2,6 +2,7 @@
 #pragma once
 
 #include "language/reading/diagnostics.h"
+#include "language/reading/syntax.h"
 #include "language/running/control_flow.h"
 
 #include "model/declarations.h"
@@ -47,6 +48,11 @@ public:
     // A variable that has no name in the program.
     VariablePlace declareHidden(const Type& type);
 
+    // The declared variables, by their places, that are to be used and were not yet.
+    void expectUse(const syntax::Name& name) { unused_.insert_or_assign(name.offset, std::string(name.text)); }
+    void use(const Variable& variable) { unused_.erase(variable.declared); }
+    const std::map<Offset, std::string>& unused() const { return unused_; }
+
     std::vector<std::string> names() const; // of all that are visible
     void offerNames(NearestName& nearest) const;
     std::size_t variableCount() const { return programCount_; } // of the program
@@ -60,6 +66,7 @@ private:
     VariablePlace newPlace();
 
     std::vector<Block> blocks_;
+    std::map<Offset, std::string> unused_;
     std::size_t procedureBlock_ = 0; // the outermost block of the procedure; 0: in none
     std::uint32_t programCount_ = 0;
     std::uint32_t procedureCount_ = 0;

@@ -49,6 +49,7 @@ ActionPtr StatementChecker::declared(const syntax::Declarator& declarator, const
     const bool known = type.kind != Kind::nothing;
     CodePtr value = attempt([&] { return known ? initialValue(declarator, group, type) : nullptr; });
     const Variable variable = declare(declarator.name, declarator.isArray && known ? type.arrayOf() : type);
+    scopes_.expectUse(declarator.name);
     return asStep(writeVariable(variable.place, variable.type, std::move(value)), offset);
 }
 
@@ -67,8 +68,10 @@ ActionPtr StatementChecker::inferred(const syntax::Dim::Group& group, Offset off
         return found;
     });
     std::vector<Variable> variables;
-    for (const syntax::Declarator& declared : group.declarators)
+    for (const syntax::Declarator& declared : group.declarators) {
         variables.push_back(declare(declared.name, value.type));
+        scopes_.expectUse(declared.name);
+    }
     if (!value.code) return nullptr; // was wrong
     return asStep(writeVariable(variables.front().place, value.type, std::move(value.code)), offset);
 }
@@ -142,6 +145,9 @@ ActionPtr StatementChecker::changed(const syntax::Assignment& form, Operand targ
         const Type resultType = result.type();
         if (!conversionTo(type, resultType, Purpose::assignment))
             failCheck(place, "this is of type " + nameOf(type) + ", but the new value of type " + nameOf(resultType));
+        const bool divides = *form.operation == syntax::Operator::divide;
+        if (expressions_.losesFraction(resultType, type) && (divides || !expressions_.hasNoFraction(*form.value)))
+            expressions_.warnOfLostFraction(place);
         actions.push_back(target.assign(converted(result.read(), resultType, type, offset)));
         return asStep(sequence(std::move(actions)), offset);
     });

@@ -14,7 +14,7 @@ class StatementChecker {
 public:
     StatementChecker(Scopes& scopes, Procedures& procedures, ParseMode mode, Diagnostics& diagnostics)
         : scopes_(scopes), procedures_(procedures), mode_(mode), diagnostics_(diagnostics),
-          expressions_(scopes, procedures) {}
+          expressions_(scopes, procedures, diagnostics) {}
 
     // Of the block that is open in the scopes, behind the declarations of its procedures.
     ActionPtr statements(const syntax::Block& block);

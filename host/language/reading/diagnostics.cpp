@@ -4,6 +4,26 @@
 
 namespace host::language {
 
+const char* nameOf(Level level) { return level == Level::error ? "error" : "warning"; }
+
+void Diagnostics::add(Diagnostic diagnostic) {
+    const bool isError = diagnostic.level == Level::error;
+    const std::size_t known = isError ? errors_ : list_.size() - errors_;
+    if (known >= limit_) {
+        dropped_ = dropped_ || isError;
+        return;
+    }
+    errors_ += isError ? 1 : 0;
+    list_.push_back(std::move(diagnostic));
+}
+
+void Diagnostics::warn(Offset offset, std::string message) {
+    const bool known = std::any_of(list_.begin(), list_.end(), [&](const Diagnostic& other) {
+        return other.level == Level::warning && other.offset == offset && other.message == message;
+    });
+    if (!known) add({Level::warning, offset, std::move(message)});
+}
+
 std::vector<Diagnostic> Diagnostics::inOrder() const {
     std::vector<Diagnostic> ordered = list_;
     std::stable_sort(ordered.begin(), ordered.end(), [](const auto& a, const auto& b) { return a.offset < b.offset; });
@@ -13,7 +33,7 @@ std::vector<Diagnostic> Diagnostics::inOrder() const {
 std::string Diagnostics::report(const Source& source) const {
     std::string report;
     for (const Diagnostic& diagnostic : inOrder())
-        report += source.report(diagnostic.offset, "error: " + diagnostic.message);
+        report += source.report(diagnostic.offset, std::string(nameOf(diagnostic.level)) + ": " + diagnostic.message);
     if (dropped_) report += source.name() + ": error: there are more errors\n";
     return report;
 }

@@ -1,4 +1,4 @@
-// What is wrong with a program, found before it runs.
+// What is wrong with a program, or looks wrong, found before it runs.
 #pragma once
 
 #include "language/reading/source.h"
@@ -9,7 +9,11 @@
 
 namespace host::language {
 
+enum class Level : std::uint8_t { error, warning };
+const char* nameOf(Level level);
+
 struct Diagnostic {
+    Level level;
     Offset offset;
     std::string message;
 };
@@ -29,20 +33,18 @@ struct CheckError {
 
 [[noreturn]] inline void failCheck(Offset offset, std::string message) { throw CheckError{offset, std::move(message)}; }
 
-// The errors of one program. Beyond a limit further ones are dropped.
+// The errors and warnings of one program. Beyond a limit, for each of the two, further ones are dropped.
 class Diagnostics {
 public:
     explicit Diagnostics(std::size_t limit) : limit_(limit) {}
 
-    void add(Offset offset, std::string message) {
-        if (list_.size() < limit_) {
-            list_.push_back({offset, std::move(message)});
-        } else {
-            dropped_ = true;
-        }
-    }
-    bool empty() const { return list_.empty(); }
-    bool full() const { return dropped_; }
+    void add(Offset offset, std::string message) { add({Level::error, offset, std::move(message)}); }
+
+    // Of a program that means something, but hardly what was meant. Once for a place, however often that is checked.
+    void warn(Offset offset, std::string message);
+
+    bool haveErrors() const { return errors_ > 0; }
+    bool full() const { return dropped_; } // of errors
 
     std::vector<Diagnostic> inOrder() const; // of the program's text
 
@@ -50,7 +52,10 @@ public:
     std::string report(const Source& source) const;
 
 private:
+    void add(Diagnostic diagnostic);
+
     std::size_t limit_;
+    std::size_t errors_ = 0;
     bool dropped_ = false;
     std::vector<Diagnostic> list_;
 };

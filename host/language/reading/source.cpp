@@ -44,6 +44,7 @@ Shown shown(std::string_view text) {
 
 constexpr const char* strong = "\x1B[1m";
 constexpr const char* alarming = "\x1B[1;31m";
+constexpr const char* cautioning = "\x1B[1;35m";
 constexpr const char* pointing = "\x1B[1;32m";
 
 } // namespace
@@ -91,11 +92,12 @@ std::string Source::report(Offset offset, std::string_view message) const {
     const auto marked = [this](const char* how, std::string_view part) {
         return colored_ ? how + std::string(part) + "\x1B[0m" : std::string(part);
     };
-    const std::size_t kind = std::min(message.find(':'), message.size()); // "error", "uncaught SomeException"
+    // "error", "warning", "uncaught SomeException"
+    const std::string_view kind = message.substr(0, std::min(message.find(':'), message.size()));
     const Shown before = shown(text.substr(first, at - first));
-    return marked(strong, location(static_cast<Offset>(at)) + ":") + " " + marked(alarming, message.substr(0, kind)) +
-           std::string(message.substr(kind)) + "\n" + before.text + shown(text.substr(at, last - at)).text + "\n" +
-           before.blanks + marked(pointing, "^") + "\n";
+    return marked(strong, location(static_cast<Offset>(at)) + ":") + " " +
+           marked(kind == "warning" ? cautioning : alarming, kind) + std::string(message.substr(kind.size())) + "\n" +
+           before.text + shown(text.substr(at, last - at)).text + "\n" + before.blanks + marked(pointing, "^") + "\n";
 }
 
 } // namespace host::language

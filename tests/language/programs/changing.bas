@@ -4,8 +4,8 @@ n += 4
 real *= 2
 n -= 1
 Print n, real '> 6 3
-n /= 4
-Print n '> 1
+real /= 4
+Print real '> 0.75
 
 ' What it takes to reach a place is computed once.
 Dim calls = 0
@@ -25,7 +25,7 @@ Dim shared As String = text
 text = text & "c" & n & text
 text &= 1.5
 text += "!"
-Print text, shared, Len(text) '> äbc1äb1.5! äb 10
+Print text, shared, Len(text) '> äbc6äb1.5! äb 10
 text = text & text
 Print Len(text) '> 20
 Sub Grow()

@@ -2,7 +2,7 @@
 If True Then
   Dim a As New Probe(1)
   Dim b As New Probe(2)
-  Print "in" & Probe.events '> in
+  Print a.Number & b.Number & Probe.events '> 12
 End If
 Print Probe.events '> -2-1
 Print Probe.make(1).successor.Number & Probe.events '> 2
@@ -34,6 +34,7 @@ w = v
 Print Probe.events '> -2
 For i As Integer = 1 To 2
   Dim p As New Probe(i)
+  If p.Number <> i Then Print "never"
 Next
 Print Probe.events '> -1-2
 For Each p As Probe In Probe.row(2)

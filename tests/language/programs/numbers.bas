@@ -2,7 +2,7 @@
 Print 0.1, 0.1 + 0.2, 1 / 3 '> 0.1 0.30000000000000004 0.3333333333333333
 Print 100000.0, 123456789012345.0, 1e15, 0.00001, 0.000001, -0.0 '> 100000 123456789012345 1e+15 0.00001 1e-06 -0
 Print 1 / 0, -1 / 0, 0 / 0 = 0 / 0 '> inf -inf False
-Dim up As Integer = 2.9, down As Integer = -2.9, none As Integer = 0 / 0, most As Integer = 1e300
+Dim up = Integer(2.9), down = Integer(-2.9), none = Integer(0 / 0), most As Integer = 1e300
 Print up, down, none, most > 2147483646, most < 0 '> 2 -2 0 True False
 Dim c As Color = &hFF8000
 Dim number As Integer = c

@@ -4,7 +4,7 @@ Try
   Dim a As New Probe(1)
   For i As Integer = 2 To 9
     Dim b As New Probe(i)
-    Print Probe.make(10).makeAndRaise("OutOfBoundsException").Number
+    Print Probe.make(10).makeAndRaise("OutOfBoundsException").Number, a, b
   Next
 Catch e As OutOfBoundsException
   Print e.Message & Probe.events '> made-99-10-2-1

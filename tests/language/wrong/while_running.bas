@@ -42,7 +42,7 @@ Both 0, v(1)
 Dim a As New Probe(1)
 If True Then
 	Dim b As New Probe(2)
-	Print "ä", b.@makeAndRaise("IOException")
+	Print "ä", b.@makeAndRaise("IOException"), a
 End If
 '! uncaught IOException: made
 
