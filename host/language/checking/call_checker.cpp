@@ -90,9 +90,7 @@ void ExpressionChecker::failUnknownName(std::string_view name, Offset offset, bo
     if (called) scopes_.offerNames(nearest);
     for (const auto& info : registry().classes())
         nearest.offer(info->name());
-    constexpr std::size_t minMisspelt = 4; // shorter names resemble too many keywords
-    for (const std::string_view keyword : keywordNames())
-        if (name.size() >= minMisspelt) nearest.offer(keyword);
+    offerKeywords(name, nearest);
     failCheck(offset, what + nearest.suggestion());
 }
 

@@ -2,6 +2,8 @@
 
 #include "language/running/places.h"
 
+#include <algorithm>
+
 namespace host::language {
 
 Operand Operand::result(Type type, CodePtr code) { return {std::move(type), Result{std::move(code)}}; }
@@ -58,6 +60,23 @@ std::optional<Operand> Operand::twin(Scopes& scopes, Actions& actions) {
         const Held object = hold(std::move(place->object), Type::object("Object"));
         place->object = object.read();
         return Operand(type_, PropertyPlace{place->property, object.read(), place->offset});
+    }
+    if (auto* const call = std::get_if<Call>(&form_); call && isWritable()) {
+        const std::vector<Parameter>& parameters = call->method->signature.parameters;
+        if (std::any_of(parameters.begin(), parameters.end(), [](const Parameter& each) { return each.byRef; }))
+            return std::nullopt;
+        Call same{call->method, nullptr, {}, call->offset};
+        if (call->receiver) {
+            const Held receiver = hold(std::move(call->receiver), Type::object("Object"));
+            call->receiver = receiver.read();
+            same.receiver = receiver.read();
+        }
+        for (std::size_t i = 0; i < parameters.size(); ++i) {
+            const Held argument = hold(std::move(call->arguments[i].value), parameters[i].type);
+            call->arguments[i].value = argument.read();
+            same.arguments.push_back({argument.read(), nullptr, nullptr});
+        }
+        return Operand(type_, std::move(same));
     }
     return std::nullopt;
 }

@@ -82,7 +82,7 @@ Block StatementParser::block(const Opening& opening) {
 
 // Takes the words that close the block. Other words are an error; they are left to the block around this one that they fit,
 // or taken for these.
-void StatementParser::close(const Opening& opening) {
+void StatementParser::close(const Opening& opening, std::string_view hint) {
     if (closes(opening)) {
         tokens_.take();
         if (opening.second != Keyword::none) tokens_.take();
@@ -91,7 +91,7 @@ void StatementParser::close(const Opening& opening) {
     if (tokens_.at(TokenKind::endOfFile)) {
         endedInBlock_ = true;
         report({opening.offset, "this " + std::string(opening.name) + " block is never closed: '" +
-                                    std::string(opening.closing) + "' is missing"});
+                                    std::string(opening.closing) + "' is missing" + std::string(hint)});
         return;
     }
     try {
@@ -104,13 +104,39 @@ void StatementParser::close(const Opening& opening) {
     if (!closerLeft_) tokens_.skipLine();
 }
 
+// ---- Conditions
+
+ExpressionPtr StatementParser::condition() {
+    const Offset offset = tokens_.peek().offset;
+    try {
+        return expressions_.expression();
+    } catch (const SyntaxError& error) {
+        report(error);
+        tokens_.skipLine();
+        return std::make_unique<syntax::Expression>(syntax::Expression{offset, Literal{true}});
+    }
+}
+
+ExpressionPtr StatementParser::conditionThen() {
+    const Offset offset = tokens_.peek().offset;
+    try {
+        ExpressionPtr value = expressions_.expression();
+        tokens_.expect(Keyword::then, "'Then'");
+        return value;
+    } catch (const SyntaxError& error) {
+        report(error);
+        tokens_.skipTo(Keyword::then);
+        tokens_.accept(Keyword::then);
+        return std::make_unique<syntax::Expression>(syntax::Expression{offset, Literal{true}});
+    }
+}
+
 // ---- Branches
 
 syntax::If StatementParser::ifStatement(Offset offset) {
     const Opening opening{offset, "If", "End If", Keyword::end, Keyword::ifBranch};
-    const auto then = [this] { tokens_.expect(Keyword::then, "'Then'"); };
     syntax::If form;
-    ExpressionPtr asked = condition(then);
+    ExpressionPtr asked = conditionThen();
     if (!tokens_.atLineEnd()) {
         form.branches.push_back({std::move(asked), lineOfStatements()});
         if (tokens_.accept(Keyword::elseBranch)) form.branches.push_back({nullptr, lineOfStatements()});
@@ -118,11 +144,15 @@ syntax::If StatementParser::ifStatement(Offset offset) {
     }
     form.branches.push_back({std::move(asked), part(opening)});
     while (tokens_.accept(Keyword::elseIf)) {
-        asked = condition(then);
+        asked = conditionThen();
         form.branches.push_back({std::move(asked), part(opening)});
     }
-    if (tokens_.accept(Keyword::elseBranch)) form.branches.push_back({nullptr, part(opening)});
-    close(opening);
+    std::string_view hint;
+    if (tokens_.accept(Keyword::elseBranch)) {
+        if (tokens_.at(Keyword::ifBranch)) hint = "; 'ElseIf' is one word";
+        form.branches.push_back({nullptr, part(opening)});
+    }
+    close(opening, hint);
     return form;
 }
 

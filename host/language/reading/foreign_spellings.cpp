@@ -54,6 +54,9 @@ constexpr Hint foreignNames[] = {
     {"switch", "write 'Select Case'"},
     {"foreach", "write 'For Each'"},
     {"throw", "write 'Raise'"},
+    {"EndIf", "write 'End If'"},
+    {"EndSub", "write 'End Sub'"},
+    {"EndFunction", "write 'End Function'"},
 };
 
 constexpr Hint foreignSigns[] = {
@@ -63,6 +66,8 @@ constexpr Hint foreignSigns[] = {
     {"||", "write 'Or'"},
     {"!", "write 'Not'"},
     {"%", "write 'Mod'"},
+    {"**", "write 'x ^ 2'"},
+    {"?", "write 'If(condition, a, b)'"},
     {";", "a line's end or ':' ends a statement"},
     {"[", elements},
     {"]", elements},

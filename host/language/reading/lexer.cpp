@@ -89,6 +89,18 @@ std::vector<std::string_view> keywordNames() {
     return names;
 }
 
+void offerKeywords(std::string_view name, NearestName& nearest) {
+    constexpr std::size_t minMisspelt = 4;
+    const auto letters = [](std::string_view word) {
+        std::string sorted(word);
+        std::transform(sorted.begin(), sorted.end(), sorted.begin(), lower);
+        std::sort(sorted.begin(), sorted.end());
+        return sorted;
+    };
+    for (const KeywordName& entry : keywords)
+        if (name.size() >= minMisspelt || letters(name) == letters(entry.name)) nearest.offer(entry.name);
+}
+
 Lexer::Lexer(std::string_view text, Offset start) : text_(text), position_(start) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (start == 0 && text.substr(0, byteOrderMark.size()) == byteOrderMark) position_ = byteOrderMark.size();
@@ -122,6 +134,10 @@ void Lexer::skipLine() {
         ++position_;
     afterOperand_ = afterDot_ = false;
     inHead_ = true;
+}
+
+void Lexer::skipCharacter() {
+    if (position_ < text_.size() && !isLineEnd(text_[position_])) ++position_;
 }
 
 Token Lexer::read() {

@@ -4,12 +4,18 @@
 #include "language/reading/diagnostics.h"
 #include "language/reading/token.h"
 
+#include "text/nearest_name.h"
+
 #include <vector>
 
 namespace host::language {
 
 // The keywords as they are usually written.
 std::vector<std::string_view> keywordNames();
+
+// Offers the keywords that the name may be a misspelling of. A short name is like too many: of
+// those it must have the letters.
+void offerKeywords(std::string_view name, NearestName& nearest);
 
 class Lexer {
 public:
@@ -21,6 +27,9 @@ public:
 
     // Goes to the end of the line, after an error.
     void skipLine();
+
+    // Goes on behind what was an error, which may be in the middle of it.
+    void skipCharacter();
 
 private:
     Token read();

@@ -55,8 +55,27 @@ Statement StatementParser::statementOrBroken() {
         return read;
     } catch (const SyntaxError& error) {
         openings_.resize(openings, Opening());
-        return {start, broken(error, start)};
+        const std::string misspelt = misspeltKeyword(start);
+        return {start, broken(misspelt.empty() ? error : SyntaxError{start, misspelt}, start)};
     }
+}
+
+// Of a statement that cannot be read: whether that is since its first word is nearly a keyword, as the keywords say that
+// follow it and cannot follow a name.
+std::string StatementParser::misspeltKeyword(Offset start) const {
+    TokenStream again(source_.text(), start);
+    try {
+        again.take();
+        const Token first = again.take();
+        const bool followed = again.peek().keyword != Keyword::none || tokens_.peek().keyword != Keyword::none;
+        if (first.kind != TokenKind::name || first.keyword != Keyword::none || !followed) return {};
+        NearestName nearest(first.text);
+        offerKeywords(first.text, nearest);
+        if (!nearest.name().empty())
+            return "no statement begins with '" + std::string(first.text) + "'" + nearest.suggestion();
+    } catch (const SyntaxError&) { // the one that was met
+    }
+    return {};
 }
 
 // Reports the error and gives up the rest of its line.
@@ -170,7 +189,13 @@ syntax::ReDim StatementParser::reDim() {
 
 syntax::Print StatementParser::print(bool endsLine) {
     if (atEnd()) return {{}, endsLine};
-    return {expressions_.list(), endsLine};
+    const bool likeACall = tokens_.at(TokenKind::openParenthesis);
+    try {
+        return {expressions_.list(), endsLine};
+    } catch (const SyntaxError& error) {
+        if (!likeACall || !tokens_.at(TokenKind::comma) || tokens_.peek().offset != error.offset) throw;
+        throw SyntaxError{error.offset, "the values of a Print stand there without parentheses: Print a, b"};
+    }
 }
 
 syntax::Const StatementParser::constant() {

@@ -36,6 +36,7 @@ private:
     syntax::Statement statement();
     syntax::Statement statementOrBroken();
     syntax::Broken broken(const SyntaxError& error, Offset start);
+    std::string misspeltKeyword(Offset start) const; // a message, or nothing
 
     // Simple statements.
     syntax::Dim dim();
@@ -61,16 +62,12 @@ private:
     syntax::LoopVariable loopVariable();
     void closeLoop(const Opening& opening, const syntax::Name& variable);
 
-    // The condition of a block, and what must follow it; after an error in it, True.
-    template <class Expect>
-    syntax::ExpressionPtr condition(Expect expect);
-    syntax::ExpressionPtr condition() {
-        return condition([] {});
-    }
+    syntax::ExpressionPtr condition();     // of a block; after an error in it, True
+    syntax::ExpressionPtr conditionThen(); // the same with the Then behind it
 
     syntax::Block block(const Opening& opening); // up to the words that close it, which are taken
     syntax::Block part(const Opening& opening);  // up to a word that ends this part of it
-    void close(const Opening& opening);
+    void close(const Opening& opening, std::string_view hint = {});
     bool closes(const Opening& opening) const;
     bool continues(const Opening& opening) const;
     bool belongsToOpenBlock() const;
@@ -97,20 +94,5 @@ private:
     bool endedInBlock_ = false;
     bool closerLeft_ = false; // the last block left a word to a block around it
 };
-
-// Reads what the first line of a block has to say; an error in it is reported, and the rest of the line given up.
-template <class Expect>
-syntax::ExpressionPtr StatementParser::condition(Expect expect) {
-    const Offset offset = tokens_.peek().offset;
-    try {
-        syntax::ExpressionPtr value = expressions_.expression();
-        expect();
-        return value;
-    } catch (const SyntaxError& error) {
-        report(error);
-        tokens_.skipLine();
-        return std::make_unique<syntax::Expression>(syntax::Expression{offset, Literal{true}});
-    }
-}
 
 } // namespace host::language

@@ -42,6 +42,16 @@ void TokenStream::skipLine() {
     }
 }
 
+void TokenStream::skipTo(Keyword keyword) {
+    while (broken_ || !(at(keyword) || atLineEnd())) {
+        if (broken_) lexer_.skipCharacter();
+        try {
+            take();
+        } catch (const SyntaxError&) { // of what is given up already
+        }
+    }
+}
+
 void TokenStream::expect(TokenKind kind, std::string_view wanted) {
     if (!accept(kind)) failExpected(wanted);
 }

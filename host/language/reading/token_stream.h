@@ -25,6 +25,9 @@ public:
     // Gives up the rest of the line, after an error.
     void skipLine();
 
+    // Gives up what stands in front of the keyword, after an error; all of the line when it is not in there.
+    void skipTo(Keyword keyword);
+
     bool at(TokenKind kind) const { return token_.kind == kind; }
     bool at(Keyword keyword) const { return token_.kind == TokenKind::name && token_.keyword == keyword; }
     bool atStatementEnd() const { return at(TokenKind::endOfStatement) || at(TokenKind::endOfFile); }

@@ -19,6 +19,15 @@ Dim e As New RuntimeException("a", 7)
 e.Message &= "b" & 1
 e.ErrorNumber -= 5
 Print e.Message, e.ErrorNumber '> ab1 2
+Dim block As New MemoryBlock(4)
+Function Fresh() As MemoryBlock
+  calls += 1
+  Return block
+End Function
+block.Byte(Turn()) += 7
+block.Byte(3) -= 1
+Fresh().Byte(calls - 1) *= 6
+Print block.Byte(0), block.Byte(1), block.Byte(2), block.Byte(3), calls '> 0 0 42 255 3
 
 ' Text grows in place, where nobody else has it.
 Dim shared As String = text

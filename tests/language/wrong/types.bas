@@ -87,10 +87,6 @@ a = 1
 Dim a, @b = 2
 '! variables that share a value share a type: 'As' is expected
 
-Dim b As New MemoryBlock(4)
-b.@Byte(0) += 1
-'! this cannot be changed in place: write it out
-
 Dim s As String = "a"
 s -= @1
 '! '-' cannot be applied to String and Integer
