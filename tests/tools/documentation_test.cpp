@@ -1,7 +1,5 @@
-// The class browser over the real plugins: everything declared is explained, everything explained is declared, and the page
-// in docs/ is what the browser writes today.
+// The class browser over the real plugins: everything declared is explained, and everything explained is declared.
 #include "documentation/browser.h"
-#include "documentation/grammar.h"
 #include "documentation/pages.h"
 #include "documentation/texts.h"
 #include "documentation/word_texts.h"
@@ -14,7 +12,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <sstream>
 
 using namespace host::documentation;
@@ -37,16 +34,6 @@ bool declares(const ClassPage& page, std::string_view member) {
         }
     }
     return false;
-}
-
-std::string browsed(const char* className, const char* member) {
-    std::ostringstream out;
-    try {
-        browse(host::registry(), className, member, usualWidth, out);
-    } catch (const std::invalid_argument& error) {
-        return error.what();
-    }
-    return out.str();
 }
 
 } // namespace
@@ -84,38 +71,6 @@ TEST_F(Documentation, ExplainsEveryWordOfTheLanguage) {
         EXPECT_TRUE(isKeyword || isType || word == "Array" || word == "UBound" || word == "LBound") << word;
         EXPECT_TRUE(host::language::findFunctions(word).empty()) << word << " has two pages";
     }
-}
-
-TEST_F(Documentation, TheEditorsGrammarIsUpToDate) {
-    std::ostringstream kept, written;
-    kept << std::ifstream(GRAMMAR).rdbuf();
-    writeGrammar(host::registry(), written);
-    EXPECT_EQ(kept.str(), written.str()) << "chromahost grammar > editors/chromabridge.tmLanguage.json";
-}
-
-TEST_F(Documentation, ReferenceIsUpToDate) {
-    std::ostringstream kept, written;
-    kept << std::ifstream(REFERENCE).rdbuf();
-    writeReference(host::registry(), written);
-    EXPECT_EQ(kept.str(), written.str()) << "chromahost browse --markdown > docs/reference.md";
-}
-
-TEST_F(Documentation, BrowsesOverloadsAndInheritedMembersAndGuessesWhatIsMeant) {
-    EXPECT_EQ(browsed("nscolorlistzrx", "CREATE"),
-              "NSColorListZRX, Methods\n"
-              "  Create(name as string) as boolean\n"
-              "  Create(name as string, path as string) as boolean\n"
-              "      Fills the object with a new list of that name, or with what is in a file; False, and an empty\n"
-              "      object, when that cannot be read.\n");
-    EXPECT_EQ(browsed("NSExceptionZRX", "Message").rfind("RuntimeException, Properties\n", 0), 0u);
-    EXPECT_EQ(browsed("NSColour", "x"), "there is no class NSColour; did you mean NSColorZRX?");
-    EXPECT_EQ(browsed("NSColorZRX", "getRBG"), "NSColorZRX has no member getRBG; did you mean getRGB?");
-    EXPECT_EQ(browsed("FolderItem", "zzzzzz"), "FolderItem has no member zzzzzz");
-    EXPECT_EQ(browsed("len", ""), "  Len(text as string) as integer\n      How many characters a text has.\n");
-    EXPECT_EQ(browsed("DownTo", ""), browsed("For", ""));
-    EXPECT_EQ(browsed("For", "").rfind("  For name [As Type] = first To last [Step step]\n    statements\n  Next\n", 0), 0u);
-    EXPECT_EQ(browsed("redcolor", "").rfind("NSColorZRX, Shared methods\n  redColor as NSColorZRX\n", 0), 0u);
-    EXPECT_EQ(browsed("Lenn", ""), "there is nothing of the name Lenn; did you mean Len?");
 }
 
 TEST_F(Documentation, BreaksLinesAtWordsForAnyWidth) {
