@@ -5,6 +5,7 @@
 #include "language/library/program_arguments.h"
 #include "model/leaks.h"
 #include "repl/repl.h"
+#include "text/json.h"
 #include "text/terminal.h"
 
 #include <nlohmann/json.hpp>
@@ -73,7 +74,7 @@ int checkAsJson(const Program& program) {
                         {"message", problem.message}});
         failed = failed || problem.isError;
     }
-    std::cout << list.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << "\n";
+    writeJson(list, std::cout);
     return failed ? failure : success;
 }
 

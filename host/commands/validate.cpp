@@ -1,6 +1,7 @@
 #include "commands/commands.h"
 
 #include "model/plugin.h"
+#include "text/json.h"
 #include "validator/validator.h"
 
 #include <nlohmann/json.hpp>
@@ -58,7 +59,7 @@ void list(const std::vector<const Check*>& checks, bool json) {
             std::cout << std::left << std::setw(22) << check->name << check->promise << "\n";
         }
     }
-    if (json) std::cout << all.dump(2) << "\n";
+    if (json) writeJson(all, std::cout);
 }
 
 Json linesOf(const std::string& text) {
@@ -79,10 +80,14 @@ int validate(const Start& start, const ValidateOptions& options) {
     }
     const validator::Trial trial = trialOf(start, options.plugin);
     Json all = Json::array();
-    std::size_t kept = 0;
+    std::size_t kept = 0, tried = 0;
+    bool isLoaded = true;
     for (const Check* check : checks) {
+        if (!isLoaded) break;
         const std::string complaint = check->complaint(trial);
         kept += complaint.empty() ? 1 : 0;
+        ++tried;
+        isLoaded = complaint.empty() || check != &validator::checks().front();
         if (options.json) {
             all.push_back({{"name", check->name},
                            {"promise", check->promise},
@@ -93,9 +98,10 @@ int validate(const Start& start, const ValidateOptions& options) {
         }
     }
     if (options.json) {
-        std::cout << all.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+        writeJson(all, std::cout);
     } else {
-        std::cout << kept << " of " << checks.size() << " promises kept\n";
+        std::cout << kept << " of " << tried << " promises kept\n";
+        if (tried < checks.size()) std::cout << "not tried without it: " << checks.size() - tried << "\n";
     }
     return kept == checks.size() ? success : failure;
 }

@@ -2,6 +2,7 @@
 
 #include "documentation/pages.h"
 #include "language/reading/lexer.h"
+#include "text/json.h"
 
 #include <nlohmann/json.hpp>
 
@@ -64,7 +65,7 @@ void writeGrammar(const Registry& registry, std::ostream& out) {
               rule("keyword.control.chromabridge", anyOf(statementWords())), rule("storage.type.chromabridge", anyOf(types)),
               rule("support.function.chromabridge", anyOf(functionNames())),
               rule("support.class.chromabridge", anyOf(classNames(registry)))})}};
-    out << grammar.dump(2) << '\n';
+    writeJson(grammar, out);
 }
 
 } // namespace host::documentation

@@ -1,4 +1,5 @@
 // Pages as JSON.
+#include "text/json.h"
 #include "documentation/browser.h"
 #include "documentation/pages.h"
 #include "documentation/word_texts.h"
@@ -61,7 +62,7 @@ void browseAsJson(const Registry& registry, std::string_view name, std::string_v
         if (name.empty() || (isWord && page["functions"].empty() && findWordText(name) == &word))
             page["words"].push_back({{"words", word.words}, {"form", word.form}, {"text", word.text}});
     }
-    out << page.dump(2) << '\n';
+    writeJson(page, out);
 }
 
 } // namespace host::documentation

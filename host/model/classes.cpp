@@ -2,6 +2,7 @@
 
 #include "model/handles.h"
 #include "model/storage.h"
+#include "text/letters.h"
 
 #include <algorithm>
 
@@ -49,6 +50,7 @@ void checkStandardAccess(const Property& property, std::size_t dataSize) {
 
 Property makeProperty(ClassInfo& owner, const REALpropertyLegacy& record, std::size_t dataSize) {
     if (!record.name || !record.type) throw std::runtime_error("no name or no type");
+    if (!isName(record.name)) throw std::runtime_error("\"" + std::string(record.name) + "\" is no name");
     Property property;
     property.owner = &owner;
     property.name = record.name;
@@ -245,6 +247,10 @@ ClassInfo* Registry::add(REALclassDefinition& record, bool builtIn) {
     }
     if (name.empty()) {
         report("a class record without a name");
+        return nullptr;
+    }
+    if (!isName(name)) {
+        report("a class record whose name is \"" + name + "\", which is no name");
         return nullptr;
     }
     if (find(name) || typeNamed(name).kind != Kind::object || equalIgnoringCase(name, "Object")) {

@@ -1,6 +1,7 @@
 #include "model/record_listing.h"
 
 #include "model/records.h"
+#include "text/json.h"
 
 #include <nlohmann/json.hpp>
 
@@ -132,6 +133,6 @@ void listRecords(const Registry& registry, std::ostream& out) {
         print(record, out);
 }
 
-void listRecordsAsJson(const Registry& registry, std::ostream& out) { out << describeAll(registry).dump(2) << '\n'; }
+void listRecordsAsJson(const Registry& registry, std::ostream& out) { writeJson(describeAll(registry), out); }
 
 } // namespace host

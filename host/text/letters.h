@@ -13,6 +13,9 @@ inline bool isNamePart(char c) { return isNameStart(c) || isDigit(c); }
 inline bool isBlank(char c) { return c == ' ' || c == '\t'; }
 inline bool isLineEnd(char c) { return c == '\n' || c == '\r'; }
 
+// Of letters, digits and underscores, and not beginning with a digit.
+bool isName(std::string_view text);
+
 bool equalIgnoringCase(std::string_view a, std::string_view b);
 
 // The order that goes with it, for containers of names.

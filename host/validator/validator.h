@@ -19,7 +19,7 @@ struct Check {
     std::string (*complaint)(const Trial& trial);
 };
 
-// In the order in which they are worth reading.
+// In the order in which they are worth reading. The first is that the library loads: without that the others say the same.
 const std::vector<Check>& checks();
 
 } // namespace host::validator

@@ -201,6 +201,7 @@ TEST_F(Classes, AHandleThatIsWrittenIsLent) {
 TEST_F(Classes, RecordsThatCannotBeTakenAreReported) {
     static REALproperty badProperties[] = {{nullptr, "Name", "String", 6, REALstandardAccessor, nullptr, 0, {}},
                                            {nullptr, "Far", "Integer", 6, REALstandardAccessor, nullptr, 16, {}},
+                                           {nullptr, "2nd", "Integer", 6, REALstandardAccessor, nullptr, 0, {}},
                                            {nullptr, "Good", "Integer", 6, REALstandardAccessor, nullptr, 0, {}}};
     static REALmethodDefinition badMethods[] = {method("Add(amount", half), {nullptr, nullptr, "Sub", 4, {}}};
     const auto record = [](const char* name, const char* superName, REALword size) {
@@ -208,7 +209,8 @@ TEST_F(Classes, RecordsThatCannotBeTakenAreReported) {
     };
     static REALclassDefinition records[] = {record("Bad", nullptr, 16), record("integer", nullptr, 16),
                                             record("bad", nullptr, 16), record("Orphan", "Nobody", 16),
-                                            record("Odd", nullptr, 4),  record("New", nullptr, 16)};
+                                            record("Odd", nullptr, 4),  record("New", nullptr, 16),
+                                            record("A\n", nullptr, 16)};
     setMembers(records[0].properties, records[0].propertyCount, badProperties);
     setMembers(records[0].methods, records[0].methodCount, badMethods);
     records[5].version = 14;
@@ -218,6 +220,7 @@ TEST_F(Classes, RecordsThatCannotBeTakenAreReported) {
     const std::vector<std::string> expected = {
         "Bad: property 0: the standard accessor cannot serve a String",
         "Bad: property 1: the standard accessor would leave the instance data",
+        "Bad: property 2: \"2nd\" is no name",
         "Bad: method 0: expected \"as\" at column 11 of \"Add(amount\"",
         "Bad: method 1: no function",
         "integer: the name is taken",
@@ -226,6 +229,7 @@ TEST_F(Classes, RecordsThatCannotBeTakenAreReported) {
         "Odd: the instance data size 4 is no multiple of 16",
         "New: the record's version is 14, announced was 13",
         "a class record of the unknown version 14",
+        "a class record whose name is \"A\n\", which is no name",
     };
     EXPECT_EQ(registry().problems(), expected);
     EXPECT_NE(registry().find("Bad")->findProperty("Good"), nullptr);
