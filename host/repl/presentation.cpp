@@ -1,5 +1,6 @@
 #include "repl/presentation.h"
 
+#include "language/library/object_text.h"
 #include "language/library/values.h"
 
 #include "model/arrays.h"
@@ -14,7 +15,7 @@
 namespace host::repl {
 namespace {
 
-// Of an array; the rest is counted.
+// Of an array or a list; the rest is counted.
 constexpr HostInteger mostShown = 100;
 
 // As a program writes it, with Chr for what no literal can hold and no terminal shall get.
@@ -49,11 +50,26 @@ public:
         if (type.is(Kind::variant)) return writeVariant(value.object);
         if (type.isArray) return writeArray(asArray(value.object));
         if (type.is(Kind::color)) output_ << swatch(value.color, depth_);
-        if (type.is(Kind::object) && value.object) output_ << swatch(value.object, depth_);
+        if (type.is(Kind::object) && value.object) return writeObject(value.object);
         output_ << (type.is(Kind::string) ? literal(utf8Of(value.string)) : language::textOf(type, value));
     }
 
 private:
+    // A list of colours has a line for each, unless it stands in an array itself.
+    void writeObject(Object* object) {
+        output_ << swatch(object, depth_) << language::textOf(object);
+        const std::vector<ListedColor> colors = inArray_ ? std::vector<ListedColor>() : colorsOfList(object);
+        if (colors.empty()) return;
+        const auto count = static_cast<HostInteger>(colors.size());
+        output_ << " with " << counted(count);
+        for (HostInteger i = 0; i < std::min(count, mostShown); ++i) {
+            const auto& [key, color] = colors[static_cast<std::size_t>(i)];
+            output_ << "\n  " << literal(key) << "  ";
+            if (color) writeObject(color.get());
+        }
+        writeRest(count, "\n  ");
+    }
+
     void writeVariant(Object* variant) {
         const Type held = typeInVariant(variant);
         Slot value;
@@ -67,6 +83,7 @@ private:
         }
         const Type& type = elementType(array);
         const HostInteger count = HostInteger{upperBound(array)} + 1;
+        inArray_ = true;
         const bool lines = count > 0 && (type.kind == Kind::object || type.kind == Kind::color);
         if (lines) output_ << nameOf(type.arrayOf()) << " with " << counted(count);
         if (!lines) output_ << '(';
@@ -74,12 +91,17 @@ private:
             output_ << (lines ? "\n  " + std::to_string(i) + "  " : i == 0 ? "" : ", ");
             write(type, elementAt(array, i));
         }
-        if (count > mostShown) output_ << (lines ? "\n  " : ", ") << "and " << counted(count - mostShown) << " more";
+        writeRest(count, lines ? "\n  " : ", ");
         if (!lines) output_ << ')';
+    }
+
+    void writeRest(HostInteger count, const char* separator) {
+        if (count > mostShown) output_ << separator << "and " << counted(count - mostShown) << " more";
     }
 
     std::ostream& output_;
     const ColorDepth depth_;
+    bool inArray_ = false;
 };
 
 } // namespace

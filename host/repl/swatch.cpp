@@ -44,4 +44,17 @@ std::string swatch(Object* object, ColorDepth depth) {
     return cells(shown(object), depth);
 }
 
+std::vector<ListedColor> colorsOfList(Object* object) {
+    const ClassInfo* const lists = registry().find("NSColorListZRX");
+    std::vector<ListedColor> colors;
+    if (!lists || !object->info->isOrDescendsFrom(*lists)) return colors;
+    const Owned<Object> list = Owned<Object>::shared(object);
+    try {
+        for (const std::string& key : swatches::keysOf(list))
+            colors.push_back({key, swatches::colorWithKey(list, key)});
+    } catch (const std::runtime_error&) { // what the platform does not give
+    }
+    return colors;
+}
+
 } // namespace host::repl

@@ -1,10 +1,11 @@
 // Colours at the prompt.
 #pragma once
 
-#include "model/objects.h"
+#include "model/owned.h"
 #include "swatches/terminal.h"
 
 #include <string>
+#include <vector>
 
 namespace host::repl {
 
@@ -14,5 +15,12 @@ using swatches::ColorDepth;
 // Empty without colours, and for an object that is no colour.
 std::string swatch(HostColor color, ColorDepth depth);
 std::string swatch(Object* object, ColorDepth depth); // not null
+
+// The colours of a list of colours in its order; none of any other object, which is not null.
+struct ListedColor {
+    std::string key;
+    Owned<Object> color; // null: it cannot be had
+};
+std::vector<ListedColor> colorsOfList(Object* object);
 
 } // namespace host::repl

@@ -139,6 +139,14 @@ TEST(Prompt, ShowsColoursAsPicturesDo) {
     const std::string row = presented("", "Array(NSColorZRX.blackColor, NSColorZRX.redColor)", ColorDepth::direct);
     EXPECT_EQ(row.rfind("NSColorZRX() with 2 elements\n  0  \x1B[48;2;0;0;0m    \x1B[0m ", 0), 0u) << row;
 #endif
+    const char* const list =
+        "Dim l As New NSColorListZRX\nIf l.Create(\"Signals\") Then l.setColor New NSColorZRX(1, 1, 1), \"on\"";
+    EXPECT_EQ(presented(list, "l", ColorDepth::direct)
+                  .rfind("NSColorListZRX Signals with 1 element\n  \"on\"  \x1B[48;2;255;255;255m    \x1B[0m ", 0),
+              0u);
+    EXPECT_EQ(presented(list, "Array(l)", ColorDepth::direct),
+              "NSColorListZRX() with 1 element\n  0  NSColorListZRX Signals\n");
+    EXPECT_EQ(presented("", "New NSColorListZRX", ColorDepth::direct), "NSColorListZRX\n");
     const std::string text = presented("Dim c As NSColorZRX = NSColorZRX.redColor", "c", ColorDepth::none);
     EXPECT_EQ(presented("Dim c As NSColorZRX = NSColorZRX.redColor", "Print c", ColorDepth::none), text);
     EXPECT_EQ(text, presented("", "Print NSColorZRX.redColor.description", ColorDepth::none));

@@ -48,7 +48,8 @@ std::string textOf(Object* object) {
     const std::string description = textMember(object, "description").value_or("");
     if (!description.empty()) return description; // an object that holds nothing has nothing to say
     const std::optional<std::string> path = textMember(object, "NativePath");
-    return path ? className + " " + *path : className;
+    const std::string name = path ? *path : textMember(object, "name").value_or("");
+    return name.empty() ? className : className + " " + name;
 }
 
 } // namespace host::language

@@ -8,7 +8,7 @@
 
 namespace host::language {
 
-// As Print shows it: numbers in the shortest form that reads back the same, colours as &hAARRGGBB, True, False and Nil,
+// As Print shows it: numbers in the shortest form that reads back the same, colours as the literal, True, False and Nil,
 // objects as they describe themselves, arrays as their elements in parentheses, variants as what they hold. In UTF-8.
 std::string textOf(const Type& type, Slot value);
 
