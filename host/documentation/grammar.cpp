@@ -27,7 +27,7 @@ Json rule(const char* scope, const std::string& pattern) { return {{"name", scop
 
 // Keywords that are values or operators have scopes of their own.
 constexpr std::string_view values[] = {"True", "False", "Nil"};
-constexpr std::string_view operators[] = {"And", "Or", "Xor", "Not", "Mod", "Is", "IsA", "New"};
+constexpr std::string_view operators[] = {"And", "Or", "Xor", "Not", "Mod", "Is", "TypeOf", "New"};
 constexpr std::string_view types[] = {"Integer", "Double", "Boolean", "String", "Color", "Variant", "Object"};
 
 template <class List>

@@ -169,6 +169,32 @@ TEST_F(Keys, CtrlCGivesUpTheLineAndNothingElse) {
     EXPECT_EQ(terminal.shown().find("98\n99"), std::string::npos);
 }
 
+// Also at the moment in which the question has just appeared, and past every Catch.
+TEST_F(Keys, CtrlCEndsAProgramThatWaitsForInput) {
+    for (int i = 0; i < 10; ++i) {
+        Terminal terminal(state,
+                          {CHROMAHOST, "run", "-e", "Try", "-e", "Write \"name? \"", "-e", "Print Input", "-e", "Catch",
+                           "-e", "Print \"caught\"", "-e", "Finally", "-e", "Print \"finally\"", "-e", "End Try"});
+        terminal.await("name? ");
+        terminal.type(i % 2 == 0 ? ctrlC : "half a line" + ctrlC);
+        const int status = terminal.ended();
+        EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT);
+        EXPECT_NE(terminal.shown().find("-e:3:7: interrupted\n"), std::string::npos);
+        EXPECT_EQ(terminal.shown().find("caught"), std::string::npos);
+        EXPECT_EQ(terminal.shown().find("finally"), std::string::npos);
+    }
+    Terminal prompt(state);
+    prompt.type("Write \"name? \" : Print Input\n");
+    prompt.await("\nname? ");
+    prompt.type(ctrlC);
+    prompt.await("interrupted\n> ");
+    prompt.expect("41 + 3\b1", "42"); // edited
+    prompt.type("Print Input & 5\n");
+    prompt.await("5\n");
+    prompt.type("answer\n");
+    prompt.await("\nanswer5\n> ");
+}
+
 TEST_F(Keys, CtrlZGivesTheTerminalBackAndFgTakesIt) {
     Terminal terminal(state, {"sh", "-c", "set -m; '" CHROMAHOST "' repl; echo stopped; read answer; fg"});
     terminal.await("> ");

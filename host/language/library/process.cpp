@@ -10,17 +10,35 @@
 #include <string>
 #include <utility>
 
+#include <poll.h>
+#include <unistd.h>
+
 namespace host::language::process {
 namespace {
 
 std::optional<int> wantedEnd;
 
+// Until a terminal has a line. Outside of this a signal that comes a moment before the read does not end it.
+void awaitLine() {
+    if (!isatty(STDIN_FILENO)) return;
+    sigset_t interruption, before;
+    sigemptyset(&interruption);
+    sigaddset(&interruption, SIGINT);
+    pthread_sigmask(SIG_BLOCK, &interruption, &before);
+    pollfd terminal = {STDIN_FILENO, POLLIN, 0};
+    if (!interruptWanted) ppoll(&terminal, 1, nullptr, &before);
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+}
+
 } // namespace
+
+volatile std::sig_atomic_t interruptWanted = 0;
 
 String* input() {
     std::string line;
     std::cout.flush();
-    if (!std::getline(std::cin, line)) {
+    awaitLine();
+    if (interruptWanted || !std::getline(std::cin, line)) {
         const bool atEnd = std::feof(stdin) != 0;
         std::clearerr(stdin); // a signal may have ended it, and a terminal goes on
         std::cin.clear();

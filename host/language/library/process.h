@@ -4,11 +4,15 @@
 
 #include "model/strings.h"
 
+#include <csignal>
 #include <optional>
 
 namespace host::language::process {
 
-String* input(); // the next line of stdin without its end; raises when there is none
+// Set by the SIGINT handler of whoever runs a program; 0 while none runs.
+extern volatile std::sig_atomic_t interruptWanted;
+
+String* input(); // the next line of stdin without its end; raises when there is none, and when it is interrupted
 String* environment(String* name, String* otherwise);
 double microseconds(); // since the first call; never goes back
 

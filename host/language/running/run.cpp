@@ -8,25 +8,25 @@
 #include <pthread.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstddef>
 #include <ostream>
 
 namespace host::language {
 
 namespace detail {
-volatile std::sig_atomic_t interruptWanted = 0;
 bool lastWasInterrupted = false;
 } // namespace detail
 
 namespace {
 
-void want(int) { detail::interruptWanted = 1; }
+void want(int) { process::interruptWanted = 1; }
 
 // While one lives, SIGINT interrupts the program that runs instead of ending the process.
 class InterruptScope {
 public:
     InterruptScope() {
-        detail::interruptWanted = 0;
+        process::interruptWanted = 0;
         struct sigaction action = {};
         action.sa_handler = want;
         sigaction(SIGINT, &action, &before_);
@@ -34,8 +34,8 @@ public:
     // What is checked next, constants above all, is not interrupted by what ended this program.
     ~InterruptScope() {
         sigaction(SIGINT, &before_, nullptr);
-        detail::lastWasInterrupted = detail::interruptWanted != 0;
-        detail::interruptWanted = 0;
+        detail::lastWasInterrupted = process::interruptWanted != 0;
+        process::interruptWanted = 0;
     }
     InterruptScope(const InterruptScope&) = delete;
     InterruptScope& operator=(const InterruptScope&) = delete;

@@ -1,11 +1,11 @@
 // Runs checked code, says how it ended, and stops what would not stop by itself.
 #pragma once
 
+#include "language/library/process.h"
 #include "language/reading/source.h"
 #include "language/running/code.h"
 #include "language/running/frame.h"
 
-#include <csignal>
 #include <string>
 
 namespace host::language {
@@ -25,13 +25,12 @@ struct Quit {
 };
 
 namespace detail {
-extern volatile std::sig_atomic_t interruptWanted; // 0 unless a program runs
 extern bool lastWasInterrupted;
 } // namespace detail
 
 // Called in every round of a loop and every call of a procedure.
 inline void checkInterrupt(Offset offset) {
-    if (detail::interruptWanted) throw Interrupted{offset};
+    if (process::interruptWanted) throw Interrupted{offset};
 }
 
 // Whether so little of this thread's stack is left that no further call of a procedure is safe. The reserve suffices for the
