@@ -189,10 +189,10 @@ TEST_F(Keys, CtrlCEndsAProgramThatWaitsForInput) {
     prompt.type(ctrlC);
     prompt.await("interrupted\n> ");
     prompt.expect("41 + 3\b1", "42"); // edited
-    prompt.type("Print Input & 5\n");
-    prompt.await("5\n");
+    prompt.type("Write \"again? \" : Print Input & 5\n");
+    prompt.await("\nagain? ");
     prompt.type("answer\n");
-    prompt.await("\nanswer5\n> ");
+    prompt.await("answer\nanswer5\n> ");
 }
 
 TEST_F(Keys, CtrlZGivesTheTerminalBackAndFgTakesIt) {
