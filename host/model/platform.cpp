@@ -78,6 +78,13 @@ std::vector<std::string> keysOfColorList(void* list) {
     return texts;
 }
 
+std::size_t registeredObjectCount() {
+    const id owner = objc_getClass("NSException");
+    const SEL registry = sel_registerName("GetInstancesDictionaryZRX");
+    if (sendFor<BOOL>(owner, sel_registerName("respondsToSelector:"), registry) == 0) return 0;
+    return static_cast<std::size_t>(CFDictionaryGetCount(sendFor<CFMutableDictionaryRef>(owner, registry)));
+}
+
 std::string library() {
     Dl_info info = {};
     const auto address = reinterpret_cast<const void*>(&CFRelease);

@@ -1,4 +1,5 @@
-// All that the host asks of the platform: autorelease pools around its statements, text conversion, and the keys of a list.
+// All that the host asks of the platform: autorelease pools around its statements, text conversion, the keys of a list,
+// and what a registry holds.
 #pragma once
 
 #include "model/strings.h"
@@ -29,6 +30,9 @@ std::optional<std::string> textOf(const void* string, Encoding encoding);
 
 // The keys of an NSColorList, in order, as UTF-8; none for null. Wants an autorelease pool.
 std::vector<std::string> keysOfColorList(void* list);
+
+// The entries of the registry of native objects that a sibling plugin keeps; 0 without one.
+std::size_t registeredObjectCount();
 
 // The file of the platform's library; empty when it cannot be told.
 std::string library();

@@ -1,17 +1,19 @@
 #include "validator/validator.h"
 
 #include "model/entries.h"
-#include "model/leaks.h"
 #include "model/plugin.h"
-#include "model/strings.h"
+#include "model/records.h"
 #include "validator/calls.h"
 #include "validator/child.h"
+#include "validator/entry_points.h"
 #include "validator/exports.h"
+#include "validator/forms.h"
 
 #include <algorithm>
 #include <set>
 #include <sstream>
 #include <stdexcept>
+#include <string_view>
 
 #include <dlfcn.h>
 
@@ -27,46 +29,25 @@ struct Announcement {
     int classes = 0;
 };
 Announcement announcement;
-std::set<std::string> throwing; // entries that throw in the host's place
 
-void announce(std::int32_t version) {
-    announcement.versions.push_back(version);
-    announcement.afterClass = announcement.afterClass || announcement.classes > 0;
-    if (void* const entry = resolveEntry("RegisterPluginVersion"))
-        reinterpret_cast<RegisterPluginVersionProc>(entry)(version);
-}
+// Hears what a plugin announces.
+struct Announcing {
+    static void answer(std::string_view, RegisterPluginVersionProc target, std::int32_t version) {
+        announcement.versions.push_back(version);
+        announcement.afterClass = announcement.afterClass || announcement.classes > 0;
+        target(version);
+    }
+    static void answer(std::string_view, PluginRegisterClassProc target, REALclassDefinition* record) {
+        ++announcement.classes;
+        target(record);
+    }
+    template <class Result, class... Arguments>
+    static Result answer(std::string_view, Result (*target)(Arguments...), Arguments... arguments) {
+        return target(arguments...);
+    }
+};
 
-void registerClass(REALclassDefinition* record) {
-    ++announcement.classes;
-    if (void* const entry = resolveEntry("PluginRegisterClass")) reinterpret_cast<PluginRegisterClassProc>(entry)(record);
-}
-
-template <class... Arguments>
-void* throwInPlace(Arguments...) {
-    throw std::range_error("thrown by the host");
-}
-
-template <class Result, class... Arguments>
-void* thrower(Result (*)(Arguments...)) {
-    return reinterpret_cast<void*>(throwInPlace<Arguments...>);
-}
-
-// What makes strings and blocks may throw.
-void* throwerFor(const std::string& entry) {
-    if (entry == "REALBuildString") return thrower(REALBuildStringProc());
-    if (entry == "REALBuildStringWithEncoding") return thrower(REALBuildStringWithEncodingProc());
-    if (entry == "REALConvertString") return thrower(REALConvertStringProc());
-    return thrower(NewMemoryBlockProc());
-}
-
-void* heardEntry(const char* name) {
-    void* const entry = resolveEntry(name);
-    if (!entry) return nullptr;
-    if (throwing.count(name) != 0) return throwerFor(name);
-    const std::string asked = name;
-    if (asked == "RegisterPluginVersion") return reinterpret_cast<void*>(announce);
-    return asked == "PluginRegisterClass" ? reinterpret_cast<void*>(registerClass) : entry;
-}
+void* resolve(const char* name) { return entries::heard<Announcing>(name, heardEntry(name)); }
 
 // The plugin's own classes, once it has started on such a host.
 std::vector<const ClassInfo*> start(const Trial& trial, const HostOptions& options = {}) {
@@ -75,11 +56,20 @@ std::vector<const ClassInfo*> start(const Trial& trial, const HostOptions& optio
     if (!trial.sibling.empty()) loadPlugin(trial.sibling);
     const std::size_t before = registry().classes().size();
     step("REALPluginMain");
-    openPlugin(trial.plugin)(heardEntry);
+    openPlugin(trial.plugin)(resolve);
     std::vector<const ClassInfo*> own;
     for (std::size_t i = before; i < registry().classes().size(); ++i)
         own.push_back(registry().classes()[i].get());
     return own;
+}
+
+std::vector<Function> functionsOf(const std::vector<const ClassInfo*>& classes) {
+    std::vector<Function> all;
+    for (const ClassInfo* info : classes) {
+        for (Function& function : functionsOf(*info, declaredForms))
+            all.push_back(std::move(function));
+    }
+    return all;
 }
 
 // ---- What is complained about
@@ -111,10 +101,10 @@ void addOf(Complaints& complaints, const std::string& what, const std::string& c
         complaints.add(what + ": " + line);
 }
 
-using Choices = std::vector<Choice> (*)(const Bound& function);
+using Choices = std::vector<Choice> (*)(const Function& function);
 
 void callAll(const std::vector<const ClassInfo*>& classes, Choices choicesOf, Complaints& complaints) {
-    for (const Bound& function : functionsOf(classes)) {
+    for (const Function& function : functionsOf(classes)) {
         for (const Choice& choice : choicesOf(function))
             if (call(function, choice).threw) complaints.add(function.name + ": an exception left the function");
     }
@@ -188,21 +178,31 @@ std::string recordsParse(const Trial& trial) {
     });
 }
 
-std::string recordsCount(const Trial& trial) {
+std::string recordsAreWhole(const Trial& trial) {
     return inChild([&] {
         Complaints complaints;
         for (const ClassInfo* info : start(trial)) {
-            const REALclassDefinition& record = *info->record();
+            const RecordView view(*info->record());
+            const REALclassDefinitionLegacy& head = view.head();
             const auto check = [&](const void* rows, REALword count, const char* what) {
                 if (count < 0 || (count > 0) != (rows != nullptr)) {
                     complaints.add(info->name() + ": " + (rows ? "a table" : "no table") + " and a count of " +
                                    std::to_string(count) + " for the " + what);
                 }
             };
-            check(record.properties, record.propertyCount, "properties");
-            check(record.methods, record.methodCount, "methods");
-            check(record.constants, record.constantCount, "constants");
-            check(record.sharedMethods, record.sharedMethodCount, "shared methods");
+            check(head.properties, head.propertyCount, "properties");
+            check(head.methods, head.methodCount, "methods");
+            check(head.events, head.eventCount, "events");
+            check(head.constants, head.constantCount, "constants");
+            check(head.sharedProperties, head.sharedPropertyCount, "shared properties");
+            check(head.sharedMethods, head.sharedMethodCount, "shared methods");
+            for (std::size_t i = 0; i < view.propertyCount(); ++i) {
+                const REALpropertyLegacy& property = view.property(i);
+                const bool isPlain = std::all_of(std::begin(property.further), std::end(property.further),
+                                                 [](REALword word) { return word == 0; });
+                if (property.group || !isPlain)
+                    complaints.add(info->name() + ": property " + std::to_string(i) + " has words that are to be 0");
+            }
         }
         return complaints.text();
     });
@@ -211,7 +211,7 @@ std::string recordsCount(const Trial& trial) {
 std::string typesAreKnown(const Trial& trial) {
     return inChild([&] {
         Complaints complaints;
-        for (const Bound& function : functionsOf(start(trial))) {
+        for (const Function& function : functionsOf(start(trial))) {
             const auto check = [&](const Type& type) {
                 const bool isClass = type.kind == Kind::object && !equalIgnoringCase(type.className, "Object");
                 if (isClass && !registry().find(type.className))
@@ -273,19 +273,31 @@ std::string survivesMissingEntries(const Trial& trial) {
     return complaints.text();
 }
 
+// With the fault at the first call of the host, at the second, and so on until there is none.
+std::string survivesFault(const Trial& trial, Fault fault) {
+    return inChild([&] {
+        Complaints complaints;
+        const bool isTheHosts = fault != Fault::hostAnswersNull; // an exception of its own may come back to it
+        for (const Function& function : functionsOf(start(trial))) {
+            for (const Choice& choice : ordinaryChoicesFor(function)) {
+                Outcome outcome = {true};
+                for (Plan plan{fault, 1}; outcome.struck; ++plan.at) {
+                    outcome = call(function, choice, plan);
+                    if (outcome.threw && !isTheHosts) complaints.add(function.name + ": an exception left the function");
+                    if (!outcome.left.empty()) complaints.add(function.name + ": " + outcome.left);
+                }
+            }
+        }
+        return complaints.text();
+    });
+}
+
+std::string survivesNulls(const Trial& trial) { return survivesFault(trial, Fault::hostAnswersNull); }
+
 std::string survivesHostExceptions(const Trial& trial) {
     Complaints complaints;
-    for (const char* entry : {"REALBuildString", "REALBuildStringWithEncoding", "REALConvertString", "newMemoryBlock"}) {
-        addOf(complaints, std::string("when ") + entry + " throws", inChild([&] {
-                  throwing = {entry};
-                  const std::vector<const ClassInfo*> classes = start(trial);
-                  for (const Bound& function : functionsOf(classes)) {
-                      for (const Choice& choice : ordinaryChoicesFor(function))
-                          call(function, choice); // the exception is the host's own: it may come back to it
-                  }
-                  return std::string();
-              }));
-    }
+    addOf(complaints, "when one entry throws", survivesFault(trial, Fault::hostThrows));
+    addOf(complaints, "when all do from there on", survivesFault(trial, Fault::hostAlwaysThrows));
     return complaints.text();
 }
 
@@ -294,9 +306,9 @@ std::string survivesHostExceptions(const Trial& trial) {
 std::string nullReceivers(const Trial& trial) {
     return inChild([&] {
         Complaints complaints;
-        for (const Bound& function : functionsOf(start(trial))) {
-            if (!function.hasReceiver) continue;
-            const Outcome outcome = call(function, {Receiver::null, 0, 0});
+        for (const Function& function : functionsOf(start(trial))) {
+            if (!function.hasReceiver()) continue;
+            const Outcome outcome = call(function, {nullReceiver});
             if (!outcome.isNull) complaints.add(function.name + ": null has a result");
             if (outcome.raised) complaints.add(function.name + ": null raises");
             if (outcome.threw) complaints.add(function.name + ": an exception left the function");
@@ -308,8 +320,8 @@ std::string nullReceivers(const Trial& trial) {
 std::string emptyReceivers(const Trial& trial) {
     return inChild([&] {
         Complaints complaints;
-        for (const Bound& function : functionsOf(start(trial))) {
-            if (function.hasReceiver && call(function, {Receiver::empty, 0, 0}).threw)
+        for (const Function& function : functionsOf(start(trial))) {
+            if (function.hasReceiver() && call(function, {emptyReceiver}).threw)
                 complaints.add(function.name + ": an exception left the function");
         }
         return complaints.text();
@@ -324,19 +336,14 @@ std::string takesAnyArgument(const Trial& trial) {
     });
 }
 
-// What a plugin makes once and keeps is kept once: only what is left a second time is lost.
 std::string balances(const Trial& trial) {
     return inChild([&] {
         Complaints complaints;
-        for (const Bound& function : functionsOf(start(trial))) {
+        for (const Function& function : functionsOf(start(trial))) {
             for (const Choice& choice : choicesFor(function)) {
-                call(function, choice);
-                const std::size_t objects = liveObjectCount(), strings = liveStringCount();
-                const std::string before = describeLeaks();
-                call(function, choice);
-                if (liveObjectCount() == objects && liveStringCount() == strings) continue;
-                const auto text = [](const std::string& left) { return left.empty() ? "nothing" : left; };
-                complaints.add(function.name + ": " + text(before) + " is left before, " + text(describeLeaks()) + " after");
+                const std::string left = call(function, choice).left;
+                if (left.empty()) continue;
+                complaints.add(function.name + ": " + left);
                 break;
             }
         }
@@ -353,17 +360,17 @@ const std::vector<Check>& checks() {
         {"null-resolver", "A null resolver is survived", survivesNullResolver},
         {"announces-once", "One control version, 9 to 13, is announced, before the first class", announcesOnce},
         {"records-parse", "The host can take every class record and every declaration in it", recordsParse},
-        {"records-count", "Tables and their counts agree", recordsCount},
+        {"records-whole", "Tables and their counts agree, and words that are to be 0 are", recordsAreWhole},
         {"types-known", "Declarations name only classes that are there", typesAreKnown},
         {"members-unique", "No member stands in a class twice", membersAreUnique},
         {"null-receivers", "Null in an object's place has the null result, and raises nothing", nullReceivers},
         {"empty-receivers", "An object as its class constructor leaves it may be asked for everything", emptyReceivers},
         {"arguments", "Every function takes what its declaration admits", takesAnyArgument},
-        {"balance", "Calls leave no object and no string behind", balances},
+        {"balance", "Calls leave no object, no string and no entry of the registry behind", balances},
         {"host-versions", "Hosts of every version are served", survivesVersions},
         {"missing-entries", "A host may lack any entry", survivesMissingEntries},
-        {"host-exceptions", "A host's exception out of an entry that makes a string or a block is survived",
-         survivesHostExceptions},
+        {"host-nulls", "An entry that answers null is survived, and nothing left behind", survivesNulls},
+        {"host-exceptions", "So is one that throws a C++ exception, once or from then on", survivesHostExceptions},
     };
     return table;
 }

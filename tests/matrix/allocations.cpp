@@ -24,9 +24,9 @@ std::atomic<std::size_t> blocks{0};
 
 // On a platform that nobody here wrote only the program's own allocations fail, and the plugin is a part of the program.
 bool fails(const void* caller) {
-    if (matrix::suspensions > 0) return false; // above all before anything of the process has been initialised
+    if (host::validator::suspensions > 0) return false; // above all before anything of the process has been initialised
     if (CHROMA_ON_GNUSTEP && (caller < &__executable_start || caller >= &etext)) return false;
-    return matrix::strikes(matrix::Fault::FailAllocation, matrix::Fault::ExhaustMemory);
+    return host::validator::strikes(matrix::Fault::failAllocation, matrix::Fault::exhaustMemory);
 }
 
 void* counted(void* memory) {

@@ -143,6 +143,14 @@ Slot newFile(const char* name) {
     return file;
 }
 
+std::vector<Form> receiversOf(const std::string& className) {
+    std::vector<Form> forms = {null(), {[className] { return Slot::ofObject(newObject(className, nullptr)); }}};
+    if (className == "NSColorListZRX") forms.push_back({newList});
+    for (const id native : natives[className])
+        forms.push_back({[=] { return Slot::ofObject(newObject(className, native)); }});
+    return forms;
+}
+
 std::vector<Form> objectForms(const std::string& className) {
     std::vector<Form> forms = receiversOf(className);
     if (className == "Memoryblock") forms = each(contents, newBlock);
@@ -158,10 +166,7 @@ std::vector<Form> imageForms() {
     return forms;
 }
 
-} // namespace
-
 std::vector<Form> formsOf(const host::Parameter& parameter) {
-    if (parameter.byRef) return {null(), null()};
     if (parameter.type.isArray) return arrayForms();
     const auto handle = handles.find(parameter.name);
     switch (parameter.type.kind) {
@@ -176,13 +181,9 @@ std::vector<Form> formsOf(const host::Parameter& parameter) {
     return {{[handle] { return Slot::ofInteger(asHandle(handle->second)); }}, null()};
 }
 
-std::vector<Form> receiversOf(const std::string& className) {
-    std::vector<Form> forms = {null(), {[className] { return Slot::ofObject(newObject(className, nullptr)); }}};
-    if (className == "NSColorListZRX") forms.push_back({newList});
-    for (const id native : natives[className])
-        forms.push_back({[=] { return Slot::ofObject(newObject(className, native)); }});
-    return forms;
-}
+} // namespace
+
+const host::validator::Forms nativeForms = {receiversOf, formsOf};
 
 void prepareNatives() {
     const auto part = [](double value) { return static_cast<CGFloat>(value); };

@@ -22,26 +22,24 @@ namespace {
 
 using host::Slot;
 
-constexpr std::size_t nullReceiver = 0, emptyReceiver = 1, ordinaryReceiver = 2;
+using host::validator::emptyReceiver;
+using host::validator::nullReceiver;
 
 // A call and what came of it.
 struct Call {
     const Function& function;
     const Choice& choice;
     Plan plan;
-    std::size_t first = function.receivers.empty() ? 0 : 1; // argument
-    Slot slots[host::maximumArguments + 1] = {}, outputs[host::maximumArguments] = {}, result = {};
+    const Verdict* plain;
+    const host::validator::Arguments arguments{function, choice, hostCounts() ? 0 : 8};
+    Slot result = {};
     bool returned = false, escaped = false; // by a return, by a C++ exception
     chroma::id thrown = nullptr;            // by a native one
-    Traces traces = {};
+    host::validator::Traces traces = {};
     std::string exceptionClass = {}; // of the host exception
 
-    bool isReference(std::size_t i) const { return function.signature.parameters[i].byRef; }
-    const Form& form(std::size_t i) const {
-        return function.arguments[i][static_cast<int>(i) == choice.argument ? choice.form : 0];
-    }
-    bool hasReceiver(std::size_t form) const { return first == 1 && choice.receiver == form; }
-    bool answersNumber() const { return function.signature.result == host::Type::plain(host::Kind::real); }
+    bool raisesAnyway() const { return plain && plain->raised; }
+    bool hasReceiver(std::size_t form) const { return function.hasReceiver() && choice.receiver == form; }
 };
 
 bool hasAll(std::initializer_list<const char*> entries) {
@@ -51,44 +49,23 @@ bool hasAll(std::initializer_list<const char*> entries) {
 // Host exceptions are objects, those for the platform's exceptions of a class that a plugin registers.
 bool hostCanRaise() { return hasAll({"PluginRegisterClass", "PluginNewInstance", "RuntimeRaiseException"}); }
 
-void makeSlot(const host::Type& type, const Form& form, Slot& slot) {
-    slot = form.make();
-    for (int i = 0; i < 8 && !hostCounts(); ++i)
-        host::lock(type, slot);
-}
-
-void makeArguments(Call& call) {
-    if (call.first) makeSlot(host::Type::object("Object"), call.function.receivers[call.choice.receiver], call.slots[0]);
-    for (std::size_t i = 0; i < call.function.arguments.size(); ++i) {
-        call.outputs[i] = Slot::ofReal(0.75);
-        Slot& slot = call.slots[call.first + i];
-        if (!call.isReference(i))
-            makeSlot(call.function.signature.parameters[i].type, call.form(i), slot);
-        else if (&call.form(i) == &call.function.arguments[i][0])
-            slot = Slot::ofAddress(&call.outputs[i]);
-    }
-}
-
-void giveUpArguments(const Call& call) {
-    for (std::size_t i = 0; i < call.function.arguments.size(); ++i)
-        if (!call.isReference(i)) host::unlock(call.function.signature.parameters[i].type, call.slots[call.first + i]);
-    if (call.first) host::unlock(call.slots[0].object);
-}
+const host::Type number = host::Type::plain(host::Kind::real);
 
 // Throws in the end, since a guard that the function left open would catch that, in a frame that is gone.
 void invoke(Call& call) {
     auto body = [&call] {
         try {
-            call.function.invoke(call.function.address, call.slots, &call.result);
+            call.arguments.invoke(call.result);
             call.returned = true;
         } catch (const std::exception&) { // native exceptions may be C++ ones of another language
             call.escaped = true;
         }
         chroma::throwNative(testObject);
     };
-    arm(call.plan, call.answersNumber());
+    expectNumber(call.function.signature.result == number);
+    host::validator::arm(call.plan);
     call.thrown = chroma::catchNative(body);
-    call.traces = disarm();
+    call.traces = host::validator::disarm();
     if (call.returned || call.escaped) call.thrown = nullptr;
     if (!call.returned) call.result = Slot();
     if (host::Object* const exception = host::takePendingException()) {
@@ -97,7 +74,6 @@ void invoke(Call& call) {
     }
 }
 
-const host::Type number = host::Type::plain(host::Kind::real);
 chroma::Message<chroma::id()> description{"description"}, localizedName{"localizedName"};
 
 // By the class, and what a colour or a space says of itself.
@@ -133,7 +109,7 @@ void tellOutcome(const Call& call, Outcome& outcome) {
         outcome.add(told(type, call.result));
     }
     for (std::size_t i = 0; i < call.function.arguments.size(); ++i)
-        if (call.isReference(i) && call.slots[call.first + i].address) outcome.add(told(number, call.outputs[i]));
+        if (const Slot* const output = call.arguments.output(i)) outcome.add(told(number, *output));
 }
 
 std::string_view takeWord(std::string_view& words) {
@@ -156,42 +132,43 @@ bool isFulfilled(const Call& call, const Outcome& outcome, const Outcome& expect
 
 // For an NSException out of a message.
 int promisedExceptions(const Call& call) {
-    const bool isDropped = call.traces.bridging || call.function.isQuiet || !hostCanRaise();
-    if (!isDropped && call.function.converts && call.plan.at == 1) return call.plan.raisesAnyway ? 1 : 0;
+    const bool isDropped = wasBridging() || call.function.isQuiet || !hostCanRaise();
+    if (!isDropped && call.function.converts && call.plan.at == 1) return call.raisesAnyway() ? 1 : 0;
     // A constructor asks NSException for the registry, the first time.
     return isDropped && call.function.signature.name != "constructor" ? 0 : 1;
 }
 
 const char* refusalOf(const Call& call) {
     const bool canRaise = !missingEntries.count("PluginNewInstance") && !missingEntries.count("RuntimeRaiseException");
-    return canRaise && call.choice.argument >= 0 ? call.form(static_cast<std::size_t>(call.choice.argument)).refusal
-                                                 : nullptr;
+    return canRaise && call.choice.argument >= 0
+               ? call.arguments.form(static_cast<std::size_t>(call.choice.argument)).refusal
+               : nullptr;
 }
 
-const char* complaintOf(const Call& call, const Outcome& outcome, const Outcome* expected) {
+const char* complaintOf(const Call& call, const Outcome& outcome) {
     const bool isArray = call.function.signature.result.isArray, isNullResult = isArray || outcome.isNull();
-    const Fault fault = call.traces.struck ? call.plan.fault : Fault::None;
+    const Fault fault = call.traces.struck ? call.plan.fault : Fault::none;
     const int raised = call.traces.raised;
-    if (call.escaped && fault < Fault::HostThrows) return "a C++ exception left the function";
-    if (call.thrown && fault != Fault::Throw) return "a native exception left the function";
-    if (fault == Fault::Throw && (call.thrown != testObject || raised))
+    if (call.escaped && fault < Fault::hostThrows) return "a C++ exception left the function";
+    if (call.thrown && fault != Fault::throwOther) return "a native exception left the function";
+    if (fault == Fault::throwOther && (call.thrown != testObject || raised))
         return "an object that is no NSException stayed inside";
-    if (fault == Fault::Raise && raised != promisedExceptions(call)) return "not the host exceptions for an NSException";
+    if (fault == Fault::raise && raised != promisedExceptions(call)) return "not the host exceptions for an NSException";
     // A failure while the message of one is built is another.
-    if (raised > (fault >= Fault::HostThrows ? 2 : 1)) return "too many host exceptions";
+    if (raised > (fault >= Fault::hostThrows ? 2 : 1)) return "too many host exceptions";
     if (raised && !isNullResult) return "a host exception and a result";
-    if (call.hasReceiver(nullReceiver) && (!isNullResult || (raised && fault == Fault::None)))
+    if (call.hasReceiver(nullReceiver) && (!isNullResult || (raised && fault == Fault::none)))
         return "null has a result, or raises";
-    if (call.hasReceiver(emptyReceiver) && !chroma::nativeObject(call.slots[0].object) && !isNullResult)
+    if (call.hasReceiver(emptyReceiver) && !chroma::nativeObject(call.arguments.receiver()) && !isNullResult)
         return "an empty object has a result";
-    const bool isSpared = fault == Fault::None && call.plan.fault != Fault::None; // after the last event
-    if (isSpared && (raised > 0) != call.plan.raisesAnyway) return "what an earlier fault did has lasted";
+    const bool isSpared = fault == Fault::none && call.plan.fault != Fault::none; // after the last event
+    if (isSpared && (raised > 0) != call.raisesAnyway()) return "what an earlier fault did has lasted";
     // What the platform makes of nil, which a string may be for lack of memory, and of another colour, is its own.
     const bool isPlatforms =
-        (fault >= Fault::AnswerNil && fault <= Fault::ExhaustMemory) || (fault == Fault::Raise && call.function.converts);
-    if (expected && !isPlatforms && !isFulfilled(call, outcome, *expected))
+        (fault >= Fault::answerNil && fault <= Fault::exhaustMemory) || (fault == Fault::raise && call.function.converts);
+    if (call.plain && !isPlatforms && !isFulfilled(call, outcome, call.plain->outcome))
         return "an outcome that is neither null nor the right one";
-    const char* const refusal = fault == Fault::None ? refusalOf(call) : nullptr;
+    const char* const refusal = fault == Fault::none ? refusalOf(call) : nullptr;
     return refusal && call.exceptionClass != refusal ? "an argument was not refused" : "";
 }
 
@@ -205,21 +182,21 @@ Balance balance() {
             liveBlocks()};
 }
 
-Verdict callOnce(const Function& function, const Choice& choice, Plan plan, const Outcome* expected, const char*& left) {
+Verdict callOnce(const Function& function, const Choice& choice, Plan plan, const Verdict* plain, const char*& left) {
     Verdict verdict;
     verdict.complaint.reserve(100); // so that a complaint is no block of the call's
     const Balance before = balance();
     {
         const host::platform::AutoreleasePool pool;
-        Call call{function, choice, plan};
-        makeArguments(call);
-        invoke(call);
-        verdict.struck = call.traces.struck;
-        verdict.raised = call.traces.raised > 0;
-        tellOutcome(call, verdict.outcome);
-        verdict.complaint = complaintOf(call, verdict.outcome, expected);
-        host::unlock(function.signature.result, call.result);
-        giveUpArguments(call);
+        {
+            Call call{function, choice, plan, plain};
+            invoke(call);
+            verdict.struck = call.traces.struck;
+            verdict.raised = call.traces.raised > 0;
+            tellOutcome(call, verdict.outcome);
+            verdict.complaint = complaintOf(call, verdict.outcome);
+            host::unlock(function.signature.result, call.result);
+        }
         settle();
     }
     const Balance after = balance();
@@ -237,24 +214,12 @@ void Outcome::add(const std::string& word) {
     length = std::min(length + static_cast<std::size_t>(wanted), sizeof words - 1);
 }
 
-std::vector<Choice> choicesFor(const Function& function) {
-    std::vector<Choice> choices;
-    for (std::size_t receiver = 0; receiver < std::max<std::size_t>(function.receivers.size(), 1); ++receiver) {
-        choices.push_back({receiver, -1, 0});
-        const bool isPlain = function.receivers.empty() || receiver == emptyReceiver || receiver == ordinaryReceiver;
-        for (std::size_t argument = 0; argument < function.arguments.size() && isPlain; ++argument)
-            for (std::size_t form = 1; form < function.arguments[argument].size(); ++form)
-                choices.push_back({receiver, static_cast<int>(argument), form});
-    }
-    return choices;
-}
-
 // What the platform makes once and keeps is kept once: only what is left a second time is lost.
-Verdict call(const Function& function, const Choice& choice, Plan plan, const Outcome* expected) {
+Verdict call(const Function& function, const Choice& choice, Plan plan, const Verdict* plain) {
     const char* left = nullptr;
-    Verdict verdict = callOnce(function, choice, plan, expected, left);
+    Verdict verdict = callOnce(function, choice, plan, plain, left);
     if (!verdict.complaint.empty() || !left) return verdict;
-    verdict = callOnce(function, choice, plan, expected, left);
+    verdict = callOnce(function, choice, plan, plain, left);
     if (left) verdict.complaint += std::string("left ") + left;
     return verdict;
 }

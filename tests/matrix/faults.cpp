@@ -12,38 +12,24 @@ namespace matrix {
 
 using namespace chroma;
 
-int suspensions = 1; // the process begins unarmed
+using host::validator::hasStruck;
+using host::validator::plannedFault;
+using host::validator::strikes;
+using host::validator::suspensions;
 
 namespace {
 
-Plan plan;
-Traces traces;
-int remaining = 0;
 bool answersNumber = false;
+bool bridging = false;
 
 } // namespace
 
-void arm(Plan planned, bool number) {
-    plan = planned;
-    traces = {};
-    remaining = planned.at;
+void expectNumber(bool number) {
     answersNumber = number;
-    --suspensions;
+    bridging = false;
 }
 
-Traces disarm() {
-    ++suspensions;
-    return traces;
-}
-
-bool strikes(Fault first, Fault last) {
-    if (suspensions > 0 || plan.fault < first || plan.fault > last) return false;
-    const bool lasts = plan.fault == Fault::ExhaustMemory || plan.fault == Fault::HostAlwaysThrows;
-    if (--remaining > 0 || (traces.struck && !lasts)) return false;
-    return traces.struck = true;
-}
-
-void countRaised() { ++traces.raised; }
+bool wasBridging() { return bridging; }
 
 namespace {
 
@@ -53,31 +39,32 @@ bool consumesReceiver(std::string_view message) {
 }
 
 void fail() {
-    if (plan.fault == Fault::Raise) throwNative(testException);
-    if (plan.fault == Fault::Throw) throwNative(testObject);
+    if (plannedFault() == Fault::raise) throwNative(testException);
+    if (plannedFault() == Fault::throwOther) throwNative(testObject);
 }
 
 // In place of a method that answers Result.
 template <class Result>
 Result failingMethod(id receiver, SEL selector) {
-    ++suspensions;
-    if (consumesReceiver(sel_getName(selector))) sel::release(receiver);
-    --suspensions;
+    if (consumesReceiver(sel_getName(selector))) {
+        const Suspension suspension;
+        sel::release(receiver);
+    }
     fail();
     return Result();
 }
 
-bool strikesMessage() { return strikes(Fault::Raise, Fault::AnswerNil); }
+bool strikesMessage() { return strikes(Fault::raise, Fault::answerNil); }
 
 // Guards ask what they caught for its class; that is no message of the function.
 bool strikesMessage(id receiver, SEL selector) {
-    if (suspensions > 0 || traces.struck) return false;
-    ++suspensions;
-    const bool isException = isNSException(receiver);
-    const bool isGuards = (isException || receiver == testObject) && selector == sel::isKindOfClass_.get();
-    --suspensions;
-    if (isGuards) return false;
-    traces.bridging = traces.bridging || isException || receiver == cls::NSException.get();
+    if (suspensions > 0 || hasStruck()) return false;
+    {
+        const Suspension suspension;
+        const bool isException = isNSException(receiver);
+        if ((isException || receiver == testObject) && selector == sel::isKindOfClass_.get()) return false;
+        bridging = bridging || isException || receiver == cls::NSException.get();
+    }
     return strikesMessage();
 }
 

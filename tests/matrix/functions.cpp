@@ -18,7 +18,7 @@ extern "C" __attribute__((visibility("default"))) int fsync(int) { return 0; }
 
 namespace matrix {
 
-void* resolveEntry(const char* name); // host_entries.cpp
+std::set<std::string> missingEntries;
 
 namespace {
 
@@ -35,35 +35,21 @@ struct WorkingFolder {
 };
 
 void addFunctions(std::vector<Function>& functions, const host::ClassInfo& info) {
-    const bool isColor = info.name() == "NSColorZRX";
-    const auto add = [&](REALfunction address, const host::Invoker& invoke, const host::Signature& signature,
-                         bool isShared) {
-        const std::size_t count = signature.parameters.size();
-        const bool isRead = (signature.name == "getRGB" || signature.name == "getHSV") && count == 4;
-        functions.push_back({info.name() + "." + signature.name + "/" + std::to_string(count),
-                             address,
-                             invoke,
-                             signature,
-                             isShared ? std::vector<Form>() : receiversOf(info.name()),
-                             {},
-                             false,
-                             isRead || signature.name == "colorValue"});
-        for (const host::Parameter& parameter : signature.parameters)
-            functions.back().arguments.push_back(formsOf(parameter));
-    };
-    const host::Invoker invokeLifecycle(host::Signature(), true);
-    add(info.record()->constructor, invokeLifecycle, {"constructor", {}, {}}, false);
-    add(info.record()->destructor, invokeLifecycle, {"destructor", {}, {}}, false);
-    for (const host::Property& property : info.properties()) {
-        if (property.getter == REALstandardAccessor) continue; // the host's own
-        add(property.getter, property.invokeGetter, {property.name, {}, property.type}, false);
-        const host::Kind kind = property.type.kind;
-        functions.back().isQuiet = isColor && (kind == host::Kind::real || kind == host::Kind::string);
+    using host::validator::lifecycleFunction;
+    std::vector<host::validator::Function> bound = functionsOf(info, nativeForms);
+    for (const auto& [name, address] :
+         {std::pair("destructor", info.record()->destructor), {"constructor", info.record()->constructor}})
+        bound.insert(bound.begin(), lifecycleFunction(info, name, address, nativeForms));
+    for (host::validator::Function& function : bound) {
+        const host::Signature& signature = function.signature;
+        const host::Property* const property = info.findProperty(signature.name);
+        const bool isQuiet = info.name() == "NSColorZRX" && property &&
+                             (property->type.is(host::Kind::real) || property->type.is(host::Kind::string));
+        const bool converts =
+            ((signature.name == "getRGB" || signature.name == "getHSV") && signature.parameters.size() == 4) ||
+            signature.name == "colorValue";
+        functions.push_back({std::move(function), isQuiet, converts});
     }
-    for (const host::Method& method : info.methods())
-        add(method.function, method.invoke, method.signature, false);
-    for (const host::Method& method : info.sharedMethods())
-        add(method.function, method.invoke, method.signature, true);
 }
 
 } // namespace
@@ -74,11 +60,11 @@ std::vector<Function> start(double version, const std::vector<std::string>& miss
     missingEntries = {missing.begin(), missing.end()};
     if (__lsan_disable && !hostCounts()) __lsan_disable();
     const host::platform::AutoreleasePool pool;
-    REALPluginMain(resolveEntry);
+    REALPluginMain(host::validator::heardEntry);
     if (withSibling) {
         void* const library = dlopen(CHROMA_SIBLING, RTLD_NOW | RTLD_LOCAL);
         if (!library) std::abort();
-        reinterpret_cast<REALPluginMainProc>(dlsym(library, "REALPluginMain"))(resolveEntry);
+        reinterpret_cast<REALPluginMainProc>(dlsym(library, "REALPluginMain"))(host::validator::heardEntry);
     }
     prepareNatives();
     std::vector<Function> functions;

@@ -23,12 +23,12 @@ struct Report {
 };
 Report* report = nullptr;
 
-Verdict check(const Function& function, const Choice& choice, Plan plan, const Outcome* expected = nullptr) {
+Verdict check(const Function& function, const Choice& choice, Plan plan, const Verdict* plain = nullptr) {
     std::snprintf(report->current, sizeof report->current, "%s, receiver %zu, argument %d in form %zu, fault %d at %d",
                   function.name.c_str(), choice.receiver, choice.argument, choice.form, static_cast<int>(plan.fault),
                   plan.at);
-    const Verdict verdict = call(function, choice, plan, expected);
-    report->cases += plan.fault == Fault::None || verdict.struck;
+    const Verdict verdict = call(function, choice, plan, plain);
+    report->cases += plan.fault == Fault::none || verdict.struck;
     if (!verdict.complaint.empty() && ++report->failures <= 20)
         std::printf("    %s: %s\n", report->current, verdict.complaint.c_str());
     return verdict;
@@ -45,9 +45,9 @@ struct Configuration {
 // With each fault at the first event, the second, and so on until there is none. A missing entry is a fault in itself;
 // messages raise all the same.
 void play(const Configuration& host) {
-    const Fault last = host.missing.empty() ? Fault::HostAlwaysThrows : Fault::Raise;
+    const Fault last = host.missing.empty() ? Fault::hostAlwaysThrows : Fault::raise;
     const std::vector<Function> functions = start(host.version, host.missing, host.hasSibling);
-    if (host.first.fault != Fault::None) {
+    if (host.first.fault != Fault::none) {
         check(functions.front(), {}, host.first);
         return;
     }
@@ -55,8 +55,7 @@ void play(const Configuration& host) {
         for (const Choice& choice : choicesFor(function)) {
             const Verdict plain = check(function, choice, {});
             for (int kind = 1; kind <= static_cast<int>(last); ++kind)
-                for (Plan plan{static_cast<Fault>(kind), 1, plain.raised};
-                     check(function, choice, plan, &plain.outcome).struck;)
+                for (Plan plan{static_cast<Fault>(kind), 1}; check(function, choice, plan, &plain).struck;)
                     ++plan.at;
         }
 }
@@ -72,7 +71,7 @@ bool passes(const Configuration& host) {
     }
     int status = 0;
     waitpid(child, &status, 0);
-    const bool isComplete = status == 0 && (host.first.fault != Fault::None || report->cases - before > 2000);
+    const bool isComplete = status == 0 && (host.first.fault != Fault::none || report->cases - before > 2000);
     if (!isComplete)
         std::printf("%s: status %#x, at %s\n", host.name.c_str(), static_cast<unsigned>(status), report->current);
     return isComplete;
@@ -85,7 +84,7 @@ int main(int count, char** arguments) {
     std::vector<Configuration> hosts = {{"2021", 2021.0}, {"2021 without sibling", 2021.0, false},
                                         {"2017", 2017.0}, {"2016", 2016.99},
                                         {"2012", 2012.0}, {"2008, in the legacy layout", 2008.0}};
-    for (int kind = 1; kind <= static_cast<int>(Fault::HostAlwaysThrows); ++kind)
+    for (int kind = 1; kind <= static_cast<int>(Fault::hostAlwaysThrows); ++kind)
         for (int at = 1; at <= 6; ++at)
             hosts.push_back({"2021, first call", 2021.0, true, {}, {static_cast<Fault>(kind), at}});
     if (count > 1 && std::strcmp(arguments[1], "missing") == 0) {

@@ -29,17 +29,17 @@ int main(int count, char** arguments) {
     // What is made once is made, without a fault.
     for (const Function& function : functions)
         for (const Choice& choice : choicesFor(function))
-            call(function, choice, {}, nullptr);
+            call(function, choice);
     long before = 0, raising = 0;
     for (long i = 0; i < calls; ++i) {
         if (i == calls / 10) before = residentKiB();
         const Function& function = functions[below(functions.size())];
         const std::vector<Choice> choices = choicesFor(function);
         const Choice& choice = choices[below(choices.size())];
-        Verdict verdict = call(function, choice, {}, nullptr);
-        const auto fault = static_cast<Fault>(1 + below(static_cast<std::size_t>(Fault::HostAlwaysThrows)));
-        if (verdict.complaint.empty() && below(4) == 0)
-            verdict = call(function, choice, {fault, 1 + static_cast<int>(below(8)), verdict.raised}, &verdict.outcome);
+        Verdict verdict = call(function, choice);
+        const auto fault = static_cast<Fault>(1 + below(static_cast<std::size_t>(Fault::hostAlwaysThrows)));
+        if (const Verdict plain = verdict; plain.complaint.empty() && below(4) == 0)
+            verdict = call(function, choice, {fault, 1 + static_cast<int>(below(8))}, &plain);
         raising += verdict.raised;
         if (verdict.complaint.empty()) continue;
         std::printf("soak: call %ld, %s: %s\n", i, function.name.c_str(), verdict.complaint.c_str());

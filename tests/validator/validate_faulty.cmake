@@ -1,5 +1,6 @@
-# validate on PLUGIN, whose only fault is FAULT: that check alone and all checks together tell it; without one ("none") all is kept.
+# validate on PLUGIN, whose only fault is FAULT, the name of a check and perhaps more: that check alone and all checks together tell it; without one ("none") all is kept.
 cmake_policy(VERSION 3.25)
+string(REGEX REPLACE "[.].*" "" check ${FAULT})
 execute_process(COMMAND ${HOST} validate ${PLUGIN} --json OUTPUT_VARIABLE answer RESULT_VARIABLE code ERROR_QUIET)
 string(JSON count LENGTH "${answer}")
 math(EXPR last "${count} - 1")
@@ -19,7 +20,7 @@ endif()
 if(FAULT STREQUAL "loads" AND NOT (answer MATCHES "nowhere" AND broken STREQUAL "loads"))
     message(FATAL_ERROR "it is not loaded for another reason, and tried nevertheless:\n${answer}")
 endif()
-execute_process(COMMAND ${HOST} validate ${PLUGIN} --only ${FAULT} OUTPUT_VARIABLE alone RESULT_VARIABLE codeAlone ERROR_QUIET)
-if(NOT FAULT IN_LIST broken OR NOT code EQUAL 1 OR NOT codeAlone EQUAL 1 OR NOT alone MATCHES "^${FAULT} +BROKEN\n    .+\n0 of 1 ")
+execute_process(COMMAND ${HOST} validate ${PLUGIN} --only ${check} OUTPUT_VARIABLE alone RESULT_VARIABLE codeAlone ERROR_QUIET)
+if(NOT check IN_LIST broken OR NOT code EQUAL 1 OR NOT codeAlone EQUAL 1 OR NOT alone MATCHES "^${check} +BROKEN\n    .+\n0 of 1 ")
     message(FATAL_ERROR "not found: ${FAULT}; broken: ${broken} (codes ${code}, ${codeAlone})\n${alone}\n${answer}")
 endif()

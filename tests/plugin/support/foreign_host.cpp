@@ -1,7 +1,7 @@
 #include "support/foreign_host.h"
 
 #include "builtin/corefoundation.h"
-#include "entry_points.h"
+#include "validator/entry_points.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,0 +1,63 @@
+#include "validator/faults.h"
+
+#include "model/entries.h"
+#include "validator/entry_points.h"
+
+#include <stdexcept>
+#include <string_view>
+#include <type_traits>
+
+namespace host::validator {
+
+int suspensions = 1; // the process begins unarmed
+
+namespace {
+
+Plan plan;
+Traces traces;
+int remaining = 0;
+
+struct Listener {
+    template <class Result, class... Arguments>
+    static Result answer(std::string_view entry, Result (*target)(Arguments...), Arguments... arguments) {
+        if constexpr (std::is_pointer_v<Result>)
+            if (strikes(Fault::hostAnswersNull, Fault::hostAnswersNull)) return nullptr;
+        const bool throws = strikes(Fault::hostThrows, Fault::hostAlwaysThrows);
+        if (throws && (entry == "REALUnlockObject" || entry == "REALUnlockString")) target(arguments...);
+        if (throws) throw std::range_error("thrown by the host");
+        const Suspension suspension;
+        if (entry == "RuntimeRaiseException") ++traces.raised;
+        return target(arguments...);
+    }
+};
+
+} // namespace
+
+void arm(Plan planned) {
+    plan = planned;
+    traces = {};
+    remaining = planned.at;
+    --suspensions;
+}
+
+Traces disarm() {
+    ++suspensions;
+    return traces;
+}
+
+bool strikes(Fault first, Fault last) {
+    if (suspensions > 0 || plan.fault < first || plan.fault > last) return false;
+    const bool lasts = plan.fault == Fault::exhaustMemory || plan.fault == Fault::hostAlwaysThrows;
+    if (--remaining > 0 || (traces.struck && !lasts)) return false;
+    return traces.struck = true;
+}
+
+Fault plannedFault() { return plan.fault; }
+bool hasStruck() { return traces.struck; }
+
+void* heardEntry(const char* name) {
+    const Suspension suspension;
+    return entries::heard<Listener>(name, resolveEntry(name));
+}
+
+} // namespace host::validator

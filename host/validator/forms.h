@@ -1,0 +1,12 @@
+// What a function may be called with, as far as its declaration tells.
+#pragma once
+
+#include "validator/functions.h"
+
+namespace host::validator {
+
+// A receiver is null, an object as the class constructor leaves it, or one that the plugin has filled: a shared method
+// without parameters hands it out, or a constructor makes it. Where neither does, it is another empty one.
+extern const Forms declaredForms;
+
+} // namespace host::validator
