@@ -7,7 +7,8 @@ namespace host::swatches {
 
 namespace {
 
-constexpr double cardWidth = 272.0, cardHeight = 118.0, swatchHeight = 62.0, gap = 16.0, padding = 10.0;
+constexpr double cardWidth = 272.0, cardHeight = 118.0, swatchHeight = 62.0, gap = 16.0, padding = 10.0, hexWidth = 76.0,
+                 markWidth = 64.0;
 constexpr double groupHeight = 38.0; // of a group's title
 constexpr std::size_t columns = 4;
 
@@ -63,12 +64,14 @@ private:
         addColor({left, y + padding, inner, swatchHeight, 5}, swatch);
         const double nameLine = y + padding + swatchHeight + 18, valueLine = nameLine + 17;
         picture_.shapes.push_back(
-            FadingLabel{{left, nameLine, 12, Typeface::plain, Align::left, theme_.ink, swatch.name}, inner, theme_.card});
+            BoundedLabel{{left, nameLine, 12, Typeface::plain, Align::left, theme_.ink, swatch.name}, inner, theme_.card});
         picture_.shapes.push_back(
             Label{left, valueLine, 11, Typeface::monospaced, Align::left, theme_.softInk, valueOf(swatch)});
-        picture_.shapes.push_back(Label{left + 76, valueLine, 10, Typeface::plain, Align::left, theme_.ink, markOf(swatch)});
-        picture_.shapes.push_back(Label{right, valueLine, 10, Typeface::plain, Align::right, theme_.softInk,
-                                        swatch.background ? "on " + swatch.background->name : swatch.space});
+        const std::string place = swatch.background ? "on " + swatch.background->name : swatch.space, mark = markOf(swatch);
+        picture_.shapes.push_back(Label{left + hexWidth, valueLine, 10, Typeface::plain, Align::left, theme_.ink, mark});
+        picture_.shapes.push_back(BoundedLabel{{right, valueLine, 10, Typeface::plain, Align::right, theme_.softInk, place},
+                                               inner - hexWidth - (mark.empty() ? 0 : markWidth),
+                                               theme_.card});
     }
 
     // A colour of text is shown as text on its background.

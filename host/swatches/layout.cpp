@@ -8,9 +8,9 @@ Picture pageWithHeader(const std::string& title, const std::string& subtitle, do
     Picture picture = {title, width, height, {}};
     picture.shapes.push_back(Box{{0, 0, width, height, 0}, theme.paper});
     picture.shapes.push_back(
-        FadingLabel{{margin, 42, 22, Typeface::bold, Align::left, theme.ink, title}, inner, theme.paper});
+        BoundedLabel{{margin, 42, 22, Typeface::bold, Align::left, theme.ink, title}, inner, theme.paper});
     picture.shapes.push_back(
-        FadingLabel{{margin, 63, 12, Typeface::plain, Align::left, theme.softInk, subtitle}, inner, theme.paper});
+        BoundedLabel{{margin, 63, 12, Typeface::plain, Align::left, theme.softInk, subtitle}, inner, theme.paper});
     return picture;
 }
 

@@ -42,15 +42,15 @@ struct Label {
     std::string text; // UTF-8
 };
 
-// A label for text of any length: what does not fit the width fades out, whichever font the viewer has, into what lies
-// behind the label.
-struct FadingLabel {
-    Label label; // aligned left
+// A label for text of any length. Where the font is known, it is measured, and what does not fit the width is left out. In
+// SVG, whose viewers have fonts of their own, it fades out, on the side away from x, into what lies behind the label.
+struct BoundedLabel {
+    Label label;
     double width;
     ScreenColor behind;
 };
 
-using Shape = std::variant<Box, Halves, Outline, Label, FadingLabel>;
+using Shape = std::variant<Box, Halves, Outline, Label, BoundedLabel>;
 
 struct Picture {
     std::string title;
@@ -63,5 +63,8 @@ std::string svgOf(const Picture& picture);
 // The picture as PNG, two pixels to a length of one. Throws std::invalid_argument where this build has no drawing of its
 // own, and std::runtime_error when it fails.
 std::string pngOf(const Picture& picture);
+
+// What pngOf draws: each bounded label as one that fits, ending in "…" where something is left out. Throws as that does.
+Picture measured(Picture picture);
 
 } // namespace host::swatches

@@ -37,6 +37,17 @@ int failed(const char* why, char* message, size_t size) {
 
 } // namespace
 
+int chromaMeasureSVG(const char* svg, size_t length, double* right, char* message, size_t messageSize) {
+    GError* problem = nullptr;
+    const Owned<RsvgHandle> handle(rsvg_handle_new_from_data(reinterpret_cast<const guint8*>(svg), length, &problem));
+    if (!handle) return failed(Owned<GError>(problem)->message, message, messageSize);
+    RsvgRectangle ink = {};
+    if (!rsvg_handle_get_geometry_for_element(handle.get(), nullptr, &ink, nullptr, &problem))
+        return failed(Owned<GError>(problem)->message, message, messageSize);
+    *right = ink.x + ink.width;
+    return 1;
+}
+
 int chromaDrawPNG(const char* svg, size_t length, double scale, ChromaWriteBytes write, void* context, char* message,
                   size_t messageSize) {
     GError* problem = nullptr;

@@ -1,4 +1,4 @@
-// The one function of libchromapng.so.
+// The two functions of libchromapng.so.
 #pragma once
 
 #include <stddef.h>
@@ -13,4 +13,9 @@ typedef int (*ChromaWriteBytes)(void* context, const unsigned char* bytes, size_
 __attribute__((visibility("default"))) int chromaDrawPNG(const char* svg, size_t length, double scale,
                                                          ChromaWriteBytes write, void* context, char* message,
                                                          size_t messageSize);
+
+// How far what an SVG document draws reaches to the right of its origin, in its unit of length. 1 and the length in `right`
+// when all went well; else 0 and why.
+__attribute__((visibility("default"))) int chromaMeasureSVG(const char* svg, size_t length, double* right, char* message,
+                                                            size_t messageSize);
 }

@@ -29,9 +29,9 @@ void addValues(Picture& picture, double y, const std::vector<Component>& compone
 
 void addRow(Picture& picture, double y, const Conversion& row, const Theme& theme) {
     const double nameWidth = valueColumn - nameColumn - 12;
-    picture.shapes.push_back(FadingLabel{
+    picture.shapes.push_back(BoundedLabel{
         {nameColumn, y + 21, 13, Typeface::bold, Align::left, theme.ink, row.swatch.name}, nameWidth, theme.paper});
-    picture.shapes.push_back(FadingLabel{
+    picture.shapes.push_back(BoundedLabel{
         {nameColumn, y + 38, 10.5, Typeface::plain, Align::left, theme.softInk, row.member}, nameWidth, theme.paper});
     if (row.components.empty()) {
         picture.shapes.push_back(

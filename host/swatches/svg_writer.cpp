@@ -78,19 +78,23 @@ std::string drawn(const Label& label) {
            escaped(label.text) + "</text>\n";
 }
 
-std::string veilName(const ScreenColor& color) { return "veil-" + hue(color).substr(1); }
+std::string veilName(const BoundedLabel& bounded) {
+    return (bounded.label.align == Align::right ? "veil-left-" : "veil-") + hue(bounded.behind).substr(1);
+}
 
 // A viewport of its own cuts the text off, and a veil makes it fade there; the veil lies beyond the width, where no text
 // that fits is. The whole text is the title, which viewers show under a pointer.
-std::string drawn(const FadingLabel& fading) {
-    const double veil = 8.0, size = fading.label.size;
-    Label label = fading.label;
-    label.x = 0.0;
+std::string drawn(const BoundedLabel& bounded) {
+    const double veil = 8.0, size = bounded.label.size, width = bounded.width + veil;
+    const bool fromRight = bounded.label.align == Align::right;
+    Label label = bounded.label;
+    label.x = fromRight ? width : 0.0;
     label.y = 1.5 * size;
-    return "<svg" + attribute("x", fading.label.x) + attribute("y", fading.label.y - label.y) +
-           attribute("width", fading.width + veil) + attribute("height", 2 * size) + "><title>" + escaped(label.text) +
-           "</title>\n" + drawn(label) +
-           rectangle({fading.width, 0, veil, 2 * size, 0}, attribute("fill", "url(#" + veilName(fading.behind) + ")")) +
+    return "<svg" + attribute("x", bounded.label.x - label.x) + attribute("y", bounded.label.y - label.y) +
+           attribute("width", width) + attribute("height", 2 * size) + "><title>" + escaped(label.text) + "</title>\n" +
+           drawn(label) +
+           rectangle({fromRight ? 0.0 : bounded.width, 0, veil, 2 * size, 0},
+                     attribute("fill", "url(#" + veilName(bounded) + ")")) +
            "</svg>\n";
 }
 
@@ -107,11 +111,11 @@ std::string definitions(const Picture& picture) {
     std::string text = gradient("halves", stop(0.5, white) + stop(0.5, black));
     std::set<std::string> defined;
     for (const Shape& shape : picture.shapes) {
-        const auto* const fading = std::get_if<FadingLabel>(&shape);
-        if (!fading || !defined.insert(veilName(fading->behind)).second) continue;
-        ScreenColor clear = fading->behind;
-        clear.alpha = 0.0;
-        text += gradient(veilName(fading->behind), stop(0, clear) + stop(1, fading->behind));
+        const auto* const bounded = std::get_if<BoundedLabel>(&shape);
+        if (!bounded || !defined.insert(veilName(*bounded)).second) continue;
+        ScreenColor near = bounded->behind, far = bounded->behind;
+        (bounded->label.align == Align::right ? far : near).alpha = 0.0;
+        text += gradient(veilName(*bounded), stop(0, near) + stop(1, far));
     }
     return text;
 }

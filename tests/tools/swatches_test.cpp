@@ -171,6 +171,30 @@ TEST_F(Swatches, WriteKeysOfAnyKindAsText) {
     EXPECT_THROW(colorsOfList(file.path + ".gone", {}), std::runtime_error);
 }
 
+// By the metrics of DejaVu Sans: of 252 pixels in 12 points, "W" takes 11.87, "i" 3.34, "…" at least 10.
+TEST_F(Swatches, MeasureWhatIsToFit) {
+    const std::string wide(43, 'W'), narrow(70, 'i'), color = " components 0 3f800000 00000000 00000000 3f800000";
+    std::string right;
+    while (right.size() < 400)
+        right += "أزرق";
+    const ListFile file('"' + wide + '"' + color + "\n\"" + narrow + '"' + color + "\n\"" + right + '"' + color);
+    const Picture page = drawn(colorsOfList(file.path, {}), lightTheme);
+    if (sizeof(void*) == 4) {
+        EXPECT_THROW(measured(page), std::invalid_argument);
+        return;
+    }
+    std::vector<std::string> names;
+    for (const Shape& shape : measured(page).shapes) {
+        ASSERT_FALSE(std::holds_alternative<BoundedLabel>(shape));
+        const auto* const label = std::get_if<Label>(&shape);
+        if (label && label->size == 12 && label->color.red == lightTheme.ink.red) names.push_back(label->text);
+    }
+    ASSERT_EQ(names.size(), 3u);
+    EXPECT_EQ(names[0], wide.substr(0, 20) + "…");
+    EXPECT_EQ(names[1], narrow);
+    EXPECT_EQ(names[2].substr(names[2].size() - 6), "…\u200F") << "where the text would go on: on the left";
+}
+
 TEST_F(Swatches, DrawThePictureAsPNG) {
     const Picture page = drawn(colorInSpaces("#336699"), darkTheme);
     if (sizeof(void*) == 4) {
