@@ -120,15 +120,15 @@ bool ExpressionChecker::makesArray(const syntax::Expression& expression) const {
            procedures_.find(callee->name).empty();
 }
 
-// Without an element type, the one that takes the values of all the others.
+// Without an element type, the one that takes the values of all the others; of arrays, which have no type in common,
+// Variant.
 Operand ExpressionChecker::newArray(const Arguments& elements, const std::optional<Type>& elementType) {
     std::vector<Value> values;
     Type common = elementType.value_or(Type());
     for (const syntax::ExpressionPtr& element : elements) {
         values.push_back(value(*element));
         const Type& type = values.back().type;
-        if (type.isArray) failCheck(element->offset, "there are no arrays of arrays");
-        if (!elementType) common = united(common, type);
+        if (!elementType) common = type.isArray ? Type::plain(Kind::variant) : united(common, type);
     }
     if (common.kind == Kind::nothing || common.isNil()) common = Type::plain(Kind::variant);
     std::vector<CodePtr> codes;

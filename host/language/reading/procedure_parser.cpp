@@ -51,7 +51,7 @@ syntax::Parameter StatementParser::parameter() {
     tokens_.expect(Keyword::as, "'As'");
     const Offset offset = tokens_.peek().offset;
     form.type = typeName();
-    if (form.type.isArray && (isArray || form.paramArray)) throw SyntaxError{offset, "there are no arrays of arrays"};
+    if (form.type.isArray && (isArray || form.paramArray)) failDimensions(offset);
     form.type.isArray = form.type.isArray || isArray || form.paramArray;
     if (optional && !tokens_.at(TokenKind::equal)) tokens_.failExpected("'=' and a default");
     if (form.byRef || form.paramArray) return form;

@@ -174,9 +174,15 @@ syntax::Declarator StatementParser::declarator() {
     if (tokens_.accept(TokenKind::openParenthesis)) {
         form.isArray = true;
         if (!tokens_.at(TokenKind::closeParenthesis)) form.upperBound = expressions_.expression();
+        if (tokens_.at(TokenKind::comma)) failDimensions(tokens_.peek().offset);
         tokens_.expect(TokenKind::closeParenthesis, "')'");
+        if (tokens_.at(TokenKind::openParenthesis)) failDimensions(tokens_.peek().offset);
     }
     return form;
+}
+
+void StatementParser::failDimensions(Offset offset) {
+    throw SyntaxError{offset, "an array has one dimension; the elements of a Variant() can be arrays"};
 }
 
 syntax::ReDim StatementParser::reDim() {

@@ -81,6 +81,7 @@ private:
     syntax::TypeName typeName();
 
     syntax::Name name(std::string_view wanted);
+    [[noreturn]] static void failDimensions(Offset offset);
     bool atEnd() const { return tokens_.atStatementEnd() || tokens_.at(Keyword::elseBranch); }
     void report(const SyntaxError& error);
 

@@ -102,3 +102,11 @@ n.@Slice()
 Print If(1 = 1, 2@)
 '! ',' and the value otherwise is expected here, not ')'
 
+Dim grid(2)@(3) As Integer
+Dim other(2@, 3) As Integer
+Sub F(v() As @Integer())
+End Sub
+'! an array has one dimension; the elements of a Variant() can be arrays
+'! an array has one dimension; the elements of a Variant() can be arrays
+'! an array has one dimension; the elements of a Variant() can be arrays
+
