@@ -35,6 +35,17 @@ id spaceOf(const Profile& profile) {
     return made("NSColorSpace", "initWithICCProfileData:", dataOf(bytes));
 }
 
+std::string nameOf(const Profile& profile) {
+    char name[512] = "";
+    cmsGetProfileInfoASCII(profile.get(), cmsInfoDescription, "en", "US", name, sizeof name);
+    return name;
+}
+
+std::intptr_t modelOf(const Profile& profile) {
+    constexpr cmsColorSpaceSignature models[] = {cmsSigGrayData, cmsSigRgbData, cmsSigCmykData, cmsSigLabData};
+    return std::find(std::begin(models), std::end(models), cmsGetColorSpace(profile.get())) - models; // else 4, DeviceN
+}
+
 std::size_t channelsOf(id space) { return static_cast<std::size_t>(send<std::intptr_t>(space, "numberOfColorComponents")); }
 
 // A space of the platform and the same profile in the other engine.
@@ -187,9 +198,7 @@ TEST_F(OtherEngine, AcceptsThePlatformsProfilesAndConvertsAlike) {
     for (const char* const message : profiled) {
         const Side from(message);
         ASSERT_NE(from.profile, nullptr) << message;
-        char name[256] = "";
-        cmsGetProfileInfoASCII(from.profile.get(), cmsInfoDescription, "en", "US", name, sizeof name);
-        EXPECT_EQ(name, textOf(send(from.space, "localizedName")));
+        EXPECT_EQ(nameOf(from.profile), textOf(send(from.space, "localizedName")));
         for (const char* const target : profiled) {
             const Side to(target);
             if (isEqual(from.space, to.space)) continue;
@@ -214,7 +223,13 @@ TEST_F(OtherEngine, ConvertsByEveryRealProfileAlike) {
         bytes << std::ifstream(entry.path(), std::ios::binary).rdbuf();
         const std::string contents = bytes.str();
         const Profile profile = held(cmsOpenProfileFromMem(contents.data(), static_cast<cmsUInt32Number>(contents.size())));
-        if (!profile || cmsGetColorSpace(profile.get()) == cmsSigXYZData) continue; // a PCS is no device
+        const id direct = made("NSColorSpace", "initWithICCProfileData:", dataOf(contents));
+        const bool isSpace = profile && cmsGetColorSpace(profile.get()) != cmsSigXYZData; // a PCS is no device
+        ASSERT_EQ(direct != nullptr, isSpace);
+        if (!isSpace) continue;
+        EXPECT_EQ(textOf(send(direct, "localizedName")), nameOf(profile));
+        EXPECT_EQ(send<std::intptr_t>(direct, "colorSpaceModel"), modelOf(profile));
+        EXPECT_EQ(channelsOf(direct), cmsChannelsOf(cmsGetColorSpace(profile.get())));
         const Side side(profile);
         ASSERT_NE(side.space, nullptr);
         const cmsProfileClassSignature kind = cmsGetDeviceClass(profile.get());
