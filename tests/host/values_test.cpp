@@ -1,17 +1,13 @@
-// Objects that the host brings along: arrays, memory blocks and folder items, as a plugin meets them.
+// Objects that the host brings along: arrays and memory blocks, as a plugin meets them.
 #include "model/arrays.h"
 #include "model/memory_blocks.h"
 #include "model/storage.h"
 
 #include "host_test.h"
 
-#include <filesystem>
-
 using namespace host;
 
 using Arrays = StartedHost;
-using FolderItems = StartedHost;
-using HostBefore2013 = HostOf<2012>;
 using HostBefore2017 = HostOf<2016>;
 using HostFrom2017 = HostOf<2017>;
 
@@ -23,20 +19,6 @@ Array* create(std::int32_t elementType, std::int32_t upperBound) {
 }
 std::int32_t boundOf(void* array) { return entry<RuntimeUBoundProc>("RuntimeUBound")(array); }
 MemoryBlock* createBlock(std::int32_t size) { return entry<NewMemoryBlockProc>("newMemoryBlock")(size); }
-
-// A folder item as New makes it.
-Held<Object> item(const std::string& path) {
-    Object* const made = newObject(*registry().find("FolderItem"));
-    call(made, "Constructor", {Slot::ofString(Held(newString(path)))});
-    return Held(made);
-}
-
-// The text of a new item's property, read as a plugin does.
-std::string textOf(const std::string& path, const char* property) {
-    String* value = nullptr;
-    EXPECT_EQ(entry<REALGetPropValueStringProc>("REALGetPropValueString")(item(path), property, &value), 1) << property;
-    return utf8Of(Held(value));
-}
 
 } // namespace
 
@@ -98,16 +80,4 @@ TEST_F(Arrays, RaiseForABadIndexAndAnswerNullForAnotherKind) {
     EXPECT_EQ(boundOf(nullptr), -1);
     EXPECT_EQ(create(REALarrayOfDoubles, -2), nullptr);
     EXPECT_EQ(create(99, 0), nullptr);
-}
-
-TEST_F(FolderItems, NameTheirPathInEveryForm) {
-    EXPECT_EQ(textOf("/a b/../c d/\xC3\xA9%.icc", "NativePath"), "/c d/\xC3\xA9%.icc");
-    EXPECT_EQ(textOf("/c d/\xC3\xA9%.icc", "URLPath"), "file:///c%20d/%C3%A9%25.icc");
-    EXPECT_EQ(textOf("/c d/x.icc", "Name"), "x.icc");
-    EXPECT_EQ(textOf("x.icc", "NativePath"), (std::filesystem::current_path() / "x.icc").string());
-}
-
-TEST_F(HostBefore2013, HasNoNativePath) {
-    EXPECT_EQ(registry().find("FolderItem")->findProperty("NativePath"), nullptr);
-    EXPECT_EQ(textOf("/x", "URLPath"), "file:///x");
 }

@@ -1,5 +1,5 @@
-// The built library in a host that knows nothing of it but the ABI: loaded by path in either layout, from any thread and
-// more than once, and used through the records that it registered.
+// The built library in a host that knows nothing of it but the ABI: loaded by path, from any thread and more than once, and
+// used through the records that it registered.
 #include "support/foreign_host.h"
 
 #include <gtest/gtest.h>
@@ -82,15 +82,7 @@ void refuseColor(const Records& records) {
 
 } // namespace
 
-class Load : public ::testing::TestWithParam<double> {};
-INSTANTIATE_TEST_SUITE_P(Hosts, Load, ::testing::Values(2011.0, 2021.0));
-
-TEST_P(Load, AForeignHostUsesTheClass) {
-    load(GetParam());
-    useTheClass();
-}
-
-TEST(LoadElsewhere, AThreadThatIsNotTheFirstLoadsAndCalls) {
+TEST(Load, AThreadThatIsNotTheFirstLoadsAndCalls) {
     std::thread([] {
         load(2021.0);
         useTheClass();
@@ -98,7 +90,7 @@ TEST(LoadElsewhere, AThreadThatIsNotTheFirstLoadsAndCalls) {
     useTheClass();
 }
 
-TEST(LoadElsewhere, ACopyUnderAnotherNameSharesNothing) {
+TEST(Load, ACopyUnderAnotherNameSharesNothing) {
     const std::string copy = CHROMA_LIBRARY ".copy";
     std::filesystem::copy_file(CHROMA_LIBRARY, copy, std::filesystem::copy_options::overwrite_existing);
     const Records first = recordsOf(CHROMA_LIBRARY, 2013.0, Host::resolve);
@@ -119,7 +111,7 @@ TEST(LoadElsewhere, ACopyUnderAnotherNameSharesNothing) {
 
 #ifdef CHROMA_SIBLING
 // The plugin has looked for the registry in vain then, and takes no entry out of it when its objects end.
-TEST(LoadElsewhere, ASiblingThatComesLateEntersNoneOfTheOthersObjects) {
+TEST(Load, ASiblingThatComesLateEntersNoneOfTheOthersObjects) {
     load(2021.0);
     foreign::unlock(newColor(1.0, 0.0, 0.0, 1.0));
     start(CHROMA_SIBLING, Host::resolve);

@@ -291,14 +291,8 @@ std::string classOf(const void* object) { return cellOf(object)->className; }
 
 REALfunction method(const char* className, const std::string& declaration) {
     const REALclassDefinition* const record = recordOf(className);
-    // Legacy rows are the leading words of the current ones.
-    const std::size_t size = record->version == 9 ? sizeof(REALmethodDefinitionLegacy) : sizeof(REALmethodDefinition);
-    const auto* row = reinterpret_cast<const char*>(record->methods);
-    for (REALword i = 0; i < record->methodCount; ++i, row += size) {
-        REALmethodDefinitionLegacy method;
-        std::memcpy(&method, row, sizeof method);
-        if (declaration == method.declaration) return method.function;
-    }
+    for (REALword i = 0; i < record->methodCount; ++i)
+        if (declaration == record->methods[i].declaration) return record->methods[i].function;
     return nullptr;
 }
 

@@ -81,7 +81,7 @@ REALobjectStruct* make(const char* className);
 REALobjectStruct* plain(const char* className, const std::map<std::string, std::string>& properties);
 std::string classOf(const void* object);
 
-// A function from a registered record, in either layout, by its declaration; null when there is none.
+// A function from a registered record in the current layout, by its declaration; null when there is none.
 REALfunction method(const char* className, const std::string& declaration);
 
 template <class Function>
