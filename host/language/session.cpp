@@ -5,6 +5,8 @@
 
 #include "model/platform.h"
 
+#include <iostream>
+
 namespace host::language {
 
 Session::Session(std::string name, std::ostream& output, Presenter& presenter, bool colored)
