@@ -48,7 +48,7 @@ public:
         app_.add_option("--host-version", start_.host.version,
                         "The version that the host reports, which decides the record layout")
             ->type_name("V")
-            ->check(CLI::Number)
+            ->check(CLI::Validator(CLI::Number).description(""))
             ->capture_default_str();
         addRun();
         addCheck();
