@@ -2,6 +2,7 @@
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME chromabridge)
 set(CPACK_PACKAGE_VENDOR "the chromabridge authors")
+# Nobody promises to answer letters yet: a domain that is reserved for names that are none.
 set(CPACK_PACKAGE_CONTACT "the chromabridge authors <maintainers@chromabridge.invalid>")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
