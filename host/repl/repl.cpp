@@ -30,10 +30,10 @@ constexpr const char* howToLeave = "To leave: :quit, or Ctrl-D on an empty line.
 
 class Prompt {
 public:
-    // `paged`: what is long goes to stdout's terminal instead of the output.
-    Prompt(std::ostream& output, std::ostream& errors, ColorDepth depth, bool paged)
+    // `paged`: what is long goes to stdout's terminal instead of the output. `colored`: what is wrong is told in colours.
+    Prompt(std::ostream& output, std::ostream& errors, ColorDepth depth, bool paged, bool colored)
         : output_(output), errors_(errors), onTerminal_(paged), presenter_(output, depth),
-          session_("prompt", output, presenter_) {}
+          session_("prompt", output, presenter_, colored) {}
 
     language::Session& session() { return session_; }
 
@@ -139,12 +139,12 @@ private:
 } // namespace
 
 bool runPrompt(LineReader& reader, std::ostream& output, std::ostream& errors, ColorDepth depth) {
-    return Prompt(output, errors, depth, false).run(reader);
+    return Prompt(output, errors, depth, false, false).run(reader);
 }
 
 int runPrompt() {
     const bool interactive = isatty(STDIN_FILENO) != 0;
-    Prompt prompt(std::cout, std::cerr, swatches::outputColorDepth(), interactive);
+    Prompt prompt(std::cout, std::cerr, swatches::outputColorDepth(), interactive, showsColors(STDERR_FILENO));
     std::unique_ptr<LineReader> reader;
 #ifdef CHROMA_READLINE
     if (interactive && isatty(STDOUT_FILENO))
