@@ -55,10 +55,13 @@ public:
     }
 
 private:
-    // A list of colours has a line for each, unless it stands in an array itself.
+    // A list of colours has a line for each and a Dictionary for each pair, unless they stand in something else.
     void writeObject(Object* object) {
         output_ << swatch(object, depth_) << language::textOf(object);
-        const std::vector<ListedColor> colors = inArray_ ? std::vector<ListedColor>() : colorsOfList(object);
+        if (inside_) return;
+        inside_ = true;
+        if (object->info->isBuiltIn() && object->info->name() == "Dictionary") return writePairs(object);
+        const std::vector<ListedColor> colors = colorsOfList(object);
         if (colors.empty()) return;
         const auto count = static_cast<HostInteger>(colors.size());
         output_ << " with " << counted(count);
@@ -68,6 +71,27 @@ private:
             if (color) writeObject(color.get());
         }
         writeRest(count, "\n  ");
+    }
+
+    void writePairs(Object* dictionary) {
+        const Owned<Object> keys = listed(dictionary, "Keys"), values = listed(dictionary, "Values");
+        const HostInteger count = HostInteger{upperBound(asArray(keys.get()))} + 1;
+        output_ << " with " << counted(count);
+        for (HostInteger i = 0; i < std::min(count, mostShown); ++i) {
+            output_ << "\n  ";
+            writeVariant(elementAt(asArray(keys.get()), i).object);
+            output_ << "  ";
+            writeVariant(elementAt(asArray(values.get()), i).object);
+        }
+        writeRest(count, "\n  ");
+    }
+
+    static Owned<Object> listed(Object* dictionary, const char* member) {
+        const Method& method = *dictionary->info->findMethods(member).front();
+        const Slot receiver = Slot::ofObject(dictionary);
+        Slot array;
+        method.invoke(method.function, &receiver, &array);
+        return Owned<Object>(array.object);
     }
 
     void writeVariant(Object* variant) {
@@ -83,7 +107,7 @@ private:
         }
         const Type& type = elementType(array);
         const HostInteger count = HostInteger{upperBound(array)} + 1;
-        inArray_ = true;
+        inside_ = true;
         const bool lines = count > 0 && (type.kind == Kind::object || type.kind == Kind::color);
         if (lines) output_ << nameOf(type.arrayOf()) << " with " << counted(count);
         if (!lines) output_ << '(';
@@ -101,7 +125,7 @@ private:
 
     std::ostream& output_;
     const ColorDepth depth_;
-    bool inArray_ = false;
+    bool inside_ = false;
 };
 
 } // namespace
