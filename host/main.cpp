@@ -210,6 +210,7 @@ private:
         Word word = {name, option.get_description(), {}, takesValue, name};
         if (isNamed && takesValue) word.form += " " + option.get_type_name();
         if (name == "--without") word.values = host::entryNames();
+        if (name == "--only") word.values = checkNames();
         if (name == "--format") word.values = {"svg", "png", "text"};
         return word;
     }

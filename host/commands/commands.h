@@ -65,6 +65,7 @@ struct ValidateOptions {
 };
 // Holds a plugin against the contract; a failure when it breaks a promise.
 int validate(const Start& start, const ValidateOptions& options);
+std::vector<std::string> checkNames();
 
 // An editor's grammar of the language, in the form of TextMate.
 int grammar(const Start& start);

@@ -2,6 +2,7 @@
 
 #include "model/plugin.h"
 #include "text/json.h"
+#include "text/nearest_name.h"
 #include "validator/validator.h"
 
 #include <nlohmann/json.hpp>
@@ -19,13 +20,22 @@ namespace {
 using validator::Check;
 using Json = nlohmann::ordered_json;
 
+std::string suggestion(const std::string& name) {
+    NearestName nearest(name);
+    for (const Check& check : validator::checks())
+        nearest.offer(check.name);
+    return nearest.suggestion();
+}
+
 std::vector<const Check*> chosen(const std::vector<std::string>& names) {
     std::vector<const Check*> found;
     for (const Check& check : validator::checks())
         if (names.empty() || std::count(names.begin(), names.end(), check.name) > 0) found.push_back(&check);
     for (const std::string& name : names) {
-        if (std::none_of(found.begin(), found.end(), [&](const Check* check) { return name == check->name; }))
-            throw std::invalid_argument("there is no check \"" + name + "\" (validate --list tells them)");
+        if (std::none_of(found.begin(), found.end(), [&](const Check* check) { return name == check->name; })) {
+            throw std::invalid_argument("there is no check \"" + name + "\"" + suggestion(name) +
+                                        " (validate --list tells them)");
+        }
     }
     return found;
 }
@@ -71,6 +81,13 @@ Json linesOf(const std::string& text) {
 }
 
 } // namespace
+
+std::vector<std::string> checkNames() {
+    std::vector<std::string> names;
+    for (const Check& check : validator::checks())
+        names.push_back(check.name);
+    return names;
+}
 
 int validate(const Start& start, const ValidateOptions& options) {
     const std::vector<const Check*> checks = chosen(options.only);
