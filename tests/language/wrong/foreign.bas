@@ -50,6 +50,7 @@ Dim p As Probe = @null
 @Pritn 3
 @Sbu
 @EndIf
+Print @UCase("a")
 '! there is no type 'Long'; whole numbers are 'Integer'
 '! there is no variable 'null'; no object is 'Nil'
 '! there is no function or array 'MsgBox'; 'Print' writes a line
@@ -58,4 +59,5 @@ Dim p As Probe = @null
 '! there is no function or array 'Pritn', did you mean 'Print'?
 '! there is no variable 'Sbu', did you mean 'Sub'?
 '! there is no variable 'EndIf'; write 'End If'
+'! there is no function or array 'UCase'; it is called 'Uppercase'
 
