@@ -197,12 +197,25 @@ std::string recordsAreWhole(const Trial& trial) {
             check(head.sharedProperties, head.sharedPropertyCount, "shared properties");
             check(head.sharedMethods, head.sharedMethodCount, "shared methods");
             for (std::size_t i = 0; i < view.propertyCount(); ++i) {
-                const REALpropertyLegacy& property = view.property(i);
-                const bool isPlain = std::all_of(std::begin(property.further), std::end(property.further),
-                                                 [](REALword word) { return word == 0; });
-                if (property.group || !isPlain)
-                    complaints.add(info->name() + ": property " + std::to_string(i) + " has words that are to be 0");
+                if (view.property(i).group)
+                    complaints.add(info->name() + ": property " + std::to_string(i) + " has a group");
             }
+            const auto checkFurther = [&](const auto* rows, std::size_t count, const char* what) {
+                for (std::size_t i = 0; i < count; ++i) {
+                    const auto& words = rows[i].further;
+                    if (std::any_of(std::begin(words), std::end(words), [](REALword word) { return word != 0; }))
+                        complaints.add(info->name() + ": " + what + " " + std::to_string(i) + " has words that are to be 0");
+                }
+            };
+            if (view.isLegacy()) {
+                checkFurther(head.properties, view.propertyCount(), "property");
+                continue;
+            }
+            const REALclassDefinition& record = *info->record();
+            checkFurther(record.properties, view.propertyCount(), "property");
+            checkFurther(record.methods, view.methodCount(), "method");
+            checkFurther(record.constants, view.constantCount(), "constant");
+            checkFurther(record.sharedMethods, view.sharedMethodCount(), "shared method");
         }
         return complaints.text();
     });

@@ -123,11 +123,12 @@ EXPORTED void REALPluginMain(REALresolver resolver) {
     record.sharedMethods = sharedMethods;
     record.sharedMethodCount = 1;
     if (has("records-whole.count")) record.constantCount = 3;
-    if (has("records-whole.zero")) {
+    if (has("records-whole.group")) {
         static REALproperty property = {"Group", "Field", "Integer", 6, REALstandardAccessor, REALstandardAccessor, 0, {}};
         record.properties = &property;
         record.propertyCount = 1;
     }
+    if (has("records-whole.further")) sharedMethods[0].further[1] = 1;
     if (announce) announce(10);
     if (announce && has("announces-once")) announce(10);
     if (add) add(&record);
