@@ -67,11 +67,20 @@ Pair* find(Object* dictionary, Object* key) {
     return found == pairsOf(dictionary).byKey.end() ? nullptr : &found->second->second;
 }
 
-void raiseMissing() { raise("KeyNotFoundException", "The dictionary has no such key."); }
+void raiseMissing(Object* key) {
+    constexpr std::size_t maxShown = 40;
+    std::string shown;
+    if (const std::optional<Key> missing = keyOf(key)) {
+        if (const auto* const text = std::get_if<std::string>(&*missing); text && text->size() <= maxShown)
+            shown = '"' + *text + '"';
+        if (typeInVariant(key).is(Kind::integer)) shown = std::to_string(std::get<HostInteger>(*missing));
+    }
+    raise("KeyNotFoundException", "The dictionary has " + (shown.empty() ? "no such key." : "no key " + shown + "."));
+}
 
 Object* value(Object* dictionary, Object* key) {
     if (const Pair* const entry = find(dictionary, key)) return Owned<Object>(entry->value).release();
-    raiseMissing();
+    raiseMissing(key);
     return nullptr;
 }
 
@@ -99,7 +108,7 @@ void removeKey(Object* dictionary, Object* key) {
     const std::optional<Key> wanted = keyOf(key);
     Pairs& pairs = pairsOf(dictionary);
     const auto found = wanted ? pairs.byKey.find(*wanted) : pairs.byKey.end();
-    if (found == pairs.byKey.end()) return raiseMissing();
+    if (found == pairs.byKey.end()) return raiseMissing(key);
     const Pair old = std::move(found->second->second);
     pairs.inOrder.erase(found->second);
     pairs.byKey.erase(found);

@@ -158,7 +158,13 @@ syntax::If StatementParser::ifStatement(Offset offset) {
 
 syntax::Select StatementParser::select(Offset offset) {
     const Opening opening{offset, "Select", "End Select", Keyword::end, Keyword::select};
-    tokens_.expect(Keyword::caseBranch, "'Case'");
+    if (!tokens_.accept(Keyword::caseBranch)) {
+        try {
+            tokens_.failExpected("'Case'");
+        } catch (const SyntaxError& error) {
+            report(error);
+        }
+    }
     syntax::Select form{condition(), {}};
     const Offset behind = tokens_.peek().offset;
     if (!part(opening).empty()) report({behind, "a statement in front of the first Case is never reached"});
@@ -211,12 +217,7 @@ syntax::Try StatementParser::tryBlock(Offset offset) {
     syntax::Try form;
     form.block = part(opening);
     while (tokens_.accept(Keyword::catchBlock)) {
-        syntax::Try::Catch handler;
-        if (!tokens_.atStatementEnd()) {
-            handler.variable = name("a variable's name or the end of the line");
-            tokens_.expect(Keyword::as, "'As'");
-            handler.className = name("a class");
-        }
+        syntax::Try::Catch handler = catchHead();
         handler.block = part(opening);
         form.catches.push_back(std::move(handler));
     }
@@ -224,6 +225,22 @@ syntax::Try StatementParser::tryBlock(Offset offset) {
     if (form.catches.empty() && !form.finally && closes(opening)) tokens_.failExpected("'Catch' or 'Finally'");
     close(opening);
     return form;
+}
+
+// After an error the variable is one of any exception, so that its uses are no errors of their own.
+syntax::Try::Catch StatementParser::catchHead() {
+    syntax::Try::Catch handler;
+    if (tokens_.atStatementEnd()) return handler;
+    try {
+        handler.variable = name("a variable's name or the end of the line");
+        handler.className = Name{handler.variable->offset, "RuntimeException"};
+        tokens_.expect(Keyword::as, "'As' and a class of exceptions");
+        handler.className = name("a class");
+    } catch (const SyntaxError& error) {
+        report(error);
+        tokens_.skipLine();
+    }
+    return handler;
 }
 
 // ---- Loops

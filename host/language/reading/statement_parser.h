@@ -58,6 +58,7 @@ private:
     std::vector<syntax::CaseTest> caseTests();
     syntax::CaseTest caseTest();
     syntax::Try tryBlock(Offset offset);
+    syntax::Try::Catch catchHead();
     syntax::Statement forLoop(Offset offset);
     syntax::LoopVariable loopVariable();
     void closeLoop(const Opening& opening, const syntax::Name& variable);

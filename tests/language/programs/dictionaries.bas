@@ -14,11 +14,11 @@ For Each key As Variant In d
   Print key '> red | 1 | probe 1 | Nil | 0.30000000000000004
 Next
 Print d.Keys.Count, d.Values.Count '> 5 5
-For Each missing As Variant In Array("x", #000000, True)
+For Each missing As Variant In Array("x", 12, #000000, True)
   Try
     Print d.Value(missing)
   Catch e As KeyNotFoundException
-    Print e.Message '> The dictionary has no such key. | The dictionary has no such key. | The dictionary has no such key.
+    Print e.Message '> The dictionary has no key "x". | The dictionary has no key 12. | The dictionary has no such key. | The dictionary has no such key.
   End Try
 Next
 Try

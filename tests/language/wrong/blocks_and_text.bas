@@ -39,6 +39,17 @@ End If
 @End If
 '! 'End' closes no block
 
+Try
+  Select @1
+  Case 1
+    Print 2
+  End Select
+Catch e@
+  Print e.Message
+End Try
+'! 'Case' is expected here, not '1'
+'! 'As' and a class of exceptions is expected here, not the end of the line
+
 While False
 @Else
 Wend
