@@ -135,7 +135,7 @@ ActionPtr StatementChecker::form(const syntax::ForEach& loop, Offset offset) {
             diagnostics_.add(loop.variable.name.offset,
                              "the elements are of type " + nameOf(elementType) + ", but the variable is a " + nameOf(type));
         }
-        if (expressions_.losesFraction(elementType, type)) expressions_.warnOfLostFraction(loop.variable.name.offset);
+        expressions_.warnOfLostFraction({elementType, nullptr}, type, loop.variable.name.offset);
         CodePtr element = readElement(readVariable(held, array.type), readVariable(index, Type::plain(Kind::integer)),
                                       elementType, offset);
         CodePtr converted = language::converted(std::move(element), elementType, type, offset);

@@ -36,10 +36,21 @@ std::vector<Argument> described(const std::vector<Operand>& operands) {
     return arguments;
 }
 
-// Whether making an object of the class from the value gives a colour that nobody sees, whatever the value was taken from.
+// Whether a new object of the class is a colour that nobody sees, whatever colour the value is of.
 bool isInvisible(const ClassInfo& info, const Operand& value) {
     const Property* const property = value.property();
     return property && property->owner == &info && info.name() == "NSColorZRX" && property->name == "colorValue";
+}
+
+// Whether the function of the language gives a whole number, of these arguments.
+bool givesWhole(std::string_view function, const std::vector<Operand>& arguments) {
+    for (const char* const name : {"Floor", "Round", "Ceil"})
+        if (function == name) return true;
+    for (const char* const name : {"Abs", "Min", "Max"}) {
+        if (function == name)
+            return std::all_of(arguments.begin(), arguments.end(), [](const Operand& each) { return each.isWhole(); });
+    }
+    return false;
 }
 
 [[noreturn]] void failUnknownMember(const ClassInfo& info, const Name& name) {
@@ -133,7 +144,7 @@ Operand ExpressionChecker::newArray(const Arguments& elements, const std::option
     if (common.kind == Kind::nothing || common.isNil()) common = Type::plain(Kind::variant);
     std::vector<CodePtr> codes;
     for (std::size_t i = 0; i < values.size(); ++i) {
-        warnOfLostFraction(*elements[i], values[i].type, common);
+        warnOfLostFraction(values[i], common, elements[i]->offset);
         codes.push_back(convert(std::move(values[i].code), values[i].type, common, elements[i]->offset));
     }
     return Operand::result(common.arrayOf(), makeArrayOf(common, std::move(codes)));
@@ -206,7 +217,7 @@ Operand ExpressionChecker::member(const syntax::Member& member, const Arguments*
 
 Operand ExpressionChecker::sharedMember(ClassInfo& info, const Name& name, const Arguments* arguments) {
     if (const Constant* const constant = info.findConstant(name.text); constant && !arguments)
-        return Operand::computed(constant->value.type(), literalCode(constant->value));
+        return literalOperand(constant->value);
     const OverloadSet overloads = info.findSharedMethods(name.text);
     if (overloads.empty()) {
         if (info.findConstant(name.text))
@@ -362,8 +373,9 @@ Operand ExpressionChecker::callOne(const std::string& what, const OverloadSet& o
     if (!resolution.method) failCheck(offset, resolution.error);
     const Method& method = *resolution.method;
     needsPool_ = needsPool_ || mayAutorelease(method.owner);
+    const bool whole = !method.owner && givesWhole(method.signature.name, values);
     std::vector<ArgumentCode> bound = bind(resolution, std::move(values), offset);
-    return Operand::call(method, std::move(receiver), std::move(bound), offset);
+    return Operand::call(method, std::move(receiver), std::move(bound), offset).markedWhole(whole);
 }
 
 std::vector<ArgumentCode> ExpressionChecker::bind(const Resolution& resolution, Operands operands, Offset offset) {

@@ -6,6 +6,7 @@
 
 #include "model/strings.h"
 
+#include <cmath>
 #include <ostream>
 
 namespace host::language {
@@ -13,6 +14,11 @@ namespace host::language {
 CodePtr literalCode(const Literal& literal) {
     if (const auto* const text = std::get_if<std::string>(&literal.value)) return stringConstant(*text);
     return constant(literal.newSlot());
+}
+
+Operand literalOperand(const Literal& literal) {
+    const auto* const real = std::get_if<double>(&literal.value);
+    return Operand::computed(literal.type(), literalCode(literal)).markedWhole(real && *real == std::trunc(*real));
 }
 
 bool ExpressionChecker::takeNeedsPool() { return std::exchange(needsPool_, false); }
@@ -25,14 +31,15 @@ Value ExpressionChecker::value(const syntax::Expression& expression) {
     Operand found = operand(expression);
     if (found.type().kind == Kind::nothing) failCheck(expression.offset, "this call gives no value");
     Type type = found.type();
-    return {std::move(type), read(std::move(found), expression.offset)};
+    const bool whole = found.isWhole();
+    return {std::move(type), read(std::move(found), expression.offset), whole};
 }
 
 CodePtr ExpressionChecker::valueAs(const syntax::Expression& expression, const Type& type) {
     if (type.isArray && makesArray(expression))
         return newArray(std::get<syntax::Call>(expression.form).arguments, type.element()).read();
     Value found = value(expression);
-    warnOfLostFraction(expression, found.type, type);
+    warnOfLostFraction(found, type, expression.offset);
     return convert(std::move(found.code), found.type, type, expression.offset);
 }
 
@@ -52,15 +59,18 @@ CodePtr ExpressionChecker::convert(CodePtr code, const Type& from, const Type& t
     return converted(std::move(code), from, to, offset, purpose);
 }
 
-Operand ExpressionChecker::form(const Literal& literal, Offset) {
-    return Operand::computed(literal.type(), literalCode(literal));
+void ExpressionChecker::warnOfLostFraction(const Value& value, const Type& type, Offset offset) {
+    if (value.type.is(Kind::real) && type.is(Kind::integer) && !value.whole)
+        diagnostics_.warn(offset, "this Double loses its fraction here; Floor(), Round() or Integer() says that it shall");
 }
+
+Operand ExpressionChecker::form(const Literal& literal, Offset) { return literalOperand(literal); }
 
 Operand ExpressionChecker::form(const syntax::Identifier& identifier, Offset offset) {
     if (const Variable* const variable = scopes_.find(identifier.name)) {
         scopes_.use(*variable);
         if (variable->type.kind == Kind::nothing) throw CheckError{offset, {}};
-        if (variable->constant) return Operand::computed(variable->type, literalCode(*variable->constant));
+        if (variable->constant) return literalOperand(*variable->constant);
         return Operand::variable(*variable);
     }
     if (registry().find(identifier.name))
@@ -80,10 +90,11 @@ Operand ExpressionChecker::form(const syntax::Conditional& form, Offset offset) 
     Value yes = value(*form.yes);
     Value no = value(*form.no);
     const Type type = united(yes.type, no.type);
+    const bool whole = yes.whole && no.whole;
     CodePtr one = convert(std::move(yes.code), yes.type, type, form.yes->offset);
     CodePtr other = convert(std::move(no.code), no.type, type, form.no->offset);
     if (type.isNil()) failCheck(offset, "both values are Nil");
-    return Operand::computed(type, choice(std::move(condition), std::move(one), std::move(other)));
+    return Operand::computed(type, choice(std::move(condition), std::move(one), std::move(other))).markedWhole(whole);
 }
 
 // ---- Constants
@@ -110,7 +121,7 @@ Literal ExpressionChecker::constantValue(const syntax::Expression& expression, c
     const Type type = wanted ? *wanted : found.type;
     const bool simple = type.isNumber() || type.is(Kind::boolean) || type.is(Kind::string);
     if (!simple) failCheck(expression.offset, "a constant cannot be of type " + nameOf(type));
-    warnOfLostFraction(expression, found.type, type);
+    warnOfLostFraction(found, type, expression.offset);
     const CodePtr code = convert(std::move(found.code), found.type, type, expression.offset);
     std::ostream nowhere(nullptr);
     Execution execution{nowhere};

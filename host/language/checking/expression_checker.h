@@ -46,14 +46,8 @@ public:
     // The comparison of a value with that of an expression.
     CodePtr comparison(syntax::Operator operation, Value left, const syntax::Expression& right);
 
-    // Whether a number is whole by how it is made: an Integer, the result of Floor, a sum of whole numbers.
-    bool hasNoFraction(const syntax::Expression& expression);
-
-    // Warns when the value of the expression, of type `from`, may lose a fraction where one of type `to` is needed. The
-    // second is for whoever knows that it does.
-    void warnOfLostFraction(const syntax::Expression& expression, const Type& from, const Type& to);
-    void warnOfLostFraction(Offset offset);
-    static bool losesFraction(const Type& from, const Type& to) { return from.is(Kind::real) && to.is(Kind::integer); }
+    // Warns when the value may lose a fraction where one of the type is needed.
+    void warnOfLostFraction(const Value& value, const Type& type, Offset offset);
 
     // Code that does not come from here calls functions that may autorelease.
     void requirePool() { needsPool_ = true; }
@@ -123,5 +117,6 @@ Type united(const Type& a, const Type& b);
 
 // The value of a declared constant or default.
 CodePtr literalCode(const Literal& literal);
+Operand literalOperand(const Literal& literal);
 
 } // namespace host::language

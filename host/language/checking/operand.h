@@ -13,6 +13,7 @@ namespace host::language {
 struct Value {
     Type type;
     CodePtr code;
+    bool whole = false; // a number without a fraction by how it is made
 };
 
 class Operand {
@@ -25,6 +26,12 @@ public:
     static Operand property(const Property& property, CodePtr object, Offset offset);
 
     const Type& type() const { return type_; }
+    // Whether a number has no fraction by how it is made: an Integer, the result of Floor, a sum of whole numbers.
+    bool isWhole() const { return whole_ || !type_.is(Kind::real); }
+    Operand markedWhole(bool whole) && {
+        whole_ = whole;
+        return std::move(*this);
+    }
     // Whether it makes a statement of its own.
     bool hasEffect() const { return std::holds_alternative<Result>(form_) || std::holds_alternative<Call>(form_); }
     // Null unless it is a property.
@@ -72,6 +79,7 @@ private:
 
     Type type_;
     Form form_;
+    bool whole_ = false;
 };
 
 } // namespace host::language

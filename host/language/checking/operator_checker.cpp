@@ -44,7 +44,9 @@ Operand ExpressionChecker::form(const syntax::Unary& unary, Offset offset) {
         }
     } else if (operand.type.isNumber()) {
         const Kind kind = whole ? Kind::integer : Kind::real;
-        return Operand::computed(Type::plain(kind), negated(kind, number(std::move(operand), kind)));
+        const bool isWholeNumber = operand.whole;
+        return Operand::computed(Type::plain(kind), negated(kind, number(std::move(operand), kind)))
+            .markedWhole(isWholeNumber);
     }
     failCheck(offset, "'" + symbolOf(unary.operation) + "' cannot be applied to " + nameOf(operand.type));
 }
@@ -104,10 +106,12 @@ Operand ExpressionChecker::arithmetic(Operator operation, Value left, Value righ
     const bool realResult = operation == Operator::divide || operation == Operator::power;
     const bool wholeOperands = isWhole(left.type) && isWhole(right.type);
     const Kind kind = wholeResult || (wholeOperands && !realResult) ? Kind::integer : Kind::real;
+    const bool staysWhole = operation != Operator::divide && left.whole && right.whole;
     CodePtr first = number(std::move(left), kind);
     CodePtr second = number(std::move(right), kind);
     return Operand::computed(Type::plain(kind),
-                             language::arithmetic(operation, kind, std::move(first), std::move(second), offset));
+                             language::arithmetic(operation, kind, std::move(first), std::move(second), offset))
+        .markedWhole(staysWhole);
 }
 
 Operand ExpressionChecker::comparison(Operator operation, Value left, Value right, Offset offset) {

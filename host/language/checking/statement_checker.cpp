@@ -141,13 +141,12 @@ ActionPtr StatementChecker::changed(const syntax::Assignment& form, Operand targ
         const Property* const property = target.property();
         if (!now || (property && !property->getter)) failCheck(place, "this cannot be changed in place: write it out");
         const Type type = target.type();
-        Operand result = expressions_.binary(*form.operation, {type, now->read()}, *form.value, form.value->offset);
+        Operand result =
+            expressions_.binary(*form.operation, {type, now->read(), now->isWhole()}, *form.value, form.value->offset);
         const Type resultType = result.type();
         if (!conversionTo(type, resultType, Purpose::assignment))
             failCheck(place, "this is of type " + nameOf(type) + ", but the new value of type " + nameOf(resultType));
-        const bool divides = *form.operation == syntax::Operator::divide;
-        if (expressions_.losesFraction(resultType, type) && (divides || !expressions_.hasNoFraction(*form.value)))
-            expressions_.warnOfLostFraction(place);
+        expressions_.warnOfLostFraction({resultType, nullptr, result.isWhole()}, type, place);
         actions.push_back(target.assign(converted(result.read(), resultType, type, offset)));
         return asStep(sequence(std::move(actions)), offset);
     });

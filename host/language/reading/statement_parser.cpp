@@ -55,7 +55,7 @@ Statement StatementParser::statementOrBroken() {
         return read;
     } catch (const SyntaxError& error) {
         openings_.resize(openings, Opening());
-        const std::string misspelt = misspeltKeyword(start);
+        const std::string misspelt = error.fatal ? std::string() : misspeltKeyword(start);
         return {start, broken(misspelt.empty() ? error : SyntaxError{start, misspelt}, start)};
     }
 }
