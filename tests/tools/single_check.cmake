@@ -1,0 +1,23 @@
+# Each file of the host compiles alone too, as it does for whoever does not join files: one that joined ones include before it may
+# hide what it forgets. Nothing is made but what the files' commands are read from, in FOLDER.
+cmake_policy(VERSION 3.25)
+execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE} -B ${FOLDER} -G Ninja -DCHROMA_TESTS=OFF -DCMAKE_BUILD_TYPE=None
+                OUTPUT_QUIET ERROR_VARIABLE errors RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${errors}")
+endif()
+file(READ ${FOLDER}/compile_commands.json commands)
+string(JSON count LENGTH "${commands}")
+math(EXPR last "${count} - 1")
+foreach(i RANGE ${last})
+    string(JSON command GET "${commands}" ${i} command)
+    if(command MATCHES " -o host/")
+        string(APPEND list "cd '${FOLDER}' && ${command} -fsyntax-only || exit 255\n")
+    endif()
+endforeach()
+file(WRITE ${FOLDER}/commands "${list}")
+cmake_host_system_information(RESULT cores QUERY NUMBER_OF_LOGICAL_CORES)
+execute_process(COMMAND xargs -d "\\n" -n 1 -P ${cores} -a ${FOLDER}/commands sh -c ERROR_VARIABLE errors RESULT_VARIABLE result)
+if(NOT list OR NOT result EQUAL 0)
+    message(FATAL_ERROR "${errors}")
+endif()
