@@ -53,6 +53,8 @@ TEST(Errors, ACheckReportsAllOfThemAndRunsNothing) {
         return errors.str();
     };
     EXPECT_NE(check(repeated("Print x\n", 5000), 1).find("there are more errors\n"), std::string::npos);
+    EXPECT_NE(check(repeated("If True Then Dim unused As Integer\n", 1500), 0).find("there are more warnings\n"),
+              std::string::npos);
     EXPECT_EQ(check("While True\nWend", 0), "");
 }
 

@@ -10,7 +10,7 @@ void Diagnostics::add(Diagnostic diagnostic) {
     const bool isError = diagnostic.level == Level::error;
     const std::size_t known = isError ? errors_ : list_.size() - errors_;
     if (known >= limit_) {
-        dropped_ = dropped_ || isError;
+        (isError ? droppedErrors_ : droppedWarnings_) = true;
         return;
     }
     errors_ += isError ? 1 : 0;
@@ -34,7 +34,8 @@ std::string Diagnostics::report(const Source& source) const {
     std::string report;
     for (const Diagnostic& diagnostic : inOrder())
         report += source.report(diagnostic.offset, std::string(nameOf(diagnostic.level)) + ": " + diagnostic.message);
-    if (dropped_) report += source.name() + ": error: there are more errors\n";
+    if (droppedErrors_) report += source.name() + ": error: there are more errors\n";
+    if (droppedWarnings_) report += source.name() + ": warning: there are more warnings\n";
     return report;
 }
 

@@ -33,7 +33,8 @@ struct CheckError {
 
 [[noreturn]] inline void failCheck(Offset offset, std::string message) { throw CheckError{offset, std::move(message)}; }
 
-// The errors and warnings of one program. Beyond a limit, for each of the two, further ones are dropped.
+// The errors and warnings of one program. Beyond a limit, for each of the two, further ones are dropped, which the report
+// tells.
 class Diagnostics {
 public:
     explicit Diagnostics(std::size_t limit) : limit_(limit) {}
@@ -44,7 +45,7 @@ public:
     void warn(Offset offset, std::string message);
 
     bool haveErrors() const { return errors_ > 0; }
-    bool full() const { return dropped_; } // of errors
+    bool full() const { return droppedErrors_; } // of errors
 
     std::vector<Diagnostic> inOrder() const; // of the program's text
 
@@ -56,7 +57,7 @@ private:
 
     std::size_t limit_;
     std::size_t errors_ = 0;
-    bool dropped_ = false;
+    bool droppedErrors_ = false, droppedWarnings_ = false;
     std::vector<Diagnostic> list_;
 };
 
