@@ -8,6 +8,7 @@
 #include "bridge/strings.h"
 #include "runtime/host_entries.h"
 
+#include <exception>
 #include <new>
 #include <stdexcept>
 #include <typeinfo>
@@ -367,7 +368,12 @@ TEST_F(Errors, InCppAreTranslated) {
     host.before["REALBuildString"] = [=] { return throwNative(object), false; };
     auto fromGuarded = [&] { guarded(build); };
     EXPECT_EQ(catchNative(fromGuarded), object);
-    host.before.clear();
+
+    // A host that throws while one is told leaves no handler by a jump.
+    host.before = {{"RuntimeRaiseException", [&] { return host.before.clear(), throwNative(object), false; }}};
+    auto telling = [] { translated([] { throw std::out_of_range("told"); }); };
+    EXPECT_EQ(catchNative(telling), object);
+    EXPECT_EQ(std::current_exception(), nullptr);
 }
 
 TEST_F(Errors, OfThePlatformTellNameAndReasonUnlessTheSiblingTellsThem) {
