@@ -370,10 +370,11 @@ TEST_F(Errors, InCppAreTranslated) {
     EXPECT_EQ(catchNative(fromGuarded), object);
 
     // A host that throws while one is told leaves no handler by a jump.
-    host.before = {{"RuntimeRaiseException", [&] { return host.before.clear(), throwNative(object), false; }}};
+    host.before = {{"RuntimeRaiseException", [=] { return throwNative(object), false; }}};
     auto telling = [] { translated([] { throw std::out_of_range("told"); }); };
     EXPECT_EQ(catchNative(telling), object);
     EXPECT_EQ(std::current_exception(), nullptr);
+    host.before.clear();
 }
 
 TEST_F(Errors, OfThePlatformTellNameAndReasonUnlessTheSiblingTellsThem) {
