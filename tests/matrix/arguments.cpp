@@ -9,6 +9,7 @@
 #include "platform/selectors.h"
 #include "runtime/host_values.h"
 #include "runtime/native_object.h"
+#include "validator/forms.h"
 
 #include <algorithm>
 #include <cstring>
@@ -81,30 +82,24 @@ std::vector<Form> each(const Rows& rows, Make makeOne) {
     return forms;
 }
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr HostInteger highest = std::numeric_limits<HostInteger>::max(), lowest = std::numeric_limits<HostInteger>::min();
-const double doubles[] = {0.5, std::numeric_limits<double>::quiet_NaN(), infinity, -infinity, 1e308, -1.5, 0};
 constexpr HostInteger integers[] = {1, 0, -1, highest, lowest, 0x7FFFFFFF};
-constexpr HostColor colors[] = {0xFF804020, 0, 0xFFFFFFFF};
 
-// What names, keys and paths are, and what nothing is.
-const std::pair<std::string, host::Encoding> texts[] = {
-    {"System", host::encoding::utf8},
-    {"key", host::encoding::ascii},
-    {"list.clr", host::encoding::isoLatin1},
-    {"NSDeviceRGBColorSpace", host::encoding::utf8},
-    {"", host::encoding::utf8},
-    {std::string(700, 'x'), host::encoding::utf8},
-    {"\xFF\xFE\xFD", host::encoding::utf8},
-    {"\x8A\x9F", host::encoding::unknown},
-    {std::string(301, 'y'), host::encoding::utf16},
-    {"a", 0x12345678},
+// What each parameter is meant for, what the others are, and what nothing is.
+const std::map<std::string, std::pair<const char*, host::Encoding>> names = {
+    {"name", {"System", host::encoding::utf8}},
+    {"key", {"key", host::encoding::ascii}},
+    {"path", {"list.clr", host::encoding::isoLatin1}},
+    {"colorSpace", {"NSDeviceRGBColorSpace", host::encoding::utf8}},
 };
-const std::map<std::string, int> ordinaryTexts = {{"name", 0}, {"key", 1}, {"path", 2}, {"colorSpace", 3}};
 
-std::vector<Form> textForms(const std::string& parameter) {
-    auto forms = each(texts, [](const auto& row) { return Slot::ofString(host::newString(row.first, row.second)); });
-    std::swap(forms[0], forms[static_cast<std::size_t>(ordinaryTexts.at(parameter))]);
+std::vector<Form> textForms(const host::Parameter& parameter) {
+    const auto newText = [](const auto& row) {
+        return Slot::ofString(host::newString(row.second.first, row.second.second));
+    };
+    std::vector<Form> forms = each(names, newText), others = host::validator::declaredForms.ofArgument(parameter);
+    std::iter_swap(forms.begin(), std::next(forms.begin(), std::distance(names.begin(), names.find(parameter.name))));
+    forms.insert(forms.end(), others.begin(), others.end());
     return forms;
 }
 
@@ -170,9 +165,9 @@ std::vector<Form> formsOf(const host::Parameter& parameter) {
     if (parameter.type.isArray) return arrayForms();
     const auto handle = handles.find(parameter.name);
     switch (parameter.type.kind) {
-    case Kind::real: return each(doubles, Slot::ofReal);
-    case Kind::color: return each(colors, Slot::ofColor);
-    case Kind::string: return textForms(parameter.name);
+    case Kind::real:
+    case Kind::color: return host::validator::declaredForms.ofArgument(parameter);
+    case Kind::string: return textForms(parameter);
     case Kind::object: return objectForms(parameter.type.className);
     case Kind::variant: return imageForms();
     default: break;
