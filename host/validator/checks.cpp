@@ -286,8 +286,27 @@ std::string survivesMissingEntries(const Trial& trial) {
     return complaints.text();
 }
 
-// With the fault at the first call of the host, at the second, and so on until there is none.
+// The start with the fault at the n-th call of the host; whether it struck.
+bool startWith(const Trial& trial, Plan plan) {
+    startHost();
+    const REALPluginMainProc entryPoint = openPlugin(trial.plugin);
+    step("REALPluginMain");
+    arm(plan);
+    try {
+        entryPoint(heardEntry);
+    } catch (const std::exception&) { // the host's own
+    }
+    return disarm().struck;
+}
+
+// With the fault at the first call of the host, at the second, and so on until there is none: while the plugin starts, each
+// time in a process of its own, and in each call.
 std::string survivesFault(const Trial& trial, Fault fault) {
+    const std::string struck = "struck";
+    std::string answer = struck;
+    for (Plan plan{fault, 1}; answer == struck; ++plan.at)
+        answer = inChild([&] { return startWith(trial, plan) ? struck : std::string(); });
+    if (!answer.empty()) return answer;
     return inChild([&] {
         Complaints complaints;
         const bool isTheHosts = fault != Fault::hostAnswersNull; // an exception of its own may come back to it

@@ -1,5 +1,5 @@
-// The entry points of a host, each behind a function of the same type, so that a test hears of every call and may answer, or
-// throw, in the host's place.
+// The entry points of a host, each behind a function of the same type, so that a listener hears of every call and may
+// answer, or throw, in the host's place.
 #pragma once
 
 #include "chromabridge/host_abi.h"

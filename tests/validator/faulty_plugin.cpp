@@ -131,5 +131,8 @@ EXPORTED void REALPluginMain(REALresolver resolver) {
     if (has("records-whole.further")) sharedMethods[0].further[1] = 1;
     if (announce) announce(10);
     if (announce && has("announces-once")) announce(10);
-    if (add) add(&record);
+    const auto addAll = [&]() noexcept(has("host-exceptions.start")) {
+        if (add) add(&record);
+    };
+    addAll();
 }
