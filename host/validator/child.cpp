@@ -38,6 +38,7 @@ std::string newFolder() {
 
 [[noreturn]] void runChild(const std::string& folder, const std::function<std::string()>& body) {
     setenv("HOME", folder.c_str(), 1);
+    unsetenv("XDG_DATA_HOME");
     if (chdir(folder.c_str()) != 0) _exit(1);
     dup2(STDERR_FILENO, STDOUT_FILENO); // the output is the report's
     alarm(secondsToEnd);
