@@ -68,10 +68,7 @@ Stored utf8(const std::string& text) { return {text, foreign::kUTF8}; }
 
 class Strings : public PluginTest {
 protected:
-    void SetUp() override {
-        PluginTest::SetUp();
-        start();
-    }
+    Strings() { start(); }
 };
 
 TEST_F(Strings, FromTheHostAreReadInTheirEncodingByItOrFromItsStorage) {
@@ -189,10 +186,7 @@ TEST_F(Strings, FromThePlatformKeepEveryLength) {
 
 class Data : public PluginTest, public ::testing::WithParamInterface<double> {
 protected:
-    void SetUp() override {
-        PluginTest::SetUp();
-        start(GetParam());
-    }
+    Data() { start(GetParam()); }
     static id dataOf(const std::string& bytes) {
         const Owned block(foreign::block(bytes));
         return NewNSData(block);
@@ -288,10 +282,7 @@ struct CastAnd : std::bad_cast, Base {
 
 class Errors : public PluginTest {
 protected:
-    void SetUp() override {
-        PluginTest::SetUp();
-        start();
-    }
+    Errors() { start(); }
 };
 
 TEST_F(Errors, CarryMessageAndErrorNumber) {

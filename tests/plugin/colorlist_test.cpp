@@ -26,23 +26,17 @@ struct Text {
 
 class Lists : public SiblingTest {
 protected:
-    void SetUp() override {
-        SiblingTest::SetUp();
-        list = foreign::make("NSColorListZRX");
-        path = ::testing::TempDir() + "list " + std::to_string(getpid()) + ".clr";
-    }
-    void TearDown() override {
+    ~Lists() override {
         foreign::unlock(list);
         std::remove(path.c_str());
-        SiblingTest::TearDown();
     }
     bool create(const char* listName) { return Create1(list, Text(listName)) != 0; }
     bool createFrom(const char* listName, const std::string& file) { return Create2(list, Text(listName), Text(file)) != 0; }
     bool load(const char* listName) { return Load(list, Text(listName)) != 0; }
     std::string nameOfList() { return foreign::take(name(list)); }
 
-    REALobjectStruct* list;
-    std::string path;
+    REALobjectStruct* list = foreign::make("NSColorListZRX");
+    const std::string path = ::testing::TempDir() + "list " + std::to_string(getpid()) + ".clr";
 };
 
 TEST_F(Lists, AreReadFromAnyPathIfTheyAreWhole) {
@@ -61,23 +55,25 @@ TEST_F(Lists, AreReadFromAnyPathIfTheyAreWhole) {
     EXPECT_FALSE(std::filesystem::exists(path));
 
     ASSERT_TRUE(createFrom("Read", unsuffixed));
-    EXPECT_EQ(Reference(colorWithKey(list, Text("k"))) == nullptr, platform::differs(Difference::ListFileName));
+    EXPECT_EQ(Reference(colorWithKey(list, Text("k"))) == nullptr,
+              platform::differs("`initWithName:fromFile:` with a path that does not end in .clr"));
     std::filesystem::remove_all(unsuffixed);
-    EXPECT_EQ(createFrom("Cut", cut), platform::differs(Difference::MissingListFile));
-    EXPECT_EQ(nativeObject(list) != nullptr, platform::differs(Difference::MissingListFile)); // the old list went first
+    const bool isMade = platform::differs("`initWithName:fromFile:` with a missing or malformed file");
+    EXPECT_EQ(createFrom("Cut", cut), isMade);
+    EXPECT_EQ(nativeObject(list) != nullptr, isMade); // the old list went first
     std::filesystem::remove(cut);
 }
 
 TEST_F(Lists, NeedANameAndAFileAndAreReadOnceFromTheUsersFolder) {
-    EXPECT_EQ(create(""), platform::differs(Difference::NamelessList));
-    EXPECT_EQ(createFrom("n", ""), platform::differs(Difference::ListWithoutFile));
+    EXPECT_EQ(create(""), platform::differs("`initWithName:` with nil"));
+    EXPECT_EQ(createFrom("n", ""), platform::differs("`initWithName:fromFile:` with nil for the path"));
     setenv("XDG_DATA_HOME", ::testing::TempDir().c_str(), 1);
     ASSERT_TRUE(create("Once"));
     ASSERT_TRUE(writeToFile(list, Text("")));
     const id written = native::send(native::send(nativeObject(list), "retain"), "autorelease");
     ASSERT_TRUE(load("Once"));
     const id first = nativeObject(list);
-    EXPECT_EQ(first == written, platform::differs(Difference::SavedList));
+    EXPECT_EQ(first == written, platform::differs("a list that was written to the user's folder, asked for by name"));
     ASSERT_TRUE(load("Once"));
     EXPECT_EQ(nativeObject(list), first);
     removeFile(list);
@@ -106,7 +102,7 @@ TEST_F(Lists, LoadersReplaceTheHeldListAndOnlyCreatedOnesAreRegistered) {
     EXPECT_EQ(native::retainCount(shared), retains - 1);
     native::send<void>(shared, "release");
 
-    EXPECT_EQ(load("System"), !platform::differs(Difference::SystemListAtFirst));
+    EXPECT_EQ(load("System"), !platform::differs("`colorListNamed:` \"System\" before NSColor was used"));
     foreign::unlock(color::getredColor());
     ASSERT_TRUE(load("System"));
     EXPECT_FALSE(load("No such list"));

@@ -151,15 +151,8 @@ TEST_F(Start, LegacyLayoutHoldsTheLeadingWordsOrNothingChanges) {
 
 class Objects : public PluginTest {
 protected:
-    void SetUp() override {
-        PluginTest::SetUp();
-        color = native::sendClass("NSColor", "colorWithCalibratedWhite:alpha:", CGFloat(0.5), CGFloat(1));
-        before = native::retainCount(color);
-    }
-    void TearDown() override {
-        EXPECT_EQ(native::retainCount(color), before);
-        PluginTest::TearDown();
-    }
+    ~Objects() override { EXPECT_EQ(native::retainCount(color), before); }
+
     // As loaded, with the class constructor run once, so that the registry is known where there is one.
     void startWith(bool sibling) {
         if (sibling) native::Sibling::install();
@@ -167,8 +160,8 @@ protected:
         foreign::unlock(foreign::make("NSColorZRX"));
     }
 
-    id color;
-    NSUInteger before;
+    const id color = native::sendClass("NSColor", "colorWithCalibratedWhite:alpha:", CGFloat(0.5), CGFloat(1));
+    const NSUInteger before = native::retainCount(color);
 };
 
 TEST_F(Objects, OneNativeObjectIsOneHostObjectWhileItLives) {

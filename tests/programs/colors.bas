@@ -59,7 +59,7 @@ Function Made(which As Integer) As NSColorZRX
     If which = 21 Then Return warm.blendedColorWithFraction(0.25, NSColorZRX.blueColor)
     If which = 22 Then Return warm.blendedColorWithFraction(0.5, noColor)
     If which = 23 Then Return warm.colorUsingColorSpaceName("no such space")
-    If which = 24 Then Return warm.colorUsingColorSpaceName("")
+    If which = 24 Then Return NSColorZRX.colorWithDeviceWhite(0.5, 0.75).colorUsingColorSpaceName("")
     If which = 25 Then Return warm.colorUsingColorSpace(noSpace)
     If which = 26 Then Return warm.colorWithAlphaComponent(0.1)
     Return warm
@@ -72,6 +72,8 @@ For i As Integer = 0 To 27
         Print i, Told(e)
     End Try
 Next
+Dim disabled As NSColorZRX = NSColorZRX.disabledControlTextColor
+Print disabled.alphaComponent, disabled.shadowWithLevel(0) Is disabled, disabled.shadowWithLevel(1) Is NSColorZRX.shadowColor
 Print NSColorZRX.redColor Is NSColorZRX.redColor, warm.colorSpace Is warm.colorSpace, Left(warm.description, 27)
 
 Function Rounded(ParamArray numbers As Double) As String

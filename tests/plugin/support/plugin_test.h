@@ -19,11 +19,10 @@ bool failAllocation(int n);
 class PluginTest : public ::testing::Test {
 protected:
     using Raised = foreign::Raised;
-    using Difference = platform::Difference;
 
-    void SetUp() override { pool = native::sendClass("NSAutoreleasePool", "new"); }
+    PluginTest() : pool(native::sendClass("NSAutoreleasePool", "new")) {}
 
-    void TearDown() override {
+    ~PluginTest() override {
         native::send<void>(pool, "drain");
         EXPECT_EQ(foreign::Host::liveObjects(), 0);
         EXPECT_EQ(foreign::Host::liveStrings(), 0);
@@ -75,14 +74,13 @@ protected:
     // The class of the host exceptions that the platform's become.
     const char* hostException = "RuntimeException";
     foreign::Host& host = foreign::Host::instance();
-    chroma::id pool = nullptr;
+    chroma::id pool;
 };
 
 // With a stand-in for the sibling plugin.
 class SiblingTest : public PluginTest {
 protected:
-    void SetUp() override {
-        PluginTest::SetUp();
+    SiblingTest() {
         native::Sibling::install();
         hostException = "NSExceptionZRX";
         start();
