@@ -34,14 +34,6 @@ const std::array<std::pair<std::string, Encoding>, 7> texts = {{
 
 const Form null = {[] { return Slot(); }};
 
-template <class Values, class Make>
-std::vector<Form> each(const Values& values, Make make) {
-    std::vector<Form> forms;
-    for (const auto& value : values)
-        forms.push_back({[value, make] { return make(value); }});
-    return forms;
-}
-
 Object* newEmpty(const std::string& className) {
     ClassInfo* const info = registry().find(className);
     return info ? newObject(*info) : nullptr;

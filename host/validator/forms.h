@@ -9,4 +9,13 @@ namespace host::validator {
 // without parameters hands it out, or a constructor makes it. Where neither does, it is another empty one.
 extern const Forms declaredForms;
 
+// One for each value, of which each keeps a copy.
+template <class Values, class Make>
+std::vector<Form> each(const Values& values, Make make) {
+    std::vector<Form> forms;
+    for (const auto& value : values)
+        forms.push_back({[value, make] { return make(value); }});
+    return forms;
+}
+
 } // namespace host::validator

@@ -14,7 +14,6 @@
 #include <algorithm>
 #include <cstring>
 #include <fstream>
-#include <limits>
 #include <map>
 
 namespace matrix {
@@ -22,6 +21,8 @@ namespace matrix {
 using namespace chroma;
 using host::Kind;
 using host::Slot;
+using host::validator::declaredForms;
+using host::validator::each;
 
 id testException = nullptr;
 id testObject = nullptr;
@@ -70,20 +71,10 @@ Slot newList() {
     return object;
 }
 
-Form null() {
-    return {[] { return Slot::ofObject(nullptr); }};
-}
-
-template <class Rows, class Make>
-std::vector<Form> each(const Rows& rows, Make makeOne) {
-    std::vector<Form> forms;
-    for (const auto& row : rows)
-        forms.push_back({[&row, makeOne] { return makeOne(row); }});
+std::vector<Form> joined(std::vector<Form> forms, const std::vector<Form>& others) {
+    forms.insert(forms.end(), others.begin(), others.end());
     return forms;
 }
-
-constexpr HostInteger highest = std::numeric_limits<HostInteger>::max(), lowest = std::numeric_limits<HostInteger>::min();
-constexpr HostInteger integers[] = {1, 0, -1, highest, lowest, 0x7FFFFFFF};
 
 // What each parameter is meant for, what the others are, and what nothing is.
 const std::map<std::string, std::pair<const char*, host::Encoding>> names = {
@@ -93,42 +84,32 @@ const std::map<std::string, std::pair<const char*, host::Encoding>> names = {
     {"colorSpace", {"NSDeviceRGBColorSpace", host::encoding::utf8}},
 };
 
-std::vector<Form> textForms(const host::Parameter& parameter) {
+std::vector<Form> textForms(const std::string& parameter, const std::vector<Form>& declared) {
     const auto newText = [](const auto& row) {
         return Slot::ofString(host::newString(row.second.first, row.second.second));
     };
-    std::vector<Form> forms = each(names, newText), others = host::validator::declaredForms.ofArgument(parameter);
-    std::iter_swap(forms.begin(), std::next(forms.begin(), std::distance(names.begin(), names.find(parameter.name))));
-    forms.insert(forms.end(), others.begin(), others.end());
+    std::vector<Form> forms = each(names, newText);
+    std::iter_swap(forms.begin(), std::next(forms.begin(), std::distance(names.begin(), names.find(parameter))));
+    return joined(forms, declared);
+}
+
+// A colour has alpha, at least one component, and nineteen at most: the first alone fits.
+std::vector<Form> arrayForms(std::vector<Form> forms) {
+    for (auto form = forms.begin() + 1; form != forms.end(); ++form)
+        form->refusal = "OutOfBoundsException";
     return forms;
 }
 
-// A colour has alpha and at least one component.
-std::vector<Form> arrayForms() {
-    constexpr int fewest = 2, most = 20;
-    std::vector<Form> forms = {null()};
-    for (const int count : {0, 1, most, most + 1, 300, 4}) {
-        const auto make = [count] { return Slot::ofObject(host::newArray(host::Type::plain(Kind::real), count - 1)); };
-        forms.push_back({make, count < fewest || count > most ? "OutOfBoundsException" : nullptr});
-    }
-    forms.front().refusal = "OutOfBoundsException";
-    std::swap(forms.front(), forms.back());
-    return forms;
-}
-
-// By the names of files in the working folder, "profile" of one that holds a profile; null: none.
-const char* const contents[] = {nullptr, "", "missing", "wrong", "profile"};
-
-Slot newBlock(const char* name) {
-    if (!name) return Slot::ofObject(nullptr);
-    const std::string bytes = std::strcmp(name, "profile") == 0 ? profile : name;
-    host::MemoryBlock* const block = host::newMemoryBlock(static_cast<std::int32_t>(bytes.size()));
-    std::copy(bytes.begin(), bytes.end(), host::bytesOf(block));
+Slot newProfile() {
+    host::MemoryBlock* const block = host::newMemoryBlock(static_cast<std::int32_t>(profile.size()));
+    std::copy(profile.begin(), profile.end(), host::bytesOf(block));
     return Slot::ofObject(block);
 }
 
+// In the working folder.
+const char* const files[] = {"profile", "wrong", "missing", ""};
+
 Slot newFile(const char* name) {
-    if (!name) return Slot::ofObject(nullptr);
     const Slot file = Slot::ofObject(newObject("FolderItem", nullptr)), path = Slot::ofString(host::newString(name));
     const host::Method& constructor = *file.object->info->constructors().front();
     const Slot arguments[] = {file, path};
@@ -139,41 +120,37 @@ Slot newFile(const char* name) {
 }
 
 std::vector<Form> receiversOf(const std::string& className) {
-    std::vector<Form> forms = {null(), {[className] { return Slot::ofObject(newObject(className, nullptr)); }}};
+    std::vector<Form> forms = declaredForms.ofReceiver(className);
+    forms.resize(host::validator::emptyReceiver + 1);
     if (className == "NSColorListZRX") forms.push_back({newList});
     for (const id native : natives[className])
         forms.push_back({[=] { return Slot::ofObject(newObject(className, native)); }});
     return forms;
 }
 
+// The last of the receivers first, which is the fullest.
 std::vector<Form> objectForms(const std::string& className) {
     std::vector<Form> forms = receiversOf(className);
-    if (className == "Memoryblock") forms = each(contents, newBlock);
-    if (className == "Folderitem") forms = each(contents, newFile);
     std::rotate(forms.begin(), forms.end() - 1, forms.end());
     return forms;
 }
 
-// And colours, which are none.
-std::vector<Form> imageForms() {
-    std::vector<Form> forms = objectForms("NSImageZRX"), others = receiversOf("NSColorZRX");
-    forms.insert(forms.end(), others.begin(), others.end());
-    return forms;
-}
-
 std::vector<Form> formsOf(const host::Parameter& parameter) {
-    if (parameter.type.isArray) return arrayForms();
-    const auto handle = handles.find(parameter.name);
+    std::vector<Form> declared = declaredForms.ofArgument(parameter);
+    if (parameter.type.isArray) return arrayForms(declared);
     switch (parameter.type.kind) {
-    case Kind::real:
-    case Kind::color: return host::validator::declaredForms.ofArgument(parameter);
-    case Kind::string: return textForms(parameter);
-    case Kind::object: return objectForms(parameter.type.className);
-    case Kind::variant: return imageForms();
+    case Kind::string: return textForms(parameter.name, declared);
+    case Kind::variant: return joined(objectForms("NSImageZRX"), receiversOf("NSColorZRX")); // which are no images
+    case Kind::object:
+        if (parameter.type.className == "Memoryblock") return joined({{newProfile}}, declared);
+        if (parameter.type.className == "Folderitem") return joined(each(files, newFile), declared);
+        return objectForms(parameter.type.className);
     default: break;
     }
-    if (handle == handles.end()) return each(integers, Slot::ofInteger);
-    return {{[handle] { return Slot::ofInteger(asHandle(handle->second)); }}, null()};
+    const auto handle = handles.find(parameter.name);
+    if (handle == handles.end())
+        return declaredForms.ofArgument({"index", parameter.type, false, false, {}}); // a number that is no pointer
+    return joined({{[handle] { return Slot::ofInteger(asHandle(handle->second)); }}}, declared);
 }
 
 } // namespace

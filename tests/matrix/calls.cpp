@@ -13,7 +13,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <exception>
 #include <iterator>
 
@@ -100,17 +99,19 @@ std::string told(const host::Type& type, Slot slot) {
     }
 }
 
-void tellOutcome(const Call& call, Outcome& outcome) {
+void tellOutcome(const Call& call, std::string& outcome) {
     const host::Type& type = call.function.signature.result;
     if (const host::Array* const array = type.isArray ? host::asArray(call.result.object) : nullptr) {
         for (std::int32_t i = 0; i <= host::upperBound(array); ++i)
-            outcome.add(told(type.element(), host::elementAt(array, i)));
+            outcome += told(type.element(), host::elementAt(array, i)) + '\n';
     } else if (!type.isArray) {
-        outcome.add(told(type, call.result));
+        outcome += told(type, call.result) + '\n';
     }
     for (std::size_t i = 0; i < call.function.arguments.size(); ++i)
-        if (const Slot* const output = call.arguments.output(i)) outcome.add(told(number, *output));
+        if (const Slot* const output = call.arguments.output(i)) outcome += told(number, *output) + '\n';
 }
+
+bool isNull(std::string_view outcome) { return outcome.find_first_not_of('\n') == std::string_view::npos; }
 
 std::string_view takeWord(std::string_view& words) {
     const std::string_view word = words.substr(0, words.find('\n'));
@@ -119,9 +120,8 @@ std::string_view takeWord(std::string_view& words) {
 }
 
 // Arrays are handed out as far as they were filled, outputs all or none of them.
-bool isFulfilled(const Call& call, const Outcome& outcome, const Outcome& expected) {
-    std::string_view words(outcome.words, outcome.length), expectedWords(expected.words, expected.length);
-    if (!call.function.signature.result.isArray) return outcome.isNull() || words == expectedWords;
+bool isFulfilled(const Call& call, std::string_view words, std::string_view expectedWords) {
+    if (!call.function.signature.result.isArray) return isNull(words) || words == expectedWords;
     while (!words.empty()) {
         if (expectedWords.empty()) return false;
         const std::string_view word = takeWord(words), expectedWord = takeWord(expectedWords);
@@ -145,8 +145,8 @@ const char* refusalOf(const Call& call) {
                : nullptr;
 }
 
-const char* complaintOf(const Call& call, const Outcome& outcome) {
-    const bool isArray = call.function.signature.result.isArray, isNullResult = isArray || outcome.isNull();
+const char* complaintOf(const Call& call, const std::string& outcome) {
+    const bool isArray = call.function.signature.result.isArray, isNullResult = isArray || isNull(outcome);
     const Fault fault = call.traces.struck ? call.plan.fault : Fault::none;
     const int raised = call.traces.raised;
     if (call.escaped && fault < Fault::hostThrows) return "a C++ exception left the function";
@@ -184,7 +184,8 @@ Balance balance() {
 
 Verdict callOnce(const Function& function, const Choice& choice, Plan plan, const Verdict* plain, const char*& left) {
     Verdict verdict;
-    verdict.complaint.reserve(100); // so that a complaint is no block of the call's
+    verdict.complaint.reserve(100); // so that the words are no blocks of the call's
+    verdict.outcome.reserve(100);
     const Balance before = balance();
     {
         const host::platform::AutoreleasePool pool;
@@ -208,11 +209,6 @@ Verdict callOnce(const Function& function, const Choice& choice, Plan plan, cons
 } // namespace
 
 bool hostCounts() { return hasAll({"REALLockObject", "REALUnlockObject", "REALLockString", "REALUnlockString"}); }
-
-void Outcome::add(const std::string& word) {
-    const int wanted = std::snprintf(words + length, sizeof words - length, "%s\n", word.c_str());
-    length = std::min(length + static_cast<std::size_t>(wanted), sizeof words - 1);
-}
 
 // What the platform makes once and keeps is kept once: only what is left a second time is lost.
 Verdict call(const Function& function, const Choice& choice, Plan plan, const Verdict* plain) {

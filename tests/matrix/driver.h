@@ -47,21 +47,13 @@ extern std::set<std::string> missingEntries;
 // A host that only counts up, or only down, loses what it counts: its values get references to lose, and nothing balances.
 bool hostCounts();
 
-// What came of a call, in words, each behind a line's end: the elements of an array, or the result and the outputs. No word:
-// the null one. Not on the heap, whose blocks are counted.
-struct Outcome {
-    char words[6000] = "";
-    std::size_t length = 0;
-
-    void add(const std::string& word);
-    bool isNull() const { return std::string_view(words, length).find_first_not_of('\n') == std::string_view::npos; }
-};
-
 struct Verdict {
     bool struck = false;
     bool raised = false;   // a host exception
     std::string complaint; // empty: all promises were kept
-    Outcome outcome;
+    // What came of it, in words, each before a line's end: the elements of an array, or the result and the outputs. No word:
+    // the null one.
+    std::string outcome;
 };
 
 // With a fault the outcome must be that of the plain call, without one, or null in places.

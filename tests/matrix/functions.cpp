@@ -9,10 +9,8 @@
 
 #include <cstdlib>
 #include <dlfcn.h>
-#include <filesystem>
 
 extern "C" void REALPluginMain(REALresolver resolver);
-extern "C" void __lsan_disable() __attribute__((weak)); // null without a sanitizer
 // What is written here need not survive a loss of power.
 extern "C" __attribute__((visibility("default"))) int fsync(int) { return 0; }
 
@@ -21,18 +19,6 @@ namespace matrix {
 std::set<std::string> missingEntries;
 
 namespace {
-
-// Removed with everything in it when the process ends.
-struct WorkingFolder {
-    std::string path = (std::filesystem::temp_directory_path() / "matrix-XXXXXX").string();
-
-    WorkingFolder() {
-        if (!mkdtemp(path.data())) std::abort();
-        std::filesystem::current_path(path);
-        setenv("XDG_DATA_HOME", path.c_str(), 1);
-    }
-    ~WorkingFolder() { std::filesystem::remove_all(path); }
-};
 
 void addFunctions(std::vector<Function>& functions, const host::ClassInfo& info) {
     using host::validator::lifecycleFunction;
@@ -55,10 +41,8 @@ void addFunctions(std::vector<Function>& functions, const host::ClassInfo& info)
 } // namespace
 
 std::vector<Function> start(double version, const std::vector<std::string>& missing, bool withSibling) {
-    static const WorkingFolder folder;
     host::startHost({version, missing});
     missingEntries = {missing.begin(), missing.end()};
-    if (__lsan_disable && !hostCounts()) __lsan_disable();
     const host::platform::AutoreleasePool pool;
     REALPluginMain(host::validator::heardEntry);
     if (withSibling) {

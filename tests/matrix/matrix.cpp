@@ -3,36 +3,16 @@
 #include "driver.h"
 
 #include "model/entries.h"
+#include "validator/child.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <sys/mman.h>
-#include <sys/wait.h>
-#include <unistd.h>
+
+extern "C" int __lsan_do_recoverable_leak_check() __attribute__((weak)); // null without a sanitizer
 
 namespace {
 
 using namespace matrix;
-
-// What a process tells the one that waits for it, also when it dies.
-struct Report {
-    unsigned long cases = 0;
-    unsigned failures = 0;
-    char current[200] = "start";
-};
-Report* report = nullptr;
-
-Verdict check(const Function& function, const Choice& choice, Plan plan, const Verdict* plain = nullptr) {
-    std::snprintf(report->current, sizeof report->current, "%s, receiver %zu, argument %d in form %zu, fault %d at %d",
-                  function.name.c_str(), choice.receiver, choice.argument, choice.form, static_cast<int>(plan.fault),
-                  plan.at);
-    const Verdict verdict = call(function, choice, plan, plain);
-    report->cases += plan.fault == Fault::none || verdict.struck;
-    if (!verdict.complaint.empty() && ++report->failures <= 20)
-        std::printf("    %s: %s\n", report->current, verdict.complaint.c_str());
-    return verdict;
-}
 
 struct Configuration {
     std::string name;
@@ -43,13 +23,26 @@ struct Configuration {
 };
 
 // With each fault at the first event, the second, and so on until there is none. A missing entry is a fault in itself;
-// messages raise all the same.
-void play(const Configuration& host) {
+// messages raise all the same. Answers what was wrong, a line each.
+std::string play(const Configuration& host) {
+    std::string complaints;
+    unsigned cases = 0;
+    const auto check = [&](const Function& function, const Choice& choice, Plan plan, const Verdict* plain = nullptr) {
+        char what[200];
+        std::snprintf(what, sizeof what, "%s, receiver %zu, argument %d in form %zu, fault %d at %d", function.name.c_str(),
+                      choice.receiver, choice.argument, choice.form, static_cast<int>(plan.fault), plan.at);
+        host::validator::step(what);
+        const Verdict verdict = call(function, choice, plan, plain);
+        cases += plan.fault == Fault::none || verdict.struck;
+        if (!verdict.complaint.empty()) complaints += "\n    " + (what + (": " + verdict.complaint));
+        return verdict;
+    };
+    const bool isFirstCall = host.first.fault != Fault::none;
     const Fault last = host.missing.empty() ? Fault::hostAlwaysThrows : Fault::raise;
-    const std::vector<Function> functions = start(host.version, host.missing, host.hasSibling);
-    if (host.first.fault != Fault::none) {
+    std::vector<Function> functions = start(host.version, host.missing, host.hasSibling);
+    if (isFirstCall) {
         check(functions.front(), {}, host.first);
-        return;
+        functions.clear();
     }
     for (const Function& function : functions)
         for (const Choice& choice : choicesFor(function)) {
@@ -58,29 +51,16 @@ void play(const Configuration& host) {
                 for (Plan plan{static_cast<Fault>(kind), 1}; check(function, choice, plan, &plain).struck;)
                     ++plan.at;
         }
-}
-
-bool passes(const Configuration& host) {
-    *report = {report->cases};
-    const unsigned long before = report->cases;
-    std::fflush(stdout);
-    const pid_t child = fork();
-    if (child == 0) {
-        play(host);
-        std::exit(report->failures > 0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    const bool isComplete = status == 0 && (host.first.fault != Fault::none || report->cases - before > 2000);
-    if (!isComplete)
-        std::printf("%s: status %#x, at %s\n", host.name.c_str(), static_cast<unsigned>(status), report->current);
-    return isComplete;
+    if (!isFirstCall) std::fprintf(stderr, "%s: %u cases\n", host.name.c_str(), cases);
+    if (!isFirstCall && cases < 2000) complaints += "\n    these are few";
+    if (__lsan_do_recoverable_leak_check && hostCounts() && __lsan_do_recoverable_leak_check() != 0)
+        complaints += "\n    memory is lost";
+    return complaints;
 }
 
 } // namespace
 
 int main(int count, char** arguments) {
-    report = static_cast<Report*>(mmap(nullptr, sizeof(Report), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
     std::vector<Configuration> hosts = {{"2021", 2021.0}, {"2021 without sibling", 2021.0, false},
                                         {"2017", 2017.0}, {"2016", 2016.99},
                                         {"2012", 2012.0}, {"2008, in the legacy layout", 2008.0}};
@@ -93,8 +73,12 @@ int main(int count, char** arguments) {
             hosts.push_back({"without " + entry, 2021.0, true, {entry}});
     }
     int failures = 0;
-    for (const Configuration& host : hosts)
-        failures += !passes(host);
-    std::printf("matrix: %lu cases, %d of %zu hosts failed\n", report->cases, failures, hosts.size());
+    for (const Configuration& host : hosts) {
+        const std::string complaint = host::validator::inChild([&] { return play(host); });
+        if (complaint.empty()) continue;
+        std::printf("%s: %s\n", host.name.c_str(), complaint.c_str());
+        ++failures;
+    }
+    std::printf("matrix: %d of %zu hosts failed\n", failures, hosts.size());
     return failures > 0;
 }

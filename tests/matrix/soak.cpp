@@ -2,6 +2,8 @@
 // was after the first tenth.
 #include "driver.h"
 
+#include "validator/child.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <random>
@@ -16,11 +18,9 @@ long heapKiB() {
     return static_cast<long>((info.arena + info.hblkhd) / 1024);
 }
 
-} // namespace
-
-int main(int count, char** arguments) {
+// What was wrong.
+std::string soak(long calls) {
     using namespace matrix;
-    const long calls = count > 1 ? std::atol(arguments[1]) : 0;
     constexpr long mostGrowth = 512; // KiB: what the bins of the C library are worth, and lists that a platform keeps
     const std::vector<Function> functions = start(2021.0, {}, true);
     std::mt19937 random(2021);
@@ -41,12 +41,20 @@ int main(int count, char** arguments) {
         if (const Verdict plain = verdict; plain.complaint.empty() && below(4) == 0)
             verdict = call(function, choice, {fault, 1 + static_cast<int>(below(8))}, &plain);
         raising += verdict.raised;
-        if (verdict.complaint.empty()) continue;
-        std::printf("soak: call %ld, %s: %s\n", i, function.name.c_str(), verdict.complaint.c_str());
-        return 1;
+        if (!verdict.complaint.empty()) return "call " + std::to_string(i) + ", " + function.name + ": " + verdict.complaint;
     }
     const long growth = heapKiB() - before;
-    std::printf("soak: %ld calls, %ld with host exceptions, %ld KiB of heap, %ld KiB of them since the first tenth\n", calls,
-                raising, before + growth, growth);
-    return calls == 0 || raising == 0 || growth > mostGrowth;
+    std::fprintf(stderr,
+                 "soak: %ld calls, %ld with host exceptions, %ld KiB of heap, %ld KiB of them since the first tenth\n",
+                 calls, raising, before + growth, growth);
+    return raising == 0 || growth > mostGrowth ? "too few host exceptions, or too much memory" : "";
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    const long calls = count > 1 ? std::atol(arguments[1]) : 0;
+    const std::string complaint = host::validator::inChild([&] { return soak(calls); });
+    std::printf("%s\n", complaint.c_str());
+    return complaint.empty() ? 0 : 1;
 }
