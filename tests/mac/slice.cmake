@@ -9,7 +9,7 @@ endif()
 
 cmake_path(GET CHROMA_MAC_LIBRARY PARENT_PATH mac_build)
 add_test(NAME slice.WithInitialisersIsRefused
-    COMMAND ${CHROMA_TRANSLATOR} ${mac_build}/../tests/mac/initialised.dylib ${CHROMA_SLICE})
+    COMMAND ${CHROMA_TRANSLATE} ${mac_build}/../tests/mac/initialised.dylib ${CHROMA_SLICE} ${CMAKE_CURRENT_BINARY_DIR}/initialised.S)
 set_tests_properties(slice.WithInitialisersIsRefused PROPERTIES PASS_REGULAR_EXPRESSION "not translated: section __mod_init_func")
 
 # Such runs can fail: a slice with a fault planted, which comes before the sound one in the tests' library, ends the soak.

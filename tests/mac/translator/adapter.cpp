@@ -24,10 +24,16 @@ CHROMA_INSIDE chroma::id macos_objc_begin_catch(void* exception) {
 CHROMA_INSIDE extern const std::uintptr_t macos_stack_chk_guard = 0x5BD1E995A7C43F00;
 
 #if defined(__aarch64__)
-CHROMA_INSIDE int macos_formatFromStack(char* text, std::size_t capacity, const char* format, void* arguments) {
-    std::va_list list{};
-    list.__stack = arguments; // no offsets: nothing is left in registers
-    return std::vsnprintf(text, capacity, format, list);
+// Arguments without a parameter are on the stack on Apple's arm64, a word each. Here too, once the parameters have taken all
+// of the registers for numbers.
+CHROMA_INSIDE int macos_snprintf(char* text, std::size_t capacity, const char* format, long, long, long, long, long last,
+                                 ...) {
+    std::va_list list;
+    va_start(list, last);
+    list.__vr_offs = 0; // nor is any in vector registers
+    const int length = std::vsnprintf(text, capacity, format, list);
+    va_end(list);
+    return length;
 }
 #endif
 
