@@ -13,19 +13,22 @@ add_test(NAME slice.WithInitialisersIsRefused
 set_tests_properties(slice.WithInitialisersIsRefused PROPERTIES PASS_REGULAR_EXPRESSION "not translated: section __mod_init_func")
 
 # Such runs can fail: a slice with a fault planted, which comes before the sound one in the tests' library, ends the soak.
+# Handlers are dropped; registers are looked for a word beside where they were saved, but for the frame's own; what is imported is
+# another function.
+set(handlers_fault "/\\.cfi_(personality|lsda)/d")
 set(handlers_telling "a native exception left the function")
-set(registers_telling "soak: call|Segmentation fault|Bus error|Illegal instruction|Subprocess aborted")
+set(registers_fault "s/(\\.cfi_offset (3|1[2-5]|19|2[0-8]), -[0-9]+)/\\1-8/")
+set(registers_telling "call [0-9]+, |ended by SIG")
+set(import_fault "s/ CFRelease\\+0/ CFStringGetLength+0/")
 set(import_telling "left heap blocks")
 foreach(fault handlers registers import)
     set(planted ${CMAKE_CURRENT_BINARY_DIR}/mac/slice-${fault}.S)
     add_custom_command(OUTPUT ${planted}
-        COMMAND ${CMAKE_COMMAND} -DSLICE=${CHROMA_SLICE_ASSEMBLY} -DFAULT=${fault} -DOUTPUT=${planted}
-                -P ${CMAKE_CURRENT_SOURCE_DIR}/mac/plant_fault.cmake
-        DEPENDS ${CHROMA_SLICE_ASSEMBLY} ${CMAKE_CURRENT_SOURCE_DIR}/mac/plant_fault.cmake)
+        COMMAND sed -E ${${fault}_fault} ${CHROMA_SLICE_ASSEMBLY} > ${planted}
+        DEPENDS ${CHROMA_SLICE_ASSEMBLY} VERBATIM)
     add_executable(soak-${fault} ${planted} $<TARGET_OBJECTS:soak>)
     set_target_properties(soak-${fault} PROPERTIES LINKER_LANGUAGE CXX)
     target_link_libraries(soak-${fault} PRIVATE matrix_driver chroma_options)
-    add_test(NAME slice.FaultIsSeen.${fault}
-        COMMAND ${CMAKE_COMMAND} "-DPROGRAM=${CMAKE_CROSSCOMPILING_EMULATOR};$<TARGET_FILE:soak-${fault}>;10000"
-                "-DTELLING=${${fault}_telling}" -P ${CMAKE_CURRENT_SOURCE_DIR}/mac/fault_check.cmake)
+    add_test(NAME slice.FaultIsSeen.${fault} COMMAND soak-${fault} 10000)
+    set_tests_properties(slice.FaultIsSeen.${fault} PROPERTIES PASS_REGULAR_EXPRESSION "${${fault}_telling}" TIMEOUT 100)
 endforeach()

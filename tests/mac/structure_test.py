@@ -1,0 +1,122 @@
+"""What the cross build makes: each promise is read back with LLVM's tools. The environment names the files."""
+import os
+import re
+import unittest
+from pathlib import Path
+
+from macho import Slice, output
+
+SYSTEM_LIBRARIES = {
+    "/System/Library/Frameworks/AppKit.framework/Versions/C/AppKit",
+    "/System/Library/Frameworks/CoreFoundation.framework/Versions/A/CoreFoundation",
+    "/System/Library/Frameworks/Foundation.framework/Versions/C/Foundation",
+    "/usr/lib/libSystem.B.dylib",
+    "/usr/lib/libc++.1.dylib",
+    "/usr/lib/libobjc.A.dylib",
+}
+# By its name, which of them a symbol is part of: the sysroot's lists, being ours, could be wrong.
+HOMES = {"AppKit": "_NS[A-Z]", "CoreFoundation": "_CF[A-Z]", "libobjc": "_objc_|_sel_|_class_|_object_|_OBJC_|___objc_",
+         "libc++": "__Z|___cxa_|___gxx_", "libSystem": ""}
+# What the headers' own system, or its way of linking, would have left behind.
+FOREIGN = ("@|GLIBC|^_*libc_|_chk$|_isoc99_|^___errno_location$|^___assert_fail$|^_std(in|out|err)$|^___ctype_"
+           "|_ITM_|_GLOBAL_OFFSET")
+
+
+def listed(architecture):
+    """What the sysroot offers, each symbol with its library."""
+    return {(symbol, file.stem) for file in Path(os.environ["SYSROOT"]).rglob("*.tbd")
+            for symbol in re.findall(r" S (\S+)", Slice(file, architecture).nm())}
+
+
+class SliceTest:
+    """What holds for each slice of the library."""
+
+    def setUp(self):
+        self.slice = Slice(os.environ["LIBRARY"], self.architecture)
+        self.commands, _ = self.slice.headers()
+
+    def fields(self, kinds, field):
+        """Of the load commands of some kinds: what kind, and one field."""
+        return [(command["cmd"], command[field]) for command in self.commands if re.fullmatch(kinds, command["cmd"])]
+
+    def test_is_what_its_systems_load(self):
+        self.assertEqual(set(output("llvm-lipo", "-archs", self.slice.library).split()), {"arm64", "x86_64"})
+        self.assertRegex(self.slice.objdump("--private-headers"), r"DYLIB +\d+ +\d+ .*TWOLEVEL")
+        self.assertEqual(self.fields("LC_VERSION_MIN_.*", "version") + self.fields("LC_BUILD_VERSION", "minos"), [self.oldest])
+
+    def test_is_named_as_installed(self):
+        names = {(kind, name.split(" (")[0]) for kind, name in self.fields("LC_.*_DYLIB", "name")}
+        expected = {("LC_LOAD_DYLIB", name) for name in SYSTEM_LIBRARIES}
+        self.assertEqual(names, expected | {("LC_ID_DYLIB", "@rpath/chromabridge.dylib")})
+        self.assertEqual(self.fields("LC_RPATH", "path"), [])
+        for folder in os.environ["BUILD"], os.environ["SOURCE"]:
+            self.assertNotIn(folder.encode(), self.slice.contents())
+
+    def test_exports_one_entry_point(self):
+        self.assertEqual(self.slice.nm("-j", "--defined-only", "--extern-only").split(), ["_REALPluginMain"])
+
+    def test_imports_what_is_listed(self):
+        offered = listed(self.architecture)
+        imports = {line.strip() for line in self.slice.nm("-m", "--undefined-only").splitlines()}
+        self.assertEqual(imports, {f"(undefined) external {symbol} (from {library})" for symbol, library in offered})
+        bound = {symbol for table in ("bind", "lazy-bind") for *_, symbol in self.slice.fixups(table)}
+        self.assertEqual(bound, {symbol for symbol, _ in offered})
+
+    def test_has_one_unwind_entry_for_each_function(self):
+        # Where there are two, what the first says is lost, its handlers above all.
+        begins = [function.begin for function in self.slice.functions()]
+        self.assertEqual(begins, sorted(set(begins)))
+        self.assertGreater(len(begins), 100)
+
+    def test_catches_native_exceptions_in_the_guard(self):
+        begin = int(re.search(r"(\w+) t _chroma_guard_run", self.slice.nm())[1], 16)
+        [guard] = [function for function in self.slice.functions() if function.begin == begin]
+        bound = {int(address, 16): symbol for _, _, address, *_, symbol in self.slice.fixups("bind")}
+        self.assertEqual(bound.get(guard.personality), "___objc_personality_v0")
+        self.assertTrue(guard.handlers)
+
+
+class Arm64(SliceTest, unittest.TestCase):
+    architecture, oldest = "arm64", ("LC_BUILD_VERSION", "11.0")
+
+    def test_is_signed(self):
+        self.assertTrue(self.fields("LC_CODE_SIGNATURE", "dataoff"), "no system would load it")
+
+
+class X86_64(SliceTest, unittest.TestCase):
+    architecture, oldest = "x86_64", ("LC_VERSION_MIN_MACOSX", "10.12")
+
+
+class Sysroot(unittest.TestCase):
+    def test_lists_what_is_the_systems(self):
+        for symbol, library in listed("arm64") | listed("x86_64") | listed("i386"):
+            home = next(home for home, pattern in HOMES.items() if re.match(pattern, symbol))
+            self.assertEqual((symbol, library), (symbol, home))
+            self.assertNotRegex(symbol, FOREIGN)
+
+
+class Objects(unittest.TestCase):
+    def test_for_i386_have_jumping_exceptions(self):
+        archive = Slice(os.environ["I386"], "i386")
+        headers = archive.objdump("--private-headers")
+        objects = len(re.findall(r"\.o\):\n", headers))
+        self.assertEqual(len(re.findall(r"MH_MAGIC +I386 ", headers)), objects)
+        self.assertEqual(len(re.findall(r"LC_VERSION_MIN_MACOSX\n *cmdsize 16\n *version 10\.6\n", headers)), objects)
+        defined, undefined = (set(re.findall("^_.*", archive.nm("-j", kind), re.MULTILINE))
+                              for kind in ("--defined-only", "--undefined-only"))
+        self.assertIn("_REALPluginMain", defined)
+        self.assertIn("_objc_exception_try_enter", undefined)
+        self.assertIn("__setjmp", undefined)
+        self.assertFalse([symbol for symbol in undefined if re.match("_objc_begin_catch|_objc_personality", symbol)])
+        self.assertEqual(undefined - defined, {symbol for symbol, _ in listed("i386")})
+
+    def test_send_by_the_function_for_the_result(self):
+        for result in "VOID", "DOUBLE":
+            for architecture in "arm64", "x86_64", "i386":
+                symbols = Slice(os.environ["SEND_" + result], architecture).nm("--undefined-only")
+                by_stack = result == "DOUBLE" and architecture == "i386"
+                self.assertEqual(re.findall(r"_objc_msg\w+", symbols), ["_objc_msgSend_fpret" if by_stack else "_objc_msgSend"])
+
+
+if __name__ == "__main__":
+    unittest.main()
