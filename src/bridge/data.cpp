@@ -78,7 +78,11 @@ REALmemoryBlockStruct* NSDataRB(id data) {
     const std::int64_t length = told <= UINT32_MAX ? static_cast<std::int32_t>(told) : static_cast<std::int64_t>(told);
     if (!bytes || length <= 0) return nullptr;
     REALmemoryBlockStruct* block = nullptr;
-    if (exhaustsMemory([&] { block = newBlock(bytes, length); }) || !block) raiseNoMemoryBlock(length);
+    const auto make = [&] {
+        block = newBlock(bytes, length);
+        if (!block) raiseNoMemoryBlock(length);
+    };
+    if (exhaustsMemory(make)) raiseNoMemoryBlock(length); // also where it was the telling that exhausted it
     return block;
 }
 

@@ -219,6 +219,9 @@ TEST_P(Data, WithoutABlockToHoldItIsTold) {
     length = 3;
     host.missing = {"newMemoryBlock"};
     EXPECT_EQ(NSDataRB(data), nullptr);
+    bool exhausted = true; // also while that is told, once
+    host.before["PluginNewInstance"] = [&] { return std::exchange(exhausted, false) ? throw std::bad_alloc() : false; };
+    EXPECT_EQ(NSDataRB(data), nullptr);
     host.missing.clear();
     host.before["newMemoryBlock"] = []() -> bool { throw std::bad_alloc(); };
     EXPECT_EQ(NSDataRB(data), nullptr);
@@ -228,7 +231,7 @@ TEST_P(Data, WithoutABlockToHoldItIsTold) {
     host.showsStorage = false;
     EXPECT_EQ(NSDataRB(data), nullptr);
     const Raised refusal{"OutOfMemoryException", "Failed to allocate a memoryblock with 3 bytes in size.", 0};
-    expectRaised({refusal, refusal, refusal});
+    expectRaised({refusal, refusal, refusal, refusal});
     host.showsStorage = true;
     host.before["memoryBlockGetPtr"] = []() -> bool { throw std::length_error("the host's own affair"); };
     if (GetParam() >= 2017.0) {

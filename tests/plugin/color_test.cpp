@@ -125,11 +125,12 @@ TEST_F(Color, IsAskedForAlphaWhereThatIsRead) {
 TEST_F(Color, ComponentsBeyondThirtyTwoAreReadAndCut) {
     const Reference object(rgb(1.0, 0.5, 0.0));
     const id cls = native::object_getClass(nativeObject(object));
+    static NSInteger count = 100;
     native::replace(
-        cls, "numberOfComponents", +[](id, SEL) -> NSInteger { return 100; });
+        cls, "numberOfComponents", +[](id, SEL) { return count; });
     native::replace(
         cls, "getComponents:", +[](id, SEL, CGFloat* values) {
-            for (int i = 0; i < 100; ++i)
+            for (int i = 0; i < count; ++i)
                 values[i] = static_cast<CGFloat>(i);
         });
     Components expected(32);
@@ -139,6 +140,8 @@ TEST_F(Color, ComponentsBeyondThirtyTwoAreReadAndCut) {
     EXPECT_EQ(componentsOf(object), Components());
     expectRaised({{"OutOfMemoryException", "Failed to allocate memory.", 0}});
     failAllocation(0);
+    count = -1;
+    EXPECT_NE(traceOf([&] { EXPECT_EQ(componentsOf(object), Components()); }).find("getComponents:"), std::string::npos);
     native::fail(cls, "getComponents:");
     const Owned array(getComponents(object));
     EXPECT_NE(array, nullptr);

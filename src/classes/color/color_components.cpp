@@ -9,6 +9,7 @@
 #include "runtime/host_entries.h"
 #include "runtime/host_values.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace chroma::color {
@@ -120,8 +121,7 @@ REALarrayDouble* getComponents(REALobjectStruct* object) {
     auto* const array = static_cast<REALarrayDouble*>(REALCreateArray(REALarrayOfDoubles, -1));
     const auto fill = [&] {
         const id color = nativeObject(object);
-        const NSInteger reported = sel::numberOfComponents(color);
-        if (reported <= 0) return;
+        const NSInteger reported = std::max(sel::numberOfComponents(color), NSInteger{0});
         // The platform writes as many as it reports; the array keeps the first of them.
         withScratch<CGFloat, most>(static_cast<std::size_t>(reported), [&](CGFloat* values) {
             if (!values) return RaiseException("OutOfMemoryException", "Failed to allocate memory.");
