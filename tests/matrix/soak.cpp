@@ -55,6 +55,7 @@ std::string soak(long calls) {
 int main(int count, char** arguments) {
     const long calls = count > 1 ? std::atol(arguments[1]) : 0;
     const std::string complaint = host::validator::inChild([&] { return soak(calls); });
-    std::printf("%s\n", complaint.c_str());
-    return complaint.empty() ? 0 : 1;
+    if (complaint.empty()) return 0;
+    std::printf("soak: %s\n", complaint.c_str());
+    return 1;
 }
