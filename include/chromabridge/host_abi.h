@@ -30,7 +30,8 @@
  *     that hold them, without a reference to either. Who enters a pair removes it before that host object ends.
  *   PrepareNSExceptionZRX: nothing; asked once, before the first NewNSExceptionZRX:.
  *   NewNSExceptionZRX: takes the NSException, answers a new host exception that the caller owns, or null for none.
- * The registry and PrepareNSExceptionZRX are asked for once, when a plugin's first object is made: a sibling comes before.
+ * The registry and PrepareNSExceptionZRX are asked for once, at a plugin's first object or shared method: a sibling comes
+ * before.
  */
 #ifndef CHROMABRIDGE_HOST_ABI_H
 #define CHROMABRIDGE_HOST_ABI_H

@@ -113,14 +113,19 @@ Failure caughtFailure() {
     }
 }
 
-void raiseFailure(Failure failure) {
+void raiseFailure(Failure failure, bool isFirst) {
     const auto raise = [&] {
         REALstringStruct* message = nullptr;
         const auto build = [&] {
             const auto length = static_cast<std::int64_t>(failure.message ? std::strlen(failure.message) : 0);
             message = buildString(failure.message, length, kCFStringEncodingUTF8);
         };
-        std::free(failureOf(build).copy);
+        const Failure another = failureOf(build);
+        if (another.className && isFirst) {
+            raiseFailure(another, false);
+        } else {
+            std::free(another.copy);
+        }
         raiseWith(failure.className, message);
     };
     withCleanup(raise, [&] { std::free(failure.copy); });

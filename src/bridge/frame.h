@@ -1,5 +1,5 @@
-// The two body shapes of bound functions. Each runs its body under a native-exception guard; no native exception leaves a
-// bound function, except an object that is not an NSException, which is thrown on to the next enclosing guard.
+// The two body shapes of bound functions. Each runs its body under a native-exception guard; no native exception out of
+// it leaves a bound function, except an object that is not an NSException, which is thrown on to the next enclosing guard.
 //
 // The body must keep to the rule of guard.h: nothing with a destructor lives in it across a native message. Results are kept
 // outside the body, set to the null value first and assigned last.

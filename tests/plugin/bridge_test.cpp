@@ -348,9 +348,16 @@ TEST_F(Errors, InCppAreTranslated) {
     host.before["REALBuildString"] = [&] { return ++builds == 1 ? throw std::out_of_range("while building") : false; };
     EXPECT_EQ(REALBuildUnicodeString("x", 1, kCFStringEncodingUTF8), nullptr);
     expectRaised({{"OutOfBoundsException", "while building", 0}});
+    builds = 0;
+    host.before["REALBuildString"] = [&]() -> bool {
+        if (++builds == 1) throw std::out_of_range("while building");
+        return builds == 2 ? throw std::runtime_error("while telling") : false;
+    };
+    EXPECT_EQ(REALBuildUnicodeString("x", 1, kCFStringEncodingUTF8), nullptr);
+    expectRaised({{"RuntimeException", "while telling", 0}, {"OutOfBoundsException", "", 0}});
     host.before["REALBuildString"] = []() -> bool { throw std::out_of_range("every time"); };
     EXPECT_EQ(REALBuildUnicodeString("x", 1, kCFStringEncodingUTF8), nullptr);
-    expectRaised({{"OutOfBoundsException", "", 0}});
+    expectRaised({{"OutOfBoundsException", "", 0}, {"OutOfBoundsException", "", 0}});
 
     // What is no C++ exception is none here either, thrown inside or by the host.
     host.before["REALBuildString"] = [] { return native::raise("HostException", "thrown by the host"), false; };

@@ -1,4 +1,4 @@
-// Colour components on their way between host and platform: both directions go through single precision.
+// Colour components on their way to the platform: they go through single precision, whatever its own is.
 #pragma once
 
 #include "platform/objc.h"
