@@ -8,7 +8,8 @@
  * Threads. Every call, in both directions, is made on the host's one calling thread.
  *
  * Text. Names and declarations are NUL-terminated ASCII and live as long as the library. Host strings carry an encoding, a
- * CFStringEncoding value (0x08000100 is UTF-8, 0x0100 UTF-16 in machine order, 0xFFFF unknown).
+ * CFStringEncoding value (0x08000100 is UTF-8, 0x0100 UTF-16 in machine order, 0xFFFF unknown). Names of host types are the
+ * same in upper and lower case.
  *
  * References. A host object, string, array or memory block that an entry creates or returns carries one reference that its
  * receiver owns: it gives it up with REALUnlockObject or REALUnlockString, or hands it out as its own result. Arguments are
@@ -19,9 +20,10 @@
  * "RuntimeException", which stands in for those it lacks: "OutOfBoundsException", "OutOfMemoryException",
  * "NilObjectException", "IllegalCastException", "UnsupportedOperationException". A plugin sets their properties "Message"
  * (a string) and "ErrorNumber" (32 bits). Entries do not throw. Two things alone pass outward through a plugin's function,
- * with all given up that it held: a thrown native object that is no NSException, and a C++ exception that the host itself
- * threw out of an entry; one that it threw while it built a string, or std::bad_alloc while it made a block, becomes a host
- * exception.
+ * with all given up that it held: a thrown native object that is no NSException, and an exception that the host itself
+ * threw out of an entry. A C++ one that ends the building of a string, or std::bad_alloc the making of a block, becomes a
+ * host exception; so does an NSException, but where no guard stands round the entry, as round the making of an array and
+ * some raising of exceptions.
  *
  * Siblings. Plugins of this family in one process share a registry of live host objects and one way to tell of NSExceptions.
  * One of them, the sibling, adds three class messages to NSException; where nobody answers them, objects have no identity
@@ -284,8 +286,9 @@ typedef void (*REALSetStringEncodingProc)(REALstringStruct* string, uint32_t enc
 /* "REALConvertString": a new string with the same text in another encoding; a null string gives null. */
 typedef REALstringStruct* (*REALConvertStringProc)(REALstringStruct* string, uint32_t encoding);
 
-/* "REALGetStringCFString": the text as a CFString that the caller releases, or null. `reserved` is 0. Without it, or where
- * it answers null, a string's bytes are read at their offsets, whatever the version. */
+/* "REALGetStringCFString": the text as a CFString that the caller releases, or null. `reserved` is 0. Without it, where it
+ * answers null, and always where the recorded encoding is 0xFFFF, a string's bytes are read at their offsets, whatever the
+ * version; those of unknown encoding as Mac Roman. */
 typedef const void* (*REALGetStringCFStringProc)(REALstringStruct* string, int32_t reserved);
 
 /* "RuntimeArrayCreateSingleDimBoundedArray": a new array with indexes 0 to upperBound; -1 makes it empty. */

@@ -54,6 +54,25 @@ Failure failure(const char* className, const std::exception& error) {
     return {className, copy, copy};
 }
 
+// Only the first has the failure raised that ends the making of its message, so that there is an end.
+void raise(Failure failure, bool isFirst) {
+    const auto raiseIt = [&] {
+        REALstringStruct* message = nullptr;
+        const auto build = [&] {
+            const auto length = static_cast<std::int64_t>(failure.message ? std::strlen(failure.message) : 0);
+            message = buildString(failure.message, length, kCFStringEncodingUTF8);
+        };
+        const Failure another = failureOf(build);
+        if (another.className && isFirst) {
+            raise(another, false);
+        } else {
+            std::free(another.copy);
+        }
+        raiseWith(failure.className, message);
+    };
+    withCleanup(raiseIt, [&] { std::free(failure.copy); });
+}
+
 void raiseWithoutSibling(id exception) {
     const id name = sel::name(exception);
     const id reason = sel::reason(exception);
@@ -113,23 +132,7 @@ Failure caughtFailure() {
     }
 }
 
-void raiseFailure(Failure failure, bool isFirst) {
-    const auto raise = [&] {
-        REALstringStruct* message = nullptr;
-        const auto build = [&] {
-            const auto length = static_cast<std::int64_t>(failure.message ? std::strlen(failure.message) : 0);
-            message = buildString(failure.message, length, kCFStringEncodingUTF8);
-        };
-        const Failure another = failureOf(build);
-        if (another.className && isFirst) {
-            raiseFailure(another, false);
-        } else {
-            std::free(another.copy);
-        }
-        raiseWith(failure.className, message);
-    };
-    withCleanup(raise, [&] { std::free(failure.copy); });
-}
+void raiseFailure(Failure failure) { raise(failure, true); }
 
 void raisePlatformException(id thrown) {
     if (!isNSException(thrown)) throwNative(thrown);

@@ -30,7 +30,7 @@ Failure caughtFailure();
 
 // Raises a failure. A C++ exception while its message is made leaves the message empty and is a failure that is raised
 // before it, but for one while the message of that is made.
-void raiseFailure(Failure failure, bool isFirst = true);
+void raiseFailure(Failure failure);
 
 // Raises the host exception for a thrown object that is an NSException: the one that the sibling plugin makes of it, or,
 // where no sibling answers, a "RuntimeException" whose message is its name, a colon and its reason. Throws any other object

@@ -42,25 +42,23 @@ macos_objc_msgSend:
     xorps %xmm1, %xmm1
     ret
 #elif defined(__aarch64__)
+    .macro each_argument transfer
+    .irp n, 0, 1, 2, 3, 4, 5, 6, 7, 8
+    \transfer x\n, [sp, #16 + 8 * \n]
+    .endr
+    .irp n, 0, 1, 2, 3, 4, 5, 6, 7
+    \transfer q\n, [sp, #96 + 16 * \n]
+    .endr
+    .endm
     cbz x0, 1f
     stp x29, x30, [sp, #-224]!
     .cfi_def_cfa_offset 224
     .cfi_offset x29, -224
     .cfi_offset x30, -216
-    .irp n, 0, 1, 2, 3, 4, 5, 6, 7, 8
-    str x\n, [sp, #16 + 8 * \n]
-    .endr
-    .irp n, 0, 1, 2, 3, 4, 5, 6, 7
-    str q\n, [sp, #96 + 16 * \n]
-    .endr
+    each_argument str
     bl objc_msg_lookup
     mov x16, x0
-    .irp n, 0, 1, 2, 3, 4, 5, 6, 7, 8
-    ldr x\n, [sp, #16 + 8 * \n]
-    .endr
-    .irp n, 0, 1, 2, 3, 4, 5, 6, 7
-    ldr q\n, [sp, #96 + 16 * \n]
-    .endr
+    each_argument ldr
     ldp x29, x30, [sp], #224
     .cfi_def_cfa_offset 0
     .cfi_restore x29
