@@ -5,6 +5,8 @@
 #include "builtin/introspection.h"
 #include "runtime/autorelease.h"
 
+#include <cstdint>
+
 using namespace chroma;
 using namespace chroma::builtin;
 using fuzz::require;

@@ -5,6 +5,7 @@
 #include "model/declarations.h"
 
 #include <charconv>
+#include <cstdint>
 
 using namespace host;
 using fuzz::require;

@@ -12,6 +12,7 @@
 #include <sys/time.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <new>
 #include <sstream>
 

@@ -10,6 +10,7 @@
 #include "runtime/start.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <optional>
 

@@ -1,6 +1,8 @@
 // The classes that the probe registers, in the layout that the host's version asks for.
 #include "probe/host.h"
 
+#include <cstdint>
+
 namespace probe {
 
 const char* const className = "ChromaProbe";

@@ -4,6 +4,7 @@
 #include "chromabridge/host_abi.h"
 #include "probe/report.h"
 
+#include <cstdint>
 #include <cstring>
 #include <string>
 

@@ -1,5 +1,7 @@
 #include "probe/host.h"
 
+#include <cstdint>
+
 namespace probe {
 
 namespace {

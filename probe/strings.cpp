@@ -1,5 +1,6 @@
 #include "probe/host.h"
 
+#include <cstdint>
 #include <cstdio>
 
 extern "C" {

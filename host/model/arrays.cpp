@@ -4,6 +4,7 @@
 #include "model/entries.h"
 #include "model/storage.h"
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 

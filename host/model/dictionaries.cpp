@@ -7,6 +7,7 @@
 #include "model/variants.h"
 
 #include <cmath>
+#include <cstdint>
 #include <list>
 #include <unordered_map>
 #include <variant>

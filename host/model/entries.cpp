@@ -8,6 +8,7 @@
 #include "model/strings.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <new>
 #include <set>
 #include <stdexcept>

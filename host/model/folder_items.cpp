@@ -7,6 +7,7 @@
 #include "text/utf8.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>

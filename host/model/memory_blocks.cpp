@@ -7,6 +7,7 @@
 #include "model/storage.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <iterator>
 #include <limits>

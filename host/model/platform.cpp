@@ -5,6 +5,7 @@
 
 #include <dlfcn.h>
 
+#include <cstdint>
 #include <limits>
 #include <vector>
 

@@ -6,6 +6,7 @@
 #include "text/utf8.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <limits>
 #include <new>

@@ -5,6 +5,7 @@
 #include "model/values.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 

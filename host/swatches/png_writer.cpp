@@ -4,6 +4,7 @@
 #include "model/plugin.h"
 #include "text/utf8.h"
 
+#include <cstdint>
 #include <stdexcept>
 
 #include <dlfcn.h>

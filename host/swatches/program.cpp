@@ -6,6 +6,7 @@
 #include "model/platform.h"
 #include "model/strings.h"
 
+#include <cstdint>
 #include <cstring>
 #include <stdexcept>
 

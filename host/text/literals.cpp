@@ -3,6 +3,7 @@
 #include "text/letters.h"
 
 #include <charconv>
+#include <cstdint>
 #include <limits>
 
 namespace host {

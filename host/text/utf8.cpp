@@ -1,6 +1,7 @@
 #include "text/utf8.h"
 
 #include <clocale>
+#include <cstdint>
 #include <cwchar>
 
 #include <algorithm>

@@ -10,6 +10,7 @@
 #include "validator/forms.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <set>
 #include <sstream>
 #include <stdexcept>

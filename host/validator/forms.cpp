@@ -6,6 +6,7 @@
 #include "model/owned.h"
 
 #include <array>
+#include <cstdint>
 #include <limits>
 #include <utility>
 

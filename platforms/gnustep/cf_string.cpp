@@ -6,6 +6,7 @@
 
 #include "export.h"
 
+#include <cstdint>
 #include <iterator>
 
 namespace chroma {

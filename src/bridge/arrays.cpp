@@ -5,6 +5,8 @@
 #include "runtime/host_values.h"
 #include "runtime/host_version.h"
 
+#include <cstdint>
+
 namespace chroma {
 
 void REALInsertArrayValueDouble(REALarrayDouble* array, std::int32_t index, double value) {

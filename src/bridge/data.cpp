@@ -7,6 +7,7 @@
 #include "runtime/host_values.h"
 #include "runtime/host_version.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <new>

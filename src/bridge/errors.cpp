@@ -7,6 +7,7 @@
 #include "platform/selectors.h"
 #include "runtime/host_entries.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>

@@ -6,6 +6,7 @@
 #include "runtime/host_values.h"
 #include "runtime/host_version.h"
 
+#include <cstdint>
 #include <cstring>
 
 namespace chroma {

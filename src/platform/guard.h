@@ -10,6 +10,8 @@
 
 #include "platform/objc.h"
 
+#include <cstdint>
+
 namespace chroma {
 
 // What `catchNative` answers for a thrown nil: no object, and only for the two functions below.

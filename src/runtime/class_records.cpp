@@ -4,6 +4,7 @@
 #include "runtime/host_version.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 

@@ -1,5 +1,7 @@
 #include "runtime/host_version.h"
 
+#include <cstdint>
+
 namespace chroma {
 
 double rbversion_rbversion = 0.0;

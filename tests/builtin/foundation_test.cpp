@@ -1,6 +1,7 @@
 // Strings in every encoding, both ways and strictly; URLs; data, arrays and dictionaries.
 #include "support/native.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <map>

@@ -2,6 +2,7 @@
 #include "support/native.h"
 #include "support/profile_builder.h"
 
+#include <cstdint>
 #include <fstream>
 #include <sstream>
 

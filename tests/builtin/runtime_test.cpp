@@ -1,6 +1,7 @@
 // Classes, selectors and dispatch; throwing and catching; retain counts and autorelease pools.
 #include "support/native.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <future>
 #include <sstream>

@@ -6,6 +6,7 @@
 
 #include "host_test.h"
 
+#include <cstdint>
 #include <sstream>
 
 using namespace host;

@@ -3,6 +3,8 @@
 
 #include "host_test.h"
 
+#include <cstdint>
+
 using namespace host;
 
 using Strings = StartedHost;

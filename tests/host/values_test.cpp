@@ -5,6 +5,8 @@
 
 #include "host_test.h"
 
+#include <cstdint>
+
 using namespace host;
 
 using Arrays = StartedHost;

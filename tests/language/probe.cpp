@@ -7,6 +7,7 @@
 #include "model/exceptions.h"
 #include "model/strings.h"
 
+#include <cstdint>
 #include <iterator>
 #include <utility>
 

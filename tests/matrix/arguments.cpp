@@ -12,6 +12,7 @@
 #include "validator/forms.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <fstream>
 #include <map>

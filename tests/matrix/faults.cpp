@@ -6,6 +6,7 @@
 #include "platform/guard.h"
 #include "platform/selectors.h"
 
+#include <cstdint>
 #include <string_view>
 
 namespace matrix {

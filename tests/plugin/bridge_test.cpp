@@ -8,6 +8,7 @@
 #include "bridge/strings.h"
 #include "runtime/host_entries.h"
 
+#include <cstdint>
 #include <exception>
 #include <new>
 #include <stdexcept>

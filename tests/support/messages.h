@@ -4,6 +4,7 @@
 #include "platform/corefoundation.h"
 #include "platform/objc.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <type_traits>

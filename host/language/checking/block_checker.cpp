@@ -4,6 +4,8 @@
 #include "language/running/operators.h"
 #include "language/running/places.h"
 
+#include <cstdint>
+
 namespace host::language {
 // A condition or bound: a step of its own. Null after an error.
 CodePtr StatementChecker::stepValue(const syntax::Expression& expression, const Type& type) {

@@ -8,6 +8,7 @@
 #include "model/declarations.h"
 #include "text/nearest_name.h"
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>

@@ -4,6 +4,8 @@
 #include "language/running/operators.h"
 #include "language/running/places.h"
 
+#include <cstdint>
+
 namespace host::language {
 ActionPtr StatementChecker::statements(const syntax::Block& block) {
     Actions actions;

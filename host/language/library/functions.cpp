@@ -12,6 +12,7 @@
 #include "model/owned.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace host::language {
 namespace {

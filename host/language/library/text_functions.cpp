@@ -9,6 +9,7 @@
 #include <charconv>
 #include <clocale>
 #include <cmath>
+#include <cstdint>
 #include <cwctype>
 #include <string>
 #include <utility>

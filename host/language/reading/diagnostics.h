@@ -3,6 +3,7 @@
 
 #include "language/reading/source.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>

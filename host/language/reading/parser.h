@@ -4,6 +4,8 @@
 #include "language/reading/diagnostics.h"
 #include "language/reading/syntax.h"
 
+#include <cstdint>
+
 namespace host::language {
 
 enum class ParseMode : std::uint8_t {

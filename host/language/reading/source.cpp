@@ -4,6 +4,7 @@
 #include "text/utf8.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace host::language {
 namespace {

@@ -5,6 +5,7 @@
 
 #include "model/declarations.h"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>

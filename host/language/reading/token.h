@@ -5,6 +5,7 @@
 
 #include "chromabridge/host_abi.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <variant>

@@ -8,6 +8,7 @@
 #include "model/arrays.h"
 #include "model/platform.h"
 
+#include <cstdint>
 #include <new>
 #include <ostream>
 #include <stdexcept>

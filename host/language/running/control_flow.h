@@ -6,6 +6,7 @@
 
 #include "model/classes.h"
 
+#include <cstdint>
 #include <optional>
 
 namespace host::language {

@@ -8,6 +8,7 @@
 #include "model/variants.h"
 
 #include <cmath>
+#include <cstdint>
 #include <functional>
 
 namespace host::language {

@@ -4,6 +4,7 @@
 
 #include "model/arrays.h"
 
+#include <cstdint>
 #include <limits>
 #include <new>
 #include <stdexcept>

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <csignal>
 #include <cstddef>
+#include <cstdint>
 #include <ostream>
 
 namespace host::language {

@@ -5,6 +5,7 @@
 #include "appkit/hsb.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace chroma::builtin {
 namespace {

@@ -9,6 +9,7 @@
 #include "text/encoding.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <unistd.h>
 

@@ -6,6 +6,7 @@
 #include "foundation/array.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace chroma::builtin {
 namespace {

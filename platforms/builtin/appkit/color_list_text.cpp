@@ -3,6 +3,7 @@
 #include "text/encoding.h"
 
 #include <charconv>
+#include <cstdint>
 #include <cstring>
 
 namespace chroma::builtin {

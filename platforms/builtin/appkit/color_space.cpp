@@ -5,6 +5,7 @@
 #include "foundation/data.h"
 
 #include <array>
+#include <cstdint>
 #include <utility>
 
 namespace chroma::builtin {

@@ -3,6 +3,7 @@
 #include "appkit/icc/profile.h"
 
 #include <array>
+#include <cstdint>
 
 namespace chroma::builtin {
 namespace {

@@ -3,6 +3,8 @@
 
 #include "appkit/space_definition.h"
 
+#include <cstdint>
+
 namespace chroma::builtin {
 
 enum class StandardSpace {

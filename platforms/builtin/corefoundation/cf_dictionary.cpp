@@ -4,6 +4,8 @@
 #include "runtime/bootstrap.h"
 #include "runtime/export.h"
 
+#include <cstdint>
+
 namespace chroma::builtin {
 
 ClassObject Dictionary::cls;

@@ -6,6 +6,7 @@
 #include "runtime/export.h"
 #include "text/encoding.h"
 
+#include <cstdint>
 #include <cstring>
 
 namespace chroma {

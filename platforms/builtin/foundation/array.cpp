@@ -3,6 +3,7 @@
 #include "foundation/exception.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace chroma::builtin {
 

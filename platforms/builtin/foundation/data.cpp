@@ -3,6 +3,7 @@
 #include "foundation/files.h"
 #include "foundation/string.h"
 
+#include <cstdint>
 #include <string_view>
 
 namespace chroma::builtin {

@@ -3,6 +3,7 @@
 
 #include "foundation/nsobject.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace chroma::builtin {

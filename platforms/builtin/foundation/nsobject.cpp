@@ -4,6 +4,8 @@
 #include "foundation/string.h"
 #include "runtime/autorelease.h"
 
+#include <cstdint>
+
 namespace chroma::builtin {
 
 ClassObject NSObject::cls;

@@ -3,6 +3,8 @@
 
 #include "runtime/object.h"
 
+#include <cstdint>
+
 namespace chroma::builtin {
 
 // Throws the object: in 64 bits on the spot, since each frame on the way costs as much as a message.

@@ -4,6 +4,7 @@
 #include "runtime/exhaustion.h"
 #include "runtime/export.h"
 
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <mutex>

@@ -3,6 +3,8 @@
 
 #include "runtime/object.h"
 
+#include <cstdint>
+
 namespace chroma::builtin {
 
 // The entry of a name, made at its first use. Throws std::bad_alloc. Needs no registration of the platform's classes.

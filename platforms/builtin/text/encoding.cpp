@@ -1,6 +1,7 @@
 #include "text/encoding.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 namespace chroma {

@@ -10,6 +10,7 @@
 #include "runtime/host_values.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace chroma::color {

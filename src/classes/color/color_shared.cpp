@@ -9,6 +9,8 @@
 #include "runtime/host_values.h"
 #include "runtime/native_object.h"
 
+#include <cstdint>
+
 namespace chroma::color {
 namespace {
 

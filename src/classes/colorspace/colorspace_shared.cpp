@@ -11,6 +11,8 @@
 #include "runtime/host_version.h"
 #include "runtime/native_object.h"
 
+#include <cstdint>
+
 namespace chroma::colorspace {
 namespace {
 

@@ -1,5 +1,7 @@
 #include "support/native.h"
 
+#include <cstdint>
+
 namespace chroma::test {
 
 void PlatformTest::TearDown() {

@@ -5,6 +5,7 @@
 #include <sys/mman.h>
 
 #include <cstdarg>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <typeinfo>

@@ -4,6 +4,7 @@
 #include "validator/entry_points.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <utility>

@@ -6,6 +6,7 @@
 
 #include "chromabridge/host_abi.h"
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <set>

@@ -3,6 +3,8 @@
 
 #include "appkit/space_definition.h"
 
+#include <cstdint>
+
 namespace chroma::builtin {
 
 // The space that a profile describes, with the profile's bytes. Null when anything that is read of it is malformed. A space

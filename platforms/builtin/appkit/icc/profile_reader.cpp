@@ -6,6 +6,7 @@
 #include "text/encoding.h"
 
 #include <cmath>
+#include <cstdint>
 #include <iterator>
 #include <optional>
 

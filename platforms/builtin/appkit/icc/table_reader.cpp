@@ -3,6 +3,7 @@
 #include "appkit/icc/curve_reader.h"
 #include "appkit/icc/signatures.h"
 
+#include <cstdint>
 #include <utility>
 
 namespace chroma::builtin::icc {
