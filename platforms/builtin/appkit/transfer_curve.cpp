@@ -1,5 +1,6 @@
 #include "appkit/transfer_curve.h"
 
+#include "appkit/channels.h"
 #include "appkit/colorimetry.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ namespace chroma::builtin {
 namespace {
 
 double interpolate(const std::vector<double>& samples, double encoded) {
-    const double position = std::clamp(encoded, 0.0, 1.0) * static_cast<double>(samples.size() - 1);
+    const double position = clip(encoded) * static_cast<double>(samples.size() - 1);
     const std::size_t index = std::min(static_cast<std::size_t>(position), samples.size() - 2);
     const double fraction = position - static_cast<double>(index);
     return samples[index] + fraction * (samples[index + 1] - samples[index]);

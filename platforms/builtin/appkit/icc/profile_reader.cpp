@@ -141,15 +141,15 @@ bool readRgb(const Tags& tags, SpaceDefinition& space) {
 }
 
 // The perceptual table, where there is none the media-relative colorimetric one, then that of saturation; null without any.
-// False when it is malformed. The PCS of version 4 has the black of a reference medium, but for colorimetry.
-bool readTable(const Tags& tags, const std::uint32_t (&names)[3], const icc::TableSides& sides, bool isVersion4,
+// False when it is malformed. The PCS of version 4 has the black of a reference medium, except for colorimetry.
+bool readTable(const Tags& tags, const std::uint32_t (&names)[3], const icc::TableSides& sides, bool hasReferenceBlack,
                std::shared_ptr<const icc::Table>& table) {
     constexpr Vector3 referenceBlack{0.00336, 0.0034731, 0.00287};
     for (const std::uint32_t name : names) {
         const auto value = tags.find(name);
         if (!value) continue;
         const auto read = std::make_shared<icc::Table>();
-        if (isVersion4 && name != names[1]) read->black = referenceBlack;
+        if (hasReferenceBlack && name != names[1]) read->black = referenceBlack;
         table = read;
         return icc::readTable(*value, sides, *read);
     }
@@ -157,15 +157,15 @@ bool readTable(const Tags& tags, const std::uint32_t (&names)[3], const icc::Tab
 }
 
 // Tables come before curves and matrix.
-bool readTables(const Tags& tags, icc::TableSides sides, bool isVersion4, SpaceDefinition& space) {
+bool readTables(const Tags& tags, icc::TableSides sides, bool hasReferenceBlack, SpaceDefinition& space) {
     sides.isToPcs = true;
-    if (!readTable(tags, {icc::perceptualToPcs, icc::colorimetricToPcs, icc::saturationToPcs}, sides, isVersion4,
+    if (!readTable(tags, {icc::perceptualToPcs, icc::colorimetricToPcs, icc::saturationToPcs}, sides, hasReferenceBlack,
                    space.tableToXyz)) {
         return false;
     }
     sides.isToPcs = false;
-    if (!readTable(tags, {icc::perceptualFromPcs, icc::colorimetricFromPcs, icc::saturationFromPcs}, sides, isVersion4,
-                   space.tableFromXyz)) {
+    if (!readTable(tags, {icc::perceptualFromPcs, icc::colorimetricFromPcs, icc::saturationFromPcs}, sides,
+                   hasReferenceBlack, space.tableFromXyz)) {
         return false;
     }
     space.convertsToXyz = space.convertsToXyz || space.tableToXyz;
@@ -200,7 +200,9 @@ SpacePointer spaceFromProfile(const std::uint8_t* bytes, std::size_t size) {
     if (channels.model == ColorModel::gray && !readGray(tags, *space)) return nullptr;
     if (channels.model == ColorModel::rgb && isXyz && !readRgb(tags, *space)) return nullptr;
     const icc::TableSides sides{channels.count, channels.model == ColorModel::lab, isXyz, true};
-    return readTables(tags, sides, profile.u32(icc::versionField) >= 0x04000000, *space) ? space : nullptr;
+    // An abstract profile leads from the PCS to the PCS, so that both of its sides have the same black.
+    const bool hasReferenceBlack = profile.u32(icc::versionField) >= 0x04000000 && profileClass != icc::abstractClass;
+    return readTables(tags, sides, hasReferenceBlack, *space) ? space : nullptr;
 }
 
 } // namespace chroma::builtin

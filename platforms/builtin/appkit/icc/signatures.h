@@ -30,6 +30,7 @@ constexpr std::size_t illuminantField = 68;
 constexpr std::uint32_t magic = signature("acsp");
 constexpr std::uint32_t displayClass = signature("mntr");
 constexpr std::uint32_t colorSpaceClass = signature("spac");
+constexpr std::uint32_t abstractClass = signature("abst");
 constexpr std::uint32_t linkClass = signature("link");
 constexpr std::uint32_t namedColorClass = signature("nmcl");
 

@@ -7,14 +7,14 @@ namespace {
 
 void pass(const Curves& curves, Channels& channels) {
     for (std::size_t index = 0; index < curves.channels.size(); ++index) {
-        channels[index] = clip(curves.channels[index].toLinear(channels[index]));
+        channels[index] = curves.channels[index].toLinear(channels[index]);
     }
 }
 
 void pass(const Matrix& element, Channels& channels) {
     const Vector3 product = element.matrix * Vector3{channels[0], channels[1], channels[2]};
     for (std::size_t index = 0; index < product.size(); ++index) {
-        channels[index] = clip(product[index] + element.offset[index]);
+        channels[index] = product[index] + element.offset[index];
     }
 }
 
@@ -24,7 +24,7 @@ public:
     Interpolation(const Grid& grid, const Channels& inputs) : grid_(grid), node_(grid.values.data()) {
         for (std::size_t axis = 0; axis < grid.axes.size(); ++axis) {
             const auto& [points, stride] = grid.axes[axis];
-            const double position = inputs[axis] * static_cast<double>(points - 1);
+            const double position = clip(inputs[axis]) * static_cast<double>(points - 1);
             const std::size_t index = std::min(static_cast<std::size_t>(position), points - 2);
             fractions_[axis] = position - static_cast<double>(index);
             node_ += index * stride;
@@ -137,6 +137,9 @@ Channels fromXyz(const Table& table, const Vector3& xyz) {
         encodeLab(labFromXyz(ofTable), table.connectionEncoding, channels);
     }
     passAll(table, channels);
+    for (double& channel : channels) {
+        channel = clip(channel);
+    }
     if (table.deviceEncoding == Encoding::device) return channels;
     const auto [lightness, a, b] = decodedLab(channels, table.deviceEncoding);
     return {std::min(lightness, 100.0), std::min(a, 127.0), std::min(b, 127.0)};

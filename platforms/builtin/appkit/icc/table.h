@@ -12,7 +12,8 @@
 
 namespace chroma::builtin::icc {
 
-// The elements of which a table is made. Each takes channels in 0..1 to channels in 0..1.
+// The elements of which a table is made. A grid and a sampled curve clip their input to 0..1. A parametric curve and a matrix
+// do not, so that values above 1 survive until the element that brings them back: the curves of high dynamic range need that.
 
 struct Curves {
     std::vector<TransferCurve> channels;
