@@ -1,6 +1,7 @@
 // Statements with blocks.
 #include "language/checking/class_names.h"
 #include "language/checking/statement_checker.h"
+#include "language/running/array_operations.h"
 #include "language/running/operators.h"
 #include "language/running/places.h"
 

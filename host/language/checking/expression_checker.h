@@ -76,35 +76,44 @@ private:
     Operand logic(syntax::Operator operation, Value left, Value right, Offset offset);
     CodePtr text(Value value);
 
-    // Members and calls (call_checker.cpp).
+    // Names (name_checker.cpp).
     Operand function(std::string_view name, const Arguments& arguments, Offset offset);
-    Operand callProcedure(const OverloadSet& overloads, const Arguments& arguments, Offset offset);
-    Operand newArray(const Arguments& elements, const std::optional<Type>& elementType);
-    Operand arrayBound(std::string_view name, const Arguments& arguments, Offset offset);
+    // The class that a plain name means, when no variable has that name.
+    ClassInfo* classNamedBy(const syntax::Expression& expression) const;
+    [[noreturn]] void failUnknownName(std::string_view name, Offset offset, bool called) const;
+    // Whether the expression is a call of the language's own Array.
+    bool makesArray(const syntax::Expression& expression) const;
+
+    // Conversions (conversion_checker.cpp).
     Operand plainConversion(const Type& type, const Arguments& arguments, Offset offset);
     Operand cast(const ClassInfo& info, const Arguments& arguments, Offset offset);
-    // `arguments` is null without parentheses.
+
+    // Arrays (array_checker.cpp).
+    Operand newArray(const Arguments& elements, const std::optional<Type>& elementType);
+    Operand arrayBound(std::string_view name, const Arguments& arguments, Offset offset);
+    Operand arrayMember(Value array, const syntax::Name& name, const Arguments* arguments);
+    Operand element(Value array, const Arguments& arguments, Offset offset);
+
+    // Members (member_checker.cpp). `arguments` is null without parentheses.
     Operand member(const syntax::Member& member, const Arguments* arguments);
     Operand sharedMember(ClassInfo& info, const syntax::Name& name, const Arguments* arguments);
     Operand objectMember(ClassInfo& info, CodePtr object, const syntax::Name& name, const Arguments* arguments);
-    Operand arrayMember(Value array, const syntax::Name& name, const Arguments* arguments);
-    Operand element(Value array, const Arguments& arguments, Offset offset);
+
+    // Calls (call_checker.cpp).
+    Operand callProcedure(const OverloadSet& overloads, const Arguments& arguments, Offset offset);
     // A call of the one of the overloads that suits the arguments. `what` is how messages call it.
     Operand callOne(const std::string& what, const OverloadSet& overloads, CodePtr receiver, const Arguments* arguments,
                     Offset offset);
     Operands operands(const Arguments& arguments);
     std::vector<ArgumentCode> bind(const Resolution& resolution, Operands operands, Offset offset);
 
-    // The class that a plain name means, when no variable has that name.
-    ClassInfo* classNamedBy(const syntax::Expression& expression) const;
-    [[noreturn]] void failUnknownName(std::string_view name, Offset offset, bool called) const;
+    // Bound functions of the language (null) and of built-in classes autorelease nothing.
+    void requirePoolFor(const ClassInfo* owner) { needsPool_ = needsPool_ || (owner && !owner->isBuiltIn()); }
 
     CodePtr read(Operand operand, Offset offset); // fails for a property without getter
     CodePtr convert(CodePtr code, const Type& from, const Type& to, Offset offset, Purpose purpose = Purpose::assignment);
 
     bool isConstant(const syntax::Expression& expression) const;
-    // Whether the expression is a call of the language's own Array.
-    bool makesArray(const syntax::Expression& expression) const;
 
     Scopes& scopes_;
     const Procedures& procedures_;

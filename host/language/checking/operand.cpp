@@ -1,5 +1,6 @@
 #include "language/checking/operand.h"
 
+#include "language/running/array_operations.h"
 #include "language/running/places.h"
 
 #include <algorithm>

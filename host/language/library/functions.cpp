@@ -1,85 +1,15 @@
 #include "language/library/functions.h"
 
+#include "language/library/conversion_functions.h"
 #include "language/library/mathematics.h"
 #include "language/library/process.h"
 #include "language/library/program_arguments.h"
 #include "language/library/text_functions.h"
-#include "language/library/values.h"
-#include "text/literals.h"
 
 #include "model/builtins.h"
-#include "model/conversions.h"
-#include "model/owned.h"
-
-#include <algorithm>
-#include <cstdint>
 
 namespace host::language {
 namespace {
-
-String* strBoolean(HostBoolean value) { return newString(textOf(value != 0)); }
-String* strInteger(HostInteger value) { return newString(textOf(value)); }
-String* strDouble(double value) { return newString(textOf(value)); }
-String* strColor(HostColor value) { return newString(literalOf(value)); }
-
-constexpr HostInteger maxHexDigits = 64;
-
-String* hexInteger(HostInteger value, HostInteger digits) {
-    const HostInteger shown = std::clamp(digits, HostInteger{0}, maxHexDigits);
-    return newString(hexOf(static_cast<std::uintptr_t>(value), static_cast<std::size_t>(shown)));
-}
-String* hexColor(HostColor value, HostInteger digits) {
-    return hexInteger(static_cast<HostInteger>(std::uintptr_t{value}), digits);
-}
-
-double val(String* text) {
-    Slot value;
-    readText(text, Type::plain(Kind::real), value);
-    return value.real;
-}
-double valOr(String* text, double otherwise) { return numberIn(TextOf(text).bytes()).value_or(otherwise); }
-
-// Channels beyond 0 to 255 count as the nearest of the two.
-HostColor rgb(HostInteger red, HostInteger green, HostInteger blue, HostInteger alpha) {
-    const auto channel = [](HostInteger value) {
-        return static_cast<HostColor>(std::clamp(value, HostInteger{0}, HostInteger{255}));
-    };
-    return channel(alpha) << 24 | channel(red) << 16 | channel(green) << 8 | channel(blue);
-}
-
-// Text functions count in characters, the first being number 1.
-
-HostInteger len(String* text) { return static_cast<HostInteger>(TextOf(text).length()); }
-
-// Up to `count` characters from number `start` (from 0) on; negative numbers are 0.
-String* cut(const TextOf& text, HostInteger start, HostInteger count) {
-    const auto length = static_cast<HostInteger>(text.length());
-    const HostInteger first = std::clamp(start, HostInteger{0}, length);
-    const HostInteger end = first + std::clamp(count, HostInteger{0}, length - first);
-    const std::size_t offset = text.offsetOf(static_cast<std::size_t>(first));
-    return ownString(text.bytes().substr(offset, text.offsetOf(static_cast<std::size_t>(end)) - offset)).release();
-}
-
-String* mid(String* text, HostInteger start, HostInteger count) {
-    return cut(TextOf(text), std::max(start, HostInteger{1}) - 1, count);
-}
-String* midToEnd(String* text, HostInteger start) { return mid(text, start, len(text)); }
-String* left(String* text, HostInteger count) { return cut(TextOf(text), 0, count); }
-String* right(String* text, HostInteger count) {
-    const HostInteger length = len(text);
-    return cut(TextOf(text), length - std::clamp(count, HostInteger{0}, length), length);
-}
-
-// From character number `start` on; 0 when it is not in there.
-HostInteger inStrFrom(HostInteger start, String* text, String* wanted) {
-    const TextOf whole(text), part(wanted);
-    const HostInteger first = std::max(start, HostInteger{1}) - 1;
-    if (first > static_cast<HostInteger>(whole.length())) return 0;
-    const std::size_t at = whole.bytes().find(part.bytes(), whole.offsetOf(static_cast<std::size_t>(first)));
-    return at == std::string_view::npos ? 0 : static_cast<HostInteger>(whole.characterAt(at)) + 1;
-}
-HostInteger inStr(String* text, String* wanted) { return inStrFrom(1, text, wanted); }
-HostInteger inStrLast(String* text, String* wanted) { return text::findLast(len(text) + 1, text, wanted); }
 
 struct Definition {
     const char* declaration;
@@ -89,27 +19,27 @@ struct Definition {
 };
 
 const Definition definitions[] = {
-    {"Str(value as boolean) as string", bound(strBoolean), "A value as text, as Print shows it."},
-    {"Str(value as integer) as string", bound(strInteger)},
-    {"Str(value as double) as string", bound(strDouble)},
-    {"Str(value as color) as string", bound(strColor)},
-    {"Hex(value as integer, digits as integer = 0) as string", bound(hexInteger),
+    {"Str(value as boolean) as string", bound(conversion::textOfBoolean), "A value as text, as Print shows it."},
+    {"Str(value as integer) as string", bound(conversion::textOfInteger)},
+    {"Str(value as double) as string", bound(conversion::textOfDouble)},
+    {"Str(value as color) as string", bound(conversion::textOfColor)},
+    {"Hex(value as integer, digits as integer = 0) as string", bound(conversion::hexOfInteger),
      "A number in hexadecimal, with zeros in front up to so many digits."},
-    {"Hex(value as color, digits as integer = 0) as string", bound(hexColor)},
-    {"Val(text as string, otherwise as double) as double", bound(valOr)},
-    {"Val(text as string) as double", bound(val),
+    {"Hex(value as color, digits as integer = 0) as string", bound(conversion::hexOfColor)},
+    {"Val(text as string, otherwise as double) as double", bound(conversion::numberOr)},
+    {"Val(text as string) as double", bound(conversion::number),
      "The number that the whole text is, written as in a program, also `&hFF`. What is none raises TypeMismatchException, or gives "
      "`otherwise`."},
-    {"Len(text as string) as integer", bound(len), "How many characters a text has."},
-    {"Mid(text as string, start as integer) as string", bound(midToEnd),
+    {"Len(text as string) as integer", bound(text::length), "How many characters a text has."},
+    {"Mid(text as string, start as integer) as string", bound(text::midToEnd),
      "The text from a character on, counted from 1: so many characters, or all to the end."},
-    {"Mid(text as string, start as integer, length as integer) as string", bound(mid)},
-    {"Left(text as string, length as integer) as string", bound(left), "The first characters of a text."},
-    {"Right(text as string, length as integer) as string", bound(right), "The last characters of a text."},
-    {"InStr(text as string, wanted as string) as integer", bound(inStr),
+    {"Mid(text as string, start as integer, length as integer) as string", bound(text::mid)},
+    {"Left(text as string, length as integer) as string", bound(text::left), "The first characters of a text."},
+    {"Right(text as string, length as integer) as string", bound(text::right), "The last characters of a text."},
+    {"InStr(text as string, wanted as string) as integer", bound(text::find),
      "Where a text stands in another, as the number of its first character; 0 when it does not."},
-    {"InStr(start as integer, text as string, wanted as string) as integer", bound(inStrFrom)},
-    {"InStrRev(text as string, wanted as string) as integer", bound(inStrLast),
+    {"InStr(start as integer, text as string, wanted as string) as integer", bound(text::findFrom)},
+    {"InStrRev(text as string, wanted as string) as integer", bound(text::findLastOf),
      "Where a text stands last in another, at a character or before it, as the number of its first character; 0 when it does not."},
     {"InStrRev(start as integer, text as string, wanted as string) as integer", bound(text::findLast)},
     {"StrComp(a as string, b as string, ignoringCase as boolean = false) as integer", bound(text::order),
@@ -174,7 +104,7 @@ const Definition definitions[] = {
      "A random integer of a range, each as likely as the other, the last one included."},
     {"RandomSeed(seed as integer)", bound(mathematics::seedRandom),
      "Lets the random numbers begin anew. The same seed gives the same numbers on every machine; without one they differ from run to run."},
-    {"RGB(red as integer, green as integer, blue as integer, alpha as integer = 255) as color", bound(rgb),
+    {"RGB(red as integer, green as integer, blue as integer, alpha as integer = 255) as color", bound(conversion::color),
      "A colour value from its channels, each from 0 to 255; what lies beyond counts as the nearest of the two."},
     {"Arguments() as string()", bound(programArguments), "What the program was given when it was started."},
     {"Environment(name as string, otherwise as string = \"\") as string", bound(process::environment),

@@ -21,6 +21,18 @@ HostInteger codeOf(String* text);    // of the first character; -1 of none
 // How texts stand to each other by code points, or by those of their small letters: -1, 0 or 1.
 HostInteger order(String* a, String* b, HostBoolean ignoringCase);
 
+// Parts of a text. Characters are counted from 1; numbers that are too small or too large count as the nearest in range.
+HostInteger length(String* text);
+String* mid(String* text, HostInteger start, HostInteger count);
+String* midToEnd(String* text, HostInteger start);
+String* left(String* text, HostInteger count);
+String* right(String* text, HostInteger count);
+
+// Where `wanted` is, from character number `start` on, as the number of its first character; 0 when it is not in there.
+HostInteger findFrom(HostInteger start, String* text, String* wanted);
+HostInteger find(String* text, String* wanted);
+HostInteger findLastOf(String* text, String* wanted); // the last one
+
 // Where `wanted` stands last, as the number of its first character, at most `start`; 0 when it does not.
 HostInteger findLast(HostInteger start, String* text, String* wanted);
 

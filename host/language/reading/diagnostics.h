@@ -32,6 +32,8 @@ struct CheckError {
     std::string message; // empty: an echo of an error that is reported already
 };
 
+inline std::string quoted(std::string_view name) { return "'" + std::string(name) + "'"; }
+
 [[noreturn]] inline void failCheck(Offset offset, std::string message) { throw CheckError{offset, std::move(message)}; }
 
 // The errors and warnings of one program. Beyond a limit, for each of the two, further ones are dropped, which the report

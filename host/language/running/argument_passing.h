@@ -2,10 +2,8 @@
 // offset(), and its arguments stand in the slots from `first` on.
 #pragma once
 
+#include "language/running/array_operations.h"
 #include "language/running/bound_calls.h"
-#include "language/running/places.h"
-
-#include "model/arrays.h"
 
 #include <utility>
 #include <vector>

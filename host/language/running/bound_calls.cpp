@@ -3,7 +3,6 @@
 #include "language/running/argument_passing.h"
 #include "language/running/places.h"
 
-#include "model/arrays.h"
 #include "model/calls.h"
 
 #include <array>
@@ -94,16 +93,6 @@ CodePtr makeObject(ClassInfo& info, const Method* constructor, std::vector<Argum
             passing.pass(frame, callee, slots.data(), 1);
             return object;
         });
-    });
-}
-
-CodePtr makeArrayOf(const Type& elementType, std::vector<CodePtr> elements) {
-    return makeCode([elementType, elements = std::move(elements)](Frame& frame) {
-        Array* const array = newArray(elementType);
-        frame.keep(array);
-        for (const CodePtr& element : elements)
-            appendElement(array, element->evaluate(frame));
-        return Slot::ofObject(array);
     });
 }
 

@@ -27,9 +27,6 @@ ActionPtr callSetter(const Method& method, CodePtr receiver, std::vector<Argumen
 // A new object, on which the Constructor then runs; null: it has none to run.
 CodePtr makeObject(ClassInfo& info, const Method* constructor, std::vector<ArgumentCode> arguments, Offset offset);
 
-// A new array of the given values.
-CodePtr makeArrayOf(const Type& elementType, std::vector<CodePtr> elements);
-
 // Whether the object is of the class or one of its subclasses. Null for the class that every object is of.
 CodePtr isOfClass(CodePtr object, const ClassInfo* info);
 

@@ -2,6 +2,7 @@
 
 #include "language/running/call_stack.h"
 
+#include "language/running/array_operations.h"
 #include "language/running/places.h"
 #include "language/running/run.h"
 
