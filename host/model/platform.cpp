@@ -25,17 +25,6 @@ Result sendFor(id receiver, SEL selector, Arguments... arguments) {
 // A message without arguments whose answer is an object or nothing.
 id send(id receiver, SEL selector) { return sendFor<id>(receiver, selector); }
 
-// The bytes of the first `units` UTF-16 units' worth of UTF-8: the text may hold NULs of its own.
-std::size_t utf8Length(const char* text, std::intptr_t units) {
-    std::size_t length = 0;
-    while (units > 0) {
-        const auto lead = static_cast<unsigned char>(text[length]);
-        length += lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-        units -= lead < 0xF0 ? 1 : 2;
-    }
-    return length;
-}
-
 } // namespace
 
 // Looked up once: a pool is made for every statement.
@@ -62,10 +51,13 @@ std::optional<std::string> textOf(const void* string, Encoding encoding) {
     const id text = static_cast<id>(const_cast<void*>(string));
     const std::intptr_t units = CFStringGetLength(text);
     if (units > std::numeric_limits<std::int32_t>::max() / 4) return std::nullopt;
-    std::vector<char> buffer(static_cast<std::size_t>(units) * 4 + 1); // a unit takes at most three bytes
-    if (!CFStringGetCString(text, buffer.data(), static_cast<std::intptr_t>(buffer.size()), encoding)) return std::nullopt;
-    const bool isUtf8 = encoding == encoding::utf8;
-    return std::string(buffer.data(), isUtf8 ? utf8Length(buffer.data(), units) : static_cast<std::size_t>(units));
+    std::string bytes(static_cast<std::size_t>(units) * 4, '\0'); // no encoding takes more for a unit
+    auto* const buffer = reinterpret_cast<std::uint8_t*>(bytes.data());
+    std::intptr_t used = 0;
+    const auto capacity = static_cast<std::intptr_t>(bytes.size());
+    if (CFStringGetBytes(text, {0, units}, encoding, 0, 0, buffer, capacity, &used) < units) return std::nullopt;
+    bytes.resize(static_cast<std::size_t>(used));
+    return bytes;
 }
 
 std::vector<std::string> keysOfColorList(void* list) {

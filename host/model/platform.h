@@ -25,7 +25,7 @@ private:
 const void* newCFString(std::string_view bytes, Encoding encoding);
 void releaseCFString(const void* string);
 
-// The text of a CFString in UTF-8 or in an encoding of one byte per character; nullopt when it cannot be written so.
+// Returns the text of a CFString, or nullopt when the encoding does not have one of its characters.
 std::optional<std::string> textOf(const void* string, Encoding encoding);
 
 // The keys of an NSColorList, in order, as UTF-8; none for null. Wants an autorelease pool.

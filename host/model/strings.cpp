@@ -77,35 +77,6 @@ String* newStringWithRoom(std::string_view bytes, Encoding encoding, std::size_t
 // Whether the string's own bytes are its text in UTF-8.
 bool isStoredAsUtf8(const String* string) { return string->encoding == encoding::utf8 || string->characters >= 0; }
 
-template <class Unit>
-void append(std::string& bytes, Unit unit) {
-    const std::size_t end = bytes.size();
-    bytes.resize(end + sizeof unit);
-    writeAt(bytes.data(), end, unit);
-}
-
-// Well-formed UTF-8 as UTF-16 or UTF-32 in the machine's byte order.
-std::string widen(std::string_view utf8, Encoding encoding) {
-    std::string bytes;
-    for (std::size_t i = 0; i < utf8.size();) {
-        const auto lead = static_cast<unsigned char>(utf8[i]);
-        const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-        std::uint32_t character = length == 1 ? lead : lead & (0x7Fu >> length);
-        for (std::size_t k = 1; k < length; ++k)
-            character = character << 6 | (static_cast<unsigned char>(utf8[i + k]) & 0x3Fu);
-        i += length;
-        if (encoding == encoding::utf32) {
-            append(bytes, character);
-        } else if (character < 0x10000) {
-            append(bytes, static_cast<std::uint16_t>(character));
-        } else {
-            append(bytes, static_cast<std::uint16_t>(0xD800 + ((character - 0x10000) >> 10)));
-            append(bytes, static_cast<std::uint16_t>(0xDC00 + ((character - 0x10000) & 0x3FF)));
-        }
-    }
-    return bytes;
-}
-
 std::optional<std::string> converted(const String* string, Encoding to) {
     const Encoding from = encodingOf(string);
     const std::string_view bytes = bytesOf(string);
@@ -113,10 +84,8 @@ std::optional<std::string> converted(const String* string, Encoding to) {
 
     const void* const text = platform::newCFString(bytes, from == encoding::unknown ? encoding::macRoman : from);
     if (!text) return std::nullopt;
-    const bool wide = to == encoding::utf16 || to == encoding::utf32;
-    std::optional<std::string> result = platform::textOf(text, wide ? encoding::utf8 : to);
+    std::optional<std::string> result = platform::textOf(text, to);
     platform::releaseCFString(text);
-    if (result && wide) result = widen(*result, to);
     return result;
 }
 

@@ -1,5 +1,6 @@
 // CoreFoundation strings are NSStrings. Text is converted by the same strict rules as on the builtin platform, not by
 // NSString's own.
+#include "builtin/corefoundation.h"
 #include "platform/corefoundation.h"
 #include "platform/selectors.h"
 #include "text/encoding.h"
@@ -68,11 +69,23 @@ GNUSTEP_EXPORT Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIn
         return 1;
     }
     const bool isWritten = withText(string, [=](std::u16string_view text) {
-        return encodeText(text, encoding, buffer, static_cast<std::size_t>(capacity));
+        return encodeCString(text, encoding, buffer, static_cast<std::size_t>(capacity));
     });
     if (isWritten) return 1;
     buffer[0] = '\0';
     return 0;
+}
+
+GNUSTEP_EXPORT CFIndex CFStringGetBytes(CFStringRef string, CFRange range, CFStringEncoding encoding, std::uint8_t, Boolean,
+                                        std::uint8_t* buffer, CFIndex capacity, CFIndex* usedBytes) {
+    return withText(string, [=](std::u16string_view text) {
+        const std::u16string_view part =
+            text.substr(static_cast<std::size_t>(range.location), static_cast<std::size_t>(range.length));
+        const Encoded written =
+            encodeText(part, encoding, reinterpret_cast<char*>(buffer), static_cast<std::size_t>(capacity));
+        *usedBytes = static_cast<CFIndex>(written.bytes);
+        return static_cast<CFIndex>(written.units);
+    });
 }
 
 } // namespace chroma

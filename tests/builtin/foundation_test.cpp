@@ -128,6 +128,26 @@ TEST_F(Strings, AreWrittenWhereTheyFit) {
     EXPECT_FALSE(CFStringGetCString(fromUnits(u""), nullptr, 1, utf8));
 }
 
+TEST_F(Strings, AreWrittenInPartsToBytes) {
+    // The units and bytes written of "a😀b", for each encoding and capacity.
+    const std::tuple<CFStringEncoding, CFIndex, CFIndex, CFIndex> cases[] = {
+        {utf8, 6, 4, 6},    {utf8, 5, 3, 5},   {utf8, 4, 1, 1},     {utf16, 8, 4, 8}, {utf16, 5, 1, 2},
+        {utf32, 12, 4, 12}, {utf32, 11, 3, 8}, {macRoman, 8, 1, 1}, {0x999, 8, 0, 0}};
+    const id text = fromUnits(u"a\U0001F600b");
+    for (const auto& [encoding, capacity, units, bytes] : cases) {
+        std::uint8_t buffer[12] = {};
+        CFIndex used = -1;
+        EXPECT_EQ(CFStringGetBytes(text, {0, 4}, encoding, 0, 0, buffer, capacity, &used), units)
+            << encoding << " " << capacity;
+        EXPECT_EQ(used, bytes) << encoding << " " << capacity;
+        EXPECT_EQ(used == 0 ? 'a' : buffer[0], 'a');
+    }
+    std::uint8_t last = 0;
+    CFIndex used = 0;
+    EXPECT_EQ(CFStringGetBytes(text, {3, 1}, utf8, 0, 0, &last, 1, &used), 1);
+    EXPECT_EQ(last, 'b');
+}
+
 TEST_F(Strings, CompareByContents) {
     const id first = string("abc"), same = fromUnits(u"abc"), later = string("abd");
     for (const char* const message : {"isEqual:", "isEqualToString:"}) {

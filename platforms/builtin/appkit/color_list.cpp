@@ -60,7 +60,7 @@ ColorList::Entry* put(ColorList* list, const String& key, Color* color) {
 // "" for text that no path can hold.
 std::string utf8Text(std::u16string_view text) {
     std::string bytes(3 * text.size() + 1, '\0'); // a unit takes at most three bytes
-    const bool isPath = text.find(u'\0') == text.npos && encodeText(text, encoding::utf8, bytes.data(), bytes.size());
+    const bool isPath = text.find(u'\0') == text.npos && encodeCString(text, encoding::utf8, bytes.data(), bytes.size());
     bytes.resize(isPath ? std::strlen(bytes.c_str()) : 0);
     return bytes;
 }

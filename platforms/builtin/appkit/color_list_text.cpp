@@ -27,8 +27,8 @@ bool isPair(std::u16string_view text, std::size_t index) {
 }
 
 void writeUtf8(std::u16string_view character, std::string& text) {
-    char bytes[8];
-    if (encodeText(character, encoding::utf8, bytes, sizeof bytes)) text += bytes;
+    char bytes[4];
+    text.append(bytes, encodeText(character, encoding::utf8, bytes, sizeof bytes).bytes);
 }
 
 } // namespace

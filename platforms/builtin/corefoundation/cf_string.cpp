@@ -46,11 +46,25 @@ BUILTIN_EXPORT Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIn
             std::memcpy(buffer, text.ascii, text.length + 1);
             return 1;
         }
-    } else if (encodeText({text.units, text.length}, encoding, buffer, size)) {
+    } else if (encodeCString({text.units, text.length}, encoding, buffer, size)) {
         return 1;
     }
     buffer[0] = '\0';
     return 0;
+}
+
+BUILTIN_EXPORT CFIndex CFStringGetBytes(CFStringRef string, CFRange range, CFStringEncoding encoding, std::uint8_t, Boolean,
+                                        std::uint8_t* buffer, CFIndex capacity, CFIndex* usedBytes) {
+    *usedBytes = 0;
+    return builtin::orNull([&]() -> CFIndex {
+        const std::u16string text = static_cast<String*>(string)->text();
+        const std::u16string_view part = std::u16string_view(text).substr(static_cast<std::size_t>(range.location),
+                                                                          static_cast<std::size_t>(range.length));
+        const Encoded written =
+            encodeText(part, encoding, reinterpret_cast<char*>(buffer), static_cast<std::size_t>(capacity));
+        *usedBytes = static_cast<CFIndex>(written.bytes);
+        return static_cast<CFIndex>(written.units);
+    });
 }
 
 } // namespace chroma

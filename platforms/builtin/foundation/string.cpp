@@ -101,7 +101,7 @@ const char* utf8Of(String* string) {
     // A unit takes at most three bytes.
     const std::size_t capacity = string->length * 3 + 1;
     char* const bytes = new char[capacity];
-    if (!encodeText(string->text(), encoding::utf8, bytes, capacity)) {
+    if (!encodeCString(string->text(), encoding::utf8, bytes, capacity)) {
         delete[] bytes;
         return nullptr;
     }

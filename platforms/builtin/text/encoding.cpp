@@ -171,16 +171,21 @@ bool decodeUtf32(std::string_view bytes, bool honoursMark, std::u16string& text)
     return true;
 }
 
-// A buffer being filled; `put` answers false when it is full.
+// A buffer to fill with units. `put` returns false when the unit does not fit.
 class Output {
 public:
     Output(char* buffer, std::size_t capacity) : next_(buffer), end_(buffer + capacity) {}
 
-    bool put(char32_t byte) {
-        if (next_ == end_) return false;
-        *next_++ = static_cast<char>(byte);
+    template <class Unit = unsigned char>
+    bool put(char32_t value) {
+        const auto unit = static_cast<Unit>(value);
+        if (static_cast<std::size_t>(end_ - next_) < sizeof unit) return false;
+        std::memcpy(next_, &unit, sizeof unit);
+        next_ += sizeof unit;
         return true;
     }
+
+    char* next() const { return next_; }
 
 private:
     char* next_;
@@ -217,6 +222,22 @@ bool putUtf8(Output& output, char32_t character) {
     }
     return output.put(0xF0 | character >> 18) && output.put(0x80 | (character >> 12 & 0x3F)) &&
            output.put(0x80 | (character >> 6 & 0x3F)) && output.put(0x80 | (character & 0x3F));
+}
+
+// A character that does not fit leaves nothing behind: the caller counts from the last one that did.
+bool putCharacter(Output& output, char32_t character, std::uint32_t encoding) {
+    switch (encoding) {
+    case encoding::utf8: return putUtf8(output, character);
+    case encoding::utf32: return output.put<char32_t>(character);
+    case encoding::utf16:
+        if (character < 0x10000) return output.put<char16_t>(character);
+        return output.put<char16_t>(0xD800 + ((character - 0x10000) >> 10)) &&
+               output.put<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF));
+    default: {
+        const int byte = byteOfCharacter(character, encoding);
+        return byte >= 0 && output.put(static_cast<char32_t>(byte));
+    }
+    }
 }
 
 } // namespace
@@ -256,24 +277,30 @@ bool decodeText(std::string_view bytes, std::uint32_t encoding, bool honoursMark
     }
 }
 
-bool encodeText(std::u16string_view text, std::uint32_t encoding, char* buffer, std::size_t capacity) {
-    if (!extendsAscii(encoding)) return false;
-    const std::size_t copied = copyAsciiBlocks(text, buffer, capacity);
-    Output output(buffer + copied, capacity - copied);
-    for (std::size_t index = copied; index < text.size(); ++index) {
-        char32_t character = text[index];
+Encoded encodeText(std::u16string_view text, std::uint32_t encoding, char* buffer, std::size_t capacity) {
+    const bool isWide = encoding == encoding::utf16 || encoding == encoding::utf32;
+    if (!isWide && !extendsAscii(encoding)) return {0, 0};
+    std::size_t index = isWide ? 0 : copyAsciiBlocks(text, buffer, capacity);
+    Encoded written = {index, index};
+    Output output(buffer + index, capacity - index);
+    while (index < text.size()) {
+        char32_t character = text[index++];
         if (isSurrogate(character)) {
-            if (isLowSurrogate(character) || index + 1 == text.size() || !isLowSurrogate(text[index + 1])) return false;
-            character = 0x10000 + ((character & 0x3FF) << 10) + (text[++index] & 0x3FFu);
+            if (isLowSurrogate(character) || index == text.size() || !isLowSurrogate(text[index])) break;
+            character = 0x10000 + ((character & 0x3FF) << 10) + (text[index++] & 0x3FFu);
         }
-        if (encoding == encoding::utf8) {
-            if (!putUtf8(output, character)) return false;
-        } else {
-            const int byte = byteOfCharacter(character, encoding);
-            if (byte < 0 || !output.put(static_cast<char32_t>(byte))) return false;
-        }
+        if (!putCharacter(output, character, encoding)) break;
+        written = {index, static_cast<std::size_t>(output.next() - buffer)};
     }
-    return output.put(0);
+    return written;
+}
+
+bool encodeCString(std::u16string_view text, std::uint32_t encoding, char* buffer, std::size_t capacity) {
+    if (!extendsAscii(encoding)) return false;
+    const Encoded written = encodeText(text, encoding, buffer, capacity);
+    if (written.units < text.size() || written.bytes == capacity) return false;
+    buffer[written.bytes] = '\0';
+    return true;
 }
 
 } // namespace chroma

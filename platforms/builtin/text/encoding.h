@@ -30,8 +30,18 @@ bool isAscii(std::u16string_view text);
 // order mark decides the order of UTF-16 and UTF-32 and is left out, of UTF-8 too.
 bool decodeText(std::string_view bytes, std::uint32_t encoding, bool honoursMark, std::u16string& text);
 
-// Writes the text and a NUL. False when a surrogate is unpaired, a character is not in the encoding, the encoding's units
-// are not bytes, or the capacity does not suffice; the buffer then holds a part of the text.
-bool encodeText(std::u16string_view text, std::uint32_t encoding, char* buffer, std::size_t capacity);
+// How much encodeText wrote.
+struct Encoded {
+    std::size_t units; // of the text
+    std::size_t bytes; // in the buffer
+};
+
+// Writes the text without a NUL. Stops early at an unpaired surrogate, at a character that the encoding does not have, and
+// where the next character does not fit the capacity. Writes nothing in an unknown encoding.
+Encoded encodeText(std::u16string_view text, std::uint32_t encoding, char* buffer, std::size_t capacity);
+
+// Writes the text and a NUL. Returns false when encodeText stops early, the NUL does not fit, or the encoding's units are
+// not bytes; the buffer then holds a part of the text.
+bool encodeCString(std::u16string_view text, std::uint32_t encoding, char* buffer, std::size_t capacity);
 
 } // namespace chroma

@@ -24,6 +24,10 @@ using CFStringEncoding = std::uint32_t;
 using Boolean = unsigned char;
 using UniChar = std::uint16_t;
 
+struct CFRange {
+    CFIndex location, length;
+};
+
 extern "C" {
 
 // Null does nothing, and CFRetain answers its argument.
@@ -45,6 +49,13 @@ CFIndex CFStringGetLength(CFStringRef string); // in UTF-16 units; 0 for null
 // Writes the text and a NUL. False when the text cannot be written in the encoding, the encoding's units are not bytes, or
 // text and NUL do not fit the capacity; the buffer then starts with a NUL if it has room for one.
 Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex capacity, CFStringEncoding encoding);
+
+// Writes the range's text without a NUL and sets *usedBytes to the number of bytes. Returns the number of UTF-16 units that
+// it wrote; stops early at an unpaired surrogate, at a character that the encoding does not have, and where the next
+// character does not fit the capacity. The range must lie inside the text, lossByte and isExternalRepresentation must be 0,
+// and the buffer must not be null.
+CFIndex CFStringGetBytes(CFStringRef string, CFRange range, CFStringEncoding encoding, std::uint8_t lossByte,
+                         Boolean isExternalRepresentation, std::uint8_t* buffer, CFIndex capacity, CFIndex* usedBytes);
 
 // Keys and values are plain pointers, neither retained nor compared by what they point to. Null for callbacks that are not
 // null.
