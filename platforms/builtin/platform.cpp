@@ -1,4 +1,4 @@
-// The platform's classes: the only file that knows every one of them.
+// The list of the platform's classes. Only this file knows all of them.
 #include "appkit/catalog.h"
 #include "appkit/color.h"
 #include "appkit/color_list.h"
@@ -19,7 +19,7 @@
 namespace chroma::builtin {
 namespace {
 
-// A class comes after its superclass.
+// A class follows its superclass.
 constexpr ClassTable (*classTables[])() = {
     tableOfNSObject,     tableOfNSAutoreleasePool, tableOfNSString,     tableOfNSException,
     tableOfNSData,       tableOfNSArray,           tableOfNSEnumerator, tableOfNSMutableDictionary,

@@ -1,5 +1,5 @@
-// The platform as it declares itself and as the plugin declares it: where the two contradict each other, this file does not
-// compile. The only one here that knows of the plugin.
+// Compares the platform's own declarations with the plugin's: this file does not compile if they contradict each other.
+// Only this file of the platform knows the plugin.
 #include "builtin/constants.h"
 #include "builtin/corefoundation.h"
 #include "builtin/objc_runtime.h"

@@ -1,5 +1,4 @@
-// CoreFoundation strings are NSStrings. Text is converted by the same strict rules as on the builtin platform, not by
-// NSString's own.
+// CoreFoundation strings are NSStrings. Text is converted with the builtin platform's strict rules instead of NSString's.
 #include "builtin/corefoundation.h"
 #include "platform/corefoundation.h"
 #include "platform/selectors.h"
@@ -29,8 +28,8 @@ id newString(const UniChar* units, NSUInteger count) {
     return initWithCharacters_length_(sel::alloc(NSString), units, count);
 }
 
-// Calls use(text) with the units of a string, short ones on the stack. Native exceptions unwind here, so text may live
-// across messages.
+// Calls use(text) with the units of a string; short strings are on the stack. Native exceptions unwind here, so text may
+// live across messages.
 template <class Use>
 auto withText(CFStringRef string, Use use) {
     const auto length = static_cast<std::size_t>(CFStringGetLength(string));
@@ -62,7 +61,7 @@ GNUSTEP_EXPORT CFIndex CFStringGetLength(CFStringRef string) { return static_cas
 
 GNUSTEP_EXPORT Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex capacity, CFStringEncoding encoding) {
     if (!string || !buffer || capacity <= 0) return 0;
-    // Text that is ASCII, nearly all of it, NSString copies out by itself.
+    // NSString itself copies ASCII text, the most frequent kind.
     constexpr NSStringEncoding asciiEncoding = 1;
     if (extendsAscii(encoding) && canBeConvertedToEncoding_(string, asciiEncoding) &&
         getCString_maxLength_encoding_(string, buffer, static_cast<NSUInteger>(capacity), asciiEncoding)) {

@@ -1,5 +1,4 @@
-// CoreFoundation's URLs are NSURLs. What NSURL makes on the way goes with a pool of its own, so that only the answer is
-// left.
+// CoreFoundation's URLs are NSURLs. A pool around each call releases NSURL's temporary objects.
 #import <Foundation/NSAutoreleasePool.h>
 #import <Foundation/NSString.h>
 #import <Foundation/NSURL.h>

@@ -1,5 +1,5 @@
-// Hosts that know nothing of GNUstep have no pool for what is autoreleased, and GNUstep complains of every such object. One
-// pool around the whole program takes what no pool of the host's own does.
+// Hosts that do not know GNUstep have no pool, and GNUstep logs every object that is autoreleased without one. One pool
+// around the program receives the objects for which the host has no pool.
 #include "platform/selectors.h"
 
 namespace chroma {

@@ -1,4 +1,4 @@
-// The one function of the runtime's interface that GNUstep's runtime has in its headers alone.
+// The only function of the runtime's interface that GNUstep's runtime has only in its headers.
 #include "platform/objc.h"
 
 #include "export.h"

@@ -102,7 +102,7 @@ Color* catalogColor(std::size_t index) {
     return colors[index];
 }
 
-// A class method per row: which colour a method answers is part of the function, not found out when it runs.
+// One class method per row. The method's colour is a template argument, so no message looks it up.
 using ColorAt = Color* (*)(std::size_t);
 
 template <ColorAt At, std::size_t Index>
@@ -149,7 +149,7 @@ Color* resolved(const CatalogColor& color) {
 }
 
 Category categoryOfNamedColors() {
-    // Nothing is localised: the localised names are the names.
+    // Nothing is localised: localised names are the names themselves.
     static const MethodEntry methods[] = {
         method<catalogName>("catalogNameComponent"),
         method<colorName>("colorNameComponent"),

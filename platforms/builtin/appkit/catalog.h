@@ -13,9 +13,9 @@ struct Shade {
     double alpha;
 };
 
-// A colour of the catalog, and what it looks like in the light and in the dark appearance.
+// A colour of the catalog in the light and the dark appearance.
 struct CatalogColor {
-    const char* name; // also the class method that answers it
+    const char* name; // also the name of its class method
     Shade light;
     Shade dark;
 };
@@ -25,16 +25,16 @@ struct CatalogColors {
     std::size_t count;
 };
 
-// In alphabetical order, the order of the platform's colour list.
+// Returns the colours in alphabetical order, the order of the platform's colour list.
 CatalogColors catalogColors();
 
-// Null when the catalog has no such colour.
+// Returns null if the catalog has no such colour.
 const CatalogColor* findCatalogColor(std::u16string_view name);
 
-// The one object of a catalog colour, which is never freed.
+// Returns the single object of a catalog colour, which is never freed.
 Color* colorOf(const CatalogColor& catalogColor);
 
-// The colour that it stands for, as autoreleased sRGB colour: in the dark appearance when CHROMABRIDGE_APPEARANCE is "dark".
+// Returns the represented colour as an autoreleased sRGB colour. CHROMABRIDGE_APPEARANCE=dark selects the dark appearance.
 Color* resolved(const CatalogColor& catalogColor);
 
 Category categoryOfNamedColors();

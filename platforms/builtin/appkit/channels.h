@@ -1,4 +1,4 @@
-// The channels of a colour, without alpha, as conversions calculate with them.
+// The channels of a colour, without alpha, in the form that conversions use.
 #pragma once
 
 #include <algorithm>
@@ -7,12 +7,12 @@
 
 namespace chroma::builtin {
 
-// The most that a profile's colour space can have.
+// The maximum in a profile's colour space.
 constexpr std::size_t maxChannels = 15;
 
 using Channels = std::array<double, maxChannels>;
 
-// A value in 0..1; not-a-number counts as 0.
+// Clips to 0..1; not-a-number becomes 0.
 inline double clip(double value) { return value > 0 ? std::min(value, 1.0) : 0; }
 
 } // namespace chroma::builtin

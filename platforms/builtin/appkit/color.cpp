@@ -82,7 +82,7 @@ String* description(Color* self, SEL) {
 }
 
 BOOL isEqual(Color* self, SEL, id other) {
-    if (other == self) return 1; // with not-a-number among its components too
+    if (other == self) return 1; // even if a component is not-a-number
     if (!isKindOf(other, Color::cls)) return 0;
     const ColorContents& mine = self->contents;
     const ColorContents& theirs = static_cast<Color*>(other)->contents;
@@ -96,7 +96,7 @@ BOOL isEqual(Color* self, SEL, id other) {
     return mine.image.get() == theirs.image.get();
 }
 
-// Equal colours have equal components; +0 and -0 are equal too.
+// Equal colours must have equal hashes, although +0 and -0 are equal with different bits.
 std::uintptr_t hash(Color* self, SEL) {
     std::uintptr_t value = static_cast<std::uintptr_t>(self->contents.kind);
     for (const float component : self->contents.components) {

@@ -29,20 +29,20 @@ Category categoryOfColorFactories();
 Category categoryOfColorPasteboard();
 Category categoryOfPatternColors();
 
-// Autoreleased colours. The components are the space's, then alpha, rounded to single precision.
+// Returns an autoreleased colour. The components are the space's followed by alpha, rounded to single precision.
 Color* newColor(const ColorContents& contents);
 Color* componentColor(ColorSpace* space, std::initializer_list<double> components);
 
-// The same, never freed.
+// The same, but the colour is never freed.
 Color* sharedColor(ColorSpace* space, std::initializer_list<double> components);
 
-// The colour with components of its own: itself, or what a catalog colour stands for. Null for a pattern.
+// Returns the colour itself, or the colour that a catalog colour represents; null for a pattern.
 Color* withComponents(Color* color);
 
-// The colour in the space: itself when it is in it already, null when it cannot be converted. Autoreleased.
+// Returns an autoreleased colour in the space: the colour itself if it is in that space, or null if it cannot be converted.
 Color* converted(Color* color, ColorSpace* space);
 
-// Raises NSInvalidArgumentException because the colour does not answer the message.
+// Raises NSInvalidArgumentException: the colour does not respond to the message.
 [[noreturn]] void raiseNotValid(Color* color, SEL selector);
 
 } // namespace chroma::builtin

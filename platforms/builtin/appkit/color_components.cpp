@@ -1,4 +1,4 @@
-// The component messages. A colour answers those of its own family and raises for the others.
+// The component messages. A colour responds to those of its own family and raises for the others.
 #include "appkit/color.h"
 #include "appkit/hsb.h"
 
@@ -34,13 +34,13 @@ CGFloat hsbComponent(Color* self, SEL selector) {
     return static_cast<float>(hsbOf(self, selector)[Index]);
 }
 
-// Of every colour: a catalog colour has that of what it stands for, a pattern is opaque.
+// Valid for every colour: a catalog colour returns the alpha of the colour it represents, a pattern 1.
 CGFloat alphaComponent(Color* self, SEL) {
     const Color* const color = withComponents(self);
     return color ? color->contents.alpha() : 1;
 }
 
-// Outputs that are null are not asked for. Answers are single-precision numbers in every width.
+// Skips null outputs. The values are single-precision numbers in every width.
 void put(CGFloat* output, double value) {
     if (output) *output = static_cast<float>(value);
 }

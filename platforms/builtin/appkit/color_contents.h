@@ -1,4 +1,5 @@
-// What a colour is, whatever holds it: a colour object, a handle, a list's file, the pasteboard.
+// The contents of a colour, independent of where they are stored: in a colour object, a handle, a list's file or the
+// pasteboard.
 #pragma once
 
 #include "appkit/color_space.h"
@@ -16,7 +17,7 @@ struct ColorContents {
         pattern,    // `image`
     };
 
-    // A pattern without an image is what a colour is before it has been given contents.
+    // Before it receives its contents, a colour is a pattern without an image.
     Kind kind = Kind::pattern;
     Ref<ColorSpace> space;
     std::array<float, maxComponents> components{};

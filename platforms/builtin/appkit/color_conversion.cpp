@@ -1,4 +1,4 @@
-// The messages that answer a colour made from another: conversions, other alphas, blends.
+// The messages that derive a colour from another: conversions, other alphas, blends.
 #include "appkit/catalog.h"
 #include "appkit/color.h"
 
@@ -40,12 +40,12 @@ Color* colorUsingColorSpace(Color* self, SEL, id space) {
 Color* colorUsingColorSpaceName(Color* self, SEL, id name) {
     static const Message colorSpaceName{"colorSpaceName"};
     static const Message isEqualToString{"isEqualToString:"};
-    if (!name) return self->contents.kind == Kind::catalog ? withComponents(self) : self; // the space that fits it best
+    if (!name) return self->contents.kind == Kind::catalog ? withComponents(self) : self; // the most appropriate space
     if (send<BOOL>(send<id>(self, colorSpaceName), isEqualToString, name)) return self;
     return converted(self, spaceForName(name));
 }
 
-// A pattern has no alpha of its own to change.
+// Returns a pattern unchanged: it has no alpha.
 Color* colorWithAlphaComponent(Color* self, SEL, CGFloat alpha) {
     Color* const source = withComponents(self);
     if (!source) return self;
@@ -54,7 +54,7 @@ Color* colorWithAlphaComponent(Color* self, SEL, CGFloat alpha) {
     return made;
 }
 
-// The fraction is not clipped. nil when one of the two cannot be converted to calibrated RGB.
+// Does not clip the fraction. Returns nil if one of the two cannot be converted to calibrated RGB.
 Color* blended(Color* color, double fraction, Color* other) {
     ColorSpace* const space = standardSpace(StandardSpace::genericRGB);
     Color* const first = converted(color, space);
@@ -72,7 +72,7 @@ Color* blendedColorWithFraction(Color* self, SEL, CGFloat fraction, id other) {
     return blended(self, fraction, argument<Color>(other, colorUsingColorSpaceNameMessage));
 }
 
-// Level 0 is the colour itself, level 1 the other one.
+// Returns the colour itself for level 0, the other colour for level 1.
 Color* towards(Color* color, double level, std::u16string_view name) {
     Color* const other = colorOf(*findCatalogColor(name));
     if (clip(level) == 0) return color;

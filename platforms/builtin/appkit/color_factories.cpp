@@ -1,5 +1,5 @@
-// The class methods that make colours from numbers, spaces and handles. Calibrated and profiled spaces take components as
-// they are, also outside 0..1; device spaces clip them.
+// The class methods that create colours from numbers, spaces and handles. Calibrated and profiled spaces keep components
+// outside 0..1; device spaces clip them.
 #include "appkit/color.h"
 #include "appkit/core_graphics.h"
 #include "appkit/hsb.h"
@@ -80,7 +80,7 @@ Color* colorWithColorSpaceHue(ClassObject*, SEL selector, id spaceObject, CGFloa
     return colorWithHsb(space, {hue, saturation, brightness}, isOfDevice(*space->definition) ? clip(alpha) : alpha);
 }
 
-// nil for null and for a handle of another kind.
+// Returns nil for null and for a handle of another kind.
 Color* colorWithCGColor(ClassObject*, SEL, id handle) {
     return isKindOf(handle, CGColorObject::cls) ? newColor(static_cast<CGColorObject*>(handle)->contents) : nullptr;
 }

@@ -24,7 +24,7 @@ String notEditable{"NSColorListNotEditableException"};
 const Message lengthMessage{"length"};
 const Message colorSpaceNameMessage{"colorSpaceName"};
 
-// The lists that colorListNamed: has read, as long as they live and their files hold what they are from.
+// The lists that colorListNamed: has read, while they are alive and their files are unchanged.
 ColorList* firstShared = nullptr;
 
 ColorList* sharedList(const std::string& path) {
@@ -47,7 +47,7 @@ void unshare(const ColorList* list) {
     }
 }
 
-// Puts the colour in the place of the key's, or at the end.
+// Replaces the key's colour, or appends it.
 ColorList::Entry* put(ColorList* list, const String& key, Color* color) {
     const auto [entry, isNew] = list->colors.try_emplace(key.text());
     entry->second = color;
@@ -57,7 +57,7 @@ ColorList::Entry* put(ColorList* list, const String& key, Color* color) {
 
 // Paths, in UTF-8.
 
-// "" for text that no path can hold.
+// Returns "" for text that a path cannot contain.
 std::string utf8Text(std::u16string_view text) {
     std::string bytes(3 * text.size() + 1, '\0'); // a unit takes at most three bytes
     const bool isPath = text.find(u'\0') == text.npos && encodeCString(text, encoding::utf8, bytes.data(), bytes.size());
@@ -70,13 +70,14 @@ std::string userFolder() {
     return data.empty() ? "" : data + "/chromabridge/colors";
 }
 
-// "" when the list's name is no file name or there is no folder.
+// Returns "" if the list's name is not a file name or there is no folder.
 std::string fileIn(const std::string& folder, const std::string& name) {
     const bool isFileName = !name.empty() && name.find('/') == std::string::npos;
     return folder.empty() || !isFileName ? "" : folder + "/" + name + ".clr";
 }
 
-// Where writeToFile: puts the list: the file itself, a file of the list's name in a folder, for nil in the user's.
+// Returns where writeToFile: writes the list: to the file itself, to a file with the list's name in a folder, or for nil in
+// the user's folder.
 std::string targetFile(ColorList* list, String* path) {
     const std::string name = utf8Text(list->name);
     if (!path) {
@@ -103,7 +104,7 @@ bool writeList(ColorList* list, const std::string& path) {
     return true;
 }
 
-// The arguments of the editing messages: the list must be editable, the key and the colour not nil.
+// Checks of the editing messages: the list must be editable, key and colour must not be nil.
 
 void requireEditable(ColorList* list, SEL selector) {
     if (list->isEditable) return;
@@ -122,7 +123,7 @@ String* requiredKey(id key, SEL selector) { return required<String>(key, lengthM
 
 Color* requiredColor(id color, SEL selector) { return required<Color>(color, colorSpaceNameMessage, selector, "the color"); }
 
-// An initialiser that cannot make a list ends the new object and answers nil. A list has a name.
+// Releases the new object and returns nil, for initialisers that fail. A list must have a name.
 ColorList* abandoned(ColorList* list) {
     release(list);
     return nullptr;
@@ -157,8 +158,8 @@ ColorList* systemList() {
     return list;
 }
 
-// The platform's list, or a list that was saved in the user's folder: one object while somebody holds it. nil when there is
-// none of the name.
+// Returns the platform's list or a list saved in the user's folder, the same object as long as it is alive. Returns nil if
+// no list has the name.
 ColorList* colorListNamed(ClassObject*, SEL, id nameObject) {
     const String* const name = argument<String>(nameObject, lengthMessage);
     if (!name) return nullptr;
@@ -191,7 +192,7 @@ Color* colorWithKey(ColorList* self, SEL, id keyObject) {
     return entry == self->colors.end() ? nullptr : entry->second.get();
 }
 
-// A key that the list has already is moved.
+// Moves a key that the list already has.
 void insertColor(ColorList* self, SEL selector, id colorObject, id keyObject, std::uintptr_t index) {
     requireEditable(self, selector);
     Color* const color = requiredColor(colorObject, selector);
@@ -232,7 +233,7 @@ BOOL writeToFile(ColorList* self, SEL, id pathObject) {
     return writeList(self, targetFile(self, path));
 }
 
-// Of a list that was neither read nor written there is no file.
+// A list that was neither read nor written has no file.
 void removeFile(ColorList* self, SEL) {
     if (self->file.empty()) return;
     unlink(self->file.c_str());

@@ -1,4 +1,4 @@
-// NSColorList: colours under keys, in the order in which they were inserted.
+// NSColorList: colours by key, in the order of insertion.
 #pragma once
 
 #include "appkit/color.h"
@@ -19,10 +19,10 @@ struct ColorList : Object {
 
     std::u16string name;
     Colors colors;
-    std::vector<Entry*> entries; // those of `colors`, which stay where they are, in the list's order
+    std::vector<Entry*> entries; // point into `colors`, whose elements do not move; in the list's order
     bool isEditable = true;
-    ColorList* nextShared = nullptr; // of the lists that colorListNamed: has read and would answer again
-    std::string file;                // where the list was last read from or written to, "" while it is only in memory
+    ColorList* nextShared = nullptr; // the next of the lists that colorListNamed: may return again
+    std::string file;                // where the list was last read or written; "" if only in memory
 };
 
 ClassTable tableOfNSColorList();

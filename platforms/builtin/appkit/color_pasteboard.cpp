@@ -1,4 +1,4 @@
-// Colours to the pasteboard and back. The pasteboard keeps what the colour is, not the object: what comes back is equal.
+// Colours on the pasteboard. The pasteboard stores the contents, not the object: reading returns an equal colour.
 #include "appkit/color.h"
 #include "appkit/pasteboard.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 const Message clearContents{"clearContents"};
 
-// Takes the place of what was there.
+// Replaces the pasteboard's contents.
 void writeToPasteboard(Color* self, SEL, id object) {
     Pasteboard* const pasteboard = argument<Pasteboard>(object, clearContents);
     if (!pasteboard) return;
@@ -15,7 +15,7 @@ void writeToPasteboard(Color* self, SEL, id object) {
     pasteboard->hasColor = true;
 }
 
-// nil when there is no colour on it.
+// Returns nil if the pasteboard holds no colour.
 Color* colorFromPasteboard(ClassObject*, SEL, id object) {
     const Pasteboard* const pasteboard = argument<Pasteboard>(object, clearContents);
     return pasteboard && pasteboard->hasColor ? newColor(pasteboard->color) : nullptr;

@@ -5,7 +5,7 @@
 namespace chroma::builtin {
 namespace {
 
-// nil for nil.
+// Returns nil for nil.
 Color* colorWithPatternImage(ClassObject*, SEL, id object) {
     static const Message size{"size"};
     Image* const image = argument<Image>(object, size);

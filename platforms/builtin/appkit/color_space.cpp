@@ -57,7 +57,7 @@ ColorSpace* standard(ClassObject*, SEL) {
 
 ColorSpace* colorSpaceForName(ClassObject*, SEL, id name) { return spaceForName(name); }
 
-// Empty for a model of which there is none.
+// Returns an empty array for a model without spaces.
 Array* availableSpaces(ClassObject*, SEL, std::intptr_t model) {
     auto* const array = autorelease(make<Array>());
     for (std::size_t index = 0; index < standardSpaceCount; ++index) {
@@ -67,7 +67,7 @@ Array* availableSpaces(ClassObject*, SEL, std::intptr_t model) {
     return array;
 }
 
-// An initialiser that cannot make a space ends the new object and answers nil.
+// Releases the new object and returns nil if the definition is null, for initialisers that fail.
 ColorSpace* initialized(ColorSpace* self, const SpacePointer& definition) {
     if (!definition) {
         release(self);
@@ -77,7 +77,7 @@ ColorSpace* initialized(ColorSpace* self, const SpacePointer& definition) {
     return self;
 }
 
-// What a handle stands for, null for null and for another kind of object.
+// Returns a handle's object, or null for null and for another kind of object.
 template <class Handle>
 SpacePointer definitionOf(id handle) {
     return isKindOf(handle, Handle::cls) ? static_cast<Handle*>(handle)->definition : nullptr;
@@ -97,7 +97,7 @@ ColorSpace* initWithColorSyncProfile(ColorSpace* self, SEL, id handle) {
     return initialized(self, definitionOf<ProfileObject>(handle));
 }
 
-// nil for a space without a profile.
+// Returns nil for a space without a profile.
 Data* iccProfileData(ColorSpace* self, SEL) {
     const std::vector<std::uint8_t>& profile = self->definition->profile;
     return profile.empty() ? nullptr : data(profile.data(), profile.size());
@@ -114,7 +114,7 @@ Handle* handleOf(ColorSpace* space, LazyRef<Handle>& handle) {
 
 CGColorSpaceObject* cgColorSpace(ColorSpace* self, SEL) { return handleOf(self, self->handle); }
 
-// Null for a space without a profile.
+// Returns null for a space without a profile.
 ProfileObject* colorSyncProfile(ColorSpace* self, SEL) {
     return self->definition->profile.empty() ? nullptr : handleOf(self, self->profile);
 }

@@ -1,4 +1,4 @@
-// NSColorSpace: an object for a space definition.
+// NSColorSpace: the object around a space definition.
 #pragma once
 
 #include "appkit/standard_spaces.h"
@@ -21,10 +21,10 @@ struct ColorSpace : Object {
 
 ClassTable tableOfNSColorSpace();
 
-// The one object of a standard space, which is never freed.
+// Returns the single object of a standard space, which is never freed.
 ColorSpace* standardSpace(StandardSpace space);
 
-// The space that a colour-space name stands for: null for nil and for names that stand for none.
+// Returns the space of a colour-space name, or null for nil and for other names.
 ColorSpace* spaceForName(id name);
 
 } // namespace chroma::builtin

@@ -15,8 +15,8 @@ Matrix3 operator*(const Matrix3& left, const Matrix3& right);
 double determinant(const Matrix3& matrix);
 Matrix3 inverse(const Matrix3& matrix); // the determinant must not be 0
 
-// CIE 1976 L*a*b*, L* in 0..100. Lightness alone is told as L* / 100: a cube root of the light above (6/29)^3, a straight
-// line below.
+// CIE 1976 L*a*b*, L* in 0..100. The two functions of lightness use L* / 100: a cube root above (6/29)^3, a straight line
+// below.
 double lightOfLightness(double lightness);
 double lightnessOfLight(double light);
 Vector3 xyzFromLab(const Vector3& lab);
@@ -32,14 +32,14 @@ constexpr Chromaticity d65{0.3127, 0.3290};
 
 Vector3 xyzOf(Chromaticity light); // Y is 1
 
-// The linear Bradford transform of XYZ under the white point to XYZ under D50.
+// Returns the linear Bradford transform from XYZ under the white point to XYZ under D50.
 Matrix3 adaptationToD50(Chromaticity white);
 
-// The matrix from linear RGB of the primaries under the white point to XYZ, adapted to D50.
+// Returns the matrix from linear RGB with these primaries and white point to XYZ, adapted to D50.
 Matrix3 rgbToXyz(Chromaticity red, Chromaticity green, Chromaticity blue, Chromaticity white);
 
-// The matrix whose columns are the colorants. Where their sum, white, is D50 but for the precision in which profiles write
-// numbers down, each row is scaled so that it is D50 exactly, and neutral colours stay neutral; other whites stand.
+// Returns the matrix whose columns are the colorants. If their sum, white, is D50 within the precision of profiles, each
+// row is scaled so that white is exactly D50 and neutral colours stay neutral. Any other white is kept.
 Matrix3 colorantsToXyz(const Vector3& red, const Vector3& green, const Vector3& blue);
 
 } // namespace chroma::builtin

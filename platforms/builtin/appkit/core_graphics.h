@@ -1,5 +1,5 @@
-// The handles under colours and spaces: what CGColor, CGColorSpace and colorSyncProfile hand out. A handle knows all of what
-// it stands for, and lives as long as the object that handed it out unless someone retains it.
+// The handles of colours and spaces, which CGColor, CGColorSpace and colorSyncProfile return. A handle contains all data of
+// its object. It lives as long as the object that returned it, or longer if it is retained.
 #pragma once
 
 #include "appkit/color_contents.h"
@@ -12,7 +12,7 @@ struct CGColorSpaceObject : Object {
     SpacePointer definition;
 };
 
-// A ColorSync profile: of spaces that have profile data.
+// A ColorSync profile; only spaces with profile data have one.
 struct ProfileObject : Object {
     static ClassObject cls;
 

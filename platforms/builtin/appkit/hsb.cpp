@@ -10,12 +10,12 @@ namespace chroma::builtin {
 Vector3 rgbFromHsb(const Vector3& hsb) {
     const double saturation = clip(hsb[1]);
     const double brightness = clip(hsb[2]);
-    // In single precision a third is a third of the circle, whichever way it was rounded.
+    // Computed in single precision, so that a third is a third of the circle however it was rounded.
     const double sixth = static_cast<float>(clip(hsb[0])) * 6.0F;
 
     Vector3 rgb;
     for (std::size_t index = 0; index < 3; ++index) {
-        // How far the hue is from the channel's own, around the circle and in sixths: up to 1 the channel is full, from 2 on
+        // The distance of the hue from the channel's own, in sixths of the circle. Up to 1 the channel is full, from 2 on
         // it is empty.
         const double around = std::fmod(sixth - 2 * static_cast<double>(index) + 9, 6) - 3;
         const double share = clip(2 - std::abs(around));

@@ -5,8 +5,8 @@
 
 namespace chroma::builtin {
 
-// All of both in 0..1, values outside are clipped; hue 0, 1/3 and 2/3 are red, green and blue. A grey has hue and saturation
-// 0.
+// All values are in 0..1; values outside are clipped. Hue 0, 1/3 and 2/3 are red, green and blue. A grey has hue and
+// saturation 0.
 Vector3 rgbFromHsb(const Vector3& hsb);
 Vector3 hsbFromRgb(const Vector3& rgb);
 

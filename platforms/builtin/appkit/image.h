@@ -1,4 +1,4 @@
-// NSImage: as much of an image as a pattern colour needs, a size and the colour behind whatever would be drawn.
+// NSImage: the part that a pattern colour needs, a size and a background colour. Nothing is drawn.
 #pragma once
 
 #include "appkit/color.h"

@@ -30,7 +30,7 @@ Vector3 xyzFromRgb(const SpaceDefinition& space, const Vector3& rgb) {
     return space.toXyz * linear;
 }
 
-// Linear light that is neutral or white but for what rounding has left is neutral or white.
+// Removes rounding errors: linear light that is almost neutral or almost white becomes neutral or white.
 void takeOutRounding(Vector3& linear) {
     constexpr double noise = 1e-12;
     const auto [least, most] = std::minmax({linear[0], linear[1], linear[2]});
@@ -48,8 +48,8 @@ Vector3 rgbFromXyz(const SpaceDefinition& space, const Vector3& xyz) {
     return rgb;
 }
 
-// The RGB space in which a colour of the space is first expressed: the space itself, or its complement; null for a space
-// that knows another way.
+// Returns the RGB space through which colours of the space are converted: the space itself or its complement. Returns null
+// if the space is converted differently.
 const SpaceDefinition* rgbSpaceOf(const SpaceDefinition& space) {
     if (space.complement) return space.complement.get();
     return space.model == ColorModel::rgb ? &space : nullptr;
@@ -78,7 +78,7 @@ Channels fromXyz(const SpaceDefinition& space, const Vector3& xyz) {
     return {clip(space.curves[0].toEncoded(xyz[1]))};
 }
 
-// An RGB space and its complement convert without a detour over XYZ.
+// An RGB space and its complement are converted directly, not through XYZ.
 bool shareRgb(const SpaceDefinition& first, const SpaceDefinition& second) {
     if (!first.complement && !second.complement) return false;
     const SpaceDefinition* const one = rgbSpaceOf(first);

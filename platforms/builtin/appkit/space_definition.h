@@ -1,4 +1,4 @@
-// What a colour space is, apart from the objects that stand for it: plain data and arithmetic.
+// The definition of a colour space, independent of its objects: plain data and arithmetic.
 #pragma once
 
 #include "appkit/channels.h"
@@ -22,12 +22,12 @@ constexpr std::size_t maxComponents = maxChannels + 1; // with alpha
 struct SpaceDefinition {
     ColorModel model = ColorModel::unknown;
     std::size_t channels = 0;
-    std::u16string name;                         // for people
-    String* colorSpaceName = &spaceName::custom; // what its colours answer to the message of that name
+    std::u16string name;                         // localised name
+    String* colorSpaceName = &spaceName::custom; // what its colours return for colorSpaceName
     std::vector<std::uint8_t> profile;           // ICC data, empty for a device space
 
-    // How components become D50 XYZ, and XYZ components: by a profile's table for the direction where it has one, else by
-    // curves and matrix or as a complement. Whether there is a way is told for each direction.
+    // The conversion between components and D50 XYZ: the profile's table for that direction if there is one, otherwise
+    // curves and matrix or the complement. A space may be convertible in one direction only.
     bool convertsToXyz = false;
     bool convertsFromXyz = false;
     std::shared_ptr<const icc::Table> tableToXyz; // null without one
@@ -35,16 +35,16 @@ struct SpaceDefinition {
     TransferCurve curves[3]; // grey: the first
     Matrix3 toXyz{};         // RGB, from linear light
     Matrix3 fromXyz{};
-    std::shared_ptr<const SpaceDefinition> complement; // CMYK: the RGB space that it is the complement of
+    std::shared_ptr<const SpaceDefinition> complement; // CMYK: the RGB space whose complement it is
 };
 
 using SpacePointer = std::shared_ptr<const SpaceDefinition>;
 
-// Whether colours of the two can be taken for each other as they are: one definition, or the same profile.
+// Returns whether the two spaces' components have the same meaning: the same definition or the same profile.
 bool isSameSpace(const SpaceDefinition& first, const SpaceDefinition& second);
 
-// Converts the channels, without alpha. What lies outside the range of a channel is clipped on the way out of `from`, as is
-// what `to` cannot show. False when there is no way. Between equal spaces nothing is calculated.
+// Converts the channels, without alpha. Clips values outside a channel's range on the way out of `from`, and values that
+// `to` cannot represent. Returns false if there is no conversion. Equal spaces need no calculation.
 bool convertChannels(const SpaceDefinition& from, const float* channels, const SpaceDefinition& to, float* converted);
 
 } // namespace chroma::builtin

@@ -1,4 +1,4 @@
-// The colour spaces that the platform itself has.
+// The platform's own colour spaces.
 #pragma once
 
 #include "appkit/space_definition.h"
@@ -22,17 +22,17 @@ enum class StandardSpace {
 
 constexpr std::size_t standardSpaceCount = 10;
 
-// Never freed.
+// Returns a definition that is never freed.
 const SpacePointer& standardDefinition(StandardSpace space);
 
-// Whether the space is a device's, whose colours are clipped to 0..1.
+// Returns whether the space is a device's, whose components are clipped to 0..1.
 bool isOfDevice(const SpaceDefinition& space);
 
-// The space of a profile: the platform's own when it is the profile of one of those, else what the profile describes. Null
-// when it is malformed.
+// Returns the platform's own space if the profile is that space's, otherwise the space that the profile describes; null if
+// the profile is malformed.
 SpacePointer definitionOfProfile(const std::vector<std::uint8_t>& profile);
 
-// Of a space object that has not been initialised: no model, no channels.
+// Returns the definition of a space object that was not initialised: no model, no channels.
 const SpacePointer& unknownDefinition();
 
 } // namespace chroma::builtin

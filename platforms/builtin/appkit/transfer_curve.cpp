@@ -17,9 +17,8 @@ double interpolate(const std::vector<double>& samples, double encoded) {
     return samples[index] + fraction * (samples[index + 1] - samples[index]);
 }
 
-// Where rising samples reach the value, in 0..1; of samples that do not rise, some place with the value is as good as
-// another. Of a flat part the end counts: of a flat top, which a value reaches but for the precision of samples, it is
-// white.
+// Returns where rising samples reach the value, in 0..1. If the samples do not rise, any place with the value is correct.
+// In a flat part the end counts: a value that reaches a flat top within the precision of the samples is white.
 template <class Iterator>
 double placeInRising(Iterator first, Iterator last, double wanted) {
     constexpr double precision = 0.5 / 65535;
@@ -33,7 +32,7 @@ double placeInRising(Iterator first, Iterator last, double wanted) {
     return (static_cast<double>(after - 1 - first) + fraction) / static_cast<double>(last - first - 1);
 }
 
-// Of falling samples the same from the other end.
+// Falling samples are searched from the other end.
 double invert(const std::vector<double>& samples, double linear) {
     const bool isRising = samples.front() <= samples.back();
     return isRising ? placeInRising(samples.begin(), samples.end(), linear)

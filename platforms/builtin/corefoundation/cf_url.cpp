@@ -21,14 +21,14 @@ bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-// -1 for what is no hexadecimal digit.
+// Returns -1 if the character is not a hexadecimal digit.
 int hexValue(char c) {
     if (isDigit(c)) return c - '0';
     if (c >= 'a' && c <= 'f') return c - 'a' + 10;
     return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
 }
 
-// Whether every character may stand in a URL and every percent sign starts an escape.
+// Returns whether every character is allowed in a URL and every percent sign starts an escape.
 bool isURLText(std::string_view text) {
     constexpr std::string_view marks = "-._~:/?#[]@!$&'()*+,;=";
     for (std::size_t index = 0; index < text.size(); ++index) {
@@ -43,7 +43,7 @@ bool isURLText(std::string_view text) {
     return !text.empty();
 }
 
-// Where the scheme and its colon end, 0 when there is none.
+// Returns the length of the scheme with its colon, or 0 if there is none.
 std::size_t schemeEnd(std::string_view text) {
     if (!isLetter(text.front())) return 0;
     std::size_t end = 0;
@@ -54,7 +54,7 @@ std::size_t schemeEnd(std::string_view text) {
     return end < text.size() && text[end] == ':' ? end + 1 : 0;
 }
 
-// The path between scheme and authority before it and query and fragment behind it, escapes as they are.
+// Returns the path between scheme and authority on the left, query and fragment on the right, with its escapes.
 std::string_view pathPart(std::string_view url) {
     std::string_view rest = url.substr(schemeEnd(url));
     rest = rest.substr(0, rest.find_first_of("?#"));
@@ -82,7 +82,7 @@ std::string absolutePath(std::string path) {
     return getcwd(folder, sizeof folder) ? std::string(folder) + "/" + path : path;
 }
 
-// A URL of the path, which names none when it is empty, no UTF-8, or holds a NUL.
+// Returns a URL with the path, or without one if the path is empty, not UTF-8, or contains a NUL.
 URL* newURL(std::string_view path) {
     while (path.size() > 1 && path.back() == '/') {
         path.remove_suffix(1);

@@ -1,4 +1,4 @@
-// CFURL: as much of a URL as the platform's own files need, the path that it names.
+// CFURL: the part of a URL that the platform needs, its path.
 #pragma once
 
 #include "foundation/string.h"
@@ -8,7 +8,7 @@ namespace chroma::builtin {
 struct URL : Object {
     static ClassObject cls;
 
-    Ref<String> path; // escapes decoded, no slash at the end; null when the URL names none
+    Ref<String> path; // with decoded escapes, without a trailing slash; null if there is none
 };
 
 ClassTable tableOfNSURL();

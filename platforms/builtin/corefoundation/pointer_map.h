@@ -1,5 +1,4 @@
-// A map of plain pointers, null included: one array of slots, entered at a multiple of the key and searched from there on.
-// Entering and removing a pair allocates nothing but the growth of the array.
+// A map of plain pointers, null included: an open-addressing hash table. Only growth of its array allocates.
 #pragma once
 
 #include <cstddef>
@@ -14,14 +13,14 @@ class PointerMap {
 public:
     std::size_t size() const { return count_; }
 
-    // Null when there is no such key.
+    // Returns null if the key is not in the map.
     const void* find(const void* key) const {
         if (count_ == 0) return nullptr;
         const Slot& slot = slots_[position(key)];
         return slot.key == key ? slot.value : nullptr;
     }
 
-    // Throws std::bad_alloc, and nothing has changed.
+    // Throws std::bad_alloc without changing the map.
     void set(const void* key, const void* value) {
         if (2 * (count_ + 1) > slots_.size()) grow();
         Slot& slot = slots_[position(key)];
@@ -33,7 +32,7 @@ public:
         if (count_ == 0) return;
         std::size_t hole = position(key);
         if (slots_[hole].key != key) return;
-        // What was pushed behind the hole moves up, so that no search ends too early.
+        // Moves displaced entries up into the hole, so that no search ends too early.
         for (std::size_t next = after(hole); slots_[next].key != vacant(); next = after(next)) {
             const std::size_t wanted = home(slots_[next].key);
             if (((next - wanted) & mask()) < ((next - hole) & mask())) continue;
@@ -52,7 +51,7 @@ public:
     }
 
 private:
-    // The key of slots that hold no pair: an address that is nobody else's.
+    // The key of vacant slots: an address that belongs to this class.
     static const void* vacant() {
         static const char mark = 0;
         return &mark;
@@ -68,14 +67,14 @@ private:
     std::size_t mask() const { return slots_.size() - 1; }
     std::size_t after(std::size_t index) const { return (index + 1) & mask(); }
 
-    // Addresses of objects differ in their middle bits; the product brings those to the top.
+    // Addresses of objects differ in their middle bits; the multiplication moves those to the top.
     std::size_t home(const void* key) const {
         constexpr auto factor =
             static_cast<std::uintptr_t>(0x9E3779B97F4A7C15u >> (64 - std::numeric_limits<std::uintptr_t>::digits));
         return (reinterpret_cast<std::uintptr_t>(key) * factor) >> shift_;
     }
 
-    // Where the key is, or would be entered. Half of the slots are vacant, so that the search ends.
+    // Returns the slot of the key, or the slot where it would go. Half of the slots are vacant, so the search ends.
     std::size_t position(const void* key) const {
         std::size_t index = home(key);
         while (slots_[index].key != key && slots_[index].key != vacant()) {
@@ -93,9 +92,9 @@ private:
         *this = std::move(larger);
     }
 
-    std::vector<Slot> slots_; // a power of two of them
+    std::vector<Slot> slots_; // their number is a power of two
     std::size_t count_ = 0;
-    int shift_ = 0; // leaves as many bits of the product as the index of a slot has
+    int shift_ = 0; // leaves as many bits of the product as a slot's index has
 };
 
 } // namespace chroma::builtin

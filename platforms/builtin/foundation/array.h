@@ -16,12 +16,12 @@ struct Array : Object {
         }
     }
 
-    void append(Object* element) { elements.push_back(retain(element)); } // while the array is being made
+    void append(Object* element) { elements.push_back(retain(element)); } // only while the array is being built
 
     std::vector<Object*> elements;
 };
 
-// Keeps its array alive until it has walked it.
+// Retains its array until the last element has been returned.
 struct Enumerator : Object {
     static ClassObject cls;
 

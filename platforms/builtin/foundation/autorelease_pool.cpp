@@ -16,7 +16,7 @@ AutoreleasePool* init(AutoreleasePool* self, SEL) {
     return self;
 }
 
-// The pool goes before its contents: a release that throws leaves the rest to the enclosing pool.
+// Destroys the pool before its contents: a release that throws leaves the rest to the enclosing pool.
 void dealloc(AutoreleasePool* self, SEL) {
     const std::size_t height = self->height;
     const bool isOpen = takeAutoreleased(height, self);

@@ -26,7 +26,7 @@ Data* dataWithBytes(ClassObject*, SEL, const void* bytes, std::uintptr_t count) 
     return data(static_cast<const std::uint8_t*>(bytes), count);
 }
 
-// nil when the file cannot be read.
+// Returns nil if the file cannot be read.
 Data* dataWithContentsOfFile(ClassObject*, SEL, id path) {
     String* const string = argument<String>(path, lengthMessage);
     const char* const name = string ? utf8Of(string) : nullptr;
@@ -34,7 +34,7 @@ Data* dataWithContentsOfFile(ClassObject*, SEL, id path) {
     return name && readFile(name, made->bytes) ? made : nullptr;
 }
 
-// Null for no bytes.
+// Returns null for empty data.
 const void* bytes(Data* self, SEL) { return self->bytes.empty() ? nullptr : self->bytes.data(); }
 
 std::uintptr_t length(Data* self, SEL) { return self->bytes.size(); }

@@ -16,7 +16,7 @@ struct Data : Object {
 
 ClassTable tableOfNSData();
 
-// Autoreleased, with a copy of the bytes.
+// Returns an autoreleased object with a copy of the bytes.
 Data* data(const std::uint8_t* bytes, std::size_t count);
 
 } // namespace chroma::builtin

@@ -10,7 +10,7 @@ struct Exception : Object {
     static ClassObject cls;
 
     constexpr Exception() = default;
-    // Constant-initialised and never freed, of strings that never are.
+    // Constant-initialised and never freed; its strings must never be freed either.
     constexpr Exception(String& constantName, String& constantReason)
         : Object(&cls, immortal), name(&constantName), reason(&constantReason) {}
 
@@ -20,8 +20,8 @@ struct Exception : Object {
     Ref<String> reason;
     Ref<Object> userInfo;
 
-    // A reason that is put together when it is first asked for: most exceptions are dropped unread.
-    String* (*wordReason)(Object* subject, SEL selector) = nullptr; // autoreleased
+    // Builds the reason at its first use, because most exceptions are dropped unread. Returns an autoreleased string.
+    String* (*wordReason)(Object* subject, SEL selector) = nullptr;
     Ref<Object> subject;
     SEL selector = nullptr;
     LazyRef<String> wordedReason;
@@ -37,10 +37,10 @@ extern String range;
 
 } // namespace exceptionName
 
-// Throws a new exception, in 32 bits by a jump: nothing with a destructor may be alive in the frames between.
+// Throws a new exception. In 32 bits this is a jump: no object with a destructor may be alive in the frames between.
 [[noreturn]] void raise(String& name, String* reason);
 
-// The same, with a reason that `wordReason` puts together from the two when it is asked for.
+// The same, but `wordReason` builds the reason from the subject and the selector at its first use.
 [[noreturn, gnu::always_inline]] inline void raise(String& name, String* (*wordReason)(Object*, SEL), Object* subject,
                                                    SEL selector) {
     auto* const exception = autorelease(make<Exception>());
@@ -51,7 +51,7 @@ extern String range;
     throwObject(exception);
 }
 
-// Writes a line on what nothing caught to the standard error.
+// Writes a line about an uncaught exception to standard error.
 void reportUncaught(id thrown);
 
 } // namespace chroma::builtin

@@ -12,8 +12,8 @@ struct NSObject : Object {
 
 ClassTable tableOfNSObject();
 
-// An argument of a message as an instance of the class it has to be, nil included. An object of another class is told that
-// it does not recognise `expected`, the message that a platform would have sent it: NSInvalidArgumentException.
+// Returns a message's argument as an instance of the expected class; nil is allowed. An object of another class raises
+// NSInvalidArgumentException: it does not recognise `expected`, the message that AppKit would have sent it.
 template <class Instance>
 Instance* argument(id object, const Message& expected) {
     if (object && !isKindOf(object, Instance::cls)) {

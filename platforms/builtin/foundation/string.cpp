@@ -18,7 +18,7 @@ std::u16string String::text() const { return ascii ? std::u16string(ascii, ascii
 
 HeapString::~HeapString() { delete[] utf8.load(std::memory_order_relaxed); }
 
-// Two texts of the same units are held in the same form.
+// Equal texts are always stored in the same form.
 bool isEqualText(const String& first, const String& second) {
     if (first.length != second.length || !first.ascii != !second.ascii) return false;
     return first.ascii ? std::memcmp(first.ascii, second.ascii, first.length) == 0
@@ -27,7 +27,7 @@ bool isEqualText(const String& first, const String& second) {
 
 namespace {
 
-// Takes one of the two over, the bytes with their NUL.
+// Takes ownership of one of the two buffers; `bytes` includes the NUL.
 String* newHeapString(std::unique_ptr<char[]> bytes, std::unique_ptr<char16_t[]> wideText, std::size_t length) {
     auto* const string = static_cast<HeapString*>(allocate(String::cls));
     string->bytes = std::move(bytes);
@@ -63,7 +63,7 @@ String* string(std::u16string_view text) { return autorelease(newString(text)); 
 
 namespace {
 
-// nil when the bytes are not UTF-8.
+// Returns null if the bytes are not UTF-8.
 String* newStringFromUtf8(std::string_view bytes) {
     if (isAscii(bytes)) return newAsciiString(bytes);
     std::u16string text;
@@ -74,7 +74,7 @@ String* newStringFromUtf8(std::string_view bytes) {
 std::string formatBytes(const char* format, std::va_list arguments) {
     std::va_list again;
     va_copy(again, arguments);
-    std::string bytes(200, '\0'); // enough for nearly all
+    std::string bytes(200, '\0'); // enough for most texts
     const auto size = static_cast<std::size_t>(std::vsnprintf(bytes.data(), bytes.size(), format, arguments)) + 1;
     const bool isWhole = size <= bytes.size();
     bytes.resize(size);
@@ -152,7 +152,7 @@ std::uintptr_t hash(String* self, SEL) {
                        : std::hash<std::u16string_view>()({self->units, self->length});
 }
 
-// By UTF-16 units: -1, 0 or 1.
+// Compares by UTF-16 units and returns -1, 0 or 1.
 std::intptr_t compare(String* self, SEL, id other) {
     const String* const string = argument<String>(other, isEqualToStringMessage);
     const std::size_t length = string ? string->length : 0;

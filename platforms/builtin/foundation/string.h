@@ -1,5 +1,6 @@
-// NSString: immutable UTF-16 text, paired or not; the CoreFoundation strings are the same objects. Text that is ASCII,
-// nearly all of it, is held in single bytes, as it is copied out; other text in its units.
+// NSString: immutable UTF-16 text, which may contain unpaired surrogates. CoreFoundation strings are the same objects.
+// ASCII text, the most frequent kind, is stored in bytes, because it is copied out as bytes; other text is stored in UTF-16
+// units.
 #pragma once
 
 #include "foundation/nsobject.h"
@@ -10,7 +11,7 @@
 
 namespace chroma::builtin {
 
-// What every string is. A constant string is just this, of ASCII text, constant-initialised and never freed.
+// The common part of all strings. A constant string is exactly this struct: ASCII text, constant-initialised, never freed.
 struct String : Object {
     static ClassObject cls;
 
@@ -21,13 +22,13 @@ struct String : Object {
     char16_t unit(std::size_t index) const { return ascii ? static_cast<char16_t>(ascii[index]) : units[index]; }
     std::u16string text() const;
 
-    const char* ascii = "";           // with a NUL behind; null when the text is not all ASCII
-    const char16_t* units = nullptr;  // of such text
+    const char* ascii = "";           // NUL-terminated; null if the text is not ASCII
+    const char16_t* units = nullptr;  // of text that is not ASCII
     std::size_t length = 0;           // in units, without the NUL
-    std::atomic<char*> utf8{nullptr}; // of such text, made by the first UTF8String, lives as long as the string
+    std::atomic<char*> utf8{nullptr}; // of such text; created by the first UTF8String, owned by the string
 };
 
-// A string made at run time, with its text on the heap. What alloc makes.
+// A string created at run time, which owns its text. `alloc` creates this struct.
 struct HeapString : String {
     std::unique_ptr<char[]> bytes;
     std::unique_ptr<char16_t[]> wideText;
@@ -39,18 +40,18 @@ ClassTable tableOfNSString();
 
 bool isEqualText(const String& first, const String& second);
 
-// New strings that the caller releases.
+// Return new strings, which the caller releases.
 String* newString(std::u16string_view text);
 String* newAsciiString(std::string_view text);
 
-// Autoreleased strings. `formatted` takes printf's UTF-8 format.
+// Return autoreleased strings. `formatted` takes printf's format in UTF-8.
 String* string(std::u16string_view text);
 [[gnu::format(printf, 1, 2)]] String* formatted(const char* format, ...);
 
-// The text as UTF-8, null when a surrogate is unpaired. Lives as long as the string.
+// Returns the text as UTF-8, or null if a surrogate is unpaired. The string owns the result.
 const char* utf8Of(String* string);
 
-// The text of a string object for a message to a person: "(null)" for nil, and for text that UTF-8 cannot hold.
+// Returns the text for a message to a person: "(null)" for nil and for text that UTF-8 cannot represent.
 const char* printable(String* string);
 
 } // namespace chroma::builtin

@@ -1,22 +1,22 @@
-// The stack of autoreleased objects of each thread. A pool is an entry of the stack like any other: draining it releases
-// what was pushed after it, inner pools included, so that pools which an exception left open go with the enclosing one.
+// Each thread's stack of autoreleased objects. A pool is an entry of the stack like any other. Draining a pool releases
+// everything above it, including inner pools, so pools that an exception left open are drained with the enclosing pool.
 #pragma once
 
 #include "runtime/object.h"
 
 namespace chroma::builtin {
 
-// Takes over one reference, to be released when the innermost pool is drained; without a pool, when the thread ends. When it
-// throws std::bad_alloc, the reference has been released.
+// Takes ownership of one reference and releases it when the innermost pool is drained or, without a pool, when the thread
+// exits. If it throws std::bad_alloc, it has released the reference.
 void pushAutoreleased(Object* object);
 
-// The number of entries: a pool notes it before it pushes itself.
+// Returns the number of entries. A pool records it before it pushes itself.
 std::size_t autoreleaseHeight();
 
-// Whether the entry at the height is the object, which is then taken off without being released.
+// Returns whether the entry at the height is the object; if so, removes the entry without releasing the object.
 bool takeAutoreleased(std::size_t height, const Object* object);
 
-// Releases the entries down to the height, the latest first, those included that are pushed meanwhile.
+// Releases the entries above the height, the newest first, including entries that are pushed meanwhile.
 void drainAutoreleased(std::size_t height);
 
 } // namespace chroma::builtin

@@ -1,4 +1,4 @@
-// Registration of the platform's classes: once, on the first call of the C interface.
+// Registration of the platform's classes: once, at the first call of the C interface.
 #pragma once
 
 #include <atomic>
@@ -7,11 +7,11 @@ namespace chroma::builtin {
 
 inline std::atomic<bool> platformIsReady{false};
 
-// Registers every class of the platform; the other callers wait meanwhile. The process ends when there is no memory for
-// them. Defined beside the list of classes.
+// Registers every class of the platform; other threads wait meanwhile. Ends the process if memory is exhausted. Defined
+// next to the list of classes.
 void registerPlatform() noexcept;
 
-// Called first by every exported function that can be anyone's first call.
+// Every exported function that may be a process's first call starts with this.
 inline void ensurePlatform() {
     if (!platformIsReady.load(std::memory_order_acquire)) registerPlatform();
 }

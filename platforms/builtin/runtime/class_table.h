@@ -1,12 +1,12 @@
-// How the platform's classes are declared: a table per class, walked by one registration routine.
+// The declaration of the platform's classes: one table per class, walked by one registration routine.
 //
 //     ClassTable tableOfNSThing() {
 //         static const MethodEntry methods[] = {method<length>("length"), ...};
 //         return {classTable<Thing>("NSThing", &Root::cls), methods, classMethods};
 //     }
 //
-// This is the one place where typed functions become IMPs, and where exhausted memory, a C++ exception inside the platform,
-// becomes a native one: no C++ exception leaves a message.
+// Only this file turns typed functions into IMPs, and turns exhausted memory (a C++ exception inside the platform) into a
+// native exception. No C++ exception leaves a message.
 #pragma once
 
 #include "runtime/exhaustion.h"
@@ -21,14 +21,14 @@ struct MethodEntry {
     const char* selector;
     IMP implementation;
     const char* types;
-    std::size_t arguments; // as many as the selector has colons
+    std::size_t arguments; // one per colon of the selector
 };
 
 template <auto function>
 struct Method;
 
-// A method is a plain function of the receiver, as any struct that an object of the class is, the selector and the
-// arguments. A class method's receiver is a ClassObject.
+// A method is a plain function. Its parameters are the receiver (any struct that the class's objects are), the selector and
+// the arguments. A class method's receiver is a ClassObject.
 template <class R, class Self, class... Arguments, R (*function)(Self*, SEL, Arguments...)>
 struct Method<function> {
     static constexpr auto types = encodedTypes<R, Arguments...>();
@@ -39,7 +39,7 @@ struct Method<function> {
         return orExhausted(body, []() -> R { raiseMemoryExhausted(); });
     }
 
-    // An initialiser that does not return gives its receiver up.
+    // An initialiser that throws releases its receiver.
     static R initialise(Self* self, SEL selector, Arguments... given) {
         const auto body = [&] { return function(self, selector, given...); };
         return orExhausted(body, [self]() -> R {
@@ -82,7 +82,7 @@ struct ClassTable {
     MethodEntries classMethods;
 };
 
-// The table of a class whose instances are `Instance`s. `Instance::cls` is the class object.
+// Returns the table of a class whose instances are `Instance`s. `Instance::cls` is the class object.
 template <class Instance>
 ClassTable classTable(const char* name, ClassObject* superclass, MethodEntries methods, MethodEntries classMethods = {}) {
     return {&Instance::cls,
@@ -95,14 +95,14 @@ ClassTable classTable(const char* name, ClassObject* superclass, MethodEntries m
             classMethods};
 }
 
-// More methods of a class, declared in a file of their own.
+// Additional methods of a class, declared in another file.
 struct Category {
     ClassObject* cls;
     MethodEntries methods;
     MethodEntries classMethods;
 };
 
-// Fills in the class and makes its metaclass. The superclass must have been registered.
+// Fills in the class and creates its metaclass. The superclass must be registered.
 void registerClass(const ClassTable& table);
 
 void registerCategory(const Category& category);

@@ -21,7 +21,7 @@ namespace chroma::builtin {
 namespace {
 
 std::mutex classLock;
-ClassObject* firstClass = nullptr; // of all classes and metaclasses
+ClassObject* firstClass = nullptr; // of the list of all classes and metaclasses
 
 // Never destroyed, like the classes.
 std::unordered_map<std::string_view, ClassObject*>& classesByName() {
@@ -35,7 +35,7 @@ std::unique_ptr<char[]> copyOf(const char* text) {
     return copy;
 }
 
-// Everything below that takes no lock of its own runs under classLock.
+// Everything below that does not lock classLock runs under it.
 
 MethodRecord* ownMethod(ClassObject& cls, SEL selector) {
     MethodRecord* record = cls.methods;
@@ -52,7 +52,8 @@ MethodRecord* inheritedMethod(ClassObject* cls, SEL selector) {
     return nullptr;
 }
 
-// Makes the next message of the selector to the class and its descendants look the function up again.
+// Removes the selector from the dispatch tables of the class and its descendants, so the next message looks the function
+// up.
 void forget(const ClassObject& changed, SEL selector) {
     for (ClassObject* cls = firstClass; cls; cls = cls->next) {
         DispatchTable& table = *cls->dispatch.load(std::memory_order_relaxed);
@@ -62,7 +63,7 @@ void forget(const ClassObject& changed, SEL selector) {
     }
 }
 
-// A larger table with what is in the present one; null when memory is exhausted. It is zeroed: null in every other slot.
+// Returns a larger copy of the table, with null in the new slots, or null when memory is exhausted.
 DispatchTable* grown(DispatchTable& present) {
     const std::uint32_t size = std::max(selectorCount(), 2 * present.size);
     void* const memory = std::calloc(1, sizeof(DispatchTable) + size * sizeof(std::atomic<IMP>));
@@ -74,7 +75,7 @@ DispatchTable* grown(DispatchTable& present) {
     return table;
 }
 
-// Without memory for it the function is looked up again the next time.
+// If memory is exhausted, the next message looks the function up again.
 void remember(ClassObject& cls, SEL selector, IMP implementation) {
     DispatchTable* table = cls.dispatch.load(std::memory_order_relaxed);
     if (selector->index >= table->size) {
@@ -104,8 +105,8 @@ void addMethods(ClassObject& cls, const MethodEntries& methods) {
     }
 }
 
-// Every metaclass is an instance of the root's; the root's own superclass is the root class, so that class objects answer
-// what every object answers.
+// Every metaclass is an instance of the root's metaclass, whose superclass is the root class. So class objects respond to
+// every message that objects respond to.
 ClassObject* makeMetaclass(ClassObject& cls) {
     auto* const meta = new ClassObject;
     ClassObject* const superclass = cls.superclass;
@@ -211,10 +212,10 @@ BUILTIN_EXPORT void objc_registerClassPair(Class cls) {
     builtin::enlist(*asClass(cls));
 }
 
-// Answers for nil, whatever the message.
+// The function for every message to nil.
 static id answerZero(id, SEL) { return nullptr; }
 
-// Answers where no selector could be registered.
+// The function for the null selector.
 static id raiseExhausted(id, SEL) { builtin::raiseMemoryExhausted(); }
 
 BUILTIN_EXPORT IMP objc_msg_lookup(id receiver, SEL selector) {

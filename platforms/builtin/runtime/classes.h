@@ -1,21 +1,21 @@
-// The registered classes and their own methods. All of it is guarded by one lock; only the dispatch tables are read without
-// it.
+// The registered classes and their own methods. One lock guards everything; only the dispatch tables are read without it.
 #pragma once
 
 #include "runtime/object.h"
 
 namespace chroma::builtin {
 
-// null when no class has the name.
+// Returns null if no class has the name.
 ClassObject* findClass(const char* name);
 
-// The function for the selector up the superclasses, null when there is none.
+// Returns the selector's function in the class or a superclass, or null.
 IMP findImplementation(ClassObject& cls, SEL selector);
 
-// The function that a message reaches, never null: found up the superclasses and entered in the dispatch table.
+// Returns the function that a message calls, never null. Searches the superclasses and adds the function to the dispatch
+// table.
 [[gnu::noinline]] IMP resolve(ClassObject& cls, SEL selector);
 
-// The same from the dispatch table, where it is after the first time.
+// The same, from the dispatch table if the function is already there.
 inline IMP lookUp(ClassObject& cls, SEL selector) {
     DispatchTable& table = *cls.dispatch.load(std::memory_order_acquire);
     if (selector->index < table.size) {

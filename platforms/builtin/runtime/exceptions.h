@@ -1,4 +1,4 @@
-// Throwing from inside the platform, and the end of the process after a throw that nothing catches.
+// Throwing inside the platform, and ending the process after an uncaught throw.
 #pragma once
 
 #include "runtime/object.h"
@@ -7,7 +7,7 @@
 
 namespace chroma::builtin {
 
-// Throws the object: in 64 bits on the spot, since each frame on the way costs as much as a message.
+// Throws the object. In 64 bits inlined, because each frame between costs as much as a message.
 #if defined(__LP64__)
 [[noreturn, gnu::always_inline]] inline void throwObject(id object) {
     throw static_cast<ThrownObject>(reinterpret_cast<std::uintptr_t>(object));
@@ -16,10 +16,10 @@ namespace chroma::builtin {
 [[noreturn]] inline void throwObject(id object) { objc_exception_throw(object); }
 #endif
 
-// From now on `endUncaught` is called for what nothing catches.
+// Arranges that `endUncaught` is called for every uncaught exception.
 void watchForUncaught();
 
-// What objc_setUncaughtExceptionHandler sets, without registering the platform's classes.
+// Implements objc_setUncaughtExceptionHandler without registering the platform's classes.
 UncaughtExceptionHandler exchangeUncaughtHandler(UncaughtExceptionHandler handler);
 
 // Calls the handler and aborts.

@@ -1,4 +1,4 @@
-// Native exceptions in 32 bits: a chain of guards per thread, and jumps to the innermost. The only file that jumps.
+// Native exceptions in 32 bits: a chain of guards per thread, and a jump to the innermost one. Only this file jumps.
 #include "runtime/exceptions.h"
 
 #include "runtime/export.h"
@@ -6,7 +6,7 @@
 namespace chroma::builtin {
 namespace {
 
-// A guard as its owner lays it out: the buffer that it called __builtin_setjmp on, and room for the runtime.
+// The layout of a guard: the owner's buffer for __builtin_setjmp, then the runtime's words.
 struct Guard {
     void* buffer[5];
     Guard* enclosing;
@@ -16,16 +16,17 @@ struct Guard {
 
 thread_local Guard* innermost = nullptr;
 
-// Compilers agree on the buffer's first two words, the frame and the place to go on at. The stack pointer is the third, and
-// where gcc notes a shadow stack the fourth, behind that note. This is the form that the present file's own jump reads.
+// Compilers agree on the buffer's first two words, the frame and the address to continue at. The third word is the stack
+// pointer; if gcc saves a shadow stack, that takes the third word and the stack pointer moves to the fourth. The following
+// form is what this file's own jump reads.
 #if defined(__CET__) && (__CET__ & 2) && !defined(__clang__)
 constexpr int stackWord = 3;
 #else
 constexpr int stackWord = 2;
 #endif
 
-// Brings the buffer of a guard that was compiled with any flags into that form. No process of this width has a shadow stack,
-// so that the note of one is null.
+// Converts the buffer of a guard that was compiled with any flags into that form. No 32-bit process has a shadow stack, so
+// a saved one is null.
 void unify(void* (&buffer)[5]) {
     void* const stack = buffer[2] ? buffer[2] : buffer[3];
     buffer[2] = nullptr;
@@ -34,7 +35,7 @@ void unify(void* (&buffer)[5]) {
 
 } // namespace
 
-void watchForUncaught() {} // a throw finds out by itself
+void watchForUncaught() {} // a throw sees that there is no guard
 
 } // namespace chroma::builtin
 

@@ -11,7 +11,7 @@ namespace {
 
 std::terminate_handler enclosingHandler = nullptr;
 
-// Ends the process as an uncaught native exception does, if it is one; leaves other reasons to the handler before.
+// Ends the process as for an uncaught native exception, if there is one; calls the previous handler for other reasons.
 [[noreturn]] void endProcess() {
     try {
         if (std::current_exception()) throw;

@@ -1,5 +1,5 @@
-// What becomes of exhausted memory. Inside the platform it is a C++ exception, so that destructors run; at its edges, which
-// are the methods and the exported functions, it ends.
+// Exhausted memory. Inside the platform it is a C++ exception, so destructors run. The platform's edges, methods and
+// exported functions, catch it.
 #pragma once
 
 #include <new>
@@ -7,11 +7,11 @@
 
 namespace chroma::builtin {
 
-// Throws an NSMallocException that was made beforehand. Nothing with a destructor may be alive in the frames between.
+// Throws a preallocated NSMallocException. No object with a destructor may be alive in the frames between.
 [[noreturn]] void raiseMemoryExhausted();
 
-// The body's answer, or that of `otherwise` when memory was exhausted meanwhile. It runs when the C++ exception is gone, so
-// it may throw a native one.
+// Returns the body's result, or the result of `otherwise` if memory was exhausted. `otherwise` runs after the C++ exception
+// has ended, so it may throw a native one.
 template <class Body, class Otherwise>
 auto orExhausted(Body body, Otherwise otherwise) -> decltype(body()) {
     try {
@@ -22,7 +22,7 @@ auto orExhausted(Body body, Otherwise otherwise) -> decltype(body()) {
     return otherwise();
 }
 
-// For functions whose answer is null, or zero, when there is no memory for another.
+// For functions that return null or zero when memory is exhausted.
 template <class Body>
 auto orNull(Body body) -> decltype(body()) {
     return orExhausted(body, [] { return decltype(body())(); });

@@ -1,4 +1,4 @@
-// Marks the definition of a function or constant that the library exports. Everything else stays inside.
+// Marks the definition of an exported function or constant. All other symbols are hidden.
 #pragma once
 
 #define BUILTIN_EXPORT __attribute__((visibility("default")))

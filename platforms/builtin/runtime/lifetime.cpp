@@ -21,7 +21,7 @@ Object* allocate(ClassObject& cls) {
     return object;
 }
 
-// What the members of the object that is being destroyed threw, the first of it: a destructor must not throw.
+// The first object that a member of the object being destroyed threw: a destructor must not throw.
 static thread_local id thrownByMember = nullptr;
 
 void releaseMember(Object* object) {

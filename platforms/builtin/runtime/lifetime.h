@@ -1,4 +1,4 @@
-// Objects from their allocation to their end.
+// Creation, counting and destruction of objects.
 #pragma once
 
 #include "runtime/autorelease.h"
@@ -8,11 +8,11 @@
 
 namespace chroma::builtin {
 
-// A new instance with a retain count of 1, its members constructed. Throws std::bad_alloc.
+// Returns a new instance with a retain count of 1 and constructed members. Throws std::bad_alloc.
 Object* allocate(ClassObject& cls);
 
-// Destroys the members and frees the memory: what NSObject's dealloc does. What a member's end throws is thrown afterwards,
-// in 32 bits at once, past what is left to do.
+// Destroys the members and frees the memory; NSObject's dealloc calls it. Throws what a member's release threw: afterwards
+// in 64 bits, immediately in 32 bits, where the rest is skipped.
 void deallocate(Object* object);
 
 template <class Instance>
@@ -20,7 +20,7 @@ Instance* make() {
     return static_cast<Instance*>(allocate(Instance::cls));
 }
 
-// Takes the object out of all counting: it is never freed.
+// Makes the object immortal: it is no longer counted and never freed.
 template <class Instance>
 Instance* makeImmortal(Instance* object) {
     object->retainCount.store(immortal, std::memory_order_relaxed);
@@ -28,8 +28,8 @@ Instance* makeImmortal(Instance* object) {
     return object;
 }
 
-// Counting, as NSObject does it. Inside the platform objects are counted directly, without messages: nothing is thrown on
-// the way into an object. Only the end of an object is a message, dealloc. nil is allowed.
+// Reference counting, as NSObject does it. The platform counts directly, without messages, so counting up cannot throw.
+// Only the end of an object is a message, dealloc. nil is allowed.
 template <class Instance>
 Instance* retain(Instance* object) {
     if (object && object->retainCount.load(std::memory_order_relaxed) != immortal) {
@@ -43,18 +43,19 @@ inline void release(Object* object) {
     if (object->retainCount.fetch_sub(1, std::memory_order_acq_rel) == 1) send<void>(object, msg::dealloc);
 }
 
-// For objects that the platform has just made: no message is sent, so that nothing is thrown. nil stays nil.
+// For objects that the platform has just created: sends no message, so nothing throws. Returns nil for nil.
 template <class Instance>
 Instance* autorelease(Instance* object) {
     if (object) pushAutoreleased(object);
     return object;
 }
 
-// Releases what a member of an object holds, in a destructor of the member: what that throws goes on when the object is
-// gone. Only `deallocate` may destroy such members.
+// Releases a member's object in the member's destructor. If the release throws, the exception continues after the
+// containing object has been destroyed. Only `deallocate` may destroy such members.
 void releaseMember(Object* object);
 
-// A retained reference that is a member of an object. Never a local variable: an exception may jump past its destructor.
+// A retained reference as a member of an object. Never use it as a local variable: an exception may jump past its
+// destructor.
 template <class Instance>
 class Ref {
 public:
@@ -75,10 +76,10 @@ public:
         return *this;
     }
 
-    // Takes over a reference that the caller owns.
+    // Takes ownership of a reference.
     void adopt(Instance* object) { release(std::exchange(object_, object)); }
 
-    // Hands the reference over to the caller.
+    // Transfers ownership of the reference to the caller.
     Instance* detach() { return std::exchange(object_, nullptr); }
 
     Instance* get() const { return object_; }
@@ -89,7 +90,7 @@ private:
     Instance* object_ = nullptr;
 };
 
-// A retained reference, as a member, to an object that is made when it is first asked for.
+// A member that retains an object created at its first use.
 template <class Instance>
 class LazyRef {
 public:
@@ -98,7 +99,7 @@ public:
     LazyRef& operator=(const LazyRef&) = delete;
     ~LazyRef() { releaseMember(object_.load(std::memory_order_relaxed)); }
 
-    // `makeNew()` gives a reference that the caller owns, or null, and then it is asked again the next time.
+    // `makeNew()` returns a reference that the caller owns, or null; after null it is called again the next time.
     template <class MakeNew>
     Instance* get(MakeNew makeNew) {
         Instance* current = object_.load(std::memory_order_acquire);

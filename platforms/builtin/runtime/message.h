@@ -1,5 +1,5 @@
-// Messages from inside the platform. They go through the dispatch tables like anyone's, so that a method that a test or a
-// sibling plugin replaced is the one that runs.
+// Messages sent by the platform itself. They use the dispatch tables like any other message, so a method that a test or a
+// sibling plugin replaced takes effect.
 #pragma once
 
 #include "runtime/classes.h"
@@ -7,7 +7,7 @@
 
 namespace chroma::builtin {
 
-// A selector that is registered when it is first sent.
+// A selector, registered when it is first sent.
 class Message {
 public:
     constexpr explicit Message(const char* name) : name_(name) {}
@@ -26,7 +26,7 @@ private:
     mutable std::atomic<SEL> selector_{nullptr};
 };
 
-// nil answers R{}. May throw a native exception, in 32 bits a jump past everything with a destructor.
+// Returns R{} for nil. May throw a native exception: in 32 bits a jump past all destructors.
 template <class R, class... Arguments>
 R send(Object* receiver, const Message& message, Arguments... arguments) {
     if (!receiver) return R();

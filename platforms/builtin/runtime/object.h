@@ -1,8 +1,8 @@
-// What an object, a class and a selector are in memory.
+// The memory layout of objects, classes and selectors.
 //
-// An object is a C++ struct that descends from Object. Its class knows how large it is and how to construct and destroy it,
-// so an object's members may be of any C++ type. All of this is constant-initialised: classes and constant strings exist as
-// soon as the library is mapped, and registration only fills in what needs work.
+// An object is a C++ struct derived from Object. Its class knows its size and how to construct and destroy it, so members
+// may be of any C++ type. Classes and constant strings are constant-initialised: they exist as soon as the library is
+// mapped. Registration fills in the rest.
 #pragma once
 
 #include "builtin/objc_runtime.h"
@@ -31,17 +31,17 @@ struct Object {
     std::atomic<std::int32_t> retainCount{1};
 };
 
-// The index is dense, counted up from 0: dispatch tables are arrays.
+// The index counts up from 0 without gaps: dispatch tables are arrays.
 struct SelectorEntry {
     const char* name;
     std::uint32_t index;
 };
 
-// One method of one class itself. Records are never freed and keep their place, only the function changes.
+// One of a class's own methods. Records are never freed and never move; only the function changes.
 struct MethodRecord {
     SEL selector;
     IMP implementation;
-    const char* types; // null where who added the method told none
+    const char* types; // null if the method was added without types
     builtin::ClassObject* owner;
     MethodRecord* next;
 };
@@ -50,11 +50,11 @@ struct MethodRecord {
 
 namespace chroma::builtin {
 
-// The functions of one class by selector index, inherited ones included, as far as they have been asked for. The slots lie
-// right behind the table.
+// The functions of one class by selector index, inherited ones included, filled in as they are used. The slots follow the
+// struct in memory.
 struct DispatchTable {
     std::uint32_t size;
-    DispatchTable* outgrown; // the table that this one took the place of; a reader may still be in it
+    DispatchTable* outgrown; // the table that this one replaced; a reader may still use it
 
     std::atomic<IMP>* slots() { return reinterpret_cast<std::atomic<IMP>*>(this + 1); }
 };
@@ -71,14 +71,14 @@ struct ClassObject : Object {
     std::atomic<DispatchTable*> dispatch{&emptyDispatchTable};
     bool isMeta = false;
 
-    // Of instances; the construction runs on zeroed memory.
+    // Of instances. Construction runs on zeroed memory.
     std::size_t instanceSize = 0;
     void (*construct)(void* memory) = nullptr;
     void (*destroy)(Object* object) = nullptr;
     std::atomic<std::intptr_t> liveInstances{0};
 };
 
-// Whether `cls` is `ancestor` or descends from it.
+// Returns whether `cls` is `ancestor` or descends from it.
 inline bool descendsFrom(const ClassObject* cls, const ClassObject* ancestor) {
     while (cls && cls != ancestor) {
         cls = cls->superclass;
@@ -88,7 +88,7 @@ inline bool descendsFrom(const ClassObject* cls, const ClassObject* ancestor) {
 
 inline bool isKindOf(const Object* object, const ClassObject& cls) { return object && descendsFrom(object->isa, &cls); }
 
-// The object as a class, null when it is none.
+// Returns the object as a class, or null if it is not one.
 inline ClassObject* asClass(id object) {
     const bool isClass = object && object->isa->isMeta;
     return isClass ? static_cast<ClassObject*>(object) : nullptr;

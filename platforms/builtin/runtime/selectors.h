@@ -7,10 +7,11 @@
 
 namespace chroma::builtin {
 
-// The entry of a name, made at its first use. Throws std::bad_alloc. Needs no registration of the platform's classes.
+// Returns the name's entry and creates it at its first use. Throws std::bad_alloc. Does not register the platform's
+// classes.
 SEL internSelector(const char* name);
 
-// How many selectors there are: every index is below.
+// Returns the number of selectors; every index is below it.
 std::uint32_t selectorCount();
 
 } // namespace chroma::builtin

@@ -1,5 +1,6 @@
-// The letters by which the runtime's interface tells a method's types: the result first, then the receiver, the selector and
-// the arguments. A pointer's letter is followed by that of what it points to, 'v' for what is not a number.
+// Type encodings: the characters that describe a method's types in the runtime's interface, first the result, then the
+// receiver, the selector and the arguments. A pointer's character is followed by that of the type it points to, which is
+// 'v' unless it is a number.
 #pragma once
 
 #include "builtin/objc_runtime.h"
@@ -30,7 +31,7 @@ constexpr char letterOf() {
     return std::is_class_v<T> ? '{' : 'v';
 }
 
-// The second letter, 0 for none.
+// The second character, or 0 if there is none.
 template <class T>
 constexpr char letterBehind() {
     using Pointee = std::remove_cv_t<std::remove_pointer_t<T>>;

@@ -1,11 +1,11 @@
-// What happens to messages that the receiver's class does not know.
+// Messages that the receiver's class does not know.
 #pragma once
 
 #include "runtime/object.h"
 
 namespace chroma::builtin {
 
-// A function that tells the receiver that it does not recognise the selector, which raises. Serves every signature.
+// Returns a function, valid for every signature, that sends the receiver doesNotRecognizeSelector:, which raises.
 IMP unrecognizedMessage();
 
 } // namespace chroma::builtin

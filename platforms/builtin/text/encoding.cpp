@@ -33,7 +33,7 @@ constexpr char32_t byteOrderMark = 0xFEFF;
 bool isLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
 bool isSurrogate(char32_t unit) { return unit >= 0xD800 && unit < 0xE000; }
 
-// False for what is no Unicode scalar value.
+// Returns false if it is not a Unicode scalar value.
 bool append(std::u16string& text, char32_t character) {
     if (character > 0x10FFFF || isSurrogate(character)) return false;
     if (character < 0x10000) {
@@ -45,7 +45,7 @@ bool append(std::u16string& text, char32_t character) {
     return true;
 }
 
-// The character of a byte in a single-byte encoding.
+// Returns the character of a byte in a single-byte encoding.
 char32_t characterOfByte(unsigned char byte, std::uint32_t encoding) {
     if (byte < 0x80) return byte;
     switch (encoding) {
@@ -82,7 +82,7 @@ bool decodeSingleBytes(std::string_view bytes, std::uint32_t encoding, std::u16s
     return true;
 }
 
-// The character of the sequence at `start`, which it moves past; noCharacter when the sequence is malformed or overlong.
+// Returns the character at `start` and advances `start`; noCharacter if the sequence is malformed or overlong.
 char32_t nextUtf8Character(std::string_view bytes, std::size_t& start) {
     constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000}; // by sequence length
     const auto lead = static_cast<unsigned char>(bytes[start]);
@@ -111,7 +111,7 @@ bool decodeUtf8(std::string_view bytes, bool honoursMark, std::u16string& text) 
     return true;
 }
 
-// The units of UTF-16 and UTF-32 in the machine's byte order, or in the one that a mark tells.
+// The units of UTF-16 and UTF-32 in the machine's byte order or in that of a byte order mark.
 template <class Unit>
 class Units {
 public:
@@ -192,8 +192,8 @@ private:
     char* end_;
 };
 
-// Copies leading ASCII, which is the same bytes in every encoding that is written here, in blocks, and answers how much:
-// most text is nothing else.
+// Copies leading ASCII, which has the same bytes in every encoding that is written here, in blocks. Returns the number of
+// characters. Most text is ASCII.
 std::size_t copyAsciiBlocks(std::u16string_view text, char* buffer, std::size_t capacity) {
     constexpr std::size_t block = 8;
     const std::size_t limit = std::min(text.size(), capacity);
@@ -224,7 +224,7 @@ bool putUtf8(Output& output, char32_t character) {
            output.put(0x80 | (character >> 6 & 0x3F)) && output.put(0x80 | (character & 0x3F));
 }
 
-// A character that does not fit leaves nothing behind: the caller counts from the last one that did.
+// May write a part of a character that does not fit; the caller counts only complete characters.
 bool putCharacter(Output& output, char32_t character, std::uint32_t encoding) {
     switch (encoding) {
     case encoding::utf8: return putUtf8(output, character);
@@ -244,7 +244,7 @@ bool putCharacter(Output& output, char32_t character, std::uint32_t encoding) {
 
 bool extendsAscii(std::uint32_t encoding) { return encoding == encoding::utf8 || isSingleByte(encoding); }
 
-// Whole words at a time, since text is looked at before it is copied.
+// Works word by word, because this runs over most text before it is copied.
 bool isAscii(std::string_view bytes) {
     std::uint64_t all = 0;
     std::size_t index = 0;

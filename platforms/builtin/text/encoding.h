@@ -1,4 +1,4 @@
-// Bytes to UTF-16 and back, strictly: what is invalid or cannot be written is refused, never replaced.
+// Conversion between bytes and UTF-16. Invalid input and missing characters are errors, never replaced.
 #pragma once
 
 #include <cstdint>
@@ -20,14 +20,14 @@ constexpr std::uint32_t utf32 = 0x0C000100;
 
 } // namespace encoding
 
-// Whether ASCII text is the same bytes in the encoding. False for an unknown one.
+// Returns whether ASCII text has the same bytes in the encoding; false for an unknown one.
 bool extendsAscii(std::uint32_t encoding);
 
 bool isAscii(std::string_view bytes);
 bool isAscii(std::u16string_view text);
 
-// Appends the text. False for bytes that are invalid in the encoding and for an unknown encoding. With `honoursMark` a byte
-// order mark decides the order of UTF-16 and UTF-32 and is left out, of UTF-8 too.
+// Appends the text. Returns false if the bytes are invalid in the encoding or the encoding is unknown. With `honoursMark` a
+// byte order mark sets the order of UTF-16 and UTF-32; it is removed, also from UTF-8.
 bool decodeText(std::string_view bytes, std::uint32_t encoding, bool honoursMark, std::u16string& text);
 
 // How much encodeText wrote.

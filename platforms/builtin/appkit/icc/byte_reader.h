@@ -1,4 +1,4 @@
-// Big-endian numbers from bytes that nobody vouches for.
+// Big-endian numbers from untrusted bytes.
 #pragma once
 
 #include <cstddef>
@@ -7,8 +7,8 @@
 
 namespace chroma::builtin {
 
-// Every access is checked against the bounds: what lies outside reads as 0 and is remembered. Nothing that was read counts
-// unless `isInBounds` is still true at the end. The bytes are borrowed.
+// Checks every access against the bounds. A read outside returns 0 and makes `isInBounds` false for good; the results count
+// only if it is true at the end. The reader borrows the bytes.
 class ByteReader {
 public:
     ByteReader() = default;
@@ -24,10 +24,10 @@ public:
     // Signed fixed point with 16 fractional bits.
     double s15Fixed16(std::size_t offset) const { return static_cast<std::int32_t>(u32(offset)) / 65536.0; }
 
-    // What follows the offset, whose own offsets start at 0.
+    // Returns the bytes from the offset on, with offsets from 0.
     ByteReader from(std::size_t offset) const { return range(offset, offset <= size_ ? size_ - offset : 0); }
 
-    // A range within, whose own offsets start at 0; an empty one when it does not lie within.
+    // Returns a range with offsets from 0; an empty one if the range is not inside.
     ByteReader range(std::size_t offset, std::size_t size) const {
         return has(offset, size) ? ByteReader(bytes_ + offset, size) : ByteReader();
     }

@@ -7,7 +7,7 @@
 namespace chroma::builtin::icc {
 namespace {
 
-// A count and that many samples; none is the identity, one is a gamma.
+// A count and that many samples. No sample means the identity, one sample is a gamma.
 bool readSampledCurve(const ByteReader& value, TransferCurve& curve) {
     const std::size_t count = value.u32(8);
     if (count > value.size() / 2) return false;
@@ -23,8 +23,8 @@ bool readSampledCurve(const ByteReader& value, TransferCurve& curve) {
 
 constexpr std::size_t parameterCounts[] = {1, 3, 4, 5, 7};
 
-// Five forms, each with the parameters of the one before and more, in the order of TransferCurve's members; the second and
-// the third leave the break and the offset to be worked out.
+// Five forms. Each has the parameters of the previous form and more, in the order of TransferCurve's members. The second
+// and third form leave the break and the offset to be computed.
 bool readParametricCurve(const ByteReader& value, TransferCurve& curve) {
     const std::size_t form = value.u16(8);
     if (form >= std::size(parameterCounts)) return false;

@@ -5,11 +5,11 @@
 
 namespace chroma::builtin::icc {
 
-// Reads a curve of either type, "curv" or "para", from the start of the value; what follows it does not matter. False when
-// it is malformed.
+// Reads a curve of type "curv" or "para" at the start of the value and ignores what follows. Returns false if it is
+// malformed.
 bool readCurve(const ByteReader& value, TransferCurve& curve);
 
-// How many bytes the curve takes that was read from there.
+// Returns the size in bytes of the curve at the start of the value.
 std::size_t sizeOfCurve(const ByteReader& value);
 
 } // namespace chroma::builtin::icc

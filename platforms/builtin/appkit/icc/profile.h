@@ -7,8 +7,9 @@
 
 namespace chroma::builtin {
 
-// The space that a profile describes, with the profile's bytes. Null when anything that is read of it is malformed. A space
-// whose profile has no table, nor curves and for RGB colorants, is accepted and converts to no other.
+// Returns the space that a profile describes, including the profile's bytes, or null if any part that it needs is
+// malformed. A profile with neither a table nor curves (and, for RGB, colorants) is accepted; the space cannot be
+// converted.
 SpacePointer spaceFromProfile(const std::uint8_t* bytes, std::size_t size);
 
 // A version 2 profile: of a grey or RGB space, all of whose channels have one curve, a display's with curve and colorants;

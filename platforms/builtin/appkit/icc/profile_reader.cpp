@@ -15,7 +15,7 @@ namespace {
 
 struct DeviceChannels {
     ColorModel model;
-    std::size_t count; // 0: no space that a colour can be in
+    std::size_t count; // 0: not a space of colours
 };
 
 DeviceChannels channelsOf(std::uint32_t colorSpace) {
@@ -34,7 +34,7 @@ DeviceChannels channelsOf(std::uint32_t colorSpace) {
     return {ColorModel::unknown, 0};
 }
 
-// The tag table of a profile. A tag's value starts with the name of its type and four unused bytes.
+// The tag table of a profile. Each value starts with its type's name and four unused bytes.
 class Tags {
 public:
     explicit Tags(const ByteReader& profile) : profile_(profile), count_(profile.u32(icc::headerSize)) {}
@@ -65,13 +65,13 @@ private:
     std::size_t count_;
 };
 
-// The old form: a count and that much ASCII with a NUL. What is no ASCII is taken for Latin-1.
+// The version 2 form: a count and that many characters with a NUL. Non-ASCII bytes are read as Latin-1.
 bool readPlainText(const ByteReader& value, std::u16string& text) {
     const std::string_view bytes = value.text(12, value.u32(8));
     return decodeText(bytes.substr(0, bytes.find('\0')), encoding::latin1, false, text);
 }
 
-// Records of language, country, length and offset; the English one, else the first.
+// Records of language, country, length and offset. Reads the English record, otherwise the first.
 bool readLocalizedText(const ByteReader& value, std::u16string& text) {
     constexpr std::uint16_t english = 0x656E;
     constexpr std::size_t firstRecord = 16;
@@ -104,7 +104,7 @@ bool readColorant(const ByteReader& value, Vector3& colorant) {
     return value.u32(0) == icc::xyzType && value.isInBounds();
 }
 
-// Reads the tags with `read` while they are there. False when one is malformed; `isComplete` tells whether all were there.
+// Reads the tags that exist with `read`. Returns false if one is malformed; `isComplete` reports whether all exist.
 template <class Value, std::size_t Count>
 bool readTags(const Tags& tags, const std::uint32_t (&names)[Count], bool (*read)(const ByteReader&, Value&), Value* values,
               bool& isComplete) {
@@ -134,14 +134,15 @@ bool readRgb(const Tags& tags, SpaceDefinition& space) {
     }
     space.toXyz = colorantsToXyz(colorants[0], colorants[1], colorants[2]);
     space.convertsToXyz = isComplete;
-    constexpr double smallestVolume = 1e-6; // below, the colorants are as good as in one plane
+    constexpr double smallestVolume = 1e-6; // below it the colorants lie practically in one plane
     space.convertsFromXyz = isComplete && std::abs(determinant(space.toXyz)) >= smallestVolume;
     if (space.convertsFromXyz) space.fromXyz = inverse(space.toXyz);
     return true;
 }
 
-// The perceptual table, where there is none the media-relative colorimetric one, then that of saturation; null without any.
-// False when it is malformed. The PCS of version 4 has the black of a reference medium, except for colorimetry.
+// Reads the perceptual table, otherwise the media-relative colorimetric one, otherwise the saturation one; sets null if
+// there is none. Returns false if the table is malformed. In version 4 the PCS has the black of a reference medium, except
+// for colorimetric tables.
 bool readTable(const Tags& tags, const std::uint32_t (&names)[3], const icc::TableSides& sides, bool hasReferenceBlack,
                std::shared_ptr<const icc::Table>& table) {
     constexpr Vector3 referenceBlack{0.00336, 0.0034731, 0.00287};
@@ -156,7 +157,7 @@ bool readTable(const Tags& tags, const std::uint32_t (&names)[3], const icc::Tab
     return true;
 }
 
-// Tables come before curves and matrix.
+// Tables take precedence over curves and matrix.
 bool readTables(const Tags& tags, icc::TableSides sides, bool hasReferenceBlack, SpaceDefinition& space) {
     sides.isToPcs = true;
     if (!readTable(tags, {icc::perceptualToPcs, icc::colorimetricToPcs, icc::saturationToPcs}, sides, hasReferenceBlack,
@@ -190,7 +191,7 @@ SpacePointer spaceFromProfile(const std::uint8_t* bytes, std::size_t size) {
     if (const auto name = tags.find(icc::description)) {
         if (!readName(*name, space->name)) return nullptr;
     }
-    // Links and lists of named colours have no PCS to convert by.
+    // Device links and named colour lists have no PCS to convert through.
     const std::uint32_t profileClass = profile.u32(icc::classField);
     const std::uint32_t connection = profile.u32(icc::connectionSpaceField);
     const bool isXyz = connection == icc::xyzSpace;
@@ -200,7 +201,7 @@ SpacePointer spaceFromProfile(const std::uint8_t* bytes, std::size_t size) {
     if (channels.model == ColorModel::gray && !readGray(tags, *space)) return nullptr;
     if (channels.model == ColorModel::rgb && isXyz && !readRgb(tags, *space)) return nullptr;
     const icc::TableSides sides{channels.count, channels.model == ColorModel::lab, isXyz, true};
-    // An abstract profile leads from the PCS to the PCS, so that both of its sides have the same black.
+    // An abstract profile converts from PCS to PCS, so both sides have the same black.
     const bool hasReferenceBlack = profile.u32(icc::versionField) >= 0x04000000 && profileClass != icc::abstractClass;
     return readTables(tags, sides, hasReferenceBlack, *space) ? space : nullptr;
 }

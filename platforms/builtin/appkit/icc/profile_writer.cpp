@@ -38,9 +38,9 @@ private:
     }
 };
 
-constexpr double xyzRange = 1 + 32767.0 / 32768; // what 16 bits of XYZ hold
+constexpr double xyzRange = 1 + 32767.0 / 32768; // the range of 16-bit XYZ
 
-// The values are written one after the other behind a table that has room for all tags; each starts with its type.
+// Writes the values one after the other, after a table with room for all tags. Each value starts with its type.
 class ProfileWriter {
 public:
     explicit ProfileWriter(std::uint32_t tagCount) {
@@ -50,7 +50,7 @@ public:
         writer_.bytes.resize(nextEntry_ + tagCount * icc::tagEntrySize);
     }
 
-    // Of version 2.1, which every reader knows, and dated with a day that does not depend on when the library was built.
+    // Version 2.1, which every reader knows. The date is constant, so that the bytes do not depend on the build.
     void header(std::uint32_t profileClass, std::uint32_t colorSpace) {
         constexpr std::uint32_t version = 0x02100000, yearAndMonth = 2024 << 16 | 1, day = 1 << 16;
         writer_.putU32(icc::versionField, version);
@@ -66,7 +66,7 @@ public:
         }
     }
 
-    // In ASCII, with room for two other forms that stay empty.
+    // ASCII text; the format's two other forms stay empty.
     void description(std::u16string_view text) {
         constexpr std::size_t otherForms = 4 + 4 + 2 + 1 + 67;
         begin(icc::description, icc::description);
@@ -88,7 +88,7 @@ public:
         end();
     }
 
-    // One curve for all the tags: a gamma, which is counted in 256ths, or as many samples as show no step in 16 bits.
+    // One curve for all tags: a gamma in units of 1/256, or so many samples that no step is visible in 16 bits.
     void curve(std::initializer_list<std::uint32_t> names, const TransferCurve& curve) {
         constexpr std::uint32_t samples = 1024;
         begin(*names.begin(), icc::sampledCurve);
@@ -102,8 +102,8 @@ public:
         end(names);
     }
 
-    // From the complement of an RGB space with one gamma to XYZ, over all inks. The values stand in the grid as the root
-    // that the gamma asks for, which is nearly linear in each ink.
+    // Converts the complement of an RGB space with one gamma to XYZ, over all inks. The grid contains the root of the
+    // values for that gamma, which is nearly linear in each ink.
     void complementToPcs(const SpaceDefinition& rgb) {
         constexpr std::uint32_t inks = 4, points = 9, nodes = points * points * points * points, samples = 256;
         const double gamma = rgb.curves[0].gamma;
@@ -128,8 +128,8 @@ public:
         end();
     }
 
-    // And back. XYZ becomes linear light by the matrix, and the grid is over a root of it, which spaces dark colours
-    // closely; shares of the brightest channel are inks but for the same root.
+    // The other direction. The matrix converts XYZ to linear light. The grid is indexed by a root of the light, which
+    // places dark colours close together. Shares of the brightest channel are inks, apart from the same root.
     void complementFromPcs(const SpaceDefinition& rgb) {
         constexpr std::uint32_t inks = 4, points = 17, nodes = points * points * points, inputs = 4096, outputs = 256;
         constexpr double root = 2;
@@ -172,7 +172,7 @@ private:
         writer_.u32(0);
     }
 
-    // Ends the value that was begun for the first of the tags, and gives it to the others too.
+    // Ends the current value and assigns it to all the tags.
     void end(std::initializer_list<std::uint32_t> names = {0}) {
         for (const std::uint32_t name : names) {
             if (name != *names.begin()) writer_.putU32(nextEntry_, name);
@@ -190,7 +190,7 @@ private:
         writer_.u8(0);
     }
 
-    // The function's values at as many places from 0 to 1.
+    // Appends the function's values at evenly spaced places from 0 to 1.
     template <class Function>
     void ramp(std::uint32_t samples, Function function) {
         for (std::uint32_t sample = 0; sample < samples; ++sample) {
@@ -198,7 +198,7 @@ private:
         }
     }
 
-    // A table of 16 bits with samples for each input and output, up to where these begin.
+    // Starts a 16-bit table with samples for each input and output; the caller writes the rest.
     void beginTable(std::uint32_t name, std::uint32_t inputs, std::uint32_t outputs, std::uint32_t points,
                     const Matrix3& matrix, std::uint32_t inputSamples, std::uint32_t outputSamples) {
         begin(name, icc::lookup16);

@@ -1,4 +1,4 @@
-// The four-character names in ICC profiles, and where the header's fields are.
+// The four-character names in ICC profiles, and the offsets of the header's fields.
 #pragma once
 
 #include <cstddef>
@@ -15,9 +15,9 @@ constexpr std::uint32_t signature(const char (&name)[5]) {
 }
 
 constexpr std::size_t headerSize = 128;
-constexpr std::size_t tagEntrySize = 12; // signature, offset, size; behind the count that follows the header
+constexpr std::size_t tagEntrySize = 12; // signature, offset, size; the table follows a count after the header
 
-// Offsets in the header.
+// Offsets in the header, in bytes.
 constexpr std::size_t sizeField = 0;
 constexpr std::size_t versionField = 8;
 constexpr std::size_t classField = 12;
@@ -40,7 +40,7 @@ constexpr std::uint32_t cmykSpace = signature("CMYK");
 constexpr std::uint32_t labSpace = signature("Lab ");
 constexpr std::uint32_t xyzSpace = signature("XYZ ");
 
-constexpr std::uint32_t description = signature("desc"); // a tag, and the old type of its value
+constexpr std::uint32_t description = signature("desc"); // a tag, and the version 2 type of its value
 constexpr std::uint32_t copyright = signature("cprt");
 constexpr std::uint32_t whitePoint = signature("wtpt");
 constexpr std::uint32_t perceptualToPcs = signature("A2B0");

@@ -52,7 +52,7 @@ private:
         }
     }
 
-    // From corner to corner of the cell, first along the axis with the greatest fraction.
+    // Walks from corner to corner of the cell, along the axis with the greatest fraction first.
     void blendTetrahedron(std::size_t axis, const float* node, Channels& outputs) const {
         std::size_t first = axis, second = axis + 1, third = axis + 2;
         if (fractions_[first] < fractions_[second]) std::swap(first, second);
@@ -86,7 +86,7 @@ void passAll(const Table& table, Channels& channels) {
     }
 }
 
-// Black of the medium to black, and back; white stays where it is.
+// Maps one medium's black to another's; white stays the same.
 Vector3 scaledBlack(const Vector3& xyz, const Vector3& from, const Vector3& to) {
     Vector3 scaled = xyz;
     for (std::size_t index = 0; from != to && index < scaled.size(); ++index) {

@@ -1,4 +1,4 @@
-// The tables of a profile, A2B0 to A2B2 and B2A0 to B2A2: from a device's colours to the profile connection space (PCS), and
+// The tables of a profile, A2B0 to A2B2 and B2A0 to B2A2, convert device colours to the profile connection space (PCS) and
 // back. The PCS is XYZ or Lab; outside a table it is always XYZ relative to D50.
 #pragma once
 
@@ -12,8 +12,9 @@
 
 namespace chroma::builtin::icc {
 
-// The elements of which a table is made. A grid and a sampled curve clip their input to 0..1. A parametric curve and a matrix
-// do not, so that values above 1 survive until the element that brings them back: the curves of high dynamic range need that.
+// The elements of which a table is made. A grid and a sampled curve clip their input to 0..1. A parametric curve and a
+// matrix do not, so that values above 1 survive until the element that brings them back: the curves of high dynamic range
+// need that.
 
 struct Curves {
     std::vector<TransferCurve> channels;
@@ -24,16 +25,16 @@ struct Matrix {
     Vector3 offset;
 };
 
-// A colour lookup table (CLUT). Between its points it is linear in each input, but for the last three inputs of colorants:
-// they take the tetrahedron of the cell in which they lie, whose edge is the diagonal. So neutral colours are interpolated
-// between neutral ones, and from four points in place of eight. In a cell of Lab neutral colours lie along an edge.
+// A colour lookup table (CLUT). It interpolates linearly in each input. Colorants are the exception: the last three inputs
+// use the tetrahedron of their cell, whose edge is the diagonal. So neutral colours are interpolated between neutral ones,
+// from four points instead of eight. In a cell of Lab neutral colours lie along an edge.
 struct Grid {
     struct Axis {
         std::size_t points; // two or more
         std::size_t stride; // from a point to the next, in `values`
     };
 
-    std::vector<Axis> axes; // of the inputs; the last one varies fastest
+    std::vector<Axis> axes; // one per input; the last one varies fastest
     std::size_t outputs = 0;
     std::vector<float> values;
     bool isOfLab = false; // the inputs are PCS Lab
@@ -41,7 +42,7 @@ struct Grid {
 
 using Element = std::variant<Curves, Matrix, Grid>;
 
-// What 0 and 1 stand for in a channel.
+// What 0 and 1 mean in a channel.
 enum class Encoding {
     device,
     xyz,   // 0 to 1 + 32767/32768
@@ -50,14 +51,15 @@ enum class Encoding {
 };
 
 struct Table {
-    std::vector<Element> elements; // in the order in which a colour passes them
+    std::vector<Element> elements; // in the order of the conversion
     Encoding deviceEncoding = Encoding::device;
     Encoding connectionEncoding = Encoding::xyz;
-    Vector3 black{}; // in the PCS, of the medium that the table is for
+    Vector3 black{}; // in the PCS; black of the table's medium
 };
 
-// A device's colour to XYZ, whose black is 0, through a table A2B; and back through a table B2A. The components of a Lab
-// space are L*, a* and b*, which are clipped to their ranges, not-a-number to the least; others are 0..1.
+// Converts a device colour to XYZ with black 0 through an A2B table, and back through a B2A table. The components of a Lab
+// space are L*, a* and b*; they are clipped to their ranges, and not-a-number becomes the minimum. Other components are
+// 0..1.
 Vector3 toXyz(const Table& table, const Channels& components);
 Channels fromXyz(const Table& table, const Vector3& xyz);
 

@@ -9,7 +9,7 @@
 namespace chroma::builtin::icc {
 namespace {
 
-// Numbers of one or two bytes, of which the greatest is 1.
+// Numbers of one or two bytes whose maximum means 1.
 struct Fractions {
     const ByteReader& value;
     std::size_t width;
@@ -19,7 +19,7 @@ struct Fractions {
     }
 };
 
-// Reads as many samples for each channel.
+// Reads the same number of samples for each channel.
 Curves readSampledCurves(const Fractions& fractions, std::size_t start, std::size_t channels, std::size_t samples) {
     Curves curves;
     curves.channels.resize(channels);
@@ -37,7 +37,7 @@ Grid gridBetween(const TableSides& sides) {
     return grid;
 }
 
-// Gives the axes their strides and reads the values. False when these are more than the profile has bytes.
+// Computes the axes' strides and reads the values. Returns false if the profile has fewer bytes than needed.
 bool readGrid(const Fractions& fractions, std::size_t start, Grid& grid) {
     std::size_t count = grid.outputs;
     for (auto axis = grid.axes.rbegin(); axis != grid.axes.rend(); ++axis) {
@@ -52,7 +52,7 @@ bool readGrid(const Fractions& fractions, std::size_t start, Grid& grid) {
     return true;
 }
 
-// The numbers of a matrix row by row; behind them, where there are, the offsets.
+// Reads the matrix row by row, followed by the offsets if there are any.
 Matrix readMatrix(const ByteReader& value, std::size_t start, bool hasOffsets) {
     Matrix element{};
     for (std::size_t index = 0; index < 9; ++index) {
@@ -64,8 +64,8 @@ Matrix readMatrix(const ByteReader& value, std::size_t start, bool hasOffsets) {
     return element;
 }
 
-// mft1 and mft2: a matrix, which only XYZ passes through, then a curve for each input, a grid with as many points for all,
-// and a curve for each output. Curves of mft1 have 256 samples.
+// mft1 and mft2: a matrix (only for XYZ), a curve per input, a grid with the same number of points in each axis, a curve
+// per output. Curves of mft1 have 256 samples.
 bool readLookup(const ByteReader& value, std::size_t width, const TableSides& sides, Table& table) {
     const std::size_t inputs = sides.inputs(), outputs = sides.outputs();
     if (value.u8(8) != inputs || value.u8(9) != outputs) return false;
@@ -87,7 +87,7 @@ bool readLookup(const ByteReader& value, std::size_t width, const TableSides& si
     return true;
 }
 
-// Curves that follow each other, each from a multiple of four bytes on.
+// Curves one after the other, each aligned to four bytes.
 bool readCurves(const ByteReader& value, std::size_t start, std::size_t channels, Table& table) {
     Curves curves;
     curves.channels.resize(channels);
@@ -100,7 +100,7 @@ bool readCurves(const ByteReader& value, std::size_t start, std::size_t channels
     return true;
 }
 
-// The grid of mAB and mBA: for each input its number of points, and behind room for sixteen of these the width of values.
+// The grid of mAB and mBA: the number of points per input, room for sixteen inputs, then the width of the values.
 bool readOwnGrid(const ByteReader& value, std::size_t start, const TableSides& sides, Table& table) {
     Grid grid = gridBetween(sides);
     for (std::size_t axis = 0; axis < grid.axes.size(); ++axis) {
@@ -113,8 +113,8 @@ bool readOwnGrid(const ByteReader& value, std::size_t start, const TableSides& s
     return true;
 }
 
-// mAB and mBA: elements that are found by their offsets, 0 for one that is not there. A colour passes A curves, CLUT, M
-// curves, matrix and B curves on its way to the PCS, and the other way round from it.
+// mAB and mBA: elements at their offsets, 0 for a missing one. Towards the PCS a colour passes A curves, CLUT, M curves,
+// matrix and B curves; from the PCS the reverse.
 bool readElements(const ByteReader& value, const TableSides& sides, Table& table) {
     if (value.u8(8) != sides.inputs() || value.u8(9) != sides.outputs()) return false;
     struct Part {

@@ -1,5 +1,5 @@
-// The string constants of the builtin platform's Foundation and AppKit. They are objects from the start: they can be read
-// before anything of the platform has run. Their values are their names.
+// The string constants of the builtin platform's Foundation and AppKit. They are constant-initialised objects, which can be
+// read before any platform code has run. Their values are their names.
 #pragma once
 
 namespace chroma {

@@ -2,8 +2,8 @@
 // runtime: strings are NSStrings, URLs NSURLs, dictionaries and colour handles are objects too, and all take retain and
 // release.
 //
-// "Create" and "Copy" give a reference that the caller releases; null when memory is exhausted. An allocator is ignored;
-// null is the usual argument.
+// Functions with "Create" or "Copy" in their name return a reference that the caller releases, or null when memory is
+// exhausted. The allocator is ignored and usually null.
 #pragma once
 
 #include <cstdint>
@@ -30,24 +30,24 @@ struct CFRange {
 
 extern "C" {
 
-// Null does nothing, and CFRetain answers its argument.
+// Both do nothing for null. CFRetain returns its argument.
 CFTypeRef CFRetain(CFTypeRef object);
 void CFRelease(CFTypeRef object);
 
 // Encodings: Mac Roman 0, UTF-16 0x100, Latin-1 0x201, Windows Latin-1 0x500, ASCII 0x600, UTF-8 0x08000100, UTF-32
-// 0x0C000100, the wide ones in the machine's byte order. Null when the bytes are invalid in the encoding, the encoding is
-// another, or the count is negative. With isExternalRepresentation a byte order mark of the encoding is honoured and left
-// out.
+// 0x0C000100. UTF-16 and UTF-32 are in the machine's byte order. Returns null if the bytes are invalid in the encoding, the
+// encoding is unknown, or the count is negative. With isExternalRepresentation the function honours and removes a byte
+// order mark.
 CFStringRef CFStringCreateWithBytes(CFAllocatorRef allocator, const std::uint8_t* bytes, CFIndex count,
                                     CFStringEncoding encoding, Boolean isExternalRepresentation);
 
-// Any units, paired or not.
+// Accepts any units, including unpaired surrogates.
 CFStringRef CFStringCreateWithCharacters(CFAllocatorRef allocator, const UniChar* units, CFIndex count);
 
 CFIndex CFStringGetLength(CFStringRef string); // in UTF-16 units; 0 for null
 
-// Writes the text and a NUL. False when the text cannot be written in the encoding, the encoding's units are not bytes, or
-// text and NUL do not fit the capacity; the buffer then starts with a NUL if it has room for one.
+// Writes the text and a NUL. Returns false if the encoding does not have one of the characters, the encoding's units are
+// not bytes, or text and NUL do not fit the capacity. The buffer then starts with a NUL if it has room for one.
 Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex capacity, CFStringEncoding encoding);
 
 // Writes the range's text without a NUL and sets *usedBytes to the number of bytes. Returns the number of UTF-16 units that
@@ -57,31 +57,32 @@ Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex capacity, C
 CFIndex CFStringGetBytes(CFStringRef string, CFRange range, CFStringEncoding encoding, std::uint8_t lossByte,
                          Boolean isExternalRepresentation, std::uint8_t* buffer, CFIndex capacity, CFIndex* usedBytes);
 
-// Keys and values are plain pointers, neither retained nor compared by what they point to. Null for callbacks that are not
-// null.
+// Keys and values are plain pointers, compared by address and not retained. Returns null unless both callbacks are null.
 CFMutableDictionaryRef CFDictionaryCreateMutable(CFAllocatorRef allocator, CFIndex capacity, const void* keyCallBacks,
                                                  const void* valueCallBacks);
 CFIndex CFDictionaryGetCount(CFMutableDictionaryRef dictionary);
-const void* CFDictionaryGetValue(CFMutableDictionaryRef dictionary, const void* key); // null when there is none
+const void* CFDictionaryGetValue(CFMutableDictionaryRef dictionary, const void* key); // null if the key is not present
 // May raise NSMallocException.
 void CFDictionarySetValue(CFMutableDictionaryRef dictionary, const void* key, const void* value);
 void CFDictionaryRemoveValue(CFMutableDictionaryRef dictionary, const void* key);
 
-// Calls the function with every key and value, in no particular order; it must not change the dictionary.
+// Calls the function with every key and value in unspecified order. The function must not change the dictionary.
 void CFDictionaryApplyFunction(CFMutableDictionaryRef dictionary,
                                void (*function)(const void* key, const void* value, void*), void* context);
 
-// The path style is 0, POSIX; with another the answer is null.
+// The path style must be 0, POSIX; otherwise these functions return null.
 //
-// From a path, which is made absolute against the working folder; null when it is empty or not Unicode text.
+// Creates a URL from a path. A relative path starts at the working folder. Returns null if the path is empty or not Unicode
+// text.
 CFURLRef CFURLCreateWithFileSystemPath(CFAllocatorRef allocator, CFStringRef path, CFURLPathStyle style,
                                        Boolean isDirectory);
 
-// From the text of a URL, with percent escapes; null when it is empty or has characters that a URL has not. The base must be
-// null.
+// Creates a URL from its text, which may contain percent escapes. Returns null if the text is empty or contains a character
+// that is not allowed in URLs. The base must be null.
 CFURLRef CFURLCreateWithString(CFAllocatorRef allocator, CFStringRef text, CFURLRef base);
 
-// The URL's path, escapes decoded, without a slash at its end; null when it has none or the escapes are no UTF-8.
+// Returns the URL's path with decoded escapes and without a trailing slash, or null if the URL has no path or the escapes
+// are not UTF-8.
 CFStringRef CFURLCopyFileSystemPath(CFURLRef url, CFURLPathStyle style);
 }
 

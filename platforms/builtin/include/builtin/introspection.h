@@ -1,4 +1,4 @@
-// What tests may ask of the builtin platform beyond the platform's own interface.
+// Functions for tests, beyond the platform's own interface.
 #pragma once
 
 #include <cstddef>
@@ -7,9 +7,9 @@ namespace chroma {
 
 extern "C" {
 
-// How many instances of exactly the named class are alive. Objects that the platform never frees (single colours, standard
-// spaces, constant strings) are not counted, so that the number comes back to where it was when retains and releases
-// balance. 0 for an unknown name.
+// Returns the number of live instances of exactly the named class, or 0 for an unknown name. Objects that are never freed
+// (single colours, standard spaces, constant strings) do not count. So the number returns to its previous value if retains
+// and releases balance.
 std::size_t builtin_liveInstances(const char* className);
 }
 

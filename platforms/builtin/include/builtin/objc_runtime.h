@@ -1,10 +1,9 @@
-// The C interface of the builtin Objective-C runtime: the GNU family's, so far as the plugin, its siblings and the tests use
-// it.
+// The C interface of the builtin Objective-C runtime: the part of the GNU family's interface that the plugin, its siblings
+// and the tests use.
 //
-// Every function may be called before anything else of the platform; the first call registers the platform's classes. All of
-// them may be called from any thread. Names are copied. A class is an object of its metaclass, so that
-// `object_getClass(cls)` is where class methods are added. The types agree with those of the plugin's seam: one file may
-// include both.
+// Every function may be called first, and from any thread; the first call registers the platform's classes. Names are
+// copied. A class is an instance of its metaclass, so class methods are added to `object_getClass(cls)`. The types are
+// identical to those that the plugin declares: one file may include both.
 #pragma once
 
 #include <cstddef>
@@ -32,15 +31,15 @@ using CGFloat = double;
 using CGFloat = float;
 #endif
 
-// What a throw throws in 64 bits: the address of an object.
+// The type that a native exception throws in 64 bits: the address of an object.
 enum class ThrownObject : std::uintptr_t;
 
-// Told of what nothing caught.
+// Called with an exception that no guard caught.
 using UncaughtExceptionHandler = void (*)(id thrown);
 
 extern "C" {
 
-// Classes. A name that no class has gives nil.
+// Looks up a class; nil if no class has the name.
 id objc_getClass(const char* name);
 Class objc_lookUpClass(const char* name);
 const char* class_getName(Class cls); // "nil" for nil
@@ -48,58 +47,58 @@ Class class_getSuperclass(Class cls); // nil for a root class and for nil
 Class object_getClass(id object);     // nil for nil
 const char* object_getClassName(id object);
 
-// Makes a class that inherits everything from `superclass`, with `extraBytes` of zeroed room behind its instances. nil when
-// the name is taken, the superclass is nil, or memory is exhausted. The class can be found by name once it has been
-// registered. Classes are never freed.
+// Creates a class that inherits everything from `superclass`, with `extraBytes` of zeroed memory after its instances.
+// Returns nil if the name is taken, the superclass is nil, or memory is exhausted. After registration the class can be
+// looked up by name. Classes are never freed.
 Class objc_allocateClassPair(Class superclass, const char* name, std::size_t extraBytes);
 void objc_registerClassPair(Class cls);
 
-// Selectors: one entry per name, for the life of the process. Null when memory is exhausted; a message of the null selector
-// raises NSMallocException.
+// Selectors: one entry per name for the life of the process. Returns null when memory is exhausted; a message with the null
+// selector raises NSMallocException.
 SEL sel_registerName(const char* name);
 const char* sel_getName(SEL selector); // "<null selector>" for null
 
-// The function to call for a message. It is never null: for nil it is a function that answers zero, which serves every
-// result that travels in an integer register, and for a selector that the class does not know one that raises
-// NSInvalidArgumentException. It may change whenever a method is added or replaced.
+// Returns the function to call for a message, never null. For nil the function returns zero, in any integer register. For a
+// selector that the class does not have it raises NSInvalidArgumentException. The function may change whenever a method is
+// added or replaced.
 IMP objc_msg_lookup(id receiver, SEL selector);
 
-// Methods, searched up the superclasses. Null when there is none; class_getMethodImplementation then gives the function that
-// raises. A Method stays valid for the life of the process.
+// Look up methods in the class and its superclasses. They return null for an unknown method, but
+// class_getMethodImplementation returns the function that raises. A Method stays valid for the life of the process.
 Method class_getInstanceMethod(Class cls, SEL selector);
 Method class_getClassMethod(Class cls, SEL selector);
 IMP class_getMethodImplementation(Class cls, SEL selector);
 BOOL class_respondsToSelector(Class cls, SEL selector);
 IMP method_getImplementation(Method method);
-const char* method_getTypeEncoding(Method method); // null where who added the method told none
+const char* method_getTypeEncoding(Method method); // null if the method was added without types
 
-// Changes of a class's own methods, in force for the next message, also to instances of subclasses that inherit the method.
-// `types` is copied and told to who asks for it; it may be null. A method that is replaced keeps the types it had.
+// Change the class's own methods. A change applies from the next message on, including messages to subclasses that inherit
+// the method. `types` is copied and may be null. A replaced method keeps its types.
 //
-// class_addMethod does nothing and answers NO when the class itself has the method already, and when memory is exhausted.
-// class_replaceMethod adds it or replaces it; its answer is what the class itself had before, null when it had inherited the
-// method or had none. method_setImplementation answers the previous function.
+// class_addMethod does nothing and returns NO if the class itself already has the method or memory is exhausted.
+// class_replaceMethod adds or replaces; it returns the class's own previous function, or null if the method was inherited
+// or missing. method_setImplementation returns the previous function.
 BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char* types);
 IMP class_replaceMethod(Class cls, SEL selector, IMP implementation, const char* types);
 IMP method_setImplementation(Method method, IMP implementation);
 
-// Exceptions. Any object may be thrown; the runtime does not retain it. What nothing catches ends the process: the handler
-// is called, which is to return, and the process aborts. The platform's own writes a line to the standard error.
+// Exceptions. Any object may be thrown; the runtime does not retain it. An uncaught exception ends the process: the runtime
+// calls the handler, which must return, and aborts. The default handler writes a line to standard error.
 //
-// In 64 bits a throw is the C++ exception `throw ThrownObject`, by value: the stack unwinds, destructors run, and
-// `catch (ThrownObject)` is a guard. It passes through the frames of any language that can be unwound.
+// In 64 bits a throw is the C++ exception `throw ThrownObject`, by value: the stack unwinds, destructors run, and `catch
+// (ThrownObject)` is a guard. The exception propagates through frames of any language that can be unwound.
 [[noreturn]] void objc_exception_throw(id exception);
 
-// Answers the handler before. Null is none.
+// Returns the previous handler. Null removes the handler.
 UncaughtExceptionHandler objc_setUncaughtExceptionHandler(UncaughtExceptionHandler handler);
 
 #if !defined(__LP64__)
-// In 32 bits there is a chain of guards per thread. A guard is the five words of the compiler's __builtin_setjmp, of gcc's
-// or of clang's with any flags, and four words of the runtime's behind them. The caller enters it and then calls
-// __builtin_setjmp on it at once; a throw leaves the innermost guard and jumps to it, so that no destructor between runs.
+// In 32 bits each thread has a chain of guards. A guard consists of the five words of the compiler's __builtin_setjmp (gcc
+// or clang, any flags) followed by four words of the runtime. The caller enters the guard and immediately calls
+// __builtin_setjmp on it. A throw leaves the innermost guard and jumps to it, so no destructor in between runs.
 void objc_exception_try_enter(void* guard);
-void objc_exception_try_exit(void* guard); // the guard and those entered inside it
-id objc_exception_extract(void* guard);    // what the jump brought
+void objc_exception_try_exit(void* guard); // leaves the guard and all inner ones
+id objc_exception_extract(void* guard);    // the thrown object
 int objc_exception_match(id exceptionClass, id exception);
 #endif
 }

@@ -1,5 +1,5 @@
-// The C library's headers are those of another system on another machine. Here the types that differ get this system's form,
-// in each slice; what remains comes from there. Included many times, each time for the types that are asked for.
+// The C library's headers are those of another system and processor. This file defines the types that differ, for each
+// slice; the rest comes from the library. It is included many times, each time for the requested types.
 #if defined(__NEED_int64_t) && !defined(__DEFINED_int64_t)
 typedef __INT64_TYPE__ int64_t;
 #define __DEFINED_int64_t
