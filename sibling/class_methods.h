@@ -1,12 +1,12 @@
-// Adding class methods to a class of the platform: how plugins of this family find each other.
+// Adds class methods to a class of the platform: plugins of this family find each other through them.
 #pragma once
 
 #include "platform/objc.h"
 
 namespace chroma::sibling {
 
-// Lets the class answer the message with a function of (id self, SEL message, arguments...), whose type encoding is `types`.
-// Does nothing when the platform lacks the class or the class answers the message already.
+// Adds a class method: a function of (id self, SEL message, arguments...), whose type encoding is `types`. Does nothing if
+// the platform does not have the class or the class already responds to the message.
 void addClassMethod(id target, SEL message, IMP method, const char* types);
 
 template <class Result, class... Arguments>

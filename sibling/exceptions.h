@@ -1,4 +1,4 @@
-// NSExceptionZRX, the host exception that an NSException becomes.
+// NSExceptionZRX, the host exception that represents an NSException.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -8,8 +8,8 @@ namespace chroma::sibling {
 
 extern REALclassDefinition NSExceptionClass;
 
-// A new host exception that holds the NSException: "Message" is its reason, "ErrorNumber" 0. The caller owns the reference;
-// null when the host makes no such object.
+// Returns a new host exception that holds the NSException: "Message" is its reason, "ErrorNumber" 0. The caller owns the
+// reference. Returns null if the host cannot create the object.
 REALobjectStruct* newHostException(id exception);
 
 } // namespace chroma::sibling

@@ -25,7 +25,7 @@ void NSImageDestructor(REALobjectStruct* object) {
     guarded([&] { dropNative(object); });
 }
 
-// Fills an empty object with an image of that size in points, of the colour that an NSColorZRX object holds; null: none.
+// Fills an empty object with an image of that size in points and with the colour of an NSColorZRX object, or none for null.
 void ConstructorSize(REALobjectStruct* object, double width, double height, REALobjectStruct* color) {
     if (!mayInitialise(object)) return;
     guarded([&] {
@@ -43,8 +43,9 @@ NSSize sizeOf(REALobjectStruct* object) {
 double width(REALobjectStruct* object, REALword) { return sizeOf(object).width; }
 double height(REALobjectStruct* object, REALword) { return sizeOf(object).height; }
 
-// A new reference to the NSColorZRX object of the image's colour, or nil. The other plugin's objects are not entered in the
-// registry here: when that plugin was loaded first it does not know the registry, and would leave an entry behind.
+// Returns a new reference to the NSColorZRX object of the image's colour, or nil. The sibling never enters the other
+// plugin's objects in the registry: a plugin that was loaded before the sibling does not know the registry and would leave
+// the entry behind.
 REALobjectStruct* backgroundColor(REALobjectStruct* object) {
     return answered([&] { return wrapNative(backgroundColorMessage(nativeObject(object)), "NSColorZRX", Entry::none); });
 }

@@ -1,5 +1,5 @@
-// The sibling's one export, and the class methods through which plugins of this family share the instance registry and the
-// bridging of exceptions.
+// The sibling's exported function, and the class methods through which plugins of this family share the instance registry
+// and bridge exceptions.
 #include "builtin/corefoundation.h"
 #include "platform/selectors.h"
 #include "runtime/start.h"
@@ -11,13 +11,13 @@ namespace chroma::sibling {
 
 namespace {
 
-// Created when it is first asked for; plain pointers on both sides, and it lives as long as the process.
+// Created at its first use, with plain pointers as keys and values; it lives as long as the process.
 CFMutableDictionaryRef instancesDictionary(id, SEL) {
     static const CFMutableDictionaryRef dictionary = CFDictionaryCreateMutable(nullptr, 0, nullptr, nullptr);
     return dictionary;
 }
 
-// Host exceptions are made when they are needed; there is nothing to prepare.
+// Host exceptions are created when they are needed, so this does nothing.
 void prepareExceptions(id, SEL) {}
 
 REALobjectStruct* newException(id, SEL, id exception) { return newHostException(exception); }

@@ -1,4 +1,4 @@
-// The library's one export.
+// The library's exported function.
 #include "classes/color/color.h"
 #include "classes/colorlist/colorlist.h"
 #include "classes/colorspace/colorspace.h"

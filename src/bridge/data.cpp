@@ -23,7 +23,7 @@ std::int32_t blockSize(REALmemoryBlockStruct* block) {
     return hostHidesStorage() ? REALMemoryBlockGetSize(block) : storedSize(block);
 }
 
-// A new block with a copy of the bytes; null when the host makes none or does not say where its bytes are.
+// Returns a new block with a copy of the bytes, or null if the host creates no block or does not provide its bytes.
 REALmemoryBlockStruct* newBlock(const void* bytes, std::int64_t length) {
     if (length >= INT32_MAX) return nullptr;
     REALmemoryBlockStruct* const block = REALNewMemoryBlockOriginal(static_cast<std::int32_t>(length));

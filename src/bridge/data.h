@@ -1,4 +1,4 @@
-// Memory blocks of the host and data objects of the platform, each a copy of the other.
+// Conversion between the host's memory blocks and the platform's data objects, always by copying.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -6,11 +6,12 @@
 
 namespace chroma {
 
-// An autoreleased NSData with a copy of the block's bytes; nil for a null or empty block. Never raises of its own.
+// Returns an autoreleased NSData with a copy of the block's bytes, or nil for a null or empty block. Raises no exception of
+// its own.
 id NewNSData(REALmemoryBlockStruct* block);
 
-// A new memory block with a copy of the data's bytes, which the caller owns. Null for nil and for empty data; null and an
-// "OutOfMemoryException" when the host makes no block of that size.
+// Returns a new memory block with a copy of the data's bytes, which the caller owns. Returns null for nil and for empty
+// data, and null with an "OutOfMemoryException" if the host cannot create a block of that size.
 REALmemoryBlockStruct* NSDataRB(id data);
 
 } // namespace chroma

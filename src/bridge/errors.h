@@ -1,5 +1,5 @@
-// Every failure reaches host code as a host exception, and this is where they are raised. Raising records the exception and
-// returns: the caller goes on to its null result.
+// Every failure reaches host code as a host exception, and all of them are raised here. Raising only records the exception
+// and returns; the caller then returns its null result.
 #pragma once
 
 #include "platform/guard.h"
@@ -8,12 +8,13 @@
 
 namespace chroma {
 
-// Raises a host exception of the named class, "RuntimeException" where the host has no such class, with the UTF-8 message
-// and "ErrorNumber" 0. A null message is the empty one. Raises nothing when the host can make neither class.
+// Raises a host exception of the named class, or "RuntimeException" if the host does not have the class, with the UTF-8
+// message and "ErrorNumber" 0. A null message becomes the empty message. Raises nothing if the host can create neither
+// class.
 void RaiseException(const char* className, const char* message);
 
-// Raises an "OutOfBoundsException" that words `value` as outside `minimum` to `limit` - 1. A null parameter name reads "?",
-// a null or empty method name is left out.
+// Raises an "OutOfBoundsException" whose message describes `value` as outside `minimum` to `limit` - 1. A null parameter
+// name is written "?", a null or empty method name is omitted.
 void RaiseOutOfBoundsException(std::int64_t value, std::int64_t minimum, std::int64_t limit, const char* parameterName,
                                const char* methodName);
 
@@ -25,16 +26,15 @@ struct Failure {
     char* copy = nullptr;
 };
 
-// The failure that the C++ exception being handled is; only to be called from a handler.
+// Returns the failure for the C++ exception being handled. May only be called in a handler.
 Failure caughtFailure();
 
 // Raises a failure. A C++ exception while its message is made leaves the message empty and is a failure that is raised
 // before it, but for one while the message of that is made.
 void raiseFailure(Failure failure);
 
-// Raises the host exception for a thrown object that is an NSException: the one that the sibling plugin makes of it, or,
-// where no sibling answers, a "RuntimeException" whose message is its name, a colon and its reason. Throws any other object
-// on.
+// Raises the host exception for a thrown NSException: the one that the sibling plugin creates or, without a sibling, a
+// "RuntimeException" whose message is the exception's name, a colon and its reason. Throws any other object again.
 void raisePlatformException(id thrown);
 
 // Runs the body and answers how it failed. A native exception goes on: it is caught inside, since where it unwinds the
@@ -51,7 +51,7 @@ Failure failureOf(Body body) {
     return {};
 }
 
-// Runs the body; a C++ exception out of it becomes a host exception, raised when its handler has ended.
+// Runs the body. A C++ exception that leaves the body becomes a host exception, raised after its handler has ended.
 template <class Body>
 void translated(Body body) {
     const Failure failure = failureOf(body);

@@ -1,11 +1,11 @@
-// The two body shapes of bound functions. Each runs its body under a native-exception guard; no native exception out of
-// it leaves a bound function, except an object that is not an NSException, which is thrown on to the next enclosing guard.
+// The two frames of bound functions. Each runs its body under a native-exception guard. No native exception leaves a bound
+// function, except a thrown object that is not an NSException: that one is thrown again to the next enclosing guard.
 //
-// The body must keep to the rule of guard.h: nothing with a destructor lives in it across a native message. Results are kept
-// outside the body, set to the null value first and assigned last.
+// The body must obey the rule of guard.h: nothing with a destructor lives in it across a native message. The result is
+// stored outside the body; it is set to the null value first and assigned last.
 //
-// Both are written into their callers, so that a platform whose guard is C++ adds no call to a message, and what an
-// exception needs stays out of the way.
+// Both frames are inlined, so that they add no call to a message on platforms whose guard is C++. The code that handles an
+// exception is kept out of line.
 #pragma once
 
 #include "bridge/errors.h"
@@ -25,7 +25,7 @@ template <class Body>
     return true;
 }
 
-// The same for a function that has made a result already: `giveUp` releases it when an exception passes outward.
+// The same for a function that has already created a result: `giveUp` releases it if an exception propagates.
 template <class Body, class GiveUp>
 void guarded(Body body, GiveUp giveUp) {
     onThrow([&] { guarded(body); }, giveUp);
@@ -60,13 +60,13 @@ struct Getter {
     void operator()() { answer = message(receiver); }
 };
 
-// The body of class constructors, which run for every new object: only the first has something to do that may throw.
+// The body of class constructors, which run for every new object. Only the first call does work that may throw.
 inline void constructed() {
     if (!CocoaInited) guarded([] { initCocoa(); });
 }
 
-// Whether an initialiser may fill the object: not a null one, and not one that holds a native object already, which raises
-// an "UnsupportedOperationException".
+// Returns whether an initialiser may fill the object. Returns false for null, and raises an "UnsupportedOperationException"
+// if the object already holds a native object.
 bool mayInitialise(const REALobjectStruct* object);
 
 } // namespace chroma

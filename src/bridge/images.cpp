@@ -19,8 +19,8 @@ void compareEntry(const void* key, const void* value, void* context) {
     if (value == search.wanted) search.image = static_cast<id>(const_cast<void*>(key));
 }
 
-// For hosts that do not tell an object's class: whether the registry maps an image to it. By the object alone it can only be
-// found by looking at every entry.
+// For hosts that cannot report an object's class: returns whether the registry maps an image to the object. The registry's
+// keys are native objects, so this searches all entries.
 bool isRegisteredImage(const REALobjectStruct* object) {
     if (!instances) return false;
     Search search{object, nullptr};

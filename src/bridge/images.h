@@ -6,8 +6,8 @@
 
 namespace chroma {
 
-// The NSImage that a host object holds, borrowed; nil for null, for an empty image object, and for an object that is not
-// known to be an NSImageZRX: memory of an object of another class is never read.
+// Returns the NSImage that a host object holds, borrowed. Returns nil for null, for an empty image object, and for an
+// object that is not known to be an NSImageZRX: this never reads memory of an object of another class.
 id imageOf(REALobjectStruct* object);
 
 } // namespace chroma

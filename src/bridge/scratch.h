@@ -1,4 +1,4 @@
-// Working memory that is given up on every path, also when a native exception passes.
+// Temporary memory that is freed on every path, including native exceptions.
 #pragma once
 
 #include "platform/guard.h"
@@ -8,8 +8,8 @@
 
 namespace chroma {
 
-// Calls use(memory) with room for `count` elements of a plain type: on the stack up to `shortCount`, beyond that on the
-// heap. Null when the heap is exhausted.
+// Calls use(memory) with room for `count` elements of a plain type: on the stack up to `shortCount`, otherwise on the heap.
+// The memory is null when the heap is exhausted.
 template <class T, std::size_t shortCount, class Use>
 void withScratch(std::size_t count, Use use) {
     if (count <= shortCount) {

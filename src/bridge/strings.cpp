@@ -24,7 +24,7 @@ CFStringRef fromStoredUTF16(StoredBytes text) {
     return result;
 }
 
-// A platform string from the text that the host string stores, read in the given encoding.
+// Returns a platform string from the text that the host string stores, read in the given encoding.
 CFStringRef fromStorage(REALstringStruct* string, CFStringEncoding encoding) {
     CFStringRef result = nullptr;
     const auto read = [&] {
@@ -42,7 +42,7 @@ CFStringRef fromStorage(REALstringStruct* string, CFStringEncoding encoding) {
     return result;
 }
 
-// The host's own answer; null when it gives none.
+// Returns the host's own conversion, or null if the host has none.
 CFStringRef askHost(REALstringStruct* string) {
     const void* text = nullptr;
     if (hostBuildsStringsWithEncoding()) text = REALCopyStringCFString(string, 0);
@@ -50,14 +50,14 @@ CFStringRef askHost(REALstringStruct* string) {
     return static_cast<CFStringRef>(const_cast<void*>(text));
 }
 
-// A string whose bytes are tagged with an encoding after it was built, as hosts of every version can.
+// Builds a string and then sets its encoding, as hosts of every version can.
 REALstringStruct* buildTagged(const void* bytes, std::int32_t length, CFStringEncoding encoding) {
     REALstringStruct* const string = originalREALBuildString(bytes, length);
     if (string) onThrow([&] { REALSetStringEncoding(string, encoding); }, [&] { REALUnlockString(string); });
     return string;
 }
 
-// Converts to UTF-8 and gives the original up. The conversion is asked for the null string too.
+// Converts to UTF-8 and releases the original. The host is also asked to convert the null string.
 REALstringStruct* convertedToUTF8(REALstringStruct* original) {
     REALstringStruct* result = nullptr;
     const auto convert = [&] { result = REALConvertString(original, kCFStringEncodingUTF8); };
@@ -96,7 +96,7 @@ std::size_t writeUTF16(const std::uint8_t* codePoints, std::size_t count, UniCha
     return written;
 }
 
-// For hosts that do not know UTF-32 themselves. Bytes behind the last whole code point are left out.
+// For hosts that do not know UTF-32. Ignores bytes after the last complete code point.
 REALstringStruct* buildFromUTF32(const void* bytes, std::int32_t length) {
     const std::size_t count = static_cast<std::size_t>(length) / sizeof(std::uint32_t);
     REALstringStruct* result = nullptr;

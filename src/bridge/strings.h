@@ -1,4 +1,4 @@
-// Strings between host and platform, in every encoding the host uses.
+// Conversion of strings between host and platform, in every encoding that hosts use.
 #pragma once
 
 #include "bridge/scratch.h"
@@ -12,28 +12,30 @@ namespace chroma {
 // What a host reports for a string of unknown encoding; such text is read as Mac Roman.
 constexpr CFStringEncoding kUnknownEncoding = 0xFFFF;
 
-// A new platform string, which the caller releases. Null for the null host string and when the text is invalid in its
-// encoding.
+// Returns a new platform string, which the caller releases, or null for the null host string and for text that is invalid
+// in its encoding.
 CFStringRef RBString2CFString(REALstringStruct* string);
 
-// The same, handed to the autorelease pool; nil for null.
+// The same, but autoreleased; nil for null.
 id autoreleasedString(REALstringStruct* string);
 
-// A new UTF-8 host string, which the caller owns. Null, the empty string, for nil, for empty text and on any failure.
+// Returns a new UTF-8 host string, which the caller owns. Returns null, the empty string, for nil, for empty text and on
+// failure.
 REALstringStruct* NSStringRB(id string);
 
-// A new host string from `length` bytes in `encoding`, owned by the caller; text in UTF-16 or UTF-32 ends up as UTF-8. Null
-// for null bytes, a length outside 1 to 2147483647, and when the host makes none. A C++ exception becomes a host exception.
+// Returns a new host string from `length` bytes in `encoding`, which the caller owns; UTF-16 and UTF-32 are converted to
+// UTF-8. Returns null for null bytes, for a length outside 1 to 2147483647, and if the host does not create the string. A
+// C++ exception becomes a host exception.
 REALstringStruct* REALBuildUnicodeString(const void* bytes, std::int64_t length, CFStringEncoding encoding);
 
-// The same, but that a C++ exception goes on.
+// The same, but a C++ exception propagates.
 REALstringStruct* buildString(const void* bytes, std::int64_t length, CFStringEncoding encoding);
 
 // The same for UTF-16 in the machine's byte order; `length` is in bytes.
 REALstringStruct* REALBuildUnicodeStringUTF16(const void* bytes, std::int64_t length);
 
-// Calls use(text) with the platform string as NUL-terminated UTF-8, valid during the call, and with null for nil and for a
-// string that cannot be written so. Short text needs no allocation.
+// Calls use(text) with the platform string as NUL-terminated UTF-8, valid during the call, or with null for nil and for
+// text that UTF-8 cannot represent. Short text needs no allocation.
 template <class Use>
 void withUTF8(id string, Use use) {
     constexpr CFIndex shortUnits = 99, shortCapacity = 600;

@@ -1,5 +1,5 @@
-// The CoreFoundation functions and types in use. CoreFoundation strings, data and dictionaries are objects of the platform's
-// runtime too ("toll-free"), so a CFStringRef may be sent messages as an NSString.
+// The CoreFoundation functions and types that the plugin uses. CoreFoundation strings, data and dictionaries are also
+// objects of the platform's runtime ("toll-free bridged"), so a CFStringRef may receive an NSString's messages.
 #pragma once
 
 #include "platform/objc.h"
@@ -30,38 +30,39 @@ constexpr CFStringEncoding kCFStringEncodingUTF32 = 0x0C000100; // UTF-32 in the
 constexpr CFURLPathStyle kCFURLPOSIXPathStyle = 0;
 
 extern "C" {
-// New strings, which the caller releases; null when the bytes are invalid in the encoding or the encoding is unknown. With
-// isExternalRepresentation a byte order mark is honoured and left out.
+// Return new strings, which the caller releases, or null if the bytes are invalid in the encoding or the encoding is
+// unknown. With isExternalRepresentation the function honours and removes a byte order mark.
 CFStringRef CFStringCreateWithBytes(CFAllocatorRef, const std::uint8_t* bytes, CFIndex count, CFStringEncoding encoding,
                                     Boolean isExternalRepresentation);
 CFStringRef CFStringCreateWithCharacters(CFAllocatorRef, const UniChar* units, CFIndex count);
 
-// The length in UTF-16 units.
+// Returns the length in UTF-16 units.
 CFIndex CFStringGetLength(CFStringRef string);
 
-// Writes the text and a terminating NUL; false when it cannot be written in the encoding or does not fit the capacity.
+// Writes the text and a terminating NUL. Returns false if the encoding does not have one of the characters or the text does
+// not fit the capacity.
 Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex capacity, CFStringEncoding encoding);
 
 void CFRelease(CFTypeRef object);
 
-// Keys and values go as plain pointers; what is done with them is the choice of the dictionary's owner.
+// Keys and values are plain pointers; the dictionary's owner chooses how they are compared and retained.
 const void* CFDictionaryGetValue(CFMutableDictionaryRef dictionary, const void* key);
 void CFDictionarySetValue(CFMutableDictionaryRef dictionary, const void* key, const void* value);
 void CFDictionaryRemoveValue(CFMutableDictionaryRef dictionary, const void* key);
 
-// Calls the function with every key and value; it must not change the dictionary.
+// Calls the function with every key and value. The function must not change the dictionary.
 void CFDictionaryApplyFunction(CFMutableDictionaryRef dictionary,
                                void (*function)(const void* key, const void* value, void*), void* context);
 
-// New URLs, which the caller releases; null when the text is no path or no URL. A relative path starts at the working
-// folder.
+// Return new URLs, which the caller releases, or null if the text is not a path or not a URL. A relative path starts at the
+// working folder.
 CFURLRef CFURLCreateWithFileSystemPath(CFAllocatorRef, CFStringRef path, CFURLPathStyle, Boolean isDirectory);
 CFURLRef CFURLCreateWithString(CFAllocatorRef, CFStringRef text, CFURLRef base);
 
-// The path that a URL names, percent escapes decoded; a new string, which the caller releases.
+// Returns the URL's path with decoded percent escapes as a new string, which the caller releases.
 CFStringRef CFURLCopyFileSystemPath(CFURLRef url, CFURLPathStyle);
 
-// An NSString constant of AppKit: the name of the calibrated RGB colour space.
+// AppKit's NSString constant, the name of the calibrated RGB colour space.
 extern const id NSCalibratedRGBColorSpace;
 }
 

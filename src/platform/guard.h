@@ -1,11 +1,10 @@
-// Native exceptions: catching them, throwing them on, and cleaning up when one passes.
+// Native exceptions: catching them, throwing them again, and cleaning up when one propagates.
 //
-// In 64 bits a native exception unwinds the stack, in 32 bits it is a plain jump, which runs no destructors. The code above
-// this folder serves both, so it follows one rule: nothing with a non-trivial destructor lives across a native message. What
-// must be given up when one throws is given up by `withCleanup` or `onThrow`, which hold an inner guard of their own and
-// throw on.
+// In 64 bits a native exception unwinds the stack. In 32 bits it is a plain jump, which runs no destructors. The code above
+// this folder serves both, so it follows one rule: nothing with a non-trivial destructor lives across a native message.
+// `withCleanup` and `onThrow` release what must not leak: they hold an inner guard and throw the exception again.
 //
-// A C++ exception closes every guard that it passes and goes on outward unchanged.
+// A C++ exception closes every guard that it passes and propagates unchanged.
 #pragma once
 
 #include "platform/objc.h"
@@ -14,23 +13,23 @@
 
 namespace chroma {
 
-// What `catchNative` answers for a thrown nil: no object, and only for the two functions below.
+// What `catchNative` returns for a thrown nil. It is not an object: pass it only to the two functions below.
 inline id thrownNil() { return reinterpret_cast<id>(std::uintptr_t{1}); }
 
-// Throws what was caught to the next enclosing guard, perhaps a host's or another plugin's.
+// Throws a caught exception to the next enclosing guard, which may be a host's or another plugin's.
 [[noreturn]] void throwNative(id thrown);
 
-// Whether what was caught is an NSException or of a class that descends from it. Sends it no message: it may be of a class
-// that answers none.
+// Returns whether a caught object is an NSException or of a derived class. Sends it no message, because its class may
+// respond to none.
 bool isNSException(id thrown);
 
-// Runs the body under a guard. Answers nil when it returned and the thrown object when a native exception ended it; the
-// guard is closed in either case. The caller's variables that the body writes keep what was written.
+// Runs the body under a guard. Returns nil if the body returned, or the thrown object if a native exception ended it. The
+// guard is closed in both cases. The caller's variables keep what the body wrote.
 template <class Body>
 id catchNative(Body& body);
 
 #if defined(CHROMA_THROWS_CXX)
-// What the platform throws, by value: the address of the object.
+// The type that the platform throws, by value: the address of the object.
 enum class ThrownObject : std::uintptr_t;
 
 template <class Body>
@@ -43,8 +42,8 @@ template <class Body>
     }
 }
 #else
-// The guard where it takes more than C++: body(context) is called through a pointer, and `nothing` answered for a thrown
-// nil. The linkage is C's, since one of the two definitions is Objective-C.
+// The guard on platforms where it cannot be C++. Calls body(context) through a pointer and returns `nothing` for a thrown
+// nil. It has C linkage, because one of its two definitions is Objective-C.
 extern "C" id chroma_guard_run(void (*body)(void*), void* context, id nothing);
 
 template <class Body>
@@ -53,8 +52,8 @@ id catchNative(Body& body) {
 }
 #endif
 
-// Runs the body; when a native or a C++ exception ends it, runs the cleanup and lets the exception go on. A cleanup that
-// calls a host may end by a C++ exception itself, which goes on in place of the first; a native one it must not throw.
+// Runs the body. If a native or a C++ exception ends it, runs the cleanup, and the exception propagates. A cleanup that
+// calls the host may throw a C++ exception, which then replaces the first one. It must not throw a native one.
 template <class Body, class Cleanup>
 void onThrow(Body body, Cleanup cleanup) {
     id thrown = nullptr;
@@ -69,7 +68,7 @@ void onThrow(Body body, Cleanup cleanup) {
     throwNative(thrown);
 }
 
-// Runs the body, then the cleanup on every path; an exception goes on afterwards.
+// Runs the body, then the cleanup on every path; an exception propagates afterwards.
 template <class Body, class Cleanup>
 void withCleanup(Body body, Cleanup cleanup) {
     onThrow(body, cleanup);

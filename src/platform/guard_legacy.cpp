@@ -1,26 +1,25 @@
-// The guard of runtimes whose native exceptions are jumps: a jump buffer per guard, kept by the runtime in a chain.
+// The guard of runtimes whose native exceptions are jumps: a jump buffer per guard, which the runtime keeps in a chain.
 #include "platform/guard.h"
 #include "platform/selectors.h"
 
 namespace chroma {
 
-// What a throw jumps to is marked by the function that its runtime goes with. It is called in the function that stays
-// active.
+// A guard's buffer must be set in the function that stays active, by the setjmp that the runtime's jump belongs to.
 #if defined(__APPLE__)
-// The system's own on i386, whichever C headers this is compiled with.
+// On i386 the system's own setjmp, whichever C headers this file is compiled with.
 static_assert(sizeof(void*) == 4);
 using JumpBuffer = int[18];
 extern "C" int _setjmp(JumpBuffer buffer) __attribute__((returns_twice));
 #define CHROMA_MARK(buffer) _setjmp(buffer)
 #else
-// The compiler's own: it keeps three words and no registers, so that entering a guard costs less than half.
+// The compiler's own setjmp: it saves three words and no registers, so entering a guard costs less than half.
 using JumpBuffer = void* [5];
 #define CHROMA_MARK(buffer) __builtin_setjmp(buffer)
 #endif
 
 namespace {
 
-// What the runtime keeps per guard: the buffer that a throw jumps to, and words of its own behind it.
+// The layout of a guard: the buffer that a throw jumps to, followed by words for the runtime.
 struct GuardRecord {
     JumpBuffer buffer;
     void* runtimeWords[4];

@@ -1,6 +1,6 @@
-// The guard of runtimes whose native exceptions unwind the stack. Destructors run there; the rule of guard.h holds all the
-// same, since the same code also runs where they do not.
-#include "platform/guard.h" // whose guard is in guard_unwinding.m, or in the header
+// The guard of runtimes whose native exceptions unwind the stack. Destructors run here, but the rule of guard.h still
+// applies, because the same code also runs where they do not.
+#include "platform/guard.h" // the guard itself is in guard_unwinding.m or in this header
 #include "platform/selectors.h"
 
 namespace chroma {

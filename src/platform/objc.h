@@ -1,7 +1,7 @@
-// The Objective-C runtime as the plugin uses it: typed messages to objects and classes that are found by name.
+// The plugin's view of the Objective-C runtime: typed messages to objects and to classes that are looked up by name.
 //
-// Everything that differs between the platforms' runtimes is in this folder and in platforms/; nothing above it asks which
-// platform it runs on.
+// All differences between the platforms' runtimes are in this folder and in platforms/. Code above it does not depend on
+// the platform.
 #pragma once
 
 #include "platform/type_encoding.h"
@@ -24,7 +24,7 @@ IMP objc_msg_lookup(id receiver, SEL selector);
 #endif
 }
 
-// Whether a message's result of type R comes back where the function of `messageFunction` leaves it.
+// Whether a message's result of type R is returned in the place where `messageFunction`'s function leaves it.
 #if defined(__APPLE__) && defined(__i386__)
 template <class R>
 inline constexpr bool isReturned = std::is_void_v<R> || std::is_scalar_v<R>;
@@ -38,8 +38,8 @@ template <class R>
 inline constexpr bool isReturned = true;
 #endif
 
-// The function to call for a message with a result of type R. The GNU family's runtimes look the method up, Apple's call it
-// themselves, with the arguments they find.
+// Returns the function to call for a message with a result of type R. The GNU family's runtimes look the method up. Apple's
+// function looks it up itself and calls it with the same arguments.
 template <class R>
 IMP messageFunction([[maybe_unused]] id receiver, [[maybe_unused]] SEL selector) {
     static_assert(isReturned<R>, "the runtime has another function for this structure");
@@ -52,8 +52,8 @@ IMP messageFunction([[maybe_unused]] id receiver, [[maybe_unused]] SEL selector)
 #endif
 }
 
-// A class, looked up when it is first needed. A class that the platform lacks is nil, so that messages to it answer nil; it
-// is asked for again at the next use.
+// A class, looked up at its first use. A class that the platform does not have is nil, so messages to it return nil; it is
+// looked up again at the next use.
 class ClassName {
 public:
     constexpr explicit ClassName(const char* name) : name_(name) {}
@@ -68,7 +68,7 @@ private:
     id class_ = nullptr;
 };
 
-// A selector, registered with the runtime when it is first needed.
+// A selector, registered with the runtime at its first use.
 class Selector {
 public:
     constexpr explicit Selector(const char* name) : name_(name) {}
@@ -79,11 +79,11 @@ public:
     }
 
 protected:
-    // For a message to the receiver, whose method has the types.
+    // Returns the selector for a message to the receiver, whose method should have the types.
     SEL get(id receiver, const char* types) { return selector_ ? selector_ : beforeFirstMessage(receiver, types); }
 
 private:
-    // Kept out of the many places that send.
+    // Not inlined, because many places send messages.
     [[gnu::noinline]] SEL beforeFirstMessage([[maybe_unused]] id receiver, [[maybe_unused]] const char* types) {
         assert(methodHasTypes(receiver, get(), types));
         return get();
@@ -93,7 +93,7 @@ private:
     SEL selector_ = nullptr;
 };
 
-// Whether an argument goes for a parameter as it is: nothing is converted on the way, but that a pointer may gain a const.
+// Whether an argument's type fits a parameter without conversion; a pointer may gain a const.
 template <class Parameter, class Argument>
 inline constexpr bool isPassed = std::is_same_v<Parameter, Argument> ||
                                  (std::is_pointer_v<Parameter> &&
@@ -103,9 +103,9 @@ inline constexpr bool isPassed = std::is_same_v<Parameter, Argument> ||
 template <class Signature>
 class Message;
 
-// A selector and the types of its methods, as in `inline Message<id(CGFloat)> shadowWithLevel_{"shadowWithLevel:"}`. Called
-// with a receiver and the arguments it sends the message: the only way in which one leaves the plugin. A nil receiver
-// answers R{}. May throw a native exception, in 32 bits a jump past this frame's callers: see guard.h.
+// A selector and the types of its methods, as in `inline Message<id(CGFloat)> shadowWithLevel_{"shadowWithLevel:"}`.
+// Calling it with a receiver and the arguments sends the message; the plugin sends messages only in this way. A nil
+// receiver returns R{}. May throw a native exception, in 32 bits a jump past this frame's callers: see guard.h.
 template <class R, class... Parameters>
 class Message<R(Parameters...)> : public Selector {
 public:

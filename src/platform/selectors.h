@@ -1,5 +1,5 @@
-// Every class and every selector that the plugin names, one list each. An identifier is the selector with its colons as
-// underscores; its signature is that of the methods, which agree wherever more than one class answers it.
+// All classes and selectors that the plugin uses. An identifier is the selector with its colons as underscores. Its
+// signature is that of the methods, which is the same in all classes that respond to it.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -28,7 +28,7 @@ inline Message<void()> release{"release"};
 inline Message<BOOL(SEL)> respondsToSelector_{"respondsToSelector:"};
 inline Message<id()> retain{"retain"};
 
-// NSException, and what sibling plugins add to its class
+// NSException, and the class messages that sibling plugins add
 inline Message<CFMutableDictionaryRef()> GetInstancesDictionaryZRX{"GetInstancesDictionaryZRX"};
 inline Message<REALobjectStruct*(id)> NewNSExceptionZRX_{"NewNSExceptionZRX:"};
 inline Message<void()> PrepareNSExceptionZRX{"PrepareNSExceptionZRX"};
@@ -45,7 +45,7 @@ inline Message<NSUInteger()> length{"length"};
 inline Message<id()> nextObject{"nextObject"};
 inline Message<id()> objectEnumerator{"objectEnumerator"};
 
-// NSColor: making
+// NSColor: creating
 inline Message<id(id)> colorFromPasteboard_{"colorFromPasteboard:"};
 inline Message<id(const void*)> colorWithCGColor_{"colorWithCGColor:"};
 inline Message<id(CGFloat, CGFloat, CGFloat, CGFloat)> colorWithCalibratedHue_saturation_brightness_alpha_{
@@ -76,7 +76,7 @@ inline Message<id()> scrubberTexturedBackgroundColor{"scrubberTexturedBackground
 CHROMA_SYSTEM_COLORS(CHROMA_SELECTOR)
 #undef CHROMA_SELECTOR
 
-// NSColor: reading; spaces answer some of these too
+// NSColor: reading; spaces respond to some of these too
 inline Message<const void*()> CGColor{"CGColor"};
 inline Message<CGFloat()> alphaComponent{"alphaComponent"};
 inline Message<CGFloat()> blackComponent{"blackComponent"};

@@ -18,10 +18,10 @@ const char* method_getTypeEncoding(MethodRecord* method);
 
 namespace {
 
-// Behind qualifiers, such as the 'r' of const.
+// Returns the type after qualifiers, such as the 'r' of const.
 const char* skipQualifiers(const char* type) { return type + std::strspn(type, "rnNoORVA"); }
 
-// Behind the type and its place in the frame, which some runtimes add.
+// Returns the text after the type and its offset in the frame, which some runtimes add.
 const char* skipType(const char* type) {
     type = skipQualifiers(type);
     if (*type == '^') return skipType(type + 1);
@@ -35,7 +35,7 @@ const char* skipType(const char* type) {
     return type + std::strspn(type, "+-0123456789");
 }
 
-// The letters under which runtimes write one and the same type.
+// Returns one character for all characters that runtimes use for the same type.
 char canonical(char code) {
     switch (code) {
     case 'l': return 'i'; // a long of 32 bits: a wider one is written 'q'
@@ -49,7 +49,7 @@ char canonical(char code) {
 bool isSameType(const char* expected, const char* actual) {
     actual = skipQualifiers(actual);
     const char wanted = canonical(*expected), found = canonical(*actual);
-    // Objects of CoreFoundation, for which it declares pointers.
+    // Objects of CoreFoundation, which the plugin declares as pointers.
     if ((wanted == '@' && found == '^') || (wanted == '^' && expected[1] == 'v' && found == '@')) return true;
     if (wanted != found) return false;
     if (wanted != '^' || *actual == '*' || expected[1] == 'v') return true;

@@ -1,4 +1,5 @@
-// How the runtime writes down a method's types: a letter for each, the result first, then receiver, selector and arguments.
+// Method type encodings as runtimes write them: one character per type, first the result, then receiver, selector and
+// arguments.
 #pragma once
 
 #include "platform/types.h"
@@ -14,7 +15,7 @@ constexpr char integerCode(std::size_t size, bool isSigned) {
     return codes[size == 1 ? 0 : size == 2 ? 1 : size == 4 ? 2 : 3];
 }
 
-// The letter of one type. A pointer's is followed by that of what it points to, 'v' for what is not a number.
+// The character of one type. A pointer's is followed by that of the type it points to, which is 'v' unless it is a number.
 template <class T>
 constexpr char typeCode() {
     if (std::is_same_v<T, id>) return '@';
@@ -50,8 +51,8 @@ constexpr auto encode() {
 template <class Result, class... Arguments>
 inline constexpr auto methodTypes = encode<Result, id, SEL, Arguments...>();
 
-// Whether the receiver's method has the types: true as well where the runtime has written none down, and where the receiver
-// has no such method. What differs is told on the standard error. For assertions; other builds have no such function.
+// Returns whether the receiver's method has the types; true if the runtime has recorded none and if the receiver has no
+// such method. Logs differences on standard error. For assertions; other builds do not have this function.
 bool methodHasTypes(id receiver, SEL selector, const char* types);
 
 } // namespace chroma

@@ -1,4 +1,5 @@
-// The types of the platform's runtime, as wide as each platform has them. Our own declarations, no vendor header.
+// The types of the platform's runtime, with each platform's width. These are our own declarations; no vendor header is
+// used.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +14,8 @@ using SEL = const SelectorEntry*;
 
 using IMP = void (*)();
 
-// The platform's component type. The plugin narrows every double of the host to single precision first, whatever this is.
+// The platform's component type. The plugin narrows every double of the host to single precision first, whatever this type
+// is.
 #if defined(__LP64__)
 using CGFloat = double;
 #else

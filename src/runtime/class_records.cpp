@@ -11,7 +11,7 @@
 namespace chroma {
 namespace {
 
-// In the 32-bit reference layout every record has exactly these bytes; in the others the same slots are pointer-sized.
+// In the 32-bit reference layout every record has exactly these sizes in bytes; elsewhere the same slots are pointer-sized.
 constexpr std::size_t words(std::size_t count) { return count * sizeof(void*); }
 static_assert(sizeof(REALclassDefinition) == words(29) && sizeof(REALclassDefinitionLegacy) == words(25));
 static_assert(sizeof(REALproperty) == words(12) && sizeof(REALpropertyLegacy) == words(10));
@@ -33,7 +33,7 @@ static_assert(offsetof(REALclassDefinitionLegacy, sharedMethodCount) == offsetof
 static_assert(offsetof(REALproperty, getter) == words(4) && offsetof(REALproperty, parameter) == words(6));
 static_assert(offsetof(REALmethodDefinition, declaration) == words(2) && offsetof(REALconstant, flags) == words(2));
 
-// Copies the leading words of each row. Answers false only when memory is exhausted; no rows give null and true.
+// Copies the leading words of each row. Returns false only when memory is exhausted; no rows yield null and true.
 template <class LegacyRow, class Row>
 bool copyLegacy(LegacyRow*& copy, const Row* rows, REALword count) {
     static_assert(sizeof(LegacyRow) <= sizeof(Row));
@@ -46,7 +46,7 @@ bool copyLegacy(LegacyRow*& copy, const Row* rows, REALword count) {
     return true;
 }
 
-// Rewrites the record and its arrays in the legacy layout; false, and nothing changed, when memory is exhausted.
+// Rewrites the record and its arrays in the legacy layout. Returns false and changes nothing when memory is exhausted.
 bool rewriteInLegacyLayout(REALclassDefinition& record) {
     REALclassDefinitionLegacy legacy;
     std::memcpy(&legacy, &record, sizeof legacy);

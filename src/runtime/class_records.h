@@ -1,7 +1,8 @@
-// Rows of the static class tables, and the registration of a class record with the host.
+// The rows of the static class tables, and the registration of a class record with the host.
 //
-// The tables are constant-initialised in the current layout. Registration changes a record for good: it rounds the instance
-// data size, stamps the control version, and for control version 9 rewrites the record and its arrays in the legacy layout.
+// The tables are constant-initialised in the current layout. Registration changes a record permanently: it rounds the
+// instance data size, sets the control version and, for control version 9, rewrites the record and its arrays in the legacy
+// layout.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -16,16 +17,16 @@ constexpr REALword kClassFlags = 4;
 constexpr REALword kPropertyFlags = 6;
 constexpr REALword kMethodFlags = 4;
 
-// The layout in which the static tables are written.
+// The control version of the layout in which the static tables are written.
 constexpr REALword kCurrentLayoutVersion = 13;
 
-// Macros, since a function's address is cast in a constant initialiser only as an expression.
+// These are macros, because a constant initialiser can cast a function's address only as an expression.
 #define CHROMA_BOUND(function) reinterpret_cast<REALfunction>(&function)
 #define CHROMA_PROPERTY(name, type)                                                                                         \
     {                                                                                                                       \
         nullptr, #name, type, chroma::kPropertyFlags, CHROMA_BOUND(name), nullptr, 0, {}                                    \
     }
-// Read and written by the host itself: the native object's pointer.
+// The host itself reads and writes this property: the native object's pointer.
 #define CHROMA_HANDLE_PROPERTY                                                                                              \
     {                                                                                                                       \
         nullptr, "Handle", "Integer", chroma::kPropertyFlags, REALstandardAccessor, REALstandardAccessor, 0, {}             \
@@ -35,7 +36,7 @@ constexpr REALword kCurrentLayoutVersion = 13;
         CHROMA_BOUND(function), nullptr, declaration, chroma::kMethodFlags, {}                                              \
     }
 
-// A class record; each table is CHROMA_ROWS(array) or CHROMA_NO_ROWS.
+// A class record. Each table is CHROMA_ROWS(array) or CHROMA_NO_ROWS.
 #define CHROMA_ROWS(rows) rows, chroma::countOf(rows)
 #define CHROMA_NO_ROWS nullptr, 0
 #define CHROMA_CLASS(name, superName, constructor, destructor, properties, methods, constants, sharedMethods)               \
@@ -51,8 +52,8 @@ constexpr REALword countOf(Row (&)[length]) {
     return length;
 }
 
-// Registers one class record, which stays in use by the host. A record for which memory is exhausted stays as it was and is
-// not handed over.
+// Registers one class record, which the host keeps using. If memory is exhausted, the record is unchanged and is not
+// registered.
 void MyREALRegisterClass(REALclassDefinition* record);
 
 } // namespace chroma

@@ -1,6 +1,6 @@
-// The host's entry points, each a callable object that finds its address by name when it is first used.
+// The host's entry points: callable objects that look their address up by name at the first use.
 //
-// A missing entry is never an error: the call does nothing and answers zero, null or false.
+// A missing entry is never an error: the call does nothing and returns zero, null or false.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -9,18 +9,19 @@
 
 namespace chroma {
 
-// The host's resolver, stored by REALPluginMain. Not null once a class is registered, and nothing is resolved before that.
+// The host's resolver, stored by REALPluginMain. Nothing is looked up before a class is registered; from then on it is not
+// null.
 extern REALresolver gResolver;
 
-// For entries that are asked for once, at the start; nothing of them is kept. Null when the host lacks the entry.
+// Looks up an entry that is used once, at the start. Returns null if the host does not provide the entry.
 template <class Procedure>
 Procedure resolveOnce(const char* entryName) {
     return reinterpret_cast<Procedure>(gResolver(entryName));
 }
 
 enum class Lookup {
-    once, // asked for at the first use; also a null answer is final
-    retry // asked for at each use until the host answers, the newer name first
+    once, // looked up at the first use; a null result is final
+    retry // looked up at each use until the host returns an address; the newer name first
 };
 
 template <Lookup lookup, class Procedure>
@@ -31,7 +32,7 @@ class HostEntry<lookup, Result (*)(Arguments...)> {
 public:
     constexpr explicit HostEntry(const char* name, const char* olderName = nullptr) : name_(name), olderName_(olderName) {}
 
-    // Whether the host has the entry.
+    // Returns whether the host provides the entry.
     bool isOffered() {
         if (!address_ && !(lookup == Lookup::once && asked_)) resolve();
         return address_ != nullptr;
@@ -82,7 +83,7 @@ inline OnceEntry<REALUnlockStringProc> REALUnlockString{"REALUnlockString"};
 inline OnceEntry<REALGetStringCFStringProc> REALCopyStringCFString{"REALGetStringCFString"};
 inline OnceEntry<REALGetStringCFStringProc> REALGetStringCFString{"REALGetStringCFString"};
 
-// Arrays. The three *Procedure entries answer the procedure that serves one array, asked for anew at every use.
+// Arrays. The three *Procedure entries return the procedure for one array and are called at every use.
 inline OnceEntry<RuntimeArrayCreateProc> REALCreateArray{"RuntimeArrayCreateSingleDimBoundedArray"};
 inline OnceEntry<RuntimeUBoundProc> RuntimeUBound{"RuntimeUBound"};
 inline RetryEntry<PluginDoubleArrayInsertProc> insertDoubleProcedure{"PluginDoubleArrayInsertProc",

@@ -1,5 +1,5 @@
-// The bytes inside host values: the only place that knows offsets into them. They are the same in every width and may be
-// unaligned, so everything goes through memcpy.
+// The layout of host values: only this file knows offsets into them. The offsets are the same in every width and may be
+// unaligned, so every access uses memcpy.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -23,30 +23,30 @@ void writeField(void* value, std::ptrdiff_t offset, T field) {
     std::memcpy(static_cast<char*>(value) + offset, &field, sizeof field);
 }
 
-// The native object that a plugin object holds, borrowed; nil for a null or empty object. `offset` is that of its class's
-// instance data.
+// Returns the native object that a plugin object holds, borrowed, or nil for a null or empty object. `offset` is the offset
+// of the class's instance data.
 inline id nativeObject(const REALobjectStruct* object, std::ptrdiff_t offset = REALinstanceDataOffset) {
     return object ? readField<id>(object, offset) : nullptr;
 }
 
-// Overwrites the held pointer; retains and releases nothing.
+// Overwrites the held pointer. Does not retain or release anything.
 inline void setNativeObject(REALobjectStruct* object, id native, std::ptrdiff_t offset = REALinstanceDataOffset) {
     writeField(object, offset, native);
 }
 
-// A byte range inside a host value, borrowed while the value is locked. Null bytes: there is no storage.
+// A byte range inside a host value, borrowed while the value is locked. Null bytes mean that there is no storage.
 struct StoredBytes {
     const std::uint8_t* bytes;
     std::int32_t length;
 };
 
-// The text of a string: it starts at the second byte of the buffer.
+// Returns the text of a string, which starts at the second byte of the buffer.
 inline StoredBytes storedText(const REALstringStruct* string) {
     const auto* buffer = readField<const std::uint8_t*>(string, REALstringBufferOffset);
     return {buffer ? buffer + 1 : nullptr, readField<std::int32_t>(string, REALstringLengthOffset)};
 }
 
-// The contents of a memory block, on hosts older than 2017.0.
+// Return the size and the contents of a memory block on hosts older than 2017.0.
 inline std::int32_t storedSize(const REALmemoryBlockStruct* block) {
     return readField<std::int32_t>(block, REALmemoryBlockSizeOffset);
 }
@@ -54,17 +54,17 @@ inline std::uint8_t* storedData(const REALmemoryBlockStruct* block) {
     return readField<std::uint8_t*>(block, REALmemoryBlockBytesOffset);
 }
 
-// The elements of a double array, on hosts older than 2017.0; null when they must be asked for one by one.
+// Returns the elements of a double array on hosts older than 2017.0, or null if the host must be called for each element.
 inline const double* storedElements(const REALarrayDouble* array) {
     return readField<const double*>(array, REALarrayElementsOffset);
 }
 
-// Memory blocks, folder items and arrays are objects too.
+// Memory blocks, folder items and arrays are also objects.
 inline REALobjectStruct* asObject(REALmemoryBlockStruct* block) { return reinterpret_cast<REALobjectStruct*>(block); }
 inline REALobjectStruct* asObject(REALfolderItemStruct* item) { return reinterpret_cast<REALobjectStruct*>(item); }
 inline REALobjectStruct* arrayAsObject(void* array) { return static_cast<REALobjectStruct*>(array); }
 
-// A platform pointer as the host's integer, and back.
+// Converts a platform pointer to the host's integer and back.
 inline HostInteger asHandle(const void* pointer) { return reinterpret_cast<HostInteger>(pointer); }
 inline const void* fromHandle(HostInteger handle) { return reinterpret_cast<const void*>(handle); }
 

@@ -1,20 +1,20 @@
-// The host's version and what the plugin concludes from it. Written by REALPluginMain, read everywhere else.
+// The host's version and the decisions that depend on it. Only REALPluginMain writes these variables.
 #pragma once
 
 #include <cstdint>
 
 namespace chroma {
 
-// As the host reports it, such as 2013.04; 0.0 when it reports none.
+// The version as the host reports it, such as 2013.04; 0.0 if the host reports none.
 extern double rbversion_rbversion;
 
-// 9 to 13: which layout of the class records the host understands. 9 is the legacy layout.
+// The layout of the class records that the host understands, 9 to 13. 9 is the legacy layout.
 extern std::int32_t CurrentREALControlVersion;
 
-// The control version for a host version; not-a-number counts as oldest.
+// Returns the control version for a host version; not-a-number counts as the oldest version.
 std::int32_t controlVersionFor(double hostVersion);
 
-// From these versions on the host serves strings, paths, and memory blocks and arrays through newer entries.
+// From these versions on the host provides newer entries for strings, paths, and memory blocks and arrays.
 inline bool hostBuildsStringsWithEncoding() { return rbversion_rbversion >= 2012.0; }
 inline bool hostConvertsUTF32() { return rbversion_rbversion >= 2013.0; }
 inline bool hostHasNativePaths() { return rbversion_rbversion >= 2013.0; }

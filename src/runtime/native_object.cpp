@@ -16,7 +16,7 @@ bool ExceptionsInitialized = false;
 
 bool exceptionClassAnswers(Selector& message) { return sel::respondsToSelector_(cls::NSException, message.get()) != 0; }
 
-// The live host object that holds `native`, borrowed; null when there is none.
+// Returns the live host object that holds `native`, borrowed, or null if there is none.
 REALobjectStruct* liveObject(id native) {
     if (!instances) return nullptr;
     return static_cast<REALobjectStruct*>(const_cast<void*>(CFDictionaryGetValue(instances, native)));

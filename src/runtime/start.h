@@ -1,4 +1,4 @@
-// What a plugin of this family does when the host loads it.
+// The start of a plugin of this family, when the host loads it.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -7,8 +7,8 @@
 
 namespace chroma {
 
-// Keeps the resolver, asks the host's version, announces the control version and registers the classes in order. A null
-// resolver is kept, and nothing is called or registered.
+// Stores the resolver, queries the host's version, announces the control version and registers the classes in order. With a
+// null resolver it only stores it.
 void startPlugin(REALresolver resolver, std::initializer_list<REALclassDefinition*> classes);
 
 } // namespace chroma

@@ -22,7 +22,7 @@ void put(double* output, double value) {
     if (output) *output = value;
 }
 
-// A message that writes components and alpha, the body that sends it, and what it wrote: in one place, without a loop, since
+// A message that writes components and alpha, the body that sends it, and its outputs, in one object and without a loop:
 // this runs for every colour of a picture.
 template <OtherKind otherKind, class... Pointers>
 struct ComponentRead {
@@ -50,7 +50,8 @@ private:
     }
 };
 
-// Reads the components that `message` writes, and alpha, into the outputs. A null alpha output is not asked of the platform.
+// Reads the components that `message` writes, and alpha, into the outputs. If the alpha output is null, the platform is not
+// asked for alpha.
 template <OtherKind otherKind, class... Pointers, class... Outputs>
 [[gnu::always_inline]] inline void readOut(REALobjectStruct* object, Message<void(Pointers...)>& message, double* alpha,
                                            Outputs... outputs) {
@@ -123,7 +124,7 @@ REALarrayDouble* getComponents(REALobjectStruct* object) {
     const auto fill = [&] {
         const id color = nativeObject(object);
         const NSInteger reported = std::max(sel::numberOfComponents(color), NSInteger{0});
-        // The platform writes as many as it reports; the array keeps the first of them.
+        // The platform writes all components that it reports; the array keeps the first ones.
         withScratch<CGFloat, most>(static_cast<std::size_t>(reported), [&](CGFloat* values) {
             if (!values) return RaiseException("OutOfMemoryException", "Failed to allocate memory.");
             sel::getComponents_(color, values);

@@ -1,5 +1,5 @@
-// Filling and emptying a colour object, the colours made from a colour, and what a colour refers to. Its components are
-// read in color_components.cpp.
+// Initialises and releases a colour object, derives colours, and returns related objects. Components are read in
+// color_components.cpp.
 #include "classes/color/color.h"
 
 #include "bridge/errors.h"
@@ -23,7 +23,7 @@ double channel(HostColor c, int shift) { return ((c >> shift) & 0xFF) / 255.0; }
 
 bool isAccepted(double value) { return !(value > 2.0 || value < -1.0); }
 
-// Inside the frame: asks `derive` for another colour of the one that the object holds.
+// Inside the frame: wraps the colour that `derive` creates from the object's colour.
 template <class Derive>
 REALobjectStruct* derived(REALobjectStruct* object, Derive derive) {
     return answered([&] {

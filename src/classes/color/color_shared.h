@@ -1,6 +1,6 @@
-// The shared methods of NSColorZRX. Each answers a new reference to a host object that holds the colour which the platform's
-// class makes, or nil. Components are narrowed to single precision and otherwise unchecked; what the platform refuses it
-// refuses with an exception, which becomes a host exception.
+// The shared methods of NSColorZRX. Each returns a new reference to a host object that holds the colour that the platform
+// creates, or nil. Components are narrowed to single precision and not checked. If the platform refuses them, its exception
+// becomes a host exception.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -23,17 +23,17 @@ REALobjectStruct* colorWithCalibratedWhite(double white, double alpha);
 REALobjectStruct* colorWithColorSpaceHSV(REALobjectStruct* space, double hue, double saturation, double brightness,
                                          double alpha);
 
-// The components of the space and alpha, 2 to 20 in all; another number raises an "OutOfBoundsException", a null or empty
-// space a "NilObjectException".
+// `components` are those of the space and alpha, 2 to 20 in all; another number raises an "OutOfBoundsException". A null or
+// empty space raises a "NilObjectException".
 REALobjectStruct* colorWithColorSpace(REALobjectStruct* space, REALarrayDouble* components);
 
-// The handle is a CGColor's, borrowed; 0 is passed on as null.
+// `handle` is a CGColor, borrowed; 0 is passed as null.
 REALobjectStruct* colorWithCGColor(HostInteger handle);
 
-// The colour on the general pasteboard; nil when there is none.
+// Returns the colour on the general pasteboard, or nil if there is none.
 REALobjectStruct* colorFromPasteboard();
 
-// `image` is an object of the sibling plugin's NSImageZRX; anything else, null or an empty one gives nil.
+// `image` is an object of the sibling plugin's NSImageZRX. Null, an empty object and any other object return nil.
 REALobjectStruct* colorWithPatternImage(REALobjectStruct* image);
 
 REALobjectStruct* scrubberTexturedBackgroundColor();

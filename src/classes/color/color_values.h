@@ -1,4 +1,5 @@
-// Colour components on their way to the platform: they go through single precision, whatever its own is.
+// Colour components on their way to the platform are narrowed to single precision, whatever the platform's own precision
+// is.
 #pragma once
 
 #include "platform/objc.h"

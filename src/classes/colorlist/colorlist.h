@@ -1,8 +1,8 @@
-// NSColorListZRX, the host class around one NSColorList: the functions that its record binds.
+// NSColorListZRX, the host class around one NSColorList: the functions that its class record binds.
 //
-// `object` is an NSColorListZRX object or null; null or an object without a list gives nil, false or the empty string and
-// changes nothing. The null host string and a null or empty colour reach the platform as nil. An NSException becomes a host
-// exception and gives the null result.
+// `object` is an NSColorListZRX object or null. For null and for an object without a list every function returns nil, false
+// or the empty string and changes nothing. The null host string and a null or empty colour are passed as nil. An
+// NSException becomes a host exception and the function returns its null result.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -14,7 +14,8 @@ extern REALclassDefinition NSColorListClass;
 void NSColorListConstructor(REALobjectStruct* object);
 void NSColorListDestructor(REALobjectStruct* object);
 
-// Loaders drop the list that the object holds before they ask for another; they answer whether the object then holds one.
+// The loaders release the object's list before they create or look up another. They return whether the object then holds a
+// list.
 HostBoolean Create1(REALobjectStruct* object, REALstringStruct* name);
 HostBoolean Create2(REALobjectStruct* object, REALstringStruct* name, REALstringStruct* path);
 HostBoolean Load(REALobjectStruct* object, REALstringStruct* name);
@@ -23,10 +24,10 @@ void insertColor(REALobjectStruct* object, REALobjectStruct* color, REALstringSt
 void setColor(REALobjectStruct* object, REALobjectStruct* color, REALstringStruct* key);
 void removeColorWithKey(REALobjectStruct* object, REALstringStruct* key);
 
-// A new reference to the NSColorZRX object of the colour; nil when the key is unknown.
+// Returns a new reference to the NSColorZRX object of the colour, or nil if the key is unknown.
 REALobjectStruct* colorWithKey(REALobjectStruct* object, REALstringStruct* key);
 
-// Whether the file was written.
+// Returns whether the file was written.
 HostBoolean writeToFile(REALobjectStruct* object, REALstringStruct* path);
 void removeFile(REALobjectStruct* object);
 

@@ -12,7 +12,7 @@
 namespace chroma::colorlist {
 namespace {
 
-// Where an object has its list: as the host reported when it registered the class.
+// The offset of the list in an object, as the host reported it when it registered the class.
 std::ptrdiff_t listOffset() {
     const REALword reported = NSColorListClass.instanceDataOffset;
     return reported > 0 ? reported : std::ptrdiff_t{REALinstanceDataOffset};
@@ -20,7 +20,7 @@ std::ptrdiff_t listOffset() {
 
 id listOf(const REALobjectStruct* object) { return nativeObject(object, listOffset()); }
 
-// Inside the frame: `use` gets the list, if there is one.
+// Inside the frame: calls `use` with the list if the object holds one.
 template <class Use>
 void withList(REALobjectStruct* object, Use use) {
     guarded([&] {
@@ -28,7 +28,7 @@ void withList(REALobjectStruct* object, Use use) {
     });
 }
 
-// The body of every loader: drops the held list, then `load` puts a new one in place of it, or none.
+// The body of every loader: releases the held list, then stores the list that `load` returns, if any.
 template <class Load>
 HostBoolean loaded(REALobjectStruct* object, Load load) {
     if (!object) return false;
@@ -41,7 +41,8 @@ HostBoolean loaded(REALobjectStruct* object, Load load) {
     return holds;
 }
 
-// A negative index is passed on as the platform's unsigned one; where that is narrow, what does not fit is its greatest.
+// Passes a negative index as the platform's unsigned one. If the platform's index is narrower, a value that does not fit
+// becomes its maximum.
 ListIndex listIndex(HostInteger index) {
     constexpr NSUInteger greatest = std::numeric_limits<ListIndex>::max();
     return static_cast<ListIndex>(std::min(static_cast<NSUInteger>(index), greatest));
@@ -72,7 +73,7 @@ HostBoolean Create2(REALobjectStruct* object, REALstringStruct* name, REALstring
     });
 }
 
-// The list is the platform's, shared by all who load it, so it is not entered as this object's.
+// The list may be the platform's own and shared by all who load it, so it is not entered in the registry.
 HostBoolean Load(REALobjectStruct* object, REALstringStruct* name) {
     return loaded(object, [&] {
         const id list = sel::colorListNamed_(cls::NSColorList, autoreleasedString(name));

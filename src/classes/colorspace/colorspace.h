@@ -1,8 +1,8 @@
-// NSColorSpaceZRX, the host class around one NSColorSpace: the functions that its record binds.
+// NSColorSpaceZRX, the host class around one NSColorSpace: the functions that its class record binds.
 //
-// `object` is an NSColorSpaceZRX object or null; null or an empty one gives nil, 0 or the empty string. Objects and arrays
-// that a function answers are new references, which the caller owns. An NSException becomes a host exception and gives the
-// null result.
+// `object` is an NSColorSpaceZRX object or null. For null and for an empty object every function returns nil, 0 or the
+// empty string. Returned objects and arrays are new references, which the caller owns. An NSException becomes a host
+// exception and the function returns its null result.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -14,16 +14,17 @@ extern REALclassDefinition NSColorSpaceClass;
 void NSColorSpaceConstructor(REALobjectStruct* object);
 void NSColorSpaceDestructor(REALobjectStruct* object);
 
-// Initialisers fill an empty object, which stays empty when the platform makes no space; one that holds a space keeps it and
-// raises an "UnsupportedOperationException". A null or empty block and a handle of 0 reach the platform as nil and null.
+// The initialisers fill an empty object; it stays empty if the platform creates no space. An object that already holds a
+// space keeps it and raises an "UnsupportedOperationException". A null or empty block is passed as nil, a handle of 0 as
+// null.
 void initWithICCProfileData(REALobjectStruct* object, REALmemoryBlockStruct* profile);
 void initWithColorSyncProfile(REALobjectStruct* object, HostInteger profile);
 void initWithCGColorSpace(REALobjectStruct* object, HostInteger space);
 
-// A new memory block with a copy of the profile; null when the space has none.
+// Returns a new memory block with a copy of the profile, or null if the space has none.
 REALmemoryBlockStruct* ICCProfileData(REALobjectStruct* object);
 
-// Platform handles, borrowed from the space.
+// Return platform handles, borrowed from the space.
 HostInteger colorSyncProfile(REALobjectStruct* object);
 HostInteger CGColorSpace(REALobjectStruct* object);
 
@@ -33,14 +34,15 @@ REALstringStruct* description(REALobjectStruct* object, REALword parameter);
 HostInteger colorSpaceModel(REALobjectStruct* object, REALword parameter);
 HostInteger numberOfColorComponents(REALobjectStruct* object, REALword parameter);
 
-// Shared methods. What cannot be read, found or accepted is nil, without an exception of the library's own.
+// Shared methods. They return nil, without an exception of the library's own, if something cannot be read, found or
+// accepted.
 REALobjectStruct* ColorSpaceWithICCProfileFile(REALfolderItemStruct* file);
 REALobjectStruct* ColorSpaceWithICCProfileData(REALmemoryBlockStruct* profile);
 REALobjectStruct* ColorSpaceWithColorSyncProfile(HostInteger handle);
 REALobjectStruct* ColorSpaceWithCGColorSpace(HostInteger handle);
 REALobjectStruct* colorSpaceForColorSpaceName(REALstringStruct* name);
 
-// An array of the platform's spaces of a model, empty for a model that it does not know.
+// Returns an array of the platform's spaces of a model, empty for an unknown model.
 void* availableColorSpacesWithModel(HostInteger model);
 
 #define CHROMA_NAMED_SPACES(X)                                                                                              \

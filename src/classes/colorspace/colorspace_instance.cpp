@@ -11,7 +11,7 @@
 namespace chroma::colorspace {
 namespace {
 
-// The body of every initialiser: `make` answers a space that it owns, or nil.
+// The body of every initialiser: `make` returns a space that the caller owns, or nil.
 template <class Make>
 void initialise(REALobjectStruct* object, Make make, Entry entry = Entry::made) {
     if (!mayInitialise(object)) return;
@@ -56,8 +56,8 @@ void initWithColorSyncProfile(REALobjectStruct* object, HostInteger profile) {
     initialise(object, [&] { return newSpace(sel::initWithColorSyncProfile_, fromHandle(profile)); });
 }
 
-// The one initialiser whose space is not entered in the registry: a space that the platform hands out elsewhere as well gets
-// a host object of its own there.
+// This initialiser does not enter its space in the registry: the platform may return the same space elsewhere, and there it
+// gets its own host object.
 void initWithCGColorSpace(REALobjectStruct* object, HostInteger space) {
     initialise(
         object, [&] { return newSpace(sel::initWithCGColorSpace_, fromHandle(space)); }, Entry::none);

@@ -25,7 +25,7 @@ REALobjectStruct* wrapped(Find find) {
     });
 }
 
-// A host object for a space that the caller owns, and which is the host object's alone afterwards.
+// Returns a host object for a space that the caller owns; afterwards only the host object owns the space.
 REALobjectStruct* adopt(id space) {
     const auto release = [space] { sel::release(space); };
     REALobjectStruct* object = nullptr;
@@ -36,7 +36,7 @@ REALobjectStruct* adopt(id space) {
     return object;
 }
 
-// The body of every factory that makes its space. `argument` answers what the initialiser takes; null makes no space.
+// The body of every factory that creates its space. `argument` returns the initialiser's argument; null creates no space.
 template <class Parameter, class Argument>
 REALobjectStruct* adopted(Message<id(Parameter)>& initialiser, Argument argument) {
     return answered([&]() -> REALobjectStruct* {
@@ -46,7 +46,7 @@ REALobjectStruct* adopted(Message<id(Parameter)>& initialiser, Argument argument
     });
 }
 
-// The URL of a host path; nil when the host string is no path.
+// Returns the URL of a host path, or nil if the host string is not a path.
 id urlFromPath(REALstringStruct* path, bool isNative) {
     const CFStringRef text = RBString2CFString(path);
     if (!text) return nullptr;
@@ -60,7 +60,7 @@ id urlFromPath(REALstringStruct* path, bool isNative) {
     return sel::autorelease(url);
 }
 
-// The file's URL, autoreleased; nil when the host does not tell its path.
+// Returns the file's URL, autoreleased, or nil if the host does not provide its path.
 id urlOfFile(REALfolderItemStruct* file) {
     const bool isNative = hostHasNativePaths();
     REALstringStruct* path = nullptr;
@@ -73,7 +73,7 @@ id urlOfFile(REALfolderItemStruct* file) {
     return url;
 }
 
-// The file's contents, autoreleased; nil when it cannot be read.
+// Returns the file's contents, autoreleased, or nil if the file cannot be read.
 id contentsOfFile(REALfolderItemStruct* file) {
     const id url = file ? urlOfFile(file) : nullptr;
     if (!url) return nullptr;
@@ -122,7 +122,7 @@ void* availableColorSpacesWithModel(HostInteger model) {
     return array;
 }
 
-// The class is looked up anew each time, so that a platform that lacks it answers nil.
+// The class is looked up at each use, so that on a platform without the class the result is nil.
 #define CHROMA_NAMED_SPACE(name)                                                                                            \
     REALobjectStruct* get##name() {                                                                                         \
         return wrapped([] { return sel::name(objc_getClass("NSColorSpace")); });                                            \
