@@ -8,6 +8,12 @@ set_target_properties(chromabridge PROPERTIES
     PREFIX "" INSTALL_RPATH "" INSTALL_NAME_DIR @rpath BUILD_WITH_INSTALL_NAME_DIR ON
     MACHO_CURRENT_VERSION ${PROJECT_VERSION} MACHO_COMPATIBILITY_VERSION 0)
 
+# LLVM's linker creates __DATA_CONST without the flag that the system's loader requires of that segment, so nothing goes into it.
+# Only arm64 slices are signed by default.
+if(CMAKE_CROSSCOMPILING)
+    target_link_options(chromabridge PRIVATE -Wl,-no_data_const -Wl,-adhoc_codesign)
+endif()
+
 # The same sources for i386, as far as they come without that system's linker: an archive of objects. Exceptions are jumps there.
 if(CMAKE_CROSSCOMPILING)
     add_library(chromabridge-i386 STATIC plugin_main.cpp platform/guard_legacy.cpp ${sources}

@@ -13,7 +13,7 @@ set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY) # programs cannot be linked: t
 
 # LLVM's programs carry its version in their name on some systems, and the compiler asks for two of them by their names on macOS.
 file(GLOB llvmFolders /usr/lib/llvm-*/bin)
-foreach(tool IN ITEMS ld64.lld llvm-ar llvm-install-name-tool llvm-lipo llvm-nm llvm-objdump llvm-otool llvm-ranlib llvm-strip)
+foreach(tool IN ITEMS ld64.lld llvm-ar llvm-install-name-tool llvm-lipo llvm-nm llvm-objcopy llvm-objdump llvm-otool llvm-ranlib llvm-strip)
     string(MAKE_C_IDENTIFIER CHROMA_${tool} variable)
     string(TOUPPER ${variable} variable)
     find_program(${variable} ${tool} HINTS ${llvmFolders} REQUIRED)
@@ -26,7 +26,7 @@ set(CMAKE_OBJDUMP ${CHROMA_LLVM_OBJDUMP})
 set(CMAKE_INSTALL_NAME_TOOL ${CHROMA_LLVM_INSTALL_NAME_TOOL})
 set(tools ${CMAKE_BINARY_DIR}/tools)
 file(MAKE_DIRECTORY ${tools})
-file(CREATE_LINK ${CHROMA_LD64_LLD} ${tools}/ld64.lld SYMBOLIC)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/ld64.lld.in ${tools}/ld64.lld @ONLY)
 file(CREATE_LINK ${CHROMA_LLVM_LIPO} ${tools}/lipo SYMBOLIC)
 
 file(GLOB libcxxFolders /usr/lib/llvm-*/include/c++/v1)

@@ -14,10 +14,6 @@ source = Slice(library, architecture)
 # Those after the first three tell nothing of what the image does: indexes of the symbols, names and versions, the signature.
 COMMANDS = """LC_SEGMENT_64 LC_SYMTAB LC_DYLD_INFO_ONLY LC_DYSYMTAB LC_ID_DYLIB LC_LOAD_DYLIB LC_UUID LC_CODE_SIGNATURE
     LC_VERSION_MIN_MACOSX LC_BUILD_VERSION LC_SOURCE_VERSION LC_FUNCTION_STARTS LC_DATA_IN_CODE""".split()
-# Contents, zeros, literals, stubs and what they jump through: nothing that a loader would have to call or to set up.
-SECTIONS = """S_REGULAR S_COALESCED S_ZEROFILL S_CSTRING_LITERALS S_4BYTE_LITERALS S_8BYTE_LITERALS S_16BYTE_LITERALS
-    S_SYMBOL_STUBS S_LAZY_SYMBOL_POINTERS S_NON_LAZY_SYMBOL_POINTERS""".split()
-
 # What has another name here. `macos_` is the adapter's.
 NAMES = {
     "_OBJC_EHTYPE_id": "_ZTIN6chroma12ThrownObjectE",  # what the builtin platform throws
@@ -45,32 +41,22 @@ def refuse(why):
 
 def segments():
     """All but the one with the loader's own tables. The first begins at address 0."""
-    commands, sections = source.headers()
+    commands, _ = source.headers()
     for command in commands:
         if command["cmd"] not in COMMANDS:
             refuse(f"load command {command['cmd']} is not known")
         if command.get("flags", "(none)") not in ("(none)", "SG_READ_ONLY"):
             refuse(f"segment {command['segname']} has flags {command['flags']}")
-    for section in sections:
-        if section["type"] not in SECTIONS:
-            refuse(f"section {section['sectname']} is of a kind that nothing here would serve, {section['type']}")
-        if section["sectname"].startswith("__objc_") and section["sectname"] != "__objc_imageinfo":
-            refuse(f"section {section['sectname']} is for a runtime that reads images")
+    for need in source.needs():
+        refuse(need)
     return [command for command in commands if command["cmd"] == "LC_SEGMENT_64" and command["segname"] != "__LINKEDIT"]
 
 
-def load(segments):
-    """The image before the loader writes into it, and the protection that each segment asks for, as the adapter reads it."""
-    contents, image, protections = source.contents(), bytearray(), []
+def protections(segments):
+    """The protection that each segment asks for, as the adapter reads it."""
     for segment in segments:
-        address, size = int(segment["vmaddr"], 16), int(segment["vmsize"], 16)
-        begin, end = int(segment["fileoff"]), int(segment["fileoff"]) + int(segment["filesize"])
-        image = (image.ljust(address, b"\0") + contents[begin:end]).ljust(address + size, b"\0")
         read, write, execute = (letter != "-" for letter in segment["initprot"])
-        if segment["segname"] == "__DATA_CONST":
-            write = False  # but for the loader
-        protections.append(f".quad chroma_image+{address}, {size}, {read + 2 * write + 4 * execute}")
-    return image, protections
+        yield f".quad chroma_image+{segment['vmaddr']}, {segment['vmsize']}, {read + 2 * write + 4 * execute}"
 
 
 def pointers(image):
@@ -163,7 +149,8 @@ def code(image):
     yield f'.incbin "{image}", {at}'
 
 
-image, protections = load(segments())
+loaded = segments()
+image = source.image()
 words = pointers(image)
 image_file = Path(assembly).with_suffix(".image")
 image_file.write_bytes(image)
@@ -173,5 +160,5 @@ Path(assembly).write_text("\n".join([
     *(f".globl {symbol}" for symbol in {symbol for symbol, _ in words.values()} - {"chroma_image"}),
     *(f".reloc chroma_image+{address}, BFD_RELOC_64, {symbol}+{distance}" for address, (symbol, distance) in words.items()),
     '.section .data.rel.ro, "aw", %progbits', ".balign 8", ".globl chroma_segments", ".hidden chroma_segments",
-    "chroma_segments:", *protections, ".quad 0, 0, 0",
+    "chroma_segments:", *protections(loaded), ".quad 0, 0, 0",
     '.section .note.GNU-stack, "", %progbits', ""]))
