@@ -30,7 +30,7 @@ ClassInfo& arrayClass() {
     return info;
 }
 
-// Plugins read the elements of a double array straight from its record on hosts that let them.
+// Plugins on older hosts read the elements of a double array directly from its record.
 void publish(Array* array) {
     Elements& elements = elementsOf(array);
     if (elements.type.kind != Kind::real || !exposesStorage()) return;
@@ -68,7 +68,7 @@ void setElement(Array* array, HostInteger index, Slot value) {
     const Slot old = elements.slots[static_cast<std::size_t>(index)];
     lock(elements.type, value);
     elements.slots[static_cast<std::size_t>(index)] = value;
-    unlock(elements.type, old); // last: a destructor may run and look at the array
+    unlock(elements.type, old); // last: a destructor may run and use the array
 }
 
 void insertElement(Array* array, HostInteger index, Slot value) {

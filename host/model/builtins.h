@@ -1,5 +1,5 @@
-// The classes that the host brings along. They are class records like those of a plugin, their functions have the same
-// shapes, and they go through the same registration.
+// The host's own classes. They are class records like a plugin's: their functions have the same signatures, and the
+// registration is the same.
 #pragma once
 
 #include "model/classes.h"
@@ -23,7 +23,7 @@ REALmethodDefinition method(const char* declaration, Function* function) {
     return {bound(function), nullptr, declaration, 0, {}};
 }
 
-// A method that can be assigned to: the setter takes the object, the arguments and the value.
+// A method that can be assigned to. The setter takes the object, the arguments and the value.
 template <class Function, class Setter>
 REALmethodDefinition assignableMethod(const char* declaration, Function* function, Setter* setter) {
     return {bound(function), bound(setter), declaration, 0, {}};
@@ -34,7 +34,7 @@ REALproperty readOnlyProperty(const char* name, const char* type, Function* gett
     return {nullptr, name, type, 0, bound(getter), nullptr, 0, {}};
 }
 
-// A record in the current layout without members; `instanceDataSize` is a multiple of 16.
+// Returns a record in the current layout without members; `instanceDataSize` is a multiple of 16.
 REALclassDefinition builtInRecord(const char* name, const char* superName, REALword instanceDataSize,
                                   void (*constructor)(Object*), void (*destructor)(Object*));
 

@@ -7,8 +7,8 @@ namespace host {
 
 namespace {
 
-// A shape is the number of arguments, a mask of those that are doubles, and whether the result is one. Everything else
-// travels as a word, whose low bytes are the narrower value: as an argument, as a result, and in the slot.
+// A shape is the number of arguments, a mask of the arguments that are doubles, and whether the result is a double. Every
+// other value is passed as a word whose low bytes are the narrower value, as an argument, as a result and in the slot.
 template <bool isReal>
 struct Place;
 template <>
@@ -39,7 +39,7 @@ void invokeShape(REALfunction function, const Slot* arguments, Slot* result) {
     invoke<realResult, realMask>(function, arguments, result, std::make_index_sequence<count>());
 }
 
-// All shapes in one row: those of n arguments start at 2^n - 1.
+// The index of a shape in one table: the shapes of n arguments start at 2^n - 1.
 constexpr std::size_t shapeIndex(std::size_t count, unsigned realMask) { return (std::size_t{1} << count) - 1 + realMask; }
 constexpr std::size_t shapeCount = shapeIndex(maximumArguments + 1, 0);
 

@@ -13,7 +13,7 @@ namespace {
 using ObjectFunction = void (*)(Object*);
 ObjectFunction objectFunction(REALfunction function) { return reinterpret_cast<ObjectFunction>(function); }
 
-// What the standard accessor can move: bytes in the instance data; 0 for types that it cannot.
+// Returns the number of bytes that the standard accessor moves, or 0 for a type that it does not support.
 std::size_t standardSize(const Type& type) {
     if (type.isArray) return 0;
     switch (type.kind) {
@@ -88,7 +88,7 @@ Method makeMethod(ClassInfo& owner, const REALmethodDefinitionLegacy& record, bo
     return method;
 }
 
-// Makes one member after the other; those that cannot be made are reported and left out.
+// Creates the members one by one; reports and skips those that cannot be created.
 template <class Member, class Make>
 void makeMembers(std::vector<Member>& members, std::size_t count, const std::string& table,
                  std::vector<std::string>& problems, Make make) {
@@ -114,7 +114,7 @@ bool haveSameParameters(const Method& a, const Method& b) {
                       b.signature.parameters.end(), [](const Parameter& x, const Parameter& y) { return x.type == y.type; });
 }
 
-// Those of a superclass come later and are left out where the subclass overrides them.
+// A superclass's methods come later and are skipped if the subclass overrides them.
 void appendNamed(OverloadSet& found, const ClassInfo& info, const std::vector<Method>& methods, std::string_view name) {
     for (const Method& method : methods) {
         if (!equalIgnoringCase(method.signature.name, name)) continue;

@@ -1,4 +1,4 @@
-// The classes that the language sees: those of plugins and the built-in ones, all made from class records.
+// The classes of the language: those of plugins and the built-in ones, all created from class records.
 #pragma once
 
 #include "model/calls.h"
@@ -19,7 +19,8 @@ struct Method {
     Signature signature;
     REALfunction function;
     Invoker invoke;
-    // For "object.name(arguments) = value": (object, arguments, value) -> nothing. Null when it cannot be assigned to.
+    // For "object.name(arguments) = value": (object, arguments, value), no result. Null if the method cannot be assigned
+    // to.
     REALfunction setter;
     Invoker invokeSetter;
     bool shared;       // called on the class: no receiver
@@ -37,8 +38,8 @@ struct Property {
     Invoker invokeSetter;
 };
 
-// Reads or writes a property of an object (not null) whose class has it. A counted value that is read belongs to the caller;
-// one that is written is borrowed. May record a pending exception. The property must have a getter, or a setter.
+// Read and write a property of an object (not null) whose class has it. The caller owns a counted value that is read; a
+// value to write is borrowed. May record a pending exception. The property must have a getter or a setter, respectively.
 Slot readProperty(const Property& property, Object* object);
 void writeProperty(const Property& property, Object* object, Slot value);
 
@@ -46,10 +47,10 @@ using OverloadSet = std::vector<const Method*>;
 
 class ClassInfo {
 public:
-    // From a record, whose instanceDataOffset it writes; malformed members are left out and reported to `problems`, one line
-    // each. `super` may be null.
+    // Creates the class from a record and writes the record's instanceDataOffset. Skips malformed members and adds one line
+    // for each to `problems`. `super` may be null.
     ClassInfo(REALclassDefinition& record, ClassInfo* super, bool builtIn, std::vector<std::string>& problems);
-    // A class without a name in the language, members or a record.
+    // Creates a class without a name in the language, members or a record.
     ClassInfo(std::string name, std::size_t instanceSize, void (*destructor)(Object*));
     ClassInfo(const ClassInfo&) = delete;
     ClassInfo& operator=(const ClassInfo&) = delete;
@@ -60,21 +61,22 @@ public:
     const REALclassDefinition* record() const { return record_; } // null without one
     bool isBuiltIn() const { return builtIn_; }
 
-    // In declared order, without those of the superclass.
+    // Returns the methods in declared order, without the superclass's.
     const std::vector<Method>& methods() const { return methods_; }
     const std::vector<Method>& sharedMethods() const { return sharedMethods_; }
     const std::vector<Property>& properties() const { return properties_; }
     const std::vector<Constant>& constants() const { return constants_; }
 
-    // By name without regard to case, in this class and then its superclasses, whose overloads count unless one of the same
-    // parameter types overrides them. "Constructor" is not inherited. Empty or null when there is none.
+    // Look up members by name, ignoring case, in this class and then its superclasses. A superclass's overloads count
+    // unless one with the same parameter types overrides them. "Constructor" is not inherited. Return an empty set or null
+    // if there is none.
     OverloadSet findMethods(std::string_view name) const;
     OverloadSet findSharedMethods(std::string_view name) const;
     OverloadSet constructors() const;
     const Property* findProperty(std::string_view name) const;
     const Constant* findConstant(std::string_view name) const;
 
-    // Bytes of instance data, those of the superclasses included.
+    // The size of the instance data in bytes, including the superclasses'.
     std::size_t instanceSize() const { return instanceSize_; }
     std::size_t liveObjects = 0;
 
@@ -100,13 +102,12 @@ private:
 
 class Registry {
 public:
-    // Keeps the record, which stays readable and writable for the life of the process, and writes its instanceDataOffset:
-    // 24, or behind the instance data of the superclasses. What is wrong with a record is added to `problems`, one line
-    // each; a record that cannot be used at all (no name, a name taken, an unknown superclass, an unknown version) gives
-    // null.
+    // Adds a class. The record must stay readable and writable for the life of the process; this writes its
+    // instanceDataOffset: 24, or the end of the superclasses' instance data. Adds one line per error to `problems`. Returns
+    // null for an unusable record (no name, a name that is taken, an unknown superclass, an unknown version).
     ClassInfo* add(REALclassDefinition& record, bool builtIn = false);
 
-    ClassInfo* find(std::string_view name) const; // null: no such class
+    ClassInfo* find(std::string_view name) const; // null if there is no such class
 
     // In order of registration.
     const std::vector<std::unique_ptr<ClassInfo>>& classes() const { return classes_; }
@@ -119,13 +120,14 @@ private:
     std::vector<std::string> problems_;
 };
 
-// The one registry of this process. The built-in classes are in it once startHost (entries.h) has run.
+// The registry of this process. It contains the built-in classes once startHost (entries.h) has run.
 Registry& registry();
 
-// Whether an object of class `from` may stand where `to` is asked for. "Object" takes any; an unknown class only itself.
+// Returns whether an object of class `from` may be used as `to`. "Object" accepts any class; an unknown class accepts only
+// itself.
 bool isSubclass(std::string_view from, std::string_view to);
 
-// Whether the object may stand where the class is asked for; null may.
+// Returns whether the object may be used as the class; true for null.
 bool isKindOf(const Object* object, std::string_view className);
 
 } // namespace host

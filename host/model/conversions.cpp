@@ -21,7 +21,7 @@ std::string_view trimmed(std::string_view text) {
                                            : text.substr(first, text.find_last_not_of(blanks) + 1 - first);
 }
 
-// An Integer or a Double; none for what is no number.
+// Returns an Integer or a Double, or nullopt if the text is not a number.
 std::optional<Slot> number(std::string_view whole, Kind& kind) {
     std::string_view text = trimmed(whole);
     const bool negative = !text.empty() && text.front() == '-';

@@ -1,4 +1,4 @@
-// Which values stand for values of another type, and how they become them.
+// Conversions between the types of values.
 #pragma once
 
 #include "model/strings.h"
@@ -8,7 +8,7 @@
 
 namespace host {
 
-// What a value is wanted for. Each admits what the one before does, and more.
+// The purpose of a conversion. Each purpose permits what the previous one does, and more.
 enum class Purpose : unsigned char {
     argument,   // equal types, a subclass for its superclass, Nil, an Integer for a Double, Integer and Color, Variants
     assignment, // a Double for an Integer, whose fraction is cut off
@@ -26,20 +26,21 @@ enum class Conversion : unsigned char {
     fromVariant, // readVariant: may raise
 };
 
-// How a value of type `from` becomes one of type `to`; nullopt when it does not.
+// Returns how a value of type `from` is converted to type `to`, or nullopt if it cannot be.
 std::optional<Conversion> conversionTo(const Type& to, const Type& from, Purpose purpose);
 
-// The value itself, for `none` and the conversions of numbers and colours.
+// Returns the converted value, for `none` and the conversions of numbers and colours.
 Slot convertedNumber(Conversion conversion, Slot value);
 
-// Cuts off the fraction. Numbers beyond the range give its nearest end, what is not a number gives 0.
+// Removes the fraction. Numbers outside the range return the nearest end, not-a-number returns 0.
 HostInteger truncated(double value);
 
-// A Double, an Integer or a Color from the whole text, blanks around it aside: a number as a literal writes it, with a sign
-// or none; a colour as its literal or by its name in CSS. Raises TypeMismatchException and answers false when it is none.
+// Reads a Double, an Integer or a Color from the complete text, ignoring blanks around it. A number is written as a
+// literal, with or without a sign; a colour as a literal or as a CSS name. Otherwise raises TypeMismatchException and
+// returns false.
 bool readText(const String* string, const Type& type, Slot& value);
 
-// The number that the whole text is; none for other text.
+// Returns the number that the complete text represents, or nullopt.
 std::optional<double> numberIn(std::string_view text);
 
 } // namespace host

@@ -1,9 +1,4 @@
-// The declarations that class records carry, parsed:
-//     getRGB(byref red as double, byref green as double)
-//     colorWithColorSpace(ColorSpace as NSColorSpaceZRX, paramarray components as double) as NSColorZRX
-//     Constructor(red as double, alpha as double = 1.0)
-//     NSGrayColorSpaceModel=0
-// Keywords and type names in any case; blanks anywhere between words.
+// Parser for the declarations in class records:
 #pragma once
 
 #include "model/types.h"
@@ -23,7 +18,7 @@ struct Literal {
     std::variant<std::monostate, bool, HostInteger, double, HostColor, std::string> value; // monostate: nil
 
     Type type() const;
-    // The value with one reference for the caller.
+    // Returns the value with one reference for the caller.
     Slot newSlot() const;
 };
 
@@ -37,7 +32,7 @@ struct Parameter {
 
 struct Signature {
     std::string name;
-    std::vector<Parameter> parameters; // those with a default, and a paramarray, stand last
+    std::vector<Parameter> parameters; // parameters with a default and a paramarray come last
     Type result;
 };
 
@@ -46,7 +41,7 @@ struct Constant {
     Literal value;
 };
 
-// Thrown for malformed text: what() gives reason, column (from 1) and the text.
+// Thrown for malformed text. what() contains the reason, the column (from 1) and the text.
 class DeclarationError : public std::runtime_error {
 public:
     DeclarationError(const std::string& reason, std::size_t where, std::string_view text);
@@ -57,7 +52,7 @@ public:
 Signature parseSignature(std::string_view text);
 Constant parseConstant(std::string_view text);
 
-// The type of a property: "Integer", "double()".
+// Parses the type of a property: "Integer", "double()".
 Type parseType(std::string_view text);
 
 } // namespace host

@@ -28,7 +28,7 @@ Process& process() {
     return theProcess;
 }
 
-// Nothing is thrown across the boundary: an entry that finds no memory does nothing and answers null.
+// No exception crosses the boundary: when memory is exhausted, an entry does nothing and returns null.
 template <class Body>
 auto orNull(Body body) noexcept -> decltype(body()) {
     try {

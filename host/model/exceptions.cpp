@@ -16,11 +16,11 @@ Object* pendingException = nullptr;
 namespace exceptions {
 namespace {
 
-// Beside the instance data, so that a plugin's exception class has its own data where every plugin class has it.
+// Stored outside the instance data, so that a plugin's exception class has its own data at the usual offset.
 struct Exception {
     Owned<String> message;
     HostInteger errorNumber = 0;
-    Owned<String> stack; // null: not caught yet
+    Owned<String> stack; // null until the exception is caught
 };
 
 Exception& dataOf(const Object* object) { return *static_cast<Exception*>(object->own.address); }
@@ -49,7 +49,7 @@ REALproperty properties[] = {
     {nullptr, "Stack", "String", 0, bound(stack), nullptr, 0, {}},
 };
 
-// Every exception class has the constructor: constructors are not inherited.
+// Every exception class has this constructor, because constructors are not inherited.
 REALmethodDefinition methods[] = {method("Constructor(message as string = \"\", errorNumber as integer = 0)", initialize)};
 
 constexpr std::array subclassNames = {

@@ -1,7 +1,7 @@
-// Host exceptions: objects of RuntimeException and its subclasses, and the one that is pending.
+// Host exceptions: objects of RuntimeException and its subclasses, and the pending exception.
 //
-// A bound function, the host's own too, raises by recording the exception and returning. Whoever called it takes the pending
-// exception and raises it in host code.
+// A bound function raises by recording the exception and returning; the host's own functions do the same. The caller takes
+// the pending exception and raises it in host code.
 #pragma once
 
 #include "model/objects.h"
@@ -17,21 +17,22 @@ extern Object* pendingException; // owned
 
 inline bool hasPendingException() { return detail::pendingException != nullptr; }
 
-// Records the exception with a reference of its own. While one is pending a further one is dropped: the first is the cause.
+// Records the exception and takes a reference to it. While an exception is pending, further ones are dropped: the first is
+// the cause.
 void raise(Object* exception);
 
-// Records a new exception of the built-in or plugin class. The class must descend from RuntimeException; otherwise, and when
-// no such class exists, it is a RuntimeException.
+// Records a new exception of the built-in or plugin class. If the class does not exist or does not descend from
+// RuntimeException, the exception is a RuntimeException.
 void raise(std::string_view className, std::string_view text, HostInteger number = 0);
 
-// The pending exception, which the caller now owns and which is pending no longer; null when there is none.
+// Returns the pending exception and clears it; the caller owns it. Returns null if there is none.
 Object* takePendingException();
 
 bool isException(const Object* object); // false for null
 
-// Of an object for which isException holds.
+// The object must be an exception.
 std::string exceptionMessage(const Object* exception); // UTF-8
 HostInteger exceptionErrorNumber(const Object* exception);
-void setExceptionStack(Object* exception, std::string_view stack); // what its property Stack answers
+void setExceptionStack(Object* exception, std::string_view stack); // the value of its property Stack
 
 } // namespace host

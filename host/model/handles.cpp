@@ -12,13 +12,13 @@ namespace {
 
 struct Account {
     unsigned char* word;
-    HostInteger own;      // what the plugin put there, and will give up
-    Owned<Object> lender; // of what stands there now; null while that is its own
+    HostInteger own;      // the plugin's own handle, which the plugin will release
+    Owned<Object> lender; // the object whose handle is there now; null while it is the own handle
 };
 
-// Neither ends with the program, whose last objects may outlive what has static storage.
-auto& accounts = *new std::unordered_map<const Object*, Account>; // of the living objects whose handle a program has seen
-auto& owners = *new std::unordered_map<HostInteger, Object*>;     // the last of them that answered the handle as its own
+// Never destroyed: a program's last objects may outlive static storage.
+auto& accounts = *new std::unordered_map<const Object*, Account>; // by living object whose handle a program has read
+auto& owners = *new std::unordered_map<HostInteger, Object*>;     // the last object that returned the handle as its own
 
 HostInteger at(const unsigned char* word) {
     HostInteger handle;
@@ -53,7 +53,7 @@ void writeHandle(Object* object, const ClassInfo& info, unsigned char* word, Hos
     }
     const Owned<Object> before =
         std::exchange(account.lender, isOwn ? Owned<Object>() : Owned<Object>::shared(owner->second));
-    put(word, handle); // and then the lender before may end
+    put(word, handle); // afterwards the previous lender may be destroyed
 }
 
 Owned<Object> settleHandle(const Object* object) {

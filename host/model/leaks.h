@@ -1,11 +1,11 @@
-// What is left of a program that has ended.
+// Objects that a finished program left behind.
 #pragma once
 
 #include <string>
 
 namespace host {
 
-// "2 x NSColorZRX, 1 x String": the host objects and strings still alive; empty when there are none.
+// Returns the host objects and strings that are still alive, as in "2 x NSColorZRX, 1 x String"; empty if there are none.
 std::string describeLeaks();
 
 } // namespace host

@@ -20,14 +20,14 @@ namespace memory_blocks {
 namespace {
 
 struct Bytes {
-    unsigned char* start; // null when size is 0
+    unsigned char* start; // null if size is 0
     std::int32_t size;
-    bool isLittleEndian; // of the numbers that programs read and write
+    bool isLittleEndian; // byte order of the numbers that programs read and write
 };
 
 Bytes& bytesIn(const Object* block) { return *static_cast<Bytes*>(block->own.address); }
 
-// Plugins read size and address straight from the record on hosts that let them.
+// Plugins on older hosts read size and address directly from the record.
 void publish(Object* block) {
     if (!exposesStorage()) return;
     writeAt(block, REALmemoryBlockSizeOffset, bytesIn(block).size);
@@ -45,7 +45,7 @@ void destroy(Object* block) {
     delete &bytesIn(block);
 }
 
-// Keeps the leading bytes, zero-fills new ones; false when memory is exhausted.
+// Keeps the leading bytes and zero-fills new ones. Returns false when memory is exhausted.
 bool resize(Object* block, std::int32_t size) {
     Bytes& bytes = bytesIn(block);
     unsigned char* start = nullptr;
@@ -91,7 +91,7 @@ void setByteAt(Object* block, HostInteger offset, HostInteger value) {
 HostBoolean littleEndian(Object* block, REALword) { return bytesIn(block).isLittleEndian; }
 void setLittleEndian(Object* block, REALword, HostBoolean value) { bytesIn(block).isLittleEndian = value != 0; }
 
-// A number of the type Stored in the block's byte order, as one of the type Value.
+// Reads a number of type Stored in the block's byte order and converts it to type Value.
 template <class Stored, class Value>
 Value numberAt(Object* block, HostInteger offset) {
     if (!inRange(block, offset, sizeof(Stored))) return 0;
@@ -103,7 +103,7 @@ Value numberAt(Object* block, HostInteger offset) {
     return static_cast<Value>(stored);
 }
 
-// What does not fit the stored type is cut to it.
+// Truncates a value that does not fit the stored type.
 template <class Stored, class Value>
 void setNumberAt(Object* block, HostInteger offset, Value value) {
     if (!inRange(block, offset, sizeof(Stored))) return;
@@ -125,7 +125,7 @@ String* stringValue(Object* block, HostInteger offset, HostInteger length) {
     return newString({text, static_cast<std::size_t>(length)}, encoding::unknown);
 }
 
-// Writes the string's bytes as they are; those of the range beyond the string become 0.
+// Writes the string's bytes; fills the rest of the range with 0.
 void setStringValue(Object* block, HostInteger offset, HostInteger length, String* value) {
     if (!inRange(block, offset, length)) return;
     const std::string_view bytes = bytesOf(value);

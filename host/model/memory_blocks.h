@@ -1,4 +1,4 @@
-// Memory blocks: objects of the built-in class MemoryBlock. Lock and unlock them as objects.
+// Memory blocks: objects of the built-in class MemoryBlock, locked and unlocked as objects.
 #pragma once
 
 #include "model/objects.h"
@@ -12,10 +12,10 @@ namespace host {
 
 using MemoryBlock = ::REALmemoryBlockStruct;
 
-// A zero-filled block with one reference for the caller; null for a negative size or when memory is exhausted.
+// Returns a zero-filled block with one reference for the caller, or null for a negative size and when memory is exhausted.
 MemoryBlock* newMemoryBlock(std::int32_t size);
 
-unsigned char* bytesOf(MemoryBlock* block); // null for a block of size 0
+unsigned char* bytesOf(MemoryBlock* block); // null if the size is 0
 std::int32_t sizeOf(const MemoryBlock* block);
 
 } // namespace host

@@ -29,7 +29,7 @@ void keepAllObjects() { keepsAll = true; }
 
 void destroyObject(Object* object) {
     if (keepsAll) return;
-    // A destructor may lock and unlock its own object; that must not end it a second time.
+    // A destructor may lock and unlock its own object, which must not destroy it again.
     object->references = 1;
     ClassInfo& info = *object->info;
     const Owned<Object> lender = settleHandle(object);

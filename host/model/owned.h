@@ -1,4 +1,4 @@
-// A reference to a host object or string that is given up at the end of its scope, whatever ends it.
+// A reference to a host object or string that is released at the end of its scope.
 #pragma once
 
 #include "model/objects.h"
@@ -14,8 +14,8 @@ template <class T>
 class Owned {
 public:
     Owned() = default;
-    explicit Owned(T* owned) : held_(owned) {} // takes the caller's reference over; null is allowed
-    static Owned shared(T* borrowed) {         // takes one of its own
+    explicit Owned(T* owned) : held_(owned) {} // takes ownership of the caller's reference; null is allowed
+    static Owned shared(T* borrowed) {         // takes its own reference
         lock(borrowed);
         return Owned(borrowed);
     }
@@ -31,14 +31,15 @@ public:
     T* operator->() const { return held_; }
     explicit operator bool() const { return held_ != nullptr; }
 
-    // The reference is the caller's from here on.
+    // Transfers ownership of the reference to the caller.
     T* release() { return std::exchange(held_, nullptr); }
 
 private:
     T* held_ = nullptr;
 };
 
-// A new string of UTF-8; null for no bytes. Throws std::bad_alloc where newString answers null for want of memory.
+// Returns a new UTF-8 string; null for no bytes. Throws std::bad_alloc where newString returns null because memory is
+// exhausted.
 inline Owned<String> ownString(std::string_view bytes) {
     Owned<String> string(newString(bytes));
     if (!string && !bytes.empty()) throw std::bad_alloc();

@@ -22,12 +22,12 @@ Result sendFor(id receiver, SEL selector, Arguments... arguments) {
     return reinterpret_cast<Method>(objc_msg_lookup(receiver, selector))(receiver, selector, arguments...);
 }
 
-// A message without arguments whose answer is an object or nothing.
+// Sends a message without arguments that returns an object or nothing.
 id send(id receiver, SEL selector) { return sendFor<id>(receiver, selector); }
 
 } // namespace
 
-// Looked up once: a pool is made for every statement.
+// Looked up once, because every statement creates a pool.
 AutoreleasePool::AutoreleasePool() {
     static const id poolClass = objc_getClass("NSAutoreleasePool");
     static const SEL alloc = sel_registerName("alloc");

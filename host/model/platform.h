@@ -1,5 +1,5 @@
-// All that the host asks of the platform: autorelease pools around its statements, text conversion, the keys of a list,
-// and what a registry holds.
+// What the host uses of the platform: autorelease pools around statements, text conversion, the keys of a list, and the
+// size of the registry.
 #pragma once
 
 #include "model/strings.h"
@@ -9,7 +9,7 @@
 
 namespace host::platform {
 
-// What is autoreleased between construction and destruction is released at its end. Pools nest.
+// Objects autoreleased between construction and destruction are released at destruction. Pools nest.
 class AutoreleasePool {
 public:
     AutoreleasePool();
@@ -21,20 +21,20 @@ private:
     void* pool_;
 };
 
-// A CFString that the caller releases; null when the bytes are invalid in the encoding or the encoding is not known.
+// Returns a CFString that the caller releases, or null if the bytes are invalid in the encoding or the encoding is unknown.
 const void* newCFString(std::string_view bytes, Encoding encoding);
 void releaseCFString(const void* string);
 
-// Returns the text of a CFString, or nullopt when the encoding does not have one of its characters.
+// Returns the text of a CFString, or nullopt if the encoding does not have one of its characters.
 std::optional<std::string> textOf(const void* string, Encoding encoding);
 
-// The keys of an NSColorList, in order, as UTF-8; none for null. Wants an autorelease pool.
+// Returns the keys of an NSColorList in order, as UTF-8; none for null. Requires an autorelease pool.
 std::vector<std::string> keysOfColorList(void* list);
 
-// The entries of the registry of native objects that a sibling plugin keeps; 0 without one.
+// Returns the number of entries in the sibling plugin's registry of native objects; 0 without a sibling.
 std::size_t registeredObjectCount();
 
-// The file of the platform's library; empty when it cannot be told.
+// Returns the path of the platform's library, or "" if it is unknown.
 std::string library();
 
 } // namespace host::platform

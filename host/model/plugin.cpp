@@ -21,7 +21,7 @@ struct Library {
 
 Library open(const std::string& path) {
     std::error_code error;
-    // A path that exists is meant as it is, also without a slash; the loader searches for any other name.
+    // A path that exists is used as it is, even without a slash; the loader searches for any other name.
     const std::string file = std::filesystem::exists(path, error) ? std::filesystem::absolute(path, error).string() : path;
     void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!library) throw std::runtime_error("cannot load the plugin " + path + ": " + dlerror());
@@ -36,7 +36,7 @@ REALPluginMainProc openPlugin(const std::string& path) { return open(path).main;
 
 void loadPlugin(const std::string& path) {
     const Library library = open(path);
-    static std::set<void*> loaded; // the loader knows one library by all its paths
+    static std::set<void*> loaded; // the loader identifies a library whatever its path is
     if (!loaded.insert(library.handle).second) return;
     const std::size_t before = registry().problems().size();
     {
@@ -57,7 +57,7 @@ std::string bundledPlugin(const std::string& file) {
     const std::filesystem::path folder = program.parent_path();
     const std::filesystem::path installed = (folder / CHROMA_INSTALLED_LIBRARIES / file).lexically_normal();
     if (std::filesystem::exists(installed, error)) return installed.string();
-    return (folder.parent_path() / "lib" / file).string(); // as they are built
+    return (folder.parent_path() / "lib" / file).string(); // in the build tree
 }
 
 } // namespace host

@@ -21,7 +21,7 @@ const char* accessorKind(REALfunction function) {
     return function == REALstandardAccessor ? "standard" : "function";
 }
 
-// One row for each of `count` members.
+// Returns one row for each of `count` members.
 template <class Row>
 Json rows(std::size_t count, Row row) {
     Json result = Json::array();
@@ -87,7 +87,7 @@ std::string plain(const Json& value) {
     return value.is_string() ? value.get<std::string>() : value.dump();
 }
 
-// Rows under a heading of their keys, each column as wide as its widest cell.
+// Prints rows below a heading of their keys; each column is as wide as its widest cell.
 void printTable(const std::string& title, const Json& table, std::ostream& out) {
     if (table.empty()) return;
     out << "  " << title << " (" << table.size() << ")\n";

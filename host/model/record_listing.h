@@ -1,4 +1,4 @@
-// Class records as text and as JSON, word for word as a plugin handed them over.
+// Class records as text and as JSON, word for word as the plugin passed them.
 #pragma once
 
 #include "model/classes.h"
@@ -7,7 +7,7 @@
 
 namespace host {
 
-// The records of all classes that are not built in, in order of registration.
+// Prints the records of all classes that are not built in, in order of registration.
 void listRecords(const Registry& registry, std::ostream& out);
 void listRecordsAsJson(const Registry& registry, std::ostream& out);
 

@@ -1,5 +1,5 @@
-// Reading class records in both layouts. Each legacy record holds the leading words of its current form, so the legacy types
-// describe what both have; only the strides differ.
+// Reads class records in both layouts. Each legacy record contains the leading words of its current form, so the legacy
+// types describe the common part; only the strides differ.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -9,7 +9,7 @@
 
 namespace host {
 
-// A view of a record that the plugin keeps for the life of the process. Member arrays with a null pointer have no members.
+// A view of a record that the plugin keeps for the life of the process. A null member array has no members.
 class RecordView {
 public:
     explicit RecordView(const REALclassDefinition& record);
@@ -17,7 +17,7 @@ public:
     bool isLegacy() const;
     const REALclassDefinitionLegacy& head() const { return *head_; }
 
-    // Members beyond a count of 0, and negative counts, do not exist.
+    // A count of 0 or less means that there are no members.
     std::size_t propertyCount() const;
     std::size_t methodCount() const;
     std::size_t constantCount() const;
@@ -28,7 +28,7 @@ public:
     const REALconstantLegacy& constant(std::size_t index) const;
     const REALmethodDefinitionLegacy& sharedMethod(std::size_t index) const;
 
-    // What the record has beyond these: the names of members that this host gives no meaning to.
+    // Returns the names of the record's members that this host does not use.
     std::vector<const char*> unknownMembers() const;
 
 private:

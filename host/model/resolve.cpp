@@ -6,8 +6,8 @@ namespace host {
 
 namespace {
 
-// What a way of giving an argument costs, the lower the better; compared place by place. The nearer of two superclasses is
-// the better one, and "Object" the farthest.
+// The cost of passing an argument in a certain way; lower is better, compared argument by argument. The nearer of two
+// superclasses is better, and "Object" is the farthest.
 enum Cost { exact = 0, upcast = 1, toAnyObject = 100, nilLiteral, widened, toVariant, fromVariant };
 
 int upcastCost(const std::string& from, const std::string& to) {
@@ -26,22 +26,22 @@ int costOf(const Type& from, const Type& to, Conversion conversion) {
     case Conversion::toVariant: return toVariant;
     case Conversion::fromVariant: return fromVariant;
     case Conversion::none:
-    case Conversion::realToInteger: // of no argument
+    case Conversion::realToInteger: // never for an argument
     case Conversion::fromText: break;
     }
     if (from == to) return exact;
     return from.isNil() ? nilLiteral : upcastCost(from.className, to.className);
 }
 
-// What filling a parameter costs when the arguments alone do not decide: a default is better than a paramarray.
+// The cost of a parameter without an argument, if the arguments do not decide: a default is better than a paramarray.
 constexpr int defaultExtra = 1;
 constexpr int paramArrayExtra = maximumArguments + 1;
 
-// A method with the arguments bound to it.
+// A method with arguments bound to it.
 struct Candidate {
     const Method* method;
     std::vector<Binding> bindings;
-    std::vector<int> costs; // of each argument
+    std::vector<int> costs; // per argument
     int extras = 0;
 };
 
@@ -116,7 +116,8 @@ std::string listed(const std::vector<const Method*>& methods) {
     return text;
 }
 
-// Which parameter has no argument, or none that can be passed by reference: what the types in the message do not show.
+// Returns which parameter has no argument, or an argument that cannot be passed by reference: the types in the message do
+// not show these.
 std::string reasonAgainst(const Method& method, const std::vector<Argument>& arguments) {
     Candidate candidate = {&method, {}, {}, 0};
     std::size_t next = 0;

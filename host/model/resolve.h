@@ -1,5 +1,5 @@
-// Overload resolution, once per call in a program's text: which of the declared methods a call means, and how its arguments
-// become those of the bound function.
+// Overload resolution, once per call in a program's text: selects one of the declared methods and determines how the
+// arguments are passed to the bound function.
 #pragma once
 
 #include "model/classes.h"
@@ -14,7 +14,7 @@ struct Argument {
     bool assignable = false; // a variable or an array element: can be passed by reference
 };
 
-// Where one parameter of the chosen method gets its value.
+// The source of one parameter of the chosen method.
 struct Binding {
     enum class Source : unsigned char {
         argument,     // argument `first`, converted by conversions[0]
@@ -29,15 +29,15 @@ struct Binding {
 };
 
 struct Resolution {
-    const Method* method = nullptr; // null when `error` says why, or for a construction that calls no Constructor
-    std::vector<Binding> bindings;  // one for each parameter
-    std::string error;              // empty on success; else complete sentences that list the declarations that exist
+    const Method* method = nullptr; // null if `error` is set, or for a construction that calls no Constructor
+    std::vector<Binding> bindings;  // one per parameter
+    std::string error;              // empty on success; otherwise complete sentences that list the existing declarations
 };
 
-// `what` names the thing called in messages, such as "NSColorZRX.getRGB".
+// `what` names the callee in messages, such as "NSColorZRX.getRGB".
 Resolution resolveCall(const std::string& what, const OverloadSet& overloads, const std::vector<Argument>& arguments);
 
-// New without arguments needs no declared Constructor: the class constructor alone makes the object.
+// New without arguments needs no declared Constructor: the class constructor initialises the object.
 Resolution resolveConstruction(const ClassInfo& info, const std::vector<Argument>& arguments);
 
 } // namespace host

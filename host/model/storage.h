@@ -1,4 +1,4 @@
-// Raw storage: the only place that reads or writes host values at byte offsets. What lies there may be unaligned.
+// Raw storage: only this file reads or writes host values at byte offsets. The values may be unaligned.
 #pragma once
 
 #include <cstddef>

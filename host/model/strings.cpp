@@ -11,17 +11,17 @@
 #include <limits>
 #include <new>
 
-// The contract's two fields lie across the natural alignment, so they are bytes here. The buffer follows the record: a
-// length prefix (at most 255), the text, and a terminating NUL that belongs to no one's length.
+// The contract's two fields are not naturally aligned, so they are bytes here. The buffer follows the record: a length
+// prefix (at most 255), the text, and a terminating NUL that no length includes.
 struct REALstringStruct {
     std::int32_t references;
     unsigned char fields[12];
     host::Encoding encoding;
     std::int32_t capacity; // how many bytes of text there is memory for
-    // Of UTF-8, and of text that is ASCII in whatever encoding: how many characters, as many as bytes when all are ASCII.
-    // Otherwise -1.
+    // The number of characters of UTF-8 text, and of ASCII text in any encoding (then equal to the number of bytes);
+    // otherwise -1.
     std::int32_t characters;
-    mutable std::int32_t lastCharacter; // the character that was asked for last, and the byte at which it starts
+    mutable std::int32_t lastCharacter; // the character that was looked up last, and its byte offset
     mutable std::int32_t lastOffset;
 };
 static_assert(REALstringLengthOffset + sizeof(std::int32_t) <= offsetof(REALstringStruct, encoding));
@@ -37,7 +37,7 @@ bool isAscii(std::string_view bytes) {
     return std::none_of(bytes.begin(), bytes.end(), [](char c) { return (static_cast<unsigned char>(c) & 0x80) != 0; });
 }
 
-// Whether bytes below 0x80 are ASCII characters in the encoding, and nothing else is.
+// Returns whether the encoding represents the ASCII characters, and nothing else, by bytes below 0x80.
 bool extendsAscii(Encoding encoding) {
     return encoding == encoding::utf8 || encoding == encoding::ascii || encoding == encoding::macRoman ||
            encoding == encoding::isoLatin1 || encoding == encoding::windowsLatin1 || encoding == encoding::unknown;
@@ -48,7 +48,7 @@ std::int32_t countCharacters(std::string_view bytes, Encoding encoding) {
     return extendsAscii(encoding) && isAscii(bytes) ? static_cast<std::int32_t>(bytes.size()) : -1;
 }
 
-// Sets text and length; the memory suffices.
+// Sets text and length; the capacity must suffice.
 void setText(String* string, std::size_t start, std::string_view bytes) {
     unsigned char* const buffer = addressAt(string, sizeof(String));
     const std::size_t length = start + bytes.size();
@@ -74,7 +74,7 @@ String* newStringWithRoom(std::string_view bytes, Encoding encoding, std::size_t
     return string;
 }
 
-// Whether the string's own bytes are its text in UTF-8.
+// Returns whether the stored bytes are the text in UTF-8.
 bool isStoredAsUtf8(const String* string) { return string->encoding == encoding::utf8 || string->characters >= 0; }
 
 std::optional<std::string> converted(const String* string, Encoding to) {

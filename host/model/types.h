@@ -1,4 +1,4 @@
-// The static types of the host language, as declarations and scripts write them.
+// The static types of the host language, as declarations and programs write them.
 #pragma once
 
 #include "text/letters.h"
@@ -13,18 +13,18 @@ enum class Kind : unsigned char { nothing, boolean, integer, real, color, string
 struct Type {
     Kind kind = Kind::nothing;
     bool isArray = false; // one-dimensional, of `kind`; the value is an array object or Nil
-    // Kind::object only: the class as the declaration wrote it, "Object" for any. Empty for the type of the literal Nil. The
-    // class may not exist, or not yet; whoever uses the type asks the registry.
+    // Kind::object only: the class as declared, "Object" for any, empty for the type of the literal Nil. The class may not
+    // exist, or not yet; users of the type look it up in the registry.
     std::string className;
 
-    static Type plain(Kind kind) { return {kind, false, {}}; } // of a kind that needs no class
+    static Type plain(Kind kind) { return {kind, false, {}}; } // of a kind other than object
     static Type nil() { return {Kind::object, false, {}}; }
     static Type object(std::string name) { return {Kind::object, false, std::move(name)}; }
 
     bool is(Kind wanted) const { return kind == wanted && !isArray; }
     bool isNumber() const { return is(Kind::integer) || is(Kind::real) || is(Kind::color); }
     bool isNil() const { return kind == Kind::object && !isArray && className.empty(); }
-    // Whether a value is one reference to a host object: objects, variants and arrays.
+    // Returns whether a value is a reference to a host object: objects, variants and arrays.
     bool isObjectReference() const { return isArray || kind == Kind::object || kind == Kind::variant; }
 
     Type element() const { return {kind, false, className}; }
@@ -34,10 +34,10 @@ struct Type {
 bool operator==(const Type& a, const Type& b);
 bool operator!=(const Type& a, const Type& b);
 
-// "double" and "Double" give Kind::real; a name that is none of the built-in types names a class.
+// Returns the type of a name in any case: "double" and "Double" return Kind::real; an unknown name is a class.
 Type typeNamed(std::string_view name);
 
-// As the language spells it: "Double()", "NSColorZRX", "Nil"; empty for Void.
+// Returns the type's spelling in the language: "Double()", "NSColorZRX", "Nil"; empty for Void.
 std::string nameOf(const Type& type);
 
 } // namespace host

@@ -1,5 +1,5 @@
-// One value of the host language, untyped: what a variable, an array element, an argument or a result holds. Its type is
-// known statically to whoever handles it.
+// One untyped value of the host language: the content of a variable, an array element, an argument or a result. Its user
+// knows the type statically.
 #pragma once
 
 #include "model/types.h" // first: its enumerators must not meet the aliases below
@@ -11,16 +11,16 @@ namespace host {
 using Object = ::REALobjectStruct;
 using String = ::REALstringStruct;
 
-// Always eight bytes with the double in front, so that consecutive slots are consecutive doubles. The factories clear the
-// bytes that a narrow value leaves unused; a slot that is passed to a bound function must come from one of them.
+// Always eight bytes, starting with the double, so that consecutive slots are consecutive doubles. The factories clear the
+// bytes that a narrow value does not use. A slot that is passed to a bound function must come from a factory.
 union Slot {
     double real;
     HostInteger integer;
     HostColor color;
     HostBoolean boolean;
-    String* string; // null is the empty string
-    Object* object; // objects, variants and arrays; null is Nil
-    void* address;  // a by-reference argument: that of the variable's slot
+    String* string; // null means the empty string
+    Object* object; // objects, variants and arrays; null means Nil
+    void* address;  // a by-reference argument: the address of the variable's slot
 
     constexpr Slot() : real(0.0) {}
     static Slot ofReal(double value) {

@@ -12,8 +12,8 @@ namespace host {
 
 namespace {
 
-// The box of each kind, with the value beside the instance data. The instance data is one zeroed word, so that a plugin
-// which takes any variant for an object of its family finds that it holds nothing.
+// The box of each kind, with the value outside the instance data. The instance data is one zeroed word, so a plugin that
+// takes any variant for one of its objects finds an empty object.
 struct Box {
     Kind kind;
     ClassInfo info;

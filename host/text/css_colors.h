@@ -1,4 +1,4 @@
-// The colours that CSS has names for.
+// The named colours of CSS.
 #pragma once
 
 #include <optional>
@@ -6,7 +6,7 @@
 
 namespace host {
 
-// The sRGB value 0xRRGGBB behind a name of CSS, in small letters.
+// Returns the sRGB value 0xRRGGBB of a CSS name in lower case.
 std::optional<unsigned> cssColor(std::string_view name);
 
 } // namespace host

@@ -6,7 +6,7 @@
 
 namespace host {
 
-// Valid whatever a plugin or a path is made of: a replacement character stands for what is no UTF-8.
+// Writes valid JSON whatever the input is: invalid UTF-8, from a plugin or a path, becomes replacement characters.
 void writeJson(const nlohmann::ordered_json& value, std::ostream& out);
 
 } // namespace host

@@ -1,5 +1,4 @@
-// What the letters of programs and declarations are, and names, which are compared without regard to the case of their
-// letters.
+// The characters of programs and declarations, and names, which are compared ignoring case.
 #pragma once
 
 #include <string_view>
@@ -13,12 +12,12 @@ inline bool isNamePart(char c) { return isNameStart(c) || isDigit(c); }
 inline bool isBlank(char c) { return c == ' ' || c == '\t'; }
 inline bool isLineEnd(char c) { return c == '\n' || c == '\r'; }
 
-// Of letters, digits and underscores, and not beginning with a digit.
+// Returns whether the text consists of letters, digits and underscores and does not begin with a digit.
 bool isName(std::string_view text);
 
 bool equalIgnoringCase(std::string_view a, std::string_view b);
 
-// The order that goes with it, for containers of names.
+// The corresponding order, for containers of names.
 struct LessIgnoringCase {
     using is_transparent = void;
     bool operator()(std::string_view a, std::string_view b) const;

@@ -9,7 +9,7 @@
 namespace host {
 namespace {
 
-// The value of a digit of any base up to 16, or a large number.
+// Returns the value of a digit of any base up to 16, or a large number.
 unsigned digitValue(char c) {
     if (isDigit(c)) return static_cast<unsigned>(c - '0');
     const char letter = lower(c);

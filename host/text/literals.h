@@ -1,4 +1,4 @@
-// Literals as programs, declarations and texts write them: 12, &hFF, &o17, &b101, 1.5e-3, "a ""quoted"" word", #FF8000.
+// Literals of programs, declarations and texts: 12, &hFF, &o17, &b101, 1.5e-3, "a ""quoted"" word", #FF8000.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -20,20 +20,20 @@ struct LiteralError {
     std::string message;
 };
 
-// Whether a literal of these begins with the character; `next` is the one behind it.
+// Returns whether one of these literals begins with the character; `next` is the following character.
 bool startsLiteral(char first, char next);
 
-// The literal at the start of the text, as far as it goes; what follows it is not a part of a name. Throws LiteralError.
-// `negative` tells that a minus stands in front, which a number then may be as large as; the value has the sign.
+// Scans the literal at the start of the text; the character after it is not part of a name. Throws LiteralError. `negative`
+// means that a minus precedes the number, which may then be one larger; the value has the sign.
 ScannedLiteral scanLiteral(std::string_view text, bool negative = false);
 
-// #RGB, #RRGGBB or #RRGGBBAA as a colour, whose highest byte is its opacity. Throws LiteralError.
+// Reads #RGB, #RRGGBB or #RRGGBBAA as a colour, whose highest byte is the opacity. Throws LiteralError.
 HostColor scanColor(std::string_view text);
 
-// The literal of a colour.
+// Returns the literal of a colour.
 std::string literalOf(HostColor color);
 
-// Hexadecimal digits, at least so many.
+// Returns the hexadecimal digits, at least `digits` of them.
 std::string hexOf(std::uintptr_t value, std::size_t digits);
 
 } // namespace host

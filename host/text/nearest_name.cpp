@@ -9,8 +9,8 @@
 namespace host {
 namespace {
 
-// Edits (insert, delete, replace, swap two neighbours) that make the one name of the other, or one more than to its nearest
-// beginning.
+// Returns the number of edits (insert, delete, replace, swap two neighbours) between the names, or one more than to the
+// nearest beginning of `name`.
 std::size_t distance(std::string_view wanted, std::string_view name) {
     const auto same = [&](std::size_t i, std::size_t j) { return lower(wanted[i]) == lower(name[j]); };
     std::vector<std::size_t> beforeLast(name.size() + 1), last(name.size() + 1), row(name.size() + 1);

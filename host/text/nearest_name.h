@@ -1,4 +1,4 @@
-// Guessing which name was meant.
+// Suggestions for misspelt names.
 #pragma once
 
 #include <cstddef>
@@ -7,16 +7,16 @@
 
 namespace host {
 
-// Collects the names that could have been meant and answers the nearest one within a typing error or two, in whole or in its
-// beginning. The case of letters does not count.
+// Collects candidates and returns the nearest one within one or two typing errors, of the complete name or of its
+// beginning. Case is ignored.
 class NearestName {
 public:
     explicit NearestName(std::string_view wanted) : wanted_(wanted) {}
     void offer(std::string_view name);
 
-    const std::string& name() const { return nearest_; } // empty when none is near
+    const std::string& name() const { return nearest_; } // empty if none is near
 
-    // ", did you mean 'name'?" or nothing.
+    // Returns ", did you mean 'name'?" or "".
     std::string suggestion() const;
 
 private:

@@ -1,9 +1,9 @@
-// What a terminal can show.
+// The capabilities of a terminal.
 #pragma once
 
 namespace host {
 
-// Whether the file descriptor is a terminal with colours, and the user does not forbid them by NO_COLOR.
+// Returns whether the file descriptor is a terminal with colours and NO_COLOR is not set.
 bool showsColors(int descriptor);
 
 } // namespace host

@@ -10,7 +10,7 @@ namespace host::utf8 {
 namespace {
 
 struct Decoded {
-    std::size_t size; // in bytes; 0 when the bytes are malformed
+    std::size_t size; // in bytes; 0 if the bytes are malformed
     std::uint32_t code;
 };
 
