@@ -2,6 +2,7 @@
 # came of it. A library takes no symbol from nowhere, as it is the rule on macOS.
 target_compile_options(chroma_options INTERFACE -fstack-protector-strong)
 target_link_options(chroma_options INTERFACE -Wl,-z,defs,-z,relro,-z,now,-z,noexecstack)
-if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86)$")
+set(CHROMA_X86 "^(x86_64|AMD64|i[3-6]86)$")
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "${CHROMA_X86}")
     target_compile_options(chroma_options INTERFACE -fcf-protection)
 endif()

@@ -31,7 +31,8 @@ file(CREATE_LINK ${CHROMA_LLVM_LIPO} ${tools}/lipo SYMBOLIC)
 
 file(GLOB libcxxFolders /usr/lib/llvm-*/include/c++/v1)
 find_path(CHROMA_LIBCXX_HEADERS type_traits HINTS ${libcxxFolders} NO_DEFAULT_PATH REQUIRED)
-find_path(CHROMA_MUSL_HEADERS bits/alltypes.h HINTS /usr/include/x86_64-linux-musl NO_DEFAULT_PATH REQUIRED)
+file(GLOB muslFolders /usr/include/*-linux-musl)
+find_path(CHROMA_MUSL_HEADERS bits/alltypes.h HINTS ${muslFolders} NO_DEFAULT_PATH REQUIRED)
 
 # The compiler's own headers come before those of the C library, and ours, which correct them, in between.
 set(flags "-B${tools} -nostdlibinc -D_GNU_SOURCE")
