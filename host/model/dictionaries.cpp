@@ -6,11 +6,12 @@
 #include "model/owned.h"
 #include "model/variants.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <list>
-#include <unordered_map>
-#include <variant>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace host {
 
@@ -18,118 +19,176 @@ namespace host {
 namespace dictionaries {
 namespace {
 
-// Keys are the same when `=` finds them equal: numbers by their value, text by its characters, objects by identity.
-using Key = std::variant<const Object*, bool, HostInteger, double, std::string>;
+// The values are out of their variants, which would take twice the memory.
+struct Entry {
+    Slot keyValue;
+    Slot itemValue;
+    std::uint32_t hash;
+    Kind keyKind; // nothing: removed
+    Kind itemKind;
 
-struct Pair {
-    Owned<Object> key;
-    Owned<Object> value;
+    Held key() const { return {keyKind, keyValue}; }
+    Held item() const { return {itemKind, itemValue}; }
 };
 
-struct Pairs {
-    std::list<std::pair<Key, Pair>> inOrder;
-    std::unordered_map<Key, std::list<std::pair<Key, Pair>>::iterator> byKey;
-};
-
-Pairs& pairsOf(const Object* dictionary) { return *static_cast<Pairs*>(dictionary->own.address); }
-
-void construct(Object* dictionary) { dictionary->own = Slot::ofAddress(new Pairs); }
-void destroy(Object* dictionary) { delete &pairsOf(dictionary); }
-
-Key numberKey(double value) {
-    const HostInteger whole = truncated(value);
-    if (static_cast<double>(whole) == value) return whole;
-    return value;
+// Spreads the numbers whose hash is the number itself.
+std::uint32_t spreadHashOf(Held key) {
+    constexpr std::uint64_t goldenRatio = 0x9E3779B97F4A7C15;
+    return static_cast<std::uint32_t>(hashOf(key) * goldenRatio >> 32);
 }
 
-// None, with an exception recorded, for what equals nothing, not even itself.
-std::optional<Key> keyOf(Object* variant) {
-    const Type held = typeInVariant(variant);
-    Slot value;
-    if (held.isObjectReference()) return Key(variant);
-    readVariant(variant, held, value);
-    switch (held.kind) {
-    case Kind::boolean: return Key(value.boolean != 0);
-    case Kind::integer: return Key(value.integer);
-    case Kind::color: return Key(static_cast<HostInteger>(std::uintptr_t{value.color}));
-    case Kind::string: return Key(utf8Of(value.string));
-    default: break;
+// A vector of entries in the order of their keys, and an open-addressing table of their indexes.
+class Entries {
+public:
+    Entries() = default;
+    Entries(Entries&&) = default;
+    Entries& operator=(Entries&&) = default;
+    ~Entries() {
+        for (const Entry& entry : all_)
+            release(entry);
     }
-    if (!std::isnan(value.real)) return numberKey(value.real);
+
+    std::size_t count() const { return count_; }
+
+    // Null when there is no such key.
+    Entry* find(Held key) {
+        if (places_.empty()) return nullptr;
+        const std::uint32_t hash = spreadHashOf(key);
+        for (std::size_t i = hash & mask(); places_[i] != 0; i = (i + 1) & mask()) {
+            Entry& entry = all_[places_[i] - 1];
+            if (entry.hash == hash && entry.keyKind != Kind::nothing && areEqual(entry.key(), key)) return &entry;
+        }
+        return nullptr;
+    }
+
+    // The key must be new.
+    void add(Held key, Held item) {
+        if ((all_.size() + 1) * 3 > places_.size() * 2) rebuild();
+        all_.push_back({key.value, item.value, spreadHashOf(key), key.kind, item.kind});
+        lock(key);
+        lock(item);
+        ++count_;
+        enter(all_.size() - 1);
+    }
+
+    void remove(Entry& entry) {
+        const Entry old = entry;
+        entry.keyKind = Kind::nothing;
+        --count_;
+        release(old); // last: a destructor may run and look at the dictionary
+    }
+
+    template <class Use>
+    void forEach(Use use) const {
+        for (const Entry& entry : all_)
+            if (entry.keyKind != Kind::nothing) use(entry);
+    }
+
+private:
+    static void release(const Entry& entry) {
+        if (entry.keyKind == Kind::nothing) return;
+        unlock(entry.key());
+        unlock(entry.item());
+    }
+
+    std::size_t mask() const { return places_.size() - 1; }
+
+    void enter(std::size_t index) {
+        std::size_t i = all_[index].hash & mask();
+        while (places_[i] != 0)
+            i = (i + 1) & mask();
+        places_[i] = static_cast<std::uint32_t>(index + 1);
+    }
+
+    // Forgets the removed entries and makes room for as many again.
+    void rebuild() {
+        std::size_t size = 8;
+        while (size < (count_ + 1) * 2)
+            size *= 2;
+        std::vector<std::uint32_t> places(size);
+        const auto isRemoved = [](const Entry& entry) { return entry.keyKind == Kind::nothing; };
+        all_.erase(std::remove_if(all_.begin(), all_.end(), isRemoved), all_.end());
+        places_ = std::move(places);
+        for (std::size_t i = 0; i < all_.size(); ++i)
+            enter(i);
+    }
+
+    std::vector<Entry> all_;
+    std::vector<std::uint32_t> places_; // a power of two; index + 1, or 0 for none
+    std::size_t count_ = 0;
+};
+
+Entries& entriesOf(const Object* dictionary) { return *static_cast<Entries*>(dictionary->own.address); }
+
+void construct(Object* dictionary) { dictionary->own = Slot::ofAddress(new Entries); }
+void destroy(Object* dictionary) { delete &entriesOf(dictionary); }
+
+// False, with an exception recorded, for what equals nothing, not even itself.
+bool canBeKey(Held key) {
+    if (key.kind != Kind::real || !std::isnan(key.value.real)) return true;
     raise("UnsupportedOperationException", "What is not a number cannot be a key.");
-    return std::nullopt;
+    return false;
 }
 
 // Null when there is no such key.
-Pair* find(Object* dictionary, Object* key) {
-    const std::optional<Key> wanted = keyOf(key);
-    if (!wanted) return nullptr;
-    const auto found = pairsOf(dictionary).byKey.find(*wanted);
-    return found == pairsOf(dictionary).byKey.end() ? nullptr : &found->second->second;
+Entry* find(Object* dictionary, Object* key) {
+    const Held wanted = heldIn(key);
+    return canBeKey(wanted) ? entriesOf(dictionary).find(wanted) : nullptr;
 }
 
-void raiseMissing(Object* key) {
+void raiseMissing(Held key) {
     constexpr std::size_t maxShown = 40;
     std::string shown;
-    if (const std::optional<Key> missing = keyOf(key)) {
-        if (const auto* const text = std::get_if<std::string>(&*missing); text && text->size() <= maxShown)
-            shown = '"' + *text + '"';
-        if (typeInVariant(key).is(Kind::integer)) shown = std::to_string(std::get<HostInteger>(*missing));
-    }
+    if (key.kind == Kind::string && bytesOf(key.value.string).size() <= maxShown)
+        shown = '"' + utf8Of(key.value.string) + '"';
+    if (key.kind == Kind::integer) shown = std::to_string(key.value.integer);
     raise("KeyNotFoundException", "The dictionary has " + (shown.empty() ? "no such key." : "no key " + shown + "."));
 }
 
 Object* value(Object* dictionary, Object* key) {
-    if (const Pair* const entry = find(dictionary, key)) return Owned<Object>(entry->value).release();
-    raiseMissing(key);
+    if (const Entry* const entry = find(dictionary, key)) return newVariant(entry->item());
+    raiseMissing(heldIn(key));
     return nullptr;
 }
 
 void setValue(Object* dictionary, Object* key, Object* value) {
-    const std::optional<Key> wanted = keyOf(key);
-    if (!wanted) return;
-    Pairs& pairs = pairsOf(dictionary);
-    if (Pair* const entry = find(dictionary, key)) {
-        const Owned<Object> old = std::move(entry->value); // goes last: a destructor may run and look at the dictionary
-        entry->value = Owned<Object>::shared(value);
-        return;
-    }
-    pairs.inOrder.push_back({*wanted, {Owned<Object>::shared(key), Owned<Object>::shared(value)}});
-    pairs.byKey.emplace(*wanted, std::prev(pairs.inOrder.end()));
+    const Held wanted = heldIn(key), item = heldIn(value);
+    if (!canBeKey(wanted)) return;
+    Entry* const entry = entriesOf(dictionary).find(wanted);
+    if (!entry) return entriesOf(dictionary).add(wanted, item);
+    const Held old = entry->item();
+    lock(item);
+    entry->itemKind = item.kind;
+    entry->itemValue = item.value;
+    unlock(old); // last: a destructor may run and look at the dictionary
 }
 
 Object* lookup(Object* dictionary, Object* key, Object* otherwise) {
-    const Pair* const entry = find(dictionary, key);
-    return Owned<Object>::shared(entry ? entry->value.get() : otherwise).release();
+    const Entry* const entry = find(dictionary, key);
+    return entry ? newVariant(entry->item()) : Owned<Object>::shared(otherwise).release();
 }
 
 HostBoolean hasKey(Object* dictionary, Object* key) { return find(dictionary, key) ? 1 : 0; }
 
 void removeKey(Object* dictionary, Object* key) {
-    const std::optional<Key> wanted = keyOf(key);
-    Pairs& pairs = pairsOf(dictionary);
-    const auto found = wanted ? pairs.byKey.find(*wanted) : pairs.byKey.end();
-    if (found == pairs.byKey.end()) return raiseMissing(key);
-    const Pair old = std::move(found->second->second);
-    pairs.inOrder.erase(found->second);
-    pairs.byKey.erase(found);
+    if (Entry* const entry = find(dictionary, key)) return entriesOf(dictionary).remove(*entry);
+    raiseMissing(heldIn(key));
 }
 
-void clear(Object* dictionary) {
-    const Pairs old = std::move(pairsOf(dictionary));
-    pairsOf(dictionary) = Pairs();
-}
+void clear(Object* dictionary) { const Entries old = std::exchange(entriesOf(dictionary), Entries()); }
 
-Array* listed(Object* dictionary, Owned<Object> Pair::*member) {
+Array* listed(Object* dictionary, Held (Entry::*part)() const) {
     Owned<Array> list(newArray(Type::plain(Kind::variant)));
-    for (const auto& [key, entry] : pairsOf(dictionary).inOrder)
-        appendElement(list.get(), Slot::ofObject((entry.*member).get()));
+    entriesOf(dictionary).forEach([&](const Entry& entry) {
+        const Owned<Object> boxed(newVariant((entry.*part)()));
+        appendElement(list.get(), Slot::ofObject(boxed.get()));
+    });
     return list.release();
 }
 
-Array* keys(Object* dictionary) { return listed(dictionary, &Pair::key); }
-Array* values(Object* dictionary) { return listed(dictionary, &Pair::value); }
-HostInteger count(Object* dictionary, REALword) { return static_cast<HostInteger>(pairsOf(dictionary).inOrder.size()); }
+Array* keys(Object* dictionary) { return listed(dictionary, &Entry::key); }
+Array* values(Object* dictionary) { return listed(dictionary, &Entry::item); }
+HostInteger count(Object* dictionary, REALword) { return static_cast<HostInteger>(entriesOf(dictionary).count()); }
 
 REALproperty properties[] = {readOnlyProperty("Count", "Integer", count)};
 

@@ -6,6 +6,7 @@
 #include "model/strings.h"
 
 #include <array>
+#include <functional>
 #include <new>
 
 namespace host {
@@ -35,6 +36,16 @@ std::array<Box, 5>& boxes() {
 
 void raiseMismatch(const char* className, const Type& held, const Type& wanted) {
     raise(className, "The variant holds " + nameOf(held) + ", not " + nameOf(wanted) + ".");
+}
+
+// Equal numbers in the same form: whole ones as an Integer.
+Held normalized(Held held) {
+    if (held.kind == Kind::color)
+        return {Kind::integer, Slot::ofInteger(static_cast<HostInteger>(std::uintptr_t{held.value.color}))};
+    if (held.kind != Kind::real) return held;
+    const HostInteger whole = truncated(held.value.real);
+    if (static_cast<double>(whole) != held.value.real) return held;
+    return {Kind::integer, Slot::ofInteger(whole)};
 }
 
 } // namespace
@@ -81,6 +92,48 @@ bool readVariant(Object* variant, const Type& type, Slot& value, Purpose purpose
     if (*conversion == Conversion::fromText) return readText(variant->own.string, type, value);
     value = convertedNumber(*conversion, variant->own);
     return true;
+}
+
+Held heldIn(Object* variant) {
+    if (variant) {
+        for (const Box& box : boxes())
+            if (variant->info == &box.info) return {box.kind, variant->own};
+    }
+    return {Kind::object, Slot::ofObject(variant)};
+}
+
+Object* newVariant(Held held) { return newVariant(Type::plain(held.kind), held.value); }
+
+void lock(Held held) {
+    if (held.kind == Kind::object) lock(held.value.object);
+    if (held.kind == Kind::string) lock(held.value.string);
+}
+void unlock(Held held) {
+    if (held.kind == Kind::object) unlock(held.value.object);
+    if (held.kind == Kind::string) unlock(held.value.string);
+}
+
+bool areEqual(Held first, Held second) {
+    const Held a = normalized(first), b = normalized(second);
+    if (a.kind != b.kind) return false;
+    switch (a.kind) {
+    case Kind::boolean: return (a.value.boolean != 0) == (b.value.boolean != 0);
+    case Kind::integer: return a.value.integer == b.value.integer;
+    case Kind::real: return a.value.real == b.value.real;
+    case Kind::string: return compare(a.value.string, b.value.string, false) == 0;
+    default: return a.value.object == b.value.object;
+    }
+}
+
+std::size_t hashOf(Held held) {
+    const Held value = normalized(held);
+    switch (value.kind) {
+    case Kind::boolean: return value.value.boolean != 0 ? 1 : 2;
+    case Kind::integer: return std::hash<HostInteger>()(value.value.integer);
+    case Kind::real: return std::hash<double>()(value.value.real);
+    case Kind::string: return std::hash<std::string_view>()(TextOf(value.value.string).bytes());
+    default: return std::hash<const Object*>()(value.value.object);
+    }
 }
 
 } // namespace host

@@ -17,4 +17,20 @@ Type typeInVariant(const Object* variant);
 // zero of every type. Otherwise raises TypeMismatchException (IllegalCastException between classes) and returns false.
 bool readVariant(Object* variant, const Type& type, Slot& value, Purpose purpose = Purpose::argument);
 
+// A value out of its variant. Objects, arrays and Nil are of Kind::object.
+struct Held {
+    Kind kind;
+    Slot value;
+};
+
+Held heldIn(Object* variant);  // borrowed from it
+Object* newVariant(Held held); // as above
+void lock(Held held);
+void unlock(Held held);
+
+// Returns whether `=` finds both equal: numbers and colours by their number, text by its characters, references by identity.
+// What is not a number equals nothing. Equal values have the same hash.
+bool areEqual(Held a, Held b);
+std::size_t hashOf(Held held);
+
 } // namespace host

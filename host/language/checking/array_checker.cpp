@@ -105,7 +105,6 @@ Operand ExpressionChecker::arrayMember(Value array, const syntax::Name& name, co
         return Operand::result({}, sortArray(std::move(array.code), std::move(keys.code), keys.type.element(), offset));
     }
     case Use::indexOf: {
-        if (element.is(Kind::variant)) failCheck(offset, "Variants cannot be compared; convert them first");
         CodePtr wanted = argument(0, element);
         return Operand::computed(
             integer, indexInArray(std::move(array.code), std::move(wanted), argument(1, integer), element, offset));

@@ -17,8 +17,18 @@ std::string symbolOf(Operator operation) { return symbols[static_cast<std::size_
 
 bool isWhole(const Type& type) { return type.is(Kind::integer) || type.is(Kind::color); }
 
-[[noreturn]] void failOperands(Operator operation, const Type& left, const Type& right, Offset offset) {
-    failCheck(offset, "'" + symbolOf(operation) + "' cannot be applied to " + nameOf(left) + " and " + nameOf(right));
+// A remedy for what operators cannot do with a Variant, if one of the types is one.
+std::string hintForVariant(const Type& left, const Type& right, Kind needed) {
+    if (!left.is(Kind::variant) && !right.is(Kind::variant)) return {};
+    const Type& other = left.is(Kind::variant) ? right : left;
+    const bool plain = other.isNumber() || other.is(Kind::boolean) || other.is(Kind::string);
+    return "; convert the Variant first, as in " + nameOf(plain ? other : Type::plain(needed)) + "(value)";
+}
+
+[[noreturn]] void failOperands(Operator operation, const Type& left, const Type& right, Offset offset,
+                               Kind needed = Kind::integer) {
+    failCheck(offset, "'" + symbolOf(operation) + "' cannot be applied to " + nameOf(left) + " and " + nameOf(right) +
+                          hintForVariant(left, right, needed));
 }
 
 } // namespace
@@ -48,7 +58,9 @@ Operand ExpressionChecker::form(const syntax::Unary& unary, Offset offset) {
         return Operand::computed(Type::plain(kind), negated(kind, number(std::move(operand), kind)))
             .markedWhole(isWholeNumber);
     }
-    failCheck(offset, "'" + symbolOf(unary.operation) + "' cannot be applied to " + nameOf(operand.type));
+    failCheck(offset, "'" + symbolOf(unary.operation) + "' cannot be applied to " + nameOf(operand.type) +
+                          hintForVariant(operand.type, operand.type,
+                                         unary.operation == Operator::logicalNot ? Kind::boolean : Kind::integer));
 }
 
 Operand ExpressionChecker::form(const syntax::Binary& form, Offset offset) {
@@ -120,6 +132,11 @@ Operand ExpressionChecker::comparison(Operator operation, Value left, Value righ
         return Operand::computed(Type::plain(Kind::boolean),
                                  language::comparison(operation, kind, std::move(first), std::move(second)));
     };
+    const Type variant = Type::plain(Kind::variant);
+    if (identity && (left.type == variant || right.type == variant)) {
+        CodePtr first = convert(std::move(left.code), left.type, variant, offset);
+        return compared(Kind::variant, std::move(first), convert(std::move(right.code), right.type, variant, offset));
+    }
     if (identity && left.type.isObjectReference() && right.type.isObjectReference())
         return compared(Kind::object, std::move(left.code), std::move(right.code));
     if (operation == Operator::is)
@@ -141,7 +158,8 @@ CodePtr ExpressionChecker::comparison(Operator operation, Value left, const synt
 
 Operand ExpressionChecker::logic(Operator operation, Value left, Value right, Offset offset) {
     const bool booleans = left.type.is(Kind::boolean) && right.type.is(Kind::boolean);
-    if (!booleans && !(isWhole(left.type) && isWhole(right.type))) failOperands(operation, left.type, right.type, offset);
+    if (!booleans && !(isWhole(left.type) && isWhole(right.type)))
+        failOperands(operation, left.type, right.type, offset, Kind::boolean);
     if (booleans) {
         return Operand::computed(Type::plain(Kind::boolean),
                                  language::logic(operation, Kind::boolean, std::move(left.code), std::move(right.code)));

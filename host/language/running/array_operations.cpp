@@ -3,6 +3,7 @@
 #include "language/library/values.h"
 
 #include "model/arrays.h"
+#include "model/variants.h"
 
 #include <algorithm>
 #include <cmath>
@@ -43,15 +44,9 @@ bool isLess(Kind kind, Slot a, Slot b) {
     }
 }
 
-bool isEqual(const Type& type, Slot a, Slot b) {
-    switch (type.kind) {
-    case Kind::boolean: return (a.boolean != 0) == (b.boolean != 0);
-    case Kind::integer: return a.integer == b.integer;
-    case Kind::real: return a.real == b.real;
-    case Kind::color: return a.color == b.color;
-    case Kind::string: return compare(a.string, b.string, false) == 0;
-    default: return a.object == b.object;
-    }
+bool isEqual(Kind kind, Slot a, Slot b) {
+    if (kind == Kind::variant) return areEqual(heldIn(a.object), heldIn(b.object));
+    return areEqual({kind, a}, {kind, b});
 }
 
 } // namespace
@@ -185,15 +180,15 @@ CodePtr reverseArray(CodePtr array, Offset offset) {
 }
 
 CodePtr indexInArray(CodePtr array, CodePtr value, CodePtr start, const Type& elementType, Offset offset) {
-    return makeCode(
-        [array = std::move(array), value = std::move(value), start = std::move(start), elementType, offset](Frame& frame) {
-            const Array* const searched = requireArray(array->evaluate(frame).object, offset);
-            const Slot wanted = value->evaluate(frame);
-            HostInteger index = start ? std::max(start->evaluate(frame).integer, HostInteger{0}) : 0;
-            while (inBounds(searched, index) && !isEqual(elementType, elementAt(searched, index), wanted))
-                ++index;
-            return Slot::ofInteger(inBounds(searched, index) ? index : -1);
-        });
+    return makeCode([array = std::move(array), value = std::move(value), start = std::move(start), kind = elementType.kind,
+                     offset](Frame& frame) {
+        const Array* const searched = requireArray(array->evaluate(frame).object, offset);
+        const Slot wanted = value->evaluate(frame);
+        HostInteger index = start ? std::max(start->evaluate(frame).integer, HostInteger{0}) : 0;
+        while (inBounds(searched, index) && !isEqual(kind, elementAt(searched, index), wanted))
+            ++index;
+        return Slot::ofInteger(inBounds(searched, index) ? index : -1);
+    });
 }
 
 CodePtr popFromArray(CodePtr array, const Type& elementType, Offset offset) {

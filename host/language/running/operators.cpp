@@ -129,6 +129,10 @@ CodePtr comparison(Operator operation, Kind kind, CodePtr left, CodePtr right) {
                                 [](Slot a, Slot b) { return Slot::ofInteger(compare(a.string, b.string, false)); });
         return comparison(operation, Kind::integer, std::move(order), constant(Slot::ofInteger(0)));
     }
+    case Kind::variant:
+        return combine(std::move(left), std::move(right), [wanted = operation != Operator::notEqual](Slot a, Slot b) {
+            return Slot::ofBoolean(areEqual(heldIn(a.object), heldIn(b.object)) == wanted);
+        });
     default: return comparing<Object*>(operation, std::move(left), std::move(right), [](Slot slot) { return slot.object; });
     }
 }

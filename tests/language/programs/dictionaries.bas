@@ -60,3 +60,15 @@ Function Counted(value As String) As String
   Return value
 End Function
 Print If(names.Count > 1, Counted("many"), Counted("one")), If(False, 1, 2.5), count '> many 2.5 1
+Print d.Value("a") = 2, d.Value("b") <> d.Value("c"), d.Value("b") = d.Value("b") '> True True True
+' Many entries, half of them removed, and the rest found.
+d.Clear
+For i As Integer = 1 To 3000
+  d.Value(i * 1024) = i
+  If i Mod 2 = 0 Then d.Remove(i * 512)
+Next
+Dim sum As Integer
+For Each i As Integer In d
+  sum += Integer(d.Value(i))
+Next
+Print d.Count, sum, d.HasKey(1024), d.Value(2048000) = 2000, d.Keys.Slice(0, 2) '> 1500 3375750 False True (1537024, 1538048)

@@ -110,3 +110,17 @@ End Sub
 '! an array has one dimension; the elements of a Variant() can be arrays
 '! an array has one dimension; the elements of a Variant() can be arrays
 
+Dim v As Variant, w() As Variant
+Print v @+ 1
+Print w(0) @>= "a"
+Print v @And w(1)
+Print @-v
+Print 0.5 @* v
+Print @Not v
+'! '+' cannot be applied to Variant and Integer; convert the Variant first, as in Integer(value)
+'! '>=' cannot be applied to Variant and String; convert the Variant first, as in String(value)
+'! 'And' cannot be applied to Variant and Variant; convert the Variant first, as in Boolean(value)
+'! '-' cannot be applied to Variant; convert the Variant first, as in Integer(value)
+'! '*' cannot be applied to Double and Variant; convert the Variant first, as in Double(value)
+'! 'Not' cannot be applied to Variant; convert the Variant first, as in Boolean(value)
+
