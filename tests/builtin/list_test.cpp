@@ -11,7 +11,12 @@
 #include <limits>
 #include <sstream>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace chroma;
 using namespace chroma::test;
@@ -191,6 +196,28 @@ TEST_F(ColorLists, LeaveWhatTheirFileIsAsItWas) {
     EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_write);
     EXPECT_EQ(keysOf(listFrom(file)), "a ");
 
+    const bool givesAway = chown(file.c_str(), 12, 34) == 0; // the superuser's privilege
+    ASSERT_TRUE(write(list, file));
+    struct stat status;
+    ASSERT_EQ(stat(file.c_str(), &status), 0);
+    if (givesAway) {
+        EXPECT_EQ(std::pair(status.st_uid, status.st_gid), std::pair(uid_t{12}, gid_t{34}));
+    }
+
+    const fs::path dangling = folder / "dangling.clr", circle = folder / "circle.clr", pipe = folder / "pipe";
+    fs::create_symlink("later.clr", dangling);
+    EXPECT_TRUE(write(list, dangling));
+    EXPECT_TRUE(fs::is_symlink(dangling));
+    EXPECT_EQ(keysOf(listFrom(folder / "later.clr")), "a ");
+    fs::create_symlink("circle.clr", circle);
+    EXPECT_FALSE(write(list, circle));
+    EXPECT_TRUE(fs::is_symlink(circle));
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    fs::create_symlink(pipe, folder / "to pipe");
+    for (const fs::path& path : {pipe, folder / "to pipe"})
+        EXPECT_FALSE(write(list, path));
+    EXPECT_TRUE(fs::is_fifo(pipe));
+
     fs::permissions(file, fs::perms::owner_read);
     const id read = listFrom(file);
     EXPECT_FALSE(send<BOOL>(read, "isEditable"));
@@ -229,6 +256,30 @@ TEST_F(ColorLists, LeaveTheOldFileWhenWritingFails) {
     EXPECT_FALSE(write(list, folder / "missing" / "mine.clr"));
     EXPECT_FALSE(write(list, ""));
     EXPECT_EQ(fileCount(), 1) << "nothing is left beside it";
+    EXPECT_TRUE(write(list, file));
+    EXPECT_EQ(fileCount(), 1);
+
+    // A process that is killed meanwhile leaves its part to the next one to save. One that still writes keeps it.
+    const pid_t child = fork();
+    if (child == 0) {
+        const rlimit noCore{0, 0};
+        setrlimit(RLIMIT_CORE, &noCore);
+        std::signal(SIGXFSZ, SIG_DFL);
+        setrlimit(RLIMIT_FSIZE, &small);
+        write(list, file);
+        _exit(0);
+    }
+    int end = 0;
+    waitpid(child, &end, 0);
+    EXPECT_TRUE(WIFSIGNALED(end));
+    EXPECT_EQ(fileCount(), 2);
+    const fs::path used = folder / ".mine.clr.saving-1-0";
+    const int lock = open(used.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+    ASSERT_EQ(flock(lock, LOCK_EX), 0);
+    EXPECT_TRUE(write(list, file));
+    EXPECT_EQ(fileCount(), 2);
+    EXPECT_TRUE(fs::exists(used));
+    close(lock);
     EXPECT_TRUE(write(list, file));
     EXPECT_EQ(fileCount(), 1);
 }

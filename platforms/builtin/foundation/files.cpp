@@ -6,7 +6,9 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,19 +21,15 @@ public:
     explicit File(int descriptor) : descriptor_(descriptor) {}
     File(const File&) = delete;
     File& operator=(const File&) = delete;
-    ~File() { close(); }
+    ~File() {
+        if (isOpen()) close(descriptor_);
+    }
 
     bool isOpen() const { return descriptor_ >= 0; }
     int descriptor() const { return descriptor_; }
 
-    bool close() {
-        const int descriptor = descriptor_;
-        descriptor_ = -1;
-        return descriptor < 0 || ::close(descriptor) == 0;
-    }
-
 private:
-    int descriptor_;
+    const int descriptor_;
 };
 
 std::string folderOf(const std::string& path) {
@@ -50,20 +48,60 @@ bool writeAll(int descriptor, std::string_view contents) {
     return true;
 }
 
-// The file that the path leads to, over links.
-std::string targetOf(const std::string& path) {
-    char resolved[PATH_MAX];
-    return realpath(path.c_str(), resolved) ? resolved : path;
+// Follows links, also one that leads to no file yet. Returns "" when they form a circle.
+std::string targetOf(std::string path) {
+    constexpr int maxLinks = 40; // as the kernel has it
+    for (int links = 0; links <= maxLinks; ++links) {
+        char text[PATH_MAX];
+        const ssize_t size = readlink(path.c_str(), text, sizeof text);
+        if (size <= 0) return path;
+        const std::string target(text, static_cast<std::size_t>(size));
+        path = target[0] == '/' ? target : folderOf(path) + "/" + target;
+    }
+    return "";
 }
 
-// A new file beside the path, with the permissions that the user's new files get. Its name is put into `name`.
-int createBeside(const std::string& path, std::string& name) {
+// While a file is written, its contents are in a temporary file next to it. The process that writes it holds a lock on it,
+// so that one without a lock was left by a process that was killed. The name ends in the process and a number.
+std::string temporaryPrefix(const std::string& path) {
+    constexpr std::size_t maxKept = 200; // a name has at most 255 bytes
+    return "." + path.substr(path.rfind('/') + 1, maxKept) + ".saving-";
+}
+
+void removeAbandoned(const std::string& path) {
+    const std::string prefix = temporaryPrefix(path);
+    DIR* const folder = opendir(folderOf(path).c_str());
+    while (const dirent* const entry = folder ? readdir(folder) : nullptr) {
+        if (std::string_view(entry->d_name).substr(0, prefix.size()) != prefix) continue;
+        const File file(openat(dirfd(folder), entry->d_name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+        if (file.isOpen() && flock(file.descriptor(), LOCK_EX | LOCK_NB) == 0) unlinkat(dirfd(folder), entry->d_name, 0);
+    }
+    if (folder) closedir(folder);
+}
+
+// Creates a temporary file for the path, locked and with the permissions that the user's new files get. Sets `name` to its
+// path.
+int createTemporary(const std::string& path, std::string& name) {
     static std::atomic<unsigned> counter{0};
     for (;;) {
-        name = path + "." + std::to_string(getpid()) + "-" + std::to_string(counter.fetch_add(1));
+        name = folderOf(path) + "/" + temporaryPrefix(path) + std::to_string(getpid()) + "-" +
+               std::to_string(counter.fetch_add(1));
         const int descriptor = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (descriptor >= 0 || errno != EEXIST) return descriptor;
+        if (descriptor < 0 && errno == EEXIST) continue;
+        // A file system without locks is no obstacle. Another process may have removed the file before it was locked.
+        struct stat status;
+        const bool isTaken = descriptor >= 0 && flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+        if (!isTaken && (descriptor < 0 || fstat(descriptor, &status) != 0 || status.st_nlink > 0)) return descriptor;
+        close(descriptor);
     }
+}
+
+// Gives the new file the owner, the group and the permissions of the old one. Only the superuser can give files away: a file
+// of someone else in a shared folder keeps its group and permissions. False when they cannot be kept.
+bool keepAccess(int descriptor, const struct stat& old) {
+    const bool isOwned =
+        fchown(descriptor, old.st_uid, old.st_gid) == 0 || fchown(descriptor, static_cast<uid_t>(-1), old.st_gid) == 0;
+    return isOwned && fchmod(descriptor, old.st_mode & 0777) == 0;
 }
 
 // Makes the change of names in the folder last. A file system that cannot tell counts as having done it.
@@ -89,14 +127,15 @@ bool readFile(const char* path, std::vector<std::uint8_t>& contents) {
 
 bool replaceFile(const std::string& link, std::string_view contents) {
     const std::string path = targetOf(link);
-    std::string temporary;
-    File file(createBeside(path, temporary));
-    if (!file.isOpen()) return false;
     struct stat old;
     const bool isOld = stat(path.c_str(), &old) == 0;
-    const bool keepsMode = !isOld || fchmod(file.descriptor(), old.st_mode & 07777) == 0;
-    const bool isWritten = keepsMode && writeAll(file.descriptor(), contents) && fsync(file.descriptor()) == 0 &&
-                           file.close() && std::rename(temporary.c_str(), path.c_str()) == 0;
+    if (isOld ? !S_ISREG(old.st_mode) : errno != ENOENT) return false;
+    removeAbandoned(path);
+    std::string temporary;
+    const File file(createTemporary(path, temporary));
+    if (!file.isOpen()) return false;
+    const bool isWritten = (!isOld || keepAccess(file.descriptor(), old)) && writeAll(file.descriptor(), contents) &&
+                           fsync(file.descriptor()) == 0 && std::rename(temporary.c_str(), path.c_str()) == 0;
     if (!isWritten) {
         unlink(temporary.c_str());
         return false;

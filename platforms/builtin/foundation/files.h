@@ -11,9 +11,9 @@ namespace chroma::builtin {
 // Appends the contents of a regular file. False when it cannot be read.
 bool readFile(const char* path, std::vector<std::uint8_t>& contents);
 
-// Puts the contents in the place of a file in one step: whoever opens the path meets the old file or the new one, whole.
-// The file keeps its permissions, and a link goes on leading to it. False when something failed, and then the old file is
-// still there.
+// Replaces the contents of a regular file, or creates it, in one step: whoever opens the path reads the complete old file or
+// the complete new one. Follows links, and keeps the file's owner, group and permissions. Returns false when the path leads
+// to something else than a regular file, or when a step fails; then the old file is unchanged.
 bool replaceFile(const std::string& link, std::string_view contents);
 
 // Whether the user may not write the file. One that nobody is meant to write is protected from the superuser too.
