@@ -66,7 +66,8 @@ TEST_F(Swatches, ColourTheTerminalAndKeepNothingOfTheHost) {
                            "\"red\" components 0 3f800000 00000000 00000000 3f800000\nend 1\n";
     const std::string page = written(colorsOfList(path, {}), ColorDepth::direct);
     EXPECT_NE(page.find("  \x1B[48;2;255;0;0m    \x1B[0m red"), std::string::npos);
-    EXPECT_EQ(systemColors().groups.size(), 4u);
+    for (const SwatchGroup& group : systemColors().groups)
+        EXPECT_NE(group.title, "Other") << group.swatches[0].name << " needs its prefix in the groups of sheet.cpp";
     std::remove(path.c_str());
 }
 
