@@ -92,15 +92,13 @@ static REALobjectStruct* newInstance(const char* className) {
     return object;
 }
 
-enum { utf8 = 0x08000100 };
-
 static REALstringStruct* buildString(const void* bytes, int32_t length) {
     if (length <= 0) return NULL;
     REALstringStruct* string = calloc(1, sizeof *string + (size_t)length + 2);
     if (!string) return NULL;
     const char* buffer = string->buffer;
     string->references = 1;
-    string->encoding = utf8;
+    string->encoding = REALencodingUTF8;
     memcpy(string->buffer + 1, bytes, (size_t)length);
     memcpy(&string->fields[0], &buffer, sizeof buffer);
     memcpy(&string->fields[REALstringLengthOffset - REALstringBufferOffset], &length, sizeof length);

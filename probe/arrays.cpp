@@ -6,9 +6,6 @@ namespace probe {
 
 namespace {
 
-// Where hosts before this version show the storage of arrays and blocks at the offsets of the contract.
-constexpr double hidesStorage = 2017.0;
-
 struct Entries {
     RuntimeArrayCreateProc create;
     RuntimeUBoundProc upperBound;
@@ -67,7 +64,7 @@ void askInsertion(const Host& host, const Entries& entries) {
         host.report.expect(get(array, i) == i + 1.0,
                            "element " + std::to_string(i) + " of 1, 2, 3 is " + std::to_string(get(array, i)));
     const auto* const shown = fieldAt<const double*>(array, REALarrayElementsOffset);
-    if (host.version < hidesStorage && shown) {
+    if (host.version < REAL_SINCE_HIDDEN_STORAGE && shown) {
         for (int i = 0; i < 3; ++i)
             host.report.expect(fieldAt<double>(shown, 8 * i) == i + 1.0, "the storage at offset 28 has other elements");
     }
@@ -83,7 +80,7 @@ void askGetting(const Host& host, const Entries& entries) {
 
 // An object array keeps a reference of its own to each element.
 void askObjects(const Host& host, const Entries& entries) {
-    const auto make = host.entry<PluginNewInstanceProc>("PluginNewInstance");
+    const auto make = host.entry(entries::PluginNewInstance);
     void* const array = entries.create(REALarrayOfObjects, -1);
     const REALarrayInsertObjectProc insert = array ? entries.objectInserter(array) : nullptr;
     if (!insert) host.report.complain("answers no procedure for an array of objects");
@@ -104,34 +101,35 @@ void askObjects(const Host& host, const Entries& entries) {
 
 void askArrays(const Host& host) {
     Entries entries = {};
-    entries.unlock = host.entry<REALUnlockObjectProc>("REALUnlockObject");
-    entries.upperBound = host.entry<RuntimeUBoundProc>("RuntimeUBound");
-    entries.create = host.begin<RuntimeArrayCreateProc>("RuntimeArrayCreateSingleDimBoundedArray");
+    entries.unlock = host.entry(entries::REALUnlockObject);
+    entries.upperBound = host.entry(entries::RuntimeUBound);
+    entries.create = host.begin(entries::RuntimeArrayCreateSingleDimBoundedArray);
     if (entries.create) askCreation(entries, host.report);
-    if (host.begin<RuntimeUBoundProc>("RuntimeUBound") && entries.create) askCreation(entries, host.report);
+    if (host.begin(entries::RuntimeUBound) && entries.create) askCreation(entries, host.report);
 
     // By both names, the older of which serves both kinds of arrays.
-    for (const char* name : {"PluginDoubleArrayInsertProc", "RuntimeArrayDirectGetInsertProc"}) {
-        entries.doubleInserter = host.begin<PluginDoubleArrayInsertProc>(name);
+    for (const auto& entry : {entries::PluginDoubleArrayInsertProc,
+                              entries::RuntimeArrayDirectGetInsertProc.as<PluginDoubleArrayInsertProc>()}) {
+        entries.doubleInserter = host.begin(entry);
         if (entries.doubleInserter && entries.create) askInsertion(host, entries);
     }
-    for (const char* name : {"PluginObjectArrayInsertProc", "RuntimeArrayDirectGetInsertProc"}) {
-        entries.objectInserter = host.begin<PluginObjectArrayInsertProc>(name);
+    for (const auto& entry : {entries::PluginObjectArrayInsertProc,
+                              entries::RuntimeArrayDirectGetInsertProc.as<PluginObjectArrayInsertProc>()}) {
+        entries.objectInserter = host.begin(entry);
         if (entries.objectInserter && entries.create) askObjects(host, entries);
     }
-    if (!entries.doubleInserter)
-        entries.doubleInserter = host.entry<PluginDoubleArrayInsertProc>("PluginDoubleArrayInsertProc");
-    for (const char* name : {"PluginDoubleArrayGetProc", "RuntimeArrayDirectGetGetProc"}) {
-        entries.getter = host.begin<PluginDoubleArrayGetProc>(name);
+    if (!entries.doubleInserter) entries.doubleInserter = host.entry(entries::PluginDoubleArrayInsertProc);
+    for (const auto& entry : {entries::PluginDoubleArrayGetProc, entries::RuntimeArrayDirectGetGetProc}) {
+        entries.getter = host.begin(entry);
         if (entries.getter && entries.create && entries.doubleInserter) askGetting(host, entries);
     }
 }
 
 void askBlocks(const Host& host) {
     Report& report = host.report;
-    const auto unlock = host.entry<REALUnlockObjectProc>("REALUnlockObject");
-    const auto lock = life().wasHeld ? host.entry<REALLockObjectProc>("REALLockObject") : nullptr;
-    const auto make = host.begin<NewMemoryBlockProc>("newMemoryBlock");
+    const auto unlock = host.entry(entries::REALUnlockObject);
+    const auto lock = life().wasHeld ? host.entry(entries::REALLockObject) : nullptr;
+    const auto make = host.begin(entries::newMemoryBlock);
     REALmemoryBlockStruct* const block = make ? make(16) : nullptr;
     auto* const object = reinterpret_cast<REALobjectStruct*>(block);
     if (make) {
@@ -140,21 +138,21 @@ void askBlocks(const Host& host) {
     }
     if (block && lock) lock(object); // what a plugin does before it reads
     unsigned char* bytes = nullptr;
-    if (block && host.version < hidesStorage) {
+    if (block && host.version < REAL_SINCE_HIDDEN_STORAGE) {
         bytes = fieldAt<unsigned char*>(block, REALmemoryBlockBytesOffset);
         const auto size = fieldAt<std::int32_t>(block, REALmemoryBlockSizeOffset);
         report.expect(bytes && size == 16, "does not show 16 bytes at the offsets of the contract");
     }
-    const auto getBytes = host.begin<MemoryBlockGetPtrProc>("memoryBlockGetPtr", hidesStorage);
+    const auto getBytes = host.begin(entries::memoryBlockGetPtr, true);
     if (getBytes && block) {
         auto* const answered = static_cast<unsigned char*>(getBytes(block));
         report.expect(answered, "answers null for a block of 16 bytes");
         report.expect(!bytes || bytes == answered, "answers other bytes than the record shows");
         bytes = answered;
     }
-    const auto getSize = host.begin<MemoryBlockGetSizeProc>("memoryBlockGetSize", hidesStorage);
+    const auto getSize = host.begin(entries::memoryBlockGetSize, true);
     if (getSize && block) report.expect(getSize(block) == 16, "answers " + std::to_string(getSize(block)) + " for 16 bytes");
-    if (make) host.begin<NewMemoryBlockProc>("newMemoryBlock");
+    if (make) host.begin(entries::newMemoryBlock);
     if (bytes) {
         unsigned char none[16] = {};
         report.expect(std::memcmp(bytes, none, sizeof none) == 0, "does not zero the bytes");

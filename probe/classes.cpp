@@ -39,18 +39,18 @@ HostInteger complaints() { return static_cast<HostInteger>(theHost->report.compl
 
 REALstringStruct* report() {
     const std::string text = theHost->report.text();
-    const auto build = theHost->entry<REALBuildStringProc>("REALBuildString");
-    const auto tag = theHost->entry<REALSetStringEncodingProc>("REALSetStringEncoding");
+    const auto build = theHost->entry(entries::REALBuildString);
+    const auto tag = theHost->entry(entries::REALSetStringEncoding);
     REALstringStruct* const string = build ? build(text.data(), static_cast<std::int32_t>(text.size())) : nullptr;
-    if (string && tag) tag(string, 0x08000100);
+    if (string && tag) tag(string, REALencodingUTF8);
     return string;
 }
 
 // Raises, as any function of a plugin may, an exception with a message. Host code catches it.
 void raise() {
-    const auto record = theHost->begin<RuntimeRaiseExceptionProc>("RuntimeRaiseException");
-    const auto make = theHost->entry<PluginNewInstanceProc>("PluginNewInstance");
-    const auto unlock = theHost->entry<REALUnlockObjectProc>("REALUnlockObject");
+    const auto record = theHost->begin(entries::RuntimeRaiseException);
+    const auto make = theHost->entry(entries::PluginNewInstance);
+    const auto unlock = theHost->entry(entries::REALUnlockObject);
     REALobjectStruct* const exception = make ? make(exceptionName) : nullptr;
     if (!record || !unlock || !exception) return theHost->report.complain("cannot be asked without a new exception");
     record(exception);
@@ -64,7 +64,7 @@ Method row(void (*function)(), const char* declaration) {
     Method method = {};
     method.function = reinterpret_cast<REALfunction>(function);
     method.declaration = declaration;
-    method.flags = 4;
+    method.flags = REALmethodFlags;
     return method;
 }
 
@@ -85,7 +85,7 @@ struct Records {
         own.destructor = reinterpret_cast<REALfunction>(destroy);
         own.sharedMethods = methods;
         own.sharedMethodCount = 3;
-        own.flags = exception.flags = 4;
+        own.flags = exception.flags = REALclassFlags;
         exception.name = exceptionName;
         exception.superName = "RuntimeException";
         exception.destructor = reinterpret_cast<REALfunction>(destroyException);
@@ -114,17 +114,17 @@ Life& life() {
 }
 
 std::int32_t controlVersion(double hostVersion) {
-    return hostVersion >= 2013.04   ? 13
-           : hostVersion >= 2013.03 ? 12
-           : hostVersion >= 2013.0  ? 11
-           : hostVersion >= 2012.0  ? 10
-                                    : 9;
+#define PROBE_CONTROL_VERSION(from, controlVersion)                                                                         \
+    if (hostVersion >= from) return controlVersion;
+    REAL_CONTROL_VERSIONS(PROBE_CONTROL_VERSION)
+#undef PROBE_CONTROL_VERSION
+    return REALcontrolVersionLegacy;
 }
 
 void registerClasses(const Host& host, PluginRegisterClassProc registerClass) {
     theHost = &host;
     const std::int32_t version = controlVersion(host.version);
-    if (version > 9) {
+    if (version > REALcontrolVersionLegacy) {
         registerAll<Records<REALclassDefinition, REALmethodDefinition>>(host, registerClass, version);
     } else {
         registerAll<Records<REALclassDefinitionLegacy, REALmethodDefinitionLegacy>>(host, registerClass, version);

@@ -10,23 +10,40 @@
 
 namespace probe {
 
+// An entry point of the contract, and the host version that introduced it.
+template <class Procedure>
+struct EntryPoint {
+    const char* name;
+    double since;
+
+    // The same entry, called as another type: the older insert entry serves arrays of both kinds.
+    template <class Other>
+    constexpr EntryPoint<Other> as() const {
+        return {name, since};
+    }
+};
+namespace entries {
+#define PROBE_ENTRY(entry, Procedure, since) constexpr EntryPoint<::Procedure> entry{#entry, since};
+REAL_ENTRY_POINTS(PROBE_ENTRY)
+#undef PROBE_ENTRY
+} // namespace entries
+
 struct Host {
     REALresolver resolver;
     double version;
     Report& report;
 
     template <class Procedure>
-    Procedure entry(const char* name) const {
-        return reinterpret_cast<Procedure>(resolver(name));
+    Procedure entry(EntryPoint<Procedure> point) const {
+        return reinterpret_cast<Procedure>(resolver(point.name));
     }
 
-    // Opens the entry's finding. Null when the host does not offer it; that is a complaint where its version promises it,
-    // `since` 0.0: none does.
+    // Opens the entry's finding. Null when the host does not offer it; that is a complaint where its version requires it.
     template <class Procedure>
-    Procedure begin(const char* name, double since = 0.0) const {
-        const auto procedure = entry<Procedure>(name);
-        report.begin(name, procedure != nullptr);
-        if (!procedure && since > 0.0 && version >= since)
+    Procedure begin(EntryPoint<Procedure> point, bool isRequired = false) const {
+        const auto procedure = entry(point);
+        report.begin(point.name, procedure != nullptr);
+        if (!procedure && isRequired && version >= point.since)
             report.complain("missing, though plugins of a host of this version count on it");
         return procedure;
     }

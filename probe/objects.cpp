@@ -10,8 +10,8 @@ constexpr const char* hostException = "RuntimeException"; // of every host, with
 
 // Text as bytes, of a string that the host built; gives it up.
 std::string take(const Host& host, REALstringStruct* string) {
-    const auto lock = host.entry<REALLockStringProc>("REALLockString");
-    const auto unlock = host.entry<REALUnlockStringProc>("REALUnlockString");
+    const auto lock = host.entry(entries::REALLockString);
+    const auto unlock = host.entry(entries::REALUnlockString);
     if (!string || !lock || !unlock) return "";
     lock(string);
     const auto* const buffer = fieldAt<const char*>(string, REALstringBufferOffset);
@@ -53,11 +53,11 @@ void askReferences(const Host& host, PluginNewInstanceProc make, REALLockObjectP
 }
 
 void askText(const Host& host, REALobjectStruct* object) {
-    const auto get = host.entry<REALGetPropValueStringProc>("REALGetPropValueString");
-    const auto set = host.entry<REALSetPropValueStringProc>("REALSetPropValueString");
-    const auto build = host.entry<REALBuildStringProc>("REALBuildString");
-    const auto unlock = host.entry<REALUnlockStringProc>("REALUnlockString");
-    if (!get || !set || !build || !unlock || !host.entry<REALLockStringProc>("REALLockString")) return;
+    const auto get = host.entry(entries::REALGetPropValueString);
+    const auto set = host.entry(entries::REALSetPropValueString);
+    const auto build = host.entry(entries::REALBuildString);
+    const auto unlock = host.entry(entries::REALUnlockString);
+    if (!get || !set || !build || !unlock || !host.entry(entries::REALLockString)) return;
     REALstringStruct* const text = build("a message", 9);
     set(object, "Message", text);
     unlock(text);
@@ -76,46 +76,48 @@ void askStart(const Host& host) {
     Report& report = host.report;
     report.begin("(resolver)", true);
     report.expect(host.resolver("ChromaNoSuchEntry") == nullptr, "answers an address for a name that no host has");
-    for (const char* name : {"PluginNewInstance", "REALBuildString", "REALLockObject"})
+    for (const char* name : {entries::PluginNewInstance.name, entries::REALBuildString.name, entries::REALLockObject.name})
         report.expect(host.resolver(name) == host.resolver(name), std::string("answers two addresses for ") + name);
 
-    if (const auto version = host.begin<REALGetRBVersionProc>("REALGetRBVersion", 0.0)) {
+    if (const auto version = host.begin(entries::REALGetRBVersion)) {
         report.expect(version() == version(), "changes, or is not a number");
         report.expect(version() > 0.0, "is not above 0");
     }
-    if (const auto announce = host.begin<RegisterPluginVersionProc>("RegisterPluginVersion")) {
+    if (const auto announce = host.begin(entries::RegisterPluginVersion)) {
         announce(controlVersion(host.version));
         report.returned();
     }
-    if (const auto add = host.begin<PluginRegisterClassProc>("PluginRegisterClass")) registerClasses(host, add);
+    if (const auto add = host.begin(entries::PluginRegisterClass)) registerClasses(host, add);
 }
 
 void askObjects(const Host& host) {
     Report& report = host.report;
-    const auto make = host.begin<PluginNewInstanceProc>("PluginNewInstance");
-    const auto unlock = host.entry<REALUnlockObjectProc>("REALUnlockObject");
+    const auto make = host.begin(entries::PluginNewInstance);
+    const auto unlock = host.entry(entries::REALUnlockObject);
     if (make) askInstances(host, make, unlock);
-    const auto lock = host.begin<REALLockObjectProc>("REALLockObject");
+    const auto lock = host.begin(entries::REALLockObject);
     if (lock) askReferences(host, make, lock, unlock);
-    if (host.begin<REALUnlockObjectProc>("REALUnlockObject")) askReferences(host, make, nullptr, unlock);
-    host.begin<RuntimeRaiseExceptionProc>("RuntimeRaiseException"); // asked in ChromaProbe.Raise, under host code
+    if (host.begin(entries::REALUnlockObject)) askReferences(host, make, nullptr, unlock);
+    host.begin(entries::RuntimeRaiseException); // asked in ChromaProbe.Raise, under host code
 
     REALobjectStruct* const exception = make ? make(hostException) : nullptr;
-    for (const char* name : {"REALSetPropValueString", "REALGetPropValueString"}) {
-        if (!host.begin<REALSetPropValueStringProc>(name) || !make) continue;
+    for (const bool isSet : {true, false}) {
+        const bool isOffered = isSet ? host.begin(entries::REALSetPropValueString) != nullptr
+                                     : host.begin(entries::REALGetPropValueString) != nullptr;
+        if (!isOffered || !make) continue;
         if (exception) {
             askText(host, exception);
         } else {
             report.complain("there is no class RuntimeException to set a Message of");
         }
     }
-    for (const char* name : {"REALSetPropValueInteger", "REALSetPropValueInt"}) {
-        const auto setNumber = host.begin<REALSetPropValueIntegerProc>(name);
+    for (const auto& entry : {entries::REALSetPropValueInteger, entries::REALSetPropValueInt}) {
+        const auto setNumber = host.begin(entry);
         if (!setNumber || !exception) continue;
         setNumber(exception, "ErrorNumber", 7);
         report.returned();
     }
-    if (const auto isA = host.begin<ChromaObjectIsAProc>("ChromaObjectIsA"); isA && exception) {
+    if (const auto isA = host.begin(entries::ChromaObjectIsA); isA && exception) {
         report.expect(isA(exception, hostException) == 1, "denies an object its own class");
         report.expect(isA(exception, className) == 0, "takes an exception for a ChromaProbe");
         REALobjectStruct* const descendant = make("ChromaProbeException");

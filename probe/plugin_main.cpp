@@ -6,7 +6,7 @@ extern "C" __attribute__((visibility("default"))) void REALPluginMain(REALresolv
     if (!resolver) return;             // nothing can be asked
     auto& report = *new probe::Report; // both live as long as the process, for calls from host code
     auto& host = *new probe::Host{resolver, 0.0, report};
-    if (const auto version = host.entry<REALGetRBVersionProc>("REALGetRBVersion")) host.version = version();
+    if (const auto version = host.entry(probe::entries::REALGetRBVersion)) host.version = version();
     report.hostVersion = host.version;
     probe::askStart(host);
     probe::askObjects(host);

@@ -13,9 +13,6 @@ namespace probe {
 
 namespace {
 
-constexpr std::uint32_t macRoman = 0, utf16 = 0x0100, latin1 = 0x0201, windowsLatin1 = 0x0500, ascii = 0x0600,
-                        utf8 = 0x08000100, utf32 = 0x0C000100, unknown = 0xFFFF;
-
 std::string units(std::u16string_view text) { return {reinterpret_cast<const char*>(text.data()), 2 * text.size()}; }
 std::string units(std::u32string_view text) { return {reinterpret_cast<const char*>(text.data()), 4 * text.size()}; }
 
@@ -28,13 +25,13 @@ struct Sample {
 
 const std::vector<Sample>& samples() {
     static const std::vector<Sample> all = {
-        {"ASCII", ascii, "plain", "plain"},
-        {"UTF-8", utf8, "h\xC3\xA9 \xE2\x82\xAC \xF0\x9D\x84\x9E", "h\xC3\xA9 \xE2\x82\xAC \xF0\x9D\x84\x9E"},
-        {"UTF-16", utf16, units(u"h\u00E9 \u20AC \U0001D11E"), "h\xC3\xA9 \xE2\x82\xAC \xF0\x9D\x84\x9E"},
-        {"UTF-32", utf32, units(U"h\u00E9 \U0001D11E"), "h\xC3\xA9 \xF0\x9D\x84\x9E"},
-        {"Mac Roman", macRoman, "\x8E\xDB", "\xC3\xA9\xE2\x82\xAC"},
-        {"ISO Latin 1", latin1, "\xE9\xA4", "\xC3\xA9\xC2\xA4"},
-        {"Windows Latin 1", windowsLatin1, "\xE9\x80", "\xC3\xA9\xE2\x82\xAC"},
+        {"ASCII", REALencodingASCII, "plain", "plain"},
+        {"UTF-8", REALencodingUTF8, "h\xC3\xA9 \xE2\x82\xAC \xF0\x9D\x84\x9E", "h\xC3\xA9 \xE2\x82\xAC \xF0\x9D\x84\x9E"},
+        {"UTF-16", REALencodingUTF16, units(u"h\u00E9 \u20AC \U0001D11E"), "h\xC3\xA9 \xE2\x82\xAC \xF0\x9D\x84\x9E"},
+        {"UTF-32", REALencodingUTF32, units(U"h\u00E9 \U0001D11E"), "h\xC3\xA9 \xF0\x9D\x84\x9E"},
+        {"Mac Roman", REALencodingMacRoman, "\x8E\xDB", "\xC3\xA9\xE2\x82\xAC"},
+        {"ISO Latin 1", REALencodingLatin1, "\xE9\xA4", "\xC3\xA9\xC2\xA4"},
+        {"Windows Latin 1", REALencodingWindowsLatin1, "\xE9\x80", "\xC3\xA9\xE2\x82\xAC"},
     };
     return all;
 }
@@ -85,7 +82,8 @@ void askBuilding(const Entries& entries, Report& report) {
     report.expect(entries.bytesOf(string) == kept,
                   "the string " + instead(entries.bytesOf(string), kept) +
                       ": they must be copied, zeros and all, to behind the first of the buffer");
-    if (entries.encoding) report.expect(entries.encoding(string) == unknown, "records an encoding that nobody told it");
+    if (entries.encoding)
+        report.expect(entries.encoding(string) == REALencodingUnknown, "records an encoding that nobody told it");
     entries.drop(string);
     REALstringStruct* const none = entries.build("", 0);
     report.expect(entries.bytesOf(none).empty(), "a string of no bytes has some");
@@ -126,14 +124,14 @@ void askBuildingEncoded(const Entries& entries, Report& report) {
 }
 
 void askConversion(const Entries& entries, Report& report) {
-    report.expect(entries.convert(nullptr, utf8) == nullptr, "answers a string for null");
+    report.expect(entries.convert(nullptr, REALencodingUTF8) == nullptr, "answers a string for null");
     for (const Sample& sample : samples()) {
         REALstringStruct* const string = entries.tagged(sample);
-        REALstringStruct* const converted = entries.convert(string, utf8);
+        REALstringStruct* const converted = entries.convert(string, REALencodingUTF8);
         report.expect(entries.bytesOf(converted) == sample.inUTF8,
                       std::string(sample.name) + " to UTF-8 " + instead(entries.bytesOf(converted), sample.inUTF8));
         if (converted && entries.encoding)
-            report.expect(entries.encoding(converted) == utf8,
+            report.expect(entries.encoding(converted) == REALencodingUTF8,
                           std::string(sample.name) + " to UTF-8 is not recorded as UTF-8");
         report.expect(entries.bytesOf(string) == sample.bytes,
                       std::string(sample.name) + ": converting changes the original");
@@ -142,7 +140,7 @@ void askConversion(const Entries& entries, Report& report) {
     }
     const Sample& wide = samples()[2];
     REALstringStruct* const text = entries.tagged(samples()[1]);
-    REALstringStruct* const back = entries.convert(text, utf16);
+    REALstringStruct* const back = entries.convert(text, REALencodingUTF16);
     report.expect(entries.bytesOf(back) == wide.bytes, "UTF-8 to UTF-16 " + instead(entries.bytesOf(back), wide.bytes));
     entries.drop(back);
     entries.drop(text);
@@ -154,7 +152,7 @@ void askPlatformStrings(const Entries& entries, Report& report) {
         const void* const text = entries.cfString(string, 0);
         char found[64] = "";
         if (text) {
-            if (!CFStringGetCString(text, found, sizeof found, utf8)) found[0] = '\0';
+            if (!CFStringGetCString(text, found, sizeof found, REALencodingUTF8)) found[0] = '\0';
             CFRelease(text); // the caller's
         }
         report.expect(found == sample.inUTF8, std::string(sample.name) + " " + instead(found, sample.inUTF8));
@@ -177,23 +175,25 @@ std::string hex(const std::string& bytes) {
 void askStrings(const Host& host) {
     Report& report = host.report;
     Entries entries = {};
-    entries.lock = host.entry<REALLockStringProc>("REALLockString");
-    entries.unlock = host.entry<REALUnlockStringProc>("REALUnlockString");
-    entries.encoding = host.entry<REALGetStringEncodingProc>("REALGetStringEncoding");
-    entries.setEncoding = host.entry<REALSetStringEncodingProc>("REALSetStringEncoding");
-    entries.build = host.begin<REALBuildStringProc>("REALBuildString");
+    entries.lock = host.entry(entries::REALLockString);
+    entries.unlock = host.entry(entries::REALUnlockString);
+    entries.encoding = host.entry(entries::REALGetStringEncoding);
+    entries.setEncoding = host.entry(entries::REALSetStringEncoding);
+    entries.build = host.begin(entries::REALBuildString);
     const bool canRead = entries.build && entries.lock && entries.unlock;
     if (canRead) askBuilding(entries, report);
-    for (const char* name : {"REALLockString", "REALUnlockString"})
-        if (host.begin<REALLockStringProc>(name) && canRead) askReferences(entries, report);
-    for (const char* name : {"REALGetStringEncoding", "REALSetStringEncoding"})
-        if (host.begin<REALGetStringEncodingProc>(name) && canRead && entries.encoding && entries.setEncoding)
+    for (const auto& entry : {entries::REALLockString, entries::REALUnlockString})
+        if (host.begin(entry) && canRead) askReferences(entries, report);
+    for (const bool isGet : {true, false})
+        if ((isGet ? host.begin(entries::REALGetStringEncoding) != nullptr
+                   : host.begin(entries::REALSetStringEncoding) != nullptr) &&
+            canRead && entries.encoding && entries.setEncoding)
             askTags(entries, report);
-    entries.buildEncoded = host.begin<REALBuildStringWithEncodingProc>("REALBuildStringWithEncoding", 2012.0);
+    entries.buildEncoded = host.begin(entries::REALBuildStringWithEncoding, true);
     if (entries.buildEncoded && canRead) askBuildingEncoded(entries, report);
-    entries.convert = host.begin<REALConvertStringProc>("REALConvertString");
+    entries.convert = host.begin(entries::REALConvertString);
     if (entries.convert && canRead && entries.setEncoding) askConversion(entries, report);
-    entries.cfString = host.begin<REALGetStringCFStringProc>("REALGetStringCFString");
+    entries.cfString = host.begin(entries::REALGetStringCFString);
     if (entries.cfString && canRead && entries.setEncoding) askPlatformStrings(entries, report);
 }
 

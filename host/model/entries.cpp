@@ -38,11 +38,14 @@ auto orNull(Body body) noexcept -> decltype(body()) {
     }
 }
 
+// The functions have the names of the entries, so that the list of the contract is the table.
+namespace offered {
+
 // ---- Version and classes
 
-double getVersion() { return process().version; }
+double REALGetRBVersion() { return process().version; }
 
-void registerPluginVersion(std::int32_t controlVersion) { process().controlVersion = controlVersion; }
+void RegisterPluginVersion(std::int32_t controlVersion) { process().controlVersion = controlVersion; }
 
 void takeRecord(REALclassDefinition& record) {
     const bool mayAnnounce = resolveEntry("RegisterPluginVersion") != nullptr;
@@ -53,7 +56,7 @@ void takeRecord(REALclassDefinition& record) {
     registry().add(record);
 }
 
-void registerClass(REALclassDefinition* record) {
+void PluginRegisterClass(REALclassDefinition* record) {
     orNull([&] {
         if (record) takeRecord(*record);
     });
@@ -61,36 +64,39 @@ void registerClass(REALclassDefinition* record) {
 
 // ---- Objects
 
-Object* newInstance(const char* className) {
+Object* PluginNewInstance(const char* className) {
     return orNull([&]() -> Object* {
         ClassInfo* const info = className ? registry().find(className) : nullptr;
         return info ? newObject(*info) : nullptr;
     });
 }
 
-HostBoolean objectIsA(Object* object, const char* className) { return object && className && isKindOf(object, className); }
+HostBoolean ChromaObjectIsA(Object* object, const char* className) {
+    return object && className && isKindOf(object, className);
+}
 
-void lockObject(Object* object) { lock(object); }
-void unlockObject(Object* object) { unlock(object); }
+void REALLockObject(Object* object) { lock(object); }
+void REALUnlockObject(Object* object) { unlock(object); }
 
-void raiseException(Object* exception) { raise(exception); }
+void RuntimeRaiseException(Object* exception) { raise(exception); }
 
 const Property* propertyOf(const Object* object, const char* name, Kind kind) {
     const Property* const property = object && name ? object->info->findProperty(name) : nullptr;
     return property && property->type == Type{kind, false, {}} ? property : nullptr;
 }
 
-void setPropertyString(Object* object, const char* name, String* value) {
+void REALSetPropValueString(Object* object, const char* name, String* value) {
     const Property* const property = propertyOf(object, name, Kind::string);
     if (property && property->setter) writeProperty(*property, object, Slot::ofString(value));
 }
 
-void setPropertyInteger(Object* object, const char* name, std::int32_t value) {
+void REALSetPropValueInteger(Object* object, const char* name, std::int32_t value) {
     const Property* const property = propertyOf(object, name, Kind::integer);
     if (property && property->setter) writeProperty(*property, object, Slot::ofInteger(value));
 }
+constexpr auto REALSetPropValueInt = REALSetPropValueInteger;
 
-HostBoolean getPropertyString(Object* object, const char* name, String** value) {
+HostBoolean REALGetPropValueString(Object* object, const char* name, String** value) {
     const Property* const property = propertyOf(object, name, Kind::string);
     if (!property || !property->getter || !value) return 0;
     *value = readProperty(*property, object).string;
@@ -99,32 +105,32 @@ HostBoolean getPropertyString(Object* object, const char* name, String** value) 
 
 // ---- Strings
 
-String* buildStringWithEncoding(const void* bytes, std::int32_t length, std::uint32_t encoding) {
+String* REALBuildStringWithEncoding(const void* bytes, std::int32_t length, std::uint32_t encoding) {
     if (!bytes || length <= 0) return nullptr;
     return newString({static_cast<const char*>(bytes), static_cast<std::size_t>(length)}, encoding);
 }
 
-String* buildString(const void* bytes, std::int32_t length) {
-    return buildStringWithEncoding(bytes, length, encoding::unknown);
+String* REALBuildString(const void* bytes, std::int32_t length) {
+    return REALBuildStringWithEncoding(bytes, length, encoding::unknown);
 }
 
-std::uint32_t getStringEncoding(String* string) { return encodingOf(string); }
-void setStringEncoding(String* string, std::uint32_t encoding) { setEncoding(string, encoding); }
+std::uint32_t REALGetStringEncoding(String* string) { return encodingOf(string); }
+void REALSetStringEncoding(String* string, std::uint32_t encoding) { setEncoding(string, encoding); }
 
-String* convertString(String* string, std::uint32_t encoding) {
+String* REALConvertString(String* string, std::uint32_t encoding) {
     return orNull([&] { return convert(string, encoding); });
 }
 
-void lockString(String* string) { lock(string); }
-void unlockString(String* string) { unlock(string); }
+void REALLockString(String* string) { lock(string); }
+void REALUnlockString(String* string) { unlock(string); }
 
-const void* getStringCFString(String* string, std::int32_t) {
+const void* REALGetStringCFString(String* string, std::int32_t) {
     return string ? platform::newCFString(bytesOf(string), encodingOf(string)) : nullptr;
 }
 
 // ---- Arrays
 
-void* createArray(std::int32_t elementType, std::int32_t upperBound) {
+void* RuntimeArrayCreateSingleDimBoundedArray(std::int32_t elementType, std::int32_t upperBound) {
     return orNull([&]() -> void* {
         if (upperBound < -1) return nullptr;
         switch (elementType) {
@@ -137,7 +143,7 @@ void* createArray(std::int32_t elementType, std::int32_t upperBound) {
 
 Array* arrayFrom(void* array) { return asArray(static_cast<Object*>(array)); }
 
-std::int32_t arrayUpperBound(void* array) {
+std::int32_t RuntimeUBound(void* array) {
     const Array* const found = arrayFrom(array);
     return found ? upperBound(found) : -1;
 }
@@ -183,22 +189,25 @@ bool holdsObjects(void* array) {
     return found && elementType(found).isObjectReference();
 }
 
-REALarrayInsertDoubleProc doubleInsertFor(void* array) { return holdsDoubles(array) ? insertDouble : nullptr; }
-REALarrayInsertObjectProc objectInsertFor(void* array) { return holdsObjects(array) ? insertObject : nullptr; }
-REALarrayGetDoubleProc doubleGetFor(void* array) { return holdsDoubles(array) ? getDouble : nullptr; }
+REALarrayInsertDoubleProc PluginDoubleArrayInsertProc(void* array) { return holdsDoubles(array) ? insertDouble : nullptr; }
+REALarrayInsertObjectProc PluginObjectArrayInsertProc(void* array) { return holdsObjects(array) ? insertObject : nullptr; }
+REALarrayGetDoubleProc PluginDoubleArrayGetProc(void* array) { return holdsDoubles(array) ? getDouble : nullptr; }
+constexpr auto RuntimeArrayDirectGetGetProc = PluginDoubleArrayGetProc;
 
-void* directInsertFor(void* array) {
+void* RuntimeArrayDirectGetInsertProc(void* array) {
     if (holdsDoubles(array)) return bound(insertDouble);
     return holdsObjects(array) ? bound(insertObject) : nullptr;
 }
 
 // ---- Memory blocks
 
-MemoryBlock* createMemoryBlock(std::int32_t size) {
-    return orNull([&] { return newMemoryBlock(size); });
+MemoryBlock* newMemoryBlock(std::int32_t size) {
+    return orNull([&] { return host::newMemoryBlock(size); });
 }
-void* memoryBlockBytes(MemoryBlock* block) { return block ? bytesOf(block) : nullptr; }
-std::int32_t memoryBlockSize(MemoryBlock* block) { return block ? sizeOf(block) : 0; }
+void* memoryBlockGetPtr(MemoryBlock* block) { return block ? bytesOf(block) : nullptr; }
+std::int32_t memoryBlockGetSize(MemoryBlock* block) { return block ? sizeOf(block) : 0; }
+
+} // namespace offered
 
 // ---- The table
 
@@ -208,46 +217,10 @@ struct Entry {
     void* address;
 };
 
-// A function under the type that the contract gives it.
-template <class Contract>
-void* entry(Contract function) {
-    return reinterpret_cast<void*>(function);
-}
-
-// The newer names of entries that were renamed came with 2013.0; the older ones stay.
 const std::vector<Entry>& entries() {
-    static const std::vector<Entry> table = {
-        {"REALGetRBVersion", 0.0, entry<REALGetRBVersionProc>(getVersion)},
-        {"RegisterPluginVersion", 0.0, entry<RegisterPluginVersionProc>(registerPluginVersion)},
-        {"PluginRegisterClass", 0.0, entry<PluginRegisterClassProc>(registerClass)},
-        {"PluginNewInstance", 0.0, entry<PluginNewInstanceProc>(newInstance)},
-        {"ChromaObjectIsA", 0.0, entry(objectIsA)},
-        {"REALLockObject", 0.0, entry<REALLockObjectProc>(lockObject)},
-        {"REALUnlockObject", 0.0, entry<REALUnlockObjectProc>(unlockObject)},
-        {"REALLockString", 0.0, entry<REALLockStringProc>(lockString)},
-        {"REALUnlockString", 0.0, entry<REALUnlockStringProc>(unlockString)},
-        {"RuntimeRaiseException", 0.0, entry<RuntimeRaiseExceptionProc>(raiseException)},
-        {"REALSetPropValueString", 0.0, entry<REALSetPropValueStringProc>(setPropertyString)},
-        {"REALSetPropValueInteger", 2013.0, entry<REALSetPropValueIntegerProc>(setPropertyInteger)},
-        {"REALSetPropValueInt", 0.0, entry<REALSetPropValueIntegerProc>(setPropertyInteger)},
-        {"REALGetPropValueString", 0.0, entry<REALGetPropValueStringProc>(getPropertyString)},
-        {"REALBuildString", 0.0, entry<REALBuildStringProc>(buildString)},
-        {"REALBuildStringWithEncoding", 2012.0, entry<REALBuildStringWithEncodingProc>(buildStringWithEncoding)},
-        {"REALGetStringEncoding", 0.0, entry<REALGetStringEncodingProc>(getStringEncoding)},
-        {"REALSetStringEncoding", 0.0, entry<REALSetStringEncodingProc>(setStringEncoding)},
-        {"REALConvertString", 0.0, entry<REALConvertStringProc>(convertString)},
-        {"REALGetStringCFString", 0.0, entry<REALGetStringCFStringProc>(getStringCFString)},
-        {"RuntimeArrayCreateSingleDimBoundedArray", 0.0, entry<RuntimeArrayCreateProc>(createArray)},
-        {"RuntimeUBound", 0.0, entry<RuntimeUBoundProc>(arrayUpperBound)},
-        {"PluginDoubleArrayInsertProc", 2013.0, entry<PluginDoubleArrayInsertProc>(doubleInsertFor)},
-        {"PluginObjectArrayInsertProc", 2013.0, entry<PluginObjectArrayInsertProc>(objectInsertFor)},
-        {"RuntimeArrayDirectGetInsertProc", 0.0, entry(directInsertFor)},
-        {"PluginDoubleArrayGetProc", 2013.0, entry<PluginDoubleArrayGetProc>(doubleGetFor)},
-        {"RuntimeArrayDirectGetGetProc", 0.0, entry<PluginDoubleArrayGetProc>(doubleGetFor)},
-        {"newMemoryBlock", 0.0, entry<NewMemoryBlockProc>(createMemoryBlock)},
-        {"memoryBlockGetPtr", 2017.0, entry<MemoryBlockGetPtrProc>(memoryBlockBytes)},
-        {"memoryBlockGetSize", 2017.0, entry<MemoryBlockGetSizeProc>(memoryBlockSize)},
-    };
+#define HOST_ENTRY(name, Procedure, since) {#name, since, reinterpret_cast<void*>(static_cast<Procedure>(offered::name))},
+    static const std::vector<Entry> table = {REAL_ENTRY_POINTS(HOST_ENTRY)};
+#undef HOST_ENTRY
     return table;
 }
 
@@ -288,7 +261,7 @@ void startHost(const HostOptions& options) {
 }
 
 double hostVersion() { return process().version; }
-bool exposesStorage() { return process().version < 2017.0; }
+bool exposesStorage() { return process().version < REAL_SINCE_HIDDEN_STORAGE; }
 int announcedControlVersion() { return process().controlVersion; }
 
 void* resolveEntry(const char* name) {

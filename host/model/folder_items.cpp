@@ -231,7 +231,7 @@ void registerFolderItemClass(Registry& registry) {
     static REALclassDefinition record = builtInRecord("FolderItem", nullptr, 0, construct, destroy);
     record.properties = properties;
     record.propertyCount = std::size(properties);
-    if (hostVersion() < 2013.0) --record.propertyCount;
+    if (hostVersion() < REAL_SINCE_NATIVE_PATHS) --record.propertyCount;
     record.methods = methods;
     record.methodCount = std::size(methods);
     registry.add(record, true);

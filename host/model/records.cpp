@@ -21,7 +21,7 @@ std::size_t countOf(const void* members, REALword count) {
 RecordView::RecordView(const REALclassDefinition& record)
     : head_(reinterpret_cast<const REALclassDefinitionLegacy*>(&record)) {}
 
-bool RecordView::isLegacy() const { return head_->version == 9; }
+bool RecordView::isLegacy() const { return head_->version == REALcontrolVersionLegacy; }
 
 std::size_t RecordView::propertyCount() const { return countOf(head_->properties, head_->propertyCount); }
 std::size_t RecordView::methodCount() const { return countOf(head_->methods, head_->methodCount); }

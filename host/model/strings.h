@@ -14,14 +14,14 @@ namespace host {
 using Encoding = std::uint32_t; // a CFStringEncoding value
 
 namespace encoding {
-constexpr Encoding macRoman = 0x00000000;
-constexpr Encoding utf16 = 0x00000100; // in the machine's byte order
-constexpr Encoding isoLatin1 = 0x00000201;
-constexpr Encoding windowsLatin1 = 0x00000500;
-constexpr Encoding ascii = 0x00000600;
-constexpr Encoding utf8 = 0x08000100;
-constexpr Encoding utf32 = 0x0C000100; // in the machine's byte order
-constexpr Encoding unknown = 0x0000FFFF;
+constexpr Encoding macRoman = REALencodingMacRoman;
+constexpr Encoding utf16 = REALencodingUTF16;
+constexpr Encoding isoLatin1 = REALencodingLatin1;
+constexpr Encoding windowsLatin1 = REALencodingWindowsLatin1;
+constexpr Encoding ascii = REALencodingASCII;
+constexpr Encoding utf8 = REALencodingUTF8;
+constexpr Encoding utf32 = REALencodingUTF32;
+constexpr Encoding unknown = REALencodingUnknown;
 } // namespace encoding
 
 // Returns a new string with a copy of the bytes and one reference for the caller, or null for no bytes and when memory is

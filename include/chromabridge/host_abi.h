@@ -8,8 +8,7 @@
  * Threads. Every call, in both directions, is made on the host's one calling thread.
  *
  * Text. Names and declarations are NUL-terminated ASCII and live as long as the library. Host strings carry an encoding, a
- * CFStringEncoding value (0x08000100 is UTF-8, 0x0100 UTF-16 in machine order, 0xFFFF unknown). Names of host types are the
- * same in upper and lower case.
+ * CFStringEncoding value. Names of host types are the same in upper and lower case.
  *
  * References. A host object, string, array or memory block that an entry creates or returns carries one reference that its
  * receiver owns: it gives it up with REALUnlockObject or REALUnlockString, or hands it out as its own result. Arguments are
@@ -44,6 +43,24 @@
 extern "C" {
 #endif
 
+/* ---- Versions */
+
+/* Host versions at which plugins change what they use. A host reports its version through REALGetRBVersion. */
+#define REAL_SINCE_ENCODED_STRINGS 2012.0 /* REALBuildStringWithEncoding */
+#define REAL_SINCE_NATIVE_PATHS 2013.0    /* the property NativePath of folder items; UTF-32 text; renamed entry points */
+#define REAL_SINCE_HIDDEN_STORAGE 2017.0  /* memoryBlockGetPtr and memoryBlockGetSize; storage no longer shows at offsets */
+
+/* Control versions. The control version selects the layout of the class records. */
+enum { REALcontrolVersionLegacy = 9, REALcontrolVersionCurrent = 13 };
+
+/* The control version for each host version, as X(host version, control version), newest first. The first row with a host
+ * version that is not greater than the host's applies. Without such a row, REALcontrolVersionLegacy applies. */
+#define REAL_CONTROL_VERSIONS(X)                                                                                            \
+    X(2013.04, 13)                                                                                                          \
+    X(2013.03, 12)                                                                                                          \
+    X(2013.0, 11)                                                                                                           \
+    X(2012.0, 10)
+
 /* ---- Values */
 
 /* Host values are opaque. A null object is Nil, a null string the empty string. */
@@ -62,6 +79,19 @@ typedef uint32_t HostColor;
 
 /* The host type "boolean": one byte, 0 or 1. */
 typedef uint8_t HostBoolean;
+
+/* Encodings of strings: CFStringEncoding values. UTF-16 and UTF-32 are in the machine's byte order. Other CFStringEncoding
+ * values are allowed. Text of unknown encoding is read as Mac Roman. */
+enum {
+    REALencodingMacRoman = 0x00000000,
+    REALencodingUTF16 = 0x00000100,
+    REALencodingLatin1 = 0x00000201,
+    REALencodingWindowsLatin1 = 0x00000500,
+    REALencodingASCII = 0x00000600,
+    REALencodingUnknown = 0x0000FFFF,
+    REALencodingUTF8 = 0x08000100,
+    REALencodingUTF32 = 0x0C000100
+};
 
 /* Byte offsets into host values, the same in every width; what lies there may be unaligned, so read it with memcpy. */
 enum {
@@ -85,6 +115,10 @@ enum {
 /* A number or flag set in a record takes one slot, as wide as a pointer: 32 bits in the 32-bit reference layout. A null
  * array goes with a count of 0. Every record and all it points at stay readable for the life of the process. */
 typedef intptr_t REALword;
+
+/* The flags of a record, by its kind. Plugins write these values. Their bits have no documented meaning, and a host may
+ * ignore them. */
+enum { REALclassFlags = 4, REALpropertyFlags = 6, REALmethodFlags = 4, REALconstantFlags = 0 };
 
 /* A function in a record; its real type follows from the declared signature:
  *   constructor, destructor, methods and getters take the object first; shared methods take no object;
@@ -287,7 +321,7 @@ typedef void (*REALSetStringEncodingProc)(REALstringStruct* string, uint32_t enc
 typedef REALstringStruct* (*REALConvertStringProc)(REALstringStruct* string, uint32_t encoding);
 
 /* "REALGetStringCFString": the text as a CFString that the caller releases, or null. `reserved` is 0. Without it, where it
- * answers null, and always where the recorded encoding is 0xFFFF, a string's bytes are read at their offsets, whatever the
+ * answers null, and always where the recorded encoding is unknown, a string's bytes are read at their offsets, whatever the
  * version; those of unknown encoding as Mac Roman. */
 typedef const void* (*REALGetStringCFStringProc)(REALstringStruct* string, int32_t reserved);
 
@@ -306,6 +340,7 @@ typedef double (*REALarrayGetDoubleProc)(void* array, int32_t index);
 typedef REALarrayInsertDoubleProc (*PluginDoubleArrayInsertProc)(void* array);
 typedef REALarrayInsertObjectProc (*PluginObjectArrayInsertProc)(void* array);
 typedef REALarrayGetDoubleProc (*PluginDoubleArrayGetProc)(void* array);
+typedef void* (*RuntimeArrayDirectGetInsertProc)(void* array); /* the insert procedure of either kind of array */
 
 /* "newMemoryBlock": a zero-filled block of `size` bytes, or null. */
 typedef REALmemoryBlockStruct* (*NewMemoryBlockProc)(int32_t size);
@@ -313,6 +348,39 @@ typedef REALmemoryBlockStruct* (*NewMemoryBlockProc)(int32_t size);
 /* "memoryBlockGetPtr", "memoryBlockGetSize" (2017.0 and later): the block's bytes and size in bytes. */
 typedef void* (*MemoryBlockGetPtrProc)(REALmemoryBlockStruct* block);
 typedef int32_t (*MemoryBlockGetSizeProc)(REALmemoryBlockStruct* block);
+
+/* Every entry point, as X(name, type, host version that introduced it). */
+#define REAL_ENTRY_POINTS(X)                                                                                                \
+    X(REALGetRBVersion, REALGetRBVersionProc, 0.0)                                                                          \
+    X(RegisterPluginVersion, RegisterPluginVersionProc, 0.0)                                                                \
+    X(PluginRegisterClass, PluginRegisterClassProc, 0.0)                                                                    \
+    X(PluginNewInstance, PluginNewInstanceProc, 0.0)                                                                        \
+    X(ChromaObjectIsA, ChromaObjectIsAProc, 0.0)                                                                            \
+    X(REALLockObject, REALLockObjectProc, 0.0)                                                                              \
+    X(REALUnlockObject, REALUnlockObjectProc, 0.0)                                                                          \
+    X(REALLockString, REALLockStringProc, 0.0)                                                                              \
+    X(REALUnlockString, REALUnlockStringProc, 0.0)                                                                          \
+    X(RuntimeRaiseException, RuntimeRaiseExceptionProc, 0.0)                                                                \
+    X(REALSetPropValueString, REALSetPropValueStringProc, 0.0)                                                              \
+    X(REALSetPropValueInteger, REALSetPropValueIntegerProc, REAL_SINCE_NATIVE_PATHS)                                        \
+    X(REALSetPropValueInt, REALSetPropValueIntegerProc, 0.0)                                                                \
+    X(REALGetPropValueString, REALGetPropValueStringProc, 0.0)                                                              \
+    X(REALBuildString, REALBuildStringProc, 0.0)                                                                            \
+    X(REALBuildStringWithEncoding, REALBuildStringWithEncodingProc, REAL_SINCE_ENCODED_STRINGS)                             \
+    X(REALGetStringEncoding, REALGetStringEncodingProc, 0.0)                                                                \
+    X(REALSetStringEncoding, REALSetStringEncodingProc, 0.0)                                                                \
+    X(REALConvertString, REALConvertStringProc, 0.0)                                                                        \
+    X(REALGetStringCFString, REALGetStringCFStringProc, 0.0)                                                                \
+    X(RuntimeArrayCreateSingleDimBoundedArray, RuntimeArrayCreateProc, 0.0)                                                 \
+    X(RuntimeUBound, RuntimeUBoundProc, 0.0)                                                                                \
+    X(PluginDoubleArrayInsertProc, PluginDoubleArrayInsertProc, REAL_SINCE_NATIVE_PATHS)                                    \
+    X(PluginObjectArrayInsertProc, PluginObjectArrayInsertProc, REAL_SINCE_NATIVE_PATHS)                                    \
+    X(PluginDoubleArrayGetProc, PluginDoubleArrayGetProc, REAL_SINCE_NATIVE_PATHS)                                          \
+    X(RuntimeArrayDirectGetInsertProc, RuntimeArrayDirectGetInsertProc, 0.0)                                                \
+    X(RuntimeArrayDirectGetGetProc, PluginDoubleArrayGetProc, 0.0)                                                          \
+    X(newMemoryBlock, NewMemoryBlockProc, 0.0)                                                                              \
+    X(memoryBlockGetPtr, MemoryBlockGetPtrProc, REAL_SINCE_HIDDEN_STORAGE)                                                  \
+    X(memoryBlockGetSize, MemoryBlockGetSizeProc, REAL_SINCE_HIDDEN_STORAGE)
 
 #ifdef __cplusplus
 }

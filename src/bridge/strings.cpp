@@ -117,7 +117,7 @@ REALstringStruct* build(const void* bytes, std::int32_t length, CFStringEncoding
     case kCFStringEncodingMacRoman:
     case kCFStringEncodingISOLatin1:
     case kCFStringEncodingWindowsLatin1:
-    case kUnknownEncoding: return buildTagged(bytes, length, isASCII(bytes, length) ? kCFStringEncodingASCII : encoding);
+    case REALencodingUnknown: return buildTagged(bytes, length, isASCII(bytes, length) ? kCFStringEncodingASCII : encoding);
     default: return buildTagged(bytes, length, encoding);
     }
 }
@@ -129,7 +129,7 @@ bool isBuildable(const void* bytes, std::int64_t length) { return bytes && lengt
 CFStringRef RBString2CFString(REALstringStruct* string) {
     if (!string) return nullptr;
     const CFStringEncoding encoding = REALGetStringEncoding(string);
-    if (encoding == kUnknownEncoding) return fromStorage(string, kCFStringEncodingMacRoman);
+    if (encoding == REALencodingUnknown) return fromStorage(string, kCFStringEncodingMacRoman);
     if (const CFStringRef answer = askHost(string)) return answer;
     return fromStorage(string, encoding);
 }

@@ -9,9 +9,6 @@
 
 namespace chroma {
 
-// What a host reports for a string of unknown encoding; such text is read as Mac Roman.
-constexpr CFStringEncoding kUnknownEncoding = 0xFFFF;
-
 // Returns a new platform string, which the caller releases, or null for the null host string and for text that is invalid
 // in its encoding.
 CFStringRef RBString2CFString(REALstringStruct* string);

@@ -2,6 +2,7 @@
 // objects of the platform's runtime ("toll-free bridged"), so a CFStringRef may receive an NSString's messages.
 #pragma once
 
+#include "chromabridge/host_abi.h"
 #include "platform/objc.h"
 
 #include <cstdint>
@@ -19,13 +20,14 @@ using CFURLPathStyle = CFIndex;
 using Boolean = unsigned char;
 using UniChar = std::uint16_t;
 
-constexpr CFStringEncoding kCFStringEncodingMacRoman = 0x00000000;
-constexpr CFStringEncoding kCFStringEncodingUnicode = 0x00000100; // UTF-16 in the machine's byte order
-constexpr CFStringEncoding kCFStringEncodingISOLatin1 = 0x00000201;
-constexpr CFStringEncoding kCFStringEncodingWindowsLatin1 = 0x00000500;
-constexpr CFStringEncoding kCFStringEncodingASCII = 0x00000600;
-constexpr CFStringEncoding kCFStringEncodingUTF8 = 0x08000100;
-constexpr CFStringEncoding kCFStringEncodingUTF32 = 0x0C000100; // UTF-32 in the machine's byte order
+// The encodings of host strings are CoreFoundation's.
+constexpr CFStringEncoding kCFStringEncodingMacRoman = REALencodingMacRoman;
+constexpr CFStringEncoding kCFStringEncodingUnicode = REALencodingUTF16;
+constexpr CFStringEncoding kCFStringEncodingISOLatin1 = REALencodingLatin1;
+constexpr CFStringEncoding kCFStringEncodingWindowsLatin1 = REALencodingWindowsLatin1;
+constexpr CFStringEncoding kCFStringEncodingASCII = REALencodingASCII;
+constexpr CFStringEncoding kCFStringEncodingUTF8 = REALencodingUTF8;
+constexpr CFStringEncoding kCFStringEncodingUTF32 = REALencodingUTF32;
 
 constexpr CFURLPathStyle kCFURLPOSIXPathStyle = 0;
 

@@ -79,7 +79,7 @@ bool rewriteInLegacyLayout(REALclassDefinition& record) {
 
 void MyREALRegisterClass(REALclassDefinition* record) {
     const std::int32_t version = CurrentREALControlVersion;
-    if (version <= 9 && !rewriteInLegacyLayout(*record)) return;
+    if (version <= REALcontrolVersionLegacy && !rewriteInLegacyLayout(*record)) return;
     record->instanceDataSize = (record->instanceDataSize + 15) / 16 * 16;
     record->version = version;
     REALRegisterClass(record);

@@ -12,28 +12,20 @@ namespace chroma {
 // One pointer, the native object.
 constexpr REALword kInstanceDataSize = sizeof(void*);
 
-// Flag values that the host expects; their bits are its own affair.
-constexpr REALword kClassFlags = 4;
-constexpr REALword kPropertyFlags = 6;
-constexpr REALword kMethodFlags = 4;
-
-// The control version of the layout in which the static tables are written.
-constexpr REALword kCurrentLayoutVersion = 13;
-
 // These are macros, because a constant initialiser can cast a function's address only as an expression.
 #define CHROMA_BOUND(function) reinterpret_cast<REALfunction>(&function)
 #define CHROMA_PROPERTY(name, type)                                                                                         \
     {                                                                                                                       \
-        nullptr, #name, type, chroma::kPropertyFlags, CHROMA_BOUND(name), nullptr, 0, {}                                    \
+        nullptr, #name, type, REALpropertyFlags, CHROMA_BOUND(name), nullptr, 0, {}                                         \
     }
 // The host itself reads and writes this property: the native object's pointer.
 #define CHROMA_HANDLE_PROPERTY                                                                                              \
     {                                                                                                                       \
-        nullptr, "Handle", "Integer", chroma::kPropertyFlags, REALstandardAccessor, REALstandardAccessor, 0, {}             \
+        nullptr, "Handle", "Integer", REALpropertyFlags, REALstandardAccessor, REALstandardAccessor, 0, {}                  \
     }
 #define CHROMA_METHOD(function, declaration)                                                                                \
     {                                                                                                                       \
-        CHROMA_BOUND(function), nullptr, declaration, chroma::kMethodFlags, {}                                              \
+        CHROMA_BOUND(function), nullptr, declaration, REALmethodFlags, {}                                                   \
     }
 
 // A class record. Each table is CHROMA_ROWS(array) or CHROMA_NO_ROWS.
@@ -41,9 +33,9 @@ constexpr REALword kCurrentLayoutVersion = 13;
 #define CHROMA_NO_ROWS nullptr, 0
 #define CHROMA_CLASS(name, superName, constructor, destructor, properties, methods, constants, sharedMethods)               \
     {                                                                                                                       \
-        chroma::kCurrentLayoutVersion, name, superName, chroma::kInstanceDataSize, 0, CHROMA_BOUND(constructor),            \
+        REALcontrolVersionCurrent, name, superName, chroma::kInstanceDataSize, 0, CHROMA_BOUND(constructor),                \
             CHROMA_BOUND(destructor), properties, methods, /* events */ nullptr, 0, /* event instances */ nullptr, 0,       \
-            /* interfaces */ nullptr, /* bindings */ nullptr, 0, constants, chroma::kClassFlags,                            \
+            /* interfaces */ nullptr, /* bindings */ nullptr, 0, constants, REALclassFlags,                                 \
             /* shared properties */ nullptr, 0, sharedMethods, /* delegates */ nullptr, 0, /* enumerations */ nullptr, 0    \
     }
 

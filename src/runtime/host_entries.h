@@ -13,10 +13,21 @@ namespace chroma {
 // null.
 extern REALresolver gResolver;
 
+// An entry of the contract, by name; the older name of a renamed entry has an EntryPoint too.
+template <class Procedure>
+struct EntryPoint {
+    const char* name;
+};
+namespace entries {
+#define CHROMA_ENTRY(entry, Procedure, since) constexpr EntryPoint<::Procedure> entry{#entry};
+REAL_ENTRY_POINTS(CHROMA_ENTRY)
+#undef CHROMA_ENTRY
+} // namespace entries
+
 // Looks up an entry that is used once, at the start. Returns null if the host does not provide the entry.
 template <class Procedure>
-Procedure resolveOnce(const char* entryName) {
-    return reinterpret_cast<Procedure>(gResolver(entryName));
+Procedure resolveOnce(EntryPoint<Procedure> entry) {
+    return reinterpret_cast<Procedure>(gResolver(entry.name));
 }
 
 enum class Lookup {
@@ -30,7 +41,7 @@ class HostEntry;
 template <Lookup lookup, class Result, class... Arguments>
 class HostEntry<lookup, Result (*)(Arguments...)> {
 public:
-    constexpr explicit HostEntry(const char* name, const char* olderName = nullptr) : name_(name), olderName_(olderName) {}
+    constexpr HostEntry(const char* name, const char* olderName) : name_(name), olderName_(olderName) {}
 
     // Returns whether the host provides the entry.
     bool isOffered() {
@@ -57,44 +68,51 @@ private:
 };
 
 template <class Procedure>
-using OnceEntry = HostEntry<Lookup::once, Procedure>;
+constexpr HostEntry<Lookup::once, Procedure> once(EntryPoint<Procedure> entry) {
+    return {entry.name, nullptr};
+}
 template <class Procedure>
-using RetryEntry = HostEntry<Lookup::retry, Procedure>;
+constexpr HostEntry<Lookup::retry, Procedure> retry(EntryPoint<Procedure> entry) {
+    return {entry.name, nullptr};
+}
+// Calls the entry with the older name if the host provides only that.
+template <class Procedure, class OlderProcedure>
+constexpr HostEntry<Lookup::retry, Procedure> retry(EntryPoint<Procedure> entry, EntryPoint<OlderProcedure> older) {
+    return {entry.name, older.name};
+}
 
 // Classes and objects
-inline OnceEntry<PluginRegisterClassProc> REALRegisterClass{"PluginRegisterClass"};
-inline OnceEntry<PluginNewInstanceProc> REALnewInstance{"PluginNewInstance"};
-inline OnceEntry<REALLockObjectProc> REALLockObject{"REALLockObject"};
-inline OnceEntry<REALUnlockObjectProc> REALUnlockObject{"REALUnlockObject"};
-inline OnceEntry<RuntimeRaiseExceptionProc> REALRaiseException{"RuntimeRaiseException"};
-inline OnceEntry<ChromaObjectIsAProc> ChromaObjectIsA{"ChromaObjectIsA"};
-inline RetryEntry<REALSetPropValueStringProc> REALSetPropValueString{"REALSetPropValueString"};
-inline RetryEntry<REALSetPropValueIntegerProc> REALSetPropValueInteger{"REALSetPropValueInteger", "REALSetPropValueInt"};
-inline OnceEntry<REALGetPropValueStringProc> REALGetPropValueString{"REALGetPropValueString"};
+inline auto REALRegisterClass = once(entries::PluginRegisterClass);
+inline auto REALnewInstance = once(entries::PluginNewInstance);
+inline auto REALLockObject = once(entries::REALLockObject);
+inline auto REALUnlockObject = once(entries::REALUnlockObject);
+inline auto REALRaiseException = once(entries::RuntimeRaiseException);
+inline auto ChromaObjectIsA = once(entries::ChromaObjectIsA);
+inline auto REALSetPropValueString = retry(entries::REALSetPropValueString);
+inline auto REALSetPropValueInteger = retry(entries::REALSetPropValueInteger, entries::REALSetPropValueInt);
+inline auto REALGetPropValueString = once(entries::REALGetPropValueString);
 
 // Strings
-inline OnceEntry<REALBuildStringProc> originalREALBuildString{"REALBuildString"};
-inline OnceEntry<REALBuildStringWithEncodingProc> REALBuildStringWithEncoding{"REALBuildStringWithEncoding"};
-inline OnceEntry<REALGetStringEncodingProc> REALGetStringEncoding{"REALGetStringEncoding"};
-inline OnceEntry<REALSetStringEncodingProc> REALSetStringEncoding{"REALSetStringEncoding"};
-inline OnceEntry<REALConvertStringProc> REALConvertString{"REALConvertString"};
-inline OnceEntry<REALLockStringProc> REALLockString{"REALLockString"};
-inline OnceEntry<REALUnlockStringProc> REALUnlockString{"REALUnlockString"};
-inline OnceEntry<REALGetStringCFStringProc> REALCopyStringCFString{"REALGetStringCFString"};
-inline OnceEntry<REALGetStringCFStringProc> REALGetStringCFString{"REALGetStringCFString"};
+inline auto originalREALBuildString = once(entries::REALBuildString);
+inline auto REALBuildStringWithEncoding = once(entries::REALBuildStringWithEncoding);
+inline auto REALGetStringEncoding = once(entries::REALGetStringEncoding);
+inline auto REALSetStringEncoding = once(entries::REALSetStringEncoding);
+inline auto REALConvertString = once(entries::REALConvertString);
+inline auto REALLockString = once(entries::REALLockString);
+inline auto REALUnlockString = once(entries::REALUnlockString);
+inline auto REALCopyStringCFString = once(entries::REALGetStringCFString);
+inline auto REALGetStringCFString = once(entries::REALGetStringCFString);
 
 // Arrays. The three *Procedure entries return the procedure for one array and are called at every use.
-inline OnceEntry<RuntimeArrayCreateProc> REALCreateArray{"RuntimeArrayCreateSingleDimBoundedArray"};
-inline OnceEntry<RuntimeUBoundProc> RuntimeUBound{"RuntimeUBound"};
-inline RetryEntry<PluginDoubleArrayInsertProc> insertDoubleProcedure{"PluginDoubleArrayInsertProc",
-                                                                     "RuntimeArrayDirectGetInsertProc"};
-inline RetryEntry<PluginObjectArrayInsertProc> insertObjectProcedure{"PluginObjectArrayInsertProc",
-                                                                     "RuntimeArrayDirectGetInsertProc"};
-inline RetryEntry<PluginDoubleArrayGetProc> getDoubleProcedure{"PluginDoubleArrayGetProc", "RuntimeArrayDirectGetGetProc"};
+inline auto REALCreateArray = once(entries::RuntimeArrayCreateSingleDimBoundedArray);
+inline auto RuntimeUBound = once(entries::RuntimeUBound);
+inline auto insertDoubleProcedure = retry(entries::PluginDoubleArrayInsertProc, entries::RuntimeArrayDirectGetInsertProc);
+inline auto insertObjectProcedure = retry(entries::PluginObjectArrayInsertProc, entries::RuntimeArrayDirectGetInsertProc);
+inline auto getDoubleProcedure = retry(entries::PluginDoubleArrayGetProc, entries::RuntimeArrayDirectGetGetProc);
 
 // Memory blocks
-inline RetryEntry<NewMemoryBlockProc> REALNewMemoryBlockOriginal{"newMemoryBlock"};
-inline OnceEntry<MemoryBlockGetPtrProc> REALMemoryBlockGetPtr{"memoryBlockGetPtr"};
-inline OnceEntry<MemoryBlockGetSizeProc> REALMemoryBlockGetSize{"memoryBlockGetSize"};
+inline auto REALNewMemoryBlockOriginal = retry(entries::newMemoryBlock);
+inline auto REALMemoryBlockGetPtr = once(entries::memoryBlockGetPtr);
+inline auto REALMemoryBlockGetSize = once(entries::memoryBlockGetSize);
 
 } // namespace chroma

@@ -1,6 +1,8 @@
 // The host's version and the decisions that depend on it. Only REALPluginMain writes these variables.
 #pragma once
 
+#include "chromabridge/host_abi.h"
+
 #include <cstdint>
 
 namespace chroma {
@@ -15,9 +17,9 @@ extern std::int32_t CurrentREALControlVersion;
 std::int32_t controlVersionFor(double hostVersion);
 
 // From these versions on the host provides newer entries for strings, paths, and memory blocks and arrays.
-inline bool hostBuildsStringsWithEncoding() { return rbversion_rbversion >= 2012.0; }
-inline bool hostConvertsUTF32() { return rbversion_rbversion >= 2013.0; }
-inline bool hostHasNativePaths() { return rbversion_rbversion >= 2013.0; }
-inline bool hostHidesStorage() { return rbversion_rbversion >= 2017.0; }
+inline bool hostBuildsStringsWithEncoding() { return rbversion_rbversion >= REAL_SINCE_ENCODED_STRINGS; }
+inline bool hostConvertsUTF32() { return rbversion_rbversion >= REAL_SINCE_NATIVE_PATHS; }
+inline bool hostHasNativePaths() { return rbversion_rbversion >= REAL_SINCE_NATIVE_PATHS; }
+inline bool hostHidesStorage() { return rbversion_rbversion >= REAL_SINCE_HIDDEN_STORAGE; }
 
 } // namespace chroma

@@ -9,13 +9,11 @@ namespace chroma {
 void startPlugin(REALresolver resolver, std::initializer_list<REALclassDefinition*> classes) {
     gResolver = resolver;
     if (resolver) {
-        if (const auto hostVersion = resolveOnce<REALGetRBVersionProc>("REALGetRBVersion"))
-            rbversion_rbversion = hostVersion();
+        if (const auto hostVersion = resolveOnce(entries::REALGetRBVersion)) rbversion_rbversion = hostVersion();
     }
     CurrentREALControlVersion = controlVersionFor(rbversion_rbversion);
     if (!resolver) return;
-    if (const auto announce = resolveOnce<RegisterPluginVersionProc>("RegisterPluginVersion"))
-        announce(CurrentREALControlVersion);
+    if (const auto announce = resolveOnce(entries::RegisterPluginVersion)) announce(CurrentREALControlVersion);
     for (REALclassDefinition* const record : classes)
         MyREALRegisterClass(record);
 }

@@ -19,8 +19,9 @@ using Collections = PlatformTest;
 
 namespace {
 
-constexpr CFStringEncoding macRoman = 0, utf16 = 0x100, latin1 = 0x201, windowsLatin1 = 0x500, ascii = 0x600,
-                           utf8 = 0x08000100, utf32 = 0x0C000100;
+constexpr CFStringEncoding macRoman = REALencodingMacRoman, utf16 = REALencodingUTF16, latin1 = REALencodingLatin1,
+                           windowsLatin1 = REALencodingWindowsLatin1, ascii = REALencodingASCII, utf8 = REALencodingUTF8,
+                           utf32 = REALencodingUTF32;
 
 id decode(std::string_view bytes, CFStringEncoding encoding, bool isExternal = false) {
     const auto* const start = reinterpret_cast<const std::uint8_t*>(bytes.data());
@@ -83,7 +84,7 @@ TEST_F(Strings, AreReadInEveryEncoding) {
     const std::pair<CFStringEncoding, std::vector<std::string>> malformed[] = {
         {ascii, {"\x80"}},
         {windowsLatin1, {"\x81"}},
-        {0xFFFF, {"abc"}},
+        {REALencodingUnknown, {"abc"}},
         {utf8,
          {"\x80", "\xC3", "ab\xC3", "\xC3(", "\xC0\xAF", "\xE0\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80",
           "\xF8\x88\x80\x80\x80", "a\xFF"}},

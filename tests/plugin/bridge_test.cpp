@@ -36,10 +36,10 @@ std::string repeated(const std::string& text, std::size_t count) {
 }
 
 const char* const emoji = "\xF0\x9F\x98\x80";
-const Stored wide16(units<char16_t>(u"\u00FC\U0001F600"), foreign::kUTF16);
-const Stored wide32(units<char32_t>(U"\u00FC\U0001F600"), foreign::kUTF32);
+const Stored wide16(units<char16_t>(u"\u00FC\U0001F600"), REALencodingUTF16);
+const Stored wide32(units<char32_t>(U"\u00FC\U0001F600"), REALencodingUTF32);
 // Beyond Unicode, in it, surrogates, the last of all, and bytes behind.
-const Stored odd32(units<char32_t>({0x110000, U'a', 0xD800, 0xDFFF, U'b', 0x10FFFF}) + "123", foreign::kUTF32);
+const Stored odd32(units<char32_t>({0x110000, U'a', 0xD800, 0xDFFF, U'b', 0x10FFFF}) + "123", REALencodingUTF32);
 const std::string wideUTF8 = std::string("\xC3\xBC") + emoji;
 
 // The plugin's string for a host string, as UTF-8; "(null)" for null.
@@ -63,7 +63,7 @@ Stored built(const std::string& bytes, CFStringEncoding encoding) {
     return {foreign::bytesOf(result), foreign::encodingOf(result)};
 }
 const Stored nothing("", 0);
-Stored utf8(const std::string& text) { return {text, foreign::kUTF8}; }
+Stored utf8(const std::string& text) { return {text, REALencodingUTF8}; }
 
 } // namespace
 
@@ -74,13 +74,13 @@ protected:
 
 TEST_F(Strings, FromTheHostAreReadInTheirEncodingByItOrFromItsStorage) {
     const std::pair<Stored, std::string> texts[] = {
-        {{"Gr\xC3\xBCn", foreign::kUTF8}, "Gr\xC3\xBCn"},
+        {{"Gr\xC3\xBCn", REALencodingUTF8}, "Gr\xC3\xBCn"},
         {{"\x80", kCFStringEncodingWindowsLatin1}, "\xE2\x82\xAC"},
-        {{"Gr\x9Fn", foreign::kMacRoman}, "Gr\xC3\xBCn"},
+        {{"Gr\x9Fn", REALencodingMacRoman}, "Gr\xC3\xBCn"},
         {wide16, wideUTF8},
         {wide32, wideUTF8},
-        {{"Gr\x9Fn", foreign::kUnknown}, "Gr\xC3\xBCn"},
-        {{"\xC3", foreign::kUTF8}, "(null)"},
+        {{"Gr\x9Fn", REALencodingUnknown}, "Gr\xC3\xBCn"},
+        {{"\xC3", REALencodingUTF8}, "(null)"},
         {{"abc", 0x0BADBAD}, "(null)"},
     };
     for (const double version : {2011.0, 2021.0}) {
@@ -94,8 +94,8 @@ TEST_F(Strings, FromTheHostAreReadInTheirEncodingByItOrFromItsStorage) {
     EXPECT_EQ(RBString2CFString(nullptr), nullptr);
 
     // Of storage alone: long, not of whole units, empty, marked in its byte order.
-    EXPECT_EQ(toPlatform({units(std::u16string(1000, u'x')), foreign::kUTF16}), std::string(1000, 'x'));
-    EXPECT_EQ(toPlatform({units<char16_t>(u"ab") + "c", foreign::kUTF16}), "ab");
+    EXPECT_EQ(toPlatform({units(std::u16string(1000, u'x')), REALencodingUTF16}), std::string(1000, 'x'));
+    EXPECT_EQ(toPlatform({units<char16_t>(u"ab") + "c", REALencodingUTF16}), "ab");
     EXPECT_EQ(toPlatform(utf8("")), "");
     EXPECT_EQ(toPlatform(utf8("\xEF\xBB\xBFz")), "z");
 }
@@ -109,11 +109,11 @@ TEST_F(Strings, FromTheHostAreAskedForByTheWayOfItsVersion) {
     };
     const std::string encoding = "REALGetStringEncoding", answer = " REALGetStringCFString(0)",
                       storage = " REALLockString REALUnlockString";
-    EXPECT_EQ(asked(2011.0, foreign::kUTF8, true), encoding + answer);
-    EXPECT_EQ(asked(2011.0, foreign::kUTF8, false), encoding + answer + storage);
-    EXPECT_EQ(asked(2012.0, foreign::kUTF8, true), encoding + answer);
-    EXPECT_EQ(asked(2012.0, foreign::kUTF8, false), encoding + answer + answer + storage);
-    EXPECT_EQ(asked(2021.0, foreign::kUnknown, true), encoding + storage);
+    EXPECT_EQ(asked(2011.0, REALencodingUTF8, true), encoding + answer);
+    EXPECT_EQ(asked(2011.0, REALencodingUTF8, false), encoding + answer + storage);
+    EXPECT_EQ(asked(2012.0, REALencodingUTF8, true), encoding + answer);
+    EXPECT_EQ(asked(2012.0, REALencodingUTF8, false), encoding + answer + answer + storage);
+    EXPECT_EQ(asked(2021.0, REALencodingUnknown, true), encoding + storage);
 }
 
 TEST_F(Strings, AreBuiltByTheWayOfTheHostsVersion) {
@@ -163,15 +163,15 @@ TEST_F(Strings, AreBuiltByTheWayOfTheHostsVersion) {
     }
     host.before.clear();
     EXPECT_GT(host.takeRaised().size(), 20U);
-    for (const auto encoding : {foreign::kMacRoman, foreign::kLatin1, kCFStringEncodingWindowsLatin1, foreign::kUnknown}) {
-        EXPECT_EQ(built("plain", encoding), Stored("plain", foreign::kASCII));
+    for (const auto encoding : {REALencodingMacRoman, REALencodingLatin1, REALencodingWindowsLatin1, REALencodingUnknown}) {
+        EXPECT_EQ(built("plain", encoding), Stored("plain", REALencodingASCII));
         EXPECT_EQ(built("Gr\xFC", encoding), Stored("Gr\xFC", encoding));
     }
     for (const std::int64_t length : {INT64_C(0), INT64_C(-1), INT64_C(2147483648)})
         EXPECT_EQ(REALBuildUnicodeString("x", length, kCFStringEncodingUTF8), nullptr);
     EXPECT_EQ(REALBuildUnicodeString(nullptr, 5, kCFStringEncodingUTF8), nullptr);
     become(2012.9);
-    EXPECT_EQ(built(units(std::u32string(500, 0x1F600)), foreign::kUTF32), utf8(repeated(emoji, 500)));
+    EXPECT_EQ(built(units(std::u32string(500, 0x1F600)), REALencodingUTF32), utf8(repeated(emoji, 500)));
 }
 
 TEST_F(Strings, FromThePlatformKeepEveryLength) {

@@ -1,22 +1,24 @@
 // Conversion between bytes and UTF-16. Invalid input and missing characters are errors, never replaced.
 #pragma once
 
+#include "chromabridge/host_abi.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace chroma {
 
-// The known encodings by their CoreFoundation numbers.
+// The known encodings, which the contract between host and plugin takes from CoreFoundation.
 namespace encoding {
 
-constexpr std::uint32_t macRoman = 0;
-constexpr std::uint32_t utf16 = 0x100; // in the machine's byte order, like utf32
-constexpr std::uint32_t latin1 = 0x201;
-constexpr std::uint32_t windowsLatin1 = 0x500;
-constexpr std::uint32_t ascii = 0x600;
-constexpr std::uint32_t utf8 = 0x08000100;
-constexpr std::uint32_t utf32 = 0x0C000100;
+constexpr std::uint32_t macRoman = REALencodingMacRoman;
+constexpr std::uint32_t utf16 = REALencodingUTF16;
+constexpr std::uint32_t latin1 = REALencodingLatin1;
+constexpr std::uint32_t windowsLatin1 = REALencodingWindowsLatin1;
+constexpr std::uint32_t ascii = REALencodingASCII;
+constexpr std::uint32_t utf8 = REALencodingUTF8;
+constexpr std::uint32_t utf32 = REALencodingUTF32;
 
 } // namespace encoding
 

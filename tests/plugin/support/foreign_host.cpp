@@ -1,7 +1,6 @@
 #include "support/foreign_host.h"
 
 #include "builtin/corefoundation.h"
-#include "validator/entry_points.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -59,7 +58,7 @@ int liveCells(bool strings) {
 }
 
 const void* visible(const void* storage) { return Host::instance().showsStorage ? storage : nullptr; }
-bool storesInRecords() { return Host::instance().version < 2017.0; }
+bool storesInRecords() { return Host::instance().version < REAL_SINCE_HIDDEN_STORAGE; }
 
 // Where the bytes of a string or a memory block are, and how many: told in the value itself only while it is locked, newer
 // hosts keep other things in a block.
@@ -138,7 +137,7 @@ REALstringStruct* REALBuildStringWithEncoding(const void* bytes, std::int32_t le
     return string({static_cast<const char*>(bytes), static_cast<std::size_t>(length)}, encoding);
 }
 REALstringStruct* REALBuildString(const void* bytes, std::int32_t length) {
-    return REALBuildStringWithEncoding(bytes, length, kUnknown);
+    return REALBuildStringWithEncoding(bytes, length, REALencodingUnknown);
 }
 std::uint32_t REALGetStringEncoding(REALstringStruct* value) { return encodingOf(value); }
 void REALSetStringEncoding(REALstringStruct* value, std::uint32_t encoding) { cellOf(value)->encoding = encoding; }
@@ -157,8 +156,8 @@ REALstringStruct* REALConvertString(REALstringStruct* value, std::uint32_t encod
 
 // Text is UTF-8 in properties, whatever it comes in.
 void REALSetPropValueString(REALobjectStruct* object, const char* property, REALstringStruct* value) {
-    const bool isTagged = value && encodingOf(value) != kUnknown;
-    cellOf(object)->texts[property] = isTagged ? take(REALConvertString(value, kUTF8)) : bytesOf(value);
+    const bool isTagged = value && encodingOf(value) != REALencodingUnknown;
+    cellOf(object)->texts[property] = isTagged ? take(REALConvertString(value, REALencodingUTF8)) : bytesOf(value);
 }
 void REALSetPropValueInt(REALobjectStruct* object, const char*, std::int32_t value) { cellOf(object)->errorNumber = value; }
 constexpr auto REALSetPropValueInteger = REALSetPropValueInt;
@@ -209,9 +208,22 @@ std::string told(const Value&) {
     return "";
 }
 
-struct Listener {
-    template <class Result, class... Arguments>
-    static Result answer(const char* name, Result (*target)(Arguments...), Arguments... arguments) {
+#define FOREIGN_NAME(name, Procedure, since) #name,
+constexpr const char* names[] = {REAL_ENTRY_POINTS(FOREIGN_NAME)};
+#undef FOREIGN_NAME
+enum Place {
+#define FOREIGN_PLACE(name, Procedure, since) at##name,
+    REAL_ENTRY_POINTS(FOREIGN_PLACE)
+#undef FOREIGN_PLACE
+};
+
+// What the plugin calls: notes the call, then does what the test wants, or calls the entry.
+template <Place place, class Procedure, Procedure target>
+struct Observed;
+template <Place place, class Result, class... Arguments, Result (*target)(Arguments...)>
+struct Observed<place, Result (*)(Arguments...), target> {
+    static Result call(Arguments... arguments) {
+        const char* const name = names[place];
         Host& host = Host::instance();
         if (host.trace) {
             std::string words;
@@ -240,8 +252,8 @@ void* Host::resolve(const char* entryName) {
     if (instance().missing.count(entryName)) return nullptr;
 #define FOREIGN_ENTRY(name, Procedure, since)                                                                               \
     if (wanted == #name && instance().version >= since)                                                                     \
-        return entries::heard<Listener>(wanted, reinterpret_cast<void*>(static_cast<Procedure>(offered::name)));
-    CHROMA_HOST_ENTRIES(FOREIGN_ENTRY)
+        return reinterpret_cast<void*>(Observed<at##name, Procedure, offered::name>::call);
+    REAL_ENTRY_POINTS(FOREIGN_ENTRY)
 #undef FOREIGN_ENTRY
     return nullptr;
 }

@@ -16,9 +16,6 @@
 
 namespace foreign {
 
-constexpr std::uint32_t kUTF8 = 0x08000100, kUTF16 = 0x0100, kUTF32 = 0x0C000100, kLatin1 = 0x0201, kASCII = 0x0600,
-                        kMacRoman = 0, kUnknown = 0xFFFF;
-
 // Class, "Message" and "ErrorNumber" (-1: never set) of an exception.
 using Raised = std::tuple<std::string, std::string, int>;
 
@@ -91,7 +88,7 @@ Function* bound(REALfunction function) {
 }
 
 // Strings: a new one with one reference; text and encoding of an existing one ("" and 0 for null); text, then gives it up.
-REALstringStruct* string(const std::string& bytes, std::uint32_t encoding = kUTF8);
+REALstringStruct* string(const std::string& bytes, std::uint32_t encoding = REALencodingUTF8);
 std::string bytesOf(REALstringStruct* string);
 std::uint32_t encodingOf(REALstringStruct* string);
 std::string take(REALstringStruct* string);

@@ -34,10 +34,9 @@ extern "C" {
 CFTypeRef CFRetain(CFTypeRef object);
 void CFRelease(CFTypeRef object);
 
-// Encodings: Mac Roman 0, UTF-16 0x100, Latin-1 0x201, Windows Latin-1 0x500, ASCII 0x600, UTF-8 0x08000100, UTF-32
-// 0x0C000100. UTF-16 and UTF-32 are in the machine's byte order. Returns null if the bytes are invalid in the encoding, the
-// encoding is unknown, or the count is negative. With isExternalRepresentation the function honours and removes a byte
-// order mark.
+// Supports the encodings that chromabridge/host_abi.h names. Returns null if the bytes are invalid in the encoding, the
+// encoding is not supported, or the count is negative. With isExternalRepresentation a byte order mark of the encoding is
+// honoured and removed.
 CFStringRef CFStringCreateWithBytes(CFAllocatorRef allocator, const std::uint8_t* bytes, CFIndex count,
                                     CFStringEncoding encoding, Boolean isExternalRepresentation);
 
