@@ -42,10 +42,10 @@ ActionPtr compile(const Source& source, Checker& checker, Diagnostics& diagnosti
 
 int runText(const std::string& name, std::string text, std::ostream& output, std::ostream& errors, bool colored) {
     const Source source(name, std::move(text), colored);
-    Diagnostics diagnostics(maxErrorsOfARun);
+    Diagnostics diagnostics(source, maxErrorsOfARun);
     Checker checker(ParseMode::program);
     ActionPtr code = compile(source, checker, diagnostics);
-    errors << diagnostics.report(source) << std::flush;
+    errors << diagnostics.report() << std::flush;
     if (!code) return 1;
     code = scope(std::move(code), checker.endProgram(), 0);
     Execution execution{output};
@@ -57,16 +57,16 @@ int runText(const std::string& name, std::string text, std::ostream& output, std
 
 int checkText(const std::string& name, std::string text, std::ostream& errors, bool colored) {
     const Source source(name, std::move(text), colored);
-    Diagnostics diagnostics(maxErrorsOfACheck);
+    Diagnostics diagnostics(source, maxErrorsOfACheck);
     Checker checker(ParseMode::program);
     compile(source, checker, diagnostics);
-    errors << diagnostics.report(source);
+    errors << diagnostics.report();
     return diagnostics.haveErrors() ? 1 : 0;
 }
 
 std::vector<Problem> problemsIn(const std::string& text) {
     const Source source("", text);
-    Diagnostics diagnostics(maxErrorsOfACheck);
+    Diagnostics diagnostics(source, maxErrorsOfACheck);
     Checker checker(ParseMode::program);
     compile(source, checker, diagnostics);
     std::vector<Problem> problems;

@@ -28,20 +28,20 @@ bool Session::needsMore(std::string_view text) const { return language::needsMor
 std::string Session::run(std::string_view text, std::ostream& warnings) {
     constexpr std::size_t maxErrors = 20;
     const Offset start = source_.append(text);
-    Diagnostics diagnostics(maxErrors);
+    Diagnostics diagnostics(source_, maxErrors);
     const ActionPtr code = checker_.check(parse(source_, diagnostics, ParseMode::prompt, start), diagnostics);
-    if (diagnostics.haveErrors()) return diagnostics.report(source_);
-    warnings << diagnostics.report(source_) << std::flush;
+    if (diagnostics.haveErrors()) return diagnostics.report();
+    warnings << diagnostics.report() << std::flush;
     execution_.variables.resize(checker_.scopes().variableCount());
     return runCode(source_, *code, execution_);
 }
 
 Checker::Meaning Session::meaningOf(std::string_view expression) {
     const Source source({}, std::string(expression));
-    Diagnostics diagnostics(1);
+    Diagnostics diagnostics(source, 1);
     const syntax::Block block = parse(source, diagnostics, ParseMode::prompt);
     const auto* const shown = block.size() == 1 ? std::get_if<syntax::Presentation>(&block.front().form) : nullptr;
-    return !diagnostics.haveErrors() && shown ? checker_.meaningOf(*shown->value) : Checker::Meaning();
+    return !diagnostics.haveErrors() && shown ? checker_.meaningOf(*shown->value, diagnostics) : Checker::Meaning();
 }
 
 std::vector<std::string> Session::names() const {

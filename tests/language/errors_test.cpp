@@ -118,7 +118,7 @@ TEST(StrangeText, LargePrograms) {
     expectError(runProgram(repeated("Print (1 + 2) ' padding\n", 40000) + "Print (1"),
                 "test.bas:40001:9: error: ')' is expected here, not the end of the program\n");
     expectError(runProgram(repeated("If True Then\nx = 1\nEnd If\n", 20000)),
-                "test.bas:2:1: error: there is no variable 'x'\n");
+                "test.bas:2:1: error: there is no variable 'x'; 'Dim x = ...' declares a variable\n");
 
     // A long line is cut around the caret.
     const Outcome outcome = runProgram("Print \"" + std::string(100000, 'x') + "\" + 1 ' " + std::string(100000, 'y'));

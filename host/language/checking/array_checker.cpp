@@ -1,5 +1,6 @@
 // Arrays: making them, their elements and their members.
 #include "language/checking/expression_checker.h"
+#include "language/reading/foreign_spellings.h"
 #include "language/running/array_operations.h"
 #include "language/running/operators.h"
 
@@ -72,7 +73,8 @@ Operand ExpressionChecker::arrayMember(Value array, const syntax::Name& name, co
         NearestName nearest(name.text);
         for (const ArrayMember& member : members)
             nearest.offer(member.name);
-        failCheck(name.offset, "an array has no member " + quoted(name.text) + nearest.suggestion());
+        failCheck(name.offset,
+                  "an array has no member " + quoted(name.text) + remedyFor(Foreign::arrayMember, name.text, nearest));
     }
     const std::size_t given = arguments ? arguments->size() : 0;
     if (given < found->fewest || given > found->most) failCheck(name.offset, quoted(name.text) + " takes " + found->takes);
@@ -130,7 +132,11 @@ Value ExpressionChecker::valueToWalk(const syntax::Expression& expression) {
 }
 
 Operand ExpressionChecker::element(Value array, const Arguments& arguments, Offset offset) {
-    if (!array.type.isArray) failCheck(offset, "this is of type " + nameOf(array.type) + "; only an array has elements");
+    if (!array.type.isArray) {
+        const std::string_view hint = hintFor(Foreign::indexedType, nameOf(array.type));
+        failCheck(offset, "this is of type " + nameOf(array.type) + "; " +
+                              (hint.empty() ? "only an array has elements" : std::string(hint)));
+    }
     if (arguments.size() != 1) failCheck(offset, "an array element has one index");
     Type type = array.type.element();
     return Operand::element(std::move(type), std::move(array.code), valueAs(*arguments.front(), Type::plain(Kind::integer)),

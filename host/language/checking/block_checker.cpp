@@ -85,11 +85,12 @@ CodePtr StatementChecker::caseCondition(const std::vector<syntax::CaseTest>& tes
 }
 
 // The type of a loop's variable; Void after an error.
-Type StatementChecker::loopType(const syntax::LoopVariable& form) {
+Type StatementChecker::loopType(const syntax::LoopVariable& form, const std::string& declaration) {
     if (form.type) return attempt([&] { return typeOf(*form.type); });
     return attempt([&] {
+        expressions_.requireVariable(form.name, declaration);
         const Operand variable = expressions_.operand({form.name.offset, syntax::Identifier{form.name.text}});
-        if (!variable.isAssignable()) failCheck(form.name.offset, "this cannot be assigned to");
+        if (!variable.isAssignable()) expressions_.failAssignment({form.name.offset, syntax::Identifier{form.name.text}});
         return variable.type();
     });
 }
@@ -102,7 +103,7 @@ Variable StatementChecker::loopVariable(const syntax::LoopVariable& form, const 
 
 ActionPtr StatementChecker::form(const syntax::For& loop, Offset offset) {
     return inScope(offset, [&] {
-        const Type type = loopType(loop.variable);
+        const Type type = loopType(loop.variable, "For " + std::string(loop.variable.name.text) + " As Integer = ...");
         const bool counts = type.is(Kind::integer) || type.is(Kind::real);
         if (!counts && type.kind != Kind::nothing)
             diagnostics_.add(loop.variable.name.offset, "a For loop counts an Integer or a Double, not a " + nameOf(type));
@@ -131,7 +132,8 @@ ActionPtr StatementChecker::form(const syntax::ForEach& loop, Offset offset) {
         actions.push_back(asStep(writeVariable(held, array.type, std::move(array.code)), offset));
 
         const Type elementType = array.type.element();
-        const Type type = loopType(loop.variable);
+        const Type type = loopType(loop.variable, "For Each " + std::string(loop.variable.name.text) + " As " +
+                                                      nameOf(elementType) + " In ...");
         const Variable variable = loopVariable(loop.variable, type);
         if (type.kind != Kind::nothing && elementType.kind != Kind::nothing &&
             !conversionTo(type, elementType, Purpose::assignment)) {

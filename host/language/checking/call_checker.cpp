@@ -46,7 +46,19 @@ Operand ExpressionChecker::form(const syntax::Call& call, Offset offset) {
             return info ? cast(*info, call.arguments, offset) : function(identifier->name, call.arguments, offset);
         }
     }
-    return element(value(*call.callee), call.arguments, offset);
+    Value array = value(*call.callee);
+    if (!array.type.isArray) requireNotHidden(*call.callee);
+    return element(std::move(array), call.arguments, offset);
+}
+
+// Fails for a variable that is called like a function, whose name it has.
+void ExpressionChecker::requireNotHidden(const syntax::Expression& callee) const {
+    const auto* const identifier = std::get_if<syntax::Identifier>(&callee.form);
+    const Variable* const variable = identifier ? scopes_.find(identifier->name) : nullptr;
+    if (!variable || !isFunction(identifier->name)) return;
+    failCheck(callee.offset, "this is the variable " + quoted(identifier->name) + " declared on " +
+                                 diagnostics_.lineOf(variable->declared) + ", which hides the function " +
+                                 quoted(nameOfFunction(identifier->name)));
 }
 
 Operand ExpressionChecker::callProcedure(const OverloadSet& overloads, const Arguments& arguments, Offset offset) {

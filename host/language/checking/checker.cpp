@@ -28,13 +28,12 @@ void Checker::warnOfUnused(Diagnostics& diagnostics) const {
         diagnostics.warn(offset, "the variable '" + name + "' is never used");
 }
 
-Checker::Meaning Checker::meaningOf(const syntax::Expression& expression) {
+Checker::Meaning Checker::meaningOf(const syntax::Expression& expression, Diagnostics& warnings) {
     const auto* const identifier = std::get_if<syntax::Identifier>(&expression.form);
     if (identifier && !scopes_.find(identifier->name))
         if (ClassInfo* const info = registry().find(identifier->name)) return {{}, info};
-    Diagnostics unasked(0);
     try {
-        return {ExpressionChecker(scopes_, procedures_, unasked).operand(expression).type(), nullptr};
+        return {ExpressionChecker(scopes_, procedures_, warnings).operand(expression).type(), nullptr};
     } catch (const CheckError&) {
         return {};
     }

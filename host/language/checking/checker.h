@@ -35,7 +35,7 @@ public:
         Type type;
         ClassInfo* namedClass = nullptr; // null: a value
     };
-    Meaning meaningOf(const syntax::Expression& expression);
+    Meaning meaningOf(const syntax::Expression& expression, Diagnostics& warnings);
 
     const Scopes& scopes() const { return scopes_; }
     const Procedures& procedures() const { return procedures_; }

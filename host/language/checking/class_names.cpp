@@ -13,7 +13,7 @@ constexpr std::string_view objectName = "Object";
 [[noreturn]] void failUnknown(const syntax::Name& name, bool plainTypesToo) {
     const std::string what =
         std::string("there is no ") + (plainTypesToo ? "type" : "class") + " '" + std::string(name.text) + "'";
-    const std::string_view hint = hintForName(name.text);
+    const std::string_view hint = hintFor(Foreign::name, name.text);
     if (!hint.empty()) failCheck(name.offset, what + "; " + std::string(hint));
     NearestName nearest(name.text);
     for (const auto& info : registry().classes())

@@ -21,8 +21,11 @@ Operand ExpressionChecker::cast(const ClassInfo& info, const Arguments& argument
         object.type.kind == Kind::variant ||
         (object.type.kind == Kind::object && !object.type.isNil() &&
          (conversionTo(target, object.type, Purpose::assignment) || conversionTo(object.type, target, Purpose::assignment)));
-    if (object.type.isArray || !related)
-        failCheck(arguments.front()->offset, "this is of type " + nameOf(object.type) + " and never is a " + info.name());
+    if (object.type.isArray || !related) {
+        const bool constructs = resolveConstruction(info, {{object.type, false}}).error.empty();
+        failCheck(arguments.front()->offset, "this is of type " + nameOf(object.type) + " and never is a " + info.name() +
+                                                 (constructs ? "; 'New " + info.name() + "(...)' makes one" : ""));
+    }
     return Operand::computed(target, converted(std::move(object.code), Type::plain(Kind::variant), target, offset));
 }
 

@@ -54,8 +54,12 @@ CodePtr ExpressionChecker::read(Operand operand, Offset offset) {
 }
 
 CodePtr ExpressionChecker::convert(CodePtr code, const Type& from, const Type& to, Offset offset, Purpose purpose) {
-    if (!conversionTo(to, from, purpose))
-        failCheck(offset, "this is of type " + nameOf(from) + ", but " + nameOf(to) + " is needed here");
+    if (!conversionTo(to, from, purpose)) {
+        const bool converts = !to.isArray && !from.isArray && to.kind != Kind::object && from.kind != Kind::object &&
+                              (to.is(Kind::string) || conversionTo(to, from, Purpose::cast));
+        failCheck(offset, "this is of type " + nameOf(from) + ", but " + nameOf(to) + " is needed here" +
+                              (converts ? "; '" + nameOf(to) + "(...)' converts it" : ""));
+    }
     return converted(std::move(code), from, to, offset, purpose);
 }
 
@@ -98,6 +102,19 @@ Operand ExpressionChecker::form(const syntax::Conditional& form, Offset offset) 
 }
 
 // ---- Constants
+
+void ExpressionChecker::failAssignment(const syntax::Expression& target) {
+    const auto* const identifier = std::get_if<syntax::Identifier>(&target.form);
+    const auto* const member = std::get_if<syntax::Member>(&target.form);
+    const Variable* const variable = identifier ? scopes_.find(identifier->name) : nullptr;
+    const ClassInfo* const info = member ? classNamedBy(*member->object) : nullptr;
+    std::string reason = "it is a value";
+    if (variable)
+        reason = quoted(identifier->name) + " is a constant, declared on " + diagnostics_.lineOf(variable->declared);
+    if (info && info->findConstant(member->name.text))
+        reason = quoted(member->name.text) + " is a constant of " + info->name();
+    failCheck(target.offset, "this cannot be assigned to: " + reason);
+}
 
 bool ExpressionChecker::isConstant(const syntax::Expression& expression) const {
     if (const auto* const unary = std::get_if<syntax::Unary>(&expression.form)) return isConstant(*unary->operand);

@@ -3,11 +3,13 @@
 
 #include "language/checking/operand.h"
 #include "language/checking/scopes.h"
+#include "language/reading/foreign_spellings.h"
 #include "language/reading/syntax.h"
 #include "language/running/control_flow.h"
 #include "language/running/procedures.h"
 
 #include "model/resolve.h"
+#include "text/nearest_name.h"
 
 namespace host::language {
 
@@ -46,6 +48,15 @@ public:
     // The comparison of a value with that of an expression.
     CodePtr comparison(syntax::Operator operation, Value left, const syntax::Expression& right);
 
+    // Fails for a name that no variable, constant or class has. `declaration` is how a message declares the variable.
+    void requireVariable(const syntax::Name& name, std::string_view declaration);
+
+    // Whether a function of the language or a procedure has the name.
+    bool isFunction(std::string_view name) const;
+
+    // "this cannot be assigned to", with the reason.
+    [[noreturn]] void failAssignment(const syntax::Expression& target);
+
     // Warns when the value may lose a fraction where one of the type is needed.
     void warnOfLostFraction(const Value& value, const Type& type, Offset offset);
 
@@ -80,6 +91,10 @@ private:
     Operand function(std::string_view name, const Arguments& arguments, Offset offset);
     // The class that a plain name means, when no variable has that name.
     ClassInfo* classNamedBy(const syntax::Expression& expression) const;
+    // The function's name as it is declared.
+    std::string nameOfFunction(std::string_view name) const;
+    // "; remedy" for a member that arrays or plain values do not have; empty for most names.
+    std::string remedyFor(Foreign where, std::string_view member, const NearestName& nearest) const;
     [[noreturn]] void failUnknownName(std::string_view name, Offset offset, bool called) const;
     // Whether the expression is a call of the language's own Array.
     bool makesArray(const syntax::Expression& expression) const;
@@ -104,6 +119,7 @@ private:
     // A call of the one of the overloads that suits the arguments. `what` is how messages call it.
     Operand callOne(const std::string& what, const OverloadSet& overloads, CodePtr receiver, const Arguments* arguments,
                     Offset offset);
+    void requireNotHidden(const syntax::Expression& callee) const;
     Operands operands(const Arguments& arguments);
     std::vector<ArgumentCode> bind(const Resolution& resolution, Operands operands, Offset offset);
 

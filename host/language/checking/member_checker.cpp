@@ -1,5 +1,6 @@
 // Members of classes and objects.
 #include "language/checking/expression_checker.h"
+#include "language/reading/foreign_spellings.h"
 
 #include "text/nearest_name.h"
 
@@ -33,8 +34,10 @@ Operand ExpressionChecker::member(const syntax::Member& member, const Arguments*
     if (object.type.isArray) return arrayMember(std::move(object), member.name, arguments);
     if (object.type.kind == Kind::variant)
         failCheck(member.name.offset, "a Variant has no members; convert it to its class first, as in NSColorZRX(value)");
-    if (object.type.kind != Kind::object || object.type.isNil())
-        failCheck(member.name.offset, nameOf(object.type) + " has no members");
+    if (object.type.kind != Kind::object || object.type.isNil()) {
+        failCheck(member.name.offset, nameOf(object.type) + " has no members" +
+                                          remedyFor(Foreign::plainMember, member.name.text, NearestName({})));
+    }
     ClassInfo* const info = registry().find(object.type.className);
     if (!info) {
         failCheck(member.name.offset, equalIgnoringCase(object.type.className, "Object")

@@ -22,7 +22,7 @@ ClassInfo* ExpressionChecker::classNamedBy(const syntax::Expression& expression)
 
 void ExpressionChecker::failUnknownName(std::string_view name, Offset offset, bool called) const {
     const std::string what = (called ? "there is no function or array " : "there is no variable ") + quoted(name);
-    const std::string_view hint = hintForName(name);
+    const std::string_view hint = hintFor(called ? Foreign::call : Foreign::name, name);
     if (!hint.empty()) failCheck(offset, what + "; " + std::string(hint));
     NearestName nearest(name);
     if (!called) scopes_.offerNames(nearest);
@@ -38,6 +38,32 @@ void ExpressionChecker::failUnknownName(std::string_view name, Offset offset, bo
         nearest.offer(info->name());
     offerKeywords(name, nearest);
     failCheck(offset, what + nearest.suggestion());
+}
+
+std::string ExpressionChecker::remedyFor(Foreign where, std::string_view member, const NearestName& nearest) const {
+    if (const std::string_view hint = hintFor(where, member); !hint.empty()) return "; " + std::string(hint);
+    if (!isFunction(member)) return nearest.suggestion();
+    return "; it is a function: '" + nameOfFunction(member) + "(value, ...)'";
+}
+
+bool ExpressionChecker::isFunction(std::string_view name) const {
+    return !procedures_.find(name).empty() || !findFunctions(name).empty();
+}
+
+std::string ExpressionChecker::nameOfFunction(std::string_view name) const {
+    const OverloadSet own = procedures_.find(name);
+    return (own.empty() ? findFunctions(name) : own).front()->signature.name;
+}
+
+void ExpressionChecker::requireVariable(const syntax::Name& name, std::string_view declaration) {
+    if (scopes_.find(name.text) || registry().find(name.text)) return;
+    const std::string remedy = "; '" + std::string(declaration) + "' declares a variable";
+    if (isFunction(name.text)) failCheck(name.offset, quoted(name.text) + " is a function" + remedy + " of this name");
+    NearestName nearest(name.text);
+    scopes_.offerNames(nearest);
+    scopes_.declare(name.text, Type(), name.offset); // so that its uses are no errors of their own
+    failCheck(name.offset,
+              "there is no variable " + quoted(name.text) + (nearest.name().empty() ? remedy : nearest.suggestion()));
 }
 
 Operand ExpressionChecker::function(std::string_view name, const Arguments& arguments, Offset offset) {

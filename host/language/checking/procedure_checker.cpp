@@ -64,7 +64,8 @@ std::unique_ptr<Procedure> StatementChecker::declaration(const syntax::Procedure
     procedure->shared = true;
     for (const auto& [other, made] : declared_) {
         if (procedures_.findSame(*procedure) == made)
-            failCheck(form.name.offset, "'" + std::string(form.name.text) + "' is declared twice with these parameters");
+            failCheck(form.name.offset, quoted(form.name.text) + " is declared with these parameters already, on " +
+                                            diagnostics_.lineOf(other->name.offset));
     }
     return procedure;
 }

@@ -26,9 +26,10 @@ Variable StatementChecker::declare(const syntax::Name& name, Type type) {
 }
 
 bool StatementChecker::mayDeclare(const syntax::Name& name) {
-    if (!scopes_.findDeclared(name.text)) return true;
+    const Variable* const known = scopes_.findDeclared(name.text);
+    if (!known) return true;
     if (mode_ == ParseMode::prompt && scopes_.atOutermost()) return true;
-    diagnostics_.add(name.offset, "'" + std::string(name.text) + "' is declared already in this block or one around it");
+    diagnostics_.add(name.offset, quoted(name.text) + " is declared already, on " + diagnostics_.lineOf(known->declared));
     return false;
 }
 
@@ -103,13 +104,14 @@ ActionPtr StatementChecker::form(const syntax::ReDim& reDim, Offset offset) {
 // ---- Simple statements
 
 ActionPtr StatementChecker::form(const syntax::Assignment& assignment, Offset offset) {
+    if (const auto* const name = std::get_if<syntax::Identifier>(&assignment.target->form))
+        expressions_.requireVariable({assignment.target->offset, name->name}, "Dim " + std::string(name->name) + " = ...");
     Operand target = expressions_.operand(*assignment.target);
-    if (!target.isWritable()) {
-        const Property* const property = target.property();
+    if (const Property* const property = target.property(); property && !property->setter) {
         failCheck(assignment.target->offset,
-                  property ? "the property '" + property->name + "' of " + property->owner->name() + " is read-only"
-                           : "this cannot be assigned to");
+                  "the property " + quoted(property->name) + " of " + property->owner->name() + " is read-only");
     }
+    if (!target.isWritable()) expressions_.failAssignment(*assignment.target);
     if (assignment.operation) return changed(assignment, std::move(target), offset);
     if (ActionPtr appended = appendedTo(*assignment.target, *assignment.value)) return asStep(std::move(appended), offset);
     CodePtr value = expressions_.valueAs(*assignment.value, target.type());

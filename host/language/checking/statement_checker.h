@@ -57,7 +57,7 @@ private:
     ActionPtr form(const syntax::Try& statement, Offset offset);
     Handler handler(const syntax::Try::Catch& form, Offset offset);
     CodePtr caseCondition(const std::vector<syntax::CaseTest>& tests, const Variable& value);
-    Type loopType(const syntax::LoopVariable& form);
+    Type loopType(const syntax::LoopVariable& form, const std::string& declaration); // which a message suggests
     Variable loopVariable(const syntax::LoopVariable& form, const Type& type);
     LoopBody loopBody(syntax::Surrounding what, const syntax::Block& form, Offset offset);
     CodePtr stepValue(const syntax::Expression& expression, const Type& type);

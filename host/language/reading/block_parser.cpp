@@ -82,21 +82,24 @@ Block StatementParser::block(const Opening& opening) {
 
 // Takes the words that close the block. Other words are an error; they are left to the block around this one that they fit,
 // or taken for these.
-void StatementParser::close(const Opening& opening, std::string_view hint) {
+void StatementParser::close(const Opening& opening, std::optional<Offset> elseIf) {
     if (closes(opening)) {
         tokens_.take();
         if (opening.second != Keyword::none) tokens_.take();
         return;
     }
-    if (tokens_.at(TokenKind::endOfFile)) {
-        endedInBlock_ = true;
+    endedInBlock_ = endedInBlock_ || tokens_.at(TokenKind::endOfFile);
+    if (elseIf) {
+        report({*elseIf, "'ElseIf' is one word; an If behind 'Else' has an 'End If' of its own"});
+    } else if (endedInBlock_) {
         report({opening.offset, "this " + std::string(opening.name) + " block is never closed: '" +
-                                    std::string(opening.closing) + "' is missing" + std::string(hint)});
-        return;
+                                    std::string(opening.closing) + "' is missing"});
     }
+    if (endedInBlock_) return;
     try {
-        tokens_.failExpected("'" + std::string(opening.closing) + "' to close the " + std::string(opening.name) +
-                             " block that began on line " + std::to_string(source_.place(opening.offset).line));
+        if (!elseIf)
+            tokens_.failExpected("'" + std::string(opening.closing) + "' to close the " + std::string(opening.name) +
+                                 " block that began on line " + std::to_string(source_.place(opening.offset).line));
     } catch (const SyntaxError& error) {
         report(error);
     }
@@ -147,12 +150,12 @@ syntax::If StatementParser::ifStatement(Offset offset) {
         asked = conditionThen();
         form.branches.push_back({std::move(asked), part(opening)});
     }
-    std::string_view hint;
+    std::optional<Offset> elseIf;
     if (tokens_.accept(Keyword::elseBranch)) {
-        if (tokens_.at(Keyword::ifBranch)) hint = "; 'ElseIf' is one word";
+        if (tokens_.at(Keyword::ifBranch)) elseIf = tokens_.peek().offset;
         form.branches.push_back({nullptr, part(opening)});
     }
-    close(opening, hint);
+    close(opening, elseIf);
     return form;
 }
 

@@ -30,12 +30,12 @@ std::vector<Diagnostic> Diagnostics::inOrder() const {
     return ordered;
 }
 
-std::string Diagnostics::report(const Source& source) const {
+std::string Diagnostics::report() const {
     std::string report;
     for (const Diagnostic& diagnostic : inOrder())
-        report += source.report(diagnostic.offset, std::string(nameOf(diagnostic.level)) + ": " + diagnostic.message);
-    if (droppedErrors_) report += source.name() + ": error: there are more errors\n";
-    if (droppedWarnings_) report += source.name() + ": warning: there are more warnings\n";
+        report += source_.report(diagnostic.offset, std::string(nameOf(diagnostic.level)) + ": " + diagnostic.message);
+    if (droppedErrors_) report += source_.name() + ": error: there are more errors\n";
+    if (droppedWarnings_) report += source_.name() + ": warning: there are more warnings\n";
     return report;
 }
 

@@ -40,7 +40,11 @@ inline std::string quoted(std::string_view name) { return "'" + std::string(name
 // tells.
 class Diagnostics {
 public:
-    explicit Diagnostics(std::size_t limit) : limit_(limit) {}
+    // The source must outlive the diagnostics.
+    Diagnostics(const Source& source, std::size_t limit) : source_(source), limit_(limit) {}
+
+    // "line 3", for messages that name a second place.
+    std::string lineOf(Offset offset) const { return "line " + std::to_string(source_.place(offset).line); }
 
     void add(Offset offset, std::string message) { add({Level::error, offset, std::move(message)}); }
 
@@ -53,11 +57,12 @@ public:
     std::vector<Diagnostic> inOrder() const; // of the program's text
 
     // The whole report, in the order of the program's text.
-    std::string report(const Source& source) const;
+    std::string report() const;
 
 private:
     void add(Diagnostic diagnostic);
 
+    const Source& source_;
     std::size_t limit_;
     std::size_t errors_ = 0;
     bool droppedErrors_ = false, droppedWarnings_ = false;

@@ -80,6 +80,10 @@ Keyword keywordOf(std::string_view name) {
     throw SyntaxError{static_cast<Offset>(offset), std::move(message)};
 }
 
+[[noreturn]] void failForeign(std::size_t offset, const ForeignSign& foreign) {
+    fail(offset, "'" + std::string(foreign.sign) + "' has no meaning here; " + std::string(foreign.hint));
+}
+
 } // namespace
 
 std::vector<std::string_view> keywordNames() {
@@ -141,6 +145,7 @@ void Lexer::skipCharacter() {
 }
 
 Token Lexer::read() {
+    quoted_.reset();
     skipBlanksAndComments();
     if (position_ >= text_.size()) return finish(TokenKind::endOfFile, position_);
     const char c = text_[position_];
@@ -164,8 +169,12 @@ void Lexer::skipBlanksAndComments() {
         const bool remark =
             lower(c) == 'r' && equalIgnoringCase(text_.substr(position_, 3), "rem") && !isNamePart(at(position_ + 3));
         if (c == '\'' || (c == '/' && at(position_ + 1) == '/') || (remark && !afterDot_)) {
+            const std::size_t start = position_;
             while (position_ < text_.size() && !isLineEnd(text_[position_]))
                 ++position_;
+            const std::string_view comment = text_.substr(start, position_ - start);
+            if (comment.size() > 1 && comment.front() == '\'' && comment.back() == '\'' && !isBlank(comment[1]))
+                quoted_ = static_cast<Offset>(start);
         } else if (!continuesLine()) {
             return;
         }
@@ -191,6 +200,7 @@ Token Lexer::finish(TokenKind kind, std::size_t start) const {
     token.kind = kind;
     token.offset = static_cast<Offset>(start);
     token.text = text_.substr(start, position_ - start);
+    token.quoted = quoted_;
     return token;
 }
 
@@ -215,6 +225,8 @@ Token Lexer::literal() {
         token.value = std::move(scanned.value);
         return token;
     } catch (const LiteralError& error) {
+        const ForeignSign foreign = foreignSignAt(text_.substr(start));
+        if (!foreign.sign.empty()) failForeign(start, foreign);
         position_ += std::max<std::size_t>(error.offset, 1);
         fail(start + error.offset, error.message);
     }
@@ -251,8 +263,7 @@ Token Lexer::symbol() {
     };
     const std::size_t start = position_;
     const ForeignSign foreign = foreignSignAt(text_.substr(start));
-    if (!foreign.sign.empty())
-        fail(start, "'" + std::string(foreign.sign) + "' has no meaning here; " + std::string(foreign.hint));
+    if (!foreign.sign.empty()) failForeign(start, foreign);
     for (const Symbol& symbol : symbols) {
         if (text_.substr(start, symbol.text.size()) != symbol.text) continue;
         position_ += symbol.text.size();

@@ -6,6 +6,7 @@
 
 #include "text/nearest_name.h"
 
+#include <optional>
 #include <vector>
 
 namespace host::language {
@@ -50,6 +51,7 @@ private:
     bool afterDot_ = false;
     // Whether a statement began with only names and dots so far: `F &hFF` then calls F with a number.
     bool inHead_ = true;
+    std::optional<Offset> quoted_; // see Token
 };
 
 } // namespace host::language

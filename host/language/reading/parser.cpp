@@ -37,7 +37,7 @@ bool needsMore(const Source& source, Offset start) {
     if (last != std::string_view::npos && last > start && text[last] == '_' &&
         (text[last - 1] == ' ' || text[last - 1] == '\t'))
         return true;
-    Diagnostics dropped(0);
+    Diagnostics dropped(source, 0);
     StatementParser parser(source, dropped, ParseMode::prompt, start);
     try {
         checkText(source.text(), start);

@@ -48,7 +48,7 @@ syntax::Parameter StatementParser::parameter() {
     form.name = name("a parameter's name");
     const bool isArray = tokens_.accept(TokenKind::openParenthesis);
     if (isArray) tokens_.expect(TokenKind::closeParenthesis, "')'");
-    tokens_.expect(Keyword::as, "'As'");
+    tokens_.expect(Keyword::as, "'As' and the parameter's type");
     const Offset offset = tokens_.peek().offset;
     form.type = typeName();
     if (form.type.isArray && (isArray || form.paramArray)) failDimensions(offset);

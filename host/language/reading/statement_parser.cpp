@@ -1,5 +1,7 @@
 #include "language/reading/statement_parser.h"
 
+#include "language/reading/foreign_spellings.h"
+
 #include "model/types.h"
 
 #include <utility>
@@ -55,24 +57,27 @@ Statement StatementParser::statementOrBroken() {
         return read;
     } catch (const SyntaxError& error) {
         openings_.resize(openings, Opening());
-        const std::string misspelt = error.fatal ? std::string() : misspeltKeyword(start);
-        return {start, broken(misspelt.empty() ? error : SyntaxError{start, misspelt}, start)};
+        const std::string explained = error.fatal ? std::string() : foreignStart(start);
+        return {start, broken(explained.empty() ? error : SyntaxError{start, explained}, start)};
     }
 }
 
-// Of a statement that cannot be read: whether that is since its first word is nearly a keyword, as the keywords say that
-// follow it and cannot follow a name.
-std::string StatementParser::misspeltKeyword(Offset start) const {
+// Explains a statement that cannot be read by its first word: it is of another language, and a name follows, or it is nearly
+// a keyword, and a keyword follows that cannot follow a name.
+std::string StatementParser::foreignStart(Offset start) const {
     TokenStream again(source_.text(), start);
     try {
         again.take();
         const Token first = again.take();
+        const std::string message = "no statement begins with " + quoted(first.text);
+        const std::string_view hint = hintFor(Foreign::name, first.text);
+        if (first.keyword == Keyword::none && !hint.empty() && again.at(TokenKind::name))
+            return message + "; " + std::string(hint);
         const bool followed = again.peek().keyword != Keyword::none || tokens_.peek().keyword != Keyword::none;
         if (first.kind != TokenKind::name || first.keyword != Keyword::none || !followed) return {};
         NearestName nearest(first.text);
         offerKeywords(first.text, nearest);
-        if (!nearest.name().empty())
-            return "no statement begins with '" + std::string(first.text) + "'" + nearest.suggestion();
+        if (!nearest.name().empty()) return message + nearest.suggestion();
     } catch (const SyntaxError&) { // the one that was met
     }
     return {};
@@ -88,7 +93,9 @@ syntax::Broken StatementParser::broken(const SyntaxError& error, Offset start) {
         Token token = again.next();
         const bool declares = token.keyword == Keyword::dim || token.keyword == Keyword::constant ||
                               token.keyword == Keyword::forLoop || token.keyword == Keyword::sub ||
-                              token.keyword == Keyword::function;
+                              token.keyword == Keyword::function ||
+                              (token.keyword == Keyword::none && !hintFor(Foreign::name, token.text).empty());
+        if (token.keyword == Keyword::none) token = again.next();
         for (; declares && token.kind != TokenKind::endOfStatement && token.kind != TokenKind::endOfFile;
              token = again.next()) {
             if (token.kind == TokenKind::name && token.keyword == Keyword::none)
@@ -194,6 +201,10 @@ syntax::ReDim StatementParser::reDim() {
 }
 
 syntax::Print StatementParser::print(bool endsLine) {
+    if (tokens_.peek().quoted) {
+        diagnostics_.warn(*tokens_.peek().quoted,
+                          "this prints an empty line: ' starts a comment, and text is in double quotes");
+    }
     if (atEnd()) return {{}, endsLine};
     const bool likeACall = tokens_.at(TokenKind::openParenthesis);
     try {
@@ -225,7 +236,7 @@ syntax::Leave StatementParser::leave(bool continues) {
     if (continues) return {Surrounding::anyLoop, true};
     if (tokens_.accept(Keyword::sub)) return {Surrounding::sub, false};
     if (tokens_.accept(Keyword::function)) return {Surrounding::function, false};
-    tokens_.failExpected("'For', 'While', 'Do', 'Sub' or 'Function'");
+    tokens_.failExpected("'For', 'While', 'Do', 'Sub' or 'Function'", "'Quit' ends the program");
 }
 
 struct Change {

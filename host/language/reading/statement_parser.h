@@ -4,6 +4,7 @@
 #include "language/reading/expression_parser.h"
 #include "language/reading/parser.h"
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -36,7 +37,7 @@ private:
     syntax::Statement statement();
     syntax::Statement statementOrBroken();
     syntax::Broken broken(const SyntaxError& error, Offset start);
-    std::string misspeltKeyword(Offset start) const; // a message, or nothing
+    std::string foreignStart(Offset start) const; // a message, or nothing
 
     // Simple statements.
     syntax::Dim dim();
@@ -68,7 +69,8 @@ private:
 
     syntax::Block block(const Opening& opening); // up to the words that close it, which are taken
     syntax::Block part(const Opening& opening);  // up to a word that ends this part of it
-    void close(const Opening& opening, std::string_view hint = {});
+    // `elseIf` is where an Else If began that the block may miss an end for.
+    void close(const Opening& opening, std::optional<Offset> elseIf = {});
     bool closes(const Opening& opening) const;
     bool continues(const Opening& opening) const;
     bool belongsToOpenBlock() const;

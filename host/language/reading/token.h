@@ -6,6 +6,7 @@
 #include "chromabridge/host_abi.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -104,7 +105,8 @@ struct Token {
     Keyword keyword = Keyword::none;
     bool lineEnd = false; // of endOfStatement: a line's end rather than a colon
     Offset offset = 0;
-    std::string_view text;                                           // as written
+    std::optional<Offset> quoted = {}; // of an end: where a comment before it began that looks like text in quotes
+    std::string_view text;             // as written
     std::variant<HostInteger, double, HostColor, std::string> value; // of a literal
 };
 

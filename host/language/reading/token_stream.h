@@ -47,8 +47,8 @@ public:
     // Takes a name that is no keyword.
     Token expectName(std::string_view wanted);
 
-    // "`wanted` is expected here, not 'x'". Throws SyntaxError.
-    [[noreturn]] void failExpected(std::string_view wanted) const;
+    // "`wanted` is expected here, not 'x'; `hint`". Throws SyntaxError.
+    [[noreturn]] void failExpected(std::string_view wanted, std::string_view hint = {}) const;
 
 private:
     Lexer lexer_;

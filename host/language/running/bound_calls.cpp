@@ -59,7 +59,7 @@ CodePtr call(const Callee& callee, bool shared, CodePtr receiver, std::vector<Ar
         }
         return makeCode([callee, receiver = std::move(receiver), passing = std::move(passing)](Frame& frame) {
             Slots slots;
-            slots[0] = Slot::ofObject(requireObject(receiver->evaluate(frame).object, callee.offset()));
+            slots[0] = Slot::ofObject(requireObject(frame, receiver->evaluate(frame).object, callee.offset()));
             return passing.pass(frame, callee, slots.data(), 1);
         });
     });

@@ -3,26 +3,67 @@
 namespace host::language {
 namespace {
 
-// Those that the exception has ended and those that go on around the Catch, with one more than is told: it names the
-// procedure of the last place.
-std::vector<ActiveCall> callsOf(const Raised& raised, const Execution& execution) {
-    std::vector<ActiveCall> calls = raised.ended();
-    for (const ActiveCall* call = execution.innermost; call && calls.size() <= Raised::maxCallsTold; call = call->caller)
+using Calls = std::vector<ActiveCall>;
+
+// Those that the exception has ended and those that go on around the Catch.
+Calls callsOf(const Raised& raised, const Execution& execution) {
+    Calls calls = raised.ended();
+    for (const ActiveCall* call = execution.innermost; call; call = call->caller)
         calls.push_back(*call);
     return calls;
 }
 
+// Calls in a row, and how often the same ones follow once more.
+struct Run {
+    std::size_t first, count, repetitions;
+};
+
+// How often the calls from `first` on are followed by the same ones.
+std::size_t repetitionsOf(const Calls& calls, std::size_t first, std::size_t count) {
+    std::size_t same = 0;
+    while (first + count + same < calls.size() && calls[first + same].offset == calls[first + count + same].offset)
+        ++same;
+    return same / count;
+}
+
+// A procedure that calls itself repeats one call, and those that call each other repeat a few.
+std::vector<Run> folded(const Calls& calls) {
+    constexpr std::size_t maxPeriod = 4, fewestRepetitions = 3;
+    std::vector<Run> runs;
+    for (std::size_t i = 0; i < calls.size(); i += runs.back().count * (runs.back().repetitions + 1)) {
+        runs.push_back({i, 1, 0});
+        for (std::size_t period = 1; period <= maxPeriod && runs.back().repetitions == 0; ++period) {
+            const std::size_t repetitions = repetitionsOf(calls, i, period);
+            if (repetitions >= fewestRepetitions) runs.back() = {i, period, repetitions};
+        }
+    }
+    return runs;
+}
+
 // A place in the procedure that call `index` called; behind the last of them, in the program.
-std::string placeIn(const std::vector<ActiveCall>& calls, std::size_t index, Offset offset, const Execution& execution) {
+std::string placeIn(const Calls& calls, std::size_t index, Offset offset, const Execution& execution) {
     const Source& source = *execution.source;
     if (index < calls.size()) return source.location(offset) + " in " + calls[index].procedure->signature.name + "\n";
     return source.location(offset) + (execution.presenter ? ": " + std::string(source.line(offset)) : "") + "\n";
 }
 
-std::string lines(const std::vector<ActiveCall>& calls, const Execution& execution) {
+std::string lines(const Calls& calls, const Execution& execution) {
+    constexpr std::size_t maxShown = 20;
+    const std::vector<Run> runs = folded(calls);
+    const std::size_t dropped = runs.size() > maxShown ? runs.size() - maxShown : 0;
     std::string text;
-    for (std::size_t i = 0; i < calls.size() && i < Raised::maxCallsTold; ++i)
-        text += "called from " + placeIn(calls, i + 1, calls[i].offset, execution);
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        if (dropped > 0 && i == maxShown / 2) {
+            text += "... " + std::to_string(dropped) + " more lines\n";
+            i += dropped;
+        }
+        const Run& run = runs[i];
+        for (std::size_t call = run.first; call < run.first + run.count; ++call)
+            text += "called from " + placeIn(calls, call + 1, calls[call].offset, execution);
+        if (run.repetitions == 0) continue;
+        text += "... the same " + (run.count == 1 ? "call" : std::to_string(run.count) + " calls") + " " +
+                std::to_string(run.repetitions) + " more times\n";
+    }
     return text;
 }
 
@@ -33,7 +74,7 @@ std::string callsAround(const Raised& raised, const Execution& execution) {
 }
 
 std::string stackOf(const Raised& raised, const Execution& execution) {
-    const std::vector<ActiveCall> calls = callsOf(raised, execution);
+    const Calls calls = callsOf(raised, execution);
     std::string text = "raised at " + placeIn(calls, 0, raised.offset(), execution) + lines(calls, execution);
     text.pop_back(); // the last line's end
     return text;

@@ -50,12 +50,9 @@ public:
     Object* exception() const { return exception_.get(); }
     Offset offset() const { return offset_; } // where it was raised
 
-    // The calls that it has ended, the innermost first, as far as anybody is told of them.
+    // The calls that it has ended, the innermost first.
     const std::vector<ActiveCall>& ended() const { return ended_; }
-    void end(const ActiveCall& call) {
-        if (ended_.size() <= maxCallsTold) ended_.push_back(call);
-    }
-    static constexpr std::size_t maxCallsTold = 10;
+    void end(const ActiveCall& call) { ended_.push_back(call); }
 
 private:
     Owned<Object> exception_;

@@ -1,8 +1,43 @@
 #include "language/running/places.h"
 
+#include "text/letters.h"
+
+#include <algorithm>
 #include <new>
 
 namespace host::language {
+namespace {
+
+// The expression whose member the name at the offset is; empty when it is long, on another line, or not written.
+std::string_view ownerOf(std::string_view text, std::size_t member) {
+    constexpr std::size_t maxShown = 60;
+    const auto skipBlanks = [&](std::size_t end) {
+        while (end > 0 && isBlank(text[end - 1]))
+            --end;
+        return end;
+    };
+    const std::size_t dot = skipBlanks(member);
+    if (dot == 0 || text[dot - 1] != '.') return {};
+    const std::size_t end = skipBlanks(dot - 1);
+    std::size_t start = end;
+    for (int open = 0; start > 0; --start) {
+        const char c = text[start - 1];
+        if (isLineEnd(c)) break;
+        if (c == ')') ++open;
+        if (c == '(' && open-- == 0) break;
+        if (c == '"' && start > 1) start = std::min(text.rfind('"', start - 2), start - 2) + 1;
+        if (open == 0 && c != '(' && c != '.' && c != '"' && !isNamePart(c)) break;
+    }
+    return end - start <= maxShown ? text.substr(start, end - start) : std::string_view();
+}
+
+} // namespace
+
+void failNil(Frame& frame, Offset offset) {
+    const Source* const source = frame.execution().source;
+    const std::string owner(source ? ownerOf(source->text(), offset) : std::string_view());
+    throwNew(offset, "NilObjectException", "A member of Nil was used" + (owner.empty() ? "." : ": '" + owner + "' is Nil."));
+}
 void store(Frame& frame, VariablePlace place, Counting counting, Slot value) {
     lock(counting, value);
     unlock(counting, std::exchange(frame.variable(place), value)); // last: a destructor may run
@@ -26,7 +61,7 @@ CodePtr addressOfVariable(VariablePlace place) {
 CodePtr readProperty(const Property& property, CodePtr object, Offset offset) {
     const Counting counting = countingOf(property.type);
     return makeCode([&property, object = std::move(object), counting, offset](Frame& frame) {
-        Object* const owner = requireObject(object->evaluate(frame).object, offset);
+        Object* const owner = requireObject(frame, object->evaluate(frame).object, offset);
         const Slot value = frame.keep(counting, host::readProperty(property, owner));
         checkPending(offset);
         return value;
@@ -70,7 +105,7 @@ ActionPtr appendToVariable(VariablePlace place, std::vector<CodePtr> texts, Offs
 
 ActionPtr writeProperty(const Property& property, CodePtr object, CodePtr value, Offset offset) {
     return makeAction([&property, object = std::move(object), value = std::move(value), offset](Frame& frame) {
-        Object* const owner = requireObject(object->evaluate(frame).object, offset);
+        Object* const owner = requireObject(frame, object->evaluate(frame).object, offset);
         host::writeProperty(property, owner, value->evaluate(frame));
         checkPending(offset);
     });

@@ -23,9 +23,12 @@ ActionPtr appendToVariable(VariablePlace place, std::vector<CodePtr> texts, Offs
 // Gives the variable a new value, of which it takes a reference.
 void store(Frame& frame, VariablePlace place, Counting counting, Slot value);
 
+// Raises NilObjectException for what is before the member's name at the offset.
+[[noreturn]] void failNil(Frame& frame, Offset offset);
+
 // The object itself; raises NilObjectException for Nil.
-inline Object* requireObject(Object* object, Offset offset) {
-    if (!object) throwNew(offset, "NilObjectException", "A member of Nil was used.");
+inline Object* requireObject(Frame& frame, Object* object, Offset offset) {
+    if (!object) failNil(frame, offset);
     return object;
 }
 

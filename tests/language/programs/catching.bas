@@ -38,7 +38,7 @@ Try
     Print "finally" '> finally
   End Try
 Catch e As NilObjectException
-  Print e.Message '> A member of Nil was used.
+  Print e.Message '> A member of Nil was used: 'p' is Nil.
 End Try
 
 ' The calls that an exception has ended, and those around its Catch.

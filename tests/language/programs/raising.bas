@@ -2,9 +2,9 @@
 Dim none() As Double = Probe.echo(Nil)
 Dim p As Probe, v(1) As Double, m As New MemoryBlock(4), most As Integer = 1e300
 Dim f As New FolderItem("/no/such/file")
-Try : p.Number = 1 : Catch e As RuntimeException : Print e : End Try '> NilObjectException: A member of Nil was used.
-Try : Print p.description : Catch e As RuntimeException : Print e : End Try '> NilObjectException: A member of Nil was used.
-Try : Print p.successor : Catch e As RuntimeException : Print e : End Try '> NilObjectException: A member of Nil was used.
+Try : p.Number = 1 : Catch e As RuntimeException : Print e : End Try '> NilObjectException: A member of Nil was used: 'p' is Nil.
+Try : Print p.description : Catch e As RuntimeException : Print e : End Try '> NilObjectException: A member of Nil was used: 'p' is Nil.
+Try : Print p.successor : Catch e As RuntimeException : Print e : End Try '> NilObjectException: A member of Nil was used: 'p' is Nil.
 Try : Print none(0) : Catch e As RuntimeException : Print e : End Try '> NilObjectException: An array that is Nil was used.
 Try : For Each d As Double In none : Next : Catch e As RuntimeException : Print e : End Try '> NilObjectException: An array that is Nil was used.
 Try : Dim texts() As String = Nil : Print Join(texts) : Catch e As RuntimeException : Print e : End Try '> NilObjectException: An array that is Nil was used.

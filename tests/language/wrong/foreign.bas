@@ -35,10 +35,83 @@ End If
 '! '!=' has no meaning here; '<>' compares
 '! no statement begins with 'Edn', did you mean 'End'?
 
-@If True Then
-Else If False Then
+If True Then
+Else @If False Then
+Else @If True Then
 End If
-'! this If block is never closed: 'End If' is missing; 'ElseIf' is one word
+Print 1 @Wend
+'! 'ElseIf' is one word; an If behind 'Else' has an 'End If' of its own
+'! 'ElseIf' is one word; an If behind 'Else' has an 'End If' of its own
+'! the end of the statement is expected here, not 'Wend'
+
+Dim s As String = @'hello'
+Print @“hello”
+Print @0xFF, 1
+'! a value is expected here; ' starts a comment, and text is in double quotes
+'! '“' has no meaning here; text is in straight double quotes: "text"
+'! '0x' has no meaning here; a hexadecimal number is written &hFF
+
+@x = 5
+Print x
+@max = x
+For @i = 1 To 3
+  Print i
+Next
+Dim list() As Color = Array(#f00), counter As Integer
+For Each @c In list
+  @countr = counter + 1
+Next
+@Var y As Integer
+@Public z As Integer = y
+Exit@
+'! there is no variable 'x'; 'Dim x = ...' declares a variable
+'! 'max' is a function; 'Dim max = ...' declares a variable of this name
+'! there is no variable 'i'; 'For i As Integer = ...' declares a variable
+'! there is no variable 'c'; 'For Each c As Color In ...' declares a variable
+'! there is no variable 'countr', did you mean 'counter'?
+'! no statement begins with 'Var'; a variable is declared by 'Dim x As Type' or 'Dim x = value'
+'! no statement begins with 'Public'; 'Dim' declares a variable, and 'Sub' and 'Function' declare procedures
+'! 'For', 'While', 'Do', 'Sub' or 'Function' is expected here, not the end of the program; 'Quit' ends the program
+
+Dim d As New Dictionary, s As String = "a", v() As Integer, left As Integer
+Print @d("a")
+@d("a") = 1
+Print s.@Length
+Print s.@Split(",")
+Print left.@Nothing
+Print @s(0)
+v.@push 1
+Print v.@Join(",")
+Print v.@Cout
+Dim f As FolderItem = FolderItem(@"x")
+Dim p As Probe = Probe(@"x")
+Print @Left(s, 1)
+'! this is of type Dictionary; 'd.Value(key)' is the value of a key
+'! this is of type Dictionary; 'd.Value(key)' is the value of a key
+'! String has no members; 'Len(text)' is the number of its characters
+'! String has no members; it is a function: 'Split(value, ...)'
+'! Integer has no members
+'! this is of type String; 'Mid(text, 1, 1)' is a character
+'! an array has no member 'push'; 'Append' adds an element
+'! an array has no member 'Join'; it is a function: 'Join(value, ...)'
+'! an array has no member 'Cout', did you mean 'Count'?
+'! this is of type String and never is a FolderItem; 'New FolderItem(...)' makes one
+'! this is of type String and never is a Probe
+'! this is the variable 'Left' declared on line 1, which hides the function 'Left'
+
+' Short names are like too many others for a guess.
+Print @Int(2.5)
+Print @Sgn(1)
+Print @Atn(1)
+@Stop
+@Tupe
+Print @Sen(1)
+'! there is no function or array 'Int'; 'Floor(x)' rounds down, and 'Integer(x)' cuts off the fraction
+'! there is no function or array 'Sgn'; compare with 0: If(x < 0, -1, If(x > 0, 1, 0))
+'! there is no function or array 'Atn'; it is called 'ATan'
+'! there is no variable 'Stop'; 'Quit' ends the program
+'! there is no variable 'Tupe'
+'! there is no function or array 'Sen'
 
 Dim x As Integer = 5
 Print x --1

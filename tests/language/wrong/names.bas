@@ -42,13 +42,13 @@ Dim a As Integer
 While True
   Dim @A As String
 Wend
-'! 'A' is declared already in this block or one around it
+'! 'A' is declared already, on line 1
 
 Sub A()
 End Sub
 Sub @a()
 End Sub
-'! 'a' is declared twice with these parameters
+'! 'a' is declared with these parameters already, on line 1
 
 Sub @Probe()
 End Sub

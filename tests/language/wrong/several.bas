@@ -25,7 +25,7 @@ Print &h@GG
 '! 'To' or 'DownTo' is expected here, not 'Too'
 '! there is no variable 'wrong'
 '! there is no type 'Duble', did you mean 'Double'?
-'! this is of type String, but Integer is needed here
+'! this is of type String, but Integer is needed here; 'Integer(...)' converts it
 '! this While block is never closed: 'Wend' is missing
 '! this is not inside a Do loop
 '! a digit of base 16 is expected here

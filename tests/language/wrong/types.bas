@@ -2,7 +2,7 @@
 
 Dim s As String
 s = @1
-'! this is of type Integer, but String is needed here
+'! this is of type Integer, but String is needed here; 'String(...)' converts it
 
 Dim p As Probe = @New MemoryBlock(1)
 '! this is of type MemoryBlock, but Probe is needed here
@@ -17,7 +17,7 @@ Raise @"x"
 '! this is of type String, but RuntimeException is needed here
 
 Dim v() As Integer = Array(1, @"a")
-'! this is of type String, but Integer is needed here
+'! this is of type String, but Integer is needed here; 'Integer(...)' converts it
 
 Dim p As Probe
 Print p @Is 1
@@ -44,11 +44,11 @@ p.@description = "x"
 '! the property 'description' of Probe is read-only
 
 Probe.@kAnswer = 1
-'! this cannot be assigned to
+'! this cannot be assigned to: 'kAnswer' is a constant of Probe
 
 Const C = 1
 @C = 2
-'! this cannot be assigned to
+'! this cannot be assigned to: 'C' is a constant, declared on line 1
 
 Dim i As Integer
 Const C = i @+ 1

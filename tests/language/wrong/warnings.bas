@@ -57,3 +57,10 @@ Print used @==
 '! warning: this Double loses its fraction here; Floor(), Round() or Integer() says that it shall
 '! '==' has no meaning here; '=' compares, and as a statement assigns
 
+If False Then
+  Print @'hello'
+  Print ' an empty line, as 'planned'
+  Print 'too
+End If
+'! warning: this prints an empty line: ' starts a comment, and text is in double quotes
+
