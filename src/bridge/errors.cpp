@@ -48,20 +48,31 @@ void raiseWith(const char* className, REALstringStruct* message) {
     });
 }
 
-Failure failure(const char* className, const std::exception& error) {
-    const std::size_t size = std::strlen(error.what()) + 1;
-    auto* const copy = static_cast<char*>(std::calloc(size, 1));
-    if (copy) std::memcpy(copy, error.what(), size);
-    return {className, copy, copy};
+// A null text is the empty message.
+Failure failure(const char* className, const char* text) {
+    const auto isMidCharacter = [](char byte) { return (byte & 0xC0) == 0x80; };
+    Failure made;
+    made.className = className;
+    std::size_t length = text ? std::strlen(text) : 0;
+    if (length >= sizeof made.text) {
+        made.copy = static_cast<char*>(std::calloc(length + 1, 1));
+        if (!made.copy) length = sizeof made.text - 1;
+        while (!made.copy && length > 0 && isMidCharacter(text[length]))
+            --length;
+    }
+    char* const target = made.copy ? made.copy : made.text;
+    if (length > 0) std::memcpy(target, text, length);
+    target[length] = '\0';
+    return made;
 }
 
 // Only the first has the failure raised that ends the making of its message, so that there is an end.
-void raise(Failure failure, bool isFirst) {
+void raise(const Failure& failure, bool isFirst) {
     const auto raiseIt = [&] {
         REALstringStruct* message = nullptr;
         const auto build = [&] {
-            const auto length = static_cast<std::int64_t>(failure.message ? std::strlen(failure.message) : 0);
-            message = buildString(failure.message, length, kCFStringEncodingUTF8);
+            const auto length = static_cast<std::int64_t>(std::strlen(failure.message()));
+            message = buildString(failure.message(), length, kCFStringEncodingUTF8);
         };
         const Failure another = failureOf(build);
         if (another.className && isFirst) {
@@ -111,29 +122,29 @@ Failure caughtFailure() {
     try {
         throw;
     } catch (const std::bad_alloc&) {
-        return {"OutOfMemoryException", "Failed to allocate memory."};
+        return failure("OutOfMemoryException", "Failed to allocate memory.");
     } catch (const std::range_error& error) {
-        return failure("OutOfBoundsException", error);
+        return failure("OutOfBoundsException", error.what());
     } catch (const std::out_of_range& error) {
-        return failure("OutOfBoundsException", error);
+        return failure("OutOfBoundsException", error.what());
     } catch (const std::overflow_error& error) {
-        return failure("OutOfBoundsException", error);
+        return failure("OutOfBoundsException", error.what());
     } catch (const std::underflow_error& error) {
-        return failure("OutOfBoundsException", error);
+        return failure("OutOfBoundsException", error.what());
     } catch (const std::logic_error& error) {
-        return failure("RuntimeException", error);
+        return failure("RuntimeException", error.what());
     } catch (const std::runtime_error& error) {
-        return failure("RuntimeException", error);
+        return failure("RuntimeException", error.what());
     } catch (const std::bad_cast& error) {
-        return failure("IllegalCastException", error);
+        return failure("IllegalCastException", error.what());
     } catch (const std::exception& error) {
-        return failure("RuntimeException", error);
+        return failure("RuntimeException", error.what());
     } catch (...) {
-        return {"RuntimeException", "Sorry, but there was an unnamed C++ Exception."};
+        return failure("RuntimeException", "Sorry, but there was an unnamed C++ Exception.");
     }
 }
 
-void raiseFailure(Failure failure) { raise(failure, true); }
+void raiseFailure(const Failure& failure) { raise(failure, true); }
 
 void raisePlatformException(id thrown) {
     if (!isNSException(thrown)) throwNative(thrown);

@@ -18,12 +18,15 @@ void RaiseException(const char* className, const char* message);
 void RaiseOutOfBoundsException(std::int64_t value, std::int64_t minimum, std::int64_t limit, const char* parameterName,
                                const char* methodName);
 
-// What a C++ exception tells host code: the class of a host exception, null for no failure, and its message, null where
-// memory for it is exhausted. A message that is no literal is in `copy`, which `raiseFailure` frees.
+// What a C++ exception becomes: the class of a host exception, null for no failure, and its message. A usual message is in
+// `text`, so that it survives when memory is exhausted. A longer one is in `copy`, which `raiseFailure` frees; without
+// memory for it the message is its beginning.
 struct Failure {
     const char* className = nullptr;
-    const char* message = nullptr;
     char* copy = nullptr;
+    char text[200]; // set together with the class
+
+    const char* message() const { return copy ? copy : text; }
 };
 
 // Returns the failure for the C++ exception being handled. May only be called in a handler.
@@ -31,7 +34,7 @@ Failure caughtFailure();
 
 // Raises a failure. A C++ exception while its message is made leaves the message empty and is a failure that is raised
 // before it, but for one while the message of that is made.
-void raiseFailure(Failure failure);
+void raiseFailure(const Failure& failure);
 
 // Raises the host exception for a thrown NSException: the one that the sibling plugin creates or, without a sibling, a
 // "RuntimeException" whose message is the exception's name, a colon and its reason. Throws any other object again.
@@ -41,14 +44,15 @@ void raisePlatformException(id thrown);
 // handler of everything would take it for a C++ one.
 template <class Body>
 Failure failureOf(Body body) {
+    Failure failure; // one object from here to the caller: every string passes here, and the text is left as it is
     id thrown = nullptr;
     try {
         thrown = catchNative(body);
     } catch (...) {
-        return caughtFailure();
+        failure = caughtFailure();
     }
     if (thrown) throwNative(thrown);
-    return {};
+    return failure;
 }
 
 // Runs the body. A C++ exception that leaves the body becomes a host exception, raised after its handler has ended.
