@@ -8,17 +8,23 @@
 
 namespace chroma {
 
-// Calls use(memory) with room for `count` elements of a plain type: on the stack up to `shortCount`, otherwise on the heap.
-// The memory is null when the heap is exhausted.
+// Calls use(memory) with room for `count` elements of a plain type on the heap, filled with zeros; null when the heap is
+// exhausted.
+template <class T, class Use>
+void withHeap(std::size_t count, Use use) {
+    T* const heap = static_cast<T*>(std::calloc(count, sizeof(T)));
+    if (!heap) return use(nullptr);
+    withCleanup([&] { use(heap); }, [&] { std::free(heap); });
+}
+
+// The same, but up to `shortCount` elements are on the stack.
 template <class T, std::size_t shortCount, class Use>
 void withScratch(std::size_t count, Use use) {
     if (count <= shortCount) {
         T local[shortCount];
         return use(local);
     }
-    T* const heap = static_cast<T*>(std::calloc(count, sizeof(T)));
-    if (!heap) return use(nullptr);
-    withCleanup([&] { use(heap); }, [&] { std::free(heap); });
+    withHeap<T>(count, use);
 }
 
 } // namespace chroma

@@ -39,11 +39,15 @@ void withUTF8(id string, Use use) {
     constexpr CFIndex longestUnits = INT32_MAX / 6;
     const CFIndex units = string ? CFStringGetLength(string) : 0;
     if (units <= 0 || units > longestUnits) return use(nullptr);
-    // Room for 600 bytes serves up to 99 units; beyond, a unit never takes more than 6.
-    const CFIndex capacity = units <= shortUnits ? shortCapacity : 6 * units;
-    withScratch<char, shortCapacity>(static_cast<std::size_t>(capacity), [&](char* buffer) {
+    const auto useWritten = [&](char* buffer, CFIndex capacity) {
         use(buffer && CFStringGetCString(string, buffer, capacity, kCFStringEncodingUTF8) ? buffer : nullptr);
-    });
+    };
+    if (units <= shortUnits) {
+        char buffer[shortCapacity];
+        return useWritten(buffer, shortCapacity);
+    }
+    const CFIndex capacity = 6 * units; // more than a unit ever takes
+    withHeap<char>(static_cast<std::size_t>(capacity), [&](char* buffer) { useWritten(buffer, capacity); });
 }
 
 } // namespace chroma
