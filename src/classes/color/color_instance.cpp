@@ -49,10 +49,9 @@ void ConstructorColor(REALobjectStruct* object, HostColor c) {
 
 void ConstructorRGB(REALobjectStruct* object, double red, double green, double blue, double alpha) {
     guarded([=] {
-        if (!mayInitialise(object)) return;
         if (!isAccepted(red) || !isAccepted(green) || !isAccepted(blue))
             return RaiseException("OutOfBoundsException", "Invalid values. Please pass values in range 0.0 to 1.0.");
-        fillCalibratedRGB(object, red, green, blue, alpha);
+        if (mayInitialise(object)) fillCalibratedRGB(object, red, green, blue, alpha);
     });
 }
 
