@@ -46,7 +46,7 @@ REALobjectStruct* adopted(Message<id(Parameter)>& initialiser, Argument argument
     });
 }
 
-// Returns the URL of a host path, or nil if the host string is not a path.
+// The URL of a host path, which the caller owns; nil when the host string is no path.
 id urlFromPath(REALstringStruct* path, bool isNative) {
     const CFStringRef text = RBString2CFString(path);
     if (!text) return nullptr;
@@ -57,7 +57,7 @@ id urlFromPath(REALstringStruct* path, bool isNative) {
                            : CFURLCreateWithString(nullptr, text, nullptr);
         },
         [&] { CFRelease(text); });
-    return sel::autorelease(url);
+    return url;
 }
 
 // Returns the file's URL, autoreleased, or nil if the host does not provide its path.
@@ -65,12 +65,15 @@ id urlOfFile(REALfolderItemStruct* file) {
     const bool isNative = hostHasNativePaths();
     REALstringStruct* path = nullptr;
     if (!REALGetPropValueString(asObject(file), isNative ? "NativePath" : "URLPath", &path)) return nullptr;
+    const auto giveUpPath = [&] {
+        if (path) REALUnlockString(path);
+    };
     id url = nullptr;
-    withCleanup([&] { url = urlFromPath(path, isNative); },
-                [&] {
-                    if (path) REALUnlockString(path);
-                });
-    return url;
+    onThrow([&] { withCleanup([&] { url = urlFromPath(path, isNative); }, giveUpPath); },
+            [&] {
+                if (url) CFRelease(url);
+            });
+    return sel::autorelease(url);
 }
 
 // Returns the file's contents, autoreleased, or nil if the file cannot be read.
