@@ -3,7 +3,8 @@
  * Plain C, so that a host in any language can read it. Nothing here is shared code; both sides compile it on their own.
  *
  * Loading. The host opens the library, looks up `REALPluginMain` and calls it once with its resolver. The plugin registers
- * its class records during that call; afterwards it runs only when the host calls a function named in a record.
+ * its class records during that call; afterwards it runs only when the host calls a function named in a record. Once a call
+ * has brought a resolver, the plugin ignores further calls, whatever resolver they bring.
  *
  * Threads. Every call, in both directions, is made on the host's one calling thread.
  *

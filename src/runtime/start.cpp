@@ -7,6 +7,7 @@
 namespace chroma {
 
 void startPlugin(REALresolver resolver, std::initializer_list<REALclassDefinition*> classes) {
+    if (gResolver) return; // the host has the records already, perhaps in the legacy layout
     gResolver = resolver;
     if (resolver) {
         if (const auto hostVersion = resolveOnce(entries::REALGetRBVersion)) rbversion_rbversion = hostVersion();
