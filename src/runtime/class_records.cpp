@@ -33,36 +33,38 @@ static_assert(offsetof(REALclassDefinitionLegacy, sharedMethodCount) == offsetof
 static_assert(offsetof(REALproperty, getter) == words(4) && offsetof(REALproperty, parameter) == words(6));
 static_assert(offsetof(REALmethodDefinition, declaration) == words(2) && offsetof(REALconstant, flags) == words(2));
 
-// Copies the leading words of each row. Returns false only when memory is exhausted; no rows yield null and true.
+// Returns a new array with the leading words of each row, which the caller frees; null without rows, and when memory is
+// exhausted.
 template <class LegacyRow, class Row>
-bool copyLegacy(LegacyRow*& copy, const Row* rows, REALword count) {
+LegacyRow* leadingWords(const Row* rows, REALword count) {
     static_assert(sizeof(LegacyRow) <= sizeof(Row));
-    copy = nullptr;
-    if (!rows || count <= 0) return true;
-    copy = static_cast<LegacyRow*>(std::calloc(static_cast<std::size_t>(count), sizeof(LegacyRow)));
-    if (!copy) return false;
-    for (REALword i = 0; i < count; ++i)
+    if (!rows || count <= 0) return nullptr;
+    auto* const copy = static_cast<LegacyRow*>(std::calloc(static_cast<std::size_t>(count), sizeof(LegacyRow)));
+    for (REALword i = 0; copy && i < count; ++i)
         std::memcpy(&copy[i], &rows[i], sizeof(LegacyRow));
-    return true;
+    return copy;
 }
 
-// Rewrites the record and its arrays in the legacy layout. Returns false and changes nothing when memory is exhausted.
+bool isExhausted(const void* copy, const void* rows, REALword count) { return !copy && rows && count > 0; }
+
+// Rewrites the record and its arrays in the legacy layout; false, and nothing changed, when memory is exhausted.
 bool rewriteInLegacyLayout(REALclassDefinition& record) {
     REALclassDefinitionLegacy legacy;
     std::memcpy(&legacy, &record, sizeof legacy);
     legacy.bindings = nullptr;
     legacy.bindingCount = 0;
-    bool complete = true;
-    const auto copyAll = [&](auto& copy, const auto* rows, REALword count) {
-        if (!copyLegacy(copy, rows, count)) complete = false; // the others go on, so that each pointer is ours or null
-    };
-    copyAll(legacy.properties, record.properties, record.propertyCount);
-    copyAll(legacy.methods, record.methods, record.methodCount);
-    copyAll(legacy.events, record.events, record.eventCount);
-    copyAll(legacy.constants, record.constants, record.constantCount);
-    copyAll(legacy.sharedProperties, record.sharedProperties, record.sharedPropertyCount);
-    copyAll(legacy.sharedMethods, record.sharedMethods, record.sharedMethodCount);
-    if (!complete) {
+    legacy.properties = FixProperties(record.properties, record.propertyCount);
+    legacy.methods = leadingWords<REALmethodDefinitionLegacy>(record.methods, record.methodCount);
+    legacy.events = leadingWords<REALeventLegacy>(record.events, record.eventCount);
+    legacy.constants = leadingWords<REALconstantLegacy>(record.constants, record.constantCount);
+    legacy.sharedProperties = FixProperties(record.sharedProperties, record.sharedPropertyCount);
+    legacy.sharedMethods = leadingWords<REALmethodDefinitionLegacy>(record.sharedMethods, record.sharedMethodCount);
+    if (isExhausted(legacy.properties, record.properties, record.propertyCount) ||
+        isExhausted(legacy.methods, record.methods, record.methodCount) ||
+        isExhausted(legacy.events, record.events, record.eventCount) ||
+        isExhausted(legacy.constants, record.constants, record.constantCount) ||
+        isExhausted(legacy.sharedProperties, record.sharedProperties, record.sharedPropertyCount) ||
+        isExhausted(legacy.sharedMethods, record.sharedMethods, record.sharedMethodCount)) {
         std::free(legacy.properties);
         std::free(legacy.methods);
         std::free(legacy.events);
@@ -76,6 +78,10 @@ bool rewriteInLegacyLayout(REALclassDefinition& record) {
 }
 
 } // namespace
+
+REALpropertyLegacy* FixProperties(const REALproperty* properties, REALword count) {
+    return leadingWords<REALpropertyLegacy>(properties, count);
+}
 
 void MyREALRegisterClass(REALclassDefinition* record) {
     const std::int32_t version = CurrentREALControlVersion;
