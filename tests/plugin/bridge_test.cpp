@@ -94,8 +94,9 @@ TEST_F(Strings, FromTheHostAreReadInTheirEncodingByItOrFromItsStorage) {
     EXPECT_EQ(RBString2CFString(nullptr), nullptr);
 
     // Of storage alone: long, not of whole units, empty, marked in its byte order.
-    EXPECT_EQ(toPlatform({units(std::u16string(1000, u'x')), REALencodingUTF16}), std::string(1000, 'x'));
-    EXPECT_EQ(toPlatform({units<char16_t>(u"ab") + "c", REALencodingUTF16}), "ab");
+    for (const std::size_t length : {128U, 129U, 1000U})
+        EXPECT_EQ(toPlatform({units(std::u16string(length, u'x')), foreign::kUTF16}), std::string(length, 'x'));
+    EXPECT_EQ(toPlatform({units<char16_t>(u"ab") + "c", foreign::kUTF16}), "ab");
     EXPECT_EQ(toPlatform(utf8("")), "");
     EXPECT_EQ(toPlatform(utf8("\xEF\xBB\xBFz")), "z");
 }
@@ -183,6 +184,23 @@ TEST_F(Strings, FromThePlatformKeepEveryLength) {
                 EXPECT_EQ(toHost(native::string(text)), utf8(text));
     }
     EXPECT_EQ(NSStringRB(nullptr), nullptr);
+}
+
+TEST_F(Strings, OfUsualLengthNeedNoMemory) {
+    host.before["REALGetStringCFString"] = [] { return true; };
+    become(2012.0);
+    for (const bool isLong : {false, true}) {
+        const auto expectIn = [&](const Stored& expected, auto convert) {
+            failAllocation(1);
+            EXPECT_EQ(convert(), isLong ? nothing : expected);
+            EXPECT_EQ(failAllocation(0), isLong);
+        };
+        const std::string text(isLong ? 100 : 99, 'x');
+        const id native = native::string(text);
+        expectIn(utf8(text), [&] { return toHost(native); });
+        const std::string wide = units(std::u32string(isLong ? 65 : 64, U'x'));
+        expectIn(utf8(std::string(64, 'x')), [&] { return built(wide, foreign::kUTF32); });
+    }
 }
 
 class Data : public PluginTest, public ::testing::WithParamInterface<double> {
@@ -315,6 +333,13 @@ TEST_F(Errors, WordTheRange) {
                   "-9223372036854775808.",
                   INT64_MIN, INT64_MAX, 0, "x", "y");
     expectMessage("Parameter x  is too big. Range is 0 to 9223372036854775807, but value is 0.", 0, 0, INT64_MIN, "x", "");
+    // Up to 400 bytes on the stack, 200 of them for the fixed words.
+    for (const std::size_t length : {199U, 200U}) {
+        failAllocation(1);
+        RaiseOutOfBoundsException(1, 0, 1, std::string(length, 'n').c_str(), "m");
+        EXPECT_EQ(failAllocation(0), length == 200);
+        EXPECT_EQ(std::get<1>(host.takeRaised().at(0)) == "Out of Bounds", length == 200);
+    }
     const std::string longName(5000, 'n');
     expectMessage("Parameter x to method " + longName + " is too big. Range is 0 to 0, but value is 1.", 1, 0, 1, "x",
                   longName.c_str());
@@ -344,6 +369,19 @@ TEST_F(Errors, InCppAreTranslated) {
     expectTranslated(CastAnd<std::logic_error>(), "RuntimeException", "h");
     expectTranslated(CastAnd<std::runtime_error>(), "RuntimeException", "h");
     expectTranslated(42, "RuntimeException", "Sorry, but there was an unnamed C++ Exception.");
+    struct Silent : std::exception {
+        const char* what() const noexcept override { return nullptr; }
+    };
+    expectTranslated(Silent(), "RuntimeException", "");
+    // Without memory 199 bytes remain of a message, and no part of a character.
+    const std::string shortText(199, 's'), longText = std::string(198, 'l') + "Ã¼";
+    expectTranslated(std::length_error(longText), "RuntimeException", longText.c_str());
+    for (const auto& [text, kept] : {std::pair(shortText, shortText), {longText, std::string(198, 'l')}}) {
+        const std::length_error error(text);
+        failAllocation(1);
+        expectTranslated(error, "RuntimeException", kept.c_str());
+        EXPECT_EQ(failAllocation(0), text != kept);
+    }
 
     int builds = 0;
     host.before["REALBuildString"] = [&] { return ++builds == 1 ? throw std::out_of_range("while building") : false; };

@@ -40,15 +40,18 @@ class Color : public SiblingTest {};
 
 TEST_F(Color, IsMadeOnceAndComesBackAsItsObject) {
     const Reference object(rgb(2.5, 0.0, 0.0));
-    expectRaised({{"OutOfBoundsException", "Invalid values. Please pass values in range 0.0 to 1.0.", 0}});
+    const Raised outOfRange{"OutOfBoundsException", "Invalid values. Please pass values in range 0.0 to 1.0.", 0};
+    expectRaised({outOfRange});
     EXPECT_EQ(nativeObject(object), nullptr);
     ConstructorRGB(object, 1.0, 0.5, 0.0, 1.0); // an empty object may be tried again
     const id held = nativeObject(object);
     EXPECT_EQ(native::retainCount(held), 2U); // ours, and the pool's
     const Raised refusal{"UnsupportedOperationException", "Constructor called too often. Object is already initialized.", 0};
     ConstructorColor(object, 0xFFFFFFFF);
-    ConstructorRGB(object, 9.0, 0.0, 0.0, 1.0);
-    expectRaised({refusal, refusal});
+    ConstructorRGB(object, 2.0, 0.0, 0.0, 1.0);
+    ConstructorRGB(object, 9.0, 0.0, 0.0, 1.0); // the range comes before the object, even without one
+    ConstructorRGB(nullptr, 0.0, 0.0, -1.5, 1.0);
+    expectRaised({refusal, refusal, outOfRange, outOfRange});
     EXPECT_EQ(nativeObject(object), held);
     EXPECT_EQ(Reference(NewNSColorZRX(held)), object);
 
@@ -125,7 +128,7 @@ TEST_F(Color, IsAskedForAlphaWhereThatIsRead) {
 TEST_F(Color, ComponentsBeyondThirtyTwoAreReadAndCut) {
     const Reference object(rgb(1.0, 0.5, 0.0));
     const id cls = native::object_getClass(nativeObject(object));
-    static NSInteger count = 100;
+    static NSInteger count = 32;
     native::replace(
         cls, "numberOfComponents", +[](id, SEL) { return count; });
     native::replace(
@@ -135,11 +138,13 @@ TEST_F(Color, ComponentsBeyondThirtyTwoAreReadAndCut) {
         });
     Components expected(32);
     std::iota(expected.begin(), expected.end(), 0.0);
-    EXPECT_EQ(componentsOf(object), expected);
     failAllocation(1);
+    EXPECT_EQ(componentsOf(object), expected);
+    count = 33;
     EXPECT_EQ(componentsOf(object), Components());
     expectRaised({{"OutOfMemoryException", "Failed to allocate memory.", 0}});
     failAllocation(0);
+    EXPECT_EQ(componentsOf(object), expected);
     count = -1;
     EXPECT_NE(traceOf([&] { EXPECT_EQ(componentsOf(object), Components()); }).find("getComponents:"), std::string::npos);
     native::fail(cls, "getComponents:");

@@ -122,6 +122,8 @@ TEST_F(Spaces, ProfileFilesAreReadByThePathThatTheHostVersionHas) {
         EXPECT_EQ(read({{"NativePath", path}}), version < 2013.0 ? "" : bytes);
         EXPECT_EQ(read({{"URLPath", url}}), version < 2013.0 ? bytes : "");
     }
+    const std::string trace = traceOf([&] { read({{"NativePath", path}}); });
+    EXPECT_LT(trace.find("REALUnlockString"), trace.find("autorelease")) << trace;
     EXPECT_EQ(ColorSpaceWithICCProfileFile(nullptr), nullptr);
     EXPECT_EQ(read({{"NativePath", path + ".missing"}}), "");
     EXPECT_EQ(read({{"NativePath", ""}}), "");

@@ -2,6 +2,7 @@
 #include "support/plugin_test.h"
 
 #include "classes/color/color_shared.h"
+#include "classes/colorlist/colorlist.h"
 #include "classes/colorspace/colorspace.h"
 #include "runtime/class_records.h"
 #include "runtime/host_entries.h"
@@ -11,6 +12,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
+#include <string_view>
 
 using namespace chroma;
 using foreign::Owned;
@@ -40,13 +42,16 @@ TEST_F(Start, AnnouncesTheVersionOnceBeforeTheClasses) {
     EXPECT_EQ(rbversion_rbversion, 2013.03);
 }
 
-TEST_F(Start, WithoutResolverOrVersionTakesTheHostForOld) {
+TEST_F(Start, WithoutResolverOrVersionTakesTheHostForOldAndHandsTheRecordsOverOnce) {
     REALPluginMain(nullptr);
     EXPECT_EQ(CurrentREALControlVersion, 9);
     EXPECT_TRUE(host.asked.empty());
     host.missing = {"REALGetRBVersion"};
     EXPECT_EQ(traceOf([&] { start(); }).substr(0, 24), "RegisterPluginVersion(9)");
     EXPECT_EQ(host.records.at(0)->version, 9);
+    host.missing.clear();
+    EXPECT_EQ(traceOf([&] { start(2021.0), REALPluginMain(nullptr); }), "");
+    EXPECT_EQ(gResolver, foreign::Host::resolve);
 }
 
 // The answer null is final but for entries that came late in the life of some hosts, and of those the newer name counts.
@@ -82,15 +87,34 @@ TEST_F(Start, EntriesAreAskedForOnceOrUntilTheHostAnswers) {
     EXPECT_EQ(host.asked, Counts());
 }
 
-TEST_F(Start, CurrentLayoutHandsOverTheStaticTables) {
-    REALclassDefinition expected = color::NSColorClass;
-    EXPECT_EQ(expected.version, 13);
+TEST_F(Start, CurrentLayoutHandsOverTheTablesWithTheirFlags) {
+    using Words = std::vector<REALword>;
+    REALclassDefinition expected[] = {color::NSColorClass, colorlist::NSColorListClass, colorspace::NSColorSpaceClass};
     start(2012.5);
-    ASSERT_EQ(host.records.at(0), &color::NSColorClass);
-    expected.version = 10;
-    expected.instanceDataSize = 16;
-    expected.instanceDataOffset = REALinstanceDataOffset; // written by the host
-    EXPECT_EQ(std::memcmp(host.records[0], &expected, sizeof expected), 0);
+    ASSERT_EQ(host.records.size(), std::size(expected));
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
+        REALclassDefinition& record = expected[i];
+        EXPECT_EQ((Words{record.version, record.instanceDataSize, record.instanceDataOffset, record.flags}),
+                  (Words{13, sizeof(void*), 0, 4}));
+        for (REALword row = 0; row < record.propertyCount; ++row) {
+            const REALproperty& property = record.properties[row];
+            const bool isHandle = property.name == std::string_view("Handle");
+            EXPECT_EQ(Words(&property.parameter, std::end(property.further)), Words(6, 0)) << property.name;
+            EXPECT_EQ(property.flags, 6) << property.name;
+            EXPECT_EQ(property.setter, isHandle ? REALstandardAccessor : nullptr) << property.name;
+            EXPECT_EQ(property.getter == REALstandardAccessor, isHandle) << property.name;
+        }
+        for (REALword row = 0; row < record.methodCount; ++row)
+            EXPECT_EQ(record.methods[row].flags, 4) << record.methods[row].declaration;
+        for (REALword row = 0; row < record.sharedMethodCount; ++row)
+            EXPECT_EQ(record.sharedMethods[row].flags, 4) << record.sharedMethods[row].declaration;
+        for (REALword row = 0; row < record.constantCount; ++row)
+            EXPECT_EQ((Words{record.constants[row].value, record.constants[row].flags}), Words(2, 0));
+        record.version = 10;
+        record.instanceDataSize = 16;
+        record.instanceDataOffset = REALinstanceDataOffset; // written by the host
+        EXPECT_EQ(std::memcmp(host.records[i], &record, sizeof record), 0) << record.name;
+    }
 }
 
 // A record with rows in every array, of which no class has all; made before the classes are registered.
@@ -132,15 +156,23 @@ TEST_F(Start, LegacyLayoutHoldsTheLeadingWordsOrNothingChanges) {
     EXPECT_EQ(n, 7); // an allocation for each of the six arrays failed once
     ASSERT_EQ(host.records.back(), &record);
 
-    REALclassDefinitionLegacy legacy;
+    REALclassDefinitionLegacy legacy, expected;
     std::memcpy(&legacy, &record, sizeof legacy);
-    EXPECT_EQ(legacy.version, 9);
-    EXPECT_EQ(legacy.instanceDataSize, 48);
-    EXPECT_EQ(legacy.bindings, nullptr);
-    EXPECT_EQ(legacy.bindingCount, 0);
-    EXPECT_EQ(legacy.interfaces, before.interfaces);
-    EXPECT_EQ(legacy.constantCount, before.constantCount);
-    EXPECT_EQ(legacy.sharedMethodCount, before.sharedMethodCount);
+    std::memcpy(&expected, &before, sizeof expected);
+    expected.version = 9;
+    expected.instanceDataSize = 48;
+    expected.instanceDataOffset = REALinstanceDataOffset; // written by the host
+    expected.bindings = nullptr;
+    expected.bindingCount = 0;
+    expected.properties = legacy.properties;
+    expected.methods = legacy.methods;
+    expected.events = legacy.events;
+    expected.constants = legacy.constants;
+    expected.sharedProperties = legacy.sharedProperties;
+    expected.sharedMethods = legacy.sharedMethods;
+    EXPECT_EQ(std::memcmp(&legacy, &expected, sizeof legacy), 0);
+    EXPECT_EQ(FixProperties(before.properties, 0), nullptr);
+    EXPECT_EQ(FixProperties(nullptr, 1), nullptr);
     takeLeadingWords(legacy.properties, before.properties, before.propertyCount);
     takeLeadingWords(legacy.methods, before.methods, before.methodCount);
     takeLeadingWords(legacy.events, before.events, before.eventCount);
@@ -220,26 +252,15 @@ TEST_F(Objects, ASiblingThatFailsIsNotAskedAgain) {
     EXPECT_EQ(native::Sibling::preparations, 0);
 }
 
-// Whatever a program does first finds the sibling, once.
-using Use = std::pair<const char*, void (*)()>;
-class FirstUse : public SiblingTest, public ::testing::WithParamInterface<Use> {};
-const Use uses[] = {
-    {"MakesAColor", [] { foreign::unlock(foreign::make("NSColorZRX")); }},
-    {"MakesAList", [] { foreign::unlock(foreign::make("NSColorListZRX")); }},
-    {"MakesASpace", [] { foreign::unlock(foreign::make("NSColorSpaceZRX")); }},
-    {"NamesAColor", [] { foreign::unlock(color::getblackColor()); }},
-    {"NamesASpace", [] { foreign::unlock(colorspace::getgenericRGBColorSpace()); }},
-    {"GivesAProfile", [] { EXPECT_EQ(colorspace::ColorSpaceWithICCProfileData(nullptr), nullptr); }},
-    {"ListsSpaces", [] { foreign::unlock(colorspace::availableColorSpacesWithModel(99)); }},
-};
-INSTANTIATE_TEST_SUITE_P(Program, FirstUse, ::testing::ValuesIn(uses), [](const auto& use) { return use.param.first; });
+using FirstUse = SiblingTest;
 
-TEST_P(FirstUse, AsksTheSiblingOnceBeforeAnythingElseOfThePlatform) {
-    const std::string asking = "respondsToSelector: GetInstancesDictionaryZRX respondsToSelector: PrepareNSExceptionZRX",
-                      first = traceOf(GetParam().second);
+TEST_F(FirstUse, AsksTheSiblingOnceBeforeAnythingElseOfThePlatform) {
+    const std::string asking = "respondsToSelector: GetInstancesDictionaryZRX respondsToSelector: PrepareNSExceptionZRX";
+    const auto listSpaces = [] { foreign::unlock(colorspace::availableColorSpacesWithModel(99)); };
+    const std::string first = traceOf(listSpaces);
     ASSERT_NE(first.find(asking), std::string::npos) << first;
     EXPECT_EQ(first.substr(0, first.find(asking)).find("olor"), std::string::npos) << first;
-    EXPECT_EQ(traceOf(GetParam().second).find("ZRX respondsTo"), std::string::npos);
+    EXPECT_EQ(traceOf(listSpaces).find("ZRX respondsTo"), std::string::npos);
     host.takeRaised(); // not every platform lists spaces
     EXPECT_EQ(native::Sibling::registryRequests, 1);
     EXPECT_EQ(native::Sibling::preparations, 1);
