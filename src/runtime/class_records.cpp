@@ -33,8 +33,8 @@ static_assert(offsetof(REALclassDefinitionLegacy, sharedMethodCount) == offsetof
 static_assert(offsetof(REALproperty, getter) == words(4) && offsetof(REALproperty, parameter) == words(6));
 static_assert(offsetof(REALmethodDefinition, declaration) == words(2) && offsetof(REALconstant, flags) == words(2));
 
-// Returns a new array with the leading words of each row, which the caller frees; null without rows, and when memory is
-// exhausted.
+// Returns a new array with the leading words of each row, which the caller frees. Returns null without rows, and when memory
+// is exhausted.
 template <class LegacyRow, class Row>
 LegacyRow* leadingWords(const Row* rows, REALword count) {
     static_assert(sizeof(LegacyRow) <= sizeof(Row));
@@ -47,7 +47,7 @@ LegacyRow* leadingWords(const Row* rows, REALword count) {
 
 bool isExhausted(const void* copy, const void* rows, REALword count) { return !copy && rows && count > 0; }
 
-// Rewrites the record and its arrays in the legacy layout; false, and nothing changed, when memory is exhausted.
+// Rewrites the record and its arrays in the legacy layout. Returns false and changes nothing when memory is exhausted.
 bool rewriteInLegacyLayout(REALclassDefinition& record) {
     REALclassDefinitionLegacy legacy;
     std::memcpy(&legacy, &record, sizeof legacy);

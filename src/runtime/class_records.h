@@ -48,8 +48,8 @@ constexpr REALword countOf(Row (&)[length]) {
 // null, if `count` is 0, and when memory is exhausted. The caller owns the array, and frees it with std::free.
 REALpropertyLegacy* FixProperties(const REALproperty* properties, REALword count);
 
-// Registers one class record, which stays in use by the host. A record for which memory is exhausted stays as it was and is
-// not handed over.
+// Registers one class record, which the host keeps using. If memory is exhausted, the record is unchanged and is not
+// registered.
 void MyREALRegisterClass(REALclassDefinition* record);
 
 } // namespace chroma

@@ -7,7 +7,7 @@
 
 namespace chroma {
 
-// Keeps the resolver, asks the host's version, announces the control version and registers the classes in order. A null
+// Stores the resolver, queries the host's version, announces the control version and registers the classes in order. A null
 // resolver registers nothing. Once a call has brought a resolver, further calls do nothing, whatever they bring.
 void startPlugin(REALresolver resolver, std::initializer_list<REALclassDefinition*> classes);
 

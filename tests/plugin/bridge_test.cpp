@@ -95,8 +95,8 @@ TEST_F(Strings, FromTheHostAreReadInTheirEncodingByItOrFromItsStorage) {
 
     // Of storage alone: long, not of whole units, empty, marked in its byte order.
     for (const std::size_t length : {128U, 129U, 1000U})
-        EXPECT_EQ(toPlatform({units(std::u16string(length, u'x')), foreign::kUTF16}), std::string(length, 'x'));
-    EXPECT_EQ(toPlatform({units<char16_t>(u"ab") + "c", foreign::kUTF16}), "ab");
+        EXPECT_EQ(toPlatform({units(std::u16string(length, u'x')), REALencodingUTF16}), std::string(length, 'x'));
+    EXPECT_EQ(toPlatform({units<char16_t>(u"ab") + "c", REALencodingUTF16}), "ab");
     EXPECT_EQ(toPlatform(utf8("")), "");
     EXPECT_EQ(toPlatform(utf8("\xEF\xBB\xBFz")), "z");
 }
@@ -199,7 +199,7 @@ TEST_F(Strings, OfUsualLengthNeedNoMemory) {
         const id native = native::string(text);
         expectIn(utf8(text), [&] { return toHost(native); });
         const std::string wide = units(std::u32string(isLong ? 65 : 64, U'x'));
-        expectIn(utf8(std::string(64, 'x')), [&] { return built(wide, foreign::kUTF32); });
+        expectIn(utf8(std::string(64, 'x')), [&] { return built(wide, REALencodingUTF32); });
     }
 }
 

@@ -46,7 +46,7 @@ REALobjectStruct* adopted(Message<id(Parameter)>& initialiser, Argument argument
     });
 }
 
-// The URL of a host path, which the caller owns; nil when the host string is no path.
+// Returns the URL of a host path, which the caller owns, or nil if the host string is not a path.
 id urlFromPath(REALstringStruct* path, bool isNative) {
     const CFStringRef text = RBString2CFString(path);
     if (!text) return nullptr;
@@ -65,11 +65,11 @@ id urlOfFile(REALfolderItemStruct* file) {
     const bool isNative = hostHasNativePaths();
     REALstringStruct* path = nullptr;
     if (!REALGetPropValueString(asObject(file), isNative ? "NativePath" : "URLPath", &path)) return nullptr;
-    const auto giveUpPath = [&] {
+    const auto unlockPath = [&] {
         if (path) REALUnlockString(path);
     };
     id url = nullptr;
-    onThrow([&] { withCleanup([&] { url = urlFromPath(path, isNative); }, giveUpPath); },
+    onThrow([&] { withCleanup([&] { url = urlFromPath(path, isNative); }, unlockPath); },
             [&] {
                 if (url) CFRelease(url);
             });
