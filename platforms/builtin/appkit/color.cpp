@@ -45,18 +45,19 @@ Color* sharedColor(ColorSpace* space, std::initializer_list<double> components) 
 }
 
 static String* wordNotValid(Object* color, SEL selector) {
-    return formatted("*** -[NSColor %s] not valid for the NSColor %s; need to first convert colorspace.",
-                     sel_getName(selector), printable(send<String*>(color, msg::description)));
+    return formatted("*** -%s not valid for the NSColor %s; need to first convert colorspace.", sel_getName(selector),
+                     printable(send<String*>(color, msg::description)));
 }
 
 void raiseNotValid(Color* color, SEL selector) { raise(exceptionName::invalidArgument, wordNotValid, color, selector); }
 
 namespace {
 
-std::u16string shortest(float value) {
+// Formats a component like "%g" in the "C" locale.
+std::u16string formattedComponent(float value) {
     if (std::isnan(value)) return u"nan";
     char digits[32];
-    const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general).ptr;
+    const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, 6).ptr;
     return {digits, end};
 }
 
@@ -66,7 +67,7 @@ String* describeComponents(const ColorContents& contents) {
     std::u16string text(space.colorSpaceName->text());
     if (space.colorSpaceName == &spaceName::custom) text.append(u" ").append(space.name).append(u" colorspace");
     for (std::size_t index = 0; index < contents.count(); ++index) {
-        text.append(u" ").append(shortest(contents.components[index]));
+        text.append(u" ").append(formattedComponent(contents.components[index]));
     }
     return string(text);
 }

@@ -59,9 +59,9 @@ Color* colorWithColorSpaceComponents(ClassObject*, SEL selector, id spaceObject,
     const auto expected = static_cast<std::intptr_t>(space->definition->channels) + 1;
     if (count != expected || !components || space->definition->model == ColorModel::unknown) {
         raise(exceptionName::invalidArgument,
-              formatted("+[NSColor %s]: %s takes %ld components, not %ld", sel_getName(selector),
-                        printable(send<String*>(space, msg::description)), static_cast<long>(expected),
-                        static_cast<long>(count)));
+              formatted("*** invalid number of components for colorspace in initWithColorSpace:components:count: "
+                        "(%ld instead of %ld)",
+                        static_cast<long>(components ? count : 0), static_cast<long>(expected)));
     }
     Color* const color = componentColor(space, {});
     std::transform(components, components + count, color->contents.components.begin(), [space](CGFloat component) {
