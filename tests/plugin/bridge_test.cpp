@@ -6,7 +6,12 @@
 #include "bridge/errors.h"
 #include "bridge/frame.h"
 #include "bridge/strings.h"
+#include "classes/color/color_shared.h"
 #include "runtime/host_entries.h"
+
+#if defined(CHROMA_SLICE)
+#include "builtin/introspection.h"
+#endif
 
 #include <cstdint>
 #include <exception>
@@ -440,6 +445,25 @@ TEST_F(Errors, OfThePlatformTellNameAndReasonUnlessTheSiblingTellsThem) {
     native::fail(metaclass, "NewNSExceptionZRX:");
     guarded([&] { native::raise("ColorException", "unheard"); });
 }
+
+#if defined(CHROMA_SLICE) // where a throw retains, and the end of a handler releases
+TEST_F(Errors, CaughtExceptionOutlivesThePoolOfItsThrower) {
+    native::replace(
+        native::metaclass("NSColor"), "colorWithCalibratedWhite:alpha:", +[](id, SEL, CGFloat, CGFloat) -> id {
+            const struct Pool {
+                id pool = native::sendClass("NSAutoreleasePool", "new");
+                ~Pool() { native::send<void>(pool, "drain"); }
+            } pool;
+            native::raise("ColorException", "why");
+        });
+    const std::size_t before = builtin_liveInstances("NSException");
+    EXPECT_EQ(color::colorWithCalibratedWhite(1, 1), nullptr);
+    expectRaised({{"RuntimeException", "ColorException: why", 0}});
+    EXPECT_EQ(builtin_liveInstances("NSException"), before + 1);
+    drainPool();
+    EXPECT_EQ(builtin_liveInstances("NSException"), before);
+}
+#endif
 
 TEST_F(Errors, ThatAreNoNSExceptionsPassOutwardAndCloseTheirGuards) {
     const id object = native::string("no exception");

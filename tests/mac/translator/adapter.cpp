@@ -1,18 +1,56 @@
-// What a slice expects of macOS, on the builtin platform: its runtime's part in catching, its stack guard, its variadic
-// calls, and its loader's last act, the protection of segments.
+// What a slice expects of macOS, on the builtin platform: how its runtime counts and catches what is thrown, its stack
+// guard, its variadic calls, and its loader's last act, the protection of segments.
 #include "builtin/objc_runtime.h"
 
+#include <dlfcn.h>
 #include <sys/mman.h>
 
 #include <cstdarg>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 #include <typeinfo>
 
 #define CHROMA_INSIDE __attribute__((visibility("hidden")))
 
+namespace {
+
+// Calls a method of every object as the runtime itself does: it is no message that a test could count or fail.
+chroma::id count(chroma::id object, const char* selector) {
+    const chroma::SEL message = chroma::sel_registerName(selector);
+    const chroma::IMP method = chroma::class_getMethodImplementation(chroma::object_getClass(object), message);
+    return reinterpret_cast<chroma::id (*)(chroma::id, chroma::SEL)>(method)(object, message);
+}
+
+// Destroys an exception, which held a reference to the thrown object.
+void releaseThrown(void* exception) {
+    count(reinterpret_cast<chroma::id>(*static_cast<chroma::ThrownObject*>(exception)), "release");
+}
+
+} // namespace
+
 extern "C" {
+
+// Takes the place of the C++ library's function in the program that links this: a throw retains an object.
+__attribute__((visibility("default"))) void __cxa_throw(void* exception, std::type_info* type, void (*destroy)(void*)) {
+    static const auto throwIt =
+        reinterpret_cast<void (*)(void*, std::type_info*, void (*)(void*))>(dlsym(RTLD_NEXT, "__cxa_throw"));
+    const bool isObject =
+        *type == typeid(chroma::ThrownObject) && *static_cast<chroma::ThrownObject*>(exception) != chroma::ThrownObject{};
+    if (isObject) count(reinterpret_cast<chroma::id>(*static_cast<chroma::ThrownObject*>(exception)), "retain");
+    throwIt(exception, type, isObject ? releaseThrown : destroy);
+    std::abort();
+}
+
+CHROMA_INSIDE chroma::id macos_objc_retainAutorelease(chroma::id object) {
+    count(object, "retain");
+    try {
+        return count(object, "autorelease");
+    } catch (const std::bad_alloc&) { // which has released the object, and ends the process there
+        return object;
+    }
+}
 
 void* __cxa_begin_catch(void* exception) noexcept;
 

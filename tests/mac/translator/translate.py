@@ -21,6 +21,7 @@ NAMES = {
     "_objc_begin_catch": "macos_objc_begin_catch",
     "_objc_end_catch": "__cxa_end_catch",
     "_objc_msgSend": "macos_objc_msgSend",
+    "_objc_retainAutorelease": "macos_objc_retainAutorelease",
     "___stack_chk_guard": "macos_stack_chk_guard",
     "dyld_stub_binder": "abort",  # binds what is bound late, of which there is nothing here
     # A 64-bit integer is a `long long` there and a `long` here, which shows in the names of functions that the tests call.
