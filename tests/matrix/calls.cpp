@@ -46,8 +46,10 @@ bool hasAll(std::initializer_list<const char*> entries) {
     return std::none_of(entries.begin(), entries.end(), [](auto entry) { return missingEntries.count(entry) > 0; });
 }
 
-// Host exceptions are objects, those for the platform's exceptions of a class that a plugin registers.
-bool hostCanRaise() { return hasAll({"PluginRegisterClass", "PluginNewInstance", "RuntimeRaiseException"}); }
+// Host exceptions are objects; the sibling registers the class of those for the platform's exceptions.
+bool hostCanRaise() {
+    return hasAll({"PluginNewInstance", "RuntimeRaiseException"}) && (!hasSibling || hasAll({"PluginRegisterClass"}));
+}
 
 const host::Type number = host::Type::plain(host::Kind::real);
 

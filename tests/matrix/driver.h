@@ -43,6 +43,7 @@ struct Function : host::validator::Function {
 // Starts a host of that version, loads the plugin and lists the functions that its records bind, and the lifecycle's.
 std::vector<Function> start(double version, const std::vector<std::string>& missing, bool withSibling);
 extern std::set<std::string> missingEntries;
+extern bool hasSibling;
 
 // A host that only counts up, or only down, loses what it counts: its values get references to lose, and nothing balances.
 bool hostCounts();

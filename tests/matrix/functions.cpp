@@ -17,6 +17,7 @@ extern "C" __attribute__((visibility("default"))) int fsync(int) { return 0; }
 namespace matrix {
 
 std::set<std::string> missingEntries;
+bool hasSibling = true;
 
 namespace {
 
@@ -43,6 +44,7 @@ void addFunctions(std::vector<Function>& functions, const host::ClassInfo& info)
 std::vector<Function> start(double version, const std::vector<std::string>& missing, bool withSibling) {
     host::startHost({version, missing});
     missingEntries = {missing.begin(), missing.end()};
+    hasSibling = withSibling;
     const host::platform::AutoreleasePool pool;
     REALPluginMain(host::validator::heardEntry);
     if (withSibling) {
