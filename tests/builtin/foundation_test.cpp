@@ -58,10 +58,15 @@ std::string pathOf(CFURLRef url) {
     return textOf(send(CFURLCopyFileSystemPath(send(url, "autorelease"), 0), "autorelease"));
 }
 
+// The characters at which the length of a sequence changes.
+const char* const limitsInUtf8 =
+    "\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF";
+
 } // namespace
 
 TEST_F(Strings, AreReadInEveryEncoding) {
     const std::u16string text = u"a\u00E9\u20AC\U0001F600z";
+    const std::u16string limits = u"\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF";
     // A byte order mark counts in an external representation alone, which without one is in the machine's order.
     constexpr bool external = true;
     const std::tuple<std::string, CFStringEncoding, bool, std::u16string> cases[] = {
@@ -69,6 +74,7 @@ TEST_F(Strings, AreReadInEveryEncoding) {
         {"a\x80\xFF", latin1, false, u"a\u0080\u00FF"},
         {"a\x80\x9F\xFF", windowsLatin1, false, u"a\u20AC\u0178\u00FF"},
         {"a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z", utf8, false, text},
+        {limitsInUtf8, utf8, false, limits},
         {encoded(text), utf16, false, text},
         {encoded<char32_t>(U"a\u00E9\u20AC\U0001F600z"), utf32, false, text},
         {"\xEF\xBB\xBFz", utf8, false, u"\uFEFFz"},
@@ -104,6 +110,7 @@ TEST_F(Strings, AreWrittenWhereTheyFit) {
         {u"\u20AC", latin1, "(refused)"},
         {u"\u0080", ascii, "(refused)"},
         {u"a\u00E9\u20AC\U0001F600z", utf8, "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z"},
+        {u"\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF", utf8, limitsInUtf8},
         {u"a", utf16, "(refused)"}, // its units are no bytes
         {{0xD83D}, utf8, "(refused)"},
         {{0xDE00, 0xD83D}, utf8, "(refused)"},
@@ -156,8 +163,12 @@ TEST_F(Strings, CompareByContents) {
         EXPECT_FALSE(send<BOOL>(first, message, later)) << message;
     }
     EXPECT_EQ(send<std::uintptr_t>(first, "hash"), send<std::uintptr_t>(same, "hash"));
-    for (const auto& [other, order] :
-         {std::pair{later, -1}, {same, 0}, {string("abb"), 1}, {fromUnits(u"ab\u00E9"), -1}, {fromUnits(u"ab"), 1}})
+    for (const auto& [other, order] : {std::pair{later, -1},
+                                       {same, 0},
+                                       {string("abb"), 1},
+                                       {fromUnits(u"ab\u00E9"), -1},
+                                       {string("ab"), 1},
+                                       {string("abcd"), -1}})
         EXPECT_EQ(send<std::intptr_t>(first, "compare:", other), order);
     EXPECT_FALSE(isEqual(first, color("redColor")));
     EXPECT_TRUE(refuses([&] { send<BOOL>(first, "isEqualToString:", color("redColor")); }));

@@ -53,7 +53,13 @@ std::string contentsOf(const fs::path& file) {
     return contents.str();
 }
 
+// Syncs of files and folders, and from which one on they fail; 0: never.
+int syncs = 0, failingSync = 0;
+
 } // namespace
+
+// Replaces the C library's, for the platform's library too.
+extern "C" __attribute__((visibility("default"))) int fsync(int) { return ++syncs == failingSync ? -1 : 0; }
 
 // A new folder for files, which is also the user's data folder.
 class ColorLists : public PlatformTest {
@@ -255,8 +261,14 @@ TEST_F(ColorLists, LeaveTheOldFileWhenWritingFails) {
     EXPECT_EQ(contentsOf(file), old);
     EXPECT_FALSE(write(list, folder / "missing" / "mine.clr"));
     EXPECT_FALSE(write(list, ""));
+    failingSync = syncs + 1;
+    EXPECT_FALSE(write(list, file)) << "the contents may not have reached the disk";
+    EXPECT_EQ(contentsOf(file), old);
+    failingSync = 0;
     EXPECT_EQ(fileCount(), 1) << "nothing is left beside it";
+    syncs = 0;
     EXPECT_TRUE(write(list, file));
+    EXPECT_EQ(syncs, 2) << "the file, and the folder with its name";
     EXPECT_EQ(fileCount(), 1);
 
     // A process that is killed meanwhile leaves its part to the next one to save. One that still writes keeps it.

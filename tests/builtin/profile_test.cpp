@@ -227,25 +227,28 @@ TEST_F(Profiles, ThatAreBrokenAreRefused) {
     const std::string identity = numbers({1, 0, 0, 0, 1, 0, 0, 0, 1}, 65536, 4), curve = gammaCurve(1);
     const auto lookup = [&](const char* type, int inputs, int outputs, int points, int samples, std::size_t size) {
         return value(type, number(inputs, 1) + number(outputs, 1) + number(points, 1) + "\0"s + identity +
-                               number(samples, 2) + number(samples, 2) + std::string(size, '\0'));
+                               number(samples, 4) + std::string(size, '\0'));
     };
     const auto elements = [&](int curves, int grid, int width, const std::string& rest) {
         return value("mAB ", number(3, 1) + number(3, 1) + number(0, 2) + number(curves, 4) + number(0, 8) +
                                  number(grid, 4) + number(0, 4) + curve + "\0\0"s + curve + "\0\0"s + curve + "\0\0\2\2\2"s +
                                  std::string(13, '\0') + number(width, 1) + std::string(3, '\0') + rest);
     };
-    const std::pair<std::string, bool> tables[] = {{lookup("mft2", 4, 3, 2, 2, 72), false},
-                                                   {lookup("mft2", 3, 4, 2, 2, 72), false},
-                                                   {lookup("mft2", 3, 3, 1, 2, 72), false},
-                                                   {lookup("mft2", 3, 3, 2, 1, 72), false},
-                                                   {lookup("mft2", 3, 3, 2, 2, 71), false},
-                                                   {lookup("mft2", 3, 3, 255, 2, 72), false},
-                                                   {lookup("mft3", 3, 3, 2, 2, 72), false},
-                                                   {lookup("mft2", 3, 3, 2, 2, 72), true},
+    const std::pair<std::string, bool> tables[] = {{lookup("mft2", 4, 3, 2, 0x20002, 72), false},
+                                                   {lookup("mft2", 3, 4, 2, 0x20002, 72), false},
+                                                   {lookup("mft2", 3, 3, 1, 0x20002, 72), false},
+                                                   {lookup("mft2", 3, 3, 2, 0x10002, 72), false},
+                                                   {lookup("mft2", 3, 3, 2, 0x20001, 72), false},
+                                                   {lookup("mft2", 3, 3, 2, 0x20002, 71), false},
+                                                   {lookup("mft2", 3, 3, 255, 0x20002, 72), false},
+                                                   {lookup("mft3", 3, 3, 2, 0x20002, 72), false},
+                                                   {lookup("mft2", 3, 3, 2, 0x20002, 72), true},
                                                    {elements(32, 80, 3, std::string(48, '\0')), false},
                                                    {elements(32, 80, 2, std::string(47, '\0')), false},
                                                    {elements(33, 80, 2, std::string(48, '\0')), false},
                                                    {elements(200, 80, 2, std::string(48, '\0')), false},
+                                                   {elements(32, 80, 2, std::string(48, '\0')).replace(8, 1, "\4"), false},
+                                                   {elements(32, 80, 2, std::string(48, '\0')).replace(9, 1, "\4"), false},
                                                    {elements(32, 80, 2, std::string(48, '\0')), true}};
     for (const auto& [table, isWhole] : tables)
         EXPECT_EQ(spaceFrom(profile("RGB ", {{"A2B0", table}}, "Lab ")) != nullptr, isWhole)

@@ -43,8 +43,9 @@ std::string repeated(const std::string& text, std::size_t count) {
 const char* const emoji = "\xF0\x9F\x98\x80";
 const Stored wide16(units<char16_t>(u"\u00FC\U0001F600"), REALencodingUTF16);
 const Stored wide32(units<char32_t>(U"\u00FC\U0001F600"), REALencodingUTF32);
-// Beyond Unicode, in it, surrogates, the last of all, and bytes behind.
-const Stored odd32(units<char32_t>({0x110000, U'a', 0xD800, 0xDFFF, U'b', 0x10FFFF}) + "123", REALencodingUTF32);
+// Beyond Unicode, around the surrogates, the first and the last that take a pair, and bytes behind.
+const Stored odd32(units<char32_t>({0x110000, 0xD7FF, 0xD800, 0xDFFF, 0xE000, 0xFFFF, 0x10000, 0x10FFFF}) + "123",
+                   REALencodingUTF32);
 const std::string wideUTF8 = std::string("\xC3\xBC") + emoji;
 
 // The plugin's string for a host string, as UTF-8; "(null)" for null.
@@ -138,10 +139,8 @@ TEST_F(Strings, AreBuiltByTheWayOfTheHostsVersion) {
         {2011.0, wide32, utf8(wideUTF8), old + "(6)" + tag("0x100") + convert + unlock},
         {2012.9, wide32, utf8(wideUTF8), with + "(6, 0x100)" + convert + unlock}, // does not know UTF-32
         {2013.0, wide32, utf8(wideUTF8), with + "(8, 0xc000100)" + convert + unlock},
-        {2011.0, odd32,
-         utf8("\xEF\xBF\xBD"
-              "ab\xF4\x8F\xBF\xBF"),
-         old + "(10)" + tag("0x100") + convert + unlock},
+        {2011.0, odd32, utf8("\xEF\xBF\xBD\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"),
+         old + "(16)" + tag("0x100") + convert + unlock},
         {2011.0, utf8("x"), nothing, old + "(1)", "REALBuildString"},
         {2011.0, wide16, nothing, old + "(6)", "REALBuildString"},
         // Newer hosts are asked to convert even what they did not build.
