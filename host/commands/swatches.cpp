@@ -1,8 +1,9 @@
-#include "commands/output.h"
 #include "commands/start.h"
 
+#include "model/files.h"
 #include "swatches/pages.h"
 
+#include <filesystem>
 #include <iostream>
 #include <stdexcept>
 
@@ -38,6 +39,16 @@ std::string contents(const Sheet& sheet, const std::string& form, const Swatches
     return pngOf(picture);
 }
 
+void write(const std::filesystem::path& file, const std::string& bytes) {
+    const std::error_code problem = replaceFile(file, bytes);
+    if (!problem) return;
+    const std::filesystem::path folder = file.parent_path();
+    std::error_code error;
+    const bool isFolderMissing = !folder.empty() && !std::filesystem::is_directory(folder, error);
+    throw std::runtime_error(file.string() + " cannot be written: " +
+                             (isFolderMissing ? "there is no folder " + folder.string() : problem.message()));
+}
+
 } // namespace
 
 int swatches(const Start& start, const SwatchesOptions& options) {
@@ -50,7 +61,7 @@ int swatches(const Start& start, const SwatchesOptions& options) {
                                   ? contents(colorsOfList(options.list, options.keys), form, options, isFile)
                                   : contents(systemColors(), form, options, isFile);
     if (isFile) {
-        writeFile(options.picture, bytes);
+        write(options.picture, bytes);
     } else {
         std::cout << bytes;
     }

@@ -2,6 +2,7 @@
 #include "model/builtins.h"
 #include "model/entries.h"
 #include "model/exceptions.h"
+#include "model/files.h"
 #include "model/memory_blocks.h"
 #include "model/strings.h"
 #include "text/utf8.h"
@@ -119,11 +120,8 @@ std::optional<std::string> contents(const Object* item) {
     return std::nullopt;
 }
 
-void write(const Object* item, const char* bytes, std::size_t size) {
-    std::ofstream file(pathOf(item), std::ios::binary | std::ios::trunc);
-    if (size > 0) file.write(bytes, static_cast<std::streamsize>(size));
-    file.close();
-    if (!file) raiseAbout(item, "cannot be written");
+void write(const Object* item, std::string_view bytes) {
+    if (replaceFile(pathOf(item), bytes)) raiseAbout(item, "cannot be written");
 }
 
 MemoryBlock* readBytes(Object* item) {
@@ -137,8 +135,8 @@ MemoryBlock* readBytes(Object* item) {
 }
 
 void writeBytes(Object* item, MemoryBlock* block) {
-    if (!block) return write(item, nullptr, 0);
-    write(item, reinterpret_cast<const char*>(bytesOf(block)), static_cast<std::size_t>(sizeOf(block)));
+    if (!block) return write(item, {});
+    write(item, {reinterpret_cast<const char*>(bytesOf(block)), static_cast<std::size_t>(sizeOf(block))});
 }
 
 String* readText(Object* item) {
@@ -157,7 +155,7 @@ String* readText(Object* item) {
 void writeText(Object* item, String* text) {
     const std::string bytes = utf8Of(text);
     if (bytes.empty() && text) return raiseAbout(item, "is not written: the text has bytes that its encoding does not know");
-    write(item, bytes.data(), bytes.size());
+    write(item, bytes);
 }
 
 // By name; nothing, with an exception pending, when it is no folder that can be read.
