@@ -8,6 +8,7 @@
 #include "text/utf8.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -41,7 +42,7 @@ std::optional<fs::path> located(const fs::path& path) {
     if (!error) whole = climbs ? fs::weakly_canonical(whole, error) : whole.lexically_normal();
     if (path.string().find('\0') != std::string::npos) error = std::make_error_code(std::errc::invalid_argument);
     if (error) {
-        raise("IOException", "\"" + path.string() + "\" is no path: " + error.message() + ".");
+        raise("IOException", "\"" + path.string() + "\" is no path: " + error.message() + ".", error.value());
         return std::nullopt;
     }
     return whole.has_filename() || whole == whole.root_path() ? whole : whole.parent_path();
@@ -103,25 +104,30 @@ HostInteger length(Object* item, REALword) {
     return error ? 0 : static_cast<HostInteger>(size);
 }
 
-void raiseAbout(const Object* item, const char* what) {
-    raise("IOException", "\"" + pathOf(item).string() + "\" " + what + ".");
+// Raises an IOException with the system's reason and number, if there is one.
+void raiseAbout(const Object* item, const char* what, std::error_code reason = {}) {
+    raise("IOException", "\"" + pathOf(item).string() + "\" " + what + (reason ? ": " + reason.message() + "." : "."),
+          reason.value());
 }
+
+std::error_code lastError() { return {errno, std::generic_category()}; }
 
 // Nothing, with an exception pending, when it cannot be read.
 std::optional<std::string> contents(const Object* item) {
     std::error_code error;
     std::ifstream file;
+    errno = EISDIR;
     if (!fs::is_directory(pathOf(item), error)) file.open(pathOf(item), std::ios::binary);
     try {
         if (file.is_open()) return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
     } catch (const std::ios_base::failure&) { // on its way through the file
     }
-    raiseAbout(item, "cannot be read");
+    raiseAbout(item, "cannot be read", lastError());
     return std::nullopt;
 }
 
 void write(const Object* item, std::string_view bytes) {
-    if (replaceFile(pathOf(item), bytes)) raiseAbout(item, "cannot be written");
+    if (const std::error_code error = replaceFile(pathOf(item), bytes)) raiseAbout(item, "cannot be written", error);
 }
 
 MemoryBlock* readBytes(Object* item) {
@@ -130,7 +136,9 @@ MemoryBlock* readBytes(Object* item) {
     const bool fits = bytes->size() <= std::numeric_limits<std::int32_t>::max();
     MemoryBlock* const block = fits ? newMemoryBlock(static_cast<std::int32_t>(bytes->size())) : nullptr;
     if (block) std::copy(bytes->begin(), bytes->end(), bytesOf(block));
-    if (!block) raiseAbout(item, "cannot be read");
+    if (!block)
+        raiseAbout(item, "cannot be read",
+                   std::make_error_code(fits ? std::errc::not_enough_memory : std::errc::file_too_large));
     return block;
 }
 
@@ -166,7 +174,7 @@ std::optional<std::vector<fs::path>> entries(const Object* item) {
          entry.increment(error))
         paths.push_back(entry->path());
     if (error) {
-        raiseAbout(item, "is no folder that can be read");
+        raiseAbout(item, "is no folder that can be read", error);
         return std::nullopt;
     }
     std::sort(paths.begin(), paths.end());
@@ -193,12 +201,15 @@ HostInteger count(Object* item, REALword) {
 void createFolder(Object* item) {
     std::error_code error;
     fs::create_directory(pathOf(item), error);
-    if (error || !fs::is_directory(pathOf(item), error)) raiseAbout(item, "cannot be made a folder");
+    if (!error && !fs::is_directory(pathOf(item), error)) error = std::make_error_code(std::errc::file_exists);
+    if (error) raiseAbout(item, "cannot be made a folder", error);
 }
 
 void remove(Object* item) {
     std::error_code error;
-    if (!fs::remove(pathOf(item), error)) raiseAbout(item, "cannot be removed");
+    const bool removed = fs::remove(pathOf(item), error);
+    if (!removed && !error) error = std::make_error_code(std::errc::no_such_file_or_directory);
+    if (error) raiseAbout(item, "cannot be removed", error);
 }
 
 // The last one came with version 2013.0.

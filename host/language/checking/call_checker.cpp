@@ -1,6 +1,7 @@
 // Calls: of procedures, bound functions and constructors.
 #include "language/checking/class_names.h"
 #include "language/checking/expression_checker.h"
+#include "language/library/functions.h"
 #include "language/running/array_operations.h"
 
 #include "model/resolve.h"
@@ -17,21 +18,19 @@ std::vector<Argument> described(const std::vector<Operand>& operands) {
     return arguments;
 }
 
-// Whether a new object of the class is a colour that nobody sees, whatever colour the value is of.
-bool isInvisible(const ClassInfo& info, const Operand& value) {
+// The colour value of an object of the class, of which a new one is made; null when the value is something else. Such a
+// value has no alpha.
+const Property* colorCopied(const ClassInfo& info, const Operand& value) {
     const Property* const property = value.property();
-    return property && property->owner == &info && info.name() == "NSColorZRX" && property->name == "colorValue";
+    return property && property->owner == &info && property->type.is(Kind::color) ? property : nullptr;
 }
 
 // Whether the function of the language gives a whole number, of these arguments.
 bool givesWhole(std::string_view function, const std::vector<Operand>& arguments) {
-    for (const char* const name : {"Floor", "Round", "Ceil"})
-        if (function == name) return true;
-    for (const char* const name : {"Abs", "Min", "Max"}) {
-        if (function == name)
-            return std::all_of(arguments.begin(), arguments.end(), [](const Operand& each) { return each.isWhole(); });
-    }
-    return false;
+    const Nature nature = functionNature(function);
+    return nature == Nature::givesWhole ||
+           (nature == Nature::keepsWhole &&
+            std::all_of(arguments.begin(), arguments.end(), [](const Operand& each) { return each.isWhole(); }));
 }
 
 } // namespace
@@ -77,9 +76,9 @@ Operand ExpressionChecker::newObject(const syntax::New& form, Offset offset) {
     const Resolution resolution = resolveConstruction(*info, described(values));
     if (!resolution.error.empty()) failCheck(offset, resolution.error);
     requirePoolFor(info);
-    if (values.size() == 1 && isInvisible(*info, values.front())) {
-        diagnostics_.warn(form.arguments.front()->offset,
-                          "this makes an invisible colour: colorValue leaves the fourth byte 0, which is alpha here");
+    if (const Property* const copied = values.size() == 1 ? colorCopied(*info, values.front()) : nullptr) {
+        diagnostics_.warn(form.arguments.front()->offset, "this makes an invisible colour: " + copied->name +
+                                                              " leaves the fourth byte 0, which is alpha here");
     }
     std::vector<ArgumentCode> bound = bind(resolution, std::move(values), offset);
     return Operand::result(Type::object(info->name()), makeObject(*info, resolution.method, std::move(bound), offset));

@@ -1,11 +1,13 @@
 #include "language/checking/expression_checker.h"
 
 #include "language/checking/class_names.h"
+#include "language/library/functions.h"
 #include "language/library/values.h"
 #include "language/running/operators.h"
 
 #include "model/strings.h"
 
+#include <algorithm>
 #include <cmath>
 #include <ostream>
 
@@ -116,13 +118,26 @@ void ExpressionChecker::failAssignment(const syntax::Expression& target) {
     failCheck(target.offset, "this cannot be assigned to: " + reason);
 }
 
+// Whether a call of the name, with constants, makes a constant: of a conversion, or a function that only computes.
+bool ExpressionChecker::computesConstant(std::string_view name) const {
+    if (typeNamed(name).kind != Kind::object) return true;
+    return procedures_.find(name).empty() && !findFunctions(name).empty() && functionNature(name) != Nature::acts;
+}
+
 bool ExpressionChecker::isConstant(const syntax::Expression& expression) const {
     if (const auto* const unary = std::get_if<syntax::Unary>(&expression.form)) return isConstant(*unary->operand);
     if (const auto* const binary = std::get_if<syntax::Binary>(&expression.form))
         return isConstant(*binary->left) && isConstant(*binary->right);
     if (const auto* const identifier = std::get_if<syntax::Identifier>(&expression.form)) {
         const Variable* const variable = scopes_.find(identifier->name);
-        return variable && (variable->constant || variable->type.kind == Kind::nothing);
+        if (variable) return variable->constant || variable->type.kind == Kind::nothing;
+        return computesConstant(identifier->name);
+    }
+    if (const auto* const call = std::get_if<syntax::Call>(&expression.form)) {
+        const auto* const callee = std::get_if<syntax::Identifier>(&call->callee->form);
+        return callee && !scopes_.find(callee->name) && computesConstant(callee->name) &&
+               std::all_of(call->arguments.begin(), call->arguments.end(),
+                           [&](const auto& each) { return isConstant(*each); });
     }
     if (const auto* const member = std::get_if<syntax::Member>(&expression.form)) {
         const ClassInfo* const info = classNamedBy(*member->object);
@@ -132,7 +147,8 @@ bool ExpressionChecker::isConstant(const syntax::Expression& expression) const {
 }
 
 Literal ExpressionChecker::constantValue(const syntax::Expression& expression, const std::optional<Type>& wanted) {
-    if (!isConstant(expression)) failCheck(expression.offset, "this value must be made of literals and constants");
+    if (!isConstant(expression))
+        failCheck(expression.offset, "this value must be made of literals, constants and functions that only compute");
     Value found = value(expression);
     if (found.type.isNil() && wanted && wanted->isObjectReference()) return {};
     const Type type = wanted ? *wanted : found.type;

@@ -129,6 +129,7 @@ private:
     CodePtr read(Operand operand, Offset offset); // fails for a property without getter
     CodePtr convert(CodePtr code, const Type& from, const Type& to, Offset offset, Purpose purpose = Purpose::assignment);
 
+    bool computesConstant(std::string_view name) const;
     bool isConstant(const syntax::Expression& expression) const;
 
     Scopes& scopes_;

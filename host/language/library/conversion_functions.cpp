@@ -40,4 +40,9 @@ HostColor color(HostInteger red, HostInteger green, HostInteger blue, HostIntege
     return channel(alpha) << 24 | channel(red) << 16 | channel(green) << 8 | channel(blue);
 }
 
+HostInteger red(HostColor color) { return color >> 16 & 0xFF; }
+HostInteger green(HostColor color) { return color >> 8 & 0xFF; }
+HostInteger blue(HostColor color) { return color & 0xFF; }
+HostInteger alpha(HostColor color) { return color >> 24; }
+
 } // namespace host::language::conversion

@@ -20,5 +20,9 @@ double numberOr(String* text, double otherwise);
 
 // Channels beyond 0 to 255 count as the nearest of the two.
 HostColor color(HostInteger red, HostInteger green, HostInteger blue, HostInteger alpha);
+HostInteger red(HostColor color);
+HostInteger green(HostColor color);
+HostInteger blue(HostColor color);
+HostInteger alpha(HostColor color);
 
 } // namespace host::language::conversion

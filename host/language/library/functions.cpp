@@ -2,6 +2,7 @@
 
 #include "language/library/conversion_functions.h"
 #include "language/library/mathematics.h"
+#include "language/library/object_text.h"
 #include "language/library/process.h"
 #include "language/library/program_arguments.h"
 #include "language/library/text_functions.h"
@@ -14,8 +15,9 @@ namespace {
 struct Definition {
     const char* declaration;
     REALfunction function;
-    std::string_view text =
-        {}; // what it is for, in Markdown that also reads well as it is; once for all overloads of a name
+    // What it is for, in Markdown that also reads well as it is, and its nature; once for all overloads of a name.
+    std::string_view text = {};
+    Nature nature = Nature::computes;
 };
 
 const Definition definitions[] = {
@@ -24,8 +26,10 @@ const Definition definitions[] = {
     {"Str(value as double) as string", bound(conversion::textOfDouble)},
     {"Str(value as color) as string", bound(conversion::textOfColor)},
     {"Hex(value as integer, digits as integer = 0) as string", bound(conversion::hexOfInteger),
-     "A number in hexadecimal, with zeros in front up to so many digits."},
+     "A number in hexadecimal, with zeros in front up to so many digits; of a colour object `#RRGGBB` in sRGB, with two digits more when "
+     "it is not opaque."},
     {"Hex(value as color, digits as integer = 0) as string", bound(conversion::hexOfColor)},
+    {"Hex(color as Object) as string", bound(hexOfObject)},
     {"Val(text as string, otherwise as double) as double", bound(conversion::numberOr)},
     {"Val(text as string) as double", bound(conversion::number),
      "The number that the whole text is, written as in a program, also `&hFF`. What is none raises TypeMismatchException, or gives "
@@ -69,18 +73,21 @@ const Definition definitions[] = {
      "A number as a pattern says: `0` a digit, `#` a digit unless it is a leading or trailing 0, `.` the decimal point, `,` groups by thousands, `%` hundredths."},
     {"Uppercase(text as string) as string", bound(text::uppercase), "The text in capital letters."},
     {"Lowercase(text as string) as string", bound(text::lowercase), "The text in small letters."},
-    {"Round(value as double) as double", bound(mathematics::round), "The nearest whole number; halves go away from 0."},
-    {"Floor(value as double) as double", bound(mathematics::floor), "The nearest whole number that is not greater."},
-    {"Ceil(value as double) as double", bound(mathematics::ceil), "The nearest whole number that is not smaller."},
+    {"Round(value as double) as double", bound(mathematics::round), "The nearest whole number; halves go away from 0.",
+     Nature::givesWhole},
+    {"Floor(value as double) as double", bound(mathematics::floor), "The nearest whole number that is not greater.",
+     Nature::givesWhole},
+    {"Ceil(value as double) as double", bound(mathematics::ceil), "The nearest whole number that is not smaller.",
+     Nature::givesWhole},
     {"Sqrt(value as double) as double", bound(mathematics::squareRoot), "The square root; of a negative number no number."},
     {"Abs(value as integer) as integer", bound<HostInteger(HostInteger)>(mathematics::absolute),
-     "The number without its sign."},
+     "The number without its sign.", Nature::keepsWhole},
     {"Abs(value as double) as double", bound<double(double)>(mathematics::absolute)},
     {"Min(a as integer, b as integer) as integer", bound<HostInteger(HostInteger, HostInteger)>(mathematics::lesser),
-     "The smaller of two numbers."},
+     "The smaller of two numbers.", Nature::keepsWhole},
     {"Min(a as double, b as double) as double", bound<double(double, double)>(mathematics::lesser)},
     {"Max(a as integer, b as integer) as integer", bound<HostInteger(HostInteger, HostInteger)>(mathematics::greater),
-     "The greater of two numbers."},
+     "The greater of two numbers.", Nature::keepsWhole},
     {"Max(a as double, b as double) as double", bound<double(double, double)>(mathematics::greater)},
     {"Pi() as double", bound(mathematics::pi), "Half a turn in radians, 3.14159..."},
     {"Sin(angle as double) as double", bound(mathematics::sine), "The sine of an angle in radians."},
@@ -99,22 +106,34 @@ const Definition definitions[] = {
      "The natural logarithm; of 0 negative infinity, of a negative number no number."},
     {"Log10(value as double) as double", bound(mathematics::decimalLogarithm), "The logarithm to the base 10."},
     {"Random() as double", bound(mathematics::randomReal),
-     "A random number from 0 on and below 1: the upper 53 bits of the next number of the 64-bit Mersenne Twister."},
+     "A random number from 0 on and below 1: the upper 53 bits of the next number of the 64-bit Mersenne Twister.",
+     Nature::acts},
     {"RandomInRange(first as integer, last as integer) as integer", bound(mathematics::randomInRange),
-     "A random integer of a range, each as likely as the other, the last one included."},
+     "A random integer of a range, each as likely as the other, the last one included.", Nature::acts},
     {"RandomSeed(seed as integer)", bound(mathematics::seedRandom),
-     "Lets the random numbers begin anew. The same seed gives the same numbers on every machine; without one they differ from run to run."},
+     "Lets the random numbers begin anew. The same seed gives the same numbers on every machine; without one they differ from run to run.",
+     Nature::acts},
     {"RGB(red as integer, green as integer, blue as integer, alpha as integer = 255) as color", bound(conversion::color),
      "A colour value from its channels, each from 0 to 255; what lies beyond counts as the nearest of the two."},
-    {"Arguments() as string()", bound(programArguments), "What the program was given when it was started."},
+    {"Red(value as color) as integer", bound(conversion::red), "The red of a colour value, from 0 to 255."},
+    {"Green(value as color) as integer", bound(conversion::green), "The green of a colour value, from 0 to 255."},
+    {"Blue(value as color) as integer", bound(conversion::blue), "The blue of a colour value, from 0 to 255."},
+    {"Alpha(value as color) as integer", bound(conversion::alpha),
+     "The opacity of a colour value, from 0, transparent, to 255, opaque."},
+    {"Arguments() as string()", bound(programArguments), "What the program was given when it was started.", Nature::acts},
     {"Environment(name as string, otherwise as string = \"\") as string", bound(process::environment),
-     "A variable of the environment; `otherwise` when it is not set."},
+     "A variable of the environment; `otherwise` when it is not set.", Nature::acts},
     {"Input() as string", bound(process::input),
-     "The next line of the standard input; IOException is raised when there is none."},
+     "The next line of the standard input; IOException is raised when there is none.", Nature::acts},
+    {"EndOfInput() as boolean", bound(process::endOfInput),
+     "Whether the standard input has no more lines. It waits for one.", Nature::acts},
+    {"PrintError(text as string)", bound(process::printError), "Writes a line to the standard error output.", Nature::acts},
+    {"Now() as string", bound(process::now), "The local date and time, as in 2026-01-31 09:05:00.", Nature::acts},
+    {"UnixTime() as double", bound(process::unixTime), "The seconds since the start of 1970 in UTC.", Nature::acts},
     {"Microseconds() as double", bound(process::microseconds),
-     "The time since the first call, which never goes back: for measuring."},
+     "The time since the first call, which never goes back: for measuring.", Nature::acts},
     {"Quit(code as integer = 0)", bound(process::quit),
-     "Ends the program with an exit code. No `Catch` and no `Finally` runs, but all objects go."},
+     "Ends the program with an exit code. No `Catch` and no `Finally` runs, but all objects go.", Nature::acts},
 };
 
 } // namespace
@@ -135,6 +154,12 @@ const std::vector<Method>& functions() {
         return made;
     }();
     return all;
+}
+
+Nature functionNature(std::string_view name) {
+    for (const Method* overload : findFunctions(name))
+        if (const Nature nature = definitions[overload->index].nature; nature != Nature::computes) return nature;
+    return Nature::computes;
 }
 
 std::string_view functionText(std::string_view name) {

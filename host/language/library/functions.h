@@ -4,12 +4,18 @@
 
 #include "model/classes.h"
 
+#include <cstdint>
 #include <string_view>
 
 namespace host::language {
 
 // By name without regard to case; empty when there is none.
 OverloadSet findFunctions(std::string_view name);
+
+// What a function does beside computing its result from its arguments alone: the result is a whole number, it is one of
+// whole arguments, or the function acts on the process or depends on it, so that no constant is made of it.
+enum class Nature : std::uint8_t { computes, givesWhole, keepsWhole, acts };
+Nature functionNature(std::string_view name);
 
 // What the functions of the name are for; empty when there is none.
 std::string_view functionText(std::string_view name);

@@ -3,11 +3,15 @@
 #include "model/exceptions.h"
 #include "model/owned.h"
 
+#include <array>
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <iostream>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include <poll.h>
@@ -30,6 +34,17 @@ void awaitLine() {
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
+// Returns whether the input is at its end, after a read that failed. Otherwise it raises the reason, such as a signal. The
+// next read tries again, since a terminal continues.
+bool isAtEnd() {
+    const int reason = errno;
+    const bool atEnd = std::feof(stdin) != 0;
+    std::clearerr(stdin);
+    std::cin.clear();
+    if (!atEnd) raise("IOException", "The input cannot be read: " + std::generic_category().message(reason) + ".", reason);
+    return atEnd;
+}
+
 } // namespace
 
 volatile std::sig_atomic_t interruptWanted = 0;
@@ -38,16 +53,38 @@ String* input() {
     std::string line;
     std::cout.flush();
     awaitLine();
+    errno = 0;
     if (interruptWanted || !std::getline(std::cin, line)) {
-        const bool atEnd = std::feof(stdin) != 0;
-        std::clearerr(stdin); // a signal may have ended it, and a terminal goes on
-        std::cin.clear();
-        raise("IOException", atEnd ? "There is no more input." : "The input cannot be read.");
+        if (isAtEnd()) raise("IOException", "There is no more input.");
         return nullptr;
     }
     if (!line.empty() && line.back() == '\r') line.pop_back();
     return ownString(line).release();
 }
+
+HostBoolean endOfInput() {
+    std::cout.flush();
+    awaitLine();
+    errno = 0;
+    if (!interruptWanted && std::cin.peek() != std::char_traits<char>::eof()) return false;
+    return isAtEnd();
+}
+
+void printError(String* text) {
+    std::cout.flush(); // so that a terminal shows both in order
+    std::cerr << utf8Of(text) << std::endl;
+}
+
+String* now() {
+    const std::time_t time = std::time(nullptr);
+    std::tm local = {};
+    localtime_r(&time, &local);
+    std::array<char, 32> text = {};
+    const std::size_t size = std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &local);
+    return newString({text.data(), size});
+}
+
+double unixTime() { return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count(); }
 
 String* environment(String* name, String* otherwise) {
     const char* const value = std::getenv(utf8Of(name).c_str());

@@ -12,9 +12,13 @@ namespace host::language::process {
 // Set by the SIGINT handler of whoever runs a program; 0 while none runs.
 extern volatile std::sig_atomic_t interruptWanted;
 
-String* input(); // the next line of stdin without its end; raises when there is none, and when it is interrupted
+String* input();          // the next line of stdin without its end; raises when there is none, and when it is interrupted
+HostBoolean endOfInput(); // whether `input` would raise since there is none; waits for a line
+void printError(String* text); // a line on stderr
 String* environment(String* name, String* otherwise);
 double microseconds(); // since the first call; never goes back
+String* now();         // YYYY-MM-DD HH:MM:SS in the local time zone
+double unixTime();     // seconds since 1970 in UTC
 
 // Asks for the end of the program: it records an exception, in whose place whoever raises pending exceptions ends the
 // program when takeWantedEnd answers a code.

@@ -16,8 +16,8 @@ CodePtr stringConstant(std::string text);
 // + - * on Integer or Double; / and ^ on Double; \ and Mod on Integer. Integers wrap around; \ and Mod by 0 raise.
 CodePtr arithmetic(syntax::Operator operation, Kind kind, CodePtr left, CodePtr right, Offset offset);
 
-// Comparisons of Integer, Double, Boolean, String (by code points), Variant and Object, which represents every reference. The
-// last two have only equality: that of the keys of a Dictionary, and identity.
+// Comparisons of Integer, Double, Boolean, String (by code points), Variant and Object, which represents every reference.
+// The last two have only equality: that of the keys of a Dictionary, and identity.
 CodePtr comparison(syntax::Operator operation, Kind kind, CodePtr left, CodePtr right);
 
 // And, Or, Xor on Boolean, the right side evaluated only when it decides, or on the bits of Integer.

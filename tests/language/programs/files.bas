@@ -31,13 +31,13 @@ For attempt As Integer = 1 To 5
       folder.Delete
     End Select
   Catch e As IOException
-    Print Mid(e.Message, InStr(e.Message, "a folder")) '> a folder/b.txt" is no UTF-8 text. | a folder" cannot be read. | a folder/b.txt" is no folder that can be read. | a folder/b.txt" cannot be made a folder. | a folder" cannot be removed.
+    Print Mid(e.Message, InStr(e.Message, "a folder")) '> a folder/b.txt" is no UTF-8 text. | a folder" cannot be read: Is a directory. | a folder/b.txt" is no folder that can be read: Not a directory. | a folder/b.txt" cannot be made a folder: File exists. | a folder" cannot be removed: Directory not empty.
   End Try
 Next
 Try
   Print (New FolderItem("a" & Chr(0) & "b")).Name
 Catch e As IOException
-  Print Right(e.Message, 17) '> Invalid argument.
+  Print Right(e.Message, 17), e.ErrorNumber '> Invalid argument. 22
 End Try
 For Each entry As FolderItem In folder.Children
   entry.Delete

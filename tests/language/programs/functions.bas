@@ -46,3 +46,14 @@ Show &hFF '> 255
 If True Then Show &b101 '> 5
 Dim joined As String = "a" &b1
 Print joined, "a" &b1 '> a! a!
+
+' Constants are made of functions that only compute.
+Const NL = Chr(10) : Const Three = Floor(7 / 2)
+Const Turn = 2 * Pi : Const Orange = RGB(255, 2 * 64, 0) : Const Count As Integer = Len("a" & NL)
+Sub Lines(Optional text As String = Uppercase("a") & Chr(10))
+  Print Split(text, NL).Count, Three, Format(Turn, "0.00"), Orange, Count '> 2 3 6.28 #FF8000 2
+End Sub
+Lines
+Print Red(Orange), Green(Orange), Blue(Orange), Alpha(Orange), Alpha(#12345678) '> 255 128 0 255 120
+Try : Print Hex(New MemoryBlock(1)) : Catch e As RuntimeException : Print e : End Try '> TypeMismatchException: This MemoryBlock is not a colour that sRGB can show.
+Try : Dim nobody As Object : Print Hex(nobody) : Catch e As RuntimeException : Print e : End Try '> NilObjectException: Hex was called with Nil.

@@ -25,6 +25,6 @@ Try : Print m.Byte(-1) : Catch e As RuntimeException : Print e : End Try '> OutO
 Try : Print m.DoubleValue(0) : Catch e As RuntimeException : Print e : End Try '> OutOfBoundsException: 8 bytes from offset 0 are not inside a memory block of 4 bytes.
 Try : Print m.StringValue(1, most) : Catch e As OutOfBoundsException : Print "refused" : End Try '> refused
 Try : m.Size = -1 : Catch e As RuntimeException : Print e : End Try '> OutOfBoundsException: A memory block cannot have -1 bytes.
-Try : Print f.ReadBytes.Size : Catch e As RuntimeException : Print e : End Try '> IOException: "/no/such/file" cannot be read.
-Try : f.Delete : Catch e As RuntimeException : Print e : End Try '> IOException: "/no/such/file" cannot be removed.
-Try : f.WriteBytes(m) : Catch e As RuntimeException : Print e : End Try '> IOException: "/no/such/file" cannot be written.
+Try : Print f.ReadBytes.Size : Catch e As RuntimeException : Print e : End Try '> IOException 2: "/no/such/file" cannot be read: No such file or directory.
+Try : f.Delete : Catch e As RuntimeException : Print e : End Try '> IOException 2: "/no/such/file" cannot be removed: No such file or directory.
+Try : f.WriteBytes(m) : Catch e As RuntimeException : Print e : End Try '> IOException 2: "/no/such/file" cannot be written: No such file or directory.

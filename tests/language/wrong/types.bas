@@ -53,7 +53,17 @@ Const C = 1
 Dim i As Integer
 Const C = i @+ 1
 Print C
-'! this value must be made of literals and constants
+'! this value must be made of literals, constants and functions that only compute
+
+Const D = @Len(Input)
+Function F() As Integer
+  Return 1
+End Function
+Const G = @F
+Const H = @Chr(-1)
+'! this value must be made of literals, constants and functions that only compute
+'! this value must be made of literals, constants and functions that only compute
+'! There is no character with the number -1.
 
 Const C = 1 @\ 0
 '! Division by zero.
