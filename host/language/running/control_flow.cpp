@@ -9,10 +9,12 @@
 #include "model/arrays.h"
 #include "model/platform.h"
 
+#include <cerrno>
 #include <cstdint>
 #include <new>
 #include <ostream>
 #include <stdexcept>
+#include <system_error>
 
 namespace host::language {
 namespace {
@@ -248,6 +250,18 @@ ActionPtr tryBlock(ActionPtr body, std::vector<Handler> handlers, ActionPtr fina
     });
 }
 
+namespace {
+
+// Ends the program when its output cannot be written: nobody would see what else it prints.
+void requireWritten(std::ostream& output) {
+    if (output.good()) return;
+    const int reason = errno == 0 ? EIO : errno;
+    if (reason != EINTR) throw std::system_error(reason, std::generic_category(), "the output cannot be written");
+    output.clear(); // a signal ended the write; if it was Ctrl-C, the next loop or call ends the program
+}
+
+} // namespace
+
 ActionPtr print(std::vector<CodePtr> texts, bool endsLine) {
     return makeAction([texts = std::move(texts), endsLine](Frame& frame) {
         std::string line;
@@ -255,6 +269,7 @@ ActionPtr print(std::vector<CodePtr> texts, bool endsLine) {
             line.append(i == 0 ? "" : " ").append(utf8Of(texts[i]->evaluate(frame).string));
         if (endsLine) line += '\n';
         frame.execution().output << line;
+        requireWritten(frame.execution().output);
     });
 }
 
@@ -262,6 +277,7 @@ ActionPtr present(CodePtr value, const Type& type) {
     return makeAction([value = std::move(value), type](Frame& frame) {
         const Slot result = value->evaluate(frame);
         if (Presenter* const presenter = frame.execution().presenter) presenter->present(type, result);
+        requireWritten(frame.execution().output);
     });
 }
 

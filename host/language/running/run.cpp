@@ -23,7 +23,8 @@ namespace {
 
 void want(int) { process::interruptWanted = 1; }
 
-// While one lives, SIGINT interrupts the program that runs instead of ending the process.
+// While one lives, SIGINT interrupts the program that runs instead of ending the process, and a closed pipe is an error of
+// the write.
 class InterruptScope {
 public:
     InterruptScope() {
@@ -31,10 +32,13 @@ public:
         struct sigaction action = {};
         action.sa_handler = want;
         sigaction(SIGINT, &action, &before_);
+        action.sa_handler = SIG_IGN;
+        sigaction(SIGPIPE, &action, &beforePipe_);
     }
     // What is checked next, constants above all, is not interrupted by what ended this program.
     ~InterruptScope() {
         sigaction(SIGINT, &before_, nullptr);
+        sigaction(SIGPIPE, &beforePipe_, nullptr);
         detail::lastWasInterrupted = process::interruptWanted != 0;
         process::interruptWanted = 0;
     }
@@ -43,6 +47,7 @@ public:
 
 private:
     struct sigaction before_;
+    struct sigaction beforePipe_;
 };
 
 std::string describe(const Raised& raised) {

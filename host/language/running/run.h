@@ -11,7 +11,8 @@
 namespace host::language {
 
 // The report of the exception that nobody caught, or of the interruption; empty when the code ran to its end. SIGINT
-// interrupts the code while it runs; what was there before comes back.
+// interrupts the code while it runs; what was there before comes back. Throws std::system_error when the output cannot be
+// written.
 std::string runCode(const Source& source, const Action& code, Execution& execution);
 
 // The user's wish that the program stops. No Catch takes it and no Finally runs on its way.
