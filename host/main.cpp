@@ -1,5 +1,6 @@
 // The command line of the reference host.
 #include "commands/commands.h"
+#include "text/nearest_name.h"
 
 #include <CLI/CLI.hpp> // slow to compile, so only here
 
@@ -7,6 +8,7 @@
 #include <cstdio>
 #include <cstring>
 #include <functional>
+#include <initializer_list>
 #include <iostream>
 #include <stdexcept>
 
@@ -27,6 +29,11 @@ void mayRepeat(CLI::Option* option, const char* value) {
         ->expected(1)
         ->allow_extra_args(false) // what follows the value is the command's own
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
+// An empty value is a mistake, such as an unset variable of a shell, and not a missing value.
+void mustNotBeEmpty(CLI::Option* option) {
+    option->check(CLI::Validator([](const std::string& value) { return value.empty() ? "must not be empty" : ""; }, ""));
 }
 
 // The options, which the parser fills, and so must outlive the application.
@@ -60,12 +67,18 @@ public:
         addGrammar();
         addCompletion();
         add("manual", "Print the manual page", "  chromahost manual | man -l -", [this] {
+            refuse("manual", {"--plugin", "--without", "--host-version"});
             return manual({app_.get_name(), app_.get_description(), {}, false, ""}, wordsOf(app_, true), words());
         });
     }
 
     int perform(int argc, char** argv) {
-        app_.parse(argc, argv);
+        try {
+            app_.parse(argc, argv);
+        } catch (const CLI::ExtrasError&) {
+            suggestCommand();
+            throw;
+        }
         if (showsVersion_) return version(start_);
         if (app_.get_subcommands().empty()) throw CLI::RequiredError("A command (--help lists them)");
         return actions_.at(app_.get_subcommands().front())();
@@ -74,6 +87,23 @@ public:
     int help(const CLI::ParseError& request) { return app_.exit(request); }
 
 private:
+    // Throws if the first argument that nobody takes is a misspelt command.
+    void suggestCommand() const {
+        const std::string word = app_.remaining().front();
+        if (!app_.get_subcommands().empty() || word[0] == '-') return;
+        host::NearestName nearest(word);
+        for (const CLI::App* command : app_.get_subcommands(nullptr))
+            nearest.offer(command->get_name());
+        throw std::invalid_argument("there is no command " + word + nearest.suggestion() + " (--help lists them)");
+    }
+
+    // Throws if an option is given that the command would ignore.
+    void refuse(const char* command, std::initializer_list<const char*> options) const {
+        for (const char* option : options) {
+            if (app_.count(option) > 0) throw std::invalid_argument(std::string(command) + " does not use " + option);
+        }
+    }
+
     CLI::App* add(const char* name, const char* text, const char* examples, std::function<int()> action) {
         CLI::App* const command = app_.add_subcommand(name, text);
         command->footer(std::string("\nExamples:\n") + examples);
@@ -87,12 +117,8 @@ private:
                           "Leave the sibling plugin out, which has NSExceptionZRX, NSImageZRX and the instance registry");
     }
 
-    void addProgram(CLI::App* command, Program& program, const char* argumentsText) {
-        command->add_option("FILE", program.file, "The program; - for standard input");
-        mayRepeat(command->add_option("-e", program.text, "A line of the program, in place of a file; may be repeated"),
-                  "TEXT");
-        command->add_option("ARGUMENTS", program.arguments, argumentsText);
-        addSibling(command);
+    void addText(CLI::App* command, std::vector<std::string>& lines, const char* description) {
+        mayRepeat(command->add_option("-e", lines, description), "TEXT");
     }
 
     void addRun() {
@@ -103,17 +129,23 @@ private:
                                       "  generate | chromahost run - --check-leaks\n"
                                       "  chromahost run tour.bas --host-version 2011.0 --without memoryBlockGetPtr",
                                       [this] { return run(start_, running_); });
-        addProgram(command, running_.program,
-                   "What the function Arguments answers; behind -- also what looks like an option");
+        Program& program = running_.program;
+        command->add_option("FILE", program.file, "The program; - for standard input");
+        addText(command, program.text, "A line of the program, in place of a file; may be repeated");
+        command->add_option("ARGUMENTS", program.arguments,
+                            "What the function Arguments returns; after -- also what looks like an option");
+        addSibling(command);
         command->add_flag("--check-leaks", running_.checkLeaks, "Fail when host objects or strings are left at the end");
     }
 
     void addCheck() {
-        CLI::App* const command = add("check", "Report all errors and warnings in a program without running it",
-                                      "  chromahost check program.bas\n"
+        CLI::App* const command = add("check", "Report all errors and warnings in programs without running them",
+                                      "  chromahost check program.bas library.bas\n"
                                       "  chromahost check --json - < program.bas",
                                       [this] { return check(start_, checking_, json_); });
-        addProgram(command, checking_, "Not looked at");
+        mustNotBeEmpty(command->add_option("FILES", checking_.files, "The programs; - for standard input"));
+        addText(command, checking_.text, "A line of one more program; may be repeated");
+        addSibling(command);
         command->add_flag("--json", json_, "As JSON on standard output");
     }
 
@@ -139,10 +171,14 @@ private:
                 "  chromahost browse NSColorZRX getRGB\n"
                 "  chromahost browse NSColorZRX --markdown > NSColorZRX.md",
                 [this] { return browse(start_, browsing_); });
-        command->add_option("NAME", browsing_.name, "A class, a function or another word; without one all that there is");
-        command->add_option("MEMBER", browsing_.member, "A property, method or constant of the class");
+        mustNotBeEmpty(command->add_option("NAME", browsing_.name,
+                                           "A class, a function or another word; without one all that there is"));
+        CLI::Option* const member =
+            command->add_option("MEMBER", browsing_.member, "A property, method or constant of the class");
+        mustNotBeEmpty(member);
         CLI::Option* const markdown =
-            command->add_flag("--markdown", browsing_.markdown, "Everything, or a class, as a Markdown page");
+            command->add_flag("--markdown", browsing_.markdown, "Everything, or a class, as a Markdown page")
+                ->excludes(member);
         command->add_flag("--json", browsing_.json, "As JSON")->excludes(markdown);
     }
 
@@ -154,23 +190,26 @@ private:
                                       "  chromahost swatches --spaces 'color(display-p3 1 0.5 0)'\n"
                                       "  chromahost swatches --format png - | display",
                                       [this] { return swatches(start_, drawing_); });
-        command->add_option("PICTURE", drawing_.picture,
-                            "The file to write, .svg or .png; - for standard output; without one, text for the terminal");
+        mustNotBeEmpty(command->add_option(
+            "PICTURE", drawing_.picture,
+            "The file to write, .svg or .png; - for standard output; without one, text for the terminal"));
         command->add_option("--format", drawing_.form, "What to write: svg, png or text")
             ->type_name("FORM")
             ->check(CLI::IsMember({"svg", "png", "text"}).description(""));
         CLI::Option* const list =
             command->add_option("--list", drawing_.list, "The colours of the list in this file")->type_name("FILE");
+        mustNotBeEmpty(list);
         CLI::Option* const key =
             command->add_option("--key", drawing_.keys, "Only the colour under this key of the list; may be repeated");
         mayRepeat(key, "NAME");
         key->needs(list);
-        command
-            ->add_option(
-                "--spaces", drawing_.color,
-                "This colour in every space: #F80, orange, rgb(255 128 0 / 50%), color(display-p3 1 0.5 0), redColor")
-            ->type_name("COLOR")
-            ->excludes(list);
+        mustNotBeEmpty(
+            command
+                ->add_option("--spaces", drawing_.color,
+                             "This colour in every space: #F80, orange, rgb(255 128 0 / 50%), color(display-p3 1 0.5 0), "
+                             "oklch(70% 0.2 50), redColor")
+                ->type_name("COLOR")
+                ->excludes(list));
         command->add_flag("--dark", drawing_.dark, "On a dark page");
     }
 
@@ -180,10 +219,17 @@ private:
                                       "  chromahost validate --list\n"
                                       "  chromahost validate ./libmine.so --only null-receivers --only balance\n"
                                       "  chromahost validate ./libmine.so --json",
-                                      [this] { return validate(start_, validating_); });
-        command->add_option("PLUGIN", validating_.plugin, "The plugin library, by default the bundled one");
+                                      [this] {
+                                          refuse("validate", {"--without", "--host-version"});
+                                          if (start_.plugins.size() + (validating_.plugin.empty() ? 0 : 1) > 1)
+                                              throw std::invalid_argument("validate takes one plugin");
+                                          return validate(start_, validating_);
+                                      });
+        CLI::Option* const plugin =
+            command->add_option("PLUGIN", validating_.plugin, "The plugin library, by default the bundled one");
+        mustNotBeEmpty(plugin);
         mayRepeat(command->add_option("--only", validating_.only, "Only the check of this name; may be repeated"), "NAME");
-        command->add_flag("--list", validating_.list, "List the checks and what they hold the plugin to");
+        command->add_flag("--list", validating_.list, "List the checks and what they hold the plugin to")->excludes(plugin);
         command->add_flag("--json", validating_.json, "As JSON");
         addSibling(command);
     }
@@ -251,7 +297,7 @@ private:
     std::map<const CLI::App*, std::string> examples_;
     Start start_;
     RunOptions running_;
-    Program checking_;
+    CheckOptions checking_;
     BrowseOptions browsing_;
     SwatchesOptions drawing_;
     ValidateOptions validating_;

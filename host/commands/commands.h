@@ -31,8 +31,13 @@ struct RunOptions {
 };
 int run(const Start& start, const RunOptions& options);
 
-// All errors of a program, which does not run: for a person, or as JSON on standard output.
-int check(const Start& start, const Program& program, bool json);
+struct CheckOptions {
+    std::vector<std::string> files; // "-": standard input
+    std::vector<std::string> text;  // lines; not empty: one more program
+};
+
+// Reports all errors of programs, which do not run: for a person, or as JSON on standard output.
+int check(const Start& start, const CheckOptions& options, bool json);
 
 int prompt(const Start& start);
 

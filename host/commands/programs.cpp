@@ -12,9 +12,9 @@
 
 #include <csignal>
 #include <cstdio>
-#include <fstream>
 #include <iostream>
 #include <iterator>
+#include <optional>
 
 #include <unistd.h>
 
@@ -22,23 +22,27 @@ namespace host::commands {
 namespace {
 
 bool isText(const Program& program) { return !program.text.empty(); }
-bool isInput(const Program& program) { return !isText(program) && program.file == "-"; }
 
-std::string nameOf(const Program& program) {
-    return isText(program) ? "-e" : isInput(program) ? "standard input" : program.file;
+// A program's text, and the name by which messages call it.
+struct NamedText {
+    std::string name;
+    std::optional<std::string> text; // nothing after a message on stderr when it cannot be read
+};
+
+NamedText fromFile(const std::string& file) {
+    if (file != "-") return {file, language::readProgram(file)};
+    return {"standard input", std::string(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>())};
 }
 
-// Of one that is no file.
-std::string textOf(const Program& program) {
-    if (!isText(program)) return {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()};
+NamedText fromLines(const std::vector<std::string>& lines) {
     std::string text;
-    for (const std::string& line : program.text)
+    for (const std::string& line : lines)
         text += line + "\n";
-    return text;
+    return {"-e", text};
 }
 
-void require(const Program& program) {
-    if (!isText(program) && program.file.empty()) throw std::invalid_argument("a program is required: FILE, - or -e TEXT");
+void require(bool isGiven) {
+    if (!isGiven) throw std::invalid_argument("a program is required: FILE, - or -e TEXT");
 }
 
 std::vector<std::string> argumentsOf(const Program& program) {
@@ -55,39 +59,30 @@ void endBySignal(int signal) {
     std::raise(signal);
 }
 
-int checkAsJson(const Program& program) {
-    std::string text;
-    if (isText(program) || isInput(program)) {
-        text = textOf(program);
-    } else {
-        std::ifstream file(program.file, std::ios::binary);
-        if (!file) throw std::runtime_error(program.file + ": cannot be read");
-        text.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-    }
+// Adds the program's problems to the list. Returns whether there is an error.
+bool addProblems(const std::string& name, const std::string& text, nlohmann::ordered_json& list) {
     bool failed = false;
-    nlohmann::ordered_json list = nlohmann::ordered_json::array();
     for (const language::Problem& problem : language::problemsIn(text)) {
-        list.push_back({{"file", nameOf(program)},
+        list.push_back({{"file", name},
                         {"line", problem.line},
                         {"column", problem.column},
                         {"level", problem.isError ? "error" : "warning"},
                         {"message", problem.message}});
         failed = failed || problem.isError;
     }
-    writeJson(list, std::cout);
-    return failed ? failure : success;
+    return failed;
 }
 
 } // namespace
 
 int run(const Start& start, const RunOptions& options) {
     const Program& program = options.program;
-    require(program);
+    require(isText(program) || !program.file.empty());
     startHost(start);
     language::setProgramArguments(argumentsOf(program));
-    const int result = isText(program) || isInput(program) ? language::runText(nameOf(program), textOf(program), std::cout,
-                                                                               std::cerr, showsColors(STDERR_FILENO))
-                                                           : language::runFile(program.file);
+    const NamedText source = isText(program) ? fromLines(program.text) : fromFile(program.file);
+    if (!source.text) return failure;
+    const int result = language::runText(source.name, *source.text, std::cout, std::cerr, showsColors(STDERR_FILENO));
     if (language::wasInterrupted()) endBySignal(SIGINT);
     const std::string leaks = options.checkLeaks ? describeLeaks() : "";
     if (leaks.empty()) return result;
@@ -95,12 +90,23 @@ int run(const Start& start, const RunOptions& options) {
     return leaked;
 }
 
-int check(const Start& start, const Program& program, bool json) {
-    require(program);
+int check(const Start& start, const CheckOptions& options, bool json) {
+    require(!options.text.empty() || !options.files.empty());
     startHost(start);
-    if (json) return checkAsJson(program);
-    if (!isText(program) && !isInput(program)) return language::checkFile(program.file);
-    return language::checkText(nameOf(program), textOf(program), std::cerr, showsColors(STDERR_FILENO));
+    std::vector<NamedText> sources;
+    if (!options.text.empty()) sources.push_back(fromLines(options.text));
+    for (const std::string& file : options.files)
+        sources.push_back(fromFile(file));
+    bool failed = false;
+    nlohmann::ordered_json problems = nlohmann::ordered_json::array();
+    for (const auto& [name, text] : sources) {
+        const bool isWrong = !text  ? true
+                             : json ? addProblems(name, *text, problems)
+                                    : language::checkText(name, *text, std::cerr, showsColors(STDERR_FILENO)) != success;
+        failed = failed || isWrong;
+    }
+    if (json) writeJson(problems, std::cout);
+    return failed ? failure : success;
 }
 
 int prompt(const Start& start) {

@@ -54,6 +54,7 @@ void write(const std::filesystem::path& file, const std::string& bytes) {
 int swatches(const Start& start, const SwatchesOptions& options) {
     const std::string form = formOf(options);
     const bool isFile = !options.picture.empty() && options.picture != "-";
+    if (options.dark && form == "text") std::cerr << "chromahost: --dark has no effect on text\n";
     startHost(start, true);
     using namespace host::swatches;
     const std::string bytes = !options.color.empty() ? contents(colorInSpaces(options.color), form, options, isFile)

@@ -20,8 +20,15 @@ namespace {
 constexpr std::size_t maxErrorsOfARun = 20;
 constexpr std::size_t maxErrorsOfACheck = 1000;
 
-// None, after a message, when the file cannot be read.
-std::optional<std::string> read(const std::string& path) {
+// Null when there are errors.
+ActionPtr compile(const Source& source, Checker& checker, Diagnostics& diagnostics) {
+    const syntax::Block block = parse(source, diagnostics);
+    return checker.check(block, diagnostics);
+}
+
+} // namespace
+
+std::optional<std::string> readProgram(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     std::string text;
     std::array<char, 1 << 16> chunk;
@@ -31,14 +38,6 @@ std::optional<std::string> read(const std::string& path) {
     std::cerr << path << ": error: cannot be read: " << std::strerror(errno) << "\n";
     return std::nullopt;
 }
-
-// Null when there are errors.
-ActionPtr compile(const Source& source, Checker& checker, Diagnostics& diagnostics) {
-    const syntax::Block block = parse(source, diagnostics);
-    return checker.check(block, diagnostics);
-}
-
-} // namespace
 
 int runText(const std::string& name, std::string text, std::ostream& output, std::ostream& errors, bool colored) {
     const Source source(name, std::move(text), colored);
@@ -80,13 +79,8 @@ std::vector<Problem> problemsIn(const std::string& text) {
 bool wasInterrupted() { return detail::lastWasInterrupted; }
 
 int runFile(const std::string& path) {
-    std::optional<std::string> text = read(path);
+    std::optional<std::string> text = readProgram(path);
     return text ? runText(path, std::move(*text), std::cout, std::cerr, showsColors(STDERR_FILENO)) : 1;
-}
-
-int checkFile(const std::string& path) {
-    std::optional<std::string> text = read(path);
-    return text ? checkText(path, std::move(*text), std::cerr, showsColors(STDERR_FILENO)) : 1;
 }
 
 } // namespace host::language

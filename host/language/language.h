@@ -4,10 +4,14 @@
 
 #include <cstddef>
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace host::language {
+
+// Returns the text of a program's file, or nothing after a message on stderr when it cannot be read.
+std::optional<std::string> readProgram(const std::string& path);
 
 // Runs a program: 0 when it ran to its end, 1 after errors in its text, which then did not run at all, an exception that
 // nobody caught, or an interruption by SIGINT; the code with which it quit. What it prints goes to stdout, what is wrong to
@@ -22,7 +26,6 @@ int runText(const std::string& name, std::string text, std::ostream& output, std
 
 // Reports all errors and warnings in a program's text to stderr without running it: 0 when there are no errors, otherwise 1.
 // `problemsIn` answers them, in the order of the text.
-int checkFile(const std::string& path);
 struct Problem {
     std::size_t line, column; // from 1; columns count characters
     bool isError;             // otherwise a warning
