@@ -1,15 +1,16 @@
 #!/usr/bin/env python3
-"""A host in Python: it loads a plugin, makes a colour, reads it by reference, passes a string and catches an exception.
+"""A host in Python. It loads a plugin, creates a colour, reads it by reference, passes a string and catches an exception.
+With a plugin that has no colours it prints the plugin's classes.
 
     python3 examples/host.py build/m64/lib/libchromabridge.so
 
-chromabridge/host_abi.h tells what each entry and each record means. Python must be as wide as the library.
+chromabridge/host_abi.h documents the entry points, records, offsets and encodings. Python must be as wide as the library.
 """
 import ctypes
 import sys
 from ctypes import CFUNCTYPE, POINTER, c_char_p, c_double, c_int32, c_ssize_t, c_uint32, c_void_p
 
-UTF8, INSTANCE_DATA, STRING_BUFFER, STRING_LENGTH = 0x08000100, 24, 4, 12
+ASCII, UNKNOWN, INSTANCE_DATA, STRING_BUFFER, STRING_LENGTH = 0x0600, 0xFFFF, 24, 4, 12
 
 
 class Method(ctypes.Structure):
@@ -30,7 +31,7 @@ class Value:
     def __init__(self, size, record=None):
         self.memory = ctypes.create_string_buffer(size)
         self.address = ctypes.addressof(self.memory)
-        self.references, self.record, self.text, self.encoding = 1, record, b"", UTF8
+        self.references, self.record, self.text, self.encoding = 1, record, b"", UNKNOWN
         values[self.address] = self
 
 
@@ -70,9 +71,10 @@ def new_instance(name):
     return value.address
 
 
-def build_string(address, length):
-    """A string's text starts at the second byte of its buffer."""
+def build_string(address, length, encoding=UNKNOWN):
+    """The text of a string starts at the second byte of its buffer."""
     value = Value(16)
+    value.encoding = encoding
     value.text = ctypes.string_at(address, length)
     value.buffer = ctypes.create_string_buffer(b"\0" + value.text)
     c_void_p.from_buffer(value.memory, STRING_BUFFER).value = ctypes.addressof(value.buffer)
@@ -89,6 +91,7 @@ ENTRIES = {
     b"REALLockString": CFUNCTYPE(None, c_void_p)(lock),
     b"REALUnlockString": CFUNCTYPE(None, c_void_p)(unlock),
     b"REALBuildString": CFUNCTYPE(c_void_p, c_void_p, c_int32)(build_string),
+    b"REALBuildStringWithEncoding": CFUNCTYPE(c_void_p, c_void_p, c_int32, c_uint32)(build_string),
     b"REALGetStringEncoding": CFUNCTYPE(c_uint32, c_void_p)(lambda string: values[string].encoding),
     b"REALSetStringEncoding": CFUNCTYPE(None, c_void_p, c_uint32)(
         lambda string, encoding: setattr(values[string], "encoding", encoding)),
@@ -119,7 +122,10 @@ def call(result, class_name, declaration, *arguments):
 
 
 def main(library):
+    own = len(classes)
     ctypes.CDLL(library).REALPluginMain(resolve)
+    if b"NSColorZRX" not in classes:
+        return print(*(f"class {name.decode()}" for name in list(classes)[own:]), sep="\n")
     constructor = "Constructor(red as double, green as double, blue as double, alpha as double = 1.0)"
     orange = new_instance(b"NSColorZRX")
     call(None, "NSColorZRX", constructor, orange, 1.0, 0.5, 0.0, 0.8)
@@ -128,7 +134,7 @@ def main(library):
          "byref alpha as double)", orange, *(ctypes.addressof(c) for c in (red, green, blue, alpha)))
     print(f"red {red.value:.3f}, green {green.value:.3f}, blue {blue.value:.3f}, alpha {alpha.value:.3f}")
 
-    space = build_string(b"NSDeviceWhiteColorSpace", 23)
+    space = build_string(b"NSDeviceWhiteColorSpace", 23, ASCII)
     gray = call(c_void_p, "NSColorZRX", "colorUsingColorSpaceName(colorSpace as string) as NSColorZRX", orange, space)
     white = c_double()
     call(None, "NSColorZRX", "getWhite(byref white as double)", gray, ctypes.addressof(white))

@@ -1,11 +1,11 @@
 /*
- * The smallest host that is of use: it loads a plugin, makes a colour, reads it by reference and as an array, passes a
- * string, receives a block of bytes, and catches an exception.
+ * The smallest useful host. It loads a plugin, creates a colour, reads it by reference and as an array, passes a string,
+ * receives a memory block, and catches an exception. With a plugin that has no colours it prints the plugin's classes.
  *
  *     cc -std=c11 -I include examples/minimal_host.c -ldl -o minimal_host
  *     ./minimal_host build/m64/lib/libchromabridge.so
  *
- * It offers the entries that these take; a plugin does without the others.
+ * It provides the entry points that this needs. Every other entry point is optional.
  */
 #include "chromabridge/host_abi.h"
 
@@ -92,17 +92,21 @@ static REALobjectStruct* newInstance(const char* className) {
     return object;
 }
 
-static REALstringStruct* buildString(const void* bytes, int32_t length) {
+static REALstringStruct* buildStringWithEncoding(const void* bytes, int32_t length, uint32_t encoding) {
     if (length <= 0) return NULL;
     REALstringStruct* string = calloc(1, sizeof *string + (size_t)length + 2);
     if (!string) return NULL;
     const char* buffer = string->buffer;
     string->references = 1;
-    string->encoding = REALencodingUTF8;
+    string->encoding = encoding;
     memcpy(string->buffer + 1, bytes, (size_t)length);
     memcpy(&string->fields[0], &buffer, sizeof buffer);
     memcpy(&string->fields[REALstringLengthOffset - REALstringBufferOffset], &length, sizeof length);
     return string;
+}
+
+static REALstringStruct* buildString(const void* bytes, int32_t length) {
+    return buildStringWithEncoding(bytes, length, REALencodingUnknown);
 }
 
 static uint32_t getEncoding(REALstringStruct* string) { return string->encoding; }
@@ -197,6 +201,7 @@ static void* resolve(const char* name) {
         {"REALLockObject", (void*)lockObject},
         {"REALUnlockObject", (void*)unlockObject},
         {"REALBuildString", (void*)buildString},
+        {"REALBuildStringWithEncoding", (void*)buildStringWithEncoding},
         {"REALGetStringEncoding", (void*)getEncoding},
         {"REALSetStringEncoding", (void*)setEncoding},
         {"REALLockString", (void*)lockString},
@@ -246,7 +251,7 @@ static void readColor(void) {
 /* The bytes of NSColorSpaceZRX.colorSpaceForColorSpaceName("NSCalibratedRGBColorSpace").ICCProfileData */
 static void readProfile(void) {
     const char* name = "NSCalibratedRGBColorSpace";
-    REALstringStruct* string = buildString(name, (int32_t)strlen(name));
+    REALstringStruct* string = buildStringWithEncoding(name, (int32_t)strlen(name), REALencodingASCII);
     REALobjectStruct* space =
         METHOD(SpaceForName, "NSColorSpaceZRX", "colorSpaceForColorSpaceName(name as string) as NSColorSpaceZRX")(string);
     unlockString(string);
@@ -276,7 +281,13 @@ int main(int argc, char** argv) {
         fprintf(stderr, "usage: minimal_host PLUGIN\n%s\n", argc == 2 ? dlerror() : "");
         return 2;
     }
+    const size_t own = classCount;
     start(resolve);
+    if (!findClass("NSColorZRX")) {
+        for (size_t i = own; i < classCount; ++i)
+            printf("class %s\n", classes[i]->name);
+        return 0;
+    }
     readColor();
     readProfile();
     return isRefused() ? 0 : 1;

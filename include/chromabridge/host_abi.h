@@ -1,39 +1,66 @@
 /*
- * The contract between a host and a plugin of this family: what crosses the boundary, in which shape, and who owns it.
- * Plain C, so that a host in any language can read it. Nothing here is shared code; both sides compile it on their own.
+ * The binary interface between a host and its plugins.
  *
- * Loading. The host opens the library, looks up `REALPluginMain` and calls it once with its resolver. The plugin registers
- * its class records during that call; afterwards it runs only when the host calls a function named in a record. Once a call
- * has brought a resolver, the plugin ignores further calls, whatever resolver they bring.
+ * A host is a development environment, or an application built with it, that runs programs in a BASIC-like object language.
+ * A plugin is a shared library that adds classes to that language. This header is plain C, so that hosts and plugins in any
+ * language can follow it. It contains types, constants and lists. Host and plugin share no code.
  *
- * Threads. Every call, in both directions, is made on the host's one calling thread.
+ * LIFE OF A PLUGIN
  *
- * Text. Names and declarations are NUL-terminated ASCII and live as long as the library. Host strings carry an encoding, a
- * CFStringEncoding value. Names of host types are the same in upper and lower case.
+ *   1. The host loads the library, looks up its one exported function, REALPluginMain, and calls it with a resolver.
+ *   2. During that call the plugin uses the resolver to look up the entry points of the host by name. It reads the host's
+ *      version (REALGetRBVersion), announces a control version (RegisterPluginVersion), and registers its class records
+ *      (PluginRegisterClass).
+ *   3. From then on the plugin runs only when the host calls a function of a class record.
+ *   4. The library stays loaded until the process exits.
  *
- * References. A host object, string, array or memory block that an entry creates or returns carries one reference that its
- * receiver owns: it gives it up with REALUnlockObject or REALUnlockString, or hands it out as its own result. Arguments are
- * borrowed for the length of the call.
+ * RULES FOR BOTH SIDES
  *
- * Exceptions. RuntimeRaiseException records the exception and returns. The plugin function goes on to return its null
- * result, and the host raises the recorded exception in host code then. A host creates these classes by name, or at least
- * "RuntimeException", which stands in for those it lacks: "OutOfBoundsException", "OutOfMemoryException",
- * "NilObjectException", "IllegalCastException", "UnsupportedOperationException". A plugin sets their properties "Message"
- * (a string) and "ErrorNumber" (32 bits). Entries do not throw. Two things alone pass outward through a plugin's function,
- * with all given up that it held: a thrown native object that is no NSException, and an exception that the host itself
- * threw out of an entry. A C++ one that ends the building of a string, or std::bad_alloc the making of a block, becomes a
- * host exception; so does an NSException, but where no guard stands round the entry, as round the making of an array and
- * some raising of exceptions.
+ * Threads. The host makes all its calls on one thread. The plugin calls entry points only on that thread.
  *
- * Siblings. Plugins of this family in one process share a registry of live host objects and one way to tell of NSExceptions.
- * One of them, the sibling, adds three class messages to NSException; where nobody answers them, objects have no identity
- * and NSExceptions become "RuntimeException"s:
- *   GetInstancesDictionaryZRX: a CFMutableDictionary of plain pointers, which lives on: native objects to the host objects
- *     that hold them, without a reference to either. Who enters a pair removes it before that host object ends.
- *   PrepareNSExceptionZRX: nothing; asked once, before the first NewNSExceptionZRX:.
- *   NewNSExceptionZRX: takes the NSException, answers a new host exception that the caller owns, or null for none.
- * The registry and PrepareNSExceptionZRX are asked for once, at a plugin's first object or shared method: a sibling comes
- * before.
+ * Entry points. Every entry point is optional. Operations of a plugin that need a missing one do nothing, and a plugin
+ * checks each address for null. Two entry points require others, because plugins stop using the older way at these versions:
+ * from 2012.0 a host with REALBuildString also provides REALBuildStringWithEncoding, and from 2017.0 a host with
+ * newMemoryBlock also provides memoryBlockGetPtr and memoryBlockGetSize.
+ *
+ * Names. Names and declarations are NUL-terminated ASCII and stay valid as long as the library is loaded. Names of entry
+ * points are case-sensitive. Names of types, classes and members in the host language are not.
+ *
+ * References. Objects, strings, arrays and memory blocks are counted. A value that an entry point creates or returns carries
+ * one reference, which belongs to the caller. The caller drops it with REALUnlockObject or REALUnlockString, or returns the
+ * value as its own result. Arguments are borrowed: they stay valid during the call, and whoever keeps one longer locks it.
+ *
+ * Null. A null object is Nil, and a null string is the empty string. Any object or string argument of a plugin function may
+ * be null. A plugin passes null to an entry point only where the description allows it. A host should ignore every other
+ * null: locking and unlocking do nothing, and functions return null or 0.
+ *
+ * Exceptions. RuntimeRaiseException records an exception and returns. The plugin function then returns its null result
+ * (null, 0, 0.0), and the host raises the recorded exception in host code. A host creates these classes by name:
+ * "RuntimeException", "OutOfBoundsException", "OutOfMemoryException", "NilObjectException", "IllegalCastException",
+ * "UnsupportedOperationException". A plugin uses "RuntimeException" where the host does not have one of the others. It sets
+ * the properties "Message" (a string) and "ErrorNumber" (32 bits) of the new exception.
+ *
+ * C++ exceptions. Entry points do not throw, and a plugin may rely on this. The plugins of this family tolerate entry points
+ * that throw: such an exception propagates out of the plugin function, which has released everything it held. Three kinds
+ * become host exceptions instead: any C++ exception while a string is built, std::bad_alloc while a memory block is created,
+ * and an NSException. The last is not caught while an array is created, nor during some calls that raise an exception. An
+ * Objective-C object that is not an NSException propagates when the platform throws it, too.
+ *
+ * SIBLINGS
+ *
+ * The plugins of this family in one process share a registry of live host objects and one way to convert an NSException. One
+ * of the plugins, the sibling, adds three class methods to NSException:
+ *
+ *   GetInstancesDictionaryZRX  Returns a CFMutableDictionary that lives as long as the process. Its keys are native objects,
+ *                              its values the host objects that hold them, both plain pointers without a reference. Whoever
+ *                              adds a pair must remove it before the host object is destroyed.
+ *   PrepareNSExceptionZRX      Returns nothing. It is sent once, before the first NewNSExceptionZRX:.
+ *   NewNSExceptionZRX:         Takes the NSException and returns a new host exception, which the caller owns, or null if
+ *                              there is nothing to raise.
+ *
+ * A plugin sends the first two once, when its first object is created or its first shared method is called. The sibling must
+ * be loaded by then. Without a sibling, equal native objects have different host objects, and an NSException becomes a
+ * "RuntimeException".
  */
 #ifndef CHROMABRIDGE_HOST_ABI_H
 #define CHROMABRIDGE_HOST_ABI_H
@@ -46,16 +73,17 @@ extern "C" {
 
 /* ---- Versions */
 
-/* Host versions at which plugins change what they use. A host reports its version through REALGetRBVersion. */
+/* Host versions at which plugins change what they use. */
 #define REAL_SINCE_ENCODED_STRINGS 2012.0 /* REALBuildStringWithEncoding */
-#define REAL_SINCE_NATIVE_PATHS 2013.0    /* the property NativePath of folder items; UTF-32 text; renamed entry points */
-#define REAL_SINCE_HIDDEN_STORAGE 2017.0  /* memoryBlockGetPtr and memoryBlockGetSize; storage no longer shows at offsets */
+#define REAL_SINCE_NATIVE_PATHS 2013.0    /* the property NativePath of folder items, UTF-32, renamed entry points */
+#define REAL_SINCE_HIDDEN_STORAGE 2017.0  /* storage of blocks and arrays is only available through entry points */
 
-/* Control versions. The control version selects the layout of the class records. */
+/* Control versions. The control version selects the layout of the class records: 9 is the legacy layout, 10 to 13 share the
+ * current layout. */
 enum { REALcontrolVersionLegacy = 9, REALcontrolVersionCurrent = 13 };
 
-/* The control version for each host version, as X(host version, control version), newest first. The first row with a host
- * version that is not greater than the host's applies. Without such a row, REALcontrolVersionLegacy applies. */
+/* The control version of each host version, as X(host version, control version), newest first. The first row whose host
+ * version is at most the host's applies. If there is none, the control version is REALcontrolVersionLegacy. */
 #define REAL_CONTROL_VERSIONS(X)                                                                                            \
     X(2013.04, 13)                                                                                                          \
     X(2013.03, 12)                                                                                                          \
@@ -64,25 +92,25 @@ enum { REALcontrolVersionLegacy = 9, REALcontrolVersionCurrent = 13 };
 
 /* ---- Values */
 
-/* Host values are opaque. A null object is Nil, a null string the empty string. */
+/* Host values are opaque. Memory blocks, folder items and arrays are objects: lock and unlock them as objects. */
 typedef struct REALobjectStruct REALobjectStruct;
 typedef struct REALstringStruct REALstringStruct;
-typedef struct REALmemoryBlockStruct REALmemoryBlockStruct; /* also an object: lock and unlock it as one */
-typedef struct REALfolderItemStruct REALfolderItemStruct;   /* also an object */
-typedef struct _REALarrayDouble REALarrayDouble;            /* a one-dimensional array of doubles; also an object */
+typedef struct REALmemoryBlockStruct REALmemoryBlockStruct;
+typedef struct REALfolderItemStruct REALfolderItemStruct;
+typedef struct _REALarrayDouble REALarrayDouble; /* a one-dimensional array of doubles */
 
-/* The host types "integer" and "Integer": as wide as a pointer, so that handles carry whole pointers. Array indexes, bounds,
- * byte counts and the control version stay 32 bits wide in every build. */
+/* The host type "integer". It is as wide as a pointer, so that it can carry a handle. Array indexes, bounds, byte counts and
+ * the control version are 32 bits wide in every build. */
 typedef intptr_t HostInteger;
 
 /* The host type "color": red in bits 16 to 23, green in 8 to 15, blue in 0 to 7, a fourth byte in 24 to 31. */
 typedef uint32_t HostColor;
 
-/* The host type "boolean": one byte, 0 or 1. */
+/* The host type "boolean": 0 or 1. */
 typedef uint8_t HostBoolean;
 
-/* Encodings of strings: CFStringEncoding values. UTF-16 and UTF-32 are in the machine's byte order. Other CFStringEncoding
- * values are allowed. Text of unknown encoding is read as Mac Roman. */
+/* The encoding that a host records for each string: a CFStringEncoding value, of which these are in use. UTF-16 and UTF-32
+ * are in the machine's byte order. Text of unknown encoding is read as Mac Roman. */
 enum {
     REALencodingMacRoman = 0x00000000,
     REALencodingUTF16 = 0x00000100,
@@ -94,44 +122,58 @@ enum {
     REALencodingUTF32 = 0x0C000100
 };
 
-/* Byte offsets into host values, the same in every width; what lies there may be unaligned, so read it with memcpy. */
+/* Byte offsets into host values. They are the same in 32 and 64 bits. A field may be unaligned, so read it with memcpy. */
 enum {
-    /* Any object of a plugin class, or of a host class that descends from one: the plugin's instance data, zero-filled
-     * before the class constructor runs. What descendants add lies behind it. */
+    /* An object of a plugin class, or of a class derived from one: the plugin's instance data. It is zero-filled before the
+     * constructor runs. The data of derived classes follows it. */
     REALinstanceDataOffset = 24,
-    /* A string: a pointer to its buffer, whose text starts at the buffer's second byte; the text's length in bytes, 32 bits.
-     * Valid between REALLockString and REALUnlockString. */
+    /* A string: a pointer to its buffer, whose second byte is the first byte of the text, and the length of the text in
+     * bytes (32 bits). Both are valid between REALLockString and REALUnlockString. The text is in the recorded encoding. */
     REALstringBufferOffset = 4,
     REALstringLengthOffset = 12,
     /* A memory block, on hosts older than 2017.0: its size in bytes (signed, 32 bits) and a pointer to its bytes. */
     REALmemoryBlockSizeOffset = 24,
     REALmemoryBlockBytesOffset = 28,
-    /* A double array, on hosts older than 2017.0: a pointer to its elements, or null when they must be asked for one by one.
-     */
+    /* An array of doubles, on hosts older than 2017.0: a pointer to its elements, or null if they are only available one by
+     * one through the get procedure. */
     REALarrayElementsOffset = 28
 };
 
-/* ---- Class records, current layout (control versions 10 to 13) */
+/* ---- Class records, current layout (control versions 10 to 13)
+ *
+ * A plugin describes each class by a record, which points to arrays of records of its members. A null array has the count 0.
+ * Records and everything they point to stay readable until the process exits. */
 
-/* A number or flag set in a record takes one slot, as wide as a pointer: 32 bits in the 32-bit reference layout. A null
- * array goes with a count of 0. Every record and all it points at stay readable for the life of the process. */
+/* A number or a set of flags in a record. It is as wide as a pointer: 32 bits in the 32-bit layout. */
 typedef intptr_t REALword;
 
-/* The flags of a record, by its kind. Plugins write these values. Their bits have no documented meaning, and a host may
- * ignore them. */
+/* The flags of each kind of record. Plugins write exactly these values. A host may ignore them. */
 enum { REALclassFlags = 4, REALpropertyFlags = 6, REALmethodFlags = 4, REALconstantFlags = 0 };
 
-/* A function in a record; its real type follows from the declared signature:
- *   constructor, destructor, methods and getters take the object first; shared methods take no object;
- *   then the parameters in order: "integer" HostInteger, "double" double, "byref ... as double" double*, "string"
- *   REALstringStruct*, "color" HostColor, "boolean" HostBoolean, "Memoryblock" REALmemoryBlockStruct*, "Folderitem"
- *   REALfolderItemStruct*, a class name or "variant" REALobjectStruct*, "x() as double" and "paramarray x as double"
- *   REALarrayDouble*. A getter takes the object and the record's parameter word. The result has the same mapping;
- *   "double()" is a REALarrayDouble*, an array of a class ("NSColorSpaceZRX()") a void* to an array of objects. Every
- *   parameter is passed: where host code leaves one out, the host fills in the declared default. */
+/* A function in a record. Its C type follows from its role and its declaration.
+ *
+ *   constructor, destructor    void (REALobjectStruct*)
+ *   method                     result (REALobjectStruct*, parameters...)
+ *   shared method              result (parameters...)
+ *   getter                     result (REALobjectStruct*, REALword parameter)
+ *   setter                     void (REALobjectStruct*, REALword parameter, value), the value borrowed
+ *
+ * Host types correspond to these C types:
+ *
+ *   integer                    HostInteger
+ *   double                     double; double* for a parameter declared "byref x as double"
+ *   string                     REALstringStruct*
+ *   color, boolean             HostColor, HostBoolean
+ *   Memoryblock, Folderitem    REALmemoryBlockStruct*, REALfolderItemStruct*
+ *   a class, variant           REALobjectStruct*
+ *   array of doubles           REALarrayDouble*: "x() as double", "paramarray x as double", the result "double()"
+ *   array of a class           void*: the result "NSColorSpaceZRX()"
+ *
+ * The host passes every declared parameter. For one that host code omits it passes the declared default. */
 typedef void* REALfunction;
 
-/* In place of a getter or setter: the host itself reads or writes the instance data word at byte offset `parameter`. */
+/* Takes the place of a getter or setter. The host itself then reads or writes the property's value at byte offset
+ * `parameter` of the instance data. */
 #ifdef __cplusplus
 #define REALstandardAccessor (reinterpret_cast<REALfunction>(static_cast<intptr_t>(-1)))
 #else
@@ -141,11 +183,11 @@ typedef void* REALfunction;
 typedef struct REALproperty {
     const char* group; /* null */
     const char* name;
-    const char* type; /* host type name: "Integer", "double", "string", "Color" */
+    const char* type; /* "Integer", "double", "string", "Color" */
     REALword flags;
-    REALfunction getter; /* (REALobjectStruct*, REALword parameter) -> value, or REALstandardAccessor */
-    REALfunction setter; /* null for a read-only property, or REALstandardAccessor */
-    REALword parameter;
+    REALfunction getter;
+    REALfunction setter; /* null for a read-only property */
+    REALword parameter;  /* the second argument of getter and setter, or the standard accessor's offset */
     REALword further[5]; /* 0 */
 } REALproperty;
 
@@ -158,12 +200,14 @@ typedef struct REALmethodDefinition {
 } REALmethodDefinition;
 
 typedef struct REALconstant {
-    const char* declaration; /* "NSGrayColorSpaceModel=0"; text stands in double quotes */
+    const char* declaration; /* "NSGrayColorSpaceModel=0"; a string is in double quotes */
     REALword value;          /* 0: the value is in the declaration */
     REALword flags;
     REALword further[2]; /* 0 */
 } REALconstant;
 
+/* No plugin of this family has events, event instances, interfaces, bindings, shared properties, delegates or enumerations.
+ * Their pointers are null and their counts 0 in every record. A host may ignore these fields. */
 typedef struct REALevent {
     const char* declaration;
     REALword flags;
@@ -171,13 +215,13 @@ typedef struct REALevent {
 } REALevent;
 
 typedef struct REALclassDefinition {
-    REALword version; /* the control version that this record is laid out for */
+    REALword version; /* the announced control version */
     const char* name;
-    const char* superName;       /* null: none */
+    const char* superName;       /* null if there is none */
     REALword instanceDataSize;   /* bytes; a multiple of 16 when the host sees it */
     REALword instanceDataOffset; /* written by the host at registration */
-    REALfunction constructor;    /* (REALobjectStruct*) -> nothing, called on every new object */
-    REALfunction destructor;     /* (REALobjectStruct*) -> nothing, called when the last reference has gone */
+    REALfunction constructor;    /* called for every new object; may be null */
+    REALfunction destructor;     /* called when the last reference is dropped; may be null */
     REALproperty* properties;
     REALword propertyCount;
     REALmethodDefinition* methods;
@@ -202,10 +246,11 @@ typedef struct REALclassDefinition {
     REALword enumerationCount;
 } REALclassDefinition;
 
-/* ---- Class records, legacy layout (control version 9) */
+/* ---- Class records, legacy layout (control version 9)
+ *
+ * Each legacy record consists of the first words of the current record. A host distinguishes the layouts by the version, the
+ * first word of the class record. */
 
-/* Each legacy record holds the leading words of its current form. A host tells the two apart by word 0 of the class record.
- */
 typedef struct REALpropertyLegacy {
     const char* group;
     const char* name;
@@ -263,94 +308,118 @@ typedef struct REALclassDefinitionLegacy {
     REALword sharedMethodCount;
 } REALclassDefinitionLegacy;
 
-/* ---- Entry points */
+/* ---- Start */
 
-/* The host's resolver: the address of the named entry, or null when this host has none of that name. A missing entry is
- * never an error: the plugin leaves the operation out. Names are spelled exactly as below. */
+/* The host's resolver. Returns the address of the entry point with that name, or null if the host does not provide it. It
+ * returns the same address for the same name. */
 typedef void* (*REALresolver)(const char* entryName);
 
-/* The plugin's one export. A null resolver is allowed: nothing is registered. */
+/* REALPluginMain, the function that a plugin exports. A null resolver is allowed: the plugin registers nothing. */
 typedef void (*REALPluginMainProc)(REALresolver resolver);
 
-/* Element type codes of arrays. */
-enum { REALarrayOfDoubles = 2, REALarrayOfObjects = 4 };
-
-/* "REALGetRBVersion": the host's version, such as 2013.04. Asked once, during REALPluginMain. A host without it counts as
- * version 0.0: it gets legacy records, and its values are read at their offsets. */
+/* Returns the host's version, such as 2013.04. A plugin calls it once, during REALPluginMain. Without this entry point the
+ * version is 0.0: class records have the legacy layout, and the plugin reads values at their offsets. */
 typedef double (*REALGetRBVersionProc)(void);
 
-/* "RegisterPluginVersion": announces the control version, 9 to 13, before the first class is registered. */
+/* Announces the control version, 9 to 13. A plugin calls it once, before it registers the first class. */
 typedef void (*RegisterPluginVersionProc)(int32_t controlVersion);
 
-/* "PluginRegisterClass": the host keeps the record and writes its instanceDataOffset. */
+/* Registers a class. The host keeps the record, which stays the plugin's, and writes its instanceDataOffset. It changes
+ * nothing else. A superclass must be registered first. */
 typedef void (*PluginRegisterClassProc)(REALclassDefinition* record);
 
-/* "PluginNewInstance": a new object, its class constructor run; null when no class has that name. */
+/* ---- Objects */
+
+/* Creates an object and calls its class constructor. Returns null if there is no class with that name or no memory. */
 typedef REALobjectStruct* (*PluginNewInstanceProc)(const char* className);
 
-/* "ChromaObjectIsA", on hosts that can tell: whether the object is of the named class or of one that descends from it. */
+/* Returns 1 if the object is an instance of the class or of a class derived from it, else 0. An extension: most hosts do not
+ * provide it. */
 typedef HostBoolean (*ChromaObjectIsAProc)(REALobjectStruct* object, const char* className);
 
-/* "REALLockObject", "REALUnlockObject": one reference more, one fewer. "REALLockString", "REALUnlockString" likewise. */
+/* Adds or drops a reference. When the last one is dropped, the host calls the class destructor and destroys the object. */
 typedef void (*REALLockObjectProc)(REALobjectStruct* object);
 typedef void (*REALUnlockObjectProc)(REALobjectStruct* object);
-typedef void (*REALLockStringProc)(REALstringStruct* string);
-typedef void (*REALUnlockStringProc)(REALstringStruct* string);
 
-/* "RuntimeRaiseException": records the exception (the host takes its own reference) and returns. */
+/* Records an exception, of which the host keeps a reference, and returns. See "Exceptions" above. */
 typedef void (*RuntimeRaiseExceptionProc)(REALobjectStruct* exception);
 
-/* "REALSetPropValueString", "REALSetPropValueInteger" (older name "REALSetPropValueInt"): set a property by name. */
+/* Sets a property by its name. Nothing happens if the object has no property of that name and type. A null string sets the
+ * empty string. Plugins set only "Message" and "ErrorNumber" of exceptions, so a host may support only these.
+ * REALSetPropValueInt is the older name of REALSetPropValueInteger. */
 typedef void (*REALSetPropValueStringProc)(REALobjectStruct* object, const char* property, REALstringStruct* value);
 typedef void (*REALSetPropValueIntegerProc)(REALobjectStruct* object, const char* property, int32_t value);
 
-/* "REALGetPropValueString": 1 when the property exists; *value then is a string that the caller owns. Of a folder item,
- * "NativePath" is asked for, its path, or of hosts older than 2013.0 "URLPath", its address as a file URL. */
+/* Reads a string property by its name. Returns 1 and stores a string, which the caller owns; or returns 0 and stores nothing
+ * if the object has no such property. Plugins read the property "NativePath" of a folder item, a path. On hosts older than
+ * 2013.0 they read "URLPath" instead, a file URL. */
 typedef HostBoolean (*REALGetPropValueStringProc)(REALobjectStruct* object, const char* property, REALstringStruct** value);
 
-/* "REALBuildString": a string of `length` bytes, encoding unknown; null on failure. The bytes are copied. */
+/* ---- Strings */
+
+/* Creates a string from a copy of `length` bytes, which may contain zeros. The recorded encoding is REALencodingUnknown.
+ * Returns null on failure. For length 0 the result may be null. */
 typedef REALstringStruct* (*REALBuildStringProc)(const void* bytes, int32_t length);
 
-/* "REALBuildStringWithEncoding" (2012.0 and later): the same, with the encoding of the bytes recorded. */
+/* Does the same and records the encoding. The bytes are not converted. */
 typedef REALstringStruct* (*REALBuildStringWithEncodingProc)(const void* bytes, int32_t length, uint32_t encoding);
 
-/* "REALGetStringEncoding", "REALSetStringEncoding": the recorded encoding; setting it converts no bytes. */
+/* Adds or drops a reference. When the last one is dropped, the host destroys the string. */
+typedef void (*REALLockStringProc)(REALstringStruct* string);
+typedef void (*REALUnlockStringProc)(REALstringStruct* string);
+
+/* Returns or sets the recorded encoding. Setting it does not convert the bytes. */
 typedef uint32_t (*REALGetStringEncodingProc)(REALstringStruct* string);
 typedef void (*REALSetStringEncodingProc)(REALstringStruct* string, uint32_t encoding);
 
-/* "REALConvertString": a new string with the same text in another encoding; a null string gives null. */
+/* Returns a new string with the same text in another encoding. The argument stays unchanged. Returns null for a null string
+ * and for text that cannot be converted. */
 typedef REALstringStruct* (*REALConvertStringProc)(REALstringStruct* string, uint32_t encoding);
 
-/* "REALGetStringCFString": the text as a CFString that the caller releases, or null. `reserved` is 0. Without it, where it
- * answers null, and always where the recorded encoding is unknown, a string's bytes are read at their offsets, whatever the
- * version; those of unknown encoding as Mac Roman. */
+/* Returns the text as a CFString, which the caller releases, or null. `reserved` is 0. Plugins read the bytes at their
+ * offsets instead if this entry point is missing, if it returns null, or if the recorded encoding is unknown. */
 typedef const void* (*REALGetStringCFStringProc)(REALstringStruct* string, int32_t reserved);
 
-/* "RuntimeArrayCreateSingleDimBoundedArray": a new array with indexes 0 to upperBound; -1 makes it empty. */
+/* ---- Arrays */
+
+/* Element types of arrays. */
+enum { REALarrayOfDoubles = 2, REALarrayOfObjects = 4 };
+
+/* Creates an array with the indexes 0 to upperBound and elements 0.0 or Nil. With -1 it is empty. Plugins create only empty
+ * arrays, so a host may return null for other bounds. It also returns null on failure. */
 typedef void* (*RuntimeArrayCreateProc)(int32_t elementType, int32_t upperBound);
 
-/* "RuntimeUBound": the upper bound, -1 for an empty array. */
+/* Returns the upper bound, -1 for an empty array. */
 typedef int32_t (*RuntimeUBoundProc)(void* array);
 
-/* "PluginDoubleArrayInsertProc", "PluginObjectArrayInsertProc", "PluginDoubleArrayGetProc" answer the procedure that serves
- * the given array, or null. Older names of the getters: "RuntimeArrayDirectGetInsertProc", "RuntimeArrayDirectGetGetProc".
- * Inserting at the first index past the end grows the array; an object array keeps its own reference to each element. */
+/* The procedures that work on the elements of one array. The insert procedures store at an index of the array, or at the
+ * first index past its end, where the array grows. Plugins insert only at the end. An array of objects keeps its own
+ * reference to each element, and an element may be null. The get procedure returns the element with full precision. */
 typedef void (*REALarrayInsertDoubleProc)(void* array, int32_t index, double value);
 typedef void (*REALarrayInsertObjectProc)(void* array, int32_t index, REALobjectStruct* value);
 typedef double (*REALarrayGetDoubleProc)(void* array, int32_t index);
+
+/* Return the procedure for the given array, or null if there is none. Plugins call these before each use of a procedure.
+ * RuntimeArrayDirectGetInsertProc is the older name of the first two and serves both kinds of arrays.
+ * RuntimeArrayDirectGetGetProc is the older name of the third. */
 typedef REALarrayInsertDoubleProc (*PluginDoubleArrayInsertProc)(void* array);
 typedef REALarrayInsertObjectProc (*PluginObjectArrayInsertProc)(void* array);
 typedef REALarrayGetDoubleProc (*PluginDoubleArrayGetProc)(void* array);
-typedef void* (*RuntimeArrayDirectGetInsertProc)(void* array); /* the insert procedure of either kind of array */
+typedef void* (*RuntimeArrayDirectGetInsertProc)(void* array);
 
-/* "newMemoryBlock": a zero-filled block of `size` bytes, or null. */
+/* ---- Memory blocks */
+
+/* Creates a zero-filled block of exactly `size` bytes. Returns null if the size is negative or there is no memory. */
 typedef REALmemoryBlockStruct* (*NewMemoryBlockProc)(int32_t size);
 
-/* "memoryBlockGetPtr", "memoryBlockGetSize" (2017.0 and later): the block's bytes and size in bytes. */
+/* Return the address of the block's bytes, and their number. The address is valid while the caller has a reference: a plugin
+ * locks a block that it received as an argument before it reads the bytes. */
 typedef void* (*MemoryBlockGetPtrProc)(REALmemoryBlockStruct* block);
 typedef int32_t (*MemoryBlockGetSizeProc)(REALmemoryBlockStruct* block);
 
-/* Every entry point, as X(name, type, host version that introduced it). */
+/* ---- The list of all entry points, as X(name, type, host version that introduced it)
+ *
+ * The version of the entry points that exist in every host is 0.0. */
 #define REAL_ENTRY_POINTS(X)                                                                                                \
     X(REALGetRBVersion, REALGetRBVersionProc, 0.0)                                                                          \
     X(RegisterPluginVersion, RegisterPluginVersionProc, 0.0)                                                                \
