@@ -314,7 +314,8 @@ typedef struct REALclassDefinitionLegacy {
  * returns the same address for the same name. */
 typedef void* (*REALresolver)(const char* entryName);
 
-/* REALPluginMain, the function that a plugin exports. A null resolver is allowed: the plugin registers nothing. */
+/* REALPluginMain, the function that a plugin exports. A null resolver is allowed: the plugin registers nothing. After a call
+ * with a resolver the plugin ignores further calls, whatever resolver they bring. */
 typedef void (*REALPluginMainProc)(REALresolver resolver);
 
 /* Returns the host's version, such as 2013.04. A plugin calls it once, during REALPluginMain. Without this entry point the
@@ -373,7 +374,7 @@ typedef uint32_t (*REALGetStringEncodingProc)(REALstringStruct* string);
 typedef void (*REALSetStringEncodingProc)(REALstringStruct* string, uint32_t encoding);
 
 /* Returns a new string with the same text in another encoding. The argument stays unchanged. Returns null for a null string
- * and for text that cannot be converted. */
+ * and for text that cannot be converted. Plugins convert only to UTF-8, so a host may return null for other encodings. */
 typedef REALstringStruct* (*REALConvertStringProc)(REALstringStruct* string, uint32_t encoding);
 
 /* Returns the text as a CFString, which the caller releases, or null. `reserved` is 0. Plugins read the bytes at their
