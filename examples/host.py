@@ -45,10 +45,13 @@ pending = []  # the exception that the plugin recorded
 
 
 def lock(address):
-    values[address].references += 1
+    if address:
+        values[address].references += 1
 
 
 def unlock(address):
+    if not address:
+        return
     value = values[address]
     value.references -= 1
     if not value.references:

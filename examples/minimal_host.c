@@ -16,7 +16,7 @@
 #include <stdlib.h>
 #include <string.h>
 
-/* ---- Values: objects have a header of 24 bytes in every width, and the plugin's own data behind it */
+/* ---- Values: an object is a header of 24 bytes in every width, then the plugin's own data */
 
 struct REALstringStruct {
     int32_t references;
@@ -33,7 +33,7 @@ struct REALobjectStruct {
 };
 _Static_assert(sizeof(REALobjectStruct) <= REALinstanceDataOffset, "the plugin's data must not overlap the header");
 
-/* Arrays and memory blocks of this host are objects with this as their data. */
+/* The data of arrays and memory blocks, which are objects. */
 typedef struct {
     void* contents;
     int32_t count; /* of doubles, or bytes */
@@ -66,7 +66,7 @@ static const REALclassDefinition* findClass(const char* name) {
     return NULL;
 }
 
-/* Declarations tell overloads apart. Ends the program when the class has no such member. */
+/* Returns the function with the declaration, which distinguishes overloads. Exits if the class has no such member. */
 static REALfunction findMethod(const char* className, const char* declaration) {
     const REALclassDefinition* record = findClass(className);
     for (REALword i = 0; record && i < record->methodCount; ++i)
@@ -77,7 +77,7 @@ static REALfunction findMethod(const char* className, const char* declaration) {
     exit(1);
 }
 
-/* ---- Objects and strings: created with one reference, freed when the last is given up */
+/* ---- Objects and strings: created with one reference, destroyed when the last is dropped */
 
 typedef void (*ObjectFunction)(REALobjectStruct*);
 
@@ -111,13 +111,17 @@ static REALstringStruct* buildString(const void* bytes, int32_t length) {
 
 static uint32_t getEncoding(REALstringStruct* string) { return string->encoding; }
 static void setEncoding(REALstringStruct* string, uint32_t encoding) { string->encoding = encoding; }
-static void lockString(REALstringStruct* string) { ++string->references; }
+static void lockString(REALstringStruct* string) {
+    if (string) ++string->references;
+}
 
 static void unlockString(REALstringStruct* string) {
     if (string && --string->references == 0) free(string);
 }
 
-static void lockObject(REALobjectStruct* object) { ++object->references; }
+static void lockObject(REALobjectStruct* object) {
+    if (object) ++object->references;
+}
 
 static void unlockObject(REALobjectStruct* object) {
     if (!object || --object->references > 0) return;
@@ -176,7 +180,7 @@ static void raiseException(REALobjectStruct* exception) {
     pending = exception;
 }
 
-/* Prints and forgets what is pending; 1 when something was. */
+/* Prints and drops the pending exception. Returns 0 if there is none. */
 static int caught(void) {
     if (!pending) return 0;
     printf("%s: %s\n", pending->record->name, pending->message ? pending->message->buffer + 1 : "");
@@ -187,7 +191,7 @@ static int caught(void) {
 
 /* ---- Entries */
 
-/* A host of this age gets the current records. */
+/* From 2012.0 on a host receives class records in the current layout. */
 static double version(void) { return 2021.0; }
 
 static void* resolve(const char* name) {
