@@ -1,167 +1,142 @@
 #include "probe/host.h"
 
-#include <cstdint>
+#include <cstdio>
 
 namespace probe {
 
 namespace {
 
-struct Entries {
-    RuntimeArrayCreateProc create;
-    RuntimeUBoundProc upperBound;
-    PluginDoubleArrayInsertProc doubleInserter;
-    PluginObjectArrayInsertProc objectInserter;
-    PluginDoubleArrayGetProc getter;
-    REALUnlockObjectProc unlock;
+// Neither 32-bit floats nor integers can hold these.
+constexpr double values[] = {0.1, -2.5e300, 1.0 / 3};
+constexpr std::int32_t count = 3;
+
+std::string digits(double value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.17g", value);
+    return text;
+}
+
+struct Checks {
+    const Host& host;
+    Report& report;
+    Function<RuntimeArrayCreateProc> create;
+    Function<RuntimeUBoundProc> upperBound;
+    Function<REALUnlockObjectProc> unlock;
+    Function<PluginDoubleArrayInsertProc> inserter;
+    Function<PluginDoubleArrayGetProc> getter;
+
+    explicit Checks(const Host& tested)
+        : host(tested), report(tested.report), create(tested.entry(entries::RuntimeArrayCreateSingleDimBoundedArray)),
+          upperBound(tested.entry(entries::RuntimeUBound)), unlock(tested.entry(entries::REALUnlockObject)) {}
 
     void drop(void* array) const {
         if (array && unlock) unlock(static_cast<REALobjectStruct*>(array));
     }
-};
 
-std::string bound(const Entries& entries, void* array) { return std::to_string(entries.upperBound(array)); }
+    void expectBound(void* array, std::int32_t expected, const std::string& what) const {
+        if (!upperBound) return;
+        const std::int32_t found = upperBound(array);
+        report.expect(found == expected, what + " has the upper bound " + std::to_string(found));
+    }
 
-void askCreation(const Entries& entries, Report& report) {
-    for (const std::int32_t type : {REALarrayOfDoubles, REALarrayOfObjects}) {
-        const std::string of = type == REALarrayOfDoubles ? "doubles" : "objects";
-        for (const std::int32_t upperBound : {-1, 2}) {
-            void* const array = entries.create(type, upperBound);
-            if (!array) {
-                report.complain("answers null for " + of + " with upper bound " + std::to_string(upperBound));
-                continue;
+    // A host may support only empty arrays, and only arrays of doubles.
+    void checkCreation() const {
+        for (const std::int32_t type : {REALarrayOfDoubles, REALarrayOfObjects}) {
+            const std::string what = type == REALarrayOfDoubles ? "array of doubles" : "array of objects";
+            for (const std::int32_t bound : {-1, 2}) {
+                void* const array = create(type, bound);
+                if (type == REALarrayOfDoubles && bound == -1) report.expect(array, "returns null for an empty " + what);
+                if (!array) continue;
+                expectBound(array, bound, "an " + what + " that was created with " + std::to_string(bound));
+                drop(array);
             }
-            if (entries.upperBound)
-                report.expect(entries.upperBound(array) == upperBound, "an array of " + of + " with upper bound " +
-                                                                           std::to_string(upperBound) + " has " +
-                                                                           bound(entries, array));
-            entries.drop(array);
         }
     }
-}
 
-// 1, 2 and 3, each at the first index past the end.
-void* filled(const Entries& entries, Report& report) {
-    void* const array = entries.create(REALarrayOfDoubles, -1);
-    const REALarrayInsertDoubleProc insert = array ? entries.doubleInserter(array) : nullptr;
-    if (!insert) {
-        report.complain("answers no procedure for an array of doubles");
-        entries.drop(array);
-        return nullptr;
+    // Returns an array of the values, each inserted at the first index past the end.
+    void* filled() const {
+        void* const array = create(REALarrayOfDoubles, -1);
+        const auto insert = inserter.procedure(array ? inserter(array) : nullptr);
+        if (!insert) {
+            report.complain("returns no procedure for an array of doubles");
+            drop(array);
+            return nullptr;
+        }
+        for (std::int32_t i = 0; i < count; ++i)
+            insert(array, i, values[i]);
+        return array;
     }
-    for (std::int32_t i = 0; i < 3; ++i)
-        insert(array, i, i + 1.0);
-    return array;
-}
 
-void askInsertion(const Host& host, const Entries& entries) {
-    void* const array = filled(entries, host.report);
-    if (!array) return;
-    if (entries.upperBound)
-        host.report.expect(entries.upperBound(array) == 2,
-                           "three doubles inserted, the upper bound is " + bound(entries, array));
-    const REALarrayGetDoubleProc get = entries.getter ? entries.getter(array) : nullptr;
-    for (std::int32_t i = 0; get && i < 3; ++i)
-        host.report.expect(get(array, i) == i + 1.0,
-                           "element " + std::to_string(i) + " of 1, 2, 3 is " + std::to_string(get(array, i)));
-    const auto* const shown = fieldAt<const double*>(array, REALarrayElementsOffset);
-    if (host.version < REAL_SINCE_HIDDEN_STORAGE && shown) {
-        for (int i = 0; i < 3; ++i)
-            host.report.expect(fieldAt<double>(shown, 8 * i) == i + 1.0, "the storage at offset 28 has other elements");
+    void checkDoubles() const {
+        void* const array = filled();
+        if (!array) return;
+        expectBound(array, count - 1, "an array into which three doubles were inserted");
+        const auto get = getter.procedure(getter ? getter(array) : nullptr);
+        for (std::int32_t i = 0; get && i < count; ++i) {
+            const double found = get(array, i);
+            report.expect(found == values[i], "an element is " + digits(found) + " instead of " + digits(values[i]));
+        }
+        const auto* const shown = fieldAt<const double*>(array, REALarrayElementsOffset);
+        for (int i = 0; host.version < REAL_SINCE_HIDDEN_STORAGE && shown && i < count; ++i) {
+            const auto found = fieldAt<double>(shown, 8 * i);
+            report.expect(found == values[i],
+                          "an element in the storage at offset 28 is " + digits(found) + " instead of " + digits(values[i]));
+        }
+        drop(array);
     }
-    entries.drop(array);
-}
 
-void askGetting(const Host& host, const Entries& entries) {
-    void* const array = entries.create(REALarrayOfDoubles, -1);
-    host.report.expect(!array || entries.getter(array), "answers no procedure for an array of doubles");
-    entries.drop(array);
-    askInsertion(host, entries);
-}
+    void checkGetting() const {
+        void* const array = create(REALarrayOfDoubles, -1);
+        if (array) report.expect(getter(array), "returns no procedure for an array of doubles");
+        drop(array);
+        checkDoubles();
+    }
 
-// An object array keeps a reference of its own to each element.
-void askObjects(const Host& host, const Entries& entries) {
-    const auto make = host.entry(entries::PluginNewInstance);
-    void* const array = entries.create(REALarrayOfObjects, -1);
-    const REALarrayInsertObjectProc insert = array ? entries.objectInserter(array) : nullptr;
-    if (!insert) host.report.complain("answers no procedure for an array of objects");
-    REALobjectStruct* const object = insert && make && entries.unlock ? make(className) : nullptr;
-    if (object) {
+    void checkObjects(const Function<PluginObjectArrayInsertProc>& objectInserter) const {
+        const auto make = host.entry(entries::PluginNewInstance);
+        void* const array = create(REALarrayOfObjects, -1);
+        if (!array) return; // a host without arrays of objects
+        const auto insert = objectInserter.procedure(objectInserter(array));
+        if (!insert) report.complain("returns no procedure for an array of objects");
+        REALobjectStruct* const object = insert && make && unlock ? make(className) : nullptr;
+        if (!object) return drop(array);
         const int before = life().destroyed;
         insert(array, 0, object);
-        entries.unlock(object);
-        host.report.expect(life().destroyed == before, "the array keeps no reference to its element");
-        entries.drop(array);
-        host.report.expect(life().destroyed == before + 1, "the element does not end with its array");
-    } else {
-        entries.drop(array);
+        unlock(object);
+        report.expect(life().destroyed == before, "the array has no reference to its element");
+        insert(array, 1, nullptr);
+        expectBound(array, 1, "an array into which an object and null were inserted");
+        drop(array);
+        report.expect(life().destroyed == before + 1, "the element is not destroyed with its array");
     }
-}
+};
 
 } // namespace
 
-void askArrays(const Host& host) {
-    Entries entries = {};
-    entries.unlock = host.entry(entries::REALUnlockObject);
-    entries.upperBound = host.entry(entries::RuntimeUBound);
-    entries.create = host.begin(entries::RuntimeArrayCreateSingleDimBoundedArray);
-    if (entries.create) askCreation(entries, host.report);
-    if (host.begin(entries::RuntimeUBound) && entries.create) askCreation(entries, host.report);
+// The older names are those of other types of procedures as well.
+void checkArrays(const Host& host) {
+    Checks checks(host);
+    if (host.begin(entries::RuntimeArrayCreateSingleDimBoundedArray)) checks.checkCreation();
+    if (host.begin(entries::RuntimeUBound) && checks.create) checks.checkCreation();
+    if (const auto objects = host.begin(entries::PluginObjectArrayInsertProc); objects && checks.create)
+        checks.checkObjects(objects);
 
-    // By both names, the older of which serves both kinds of arrays.
-    for (const auto& entry : {entries::PluginDoubleArrayInsertProc,
-                              entries::RuntimeArrayDirectGetInsertProc.as<PluginDoubleArrayInsertProc>()}) {
-        entries.doubleInserter = host.begin(entry);
-        if (entries.doubleInserter && entries.create) askInsertion(host, entries);
+    checks.getter = host.entry(entries::PluginDoubleArrayGetProc);
+    if (!checks.getter) checks.getter = host.entry(entries::RuntimeArrayDirectGetGetProc);
+    const PluginDoubleArrayInsertProc asDoubles = nullptr;
+    const PluginObjectArrayInsertProc asObjects = nullptr;
+    checks.inserter = host.begin(entries::RuntimeArrayDirectGetInsertProc, asDoubles);
+    if (checks.inserter && checks.create) {
+        checks.checkDoubles();
+        checks.checkObjects(host.entry(entries::RuntimeArrayDirectGetInsertProc, asObjects));
     }
-    for (const auto& entry : {entries::PluginObjectArrayInsertProc,
-                              entries::RuntimeArrayDirectGetInsertProc.as<PluginObjectArrayInsertProc>()}) {
-        entries.objectInserter = host.begin(entry);
-        if (entries.objectInserter && entries.create) askObjects(host, entries);
-    }
-    if (!entries.doubleInserter) entries.doubleInserter = host.entry(entries::PluginDoubleArrayInsertProc);
+    if (const auto doubles = host.begin(entries::PluginDoubleArrayInsertProc)) checks.inserter = doubles;
+    if (checks.inserter && checks.create) checks.checkDoubles();
+
     for (const auto& entry : {entries::PluginDoubleArrayGetProc, entries::RuntimeArrayDirectGetGetProc}) {
-        entries.getter = host.begin(entry);
-        if (entries.getter && entries.create && entries.doubleInserter) askGetting(host, entries);
+        checks.getter = host.begin(entry);
+        if (checks.getter && checks.create && checks.inserter) checks.checkGetting();
     }
-}
-
-void askBlocks(const Host& host) {
-    Report& report = host.report;
-    const auto unlock = host.entry(entries::REALUnlockObject);
-    const auto lock = life().wasHeld ? host.entry(entries::REALLockObject) : nullptr;
-    const auto make = host.begin(entries::newMemoryBlock);
-    REALmemoryBlockStruct* const block = make ? make(16) : nullptr;
-    auto* const object = reinterpret_cast<REALobjectStruct*>(block);
-    if (make) {
-        report.expect(block, "answers null for 16 bytes");
-        report.expect(make(-1) == nullptr, "answers a block of a negative size");
-    }
-    if (block && lock) lock(object); // what a plugin does before it reads
-    unsigned char* bytes = nullptr;
-    if (block && host.version < REAL_SINCE_HIDDEN_STORAGE) {
-        bytes = fieldAt<unsigned char*>(block, REALmemoryBlockBytesOffset);
-        const auto size = fieldAt<std::int32_t>(block, REALmemoryBlockSizeOffset);
-        report.expect(bytes && size == 16, "does not show 16 bytes at the offsets of the contract");
-    }
-    const auto getBytes = host.begin(entries::memoryBlockGetPtr, true);
-    if (getBytes && block) {
-        auto* const answered = static_cast<unsigned char*>(getBytes(block));
-        report.expect(answered, "answers null for a block of 16 bytes");
-        report.expect(!bytes || bytes == answered, "answers other bytes than the record shows");
-        bytes = answered;
-    }
-    const auto getSize = host.begin(entries::memoryBlockGetSize, true);
-    if (getSize && block) report.expect(getSize(block) == 16, "answers " + std::to_string(getSize(block)) + " for 16 bytes");
-    if (make) host.begin(entries::newMemoryBlock);
-    if (bytes) {
-        unsigned char none[16] = {};
-        report.expect(std::memcmp(bytes, none, sizeof none) == 0, "does not zero the bytes");
-        std::memset(bytes, 0x5A, sizeof none);
-        report.expect(!getBytes || static_cast<unsigned char*>(getBytes(block))[15] == 0x5A, "loses what was written");
-    }
-    if (!block || !unlock) return;
-    if (lock) unlock(object);
-    unlock(object);
 }
 
 } // namespace probe

@@ -1,4 +1,8 @@
-// The classes that the probe registers, in the layout that the host's version asks for.
+// The classes that the probe registers, in the layout for the host's version.
+//
+// Host code completes the report. It calls ChromaProbe.Raise, catches the exception, and passes what it caught to
+// ChromaProbe.Caught(message, errorNumber). ChromaProbe.Complaints is the number of complaints, ChromaProbe.Report their
+// text.
 #include "probe/host.h"
 
 #include <cstdint>
@@ -11,6 +15,8 @@ namespace {
 
 constexpr const char* exceptionName = "ChromaProbeException";
 constexpr int dataSize = 16;
+constexpr const char* raisedMessage = "raised by ChromaProbe";
+constexpr int raisedNumber = 7;
 
 const Host* theHost; // for calls from host code; lives as long as the process
 
@@ -33,7 +39,7 @@ void destroy(REALobjectStruct* object) {
 int exceptionsDestroyed;
 void destroyException(REALobjectStruct*) { ++exceptionsDestroyed; }
 
-// ---- What host code may call
+// ---- Functions for host code
 
 HostInteger complaints() { return static_cast<HostInteger>(theHost->report.complaints()); }
 
@@ -46,17 +52,45 @@ REALstringStruct* report() {
     return string;
 }
 
-// Raises, as any function of a plugin may, an exception with a message. Host code catches it.
+// Returns the entry point that sets ErrorNumber, by its newer name if the host provides that.
+EntryPoint<REALSetPropValueIntegerProc> numberSetter() {
+    return theHost->entry(entries::REALSetPropValueInteger) ? entries::REALSetPropValueInteger
+                                                            : entries::REALSetPropValueInt;
+}
+
 void raise() {
-    const auto record = theHost->begin(entries::RuntimeRaiseException);
     const auto make = theHost->entry(entries::PluginNewInstance);
     const auto unlock = theHost->entry(entries::REALUnlockObject);
+    const auto setText = theHost->entry(entries::REALSetPropValueString);
+    const auto setNumber = theHost->entry(numberSetter());
+    const Strings strings(*theHost);
+    const auto record = theHost->begin(entries::RuntimeRaiseException);
     REALobjectStruct* const exception = make ? make(exceptionName) : nullptr;
-    if (!record || !unlock || !exception) return theHost->report.complain("cannot be asked without a new exception");
-    record(exception);
-    const int before = exceptionsDestroyed;
-    unlock(exception);
-    theHost->report.expect(exceptionsDestroyed == before, "keeps no reference to the exception until host code catches it");
+    if (record && unlock && exception) {
+        REALstringStruct* const text = strings.areUsable() ? strings.of(raisedMessage) : nullptr;
+        if (setText) setText(exception, "Message", text);
+        if (text) strings.drop(text);
+        if (setNumber) setNumber(exception, "ErrorNumber", raisedNumber);
+        record(exception);
+        const int before = exceptionsDestroyed;
+        unlock(exception);
+        theHost->report.expect(exceptionsDestroyed == before,
+                               "keeps no reference to the exception until host code catches it");
+    }
+    theHost->report.end();
+}
+
+void caught(REALstringStruct* message, HostInteger errorNumber) {
+    const Strings strings(*theHost);
+    if (theHost->begin(entries::REALSetPropValueString) && strings.areUsable()) {
+        const std::string read = strings.bytesOf(message);
+        theHost->report.expect(read == raisedMessage,
+                               "host code reads the Message \"" + read + "\" instead of \"" + raisedMessage + "\"");
+    }
+    if (theHost->begin(numberSetter()))
+        theHost->report.expect(errorNumber == raisedNumber,
+                               "host code reads the ErrorNumber " + std::to_string(errorNumber) + " instead of 7");
+    theHost->report.end();
 }
 
 template <class Method>
@@ -72,19 +106,20 @@ Method row(void (*function)(), const char* declaration) {
 template <class Record, class Method>
 struct Records {
     Record own = {}, exception = {};
-    Method methods[3];
+    Method methods[4];
 
     explicit Records(REALword version) {
         methods[0] = row<Method>(reinterpret_cast<void (*)()>(complaints), "Complaints as integer");
         methods[1] = row<Method>(reinterpret_cast<void (*)()>(report), "Report as string");
         methods[2] = row<Method>(reinterpret_cast<void (*)()>(raise), "Raise");
+        methods[3] = row<Method>(reinterpret_cast<void (*)()>(caught), "Caught(message as string, errorNumber as integer)");
         own.version = exception.version = version;
         own.name = className;
         own.instanceDataSize = dataSize;
         own.constructor = reinterpret_cast<REALfunction>(construct);
         own.destructor = reinterpret_cast<REALfunction>(destroy);
         own.sharedMethods = methods;
-        own.sharedMethodCount = 3;
+        own.sharedMethodCount = 4;
         own.flags = exception.flags = REALclassFlags;
         exception.name = exceptionName;
         exception.superName = "RuntimeException";
@@ -93,7 +128,7 @@ struct Records {
 };
 
 template <class Kind>
-void registerAll(const Host& host, PluginRegisterClassProc registerClass, REALword version) {
+void registerAll(const Host& host, const Function<PluginRegisterClassProc>& registerClass, REALword version) {
     static Kind records(version);
     for (auto* record : {&records.own, &records.exception}) {
         auto before = *record;
@@ -121,7 +156,7 @@ std::int32_t controlVersion(double hostVersion) {
     return REALcontrolVersionLegacy;
 }
 
-void registerClasses(const Host& host, PluginRegisterClassProc registerClass) {
+void registerClasses(const Host& host, const Function<PluginRegisterClassProc>& registerClass) {
     theHost = &host;
     const std::int32_t version = controlVersion(host.version);
     if (version > REALcontrolVersionLegacy) {

@@ -1,26 +1,20 @@
-// The host as the probe meets it: its resolver, and what every group of questions needs of it.
+// The host that the probe tests: its resolver, and its entry points.
 #pragma once
 
 #include "chromabridge/host_abi.h"
+#include "probe/memory.h"
 #include "probe/report.h"
 
-#include <cstdint>
 #include <cstring>
 #include <string>
 
 namespace probe {
 
-// An entry point of the contract, and the host version that introduced it.
+// The name, the type and the first host version of an entry point of the contract.
 template <class Procedure>
 struct EntryPoint {
     const char* name;
     double since;
-
-    // The same entry, called as another type: the older insert entry serves arrays of both kinds.
-    template <class Other>
-    constexpr EntryPoint<Other> as() const {
-        return {name, since};
-    }
 };
 namespace entries {
 #define PROBE_ENTRY(entry, Procedure, since) constexpr EntryPoint<::Procedure> entry{#entry, since};
@@ -28,28 +22,62 @@ REAL_ENTRY_POINTS(PROBE_ENTRY)
 #undef PROBE_ENTRY
 } // namespace entries
 
+// A function of the host, or none. The report notes each call before it is made.
+template <class Procedure>
+class Function;
+template <class Result, class... Arguments>
+class Function<Result (*)(Arguments...)> {
+public:
+    using Address = Result (*)(Arguments...);
+
+    Function() = default;
+    Function(const char* name, Address address, Report& report) : name_(name), address_(address), report_(&report) {}
+
+    explicit operator bool() const { return address_ != nullptr; }
+    Result operator()(Arguments... arguments) const {
+        report_->trying(name_);
+        return address_(arguments...);
+    }
+    // The procedure that this entry point returned: calls of it count as calls of the entry point.
+    template <class Procedure>
+    Function<Procedure> procedure(Procedure address) const {
+        return {name_, address, *report_};
+    }
+
+private:
+    const char* name_ = nullptr;
+    Address address_ = nullptr;
+    Report* report_ = nullptr;
+};
+
 struct Host {
     REALresolver resolver;
     double version;
     Report& report;
 
-    template <class Procedure>
-    Procedure entry(EntryPoint<Procedure> point) const {
-        return reinterpret_cast<Procedure>(resolver(point.name));
+    // Returns the entry point under the given type, by default its own.
+    template <class Procedure, class As = Procedure>
+    Function<As> entry(EntryPoint<Procedure> point, As = nullptr) const {
+        return {point.name, reinterpret_cast<As>(resolver(point.name)), report};
     }
 
-    // Opens the entry's finding. Null when the host does not offer it; that is a complaint where its version requires it.
-    template <class Procedure>
-    Procedure begin(EntryPoint<Procedure> point, bool isRequired = false) const {
-        const auto procedure = entry(point);
-        report.begin(point.name, procedure != nullptr);
-        if (!procedure && isRequired && version >= point.since)
-            report.complain("missing, though plugins of a host of this version count on it");
-        return procedure;
+    // Starts the finding of the entry point and returns it.
+    template <class Procedure, class As = Procedure>
+    Function<As> begin(EntryPoint<Procedure> point, As as = nullptr) const {
+        const auto function = entry(point, as);
+        report.begin(point.name, static_cast<bool>(function));
+        return function;
+    }
+
+    // Complains if the current entry point is missing in a host of this version that provides the one it belongs to.
+    template <class Procedure, class Other>
+    void require(EntryPoint<Procedure> point, EntryPoint<Other> other) const {
+        if (version >= point.since && resolver(other.name) && !resolver(point.name))
+            report.complain(std::string("missing, although the host provides ") + other.name);
     }
 };
 
-// A field of a value, which may be unaligned.
+// Reads a field of a value, which may be unaligned.
 template <class Field>
 Field fieldAt(const void* value, int offset) {
     Field field;
@@ -57,28 +85,68 @@ Field fieldAt(const void* value, int offset) {
     return field;
 }
 
-// "c3 a9" for bytes, "none" for no bytes.
+// Returns bytes as "c3 a9", or "none".
 std::string hex(const std::string& bytes);
 
-// The groups of questions. Each gives back what it takes.
-void askStart(const Host& host);   // what happens while the plugin is loaded
-void askObjects(const Host& host); // classes, instances, references, properties
-void askStrings(const Host& host);
-void askArrays(const Host& host);
-void askBlocks(const Host& host);
+// The groups of checks. Each releases what it creates.
+void checkStart(const Host& host); // also registers the probe's classes
+void checkObjects(const Host& host);
+void checkStrings(const Host& host);
+void checkArrays(const Host& host);
+void checkBlocks(const Host& host);
 
-// The probe's own class, whose instances tell what became of them.
+// The strings that the probe needs to test properties.
+struct Strings {
+    Function<REALBuildStringProc> build;
+    Function<REALLockStringProc> lock;
+    Function<REALUnlockStringProc> unlock;
+
+    explicit Strings(const Host& host)
+        : build(host.entry(entries::REALBuildString)), lock(host.entry(entries::REALLockString)),
+          unlock(host.entry(entries::REALUnlockString)) {}
+
+    bool areUsable() const { return build && lock && unlock; }
+    REALstringStruct* of(const std::string& bytes) const {
+        return build(bytes.data(), static_cast<std::int32_t>(bytes.size()));
+    }
+    // Returns the bytes in the string's storage, which is valid while the string is locked.
+    std::string bytesOf(REALstringStruct* string) const;
+    void drop(REALstringStruct* string) const {
+        if (string) unlock(string);
+    }
+};
+
+// Checks that the caller of an entry point owns the string that it returns. `make(protect)` gets a large string from the
+// entry point, calls protect(string) at once, and drops everything else that could keep the string alive. Returns false if
+// the string has no reference for the caller, so that the caller must not drop it.
+template <class Make>
+bool checkOwnership(const Strings& strings, Report& report, Make make) {
+    const Growth growth;
+    bool isVisible = false; // whether the host's memory is
+    REALstringStruct* const string = make([&](REALstringStruct* received) {
+        if (received) strings.lock(received);
+        isVisible = growth.hasLargeValue();
+    });
+    if (!string) return true;
+    strings.unlock(string);
+    const bool isOwned = !isVisible || growth.hasLargeValue();
+    if (isVisible) report.expect(isOwned, "lends the string: it has no reference for the caller");
+    if (isOwned) strings.unlock(string); // the protection
+    return isOwned;
+}
+
+// The probe's own class, whose instances count what happens to them.
 extern const char* const className;
 struct Life {
-    int constructed, destroyed; // instances, in all
-    bool wasZeroed;             // the last one's data, before its constructor ran
-    bool wasHeld;               // an object that was locked and unlocked once is still there
-    bool wasKept;               // what the constructor wrote there, until the destructor ran
+    int constructed, destroyed;
+    bool wasZeroed; // the last one's data, before its constructor ran
+    bool wasHeld;   // an object that was locked and unlocked once still exists
+    bool wasKept;   // what the constructor wrote there, until the destructor ran
 };
 Life& life();
-void registerClasses(const Host& host, PluginRegisterClassProc registerClass);
+void registerClasses(const Host& host, const Function<PluginRegisterClassProc>& registerClass);
 
-// The layout of records that a host of this version understands: 9 the legacy one.
+// Returns the control version for a host version.
 std::int32_t controlVersion(double hostVersion);
 
 } // namespace probe

@@ -1,130 +1,144 @@
 #include "probe/host.h"
 
-#include <cstdint>
-
 namespace probe {
 
 namespace {
 
-constexpr const char* hostException = "RuntimeException"; // of every host, with Message and ErrorNumber
+constexpr const char* hostException = "RuntimeException";
 
-// Text as bytes, of a string that the host built; gives it up.
-std::string take(const Host& host, REALstringStruct* string) {
-    const auto lock = host.entry(entries::REALLockString);
-    const auto unlock = host.entry(entries::REALUnlockString);
-    if (!string || !lock || !unlock) return "";
-    lock(string);
-    const auto* const buffer = fieldAt<const char*>(string, REALstringBufferOffset);
-    const std::string text = buffer ? std::string(buffer + 1, fieldAt<std::uint32_t>(string, REALstringLengthOffset)) : "";
-    unlock(string);
-    unlock(string);
-    return text;
-}
+struct Checks {
+    const Host& host;
+    Report& report;
+    Strings strings;
+    Function<PluginNewInstanceProc> make;
+    Function<REALUnlockObjectProc> unlock;
 
-void askInstances(const Host& host, PluginNewInstanceProc make, REALUnlockObjectProc unlock) {
-    Report& report = host.report;
-    report.expect(make("ChromaNoSuchClass") == nullptr, "answers an object of a class that nobody registered");
-    const Life before = life();
-    REALobjectStruct* const object = make(className);
-    if (!object) return report.complain("answers null for a registered class");
-    report.expect(life().constructed == before.constructed + 1, "does not run the class constructor once");
-    report.expect(life().wasZeroed, "does not zero the 16 bytes of instance data before the constructor runs");
-    REALobjectStruct* const other = make(className);
-    report.expect(other != object, "answers the same object twice");
-    if (!unlock) return;
-    unlock(other);
-    unlock(object);
-    report.expect(life().wasKept, "loses what the plugin wrote into the instance data");
-}
+    explicit Checks(const Host& tested)
+        : host(tested), report(tested.report), strings(tested), make(tested.entry(entries::PluginNewInstance)),
+          unlock(tested.entry(entries::REALUnlockObject)) {}
 
-void askReferences(const Host& host, PluginNewInstanceProc make, REALLockObjectProc lock, REALUnlockObjectProc unlock) {
-    REALobjectStruct* const object = make ? make(className) : nullptr;
-    if (!object || !unlock) return;
-    const int before = life().destroyed;
-    if (lock) {
-        lock(object);
-        unlock(object);
-        life().wasHeld = life().destroyed == before;
-        host.report.expect(life().wasHeld, "ends an object that has a reference left");
+    void drop(REALobjectStruct* object) const {
+        if (object && unlock) unlock(object);
     }
-    if (life().destroyed == before) unlock(object);
-    host.report.expect(life().destroyed == before + 1,
-                       "does not run the class destructor once when the last reference goes");
-}
 
-void askText(const Host& host, REALobjectStruct* object) {
-    const auto get = host.entry(entries::REALGetPropValueString);
-    const auto set = host.entry(entries::REALSetPropValueString);
-    const auto build = host.entry(entries::REALBuildString);
-    const auto unlock = host.entry(entries::REALUnlockString);
-    if (!get || !set || !build || !unlock || !host.entry(entries::REALLockString)) return;
-    REALstringStruct* const text = build("a message", 9);
-    set(object, "Message", text);
-    unlock(text);
-    REALstringStruct* found = nullptr;
-    host.report.expect(get(object, "Message", &found) == 1, "does not answer 1 for a property that is there");
-    const std::string read = take(host, found);
-    host.report.expect(read == "a message", "reads \"" + read + "\" from a property that was set to \"a message\"");
-    REALstringStruct* untouched = nullptr;
-    host.report.expect(get(object, "ChromaNoSuchProperty", &untouched) == 0, "finds a property that is not there");
-    take(host, untouched);
-}
+    void checkInstances() const {
+        report.expect(make("ChromaNoSuchClass") == nullptr, "returns an object of a class that is not registered");
+        const Life before = life();
+        REALobjectStruct* const object = make(className);
+        if (!object) return report.complain("returns null for a registered class");
+        report.expect(life().constructed == before.constructed + 1, "does not call the class constructor once");
+        report.expect(life().wasZeroed, "does not zero the 16 bytes of instance data before the constructor runs");
+        REALobjectStruct* const other = make(className);
+        report.expect(other != object, "returns the same object twice");
+        drop(other);
+        drop(object);
+        if (unlock) report.expect(life().wasKept, "loses what the plugin wrote into the instance data");
+    }
+
+    void checkReferences(const Function<REALLockObjectProc>& lock) const {
+        REALobjectStruct* const object = make ? make(className) : nullptr;
+        if (!object || !unlock) return;
+        const int before = life().destroyed;
+        if (lock) {
+            lock(object);
+            unlock(object);
+            life().wasHeld = life().destroyed == before;
+            report.expect(life().wasHeld, "destroys an object that has a reference left");
+        }
+        if (life().destroyed == before) unlock(object);
+        report.expect(life().destroyed == before + 1,
+                      "does not call the class destructor once when the last reference is dropped");
+    }
+
+    // Sets a Message, and reads it back if the host allows that.
+    void checkText(REALobjectStruct* object) const {
+        const auto set = host.entry(entries::REALSetPropValueString);
+        const auto get = host.entry(entries::REALGetPropValueString);
+        if (!object || !set || !strings.areUsable()) return;
+        REALstringStruct* const text = strings.of("a message");
+        set(object, "Message", text);
+        strings.drop(text);
+        if (!get) return;
+        REALstringStruct* found = nullptr;
+        report.expect(get(object, "Message", &found) == 1, "does not return 1 for the property Message");
+        const std::string read = strings.bytesOf(found);
+        report.expect(read == "a message", "reads \"" + read + "\" from a Message that was set to \"a message\"");
+        strings.drop(found);
+        REALstringStruct* untouched = nullptr;
+        report.expect(get(object, "ChromaNoSuchProperty", &untouched) == 0, "finds a property that does not exist");
+    }
+
+    bool checkTextOwnership() const {
+        const auto set = host.entry(entries::REALSetPropValueString);
+        const auto get = host.entry(entries::REALGetPropValueString);
+        if (!set || !get || !make || !unlock || !strings.areUsable()) return true;
+        return checkOwnership(strings, report, [&](auto protect) {
+            REALobjectStruct* const object = make(hostException);
+            REALstringStruct* const text = strings.of(std::string(largeSize, 'x'));
+            REALstringStruct* found = nullptr;
+            if (object) set(object, "Message", text);
+            if (object) get(object, "Message", &found);
+            protect(found);
+            strings.drop(text);
+            drop(object);
+            return found;
+        });
+    }
+
+    // Only host code can read a number. It passes what it reads to ChromaProbe.Caught.
+    void checkNumber(const Function<REALSetPropValueIntegerProc>& set, REALobjectStruct* object) const {
+        set(object, "ErrorNumber", 7);
+        const auto get = host.entry(entries::REALGetPropValueString);
+        REALstringStruct* found = nullptr;
+        if (!get || !strings.areUsable() || get(object, "ErrorNumber", &found) != 1) return;
+        const std::string read = strings.bytesOf(found);
+        report.expect(read == "7", "reads \"" + read + "\" from an ErrorNumber that was set to 7");
+        strings.drop(found);
+    }
+
+    void checkClassOf(const Function<ChromaObjectIsAProc>& isA, REALobjectStruct* exception) const {
+        report.expect(isA(exception, hostException) == 1, "returns 0 for an object's own class");
+        report.expect(isA(exception, className) == 0, "returns 1 for another class");
+        REALobjectStruct* const derived = make("ChromaProbeException");
+        if (derived) report.expect(isA(derived, hostException) == 1, "returns 0 for the superclass of an object's class");
+        drop(derived);
+    }
+};
 
 } // namespace
 
-void askStart(const Host& host) {
+void checkStart(const Host& host) {
     Report& report = host.report;
     report.begin("(resolver)", true);
-    report.expect(host.resolver("ChromaNoSuchEntry") == nullptr, "answers an address for a name that no host has");
-    for (const char* name : {entries::PluginNewInstance.name, entries::REALBuildString.name, entries::REALLockObject.name})
-        report.expect(host.resolver(name) == host.resolver(name), std::string("answers two addresses for ") + name);
+    report.trying("(resolver)");
+    report.expect(host.resolver("ChromaNoSuchEntry") == nullptr, "returns an address for a name that no host has");
+    for (const char* name : {"PluginNewInstance", "REALBuildString", "REALLockObject"})
+        report.expect(host.resolver(name) == host.resolver(name), std::string("returns two addresses for ") + name);
 
-    if (const auto version = host.begin(entries::REALGetRBVersion)) {
-        report.expect(version() == version(), "changes, or is not a number");
-        report.expect(version() > 0.0, "is not above 0");
-    }
-    if (const auto announce = host.begin(entries::RegisterPluginVersion)) {
-        announce(controlVersion(host.version));
-        report.returned();
-    }
+    if (const auto version = host.begin(entries::REALGetRBVersion))
+        report.expect(version() == host.version, "changes, or is not a number");
+    if (const auto announce = host.begin(entries::RegisterPluginVersion)) announce(controlVersion(host.version));
     if (const auto add = host.begin(entries::PluginRegisterClass)) registerClasses(host, add);
 }
 
-void askObjects(const Host& host) {
-    Report& report = host.report;
-    const auto make = host.begin(entries::PluginNewInstance);
-    const auto unlock = host.entry(entries::REALUnlockObject);
-    if (make) askInstances(host, make, unlock);
-    const auto lock = host.begin(entries::REALLockObject);
-    if (lock) askReferences(host, make, lock, unlock);
-    if (host.begin(entries::REALUnlockObject)) askReferences(host, make, nullptr, unlock);
-    host.begin(entries::RuntimeRaiseException); // asked in ChromaProbe.Raise, under host code
+void checkObjects(const Host& host) {
+    const Checks checks(host);
+    if (host.begin(entries::PluginNewInstance)) checks.checkInstances();
+    if (const auto lock = host.begin(entries::REALLockObject)) checks.checkReferences(lock);
+    if (host.begin(entries::REALUnlockObject)) checks.checkReferences({});
+    host.begin(entries::RuntimeRaiseException); // tested by ChromaProbe.Raise, which host code calls
 
-    REALobjectStruct* const exception = make ? make(hostException) : nullptr;
-    for (const bool isSet : {true, false}) {
-        const bool isOffered = isSet ? host.begin(entries::REALSetPropValueString) != nullptr
-                                     : host.begin(entries::REALGetPropValueString) != nullptr;
-        if (!isOffered || !make) continue;
-        if (exception) {
-            askText(host, exception);
-        } else {
-            report.complain("there is no class RuntimeException to set a Message of");
-        }
-    }
-    for (const auto& entry : {entries::REALSetPropValueInteger, entries::REALSetPropValueInt}) {
-        const auto setNumber = host.begin(entry);
-        if (!setNumber || !exception) continue;
-        setNumber(exception, "ErrorNumber", 7);
-        report.returned();
-    }
-    if (const auto isA = host.begin(entries::ChromaObjectIsA); isA && exception) {
-        report.expect(isA(exception, hostException) == 1, "denies an object its own class");
-        report.expect(isA(exception, className) == 0, "takes an exception for a ChromaProbe");
-        REALobjectStruct* const descendant = make("ChromaProbeException");
-        report.expect(isA(descendant, hostException) == 1, "denies an object its superclass");
-        if (unlock && descendant) unlock(descendant);
-    }
-    if (unlock && exception) unlock(exception);
+    host.begin(entries::REALGetPropValueString);
+    const bool isOwned = checks.checkTextOwnership();
+    REALobjectStruct* const exception = checks.make ? checks.make(hostException) : nullptr;
+    if (isOwned) checks.checkText(exception);
+    const auto setText = host.begin(entries::REALSetPropValueString);
+    if (setText && checks.make && !exception) host.report.complain("the host has no class RuntimeException");
+    if (isOwned) checks.checkText(exception);
+    for (const auto& entry : {entries::REALSetPropValueInteger, entries::REALSetPropValueInt})
+        if (const auto set = host.begin(entry); set && exception) checks.checkNumber(set, exception);
+    if (const auto isA = host.begin(entries::ChromaObjectIsA); isA && exception) checks.checkClassOf(isA, exception);
+    checks.drop(exception);
 }
 
 } // namespace probe

@@ -1,18 +1,20 @@
-// A plugin for those who make hosts. While it is loaded it asks the host for every entry of the contract, takes each at its
-// word, and reports what broke it. Its class ChromaProbe tells host code of the report, and raises an exception for it.
+// A plugin that tests a host. While it is loaded it calls every entry point of the contract and reports each violation. Its
+// class ChromaProbe gives host code the report, and completes it: see probe/classes.cpp.
 #include "probe/host.h"
 
 extern "C" __attribute__((visibility("default"))) void REALPluginMain(REALresolver resolver) {
-    if (!resolver) return;             // nothing can be asked
+    static bool isLoaded = false;
+    if (!resolver || isLoaded) return; // nothing can be tested, or everything was
+    isLoaded = true;
     auto& report = *new probe::Report; // both live as long as the process, for calls from host code
     auto& host = *new probe::Host{resolver, 0.0, report};
+    report.trying("(resolver)");
     if (const auto version = host.entry(probe::entries::REALGetRBVersion)) host.version = version();
-    report.hostVersion = host.version;
-    probe::askStart(host);
-    probe::askObjects(host);
-    probe::askStrings(host);
-    probe::askArrays(host);
-    probe::askBlocks(host);
+    report.start(host.version);
+    probe::checkStart(host);
+    probe::checkStrings(host);
+    probe::checkObjects(host);
+    probe::checkArrays(host);
+    probe::checkBlocks(host);
     report.end();
-    probe::publish(report);
 }

@@ -1,6 +1,11 @@
-// What the probe found, entry by entry.
+// The findings of the probe, one for each entry point.
+//
+// A host may crash during any call. Therefore the report on stderr grows line by line, and the report file is complete up to
+// the entry point that is being called.
 #pragma once
 
+#include <cstdio>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -8,37 +13,50 @@ namespace probe {
 
 struct Finding {
     std::string entry;
-    bool isOffered;
-    bool isAsked; // whether what was needed to ask was there
+    bool isProvided;
+    bool isCalled;
+    int checks; // expectations that were tested
     std::vector<std::string> complaints;
+
+    const char* verdict() const;
 };
 
 class Report {
 public:
-    // Opens the entry's finding, again if it was open before; complaints go to it from now on. On a terminal it says so, so
-    // that what a crashing host said last names the cause.
-    void begin(const std::string& entry, bool isOffered);
+    // Empties the report file of an earlier run. CHROMAPROBE_REPORT names this file. It is JSON if CHROMAPROBE_JSON is set.
+    // Without CHROMAPROBE_REPORT the report is only printed on stderr.
+    Report();
+
+    void start(double hostVersion);
+
+    // Prints the previous finding and starts the entry point's, or continues it if there is one. Checks and complaints
+    // belong to this finding from now on.
+    void begin(const std::string& entry, bool isProvided);
+    // Notes that the host is about to be called.
+    void trying(const std::string& entry);
     void complain(const std::string& what);
-    void returned(); // a call of the entry, of which no more can be said
-    void expect(bool holds, const std::string& what) {
-        returned();
-        if (!holds) complain(what);
-    }
+    void expect(bool holds, const std::string& what);
+    // Prints the last finding and the summary.
     void end();
 
     std::size_t complaints() const;
-    std::string text() const; // for a person
+    std::string text() const;
     std::string json() const;
 
-    double hostVersion = 0.0;
-
 private:
+    void print(const std::string& line) const;
+    void write() const;
+    void finish();
+    std::string summary() const;
+
+    std::FILE* file_; // the report file, or null
+    double hostVersion_ = 0.0;
     std::vector<Finding> findings_;
     std::size_t current_ = 0;
+    bool isOpen_ = false;          // whether the current finding is still to be printed
+    bool isComplete_ = false;      // whether every entry point was tried
+    std::string trying_;           // the entry point that is being called
+    std::set<std::string> called_; // the entry points that have been called, for stderr
 };
-
-// Where the report goes is the environment's to say: CHROMAPROBE_REPORT names a file, without it stderr; CHROMAPROBE_JSON,
-// when set, makes it JSON.
-void publish(const Report& report);
 
 } // namespace probe

@@ -1,10 +1,8 @@
 #include "probe/host.h"
 
-#include <cstdint>
 #include <cstdio>
 
 extern "C" {
-std::intptr_t CFStringGetLength(const void* string);
 unsigned char CFStringGetCString(const void* string, char* buffer, std::intptr_t capacity, std::uint32_t encoding);
 void CFRelease(const void* object);
 }
@@ -23,144 +21,177 @@ struct Sample {
     std::string bytes, inUTF8;
 };
 
-const std::vector<Sample>& samples() {
-    static const std::vector<Sample> all = {
+const Sample inUTF8 = {"UTF-8", REALencodingUTF8, "h\xC3\xA9 \xE2\x82\xAC \xF0\x9D\x84\x9E",
+                       "h\xC3\xA9 \xE2\x82\xAC \xF0\x9D\x84\x9E"};
+const Sample inUTF16 = {"UTF-16", REALencodingUTF16, units(u"h\u00E9 \u20AC \U0001D11E"), inUTF8.bytes};
+
+std::vector<Sample> samples(double hostVersion) {
+    std::vector<Sample> all = {
+        inUTF8,
+        inUTF16,
         {"ASCII", REALencodingASCII, "plain", "plain"},
-        {"UTF-8", REALencodingUTF8, "h\xC3\xA9 \xE2\x82\xAC \xF0\x9D\x84\x9E", "h\xC3\xA9 \xE2\x82\xAC \xF0\x9D\x84\x9E"},
-        {"UTF-16", REALencodingUTF16, units(u"h\u00E9 \u20AC \U0001D11E"), "h\xC3\xA9 \xE2\x82\xAC \xF0\x9D\x84\x9E"},
-        {"UTF-32", REALencodingUTF32, units(U"h\u00E9 \U0001D11E"), "h\xC3\xA9 \xF0\x9D\x84\x9E"},
         {"Mac Roman", REALencodingMacRoman, "\x8E\xDB", "\xC3\xA9\xE2\x82\xAC"},
         {"ISO Latin 1", REALencodingLatin1, "\xE9\xA4", "\xC3\xA9\xC2\xA4"},
         {"Windows Latin 1", REALencodingWindowsLatin1, "\xE9\x80", "\xC3\xA9\xE2\x82\xAC"},
     };
+    if (hostVersion >= REAL_SINCE_NATIVE_PATHS)
+        all.push_back({"UTF-32", REALencodingUTF32, units(U"h\u00E9 \U0001D11E"), "h\xC3\xA9 \xF0\x9D\x84\x9E"});
     return all;
 }
 
-// What the questions need, which may be missing.
-struct Entries {
-    REALBuildStringProc build;
-    REALBuildStringWithEncodingProc buildEncoded;
-    REALGetStringEncodingProc encoding;
-    REALSetStringEncodingProc setEncoding;
-    REALConvertStringProc convert;
-    REALLockStringProc lock;
-    REALUnlockStringProc unlock;
-    REALGetStringCFStringProc cfString;
+std::string instead(const std::string& found, const std::string& wanted) {
+    return hex(found) + " instead of " + hex(wanted);
+}
 
-    // The bytes that a plugin finds in the string, which it locks for that.
-    std::string bytesOf(REALstringStruct* string) const {
-        if (!string || !lock || !unlock) return "";
-        lock(string);
-        const auto* const buffer = fieldAt<const char*>(string, REALstringBufferOffset);
-        const auto length = fieldAt<std::int32_t>(string, REALstringLengthOffset);
-        const std::string bytes =
-            buffer && length > 0 ? std::string(buffer + 1, static_cast<std::size_t>(length)) : std::string();
-        unlock(string);
-        return bytes;
-    }
-    void drop(REALstringStruct* string) const {
-        if (string && unlock) unlock(string);
-    }
-    REALstringStruct* tagged(const Sample& sample) const {
-        if (!build) return nullptr;
-        REALstringStruct* const string = build(sample.bytes.data(), static_cast<std::int32_t>(sample.bytes.size()));
-        if (string && setEncoding) setEncoding(string, sample.encoding);
+std::string large() { return std::string(largeSize, 'x'); }
+
+// The string entry points and the strings that are built with them.
+struct Checks {
+    const Host& host;
+    Report& report;
+    Strings strings;
+    Function<REALGetStringEncodingProc> encoding;
+    Function<REALSetStringEncodingProc> setEncoding;
+
+    explicit Checks(const Host& tested)
+        : host(tested), report(tested.report), strings(tested), encoding(tested.entry(entries::REALGetStringEncoding)),
+          setEncoding(tested.entry(entries::REALSetStringEncoding)) {}
+
+    REALstringStruct* tagged(const std::string& bytes, std::uint32_t tag) const {
+        REALstringStruct* const string = strings.of(bytes);
+        if (string && setEncoding) setEncoding(string, tag);
         return string;
+    }
+
+    // Returns whether a locked string survives the drop of one reference: otherwise reading a string destroys it.
+    bool checkLock() const {
+        const Growth growth;
+        REALstringStruct* const string = strings.of(large());
+        if (!string || !growth.hasLargeValue()) { // the host's memory is not visible
+            strings.drop(string);
+            return true;
+        }
+        strings.lock(string);
+        strings.unlock(string);
+        const bool isKept = growth.hasLargeValue();
+        report.expect(isKept, "adds no reference: the string is destroyed when one of its two references is dropped");
+        if (isKept) strings.unlock(string);
+        return isKept;
+    }
+
+    void checkUnlock() const {
+        const Growth growth;
+        REALstringStruct* const string = strings.of(large());
+        const bool isVisible = growth.hasLargeValue();
+        strings.drop(string);
+        if (isVisible) report.expect(!growth.hasLargeValue(), "does not free the string when its last reference is dropped");
+    }
+
+    void checkBuilding() const {
+        std::string bytes("a\0b\xFF", 4);
+        REALstringStruct* const string = strings.of(bytes);
+        const std::string kept = bytes;
+        bytes.assign(4, '#');
+        if (!string) return report.complain("returns null for four bytes");
+        report.expect(strings.bytesOf(string) == kept,
+                      "the string has " + instead(strings.bytesOf(string), kept) +
+                          ": the host must copy all bytes, and the text starts at the second byte of the buffer");
+        if (encoding) report.expect(encoding(string) == REALencodingUnknown, "the recorded encoding is not \"unknown\"");
+        strings.drop(string);
+        REALstringStruct* const empty = strings.of("");
+        report.expect(strings.bytesOf(empty).empty(), "a string of no bytes has some");
+        strings.drop(empty);
+        checkOwnership(strings, report, [&](auto protect) {
+            REALstringStruct* const built = strings.of(large());
+            protect(built);
+            return built;
+        });
+    }
+
+    void checkEncodings() const {
+        for (const Sample& sample : samples(host.version)) {
+            REALstringStruct* const string = tagged(sample.bytes, sample.encoding);
+            report.expect(encoding(string) == sample.encoding, std::string("loses the encoding ") + sample.name);
+            report.expect(strings.bytesOf(string) == sample.bytes,
+                          std::string(sample.name) + ": " + instead(strings.bytesOf(string), sample.bytes));
+            strings.drop(string);
+        }
+    }
+
+    void checkBuildingEncoded(const Function<REALBuildStringWithEncodingProc>& build) const {
+        for (const Sample& sample : samples(host.version)) {
+            REALstringStruct* const string =
+                build(sample.bytes.data(), static_cast<std::int32_t>(sample.bytes.size()), sample.encoding);
+            report.expect(strings.bytesOf(string) == sample.bytes,
+                          std::string(sample.name) + ": " + instead(strings.bytesOf(string), sample.bytes));
+            if (string && encoding)
+                report.expect(encoding(string) == sample.encoding, std::string("loses the encoding ") + sample.name);
+            strings.drop(string);
+        }
+        checkOwnership(strings, report, [&](auto protect) {
+            REALstringStruct* const built = build(large().data(), largeSize, REALencodingASCII);
+            protect(built);
+            return built;
+        });
+    }
+
+    void checkConversion(const Function<REALConvertStringProc>& convert) const {
+        const bool isOwned = checkOwnership(strings, report, [&](auto protect) {
+            REALstringStruct* const argument = tagged(large(), REALencodingUTF8);
+            REALstringStruct* const converted = convert(argument, REALencodingUTF8);
+            protect(converted);
+            strings.drop(argument);
+            return converted;
+        });
+        if (!isOwned) return;
+        report.expect(convert(nullptr, REALencodingUTF8) == nullptr, "returns a string for null");
+        for (const Sample& sample : samples(host.version)) {
+            const std::string name = sample.name;
+            REALstringStruct* const string = tagged(sample.bytes, sample.encoding);
+            REALstringStruct* const converted = convert(string, REALencodingUTF8);
+            report.expect(strings.bytesOf(converted) == sample.inUTF8,
+                          name + " to UTF-8: " + instead(strings.bytesOf(converted), sample.inUTF8));
+            if (converted && encoding)
+                report.expect(encoding(converted) == REALencodingUTF8, name + " to UTF-8: the recorded encoding is another");
+            if (converted != string)
+                report.expect(strings.bytesOf(string) == sample.bytes, name + ": the conversion changes the argument");
+            strings.drop(converted);
+            strings.drop(string);
+        }
+        REALstringStruct* const text = tagged(inUTF8.bytes, inUTF8.encoding);
+        REALstringStruct* const back = convert(text, REALencodingUTF16);
+        report.expect(!back || strings.bytesOf(back) == inUTF16.bytes,
+                      "UTF-8 to UTF-16: " + instead(strings.bytesOf(back), inUTF16.bytes));
+        strings.drop(back);
+        strings.drop(text);
+    }
+
+    void checkPlatformStrings(const Function<REALGetStringCFStringProc>& cfString) const {
+        for (const Sample& sample : samples(host.version)) {
+            REALstringStruct* const string = tagged(sample.bytes, sample.encoding);
+            if (const void* const text = cfString(string, 0)) {
+                char found[64] = "";
+                if (!CFStringGetCString(text, found, sizeof found, REALencodingUTF8)) found[0] = '\0';
+                CFRelease(text); // the caller's
+                report.expect(found == sample.inUTF8, std::string(sample.name) + ": " + instead(found, sample.inUTF8));
+            }
+            strings.drop(string);
+        }
     }
 };
 
-std::string instead(const std::string& found, const std::string& wanted) {
-    return "gives " + hex(found) + " instead of " + hex(wanted);
-}
-
-void askBuilding(const Entries& entries, Report& report) {
-    std::string bytes("a\0b\xFF", 4);
-    REALstringStruct* const string = entries.build(bytes.data(), 4);
-    const std::string kept = bytes;
-    bytes.assign(4, '#');
-    if (!string) return report.complain("answers null for four bytes");
-    report.expect(entries.bytesOf(string) == kept,
-                  "the string " + instead(entries.bytesOf(string), kept) +
-                      ": they must be copied, zeros and all, to behind the first of the buffer");
-    if (entries.encoding)
-        report.expect(entries.encoding(string) == REALencodingUnknown, "records an encoding that nobody told it");
-    entries.drop(string);
-    REALstringStruct* const none = entries.build("", 0);
-    report.expect(entries.bytesOf(none).empty(), "a string of no bytes has some");
-    entries.drop(none);
-}
-
-void askReferences(const Entries& entries, Report& report) {
-    REALstringStruct* const string = entries.build("kept", 4);
-    entries.lock(string);
-    entries.lock(string);
-    entries.unlock(string);
-    entries.unlock(string);
-    report.expect(entries.bytesOf(string) == "kept",
-                  "a string that has a reference left " + instead(entries.bytesOf(string), "kept"));
-    entries.drop(string);
-}
-
-void askTags(const Entries& entries, Report& report) {
-    for (const Sample& sample : samples()) {
-        REALstringStruct* const string = entries.tagged(sample);
-        report.expect(entries.encoding(string) == sample.encoding, std::string("loses the encoding ") + sample.name);
-        report.expect(entries.bytesOf(string) == sample.bytes,
-                      std::string("of ") + sample.name + " " + instead(entries.bytesOf(string), sample.bytes));
-        entries.drop(string);
-    }
-}
-
-void askBuildingEncoded(const Entries& entries, Report& report) {
-    for (const Sample& sample : samples()) {
-        REALstringStruct* const string =
-            entries.buildEncoded(sample.bytes.data(), static_cast<std::int32_t>(sample.bytes.size()), sample.encoding);
-        report.expect(entries.bytesOf(string) == sample.bytes,
-                      std::string("of ") + sample.name + " " + instead(entries.bytesOf(string), sample.bytes));
-        if (string && entries.encoding)
-            report.expect(entries.encoding(string) == sample.encoding, std::string("loses the encoding ") + sample.name);
-        entries.drop(string);
-    }
-}
-
-void askConversion(const Entries& entries, Report& report) {
-    report.expect(entries.convert(nullptr, REALencodingUTF8) == nullptr, "answers a string for null");
-    for (const Sample& sample : samples()) {
-        REALstringStruct* const string = entries.tagged(sample);
-        REALstringStruct* const converted = entries.convert(string, REALencodingUTF8);
-        report.expect(entries.bytesOf(converted) == sample.inUTF8,
-                      std::string(sample.name) + " to UTF-8 " + instead(entries.bytesOf(converted), sample.inUTF8));
-        if (converted && entries.encoding)
-            report.expect(entries.encoding(converted) == REALencodingUTF8,
-                          std::string(sample.name) + " to UTF-8 is not recorded as UTF-8");
-        report.expect(entries.bytesOf(string) == sample.bytes,
-                      std::string(sample.name) + ": converting changes the original");
-        entries.drop(converted);
-        entries.drop(string);
-    }
-    const Sample& wide = samples()[2];
-    REALstringStruct* const text = entries.tagged(samples()[1]);
-    REALstringStruct* const back = entries.convert(text, REALencodingUTF16);
-    report.expect(entries.bytesOf(back) == wide.bytes, "UTF-8 to UTF-16 " + instead(entries.bytesOf(back), wide.bytes));
-    entries.drop(back);
-    entries.drop(text);
-}
-
-void askPlatformStrings(const Entries& entries, Report& report) {
-    for (const Sample& sample : samples()) {
-        REALstringStruct* const string = entries.tagged(sample);
-        const void* const text = entries.cfString(string, 0);
-        char found[64] = "";
-        if (text) {
-            if (!CFStringGetCString(text, found, sizeof found, REALencodingUTF8)) found[0] = '\0';
-            CFRelease(text); // the caller's
-        }
-        report.expect(found == sample.inUTF8, std::string(sample.name) + " " + instead(found, sample.inUTF8));
-        entries.drop(string);
-    }
-}
-
 } // namespace
+
+std::string Strings::bytesOf(REALstringStruct* string) const {
+    if (!string) return "";
+    lock(string);
+    const auto* const buffer = fieldAt<const char*>(string, REALstringBufferOffset);
+    const auto length = fieldAt<std::int32_t>(string, REALstringLengthOffset);
+    const std::string bytes =
+        buffer && length > 0 ? std::string(buffer + 1, static_cast<std::size_t>(length)) : std::string();
+    unlock(string);
+    return bytes;
+}
 
 std::string hex(const std::string& bytes) {
     std::string text;
@@ -172,29 +203,28 @@ std::string hex(const std::string& bytes) {
     return text.empty() ? "none" : text;
 }
 
-void askStrings(const Host& host) {
-    Report& report = host.report;
-    Entries entries = {};
-    entries.lock = host.entry(entries::REALLockString);
-    entries.unlock = host.entry(entries::REALUnlockString);
-    entries.encoding = host.entry(entries::REALGetStringEncoding);
-    entries.setEncoding = host.entry(entries::REALSetStringEncoding);
-    entries.build = host.begin(entries::REALBuildString);
-    const bool canRead = entries.build && entries.lock && entries.unlock;
-    if (canRead) askBuilding(entries, report);
-    for (const auto& entry : {entries::REALLockString, entries::REALUnlockString})
-        if (host.begin(entry) && canRead) askReferences(entries, report);
-    for (const bool isGet : {true, false})
-        if ((isGet ? host.begin(entries::REALGetStringEncoding) != nullptr
-                   : host.begin(entries::REALSetStringEncoding) != nullptr) &&
-            canRead && entries.encoding && entries.setEncoding)
-            askTags(entries, report);
-    entries.buildEncoded = host.begin(entries::REALBuildStringWithEncoding, true);
-    if (entries.buildEncoded && canRead) askBuildingEncoded(entries, report);
-    entries.convert = host.begin(entries::REALConvertString);
-    if (entries.convert && canRead && entries.setEncoding) askConversion(entries, report);
-    entries.cfString = host.begin(entries::REALGetStringCFString);
-    if (entries.cfString && canRead && entries.setEncoding) askPlatformStrings(entries, report);
+// The locks come first, because every other check reads strings.
+void checkStrings(const Host& host) {
+    const Checks checks(host);
+    bool canRead = checks.strings.areUsable();
+    host.begin(entries::REALLockString);
+    if (canRead) canRead = checks.checkLock();
+    host.begin(entries::REALUnlockString);
+    if (canRead) checks.checkUnlock();
+    host.begin(entries::REALBuildString);
+    if (canRead) checks.checkBuilding();
+    const bool canTag = canRead && checks.encoding && checks.setEncoding;
+    host.begin(entries::REALGetStringEncoding);
+    if (canTag) checks.checkEncodings();
+    host.begin(entries::REALSetStringEncoding);
+    if (canTag) checks.checkEncodings();
+    const auto buildEncoded = host.begin(entries::REALBuildStringWithEncoding);
+    host.require(entries::REALBuildStringWithEncoding, entries::REALBuildString);
+    if (buildEncoded && canRead) checks.checkBuildingEncoded(buildEncoded);
+    const auto convert = host.begin(entries::REALConvertString);
+    if (convert && canTag) checks.checkConversion(convert);
+    const auto cfString = host.begin(entries::REALGetStringCFString);
+    if (cfString && canTag) checks.checkPlatformStrings(cfString);
 }
 
 } // namespace probe

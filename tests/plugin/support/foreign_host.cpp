@@ -123,7 +123,12 @@ void PluginRegisterClass(REALclassDefinition* record) {
     Host::instance().records.push_back(record);
 }
 REALobjectStruct* PluginNewInstance(const char* className) { return make(className); }
-HostBoolean ChromaObjectIsA(REALobjectStruct* object, const char* className) { return classOf(object) == className; }
+HostBoolean ChromaObjectIsA(REALobjectStruct* object, const char* className) {
+    std::string name = classOf(object);
+    for (const auto* record = recordOf(name); record && record->superName && name != className; record = recordOf(name))
+        name = record->superName;
+    return name == className;
+}
 void REALLockObject(REALobjectStruct* object) { lock(object); }
 void REALUnlockObject(REALobjectStruct* object) { unlock(object); }
 void REALLockString(REALstringStruct* value) { lock(value); }
@@ -185,6 +190,7 @@ void* RuntimeArrayDirectGetInsertProc(void* array) {
 }
 
 REALmemoryBlockStruct* newMemoryBlock(std::int32_t size) {
+    if (size < 0) return nullptr;
     auto* const made = block(std::string(static_cast<std::size_t>(size), '\0'), size);
     cellOf(made)->showsBytes = true; // to its maker
     showBytes(cellOf(made));
@@ -277,7 +283,8 @@ void lock(const void* value) {
 void unlock(const void* value) {
     Cell* const cell = cellOf(value);
     if (--cell->references > 0) return showBytes(cell);
-    if (cell->record) bound<void(REALobjectStruct*)>(cell->record->destructor)(cell->value<REALobjectStruct>());
+    if (cell->record && cell->record->destructor)
+        bound<void(REALobjectStruct*)>(cell->record->destructor)(cell->value<REALobjectStruct>());
     for (auto* element : cell->objects)
         if (element) unlock(element);
     cells.erase(value);
@@ -290,7 +297,7 @@ REALobjectStruct* make(const char* className) {
     Cell* const cell = newCell(className);
     cell->record = record;
     auto* const object = cell->value<REALobjectStruct>();
-    if (record) bound<void(REALobjectStruct*)>(record->constructor)(object);
+    if (record && record->constructor) bound<void(REALobjectStruct*)>(record->constructor)(object);
     return object;
 }
 
