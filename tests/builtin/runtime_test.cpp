@@ -3,7 +3,9 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <future>
+#include <new>
 #include <sstream>
 #include <thread>
 #include <tuple>
@@ -42,11 +44,22 @@ id exceptionNamed(const char* name, const char* reason) {
     return sendClass("NSException", "exceptionWithName:reason:userInfo:", string(name), string(reason), string("info"));
 }
 
+bool isExhausted = false;
+
 std::size_t alive() { return builtin_liveInstances("NSData"); }
 id newData() { return sendClass("NSData", "new"); }
 std::uintptr_t retainCount(id object) { return send<std::uintptr_t>(object, "retainCount"); }
 
 } // namespace
+
+// Replace the standard library's, for the platform's library too.
+void* operator new(std::size_t size) {
+    void* const memory = isExhausted ? nullptr : std::malloc(size + 1);
+    if (!memory) throw std::bad_alloc();
+    return memory;
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 TEST_F(Runtime, SelectorsAreInternedByNameAndNilAnswersZero) {
     const SEL first = sel_registerName("some:message:");
@@ -287,6 +300,13 @@ TEST_F(Memory, PoolsNestAndReleaseWhatWasAutoreleasedInThem) {
     send(newData(), "autorelease");
     EXPECT_TRUE(refuses([&] { send(leftOpen, "retain"); }));
     EXPECT_TRUE(refuses([&] { send(leftOpen, "autorelease"); }));
+    // A pool for whose place memory is exhausted raises, and is gone.
+    std::size_t pools = builtin_liveInstances("NSAutoreleasePool");
+    isExhausted = true;
+    while (!caught([] { sendClass("NSAutoreleasePool", "new"); }))
+        ++pools;
+    isExhausted = false;
+    EXPECT_EQ(builtin_liveInstances("NSAutoreleasePool"), pools);
     pool.drain();
     EXPECT_EQ(alive(), 0u);
 }
