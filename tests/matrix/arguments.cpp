@@ -6,6 +6,7 @@
 #include "model/memory_blocks.h"
 #include "model/strings.h"
 #include "platform/corefoundation.h"
+#include "platform/guard.h"
 #include "platform/selectors.h"
 #include "runtime/host_values.h"
 #include "runtime/native_object.h"
@@ -16,6 +17,7 @@
 #include <cstring>
 #include <fstream>
 #include <map>
+#include <utility>
 
 namespace matrix {
 
@@ -48,6 +50,9 @@ id text(const char* ascii) {
                                    static_cast<CFIndex>(std::strlen(ascii)), kCFStringEncodingUTF8, false);
 }
 
+// More than the plugin converts on the stack.
+id longText() { return text(std::string(150, 'n').c_str()); }
+
 template <class... Arguments>
 id make(id cls, const char* initialiser, Arguments... arguments) {
     return Message<id(Arguments...)>{initialiser}(sel::alloc(cls), arguments...);
@@ -63,13 +68,42 @@ host::Object* newObject(const std::string& className, id native) {
 // Lists are changed by calls, so each gets a new one. A platform may keep a list that was written, but no counted object in
 // it.
 Slot newList() {
-    const id name = text("list"), key = text("key"), color = ask(cls::NSColor.get(), "grayColor");
+    const id name = longText(), key = text("key"), color = ask(cls::NSColor.get(), "grayColor");
     const id list = make(cls::NSColorList.get(), "initWithName:", name);
     sel::setColor_forKey_(list, color, key);
     const Slot object = Slot::ofObject(newObject("NSColorListZRX", list));
     for (const id made : {name, key, color, list})
         CFRelease(made);
     return object;
+}
+
+// A colour that reports more components than the plugin has room for on the stack, writes as many as it reported, and raises
+// an exception of long words for others.
+id unusualColor = nullptr;
+NSInteger reported = 0;
+NSInteger (*numberOfComponents)(id, SEL) = nullptr;
+void (*getComponents)(id, SEL, CGFloat*) = nullptr;
+void (*getRed)(id, SEL, CGFloat*, CGFloat*, CGFloat*, CGFloat*) = nullptr;
+
+void makeUnusual(id color) {
+    unusualColor = color;
+    const auto replace = [cls = object_getClass(color)](SEL selector, auto& original, auto method) {
+        const Method replaced = class_getInstanceMethod(cls, selector);
+        original = reinterpret_cast<std::decay_t<decltype(original)>>(method_getImplementation(replaced));
+        class_replaceMethod(cls, selector, reinterpret_cast<IMP>(+method), method_getTypeEncoding(replaced));
+    };
+    replace(sel::numberOfComponents.get(), numberOfComponents, [](id self, SEL selector) -> NSInteger {
+        return self == unusualColor ? reported = 40 : numberOfComponents(self, selector);
+    });
+    replace(sel::getComponents_.get(), getComponents, [](id self, SEL selector, CGFloat* components) {
+        if (self != unusualColor) return getComponents(self, selector, components);
+        std::fill_n(components, std::exchange(reported, 0), CGFloat{1});
+    });
+    replace(sel::getRed_green_blue_alpha_.get(), getRed,
+            [](id self, SEL selector, CGFloat* r, CGFloat* g, CGFloat* b, CGFloat* a) {
+                if (self == unusualColor) throwNative(testException);
+                getRed(self, selector, r, g, b, a);
+            });
 }
 
 std::vector<Form> joined(std::vector<Form> forms, const std::vector<Form>& others) {
@@ -163,7 +197,8 @@ void prepareNatives() {
     testObject = text("no exception");
     const id subclass = objc_allocateClassPair(cls::NSException.get(), "TestException", 0);
     objc_registerClassPair(subclass);
-    testException = make(subclass, "initWithName:reason:userInfo:", text("TestException"), text("fails"), id{});
+    const std::string reason(500, 'r'); // more than the plugin formats on the stack
+    testException = make(subclass, "initWithName:reason:userInfo:", longText(), text(reason.c_str()), id{});
 
     const id spaceClass = cls::NSColorSpace.get(), colorClass = cls::NSColor.get();
     id space = ask(spaceClass, "sRGBColorSpace");
@@ -187,6 +222,7 @@ void prepareNatives() {
         ask(colorClass, "colorWithPatternImage:", image),
         ask(colorClass, "controlColor"),
     };
+    makeUnusual(natives["NSColorZRX"][1]);
     handles = {{"CGColorHandle", ask(color, "CGColor")},
                {"CGColorSpaceHandle", ask(spaces.back(), "CGColorSpace")},
                {"ColorSyncProfileHandle", ask(spaces.back(), "colorSyncProfile")}};

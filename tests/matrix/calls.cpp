@@ -152,6 +152,7 @@ const char* complaintOf(const Call& call, const std::string& outcome) {
     const bool isArray = call.function.signature.result.isArray, isNullResult = isArray || isNull(outcome);
     const Fault fault = call.traces.struck ? call.plan.fault : Fault::none;
     const int raised = call.traces.raised;
+    if (std::current_exception()) return "a handler of a C++ exception was left open";
     if (call.escaped && fault < Fault::hostThrows) return "a C++ exception left the function";
     if (call.thrown && fault != Fault::throwOther) return "a native exception left the function";
     if (fault == Fault::throwOther && (call.thrown != testObject || raised))
