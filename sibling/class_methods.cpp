@@ -1,6 +1,13 @@
 #include "sibling/class_methods.h"
 
-#include "builtin/objc_runtime.h"
+namespace chroma {
+
+extern "C" {
+id object_getClass(id object);
+BOOL class_addMethod(id cls, SEL selector, IMP implementation, const char* types);
+}
+
+} // namespace chroma
 
 namespace chroma::sibling {
 

@@ -1,11 +1,18 @@
 // The sibling's exported function, and the class methods through which plugins of this family share the instance registry
 // and bridge exceptions.
-#include "builtin/corefoundation.h"
+#include "platform/corefoundation.h"
 #include "platform/selectors.h"
 #include "runtime/start.h"
 #include "sibling/class_methods.h"
 #include "sibling/exceptions.h"
 #include "sibling/images.h"
+
+namespace chroma {
+
+extern "C" CFMutableDictionaryRef CFDictionaryCreateMutable(CFAllocatorRef, CFIndex capacity, const void* keyCallBacks,
+                                                            const void* valueCallBacks);
+
+} // namespace chroma
 
 namespace chroma::sibling {
 

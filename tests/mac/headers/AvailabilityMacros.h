@@ -1,0 +1,2 @@
+// What GoogleTest uses of this header of the system.
+#pragma once

@@ -1,0 +1,16 @@
+// What libc++ uses of this header of the system, so that tests which include <locale> can be checked without it.
+#pragma once
+
+#include <locale.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+long long strtoll_l(const char* text, char** end, int base, locale_t locale);
+unsigned long long strtoull_l(const char* text, char** end, int base, locale_t locale);
+int sscanf_l(const char* text, locale_t locale, const char* format, ...);
+int snprintf_l(char* text, unsigned long size, locale_t locale, const char* format, ...);
+int asprintf_l(char** text, locale_t locale, const char* format, ...);
+#ifdef __cplusplus
+}
+#endif
