@@ -8,6 +8,13 @@ if(NOT CMAKE_CROSSCOMPILING)
 endif()
 
 cmake_path(GET CHROMA_MAC_LIBRARY PARENT_PATH mac_build)
+if(NOT CMAKE_CROSSCOMPILING)
+    find_package(Python3 REQUIRED COMPONENTS Interpreter)
+    add_test(NAME slice.ArchiveTestsItselfInAnotherFolder
+        COMMAND ${CMAKE_COMMAND} -DCPACK=${CMAKE_CPACK_COMMAND} -DBUILD=${mac_build}/.. -DLIBRARY=${CHROMA_MAC_LIBRARY}
+                -DSLICE=$<TARGET_FILE:chromabridge-slice> -DPYTHON=${Python3_EXECUTABLE} -DFOLDER=${CMAKE_CURRENT_BINARY_DIR}/archive
+                -P ${CMAKE_CURRENT_LIST_DIR}/archive_check.cmake)
+endif()
 add_test(NAME slice.WithInitialisersIsRefused
     COMMAND ${CHROMA_TRANSLATE} ${mac_build}/../tests/mac/initialised.dylib ${CHROMA_SLICE} ${CMAKE_CURRENT_BINARY_DIR}/initialised.S)
 set_tests_properties(slice.WithInitialisersIsRefused PROPERTIES PASS_REGULAR_EXPRESSION "not translated: section __mod_init_func")
