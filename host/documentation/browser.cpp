@@ -19,21 +19,8 @@ public:
 
     void line(std::string_view text) { out_ << text << '\n'; }
 
-    // A label as it is and words behind it, broken into lines of which all but the first are indented. A word that is longer
-    // than a line has one for itself.
     void paragraph(const std::string& label, std::string_view text, std::size_t indent) {
-        std::size_t column = label.size();
-        out_ << label;
-        for (bool atStart = true; !text.empty(); atStart = false) {
-            const std::string_view word = text.substr(0, text.find(' '));
-            text.remove_prefix(std::min(text.size(), word.size() + 1));
-            const bool breaks = !atStart && column + 1 + word.size() > width_;
-            if (breaks) out_ << '\n' << std::string(indent, ' ');
-            if (!atStart && !breaks) out_ << ' ';
-            out_ << word;
-            column = (breaks ? indent : column + (atStart ? 0 : 1)) + word.size();
-        }
-        out_ << '\n';
+        writeParagraph(out_, width_, label, text, indent);
     }
 
     void member(const MemberPage& member) {
@@ -182,6 +169,22 @@ const ClassInfo& classNamed(const Registry& registry, std::string_view name) {
 }
 
 } // namespace
+
+void writeParagraph(std::ostream& out, std::size_t width, const std::string& label, std::string_view text,
+                    std::size_t indent) {
+    std::size_t column = label.size();
+    out << label;
+    for (bool atStart = true; !text.empty(); atStart = false) {
+        const std::string_view word = text.substr(0, text.find(' '));
+        text.remove_prefix(std::min(text.size(), word.size() + 1));
+        const bool breaks = !atStart && column + 1 + word.size() > width;
+        if (breaks) out << '\n' << std::string(indent, ' ');
+        if (!atStart && !breaks) out << ' ';
+        out << word;
+        column = (breaks ? indent : column + (atStart ? 0 : 1)) + word.size();
+    }
+    out << '\n';
+}
 
 void browse(const Registry& registry, std::string_view name, std::string_view member, std::size_t width, std::ostream& out) {
     Writer writer(out, width);

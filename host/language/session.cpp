@@ -1,5 +1,6 @@
 #include "language/session.h"
 
+#include "language/checking/expression_checker.h"
 #include "language/running/places.h"
 #include "language/running/run.h"
 
@@ -43,6 +44,8 @@ Checker::Meaning Session::meaningOf(std::string_view expression) {
     const auto* const shown = block.size() == 1 ? std::get_if<syntax::Presentation>(&block.front().form) : nullptr;
     return !diagnostics.haveErrors() && shown ? checker_.meaningOf(*shown->value, diagnostics) : Checker::Meaning();
 }
+
+std::vector<std::string> Session::arrayMembers() { return arrayMemberNames(); }
 
 std::vector<std::string> Session::names() const {
     std::vector<std::string> names = checker_.scopes().names();

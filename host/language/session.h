@@ -39,6 +39,8 @@ public:
     // Variables, constants and procedures.
     std::vector<std::string> names() const;
 
+    static std::vector<std::string> arrayMembers();
+
     // Those of the name; empty when there is none.
     OverloadSet findProcedures(std::string_view name) const { return checker_.procedures().find(name); }
 

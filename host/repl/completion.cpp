@@ -52,7 +52,10 @@ Names membersOf(language::Session& session, std::string_view expression) {
     Names names;
     const auto [type, namedClass] = session.meaningOf(expression);
     if (namedClass) addMembers(*namedClass, true, names);
-    if (type.isArray) names = {"Append", "Add", "Insert", "Remove", "Count"};
+    if (type.isArray) {
+        for (std::string& name : language::Session::arrayMembers())
+            names.insert(std::move(name));
+    }
     const ClassInfo* const info = type.is(Kind::object) && !type.isNil() ? registry().find(type.className) : nullptr;
     if (info) addMembers(*info, false, names);
     return names;
@@ -73,7 +76,7 @@ Names forCommand(std::string_view before) {
     std::string command, subject, more;
     words >> command >> subject >> more;
     if (command.empty() || command == ":") return {"browse", "help", "quit"};
-    if (command != ":browse" || !more.empty()) return {};
+    if ((command != ":browse" && command != ":help") || !more.empty()) return {};
     Names names;
     if (const ClassInfo* const info = registry().find(subject)) {
         addMembers(*info, true, names);

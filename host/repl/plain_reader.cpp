@@ -35,9 +35,11 @@ public:
                 if (!text.empty() && text.back() == '\n') text.pop_back();
                 return {Line::End::entered, std::move(text)};
             }
-            if (errno != EINTR) return {Line::End::input, {}};
-            std::clearerr(stdin);
+            const bool isInterrupted = errno == EINTR;
+            if (!signals_ && !isInterrupted) return {Line::End::input, {}};
+            std::clearerr(stdin); // a terminal goes on after Ctrl-D
             std::fputs("\n", stdout);
+            if (!isInterrupted) return {Line::End::input, {}};
             if (interrupted()) return {Line::End::interrupted, {}};
         }
     }

@@ -1,7 +1,9 @@
 #include "repl/line_reader.h"
 
 #include "repl/signals.h"
+#include "text/utf8.h"
 
+#include <algorithm>
 #include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
@@ -90,6 +92,25 @@ int assistOrComplete(int count, int key) {
     return 0;
 }
 
+// Moves the cursor to the same column in the line above (-1) or below (1). Returns false when the entry has no such line.
+bool moveToLine(int direction) {
+    const std::string_view text(rl_line_buffer, static_cast<std::size_t>(rl_end));
+    const auto startOf = [&](std::size_t at) { return at == 0 ? 0 : text.rfind('\n', at - 1) + 1; }; // of the line
+    const auto point = static_cast<std::size_t>(rl_point);
+    const std::size_t start = startOf(point), end = text.find('\n', point);
+    if (direction < 0 ? start == 0 : end == std::string_view::npos) return false;
+    const std::size_t target = direction < 0 ? startOf(start - 1) : end + 1;
+    const std::size_t prompt = std::strlen(rl_display_prompt); // before the first line
+    const std::size_t column = point - start + (start == 0 ? prompt : 0);
+    const std::size_t wanted = target + column - (target == 0 ? std::min(prompt, column) : 0);
+    rl_point = static_cast<int>(utf8::floor(text, std::min({wanted, text.find('\n', target), text.size()})));
+    return true;
+}
+
+// The Up and Down keys: within an entry of several lines first.
+int upOrEarlier(int count, int key) { return moveToLine(-1) ? 0 : rl_get_previous_history(count, key); }
+int downOrLater(int count, int key) { return moveToLine(1) ? 0 : rl_get_next_history(count, key); }
+
 std::filesystem::path historyFile() {
     const char* const state = std::getenv("XDG_STATE_HOME");
     const char* const home = std::getenv("HOME");
@@ -152,6 +173,10 @@ public:
         rl_attempted_completion_function = complete;
         rl_completer_word_break_characters = wordBreaks;
         rl_add_defun("assist-or-complete", assistOrComplete, '\t');
+        for (const char* const key : {"\\e[A", "\\eOA"})
+            rl_bind_keyseq_if_unbound(key, upOrEarlier);
+        for (const char* const key : {"\\e[B", "\\eOB"})
+            rl_bind_keyseq_if_unbound(key, downOrLater);
         rl_variable_bind("completion-ignore-case", "on");
     }
     ~ReadlineReader() override { assistant() = nullptr; }

@@ -5,8 +5,10 @@
 #include "language/session.h"
 #include "repl/completion.h"
 #include "repl/presentation.h"
+#include "text/letters.h"
 #include "text/terminal.h"
 
+#include <algorithm>
 #include <iostream>
 #include <sstream>
 #include <stdexcept>
@@ -17,14 +19,22 @@
 namespace host::repl {
 namespace {
 
-constexpr const char* help =
-    R"(Type a statement to run it, or an expression to see its value. Blocks go on until they are closed.
-  :browse [NAME [MEMBER]]  what there is and what it is for: classes, members, functions, keywords, types
-  :help                    this
-  :quit                    leave; Ctrl-D on an empty line does too
-Tab completes names and indents lines; behind ( it shows what may follow. Ctrl-R searches what was entered before.
-Ctrl-C gives up the line, or stops the statement that runs.
-)";
+// A command and what it does, or a paragraph.
+constexpr struct {
+    const char* command;
+    const char* text;
+} help[] = {
+    {"", "Type a statement to run it, or an expression to see its value. Blocks go on until they are closed."},
+    {":browse [NAME [MEMBER]]", "what there is and what it is for: classes, members, functions, keywords, types"},
+    {":help [NAME]", "this, or what has the name"},
+    {":quit", "leave; Ctrl-D on an empty line does too"},
+    {"",
+     "Tab completes names and indents lines; after ( it shows what may follow. Up and Down move in a block of several lines, "
+     "then to earlier entries; Ctrl-R searches them."},
+    {"", "Ctrl-C gives up the line, or stops the statement that runs. Ctrl-D gives up a block."},
+};
+
+constexpr const char* howToGetHelp = ":help explains the prompt, and :browse NAME a class, a function or another word.\n";
 
 constexpr const char* howToLeave = "To leave: :quit, or Ctrl-D on an empty line.\n";
 
@@ -47,8 +57,9 @@ public:
         };
         for (;;) {
             const Line line = reader.read(text.empty() ? "> " : "| ");
-            if (line.end == Line::End::input) break;
-            if (line.end == Line::End::interrupted) {
+            const bool isCancelled = line.end == Line::End::input && onTerminal_ && !text.empty();
+            if (line.end == Line::End::input && !isCancelled) break;
+            if (line.end == Line::End::interrupted || isCancelled) {
                 remember(std::exchange(text, {}));
                 continue;
             }
@@ -82,6 +93,29 @@ private:
         return next.empty() ? word : std::string();
     }
 
+    // As other programs have it: "help", "help NAME", "?" or "? NAME", unless a name of the session is meant.
+    bool asksForHelp(const std::string& text) const {
+        std::istringstream words(text);
+        std::string word, name, more;
+        words >> word >> name >> more;
+        if (!word.empty() && word[0] == '?') return true;
+        const std::vector<std::string> names = session_.names();
+        return more.empty() && equalIgnoringCase(word, "help") && (name.empty() || isNamePart(name[0])) &&
+               std::none_of(names.begin(), names.end(),
+                            [](const std::string& known) { return equalIgnoringCase(known, "help"); });
+    }
+
+    std::size_t width() const { return onTerminal_ ? documentation::outputWidth() : documentation::usualWidth; }
+
+    void showHelp() {
+        constexpr std::size_t indent = 27; // of what a command does
+        for (const auto& [command, text] : help) {
+            std::string label = *command ? std::string("  ") + command : "";
+            if (!label.empty()) label.resize(indent, ' ');
+            documentation::writeParagraph(output_, width(), label, text, label.size());
+        }
+    }
+
     void fail(std::string_view message) {
         errors_ << message << std::flush;
         succeeded_ = false;
@@ -91,6 +125,8 @@ private:
         const std::string word = onlyWord(text);
         if (equalIgnoringCase(word, "quit") || equalIgnoringCase(word, "exit")) {
             output_ << howToLeave << std::flush;
+        } else if (asksForHelp(text)) {
+            output_ << howToGetHelp << std::flush;
         } else if (const std::string report = session_.run(text, errors_); !report.empty()) {
             fail(report);
         }
@@ -102,10 +138,10 @@ private:
         std::string command, name, member;
         words >> command >> name >> member;
         if (command == ":quit") return false;
-        if (command == ":browse") {
+        if (command == ":browse" || (command == ":help" && !name.empty())) {
             browse(name, member);
         } else if (command == ":help") {
-            output_ << help;
+            showHelp();
         } else {
             fail("there is no command " + command + "; :help lists them\n");
         }
@@ -116,8 +152,7 @@ private:
     void browse(const std::string& name, const std::string& member) {
         try {
             std::ostringstream page;
-            documentation::browse(registry(), name, member,
-                                  onTerminal_ ? documentation::outputWidth() : documentation::usualWidth, page);
+            documentation::browse(registry(), name, member, width(), page);
             if (!onTerminal_) {
                 output_ << page.str();
             } else {

@@ -133,7 +133,7 @@ TEST(Prompt, Completion) {
     EXPECT_EQ(completed("Print 1 + Probe.make(1).successor.n"), completed("probing.n"));
     EXPECT_NE(completed("probing.n").find("Number "), std::string::npos);
     EXPECT_EQ(completed("Print Probe.k"), "kAnswer kName ");
-    EXPECT_EQ(completed("probes.A"), "Add Append ");
+    EXPECT_EQ(completed("probes."), "Add Append Count IndexOf Insert Pop Remove Reverse Slice Sort SortBy ");
     EXPECT_EQ(completed("probes(0).des"), "description ");
     EXPECT_EQ(completed("Wen"), "Wend ");
     EXPECT_EQ(completed("nothing.x"), "");
@@ -144,9 +144,9 @@ TEST(Prompt, Completion) {
     EXPECT_EQ(completed("  :b"), "browse ");
     EXPECT_EQ(completed(":"), "browse help quit ");
     EXPECT_EQ(completed(":browse Ucas"), "");
-    EXPECT_EQ(completed(":browse Le"), "Left Len LenB ");
+    EXPECT_EQ(completed(":help Le"), "Left Len LenB ");
     EXPECT_EQ(completed(":browse Probe k"), "kAnswer kName ");
-    EXPECT_EQ(completed(":help P"), "");
+    EXPECT_EQ(completed(":quit P"), "");
 
     const auto noted = [&](const char* text) { return host::repl::assist(session, text).note; };
     EXPECT_EQ(noted("Print Len("), "Len(text as string) as integer");

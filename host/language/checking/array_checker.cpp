@@ -10,6 +10,35 @@
 #include <iterator>
 
 namespace host::language {
+namespace {
+
+enum class Use { append, insert, remove, count, pop, reverse, sort, sortBy, indexOf, slice };
+struct ArrayMember {
+    const char* name;
+    Use use;
+    std::size_t fewest, most; // arguments
+    const char* takes;
+};
+constexpr ArrayMember arrayMembers[] = {{"Append", Use::append, 1, 1, "one element"},
+                                        {"Add", Use::append, 1, 1, "one element"},
+                                        {"Insert", Use::insert, 2, 2, "an index and an element"},
+                                        {"Remove", Use::remove, 1, 1, "one index"},
+                                        {"Count", Use::count, 0, 0, "no arguments"},
+                                        {"Pop", Use::pop, 0, 0, "no arguments"},
+                                        {"Reverse", Use::reverse, 0, 0, "no arguments"},
+                                        {"Sort", Use::sort, 0, 0, "no arguments"},
+                                        {"SortBy", Use::sortBy, 1, 1, "an array of keys"},
+                                        {"IndexOf", Use::indexOf, 1, 2, "an element and, perhaps, where to start"},
+                                        {"Slice", Use::slice, 1, 2, "an index and, perhaps, a count"}};
+
+} // namespace
+
+std::vector<std::string> arrayMemberNames() {
+    std::vector<std::string> names;
+    for (const ArrayMember& member : arrayMembers)
+        names.emplace_back(member.name);
+    return names;
+}
 
 Type united(const Type& a, const Type& b) {
     const Type variant = Type::plain(Kind::variant);
@@ -48,30 +77,12 @@ Operand ExpressionChecker::arrayBound(std::string_view name, const Arguments& ar
 }
 
 Operand ExpressionChecker::arrayMember(Value array, const syntax::Name& name, const Arguments* arguments) {
-    enum class Use { append, insert, remove, count, pop, reverse, sort, sortBy, indexOf, slice };
-    struct ArrayMember {
-        const char* name;
-        Use use;
-        std::size_t fewest, most; // arguments
-        const char* takes;
-    };
-    static constexpr ArrayMember members[] = {{"Append", Use::append, 1, 1, "one element"},
-                                              {"Add", Use::append, 1, 1, "one element"},
-                                              {"Insert", Use::insert, 2, 2, "an index and an element"},
-                                              {"Remove", Use::remove, 1, 1, "one index"},
-                                              {"Count", Use::count, 0, 0, "no arguments"},
-                                              {"Pop", Use::pop, 0, 0, "no arguments"},
-                                              {"Reverse", Use::reverse, 0, 0, "no arguments"},
-                                              {"Sort", Use::sort, 0, 0, "no arguments"},
-                                              {"SortBy", Use::sortBy, 1, 1, "an array of keys"},
-                                              {"IndexOf", Use::indexOf, 1, 2, "an element and, perhaps, where to start"},
-                                              {"Slice", Use::slice, 1, 2, "an index and, perhaps, a count"}};
-    const ArrayMember* const found = std::find_if(std::begin(members), std::end(members), [&](const ArrayMember& member) {
-        return equalIgnoringCase(name.text, member.name);
-    });
-    if (found == std::end(members)) {
+    const ArrayMember* const found =
+        std::find_if(std::begin(arrayMembers), std::end(arrayMembers),
+                     [&](const ArrayMember& member) { return equalIgnoringCase(name.text, member.name); });
+    if (found == std::end(arrayMembers)) {
         NearestName nearest(name.text);
-        for (const ArrayMember& member : members)
+        for (const ArrayMember& member : arrayMembers)
             nearest.offer(member.name);
         failCheck(name.offset,
                   "an array has no member " + quoted(name.text) + remedyFor(Foreign::arrayMember, name.text, nearest));

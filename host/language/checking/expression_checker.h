@@ -13,6 +13,9 @@
 
 namespace host::language {
 
+// The members of every array.
+std::vector<std::string> arrayMemberNames();
+
 class ExpressionChecker {
 public:
     ExpressionChecker(Scopes& scopes, const Procedures& procedures, Diagnostics& diagnostics)
