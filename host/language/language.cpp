@@ -30,10 +30,15 @@ ActionPtr compile(const Source& source, Checker& checker, Diagnostics& diagnosti
 
 std::optional<std::string> readProgram(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
+    constexpr std::size_t maxBytes = std::size_t{1} << 26;
     std::string text;
     std::array<char, 1 << 16> chunk;
-    while (file.read(chunk.data(), chunk.size()), file.gcount() > 0)
+    while (file.read(chunk.data(), chunk.size()), file.gcount() > 0) {
         text.append(chunk.data(), static_cast<std::size_t>(file.gcount()));
+        if (text.size() <= maxBytes) continue;
+        std::cerr << path << ": error: has more than 64 MB\n";
+        return std::nullopt;
+    }
     if (file.is_open() && !file.bad()) return text;
     std::cerr << path << ": error: cannot be read: " << std::strerror(errno) << "\n";
     return std::nullopt;

@@ -82,7 +82,7 @@ public:
 
 private:
     friend Object* newObject(ClassInfo&);
-    friend void destroyObject(Object*);
+    friend void destroyNested(Object*);
 
     void construct(Object* object);
     void destruct(Object* object);

@@ -3,11 +3,13 @@
 #include "model/entries.h"
 #include "model/exceptions.h"
 #include "model/files.h"
+#include "model/interruption.h"
 #include "model/memory_blocks.h"
 #include "model/strings.h"
 #include "text/utf8.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <filesystem>
@@ -112,17 +114,21 @@ void raiseAbout(const Object* item, const char* what, std::error_code reason = {
 
 std::error_code lastError() { return {errno, std::generic_category()}; }
 
-// Nothing, with an exception pending, when it cannot be read.
-std::optional<std::string> contents(const Object* item) {
+// Nothing, with an exception pending, when it cannot be read or has more than so many bytes.
+std::optional<std::string> contents(const Object* item, std::size_t most) {
     std::error_code error;
     std::ifstream file;
     errno = EISDIR;
     if (!fs::is_directory(pathOf(item), error)) file.open(pathOf(item), std::ios::binary);
-    try {
-        if (file.is_open()) return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-    } catch (const std::ios_base::failure&) { // on its way through the file
+    std::string bytes;
+    std::array<char, 1 << 16> chunk;
+    while (file.is_open() && bytes.size() <= most && (file.read(chunk.data(), chunk.size()), file.gcount() > 0)) {
+        bytes.append(chunk.data(), static_cast<std::size_t>(file.gcount()));
+        checkInterruption();
     }
-    raiseAbout(item, "cannot be read", lastError());
+    const bool tooLarge = bytes.size() > most;
+    if (file.is_open() && !file.bad() && !tooLarge) return bytes;
+    raiseAbout(item, "cannot be read", tooLarge ? std::make_error_code(std::errc::file_too_large) : lastError());
     return std::nullopt;
 }
 
@@ -131,14 +137,14 @@ void write(const Object* item, std::string_view bytes) {
 }
 
 MemoryBlock* readBytes(Object* item) {
-    const std::optional<std::string> bytes = contents(item);
+    std::error_code error;
+    const bool isFile = fs::is_regular_file(pathOf(item), error); // a device may never end
+    const std::optional<std::string> bytes =
+        contents(item, isFile ? std::numeric_limits<std::int32_t>::max() : maxTextBytes);
     if (!bytes) return nullptr;
-    const bool fits = bytes->size() <= std::numeric_limits<std::int32_t>::max();
-    MemoryBlock* const block = fits ? newMemoryBlock(static_cast<std::int32_t>(bytes->size())) : nullptr;
+    MemoryBlock* const block = newMemoryBlock(static_cast<std::int32_t>(bytes->size()));
     if (block) std::copy(bytes->begin(), bytes->end(), bytesOf(block));
-    if (!block)
-        raiseAbout(item, "cannot be read",
-                   std::make_error_code(fits ? std::errc::not_enough_memory : std::errc::file_too_large));
+    if (!block) raiseAbout(item, "cannot be read", std::make_error_code(std::errc::not_enough_memory));
     return block;
 }
 
@@ -149,7 +155,7 @@ void writeBytes(Object* item, MemoryBlock* block) {
 
 String* readText(Object* item) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    const std::optional<std::string> bytes = contents(item);
+    const std::optional<std::string> bytes = contents(item, maxTextBytes);
     if (!bytes) return nullptr;
     if (utf8::findInvalid(*bytes) != std::string_view::npos) {
         raiseAbout(item, "is no UTF-8 text");

@@ -22,7 +22,8 @@ namespace {
 struct Bytes {
     unsigned char* start; // null if size is 0
     std::int32_t size;
-    bool isLittleEndian; // byte order of the numbers that programs read and write
+    std::int32_t capacity; // how many bytes there is memory for
+    bool isLittleEndian;   // byte order of the numbers that programs read and write
 };
 
 Bytes& bytesIn(const Object* block) { return *static_cast<Bytes*>(block->own.address); }
@@ -35,7 +36,7 @@ void publish(Object* block) {
 }
 
 void construct(Object* block) {
-    block->own = Slot::ofAddress(new Bytes{nullptr, 0, true});
+    block->own = Slot::ofAddress(new Bytes{nullptr, 0, 0, true});
     publish(block);
 }
 
@@ -45,18 +46,27 @@ void destroy(Object* block) {
     delete &bytesIn(block);
 }
 
-// Keeps the leading bytes and zero-fills new ones. Returns false when memory is exhausted.
+// Keeps the leading bytes, zero-fills new ones; false when memory is exhausted. A block that grows gets half as much again,
+// so that growing in small steps takes time in proportion to its size.
 bool resize(Object* block, std::int32_t size) {
+    constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
     Bytes& bytes = bytesIn(block);
-    unsigned char* start = nullptr;
-    if (size > 0) {
-        start = static_cast<unsigned char*>(std::calloc(static_cast<std::size_t>(size), 1));
-        if (!start) return false;
-        const std::int32_t kept = bytes.size < size ? bytes.size : size;
-        if (kept > 0) std::memcpy(start, bytes.start, static_cast<std::size_t>(kept));
+    if (size > bytes.capacity || size <= bytes.capacity / 4) {
+        const std::int32_t more = size > bytes.size ? bytes.size / 2 : 0;
+        const std::int32_t capacity = size > most - more ? most : size + more;
+        unsigned char* start = nullptr;
+        if (size > 0) {
+            start = static_cast<unsigned char*>(std::calloc(static_cast<std::size_t>(capacity), 1));
+            if (!start) return false;
+            const std::int32_t kept = std::min(bytes.size, size);
+            if (kept > 0) std::memcpy(start, bytes.start, static_cast<std::size_t>(kept));
+        }
+        std::free(bytes.start);
+        bytes.start = start;
+        bytes.capacity = size > 0 ? capacity : 0;
+    } else if (size > bytes.size) {
+        std::memset(bytes.start + bytes.size, 0, static_cast<std::size_t>(size - bytes.size));
     }
-    std::free(bytes.start);
-    bytes.start = start;
     bytes.size = size;
     publish(block);
     return true;

@@ -7,12 +7,27 @@
 
 #include <cstdlib>
 #include <new>
+#include <vector>
 
 namespace host {
 
 namespace {
 std::size_t liveObjects = 0;
 bool keepsAll = false;
+
+// Each object may be the last to hold another. Those beyond this nesting wait, so that a long chain does not fill the stack.
+constexpr unsigned maxNesting = 100;
+unsigned nesting = 0;
+std::vector<Object*> waiting;
+
+bool postpone(Object* object) {
+    try {
+        waiting.push_back(object);
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
 } // namespace
 
 Object* newObject(ClassInfo& info) {
@@ -27,16 +42,30 @@ Object* newObject(ClassInfo& info) {
 
 void keepAllObjects() { keepsAll = true; }
 
-void destroyObject(Object* object) {
-    if (keepsAll) return;
-    // A destructor may lock and unlock its own object, which must not destroy it again.
-    object->references = 1;
+void destroyNested(Object* object) {
+    struct Level {
+        Level() { ++nesting; }
+        ~Level() { --nesting; }
+    } const level;
     ClassInfo& info = *object->info;
     const Owned<Object> lender = settleHandle(object);
     info.destruct(object);
     --liveObjects;
     --info.liveObjects;
     std::free(object);
+}
+
+void destroyObject(Object* object) {
+    if (keepsAll) return;
+    // A destructor may lock and unlock its own object, which must not destroy it again.
+    object->references = 1;
+    if (nesting == maxNesting && postpone(object)) return;
+    destroyNested(object);
+    while (nesting == 0 && !waiting.empty()) {
+        Object* const next = waiting.back();
+        waiting.pop_back();
+        destroyNested(next);
+    }
 }
 
 unsigned char* instanceData(Object* object) { return addressAt(object, REALinstanceDataOffset); }

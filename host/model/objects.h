@@ -25,7 +25,8 @@ namespace host {
 // constructors have run, the superclass's first. Returns null when memory is exhausted.
 Object* newObject(ClassInfo& info);
 
-// Runs the class destructors, the superclass's last, and frees the object. Only unlock calls this.
+// Runs the class destructors, the superclass's last, and frees the object. Only unlock calls this. Inside a long chain of
+// objects the last ones wait until the first has gone.
 void destroyObject(Object* object);
 
 // Add and remove one reference. Null is allowed.

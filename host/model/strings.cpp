@@ -10,6 +10,20 @@
 #include <cstdlib>
 #include <limits>
 #include <new>
+#include <vector>
+
+namespace host {
+
+// Characters of a text that is not ASCII whose bytes are known: the one that was looked up last, and, as far as anybody
+// looked, each one whose number is a multiple of the stride.
+struct Walk {
+    static constexpr std::size_t stride = 256;
+    std::size_t character = 0;
+    std::size_t offset = 0;
+    std::vector<std::int32_t> offsets = {0};
+};
+
+} // namespace host
 
 // The contract's two fields are not naturally aligned, so they are bytes here. The buffer follows the record: a length
 // prefix (at most 255), the text, and a terminating NUL that no length includes.
@@ -17,12 +31,12 @@ struct REALstringStruct {
     std::int32_t references;
     unsigned char fields[12];
     host::Encoding encoding;
-    std::int32_t capacity; // how many bytes of text there is memory for
+    std::int32_t capacity; // how many bytes of text there is memory for, with those of `front`
+    std::int32_t front;    // how many of them are unused in front of the text
     // The number of characters of UTF-8 text, and of ASCII text in any encoding (then equal to the number of bytes);
     // otherwise -1.
     std::int32_t characters;
-    mutable std::int32_t lastCharacter; // the character that was looked up last, and its byte offset
-    mutable std::int32_t lastOffset;
+    mutable host::Walk* walk; // null: not needed yet
 };
 static_assert(REALstringLengthOffset + sizeof(std::int32_t) <= offsetof(REALstringStruct, encoding));
 
@@ -48,30 +62,45 @@ std::int32_t countCharacters(std::string_view bytes, Encoding encoding) {
     return extendsAscii(encoding) && isAscii(bytes) ? static_cast<std::int32_t>(bytes.size()) : -1;
 }
 
-// Sets text and length; the capacity must suffice.
-void setText(String* string, std::size_t start, std::string_view bytes) {
-    unsigned char* const buffer = addressAt(string, sizeof(String));
-    const std::size_t length = start + bytes.size();
-    buffer[0] = static_cast<unsigned char>(std::min<std::size_t>(length, 255));
-    std::memcpy(buffer + 1 + start, bytes.data(), bytes.size());
-    buffer[1 + length] = 0;
-    writeAt(string, REALstringBufferOffset, buffer);
+unsigned char* textIn(String* string) { return addressAt(string, sizeof(String) + 1) + string->front; }
+
+// Sets the text's place and length; its bytes are there already.
+void setText(String* string, std::size_t front, std::size_t length) {
+    string->front = static_cast<std::int32_t>(front);
+    unsigned char* const text = textIn(string);
+    text[-1] = static_cast<unsigned char>(std::min<std::size_t>(length, 255));
+    text[length] = 0;
+    writeAt(string, REALstringBufferOffset, text - 1);
     writeAt(string, REALstringLengthOffset, static_cast<std::int32_t>(length));
 }
+
+void forgetWalk(String* string) { delete std::exchange(string->walk, nullptr); }
 
 constexpr std::size_t maxLength = std::numeric_limits<std::int32_t>::max();
 constexpr std::size_t besideText = sizeof(String) + 1 + 1;
 
-String* newStringWithRoom(std::string_view bytes, Encoding encoding, std::size_t room) {
-    if (bytes.empty() || bytes.size() > maxLength) return nullptr;
-    const std::size_t capacity = std::max(bytes.size(), std::min(room, maxLength));
+// Returns the two texts joined, with so many unused bytes before and behind them.
+String* newStringWithRoom(std::string_view first, std::string_view second, Encoding encoding, std::size_t before,
+                          std::size_t behind) {
+    const std::size_t length = first.size() + second.size();
+    if (length == 0 || length > maxLength) return nullptr;
+    const std::size_t capacity = std::min(before + length + behind, maxLength);
     void* const memory = std::malloc(besideText + capacity);
     if (!memory) return nullptr;
-    auto* const string =
-        new (memory) String{1, {}, encoding, static_cast<std::int32_t>(capacity), countCharacters(bytes, encoding), 0, 0};
-    setText(string, 0, bytes);
+    auto* const string = new (memory) String{1, {}, encoding, static_cast<std::int32_t>(capacity), 0, 0, nullptr};
+    const std::size_t front = std::min(before, capacity - length);
+    setText(string, front, length);
+    if (!first.empty()) std::memcpy(textIn(string), first.data(), first.size());
+    if (!second.empty()) std::memcpy(textIn(string) + first.size(), second.data(), second.size());
+    string->characters = countCharacters(bytesOf(string), encoding);
     ++liveStrings;
     return string;
+}
+
+// Returns whether only the caller has the string and the other's bytes can stand beside its own.
+bool canTake(const String* string, const String* other) {
+    return string && string->references == 1 && string != other && string->encoding == other->encoding &&
+           string->characters >= 0 && other->characters >= 0;
 }
 
 // Returns whether the stored bytes are the text in UTF-8.
@@ -91,7 +120,7 @@ std::optional<std::string> converted(const String* string, Encoding to) {
 
 } // namespace
 
-String* newString(std::string_view bytes, Encoding encoding) { return newStringWithRoom(bytes, encoding, 0); }
+String* newString(std::string_view bytes, Encoding encoding) { return newStringWithRoom(bytes, {}, encoding, 0, 0); }
 
 void lock(String* string) {
     if (string) ++string->references;
@@ -100,6 +129,7 @@ void lock(String* string) {
 void unlock(String* string) {
     if (!string || --string->references != 0 || keepsAllStrings) return;
     --liveStrings;
+    forgetWalk(string);
     std::free(string);
 }
 
@@ -117,7 +147,7 @@ void setEncoding(String* string, Encoding encoding) {
     if (!string) return;
     string->encoding = encoding;
     string->characters = countCharacters(bytesOf(string), encoding);
-    string->lastCharacter = string->lastOffset = 0;
+    forgetWalk(string);
 }
 
 TextOf::TextOf(const String* string) : string_(string && isStoredAsUtf8(string) ? string : nullptr) {
@@ -127,32 +157,42 @@ TextOf::TextOf(const String* string) : string_(string && isStoredAsUtf8(string) 
 
 std::size_t TextOf::length() const { return string_ ? static_cast<std::size_t>(string_->characters) : utf8::length(bytes_); }
 
+Walk& TextOf::walk() const {
+    if (!string_->walk) string_->walk = new Walk;
+    return *string_->walk;
+}
+
 std::size_t TextOf::offsetOf(std::size_t character) const {
-    if (!string_) return utf8::offsetOf(bytes_, character);
     const std::size_t length = this->length();
     if (character >= length) return bytes_.size();
     if (length == bytes_.size()) return character;
-    auto last = static_cast<std::size_t>(string_->lastCharacter);
-    auto offset = static_cast<std::size_t>(string_->lastOffset);
-    if (character < last / 2) last = offset = 0;
-    if (character >= last) {
-        offset += utf8::offsetOf(bytes_.substr(offset), character - last);
-    } else {
-        for (; last > character; --last)
-            offset = utf8::floor(bytes_, offset - 1);
+    if (!string_ || length <= Walk::stride) return utf8::offsetOf(bytes_, character);
+    Walk& walk = this->walk();
+    const std::size_t row = character / Walk::stride;
+    while (walk.offsets.size() <= row) {
+        const auto last = static_cast<std::size_t>(walk.offsets.back());
+        walk.offsets.push_back(static_cast<std::int32_t>(last + utf8::offsetOf(bytes_.substr(last), Walk::stride)));
     }
-    string_->lastCharacter = static_cast<std::int32_t>(character);
-    string_->lastOffset = static_cast<std::int32_t>(offset);
-    return offset;
+    std::size_t from = row * Walk::stride, offset = static_cast<std::size_t>(walk.offsets[row]);
+    if (walk.character <= character && walk.character > from) {
+        from = walk.character;
+        offset = walk.offset;
+    }
+    walk.character = character;
+    return walk.offset = offset + utf8::offsetOf(bytes_.substr(offset), character - from);
 }
 
 std::size_t TextOf::characterAt(std::size_t offset) const {
-    if (!string_) return utf8::length(bytes_.substr(0, offset));
     if (length() == bytes_.size()) return offset;
-    const auto last = static_cast<std::size_t>(string_->lastOffset);
-    const auto before = static_cast<std::size_t>(string_->lastCharacter);
-    return offset < last ? utf8::length(bytes_.substr(0, offset))
-                         : before + utf8::length(bytes_.substr(last, offset - last));
+    if (!string_ || length() <= Walk::stride) return utf8::length(bytes_.substr(0, offset));
+    const std::vector<std::int32_t>& offsets = walk().offsets;
+    const std::size_t rows = (length() + Walk::stride - 1) / Walk::stride;
+    while (static_cast<std::size_t>(offsets.back()) < offset && offsets.size() < rows)
+        offsetOf(offsets.size() * Walk::stride);
+    const auto row = std::upper_bound(offsets.begin(), offsets.end(), static_cast<std::int32_t>(offset)) - 1;
+    const auto start = static_cast<std::size_t>(*row);
+    return static_cast<std::size_t>(row - offsets.begin()) * Walk::stride +
+           utf8::length(bytes_.substr(start, offset - start));
 }
 
 String* convert(const String* string, Encoding encoding) {
@@ -164,11 +204,8 @@ String* convert(const String* string, Encoding encoding) {
 std::string utf8Of(const String* string) { return string ? converted(string, encoding::utf8).value_or(std::string()) : ""; }
 
 String* concatenate(const String* a, const String* b) {
-    std::string joined;
-    if (!a || !b || encodingOf(a) == encodingOf(b)) {
-        joined.append(bytesOf(a)).append(bytesOf(b));
-        return newString(joined, encodingOf(a ? a : b));
-    }
+    if (!a || !b || encodingOf(a) == encodingOf(b))
+        return newStringWithRoom(bytesOf(a), bytesOf(b), encodingOf(a ? a : b), 0, 0);
     return newString(utf8Of(a) + utf8Of(b));
 }
 
@@ -176,25 +213,61 @@ String* append(String* a, const String* b) {
     if (!b) return a;
     const std::string_view bytes = bytesOf(b);
     const std::size_t length = bytesOf(a).size();
-    const bool inPlace = a && a->references == 1 && a != b && a->encoding == b->encoding && a->characters >= 0 &&
-                         b->characters >= 0 && length + bytes.size() <= static_cast<std::size_t>(a->capacity);
-    if (inPlace) {
-        setText(a, length, bytes);
-        a->characters += b->characters;
-        return a;
+    if (canTake(a, b)) {
+        const auto front = static_cast<std::size_t>(a->front);
+        if (front + length + bytes.size() <= static_cast<std::size_t>(a->capacity)) {
+            std::memcpy(textIn(a) + length, bytes.data(), bytes.size());
+            setText(a, front, length + bytes.size());
+            a->characters += b->characters;
+            return a;
+        }
     }
-    String* joined = nullptr;
-    if (a && a->encoding == b->encoding) {
-        std::string text;
-        text.reserve(length + bytes.size());
-        text.append(bytesOf(a)).append(bytes);
-        joined = newStringWithRoom(text, a->encoding, text.size() * 2);
-    } else {
-        joined = concatenate(a, b);
-    }
+    const bool alike = a && a->encoding == b->encoding;
+    String* const joined =
+        alike ? newStringWithRoom(bytesOf(a), bytes, a->encoding, 0, length + bytes.size()) : concatenate(a, b);
     if (!joined) throw std::bad_alloc();
     unlock(a);
     return joined;
+}
+
+String* prepend(String* a, const String* b) {
+    if (!b) return a;
+    const std::string_view bytes = bytesOf(b);
+    const std::size_t length = bytesOf(a).size();
+    if (canTake(a, b) && bytes.size() <= static_cast<std::size_t>(a->front)) {
+        std::memcpy(textIn(a) - bytes.size(), bytes.data(), bytes.size());
+        setText(a, static_cast<std::size_t>(a->front) - bytes.size(), length + bytes.size());
+        a->characters += b->characters;
+        forgetWalk(a);
+        return a;
+    }
+    const bool alike = a && a->encoding == b->encoding;
+    String* const joined =
+        alike ? newStringWithRoom(bytes, bytesOf(a), a->encoding, length + bytes.size(), 0) : concatenate(b, a);
+    if (!joined) throw std::bad_alloc();
+    unlock(a);
+    return joined;
+}
+
+String* slice(String* a, std::size_t first, std::size_t count) {
+    const TextOf text(a);
+    const std::size_t length = text.length();
+    const std::size_t start = text.offsetOf(first);
+    const std::size_t size =
+        count < length - std::min(first, length) ? text.offsetOf(first + count) - start : text.bytes().size() - start;
+    if (size == text.bytes().size()) return a;
+    const bool wastes = a && static_cast<std::size_t>(a->capacity) / 4 > size + 16;
+    if (size == 0 || a->references != 1 || a->characters < 0 || wastes) {
+        String* const part = newString(text.bytes().substr(start, size));
+        if (!part && size > 0) throw std::bad_alloc();
+        unlock(a);
+        return part;
+    }
+    const bool isAscii = length == text.bytes().size();
+    setText(a, static_cast<std::size_t>(a->front) + start, size);
+    a->characters = static_cast<std::int32_t>(isAscii ? size : std::min(count, length - first));
+    forgetWalk(a);
+    return a;
 }
 
 int compare(const String* a, const String* b, bool ignoringCase) {

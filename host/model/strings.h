@@ -24,6 +24,9 @@ constexpr Encoding utf32 = REALencodingUTF32;
 constexpr Encoding unknown = REALencodingUnknown;
 } // namespace encoding
 
+// What a program makes of texts has at most so many bytes.
+constexpr std::size_t maxTextBytes = std::size_t{1} << 28;
+
 // Returns a new string with a copy of the bytes and one reference for the caller, or null for no bytes and when memory is
 // exhausted.
 String* newString(std::string_view bytes, Encoding encoding = encoding::utf8);
@@ -37,6 +40,8 @@ void keepAllStrings();
 
 // Returns the stored bytes, valid while the string lives; empty for null.
 std::string_view bytesOf(const String* string);
+
+struct Walk;
 
 // A string's text in UTF-8, addressed by characters. Text stored as UTF-8 is not copied, and the string remembers where it
 // found the last character: walking through a text takes time proportional to its length. The string must outlive this
@@ -56,6 +61,8 @@ public:
     std::size_t characterAt(std::size_t offset) const;
 
 private:
+    Walk& walk() const; // of a string that is not ASCII
+
     const String* string_; // if null, `copy_` is the text, or the text is empty
     std::string copy_;
     std::string_view bytes_;
@@ -76,9 +83,12 @@ std::string utf8Of(const String* string);
 // texts in UTF-8. Returns null also when memory is exhausted.
 String* concatenate(const String* a, const String* b);
 
-// The same with the caller's reference to `a` used up. When it is the only one, there is room left behind the text, so that
-// appending again and again takes time in proportion to what is appended. Throws std::bad_alloc, and then `a` is as before.
+// Each of these uses up the caller's reference to `a`. If that is the only one, the string changes in place: it keeps room
+// behind or before its text, so that repeating one of them takes time in proportion to what is added or removed. Throws
+// std::bad_alloc and then leaves `a` as it was.
 String* append(String* a, const String* b);
+String* prepend(String* a, const String* b);                    // `b` comes first
+String* slice(String* a, std::size_t first, std::size_t count); // keeps up to so many characters, from 0 on
 
 // Compares by code points and returns a negative number, 0 or a positive number. `ignoringCase` folds the letters A to Z.
 int compare(const String* a, const String* b, bool ignoringCase);

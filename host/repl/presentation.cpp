@@ -11,12 +11,15 @@
 #include <algorithm>
 #include <ostream>
 #include <string>
+#include <vector>
 
 namespace host::repl {
 namespace {
 
 // Of an array or a list; the rest is counted.
 constexpr HostInteger mostShown = 100;
+constexpr HostInteger mostInArrays = 1000; // that are inside each other
+constexpr std::size_t maxDepth = 20;
 
 // As a program writes it, with Chr for what no literal can hold and no terminal shall get.
 std::string literal(const std::string& text) {
@@ -70,7 +73,7 @@ private:
             output_ << "\n  " << literal(key) << "  ";
             if (color) writeObject(color.get());
         }
-        writeRest(count, "\n  ");
+        writeRest(count - mostShown, "\n  ");
     }
 
     void writePairs(Object* dictionary) {
@@ -83,7 +86,7 @@ private:
             output_ << "  ";
             writeVariant(elementAt(asArray(values.get()), i).object);
         }
-        writeRest(count, "\n  ");
+        writeRest(count - mostShown, "\n  ");
     }
 
     static Owned<Object> listed(Object* dictionary, const char* member) {
@@ -100,32 +103,42 @@ private:
         if (readVariant(variant, held, value)) write(held, value);
     }
 
+    // An array inside itself, or too many arrays inside each other, are written as (...).
     void writeArray(const Array* array) {
         if (!array) {
             output_ << "Nil";
             return;
         }
+        if (around_.size() == maxDepth || std::find(around_.begin(), around_.end(), array) != around_.end()) {
+            output_ << "(...)";
+            return;
+        }
+        around_.push_back(array);
         const Type& type = elementType(array);
         const HostInteger count = HostInteger{upperBound(array)} + 1;
         inside_ = true;
         const bool lines = count > 0 && (type.kind == Kind::object || type.kind == Kind::color);
         if (lines) output_ << nameOf(type.arrayOf()) << " with " << counted(count);
         if (!lines) output_ << '(';
-        for (HostInteger i = 0; i < std::min(count, mostShown); ++i) {
+        HostInteger i = 0;
+        for (; i < std::min(count, mostShown) && left_ > 0; ++i, --left_) {
             output_ << (lines ? "\n  " + std::to_string(i) + "  " : i == 0 ? "" : ", ");
             write(type, elementAt(array, i));
         }
-        writeRest(count, lines ? "\n  " : ", ");
+        writeRest(count - i, lines ? "\n  " : i == 0 ? "" : ", ");
         if (!lines) output_ << ')';
+        around_.pop_back();
     }
 
     void writeRest(HostInteger count, const char* separator) {
-        if (count > mostShown) output_ << separator << "and " << counted(count - mostShown) << " more";
+        if (count > 0) output_ << separator << "and " << counted(count) << " more";
     }
 
     std::ostream& output_;
     const ColorDepth depth_;
     bool inside_ = false;
+    std::vector<const Array*> around_; // that are being written
+    HostInteger left_ = mostInArrays;
 };
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "language/language.h"
 
 #include <csignal>
+#include <ctime>
 #include <sstream>
 #include <thread>
 
@@ -28,6 +29,9 @@ TEST(Errors, EndlessLoopsAreInterrupted) {
     const std::pair<const char*, const char*> endless[] = {
         {"While True\nWend", "test.bas:1:1: interrupted\n"},
         {"Print 1\nDo\nTry\nPrint 1 \\ 0\nCatch\nFinally\nContinue\nEnd Try\nLoop", "test.bas:"},
+        {"Dim a() As Variant = Array(1)\nFor i As Integer = 1 To 40\na = Array(a, a)\nNext\nPrint a",
+         "test.bas:5:1: interrupted\n"},
+        {"Print Len(Uppercase(Repeat(\"x\", 100000000)))", "test.bas:1:"},
         {"Sub Idle(p As Probe)\nEnd Sub\nFor d As Double = 1 To 2 Step 1e-300\nIdle Probe.make(1)\nNext", "test.bas:"}};
     for (const auto& [program, errors] : endless) {
         // Another process, as it is in life: a thread would share more with the one that is interrupted than a user does.
@@ -127,6 +131,51 @@ TEST(StrangeText, LargePrograms) {
     const std::size_t shown = outcome.errors.find('\n') + 1;
     const std::size_t caret = outcome.errors.rfind('\n', outcome.errors.size() - 2) + 1;
     EXPECT_EQ(outcome.errors[shown + outcome.errors.find('^', caret) - caret], '+');
+}
+
+// What would take the memory of the machine, and what takes time in proportion to its square when it is done badly.
+TEST(LargeValues, AreRefusedOrTakeTimeInProportion) {
+    const std::string most = "Dim s As String = Repeat(\"x\", 268435456)\n";
+    for (const char* const tooMuch : {"Print s & \"y\"", "s &= \"y\"", "s = \"y\" & s"}) {
+        expectError(runProgram(most + tooMuch), "test.bas:2:" +
+                                                    std::to_string(tooMuch[0] == 'P'   ? 9
+                                                                   : tooMuch[3] == '=' ? 1
+                                                                                       : 9) +
+                                                    ": uncaught OutOfMemoryException: A text cannot have more than 256 MB.");
+    }
+    for (const char* const read : {"ReadText", "ReadBytes"}) {
+        expectError(runProgram(std::string("Dim f As New FolderItem(\"/dev/zero\")\nPrint f.") + read),
+                    "test.bas:2:9: uncaught IOException: \"/dev/zero\" cannot be read: File too large.");
+    }
+    std::string procedures;
+    for (int i = 0; i < 20000; ++i)
+        procedures += "Function F" + std::to_string(i) + "(x As Integer) As Integer\nReturn x + 1\nEnd Function\n";
+    const std::string chains = "Dim a() As Variant\nDim d As New Dictionary\nFor i As Integer = 1 To 100000\na = Array(a)\n"
+                               "Dim e As New Dictionary\ne.Value(0) = d\nd = e\nNext\n";
+    const std::pair<std::string, const char*> programs[] = {
+        {procedures + "Print F19999(1)", "2\n"},
+        {chains + "d = Nil\nPrint Len(\"\" & a), d", "205 Nil\n"},
+        {"Dim a() As String = Array(\"\")\nFor i As Integer = 1 To 300000\na(0) &= \"x\"\nNext\nPrint Len(a(0))",
+         "300000\n"},
+        {"Dim d As New Dictionary\nd.Value(1) = \"\"\nFor i As Integer = 1 To 300000\nd.Value(1) &= i Mod 7\nNext\nPrint Len(String(d.Value(1)))",
+         "300000\n"},
+        {"Dim e As New IOException\nFor i As Integer = 1 To 300000\ne.Message += \"x\"\nNext\nPrint Len(e.Message)",
+         "300000\n"},
+        {"Dim s As String\nFor i As Integer = 1 To 300000\ns = \"x\" & s\nNext\nWhile s <> \"\"\ns = Mid(s, InStr(s, \"x\") + 1)\n"
+         "If Len(s) Mod 3 = 0 Then s = Left(s, Len(s) - 1)\nWend\nPrint \"done\"",
+         "done\n"},
+        {"Dim s As String = Repeat(\"a\u00E4\u20AC\", 100000), n As Integer\nFor i As Integer = 1 To 300000\n"
+         "If Mid(s, (i * 100001) Mod 300000 + 1, 1) = \"\u00E4\" And InStr(i, s, \"a\") > 0 Then n += 1\nNext\nPrint n",
+         "99999\n"},
+        {"Dim m As New MemoryBlock(0)\nFor i As Integer = 1 To 1000000\nm.Size = i\nNext\nPrint m.Size", "1000000\n"},
+        {"Dim a() As Integer\nFor i As Integer = 1 To 1000000\na.Insert(0, i)\nNext\nWhile a.Count > 5\na.Remove(0)\nWend\nPrint a",
+         "(5, 4, 3, 2, 1)\n"},
+    };
+    for (const auto& [program, output] : programs) {
+        const std::clock_t start = std::clock();
+        EXPECT_EQ(runProgram(program).output, output) << program.substr(0, 300);
+        EXPECT_LT(std::clock() - start, 12 * CLOCKS_PER_SEC) << program.substr(0, 300);
+    }
 }
 
 TEST(StrangeText, FilesThatCannotBeRead) {

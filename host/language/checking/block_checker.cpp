@@ -8,6 +8,24 @@
 #include <cstdint>
 
 namespace host::language {
+namespace {
+
+// The number that the expression is, if it is a literal with or without a sign.
+std::optional<double> literalNumber(const syntax::Expression& expression) {
+    const auto* const unary = std::get_if<syntax::Unary>(&expression.form);
+    if (unary && unary->operation == syntax::Operator::negate) {
+        const std::optional<double> number = literalNumber(*unary->operand);
+        return number ? std::optional<double>(-*number) : std::nullopt;
+    }
+    const auto* const literal = std::get_if<Literal>(&expression.form);
+    if (!literal) return std::nullopt;
+    if (const auto* const integer = std::get_if<HostInteger>(&literal->value)) return static_cast<double>(*integer);
+    const auto* const real = std::get_if<double>(&literal->value);
+    return real ? std::optional<double>(*real) : std::nullopt;
+}
+
+} // namespace
+
 // A condition or bound: a step of its own. Null after an error.
 CodePtr StatementChecker::stepValue(const syntax::Expression& expression, const Type& type) {
     return attempt([&] {
@@ -74,6 +92,9 @@ CodePtr StatementChecker::caseCondition(const std::vector<syntax::CaseTest>& tes
     };
     CodePtr any;
     for (const syntax::CaseTest& test : tests) {
+        const auto* const binary = std::get_if<syntax::Binary>(&test.first->form);
+        if (binary && binary->operation == syntax::Operator::logicalOr && !value.type.is(Kind::boolean))
+            diagnostics_.warn(test.first->offset, "this 'Or' computes one number from two; a comma separates values");
         CodePtr one = compared(test.last ? syntax::Operator::greaterEqual : test.operation, *test.first);
         if (test.last) {
             one = logic(syntax::Operator::logicalAnd, Kind::boolean, std::move(one),
@@ -113,6 +134,11 @@ ActionPtr StatementChecker::form(const syntax::For& loop, Offset offset) {
         CodePtr first = bound(loop.first);
         CodePtr last = bound(loop.last);
         CodePtr stepSize = bound(loop.step);
+        const std::optional<double> from = literalNumber(*loop.first), to = literalNumber(*loop.last);
+        if (from && to && !loop.step && (loop.down ? *from < *to : *from > *to)) {
+            diagnostics_.warn(loop.first->offset, std::string("this loop never runs: it counts ") +
+                                                      (loop.down ? "down; 'To' counts up" : "up; 'DownTo' counts down"));
+        }
         const VariablePlace variable = loopVariable(loop.variable, type).place;
         return forLoop({variable, type.kind, std::move(first), std::move(last), std::move(stepSize), loop.down,
                         loopBody(syntax::Surrounding::forLoop, loop.block, offset)});
@@ -155,16 +181,21 @@ ActionPtr StatementChecker::form(const syntax::Try& statement, Offset offset) {
     ActionPtr body = block(statement.block, offset);
     std::vector<Handler> handlers;
     for (const syntax::Try::Catch& form : statement.catches)
-        handlers.push_back(handler(form, offset));
+        handlers.push_back(handler(form, offset, handlers));
     ActionPtr finally = statement.finally ? block(*statement.finally, offset) : nullptr;
     return tryBlock(std::move(body), std::move(handlers), std::move(finally));
 }
 
-Handler StatementChecker::handler(const syntax::Try::Catch& form, Offset offset) {
+Handler StatementChecker::handler(const syntax::Try::Catch& form, Offset offset, const std::vector<Handler>& before) {
     Handler made{nullptr, std::nullopt, nullptr};
     made.body = inScope(offset, [&] {
         if (form.variable) {
             made.info = attempt([&] { return exceptionClassOf(*form.className); });
+            for (const Handler& earlier : before) {
+                if (!made.info || (earlier.info && !made.info->isOrDescendsFrom(*earlier.info))) continue;
+                diagnostics_.warn(form.className->offset, "this Catch never runs: one above it takes every " + made.info->name());
+                break;
+            }
             made.variable = declare(*form.variable, made.info ? Type::object(made.info->name()) : Type()).place;
         }
         return statements(form.block);

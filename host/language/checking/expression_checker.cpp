@@ -6,6 +6,7 @@
 #include "language/running/operators.h"
 
 #include "model/strings.h"
+#include "text/literals.h"
 
 #include <algorithm>
 #include <cmath>
@@ -42,6 +43,7 @@ CodePtr ExpressionChecker::valueAs(const syntax::Expression& expression, const T
         return newArray(std::get<syntax::Call>(expression.form).arguments, type.element()).read();
     Value found = value(expression);
     warnOfLostFraction(found, type, expression.offset);
+    if (type.is(Kind::color)) warnOfInvisible(expression);
     return convert(std::move(found.code), found.type, type, expression.offset);
 }
 
@@ -68,6 +70,15 @@ CodePtr ExpressionChecker::convert(CodePtr code, const Type& from, const Type& t
 void ExpressionChecker::warnOfLostFraction(const Value& value, const Type& type, Offset offset) {
     if (value.type.is(Kind::real) && type.is(Kind::integer) && !value.whole)
         diagnostics_.warn(offset, "this Double loses its fraction here; Floor(), Round() or Integer() says that it shall");
+}
+
+void ExpressionChecker::warnOfInvisible(const syntax::Expression& expression) {
+    constexpr HostInteger opaque = 0x1000000;
+    const auto* const literal = std::get_if<Literal>(&expression.form);
+    const auto* const number = literal ? std::get_if<HostInteger>(&literal->value) : nullptr;
+    if (number && *number > 0 && *number < opaque)
+        diagnostics_.warn(expression.offset, "this number is an invisible colour, since its fourth byte, alpha, is 0; write " +
+                                                 literalOf(static_cast<HostColor>(*number) | 0xFF000000));
 }
 
 Operand ExpressionChecker::form(const Literal& literal, Offset) { return literalOperand(literal); }

@@ -129,6 +129,8 @@ private:
     // Bound functions of the language (null) and of built-in classes autorelease nothing.
     void requirePoolFor(const ClassInfo* owner) { needsPool_ = needsPool_ || (owner && !owner->isBuiltIn()); }
 
+    // Warns of a literal number for a colour that lacks alpha.
+    void warnOfInvisible(const syntax::Expression& expression);
     CodePtr read(Operand operand, Offset offset); // fails for a property without getter
     CodePtr convert(CodePtr code, const Type& from, const Type& to, Offset offset, Purpose purpose = Purpose::assignment);
 

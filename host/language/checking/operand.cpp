@@ -38,6 +38,12 @@ bool Operand::isWritable() const {
     return isAssignable() || (property() && property()->setter) || (call && call->method->setter);
 }
 
+bool Operand::canBeEmptied() const {
+    const auto* const call = std::get_if<Call>(&form_);
+    if (call) return isWritable() && call->method->owner->isBuiltIn() && type_.is(Kind::variant);
+    return isAssignable() || (isWritable() && property()->getter && property()->owner->isBuiltIn());
+}
+
 std::optional<Operand> Operand::twin(Scopes& scopes, Actions& actions) {
     struct Held {
         VariablePlace place;

@@ -34,12 +34,20 @@ public:
     }
     // Whether it makes a statement of its own.
     bool hasEffect() const { return std::holds_alternative<Result>(form_) || std::holds_alternative<Call>(form_); }
+    // Null unless it is a call of a bound function.
+    const Method* method() const {
+        const auto* const call = std::get_if<Call>(&form_);
+        return call ? call->method : nullptr;
+    }
     // Null unless it is a property.
     const Property* property() const;
     // Whether it can be passed by reference: a variable or an element.
     bool isAssignable() const;
     // Whether `assign` can be called: the above, and properties and methods with a setter.
     bool isWritable() const;
+
+    // Whether it keeps what is assigned, does nothing else with it, and takes the empty value too.
+    bool canBeEmptied() const;
 
     // The same place a second time. What it takes to get there is computed once, by the actions that this adds, into
     // variables without a name. None for what is no place.

@@ -1,7 +1,8 @@
 // Subs and Functions: their declarations are read before all statements, their bodies where they stand.
 #include "language/checking/class_names.h"
+#include "language/checking/flow.h"
 #include "language/checking/statement_checker.h"
-#include "language/library/functions.h"
+#include "language/library/values.h"
 
 namespace host::language {
 namespace {
@@ -32,7 +33,7 @@ void StatementChecker::declareProcedures(const syntax::Block& block) {
         const auto* const form = std::get_if<syntax::Procedure>(&statement.form);
         if (!form) continue;
         std::unique_ptr<Procedure> procedure = attempt([&] { return declaration(*form); });
-        if (procedure) declared_.push_back({form, &procedures_.add(std::move(procedure))});
+        if (procedure) declared_.emplace(form, &procedures_.add(std::move(procedure)));
     }
 }
 
@@ -62,8 +63,10 @@ std::unique_ptr<Procedure> StatementChecker::declaration(const syntax::Procedure
     procedure->text = describe(*procedure, form);
     procedure->declaration = procedure->text.c_str();
     procedure->shared = true;
+    const Procedure* const same = procedures_.findSame(*procedure);
+    if (!same || same->body) return procedure; // one of an earlier check has its body
     for (const auto& [other, made] : declared_) {
-        if (procedures_.findSame(*procedure) == made)
+        if (made == same)
             failCheck(form.name.offset, quoted(form.name.text) + " is declared with these parameters already, on " +
                                             diagnostics_.lineOf(other->name.offset));
     }
@@ -71,8 +74,7 @@ std::unique_ptr<Procedure> StatementChecker::declaration(const syntax::Procedure
 }
 
 ActionPtr StatementChecker::form(const syntax::Procedure& form, Offset) {
-    for (const auto& [declared, procedure] : declared_)
-        if (declared == &form) procedure->body = body(form, *procedure);
+    if (const auto found = declared_.find(&form); found != declared_.end()) found->second->body = body(form, *found->second);
     return sequence({});
 }
 
@@ -94,6 +96,12 @@ ActionPtr StatementChecker::body(const syntax::Procedure& form, Procedure& proce
         return block(form.block, form.name.offset);
     });
     procedure.variableCount = scopes_.endProcedure();
+    if (form.result && resultType_.kind != Kind::nothing && reachesEnd(form.block)) {
+        const std::string start = textOf(resultType_, Slot());
+        diagnostics_.warn(form.name.offset, "'" + std::string(form.name.text) +
+                                                "' can end without Return, and then returns " +
+                                                (start.empty() ? "an empty text" : start));
+    }
     procedure_ = nullptr;
     return code;
 }

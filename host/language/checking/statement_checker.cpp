@@ -5,9 +5,28 @@
 #include "language/running/operators.h"
 #include "language/running/places.h"
 
+#include <limits>
+
 #include <cstdint>
 
 namespace host::language {
+namespace {
+
+// Whether a call does nothing but compute: true of the language's own functions, those that move something on aside.
+bool isOnlyAResult(const Method& method) {
+    if (method.owner || method.signature.result.kind == Kind::nothing) return false;
+    for (const char* const name : {"Input", "Random", "RandomInRange", "Microseconds"})
+        if (method.signature.name == name) return false;
+    return true;
+}
+
+bool isName(const syntax::Expression& expression, std::string_view name) {
+    const auto* const identifier = std::get_if<syntax::Identifier>(&expression.form);
+    return identifier && equalIgnoringCase(identifier->name, name);
+}
+
+} // namespace
+
 ActionPtr StatementChecker::statements(const syntax::Block& block) {
     Actions actions;
     for (const syntax::Statement& statement : block) {
@@ -113,30 +132,88 @@ ActionPtr StatementChecker::form(const syntax::Assignment& assignment, Offset of
     }
     if (!target.isWritable()) expressions_.failAssignment(*assignment.target);
     if (assignment.operation) return changed(assignment, std::move(target), offset);
-    if (ActionPtr appended = appendedTo(*assignment.target, *assignment.value)) return asStep(std::move(appended), offset);
+    if (ActionPtr change = changedInPlace(*assignment.target, *assignment.value)) return asStep(std::move(change), offset);
     CodePtr value = expressions_.valueAs(*assignment.value, target.type());
     return asStep(target.assign(std::move(value)), offset);
 }
 
-// Null unless the value joins texts to that of a variable.
-ActionPtr StatementChecker::appendedTo(const syntax::Expression& target, const syntax::Expression& value) {
+// Null unless the value joins texts to that of a variable, at either end, or is a part of it.
+ActionPtr StatementChecker::changedInPlace(const syntax::Expression& target, const syntax::Expression& value) {
     const auto* const name = std::get_if<syntax::Identifier>(&target.form);
     const Variable* const variable = name ? scopes_.find(name->name) : nullptr;
     if (!variable || !variable->type.is(Kind::string)) return nullptr;
     std::vector<CodePtr> texts = expressions_.textsJoinedTo(name->name, value);
-    return texts.empty() ? nullptr : appendToVariable(variable->place, std::move(texts), value.offset);
+    if (!texts.empty()) return appendToVariable(variable->place, std::move(texts), value.offset);
+    const auto* const joined = std::get_if<syntax::Binary>(&value.form);
+    if (joined && joined->operation == syntax::Operator::join && isName(*joined->right, name->name))
+        return prependToVariable(variable->place, expressions_.text(*joined->left), value.offset);
+    return cutInPlace(*variable, *name, value);
+}
+
+// name = Mid(name, ...) and its like; otherwise null.
+ActionPtr StatementChecker::cutInPlace(const Variable& variable, const syntax::Identifier& name,
+                                       const syntax::Expression& value) {
+    struct Cut {
+        const char* name;
+        std::size_t fewest, most; // arguments
+        text::Part (*part)(HostInteger length, HostInteger a, HostInteger b);
+    };
+    static constexpr Cut cuts[] = {
+        {"Mid", 2, 3, text::partOfMid},
+        {"Left", 2, 2, [](HostInteger length, HostInteger count, HostInteger) { return text::partOfLeft(length, count); }},
+        {"Right", 2, 2,
+         [](HostInteger length, HostInteger count, HostInteger) { return text::partOfRight(length, count); }}};
+    const auto* const call = std::get_if<syntax::Call>(&value.form);
+    if (!call || call->arguments.empty() || !isName(*call->arguments.front(), name.name)) return nullptr;
+    for (const Cut& cut : cuts) {
+        const std::size_t given = call->arguments.size();
+        if (!isName(*call->callee, cut.name) || given < cut.fewest || given > cut.most) continue;
+        if (scopes_.find(cut.name) || !procedures_.find(cut.name).empty()) continue;
+        CodePtr numbers[2] = {nullptr, constant(Slot::ofInteger(std::numeric_limits<HostInteger>::max()))};
+        for (std::size_t i = 1; i < given; ++i) {
+            Value number = expressions_.value(*call->arguments[i]);
+            if (!number.type.is(Kind::integer)) return nullptr;
+            numbers[i - 1] = std::move(number.code);
+        }
+        return cutVariable(variable.place, cut.part, std::move(numbers[0]), std::move(numbers[1]), value.offset);
+    }
+    return nullptr;
+}
+
+// Place &= text. The place is emptied before the text is joined, which then has its string for itself and grows in place.
+ActionPtr StatementChecker::joinedInPlace(Operand target, CodePtr text, Offset offset) {
+    const Type string = Type::plain(Kind::string), type = target.type();
+    return inScope(offset, [&] {
+        Actions hold, steps;
+        Operand now = *target.twin(scopes_, hold), emptied = *now.twin(scopes_, hold);
+        const VariablePlace whole = scopes_.declareHidden(string), added = scopes_.declareHidden(string);
+        hold.push_back(writeVariable(whole, string, asText(now.read(), type)));
+        hold.push_back(writeVariable(added, string, std::move(text)));
+        steps.push_back(asStep(sequence(std::move(hold)), offset));
+        steps.push_back(asStep(emptied.assign(constant(Slot())), offset));
+        std::vector<CodePtr> texts;
+        texts.push_back(readVariable(added, string));
+        CodePtr result = converted(readVariable(whole, string), string, type, offset);
+        steps.push_back(tryBlock(asStep(appendToVariable(whole, std::move(texts), offset), offset), {},
+                                 asStep(target.assign(std::move(result)), offset)));
+        return sequence(std::move(steps));
+    });
 }
 
 // target += value and its like.
 ActionPtr StatementChecker::changed(const syntax::Assignment& form, Operand target, Offset offset) {
     const Offset place = form.target->offset;
     const auto* const name = std::get_if<syntax::Identifier>(&form.target->form);
-    const bool joins = *form.operation == syntax::Operator::join || *form.operation == syntax::Operator::add;
-    if (name && joins && target.type().is(Kind::string)) {
-        Value text = expressions_.value(*form.value);
-        if (*form.operation == syntax::Operator::join || text.type.is(Kind::string)) {
+    const bool joinsAny = *form.operation == syntax::Operator::join;
+    const bool joins = joinsAny || *form.operation == syntax::Operator::add;
+    const bool isText = target.type().is(Kind::string);
+    if (target.canBeEmptied() && (isText ? joins : joinsAny && target.type().is(Kind::variant))) {
+        Value added = expressions_.value(*form.value);
+        if (joinsAny || added.type.is(Kind::string)) {
+            CodePtr text = asText(std::move(added.code), added.type);
+            if (!name || !isText) return joinedInPlace(std::move(target), std::move(text), place);
             std::vector<CodePtr> texts;
-            texts.push_back(asText(std::move(text.code), text.type));
+            texts.push_back(std::move(text));
             return asStep(appendToVariable(scopes_.find(name->name)->place, std::move(texts), place), offset);
         }
     }
@@ -160,6 +237,8 @@ ActionPtr StatementChecker::changed(const syntax::Assignment& form, Operand targ
 ActionPtr StatementChecker::form(const syntax::Evaluation& evaluation, Offset offset) {
     Operand call = expressions_.operand(*evaluation.call);
     if (!call.hasEffect()) failCheck(evaluation.call->offset, "this is a value, but nothing is done with it");
+    if (const Method* const method = call.method(); method && isOnlyAResult(*method))
+        diagnostics_.warn(evaluation.call->offset, "nothing is done with the result of '" + method->signature.name + "'");
     return asStep(discard(call.read()), offset);
 }
 

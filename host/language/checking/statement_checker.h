@@ -5,6 +5,7 @@
 #include "language/checking/expression_checker.h"
 #include "language/running/control_flow.h"
 
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -41,7 +42,9 @@ private:
     ActionPtr declared(const syntax::Declarator& declarator, const syntax::Dim::Group& group, const Type& type,
                        Offset offset);
     ActionPtr inferred(const syntax::Dim::Group& group, Offset offset);
-    ActionPtr appendedTo(const syntax::Expression& target, const syntax::Expression& value);
+    ActionPtr changedInPlace(const syntax::Expression& target, const syntax::Expression& value);
+    ActionPtr cutInPlace(const Variable& variable, const syntax::Identifier& name, const syntax::Expression& value);
+    ActionPtr joinedInPlace(Operand target, CodePtr text, Offset offset);
     ActionPtr changed(const syntax::Assignment& form, Operand target, Offset offset);
     CodePtr initialValue(const syntax::Declarator& declarator, const syntax::Dim::Group& group, const Type& type);
     Variable declare(const syntax::Name& name, Type type);
@@ -55,7 +58,8 @@ private:
     ActionPtr form(const syntax::For& loop, Offset offset);
     ActionPtr form(const syntax::ForEach& loop, Offset offset);
     ActionPtr form(const syntax::Try& statement, Offset offset);
-    Handler handler(const syntax::Try::Catch& form, Offset offset);
+    // `before` are the handlers above it.
+    Handler handler(const syntax::Try::Catch& form, Offset offset, const std::vector<Handler>& before);
     CodePtr caseCondition(const std::vector<syntax::CaseTest>& tests, const Variable& value);
     Type loopType(const syntax::LoopVariable& form, const std::string& declaration); // which a message suggests
     Variable loopVariable(const syntax::LoopVariable& form, const Type& type);
@@ -101,10 +105,10 @@ private:
     ParseMode mode_;
     Diagnostics& diagnostics_;
     ExpressionChecker expressions_;
-    std::vector<syntax::Surrounding> loops_;                                // around the place, the outermost first
-    std::vector<std::pair<const syntax::Procedure*, Procedure*>> declared_; // those whose bodies are to be checked
-    const syntax::Procedure* procedure_ = nullptr;                          // around the place; null: none
-    Type resultType_;                                                       // its
+    std::vector<syntax::Surrounding> loops_;                  // around the place, the outermost first
+    std::map<const syntax::Procedure*, Procedure*> declared_; // those whose bodies are to be checked
+    const syntax::Procedure* procedure_ = nullptr;            // around the place; null: none
+    Type resultType_;                                         // its
 };
 
 } // namespace host::language

@@ -1,6 +1,7 @@
 #include "language/library/process.h"
 
 #include "model/exceptions.h"
+#include "model/interruption.h"
 #include "model/owned.h"
 
 #include <array>
@@ -45,17 +46,30 @@ bool isAtEnd() {
     return atEnd;
 }
 
-} // namespace
+// Reads a line as std::getline does. Stops when the user interrupts, also in a line without an end.
+bool readLine(std::string& line) {
+    for (int c = std::cin.get(); c != '\n'; c = std::cin.get()) {
+        if (!std::cin) return std::cin.eof() && !line.empty();
+        line += static_cast<char>(c);
+        if (line.size() > maxTextBytes) return true; // which is too long
+        checkInterruption();
+    }
+    return true;
+}
 
-volatile std::sig_atomic_t interruptWanted = 0;
+} // namespace
 
 String* input() {
     std::string line;
     std::cout.flush();
     awaitLine();
     errno = 0;
-    if (interruptWanted || !std::getline(std::cin, line)) {
+    if (interruptWanted || !readLine(line)) {
         if (isAtEnd()) raise("IOException", "There is no more input.");
+        return nullptr;
+    }
+    if (line.size() > maxTextBytes) {
+        raise("OutOfMemoryException", "A text cannot have more than 256 MB.");
         return nullptr;
     }
     if (!line.empty() && line.back() == '\r') line.pop_back();

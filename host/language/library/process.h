@@ -4,13 +4,9 @@
 
 #include "model/strings.h"
 
-#include <csignal>
 #include <optional>
 
 namespace host::language::process {
-
-// Set by the SIGINT handler of whoever runs a program; 0 while none runs.
-extern volatile std::sig_atomic_t interruptWanted;
 
 String* input();          // the next line of stdin without its end; raises when there is none, and when it is interrupted
 HostBoolean endOfInput(); // whether `input` would raise since there is none; waits for a line

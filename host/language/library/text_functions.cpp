@@ -3,6 +3,7 @@
 #include "text/utf8.h"
 
 #include "model/exceptions.h"
+#include "model/interruption.h"
 #include "model/owned.h"
 
 #include <algorithm>
@@ -18,7 +19,6 @@ namespace host::language::text {
 namespace {
 
 constexpr std::string_view blanks = " \t\r\n";
-constexpr std::size_t maxBytes = std::size_t{1} << 28;
 
 String* trimmed(String* text, bool left, bool right) {
     const std::string bytes = utf8Of(text);
@@ -30,7 +30,7 @@ String* trimmed(String* text, bool left, bool right) {
 
 // False, with the exception recorded, when a text would have too many bytes.
 bool fits(std::size_t bytes) {
-    if (bytes <= maxBytes) return true;
+    if (bytes <= maxTextBytes) return true;
     raise("OutOfMemoryException", "A text cannot have more than 256 MB.");
     return false;
 }
@@ -130,10 +130,12 @@ locale_t unicodeLocale() {
     return locale;
 }
 std::uint32_t upperCharacter(std::uint32_t code) {
+    checkInterruption();
     const auto letter = static_cast<wint_t>(code);
     return static_cast<std::uint32_t>(unicodeLocale() ? towupper_l(letter, unicodeLocale()) : std::towupper(letter));
 }
 std::uint32_t lowerCharacter(std::uint32_t code) {
+    checkInterruption();
     const auto letter = static_cast<wint_t>(code);
     return static_cast<std::uint32_t>(unicodeLocale() ? towlower_l(letter, unicodeLocale()) : std::towlower(letter));
 }
@@ -151,7 +153,8 @@ String* replace(String* text, String* wanted, String* by) {
     if (from.empty()) return newString(bytes);
     std::string result;
     std::size_t start = 0;
-    for (std::size_t at = bytes.find(from); at != std::string::npos; at = bytes.find(from, start)) {
+    for (std::size_t at = indexOf(bytes, from, 0); at != std::string::npos; at = indexOf(bytes, from, start)) {
+        checkInterruption();
         result.append(bytes, start, at - start).append(to);
         if (!fits(result.size())) return nullptr;
         start = at + from.size();
@@ -163,11 +166,14 @@ String* repeat(String* text, HostInteger count) {
     const std::string bytes = utf8Of(text);
     if (count <= 0 || bytes.empty()) return nullptr;
     const auto times = static_cast<std::size_t>(count);
-    if (!fits(times > maxBytes ? times : bytes.size() * std::min(times, maxBytes / bytes.size() + 1))) return nullptr;
+    if (!fits(times > maxTextBytes ? times : bytes.size() * std::min(times, maxTextBytes / bytes.size() + 1)))
+        return nullptr;
     std::string result;
     result.reserve(bytes.size() * times);
-    for (std::size_t i = 0; i < times; ++i)
+    for (std::size_t i = 0; i < times; ++i) {
+        checkInterruption();
         result += bytes;
+    }
     return ownString(result).release();
 }
 
@@ -175,14 +181,17 @@ Array* split(String* text, String* delimiter) {
     const TextOf whole(text), separator(delimiter);
     const std::string_view between = separator.bytes();
     Owned<Array> parts(newArray(Type::plain(Kind::string)));
-    const auto append = [&](std::string_view part) { appendElement(parts.get(), Slot::ofString(ownString(part).get())); };
+    const auto append = [&](std::string_view part) {
+        checkInterruption();
+        appendElement(parts.get(), Slot::ofString(ownString(part).get()));
+    };
     std::string_view rest = whole.bytes();
     if (between.empty()) {
         for (; !rest.empty(); rest.remove_prefix(utf8::offsetOf(rest, 1)))
             append(rest.substr(0, utf8::offsetOf(rest, 1)));
         return parts.release();
     }
-    for (std::size_t at = rest.find(between); at != std::string_view::npos; at = rest.find(between)) {
+    for (std::size_t at = indexOf(rest, between, 0); at != std::string_view::npos; at = indexOf(rest, between, 0)) {
         append(rest.substr(0, at));
         rest.remove_prefix(at + between.size());
     }
@@ -198,6 +207,7 @@ String* join(Array* parts, String* delimiter) {
     const TextOf between(delimiter);
     std::string result;
     for (HostInteger i = 0; i <= upperBound(parts); ++i) {
+        checkInterruption();
         if (i > 0) result.append(between.bytes());
         result.append(TextOf(elementAt(parts, i).string).bytes());
         if (!fits(result.size())) return nullptr;
@@ -231,8 +241,14 @@ HostInteger order(String* a, String* b, HostBoolean ignoringCase) {
 HostInteger findLast(HostInteger start, String* text, String* wanted) {
     const TextOf whole(text), part(wanted);
     if (start < 1) return 0;
-    const std::size_t at = whole.bytes().rfind(part.bytes(), whole.offsetOf(static_cast<std::size_t>(start) - 1));
-    return at == std::string_view::npos ? 0 : static_cast<HostInteger>(whole.characterAt(at)) + 1;
+    if (part.bytes().size() > whole.bytes().size()) return 0;
+    std::size_t at =
+        std::min(whole.offsetOf(static_cast<std::size_t>(start) - 1), whole.bytes().size() - part.bytes().size());
+    while (whole.bytes().compare(at, part.bytes().size(), part.bytes()) != 0) {
+        checkInterruption();
+        if (at-- == 0) return 0;
+    }
+    return static_cast<HostInteger>(whole.characterAt(at)) + 1;
 }
 
 HostInteger byteCount(String* text) { return static_cast<HostInteger>(bytesOf(text).size()); }

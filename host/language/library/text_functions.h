@@ -28,6 +28,18 @@ String* midToEnd(String* text, HostInteger start);
 String* left(String* text, HostInteger count);
 String* right(String* text, HostInteger count);
 
+// The characters that such a part has of a text with so many, counted from 0.
+struct Part {
+    std::size_t first;
+    std::size_t count;
+};
+Part partOfMid(HostInteger length, HostInteger start, HostInteger count);
+Part partOfLeft(HostInteger length, HostInteger count);
+Part partOfRight(HostInteger length, HostInteger count);
+
+// Returns the byte at which `wanted` occurs first from `start` on, or npos, in time proportional to both lengths.
+std::size_t indexOf(std::string_view text, std::string_view wanted, std::size_t start);
+
 // Where `wanted` is, from character number `start` on, as the number of its first character; 0 when it is not in there.
 HostInteger findFrom(HostInteger start, String* text, String* wanted);
 HostInteger find(String* text, String* wanted);

@@ -4,38 +4,52 @@
 #include "model/owned.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace host::language::text {
 namespace {
 
+String* cut(const TextOf& text, Part part) {
+    const std::size_t start = text.offsetOf(part.first);
+    return ownString(text.bytes().substr(start, text.offsetOf(part.first + part.count) - start)).release();
+}
+
 // Up to `count` characters from number `start` (from 0) on; negative numbers are 0.
-String* cut(const TextOf& text, HostInteger start, HostInteger count) {
-    const auto length = static_cast<HostInteger>(text.length());
+Part part(HostInteger length, HostInteger start, HostInteger count) {
     const HostInteger first = std::clamp(start, HostInteger{0}, length);
-    const HostInteger end = first + std::clamp(count, HostInteger{0}, length - first);
-    const std::size_t offset = text.offsetOf(static_cast<std::size_t>(first));
-    return ownString(text.bytes().substr(offset, text.offsetOf(static_cast<std::size_t>(end)) - offset)).release();
+    return {static_cast<std::size_t>(first), static_cast<std::size_t>(std::clamp(count, HostInteger{0}, length - first))};
 }
 
 } // namespace
 
 HostInteger length(String* text) { return static_cast<HostInteger>(TextOf(text).length()); }
 
+Part partOfMid(HostInteger length, HostInteger start, HostInteger count) {
+    return part(length, std::max(start, HostInteger{1}) - 1, count);
+}
+Part partOfLeft(HostInteger length, HostInteger count) { return part(length, 0, count); }
+Part partOfRight(HostInteger length, HostInteger count) {
+    return part(length, length - std::clamp(count, HostInteger{0}, length), length);
+}
+
 String* mid(String* text, HostInteger start, HostInteger count) {
-    return cut(TextOf(text), std::max(start, HostInteger{1}) - 1, count);
+    return cut(TextOf(text), partOfMid(length(text), start, count));
 }
 String* midToEnd(String* text, HostInteger start) { return mid(text, start, length(text)); }
-String* left(String* text, HostInteger count) { return cut(TextOf(text), 0, count); }
-String* right(String* text, HostInteger count) {
-    const HostInteger all = length(text);
-    return cut(TextOf(text), all - std::clamp(count, HostInteger{0}, all), all);
+String* left(String* text, HostInteger count) { return cut(TextOf(text), partOfLeft(length(text), count)); }
+String* right(String* text, HostInteger count) { return cut(TextOf(text), partOfRight(length(text), count)); }
+
+std::size_t indexOf(std::string_view text, std::string_view wanted, std::size_t start) {
+    if (start > text.size()) return std::string_view::npos;
+    const void* const found = memmem(text.data() + start, text.size() - start, wanted.data(), wanted.size());
+    return found ? static_cast<std::size_t>(static_cast<const char*>(found) - text.data()) : std::string_view::npos;
 }
 
 HostInteger findFrom(HostInteger start, String* text, String* wanted) {
     const TextOf whole(text), part(wanted);
     const HostInteger first = std::max(start, HostInteger{1}) - 1;
     if (first > static_cast<HostInteger>(whole.length())) return 0;
-    const std::size_t at = whole.bytes().find(part.bytes(), whole.offsetOf(static_cast<std::size_t>(first)));
+    const std::size_t at = indexOf(whole.bytes(), part.bytes(), whole.offsetOf(static_cast<std::size_t>(first)));
     return at == std::string_view::npos ? 0 : static_cast<HostInteger>(whole.characterAt(at)) + 1;
 }
 HostInteger find(String* text, String* wanted) { return findFrom(1, text, wanted); }

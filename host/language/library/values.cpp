@@ -3,6 +3,7 @@
 #include "language/library/object_text.h"
 
 #include "model/arrays.h"
+#include "model/interruption.h"
 #include "model/strings.h"
 #include "model/variants.h"
 #include "text/literals.h"
@@ -10,6 +11,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <stdexcept>
 
 namespace host::language {
 namespace {
@@ -23,20 +25,42 @@ std::string written(double value, How... how) {
     return {buffer, std::to_chars(buffer, buffer + sizeof buffer, value, how...).ptr};
 }
 
-std::string textOfArray(Object* object) {
-    const Array* const array = asArray(object);
-    if (!array) return "Nil";
-    std::string text = "(";
-    for (HostInteger i = 0; inBounds(array, i); ++i)
-        text.append(i == 0 ? "" : ", ").append(textOf(elementType(array), elementAt(array, i)));
-    return text + ")";
+// The arrays that are being written, each of which contains the one before it in the list.
+struct Around {
+    const Array* array;
+    const Around* outer; // null: none
+    unsigned depth;
+};
+
+void append(std::string& text, const Type& type, Slot value, const Around* around);
+
+// An array inside itself, or too many arrays inside each other, are written as (...).
+void appendArray(std::string& text, const Array* array, const Around* outer) {
+    constexpr unsigned maxDepth = 100;
+    const Around here{array, outer, outer ? outer->depth + 1 : 0};
+    bool isShown = here.depth < maxDepth;
+    for (const Around* around = outer; around && isShown; around = around->outer)
+        isShown = around->array != array;
+    if (!isShown) {
+        text += "(...)";
+        return;
+    }
+    text += '(';
+    for (HostInteger i = 0; inBounds(array, i); ++i) {
+        checkInterruption();
+        if (text.size() > maxTextBytes) throw std::length_error("an array has more text than a text can have");
+        text += i == 0 ? "" : ", ";
+        append(text, elementType(array), elementAt(array, i), &here);
+    }
+    text += ')';
 }
 
-std::string textOfVariant(Object* variant) {
-    const Type held = typeInVariant(variant);
-    if (held.isObjectReference()) return textOf(held, Slot::ofObject(variant));
-    Slot value;
-    return readVariant(variant, held, value) ? textOf(held, value) : std::string();
+void append(std::string& text, const Type& type, Slot value, const Around* around) {
+    const bool isVariant = type.is(Kind::variant) && value.object;
+    const Held held = isVariant ? heldIn(value.object) : Held{type.kind, value};
+    const Array* const array = isVariant || type.isArray ? asArray(value.object) : nullptr;
+    if (array) return appendArray(text, array, around);
+    text += textOf(isVariant ? Type::plain(held.kind) : type, held.value);
 }
 
 } // namespace
@@ -55,7 +79,12 @@ std::string textOf(HostInteger value) { return std::to_string(value); }
 std::string textOf(bool value) { return value ? "True" : "False"; }
 
 std::string textOf(const Type& type, Slot value) {
-    if (type.isArray) return textOfArray(value.object);
+    if (value.object && (type.isArray || type.is(Kind::variant))) {
+        std::string text;
+        append(text, type, value, nullptr);
+        return text;
+    }
+    if (type.isArray) return "Nil";
     switch (type.kind) {
     case Kind::nothing: return {};
     case Kind::boolean: return textOf(value.boolean != 0);
@@ -64,7 +93,7 @@ std::string textOf(const Type& type, Slot value) {
     case Kind::color: return literalOf(value.color);
     case Kind::string: return utf8Of(value.string);
     case Kind::object: return value.object ? textOf(value.object) : "Nil";
-    case Kind::variant: return value.object ? textOfVariant(value.object) : "Nil";
+    case Kind::variant: return "Nil"; // others are above
     }
     return {};
 }

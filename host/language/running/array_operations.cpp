@@ -3,6 +3,7 @@
 #include "language/library/values.h"
 
 #include "model/arrays.h"
+#include "model/interruption.h"
 #include "model/variants.h"
 
 #include <algorithm>
@@ -161,6 +162,7 @@ CodePtr sortArray(CodePtr array, CodePtr keys, const Type& keyType, Offset offse
         std::vector<std::size_t> order(static_cast<std::size_t>(upperBound(sorted) + 1));
         std::iota(order.begin(), order.end(), std::size_t{0});
         std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+            checkInterruption();
             return isLess(kind, elementAt(by, static_cast<HostInteger>(a)), elementAt(by, static_cast<HostInteger>(b)));
         });
         reorder(sorted, order);
@@ -185,8 +187,10 @@ CodePtr indexInArray(CodePtr array, CodePtr value, CodePtr start, const Type& el
         const Array* const searched = requireArray(array->evaluate(frame).object, offset);
         const Slot wanted = value->evaluate(frame);
         HostInteger index = start ? std::max(start->evaluate(frame).integer, HostInteger{0}) : 0;
-        while (inBounds(searched, index) && !isEqual(kind, elementAt(searched, index), wanted))
+        while (inBounds(searched, index) && !isEqual(kind, elementAt(searched, index), wanted)) {
+            checkInterruption();
             ++index;
+        }
         return Slot::ofInteger(inBounds(searched, index) ? index : -1);
     });
 }
@@ -214,8 +218,10 @@ CodePtr sliceOfArray(CodePtr array, CodePtr start, CodePtr count, const Type& el
             const HostInteger taken =
                 count ? std::clamp(count->evaluate(frame).integer, HostInteger{0}, length - first) : length - first;
             Owned<Array> slice(newArray(elementType));
-            for (HostInteger i = first; i < first + taken; ++i)
+            for (HostInteger i = first; i < first + taken; ++i) {
+                checkInterruption();
                 appendElement(slice.get(), elementAt(whole, i));
+            }
             return frame.keep(Counting::object, Slot::ofObject(slice.release()));
         });
 }

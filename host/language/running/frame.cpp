@@ -24,6 +24,10 @@ void throwNew(Offset offset, std::string_view className, std::string_view messag
 
 void failMemory(Offset offset) { throwNew(offset, "OutOfMemoryException", "There is not enough memory for this."); }
 
+void requireTextSize(std::size_t bytes, Offset offset) {
+    if (bytes > maxTextBytes) throwNew(offset, "OutOfMemoryException", "A text cannot have more than 256 MB.");
+}
+
 void Frame::release(Mark mark) {
     while (execution_.objects.size() > mark.objects) {
         Object* const object = execution_.objects.back();

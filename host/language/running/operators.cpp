@@ -175,6 +175,7 @@ CodePtr joined(CodePtr left, CodePtr right, Offset offset) {
     return makeCode([left = std::move(left), right = std::move(right), offset](Frame& frame) {
         const Slot a = left->evaluate(frame);
         const Slot b = right->evaluate(frame);
+        requireTextSize(bytesOf(a.string).size() + bytesOf(b.string).size(), offset);
         String* const both = concatenate(a.string, b.string);
         if (!both && (a.string || b.string)) failMemory(offset);
         return frame.keep(Counting::string, Slot::ofString(both));
@@ -184,7 +185,12 @@ CodePtr joined(CodePtr left, CodePtr right, Offset offset) {
 CodePtr asText(CodePtr value, const Type& type) {
     if (type == Type::plain(Kind::string)) return value;
     return makeCode([value = std::move(value), type](Frame& frame) {
-        return frame.keep(Counting::string, Slot::ofString(newString(textOf(type, value->evaluate(frame)))));
+        const Slot shown = value->evaluate(frame);
+        if (const Held held = type.is(Kind::variant) ? heldIn(shown.object) : Held{}; held.kind == Kind::string) {
+            lock(held);
+            return frame.keep(Counting::string, held.value);
+        }
+        return frame.keep(Counting::string, Slot::ofString(newString(textOf(type, shown))));
     });
 }
 

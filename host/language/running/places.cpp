@@ -79,27 +79,69 @@ ActionPtr writeVariable(VariablePlace place, const Type& type, CodePtr value) {
     });
 }
 
+namespace {
+
+// Replaces the text of a variable by what `change` returns for it. The variable gives up its reference meanwhile, so that
+// the text can change in place. `change` returns the next text, with the reference of the one before used up, or throws.
+template <class Change>
+void changeText(Slot& variable, Owned<String> text, Offset offset, Change change) {
+    if (variable.string == text.get()) unlock(std::exchange(variable.string, nullptr));
+    bool failed = false;
+    try {
+        change(text);
+    } catch (const std::bad_alloc&) {
+        failed = true;
+    }
+    unlock(std::exchange(variable.string, text.release()));
+    if (failed) failMemory(offset);
+}
+
+void replace(Owned<String>& text, String* next) {
+    text.release();
+    text = Owned<String>(next);
+}
+
+} // namespace
+
 // The variable is read before the texts, whose evaluation may change it.
 ActionPtr appendToVariable(VariablePlace place, std::vector<CodePtr> texts, Offset offset) {
     return makeAction([place, texts = std::move(texts), offset](Frame& frame) {
         Owned<String> text = Owned<String>::shared(frame.variable(place).string);
         std::vector<String*> parts;
-        for (const CodePtr& part : texts)
+        std::size_t size = bytesOf(text.get()).size();
+        for (const CodePtr& part : texts) {
             parts.push_back(part->evaluate(frame).string);
-        Slot& variable = frame.variable(place);
-        if (variable.string == text.get()) unlock(std::exchange(variable.string, nullptr));
-        bool failed = false;
-        try {
-            for (const String* part : parts) {
-                String* const joined = append(text.get(), part);
-                text.release();
-                text = Owned<String>(joined);
-            }
-        } catch (const std::bad_alloc&) {
-            failed = true;
+            size += bytesOf(parts.back()).size();
         }
-        unlock(std::exchange(variable.string, text.release()));
-        if (failed) failMemory(offset);
+        requireTextSize(size, offset);
+        changeText(frame.variable(place), std::move(text), offset, [&](Owned<String>& changed) {
+            for (const String* part : parts)
+                replace(changed, append(changed.get(), part));
+        });
+    });
+}
+
+ActionPtr prependToVariable(VariablePlace place, CodePtr text, Offset offset) {
+    return makeAction([place, text = std::move(text), offset](Frame& frame) {
+        const String* const front = text->evaluate(frame).string;
+        Owned<String> before = Owned<String>::shared(frame.variable(place).string);
+        requireTextSize(bytesOf(before.get()).size() + bytesOf(front).size(), offset);
+        changeText(frame.variable(place), std::move(before), offset,
+                   [&](Owned<String>& changed) { replace(changed, prepend(changed.get(), front)); });
+    });
+}
+
+ActionPtr cutVariable(VariablePlace place, text::Part (*part)(HostInteger, HostInteger, HostInteger), CodePtr a, CodePtr b,
+                      Offset offset) {
+    return makeAction([place, part, a = std::move(a), b = std::move(b), offset](Frame& frame) {
+        Owned<String> text = Owned<String>::shared(frame.variable(place).string);
+        const Frame::Mark mark = frame.mark();
+        const HostInteger first = a->evaluate(frame).integer, second = b->evaluate(frame).integer;
+        frame.release(mark); // the numbers may have been computed from the text
+        changeText(frame.variable(place), std::move(text), offset, [&](Owned<String>& changed) {
+            const text::Part kept = part(text::length(changed.get()), first, second);
+            replace(changed, slice(changed.get(), kept.first, kept.count));
+        });
     });
 }
 

@@ -2,6 +2,7 @@
 // of its own. Elements of arrays are in array_operations.
 #pragma once
 
+#include "language/library/text_functions.h"
 #include "language/running/code.h"
 #include "language/running/frame.h"
 
@@ -19,6 +20,11 @@ ActionPtr writeProperty(const Property& property, CodePtr object, CodePtr value,
 
 // Joins texts to that of a variable, in place where nobody else has its string.
 ActionPtr appendToVariable(VariablePlace place, std::vector<CodePtr> texts, Offset offset);
+// The same in front of it.
+ActionPtr prependToVariable(VariablePlace place, CodePtr text, Offset offset);
+// Keeps the part of a variable's text that `part` computes from the number of characters and two numbers.
+ActionPtr cutVariable(VariablePlace place, text::Part (*part)(HostInteger length, HostInteger a, HostInteger b), CodePtr a,
+                      CodePtr b, Offset offset);
 
 // Gives the variable a new value, of which it takes a reference.
 void store(Frame& frame, VariablePlace place, Counting counting, Slot value);

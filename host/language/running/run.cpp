@@ -21,14 +21,14 @@ bool lastWasInterrupted = false;
 
 namespace {
 
-void want(int) { process::interruptWanted = 1; }
+void want(int) { interruptWanted = 1; }
 
 // While one lives, SIGINT interrupts the program that runs instead of ending the process, and a closed pipe is an error of
 // the write.
 class InterruptScope {
 public:
     InterruptScope() {
-        process::interruptWanted = 0;
+        interruptWanted = 0;
         struct sigaction action = {};
         action.sa_handler = want;
         sigaction(SIGINT, &action, &before_);
@@ -39,8 +39,8 @@ public:
     ~InterruptScope() {
         sigaction(SIGINT, &before_, nullptr);
         sigaction(SIGPIPE, &beforePipe_, nullptr);
-        detail::lastWasInterrupted = process::interruptWanted != 0;
-        process::interruptWanted = 0;
+        detail::lastWasInterrupted = interruptWanted != 0;
+        interruptWanted = 0;
     }
     InterruptScope(const InterruptScope&) = delete;
     InterruptScope& operator=(const InterruptScope&) = delete;

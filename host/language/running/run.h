@@ -1,10 +1,11 @@
 // Runs checked code, says how it ended, and stops what would not stop by itself.
 #pragma once
 
-#include "language/library/process.h"
 #include "language/reading/source.h"
 #include "language/running/code.h"
 #include "language/running/frame.h"
+
+#include "model/interruption.h"
 
 #include <string>
 
@@ -31,7 +32,7 @@ extern bool lastWasInterrupted;
 
 // Called in every round of a loop and every call of a procedure.
 inline void checkInterrupt(Offset offset) {
-    if (process::interruptWanted) throw Interrupted{offset};
+    if (interruptWanted) throw Interrupted{offset};
 }
 
 // Whether so little of this thread's stack is left that no further call of a procedure is safe. The reserve suffices for the

@@ -63,3 +63,46 @@ For Each i As Integer In Array(5, 2, 4, 1, 3)
   '> 5 x 5 120 | 2 ä 2 228 | 4 😀 4 128512 | 1 a 1 97 | 3 € 3 8364
 Next
 Print Left(Mixed, 2), Right(Mixed, 2), Mid(Mixed, 5), Mid(Mixed, 6), InStr(3, Mixed & Mixed, "ä") '> aä 😀x x  7
+' Texts that change in place: where they are, what the change reads, and what they share.
+Dim texts() As String = Array("a", "b"), same As String = texts(0)
+texts(0) &= "x" & 1
+texts(0) += texts(0)
+Print texts(0), same '> ax1ax1 a
+Dim held As New Dictionary
+held.Value("k") = "v"
+Dim before As Variant = held.Value("k")
+held.Value("k") &= 2
+held.Value("k") &= held.Value("k")
+Print held.Value("k"), before '> v2v2 v
+Dim failure As New RuntimeException("m")
+failure.Message &= failure.Message & "!"
+Dim various() As Variant = Array(1, Nil)
+various(0) &= "q"
+various(1) &= various.Count
+before &= before
+Print failure.Message, various, before '> mm! (1q, Nil2) vv
+Function Failing(text As String) As String
+  texts(1) = text
+  Raise New IOException
+End Function
+Try
+  texts(1) &= Failing("changed")
+Catch
+  Print texts(1) '> changed
+End Try
+Dim s As String = "höllo wörld", copy As String = s
+s = Mid(s, 2)
+s = "x" & Len(s) & s
+Print s, Len(s), Mid(s, 4, 2), LenB(s) '> x10öllo wörld 13 öl 15
+s = Left(s, Len(s) - 2)
+s = Right(s, 5)
+s &= "!" & s
+Print s, Mid(s, 3), copy, InStr(s, "!") '> o wör!o wör wör!o wör höllo wörld 6
+s = Mid(s, 2, 3)
+s = s & s & "."
+s = "<" & s & s
+Print s, Len(s) '> < wö wö. wö wö. 15
+s = Mid(s, 99)
+s = "a" & s
+s = Left(s, -1)
+Print Len(s), "[" & s & "]" '> 0 []

@@ -4,7 +4,8 @@ For i As Integer = 1 To 3 : s = s & i : Next
 For i As Integer = 3 DownTo 1 : s = s & i : Next i
 For i As Integer = 5 To 1 Step -2 : s = s & i : Next
 For i As Integer = 10 DownTo 1 Step 4 : s = s & "," & i : Next
-For i As Integer = 2 To 1 : s = s & "never" : Next
+Dim one As Integer = 1
+For i As Integer = 2 To one : s = s & "never" : Next
 For x As Double = 0 To 1 Step 0.25 : s = s & " " & x : Next
 Print s '> 123321531,10,6,2 0 0.25 0.5 0.75 1
 Dim n As Integer = 9

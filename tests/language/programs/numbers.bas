@@ -4,8 +4,8 @@ Print 100000.0, 123456789012345.0, 1e15, 0.00001, 0.000001, -0.0 '> 100000 12345
 Print 1 / 0, -1 / 0, 0 / 0 = 0 / 0 '> inf -inf False
 Dim up = Integer(2.9), down = Integer(-2.9), none = Integer(0 / 0), most As Integer = 1e300
 Print up, down, none, most > 2147483646, most < 0 '> 2 -2 0 True False
-Dim c As Color = &hFF8000
-Dim number As Integer = c
+Dim number As Integer = &hFF8000, c As Color = number
+number = c
 c = c + 1
 Print c, number = 16744448, c And &hFF, c <> number '> #FF800100 True 1 True
 Dim big As Integer = 1
