@@ -310,6 +310,7 @@ TEST_F(ColorLists, AreNotReadFromMalformedFiles) {
     EXPECT_EQ(listFrom(folder), nullptr);
     EXPECT_NE(read(whole), nullptr);
     EXPECT_EQ(read(whole + "\n"), nullptr);
+    EXPECT_EQ(read("chromabridge color list 1\nend\n"), nullptr);
     for (std::size_t size = 0; size < whole.size(); ++size)
         EXPECT_EQ(read(whole.substr(0, size)), nullptr) << "cut to " << size;
     // What is replaced, and by what.
@@ -320,7 +321,7 @@ TEST_F(ColorLists, AreNotReadFromMalformedFiles) {
         {"components 0", {"components 2", "components 0 00000000"}},
         {"3dcccccd", {"3dccccc", "3dcccccg"}},
         {"\\u000a", {"\\u00", "\\x"}},
-        {"\"a\"", {"\"\xFF\"", "\"c\""}}, // one key twice
+        {"\"a\"", {"\"\xFF\"", "\"c\"", "\"a\"."}}, // one key twice, for one
         {"System textColor", {"System noColor", "Crayons textColor"}},
         {"end 3", {"end 2"}}};
     for (const auto& [from, replacements] : changes) {

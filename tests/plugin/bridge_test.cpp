@@ -141,6 +141,7 @@ TEST_F(Strings, AreBuiltByTheWayOfTheHostsVersion) {
         {2013.0, wide32, utf8(wideUTF8), with + "(8, 0xc000100)" + convert + unlock},
         {2011.0, odd32, utf8("\xEF\xBF\xBD\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"),
          old + "(16)" + tag("0x100") + convert + unlock},
+        {2011.0, {units<char32_t>({0xD800}), REALencodingUTF32}, nothing, ""}, // nothing is left of it
         {2011.0, utf8("x"), nothing, old + "(1)", "REALBuildString"},
         {2011.0, wide16, nothing, old + "(6)", "REALBuildString"},
         // Newer hosts are asked to convert even what they did not build.

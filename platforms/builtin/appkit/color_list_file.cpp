@@ -203,7 +203,7 @@ bool readEntries(std::string_view text, ColorList& list) {
             if (!reader.space(LineReader(line))) return false;
         } else {
             LineReader end(line);
-            std::size_t count;
+            std::size_t count = 0;
             return end.keyword("end") && end.number(count) && end.isAtEnd() && text.empty() && count == list.entries.size();
         }
     }
