@@ -36,9 +36,9 @@ id spaceOf(const Profile& profile) {
     return made("NSColorSpace", "initWithICCProfileData:", dataOf(bytes));
 }
 
-std::string nameOf(const Profile& profile) {
+std::string nameOf(const Profile& profile, cmsInfoType information = cmsInfoDescription) {
     char name[512] = "";
-    cmsGetProfileInfoASCII(profile.get(), cmsInfoDescription, "en", "US", name, sizeof name);
+    cmsGetProfileInfoASCII(profile.get(), information, "en", "US", name, sizeof name);
     return name;
 }
 
@@ -200,6 +200,7 @@ TEST_F(OtherEngine, AcceptsThePlatformsProfilesAndConvertsAlike) {
         const Side from(message);
         ASSERT_NE(from.profile, nullptr) << message;
         EXPECT_EQ(nameOf(from.profile), textOf(send(from.space, "localizedName")));
+        EXPECT_NE(nameOf(from.profile, cmsInfoCopyright), "");
         for (const char* const target : profiled) {
             const Side to(target);
             if (isEqual(from.space, to.space)) continue;

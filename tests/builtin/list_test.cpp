@@ -160,6 +160,7 @@ TEST_F(ColorLists, ComeBackFromTheirFileBitForBit) {
     ASSERT_TRUE(write(list, file));
     const auto size = send<Size>(send(colorWithKey(listFrom(file), "tiles"), "patternImage"), "size");
     EXPECT_EQ(std::pair(size.width, size.height), std::pair(CGFloat(8), CGFloat(0.1)));
+    EXPECT_NE(contentsOf(file).find("\"tiles\" pattern 41000000 "), std::string::npos) << "a float takes 32 bits";
 }
 
 TEST_F(ColorLists, AreSavedUnderTheirNameWhereNoFileIsNamed) {
@@ -215,6 +216,7 @@ TEST_F(ColorLists, LeaveWhatTheirFileIsAsItWas) {
     EXPECT_TRUE(write(list, dangling));
     EXPECT_TRUE(fs::is_symlink(dangling));
     EXPECT_EQ(keysOf(listFrom(folder / "later.clr")), "a ");
+    EXPECT_EQ(fs::status(dangling).permissions() & fs::perms(0111), fs::perms::none);
     fs::create_symlink("circle.clr", circle);
     EXPECT_FALSE(write(list, circle));
     EXPECT_TRUE(fs::is_symlink(circle));
@@ -234,6 +236,7 @@ TEST_F(ColorLists, OfTheUserAreSharedWhileTheyAreHeld) {
     set(list, color("textColor"), "a");
     ASSERT_TRUE(send<BOOL>(list, "writeToFile:", id{}));
     const id shared = listNamed("Mine");
+    EXPECT_TRUE(send<BOOL>(shared, "writeToFile:", id{}));
     EXPECT_EQ(listNamed("Mine"), shared);
     EXPECT_EQ(colorWithKey(shared, "a"), color("textColor")) << "catalog colours are single objects";
     set(list, blue, "b");

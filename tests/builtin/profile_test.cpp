@@ -196,6 +196,7 @@ TEST_F(Profiles, TellTheirModelChannelsAndName) {
         {{{"desc", plainText("Caf\xE9")}}, "Caf\xC3\xA9"},
         {{{"desc", localizedText({{"deDE", u"Name"}, {"enUS", u"\u20AC"}})}}, "\xE2\x82\xAC"},
         {{{"desc", localizedText({{"deDE", u"Name"}, {"frFR", u"Nom"}})}}, "Name"},
+        {{{"dmnd", plainText("Maker")}}, ""},
         {{}, ""}};
     for (const auto& [tags, name] : names)
         EXPECT_EQ(nameOf(spaceFrom(profile("CMYK", tags))), name);

@@ -171,6 +171,10 @@ TEST_F(Start, LegacyLayoutHoldsTheLeadingWordsOrNothingChanges) {
     expected.sharedProperties = legacy.sharedProperties;
     expected.sharedMethods = legacy.sharedMethods;
     EXPECT_EQ(std::memcmp(&legacy, &expected, sizeof legacy), 0);
+    REALclassDefinition unused = {};
+    unused.events = before.events; // but none of them
+    MyREALRegisterClass(&unused);
+    EXPECT_EQ(host.records.back(), &unused);
     EXPECT_EQ(FixProperties(before.properties, 0), nullptr);
     EXPECT_EQ(FixProperties(nullptr, 1), nullptr);
     takeLeadingWords(legacy.properties, before.properties, before.propertyCount);

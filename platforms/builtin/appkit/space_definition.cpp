@@ -93,10 +93,6 @@ bool isSameSpace(const SpaceDefinition& first, const SpaceDefinition& second) {
 }
 
 bool convertChannels(const SpaceDefinition& from, const float* channels, const SpaceDefinition& to, float* converted) {
-    if (isSameSpace(from, to)) {
-        std::copy(channels, channels + from.channels, converted);
-        return true;
-    }
     if (!from.convertsToXyz || !to.convertsFromXyz) return false;
 
     Channels source{};

@@ -44,7 +44,7 @@ using SpacePointer = std::shared_ptr<const SpaceDefinition>;
 bool isSameSpace(const SpaceDefinition& first, const SpaceDefinition& second);
 
 // Converts the channels, without alpha. Clips values outside a channel's range on the way out of `from`, and values that
-// `to` cannot represent. Returns false if there is no conversion. Equal spaces need no calculation.
+// `to` cannot represent. Returns false if there is no conversion. Colours of equal spaces need none.
 bool convertChannels(const SpaceDefinition& from, const float* channels, const SpaceDefinition& to, float* converted);
 
 } // namespace chroma::builtin
