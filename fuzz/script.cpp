@@ -3,7 +3,6 @@
 #include "require.h"
 
 #include "language/language.h"
-#include "language/running/run.h"
 #include "language/session.h"
 #include "model/entries.h"
 #include "model/objects.h"
@@ -12,6 +11,7 @@
 #include <sys/time.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdint>
 #include <new>
 #include <sstream>
@@ -30,7 +30,7 @@ volatile std::sig_atomic_t run = 0; // the number of the program that runs
 // Interrupts a program that ran at the last tick too.
 void tick(int) {
     static std::sig_atomic_t before = 0;
-    if (run == before) language::process::interruptWanted = 1;
+    if (run == before) language::interrupt();
     before = run;
 }
 

@@ -2,7 +2,6 @@
 #include "commands/start.h"
 
 #include "language/language.h"
-#include "language/library/program_arguments.h"
 #include "model/leaks.h"
 #include "repl/repl.h"
 #include "text/json.h"

@@ -3,7 +3,7 @@
 #include "documentation/texts.h"
 #include "documentation/word_texts.h"
 
-#include "language/library/functions.h"
+#include "language/words.h"
 
 #include <algorithm>
 #include <sstream>
@@ -115,7 +115,7 @@ std::optional<MemberPage> pageOfWord(std::string_view word) {
     const WordText* const text = findWordText(word);
     if (!text) return std::nullopt;
     MemberPage page = {std::string(word), {}, text->text};
-    std::istringstream lines{std::string(text->form)};
+    std::istringstream lines(text->form);
     for (std::string line; std::getline(lines, line);)
         page.declarations.push_back(line);
     return page;
@@ -137,11 +137,8 @@ std::vector<std::string> functionNames() {
 
 std::vector<std::string> wordNames() {
     std::vector<std::string> names;
-    for (const WordText& text : wordTexts()) {
-        std::istringstream words{std::string(text.words)};
-        for (std::string word; words >> word;)
-            names.push_back(word);
-    }
+    for (const language::Word& word : language::words())
+        if (word.kind != language::WordKind::function) names.emplace_back(word.name);
     return sorted(std::move(names));
 }
 

@@ -1,5 +1,6 @@
 #include "documentation/word_texts.h"
 
+#include "language/words.h"
 #include "model/types.h"
 
 #include <algorithm>
@@ -14,6 +15,14 @@ bool holds(std::string_view words, std::string_view wanted) {
         words.remove_prefix(std::min(words.size(), word.size() + 1));
     }
     return false;
+}
+
+// The call that makes an array, and one of each member.
+std::string arrayForms() {
+    std::string forms = "Array(value[, value])";
+    for (const language::ArrayMember& member : language::arrayMembers())
+        forms += "\nname." + std::string(member.form);
+    return forms;
 }
 
 } // namespace
@@ -77,9 +86,7 @@ const std::vector<WordText>& wordTexts() {
          "`\"#f80\"` and the names of CSS."},
         {"Variant", "Variant\nVariant(value)", "A value of any type, or Nil."},
         {"Object", "Object", "A reference to an object of any class, or Nil."},
-        {"Array",
-         "Array(value[, value])\nname.Append value\nname.Insert(index, value)\nname.Remove(index)\nname.Count\n"
-         "name.Pop\nname.IndexOf(value[, start])\nname.Slice(start[, count])\nname.Reverse\nname.Sort\nname.SortBy(keys)",
+        {"Array", arrayForms(),
          "An array of these values, of the type that takes all of them; and what every array does. `Pop` takes the last element; "
          "`IndexOf` is -1 for what is not there; `Slice` is a new array. Sorting keeps the order of equal elements, `SortBy` sorts by "
          "another array, which is sorted too."},

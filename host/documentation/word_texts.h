@@ -2,6 +2,7 @@
 // that only the language itself can offer.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -9,7 +10,7 @@ namespace host::documentation {
 
 struct WordText {
     std::string_view words; // that this is the page of, with blanks between them; the first is its name
-    std::string_view form;  // how they are written, in one line or several
+    std::string form;       // how they are written, in one line or several
     std::string_view text;  // in Markdown that also reads well as it is
 };
 

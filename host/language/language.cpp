@@ -1,6 +1,8 @@
 #include "language/language.h"
 
 #include "language/checking/checker.h"
+#include "language/library/process.h"
+#include "language/library/program_arguments.h"
 #include "language/running/run.h"
 #include "text/terminal.h"
 
@@ -81,6 +83,8 @@ std::vector<Problem> problemsIn(const std::string& text) {
     return problems;
 }
 
+void setProgramArguments(std::vector<std::string> arguments) { givenArguments() = std::move(arguments); }
+void interrupt() { process::interruptWanted = 1; }
 bool wasInterrupted() { return detail::lastWasInterrupted; }
 
 int runFile(const std::string& path) {

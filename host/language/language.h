@@ -18,6 +18,12 @@ std::optional<std::string> readProgram(const std::string& path);
 // stderr.
 int runFile(const std::string& path);
 
+// Sets what the function Arguments returns, in UTF-8; none before.
+void setProgramArguments(std::vector<std::string> arguments);
+
+// Asks the program that runs to stop, as SIGINT does. May be called in a signal handler.
+void interrupt();
+
 // Whether the program that ran last was interrupted.
 bool wasInterrupted();
 

@@ -2,9 +2,9 @@
 // only the piece.
 #pragma once
 
-#include "language/checking/checker.h"
-#include "language/reading/source.h"
-#include "language/running/frame.h"
+#include "language/presentation.h"
+
+#include "model/classes.h"
 
 #include <iosfwd>
 #include <memory>
@@ -31,23 +31,24 @@ public:
     std::string run(std::string_view text, std::ostream& warnings);
 
     // Once it has run Quit.
-    std::optional<int> exitCode() const { return execution_.exitCode; }
+    std::optional<int> exitCode() const;
 
-    // What an expression is, without running it.
-    Checker::Meaning meaningOf(std::string_view expression);
+    // What an expression is, without running it: a value of a type, or a class that it names; Void when it is neither.
+    struct Meaning {
+        Type type;
+        ClassInfo* namedClass = nullptr; // null: a value
+    };
+    Meaning meaningOf(std::string_view expression);
 
     // Variables, constants and procedures.
     std::vector<std::string> names() const;
 
-    static std::vector<std::string> arrayMembers();
-
     // Those of the name; empty when there is none.
-    OverloadSet findProcedures(std::string_view name) const { return checker_.procedures().find(name); }
+    OverloadSet findProcedures(std::string_view name) const;
 
 private:
-    Source source_;
-    Checker checker_;
-    Execution execution_;
+    struct State;
+    std::unique_ptr<State> state_;
 };
 
 } // namespace host::language

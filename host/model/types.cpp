@@ -31,6 +31,14 @@ Type typeNamed(std::string_view name) {
     return Type::object(std::string(name));
 }
 
+std::vector<std::string_view> typeNames() {
+    std::vector<std::string_view> names;
+    for (const auto& [kind, kindName] : kindNames)
+        names.emplace_back(kindName);
+    names.emplace_back("Object");
+    return names;
+}
+
 std::string nameOf(const Type& type) {
     if (type.isNil()) return "Nil";
     std::string name = type.className;

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace host {
 
@@ -36,6 +37,9 @@ bool operator!=(const Type& a, const Type& b);
 
 // Returns the type of a name in any case: "double" and "Double" return Kind::real; an unknown name is a class.
 Type typeNamed(std::string_view name);
+
+// Returns the names of the types that are not classes, and Object.
+std::vector<std::string_view> typeNames();
 
 // Returns the type's spelling in the language: "Double()", "NSColorZRX", "Nil"; empty for Void.
 std::string nameOf(const Type& type);

@@ -1,7 +1,7 @@
 #include "repl/completion.h"
 
 #include "documentation/pages.h"
-#include "language/library/functions.h"
+#include "language/words.h"
 #include "text/letters.h"
 
 #include <algorithm>
@@ -53,8 +53,8 @@ Names membersOf(language::Session& session, std::string_view expression) {
     const auto [type, namedClass] = session.meaningOf(expression);
     if (namedClass) addMembers(*namedClass, true, names);
     if (type.isArray) {
-        for (std::string& name : language::Session::arrayMembers())
-            names.insert(std::move(name));
+        for (const language::ArrayMember& member : language::arrayMembers())
+            names.insert(std::string(member.name));
     }
     const ClassInfo* const info = type.is(Kind::object) && !type.isNil() ? registry().find(type.className) : nullptr;
     if (info) addMembers(*info, false, names);

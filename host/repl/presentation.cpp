@@ -1,7 +1,6 @@
 #include "repl/presentation.h"
 
-#include "language/library/object_text.h"
-#include "language/library/values.h"
+#include "language/presentation.h"
 
 #include "model/arrays.h"
 #include "model/classes.h"

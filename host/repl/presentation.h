@@ -1,7 +1,7 @@
 // How the prompt shows the value of an expression.
 #pragma once
 
-#include "language/running/frame.h"
+#include "language/presentation.h"
 #include "repl/swatch.h"
 
 #include <iosfwd>

@@ -10,12 +10,12 @@ namespace host {
 namespace {
 
 // Returns the number of edits (insert, delete, replace, swap two neighbours) between the names, or one more than to the
-// nearest beginning of `name`. A short name is like too many others: a replaced letter counts twice, and beginnings do not
-// count.
+// nearest beginning of `name`. A short name is like too many others: a replaced letter counts twice, in one of three letters
+// every edit but a swap does, and beginnings do not count.
 std::size_t distance(std::string_view wanted, std::string_view name) {
     constexpr std::size_t maxShort = 4;
     const bool isShort = wanted.size() <= maxShort;
-    const std::size_t replacing = isShort ? 2 : 1;
+    const std::size_t replacing = isShort ? 2 : 1, inserting = wanted.size() < maxShort ? 2 : 1;
     const auto same = [&](std::size_t i, std::size_t j) { return lower(wanted[i]) == lower(name[j]); };
     std::vector<std::size_t> beforeLast(name.size() + 1), last(name.size() + 1), row(name.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
@@ -24,7 +24,7 @@ std::size_t distance(std::string_view wanted, std::string_view name) {
         last.swap(row);
         row[0] = i + 1;
         for (std::size_t j = 0; j < name.size(); ++j) {
-            row[j + 1] = std::min({last[j] + (same(i, j) ? 0 : replacing), row[j] + 1, last[j + 1] + 1});
+            row[j + 1] = std::min({last[j] + (same(i, j) ? 0 : replacing), row[j] + inserting, last[j + 1] + inserting});
             if (i > 0 && j > 0 && same(i, j - 1) && same(i - 1, j)) row[j + 1] = std::min(row[j + 1], beforeLast[j - 1] + 1);
         }
     }

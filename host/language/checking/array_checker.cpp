@@ -3,42 +3,13 @@
 #include "language/reading/foreign_spellings.h"
 #include "language/running/array_operations.h"
 #include "language/running/operators.h"
+#include "language/words.h"
 
 #include "text/nearest_name.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace host::language {
-namespace {
-
-enum class Use { append, insert, remove, count, pop, reverse, sort, sortBy, indexOf, slice };
-struct ArrayMember {
-    const char* name;
-    Use use;
-    std::size_t fewest, most; // arguments
-    const char* takes;
-};
-constexpr ArrayMember arrayMembers[] = {{"Append", Use::append, 1, 1, "one element"},
-                                        {"Add", Use::append, 1, 1, "one element"},
-                                        {"Insert", Use::insert, 2, 2, "an index and an element"},
-                                        {"Remove", Use::remove, 1, 1, "one index"},
-                                        {"Count", Use::count, 0, 0, "no arguments"},
-                                        {"Pop", Use::pop, 0, 0, "no arguments"},
-                                        {"Reverse", Use::reverse, 0, 0, "no arguments"},
-                                        {"Sort", Use::sort, 0, 0, "no arguments"},
-                                        {"SortBy", Use::sortBy, 1, 1, "an array of keys"},
-                                        {"IndexOf", Use::indexOf, 1, 2, "an element and, perhaps, where to start"},
-                                        {"Slice", Use::slice, 1, 2, "an index and, perhaps, a count"}};
-
-} // namespace
-
-std::vector<std::string> arrayMemberNames() {
-    std::vector<std::string> names;
-    for (const ArrayMember& member : arrayMembers)
-        names.emplace_back(member.name);
-    return names;
-}
 
 Type united(const Type& a, const Type& b) {
     const Type variant = Type::plain(Kind::variant);
@@ -67,28 +38,29 @@ Operand ExpressionChecker::newArray(const Arguments& elements, const std::option
     return Operand::result(common.arrayOf(), makeArrayOf(common, std::move(codes)));
 }
 
-Operand ExpressionChecker::arrayBound(std::string_view name, const Arguments& arguments, Offset offset) {
+Operand ExpressionChecker::arrayBound(std::string_view name, Generic bound, const Arguments& arguments, Offset offset) {
     if (arguments.size() != 1) failCheck(offset, std::string(name) + " takes one array");
     Value array = value(*arguments.front());
     if (!array.type.isArray) failCheck(arguments.front()->offset, "this is of type " + nameOf(array.type) + ", no array");
     CodePtr code = upperBoundOf(std::move(array.code), offset);
-    if (name == "LBound") code = transform(std::move(code), [](Slot) { return Slot::ofInteger(0); });
+    if (bound == Generic::lowerBound) code = transform(std::move(code), [](Slot) { return Slot::ofInteger(0); });
     return Operand::result(Type::plain(Kind::integer), std::move(code));
 }
 
 Operand ExpressionChecker::arrayMember(Value array, const syntax::Name& name, const Arguments* arguments) {
-    const ArrayMember* const found =
-        std::find_if(std::begin(arrayMembers), std::end(arrayMembers),
-                     [&](const ArrayMember& member) { return equalIgnoringCase(name.text, member.name); });
-    if (found == std::end(arrayMembers)) {
+    const std::vector<ArrayMember>& members = arrayMembers();
+    const auto found = std::find_if(members.begin(), members.end(),
+                                    [&](const ArrayMember& member) { return equalIgnoringCase(name.text, member.name); });
+    if (found == members.end()) {
         NearestName nearest(name.text);
-        for (const ArrayMember& member : arrayMembers)
+        for (const ArrayMember& member : members)
             nearest.offer(member.name);
         failCheck(name.offset,
                   "an array has no member " + quoted(name.text) + remedyFor(Foreign::arrayMember, name.text, nearest));
     }
     const std::size_t given = arguments ? arguments->size() : 0;
-    if (given < found->fewest || given > found->most) failCheck(name.offset, quoted(name.text) + " takes " + found->takes);
+    if (given < found->fewest || given > found->most)
+        failCheck(name.offset, quoted(name.text) + " takes " + std::string(found->takes));
     const Type element = array.type.element();
     const Type integer = Type::plain(Kind::integer);
     const Offset offset = name.offset;
@@ -99,35 +71,35 @@ Operand ExpressionChecker::arrayMember(Value array, const syntax::Name& name, co
         if (!isOrdered(type)) failCheck(place, "elements of type " + nameOf(type) + " have no order");
     };
     switch (found->use) {
-    case Use::append: return Operand::result({}, appendToArray(std::move(array.code), argument(0, element), offset));
-    case Use::insert: {
+    case ArrayUse::append: return Operand::result({}, appendToArray(std::move(array.code), argument(0, element), offset));
+    case ArrayUse::insert: {
         CodePtr index = argument(0, integer);
         return Operand::result({}, insertIntoArray(std::move(array.code), std::move(index), argument(1, element), offset));
     }
-    case Use::remove: return Operand::result({}, removeFromArray(std::move(array.code), argument(0, integer), offset));
-    case Use::pop: return Operand::result(element, popFromArray(std::move(array.code), element, offset));
-    case Use::reverse: return Operand::result({}, reverseArray(std::move(array.code), offset));
-    case Use::sort: {
+    case ArrayUse::remove: return Operand::result({}, removeFromArray(std::move(array.code), argument(0, integer), offset));
+    case ArrayUse::pop: return Operand::result(element, popFromArray(std::move(array.code), element, offset));
+    case ArrayUse::reverse: return Operand::result({}, reverseArray(std::move(array.code), offset));
+    case ArrayUse::sort: {
         requireOrder(element, offset);
         return Operand::result({}, sortArray(std::move(array.code), nullptr, element, offset));
     }
-    case Use::sortBy: {
+    case ArrayUse::sortBy: {
         Value keys = value(*arguments->front());
         if (!keys.type.isArray) failCheck(arguments->front()->offset, "this is of type " + nameOf(keys.type) + ", no array");
         requireOrder(keys.type.element(), arguments->front()->offset);
         return Operand::result({}, sortArray(std::move(array.code), std::move(keys.code), keys.type.element(), offset));
     }
-    case Use::indexOf: {
+    case ArrayUse::indexOf: {
         CodePtr wanted = argument(0, element);
         return Operand::computed(
             integer, indexInArray(std::move(array.code), std::move(wanted), argument(1, integer), element, offset));
     }
-    case Use::slice: {
+    case ArrayUse::slice: {
         CodePtr start = argument(0, integer);
         return Operand::computed(
             array.type, sliceOfArray(std::move(array.code), std::move(start), argument(1, integer), element, offset));
     }
-    case Use::count: break;
+    case ArrayUse::count: break;
     }
     return Operand::computed(integer, transform(upperBoundOf(std::move(array.code), offset),
                                                 [](Slot bound) { return Slot::ofInteger(bound.integer + 1); }));

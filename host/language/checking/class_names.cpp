@@ -19,7 +19,7 @@ constexpr std::string_view objectName = "Object";
     for (const auto& info : registry().classes())
         nearest.offer(info->name());
     if (plainTypesToo) {
-        for (const std::string_view plain : {"Boolean", "Integer", "Double", "Color", "String", "Variant", "Object"})
+        for (const std::string_view plain : typeNames())
             nearest.offer(plain);
     }
     failCheck(name.offset, what + nearest.suggestion());

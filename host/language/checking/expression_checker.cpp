@@ -2,7 +2,7 @@
 
 #include "language/checking/class_names.h"
 #include "language/library/functions.h"
-#include "language/library/values.h"
+#include "language/presentation.h"
 #include "language/running/operators.h"
 
 #include "model/strings.h"

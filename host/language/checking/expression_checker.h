@@ -4,6 +4,7 @@
 #include "language/checking/operand.h"
 #include "language/checking/scopes.h"
 #include "language/reading/foreign_spellings.h"
+#include "language/reading/keywords.h"
 #include "language/reading/syntax.h"
 #include "language/running/control_flow.h"
 #include "language/running/procedures.h"
@@ -12,9 +13,6 @@
 #include "text/nearest_name.h"
 
 namespace host::language {
-
-// The members of every array.
-std::vector<std::string> arrayMemberNames();
 
 class ExpressionChecker {
 public:
@@ -108,7 +106,7 @@ private:
 
     // Arrays (array_checker.cpp).
     Operand newArray(const Arguments& elements, const std::optional<Type>& elementType);
-    Operand arrayBound(std::string_view name, const Arguments& arguments, Offset offset);
+    Operand arrayBound(std::string_view name, Generic bound, const Arguments& arguments, Offset offset);
     Operand arrayMember(Value array, const syntax::Name& name, const Arguments* arguments);
     Operand element(Value array, const Arguments& arguments, Offset offset);
 

@@ -1,19 +1,12 @@
 // Names that stand alone: functions, procedures, and what was meant by one that nothing has.
 #include "language/checking/expression_checker.h"
-#include "language/library/functions.h"
 #include "language/reading/foreign_spellings.h"
-#include "language/reading/lexer.h"
+#include "language/reading/keywords.h"
+#include "language/words.h"
 
 #include "text/nearest_name.h"
 
 namespace host::language {
-namespace {
-
-constexpr std::string_view upperBoundName = "UBound";
-constexpr std::string_view lowerBoundName = "LBound";
-constexpr std::string_view newArrayName = "Array";
-
-} // namespace
 
 ClassInfo* ExpressionChecker::classNamedBy(const syntax::Expression& expression) const {
     const auto* const identifier = std::get_if<syntax::Identifier>(&expression.form);
@@ -28,15 +21,13 @@ void ExpressionChecker::failUnknownName(std::string_view name, Offset offset, bo
     if (!called) scopes_.offerNames(nearest);
     for (const auto& entry : procedures_.visible())
         nearest.offer(entry.first);
-    for (const Method& method : functions())
-        nearest.offer(method.signature.name);
-    nearest.offer(upperBoundName);
-    nearest.offer(lowerBoundName);
-    nearest.offer(newArrayName);
+    for (const Word& word : words())
+        if (word.kind == WordKind::function || word.kind == WordKind::generic) nearest.offer(word.name);
     if (called) scopes_.offerNames(nearest);
     for (const auto& info : registry().classes())
         nearest.offer(info->name());
-    offerKeywords(name, nearest);
+    for (const Word& word : words())
+        nearest.offer(word.name);
     failCheck(offset, what + nearest.suggestion());
 }
 
@@ -68,9 +59,9 @@ void ExpressionChecker::requireVariable(const syntax::Name& name, std::string_vi
 
 Operand ExpressionChecker::function(std::string_view name, const Arguments& arguments, Offset offset) {
     if (const OverloadSet own = procedures_.find(name); !own.empty()) return callProcedure(own, arguments, offset);
-    if (equalIgnoringCase(name, upperBoundName)) return arrayBound(upperBoundName, arguments, offset);
-    if (equalIgnoringCase(name, lowerBoundName)) return arrayBound(lowerBoundName, arguments, offset);
-    if (equalIgnoringCase(name, newArrayName)) return newArray(arguments, std::nullopt);
+    const Generic generic = genericOf(name);
+    if (generic == Generic::newArray) return newArray(arguments, std::nullopt);
+    if (generic != Generic::none) return arrayBound(name, generic, arguments, offset);
     const OverloadSet overloads = findFunctions(name);
     if (overloads.empty()) failUnknownName(name, offset, !arguments.empty());
     return callOne(overloads.front()->signature.name, overloads, nullptr, &arguments, offset);
@@ -79,7 +70,7 @@ Operand ExpressionChecker::function(std::string_view name, const Arguments& argu
 bool ExpressionChecker::makesArray(const syntax::Expression& expression) const {
     const auto* const call = std::get_if<syntax::Call>(&expression.form);
     const auto* const callee = call ? std::get_if<syntax::Identifier>(&call->callee->form) : nullptr;
-    return callee && equalIgnoringCase(callee->name, newArrayName) && !scopes_.find(callee->name) &&
+    return callee && genericOf(callee->name) == Generic::newArray && !scopes_.find(callee->name) &&
            procedures_.find(callee->name).empty();
 }
 

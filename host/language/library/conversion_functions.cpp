@@ -1,6 +1,6 @@
 #include "language/library/conversion_functions.h"
 
-#include "language/library/values.h"
+#include "language/presentation.h"
 
 #include "model/conversions.h"
 #include "text/literals.h"

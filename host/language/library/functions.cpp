@@ -2,7 +2,7 @@
 
 #include "language/library/conversion_functions.h"
 #include "language/library/mathematics.h"
-#include "language/library/object_text.h"
+#include "language/library/object_color.h"
 #include "language/library/process.h"
 #include "language/library/program_arguments.h"
 #include "language/library/text_functions.h"

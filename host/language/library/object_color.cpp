@@ -1,5 +1,5 @@
 // The colour of a colour object, through the members of its class.
-#include "language/library/object_text.h"
+#include "language/library/object_color.h"
 
 #include "model/classes.h"
 #include "model/exceptions.h"

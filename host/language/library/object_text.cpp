@@ -1,4 +1,4 @@
-#include "language/library/object_text.h"
+#include "language/presentation.h"
 
 #include "model/classes.h"
 #include "model/exceptions.h"

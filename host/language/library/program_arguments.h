@@ -8,7 +8,8 @@
 
 namespace host::language {
 
-void setProgramArguments(std::vector<std::string> arguments); // UTF-8; none before
+// In UTF-8; none until somebody sets them.
+std::vector<std::string>& givenArguments();
 
 // The function Arguments: a bound function, whose result belongs to the caller.
 Array* programArguments();

@@ -1,6 +1,4 @@
-#include "language/library/values.h"
-
-#include "language/library/object_text.h"
+#include "language/presentation.h"
 
 #include "model/arrays.h"
 #include "model/interruption.h"

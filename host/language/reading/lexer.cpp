@@ -1,6 +1,7 @@
 #include "language/reading/lexer.h"
 
 #include "language/reading/foreign_spellings.h"
+#include "language/reading/keywords.h"
 
 #include "text/letters.h"
 #include "text/literals.h"
@@ -11,71 +12,6 @@
 namespace host::language {
 namespace {
 
-struct KeywordName {
-    std::string_view name;
-    Keyword keyword;
-};
-
-constexpr KeywordName keywords[] = {
-    {"And", Keyword::andOperator},
-    {"As", Keyword::as},
-    {"ByRef", Keyword::byRef},
-    {"ByVal", Keyword::byVal},
-    {"Case", Keyword::caseBranch},
-    {"Catch", Keyword::catchBlock},
-    {"Const", Keyword::constant},
-    {"Continue", Keyword::continueLoop},
-    {"Dim", Keyword::dim},
-    {"Do", Keyword::doLoop},
-    {"DownTo", Keyword::downTo},
-    {"Each", Keyword::each},
-    {"Else", Keyword::elseBranch},
-    {"ElseIf", Keyword::elseIf},
-    {"End", Keyword::end},
-    {"Exit", Keyword::exit},
-    {"False", Keyword::falseValue},
-    {"Finally", Keyword::finally},
-    {"For", Keyword::forLoop},
-    {"Function", Keyword::function},
-    {"If", Keyword::ifBranch},
-    {"In", Keyword::in},
-    {"Is", Keyword::is},
-    {"Loop", Keyword::loop},
-    {"Mod", Keyword::mod},
-    {"New", Keyword::newObject},
-    {"Next", Keyword::next},
-    {"Nil", Keyword::nil},
-    {"Not", Keyword::notOperator},
-    {"Optional", Keyword::optional},
-    {"Or", Keyword::orOperator},
-    {"ParamArray", Keyword::paramArray},
-    {"Print", Keyword::print},
-    {"Raise", Keyword::raise},
-    {"ReDim", Keyword::reDim},
-    {"Return", Keyword::returnFrom},
-    {"Select", Keyword::select},
-    {"Step", Keyword::step},
-    {"Sub", Keyword::sub},
-    {"Then", Keyword::then},
-    {"To", Keyword::to},
-    {"True", Keyword::trueValue},
-    {"Try", Keyword::tryBlock},
-    {"TypeOf", Keyword::typeOf},
-    {"Until", Keyword::until},
-    {"Wend", Keyword::wend},
-    {"While", Keyword::whileLoop},
-    {"Write", Keyword::write},
-    {"Xor", Keyword::xorOperator},
-};
-
-Keyword keywordOf(std::string_view name) {
-    constexpr std::size_t maxLength = 10;
-    if (name.size() > maxLength) return Keyword::none;
-    for (const KeywordName& entry : keywords)
-        if (equalIgnoringCase(name, entry.name)) return entry.keyword;
-    return Keyword::none;
-}
-
 [[noreturn]] void fail(std::size_t offset, std::string message) {
     throw SyntaxError{static_cast<Offset>(offset), std::move(message)};
 }
@@ -85,25 +21,6 @@ Keyword keywordOf(std::string_view name) {
 }
 
 } // namespace
-
-std::vector<std::string_view> keywordNames() {
-    std::vector<std::string_view> names;
-    for (const KeywordName& entry : keywords)
-        names.push_back(entry.name);
-    return names;
-}
-
-void offerKeywords(std::string_view name, NearestName& nearest) {
-    constexpr std::size_t minMisspelt = 4;
-    const auto letters = [](std::string_view word) {
-        std::string sorted(word);
-        std::transform(sorted.begin(), sorted.end(), sorted.begin(), lower);
-        std::sort(sorted.begin(), sorted.end());
-        return sorted;
-    };
-    for (const KeywordName& entry : keywords)
-        if (name.size() >= minMisspelt || letters(name) == letters(entry.name)) nearest.offer(entry.name);
-}
 
 Lexer::Lexer(std::string_view text, Offset start) : text_(text), position_(start) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";

@@ -4,19 +4,10 @@
 #include "language/reading/diagnostics.h"
 #include "language/reading/token.h"
 
-#include "text/nearest_name.h"
-
 #include <optional>
 #include <vector>
 
 namespace host::language {
-
-// The keywords as they are usually written.
-std::vector<std::string_view> keywordNames();
-
-// Offers the keywords that the name may be a misspelling of. A short name is like too many: of those it must have the
-// letters.
-void offerKeywords(std::string_view name, NearestName& nearest);
 
 class Lexer {
 public:

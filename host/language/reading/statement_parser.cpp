@@ -1,8 +1,10 @@
 #include "language/reading/statement_parser.h"
 
 #include "language/reading/foreign_spellings.h"
+#include "language/words.h"
 
 #include "model/types.h"
+#include "text/nearest_name.h"
 
 #include <utility>
 
@@ -76,7 +78,8 @@ std::string StatementParser::foreignStart(Offset start) const {
         const bool followed = again.peek().keyword != Keyword::none || tokens_.peek().keyword != Keyword::none;
         if (first.kind != TokenKind::name || first.keyword != Keyword::none || !followed) return {};
         NearestName nearest(first.text);
-        offerKeywords(first.text, nearest);
+        for (const Word& word : words())
+            if (word.kind == WordKind::statement) nearest.offer(word.name);
         if (!nearest.name().empty()) return message + nearest.suggestion();
     } catch (const SyntaxError&) { // the one that was met
     }

@@ -1,6 +1,6 @@
 #include "language/running/array_operations.h"
 
-#include "language/library/values.h"
+#include "language/presentation.h"
 
 #include "model/arrays.h"
 #include "model/interruption.h"

@@ -4,6 +4,7 @@
 // released and autoreleased native objects go.
 #pragma once
 
+#include "language/presentation.h"
 #include "language/reading/source.h"
 
 #include "model/classes.h"
@@ -79,13 +80,6 @@ struct VariablePlace {
     enum class Storage : std::uint8_t { program, procedure, byReference };
     Storage storage = Storage::program;
     std::uint32_t index = 0;
-};
-
-// Whoever has the value of an expression typed at a prompt.
-class Presenter {
-public:
-    virtual ~Presenter() = default;
-    virtual void present(const Type& type, Slot value) = 0; // borrowed
 };
 
 // What all calls of a running program share.

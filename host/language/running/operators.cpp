@@ -1,6 +1,6 @@
 #include "language/running/operators.h"
 
-#include "language/library/values.h"
+#include "language/presentation.h"
 #include "language/running/frame.h"
 
 #include "model/classes.h"

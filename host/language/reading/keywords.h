@@ -1,0 +1,17 @@
+// The keywords and the generic functions among the words of the language.
+#pragma once
+
+#include "language/reading/token.h"
+#include "language/words.h"
+
+namespace host::language {
+
+// Returns the keyword of the name, without regard to case; none if there is none.
+Keyword keywordOf(std::string_view name);
+
+enum class Generic : std::uint8_t { none, newArray, upperBound, lowerBound };
+
+// Returns the generic function of the name, without regard to case; none if there is none.
+Generic genericOf(std::string_view name);
+
+} // namespace host::language
