@@ -200,7 +200,9 @@ void writeReference(const Registry& registry, std::string_view className, std::o
 void writeReference(const Registry& registry, std::ostream& out) {
     const std::vector<ClassPage> pages = pagesOf(registry);
     out << "# Reference\n\nEvery class that a program sees, each member as it is declared, and every function and other word of the\n"
-           "language. `chromahost browse NAME` shows the same in a terminal, and `chromahost browse --markdown` writes this page.\n\n";
+           "language. `chromahost browse NAME` shows the same in a terminal, and `chromahost browse --markdown` writes this page.\n\n"
+           "The members of the colour classes are described as the builtin platform implements them, which follows macOS up to\n"
+           "10.14. [Platforms](platforms.md) lists what GNUstep and today's macOS do differently.\n\n";
     for (const ClassPage& page : pages)
         out << "- [" << page.info->name() << "](#" << page.info->name() << "): " << page.text << '\n';
     out << "- [Functions](#functions)\n- [Statements, operators and types](#statements-operators-and-types)\n";

@@ -68,6 +68,29 @@ TEST_F(Color, IsMadeOnceAndComesBackAsItsObject) {
     }
 }
 
+// As on systems where a small colour is a tagged pointer.
+TEST_F(Color, TwoConstructorsOfOneNativeColorMakeTwoObjects) {
+    static id only;
+    only = native::sendClass("NSColor", "colorWithCalibratedRed:green:blue:alpha:", CGFloat(1), CGFloat(0), CGFloat(0),
+                             CGFloat(1));
+    native::replace(
+        native::metaclass("NSColor"),
+        "colorWithCalibratedRed:green:blue:alpha:", +[](id, SEL, CGFloat, CGFloat, CGFloat, CGFloat) { return only; });
+    const NSUInteger before = native::retainCount(only);
+    for (const bool firstLives : {false, true}) {
+        REALobjectStruct *const first = rgb(1, 0, 0), *const second = rgb(1, 0, 0);
+        ASSERT_NE(first, second);
+        EXPECT_EQ(nativeObject(first), nativeObject(second));
+        EXPECT_EQ(Reference(NewNSColorZRX(only)), second); // which was entered last
+        foreign::unlock(firstLives ? second : first);
+        const Reference rest(firstLives ? first : second);
+        EXPECT_EQ(registered(), firstLives ? 0 : 1);
+        EXPECT_EQ(Reference(NewNSColorZRX(only)).get() == rest.get(), !firstLives);
+        EXPECT_EQ(componentsOf(rest), (Components{1, 0, 0, 1}));
+    }
+    EXPECT_EQ(native::retainCount(only), before);
+}
+
 // What a platform wrote before it raised counts only where the reading goes on with the colour converted, each in its way.
 TEST_F(Color, ReadInPartsIsZeroUnlessItWasConverted) {
     const Reference object(rgb(1.0, 1.0, 1.0));
