@@ -99,7 +99,8 @@ ENTRIES = {
     b"REALSetStringEncoding": CFUNCTYPE(None, c_void_p, c_uint32)(
         lambda string, encoding: setattr(values[string], "encoding", encoding)),
     b"REALSetPropValueString": CFUNCTYPE(None, c_void_p, c_char_p, c_void_p)(
-        lambda exception, name, string: setattr(values[exception], "text", values[string].text if string else b"")),
+        lambda exception, name, string: name == b"Message" and setattr(
+            values[exception], "text", values[string].text if string else b"")),
     b"RuntimeRaiseException": CFUNCTYPE(None, c_void_p)(lambda exception: (lock(exception), pending.append(exception))),
 }
 

@@ -55,15 +55,25 @@ struct Checks {
         const auto set = host.entry(entries::REALSetPropValueString);
         const auto get = host.entry(entries::REALGetPropValueString);
         if (!object || !set || !strings.areUsable()) return;
-        REALstringStruct* const text = strings.of("a message");
-        set(object, "Message", text);
-        strings.drop(text);
+        const auto setTo = [&](const char* property, const std::string& bytes) {
+            REALstringStruct* const text = strings.of(bytes);
+            set(object, property, text);
+            strings.drop(text);
+        };
+        const auto expect = [&](const std::string& message, const std::string& when) {
+            REALstringStruct* found = nullptr;
+            report.expect(get(object, "Message", &found) == 1, "does not return 1 for the property Message");
+            const std::string read = strings.bytesOf(found);
+            report.expect(read == message, "the Message is \"" + read + "\" instead of \"" + message + "\" " + when);
+            strings.drop(found);
+        };
+        setTo("Message", "a message");
+        if (get) expect("a message", "after it was set");
+        setTo("ChromaUnknownProperty", "another");
+        if (get) expect("a message", "after an unknown property was set");
+        set(object, "Message", nullptr);
         if (!get) return;
-        REALstringStruct* found = nullptr;
-        report.expect(get(object, "Message", &found) == 1, "does not return 1 for the property Message");
-        const std::string read = strings.bytesOf(found);
-        report.expect(read == "a message", "reads \"" + read + "\" from a Message that was set to \"a message\"");
-        strings.drop(found);
+        expect("", "after it was set to null");
         REALstringStruct* untouched = nullptr;
         report.expect(get(object, "ChromaNoSuchProperty", &untouched) == 0, "finds a property that does not exist");
     }

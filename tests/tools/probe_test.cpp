@@ -122,7 +122,17 @@ const Case cases[] = {
      "REALUnlockString: does not free the string"},
     {"LostMessage", "REALSetPropValueString",
      fault<REALSetPropValueStringProc>([](REALobjectStruct*, const char*, REALstringStruct*) {}),
-     "REALSetPropValueString: reads \"\""},
+     "REALSetPropValueString: the Message is \"\" instead of \"a message\" after it was set"},
+    {"EveryPropertyIsTheMessage", "REALSetPropValueString",
+     fault<REALSetPropValueStringProc>([](REALobjectStruct* object, const char*, REALstringStruct* value) {
+         proper<REALSetPropValueStringProc>("REALSetPropValueString")(object, "Message", value);
+     }),
+     "REALSetPropValueString: the Message is \"another\" instead of \"a message\" after an unknown property"},
+    {"IgnoredNullMessage", "REALSetPropValueString",
+     fault<REALSetPropValueStringProc>([](REALobjectStruct* object, const char* name, REALstringStruct* value) {
+         if (value) proper<REALSetPropValueStringProc>("REALSetPropValueString")(object, name, value);
+     }),
+     "REALSetPropValueString: the Message is \"a message\" instead of \"\" after it was set to null"},
     {"InventedProperty", "REALGetPropValueString",
      fault<REALGetPropValueStringProc>([](REALobjectStruct*, const char*, REALstringStruct**) -> HostBoolean { return 1; }),
      "REALGetPropValueString: finds a property"},
