@@ -11,7 +11,8 @@
  *   2. During that call the plugin uses the resolver to look up the entry points of the host by name. It reads the host's
  *      version (REALGetRBVersion), announces a control version (RegisterPluginVersion), and registers its class records
  *      (PluginRegisterClass).
- *   3. From then on the plugin runs only when the host calls a function of a class record.
+ *   3. From then on the plugin runs only when the host calls a function of a class record. It may look up more entry points
+ *      then, so the resolver stays valid.
  *   4. The library stays loaded until the process exits.
  *
  * RULES FOR BOTH SIDES
@@ -35,10 +36,10 @@
  * null: locking and unlocking do nothing, and functions return null or 0.
  *
  * Exceptions. RuntimeRaiseException records an exception and returns. The plugin function then returns its null result
- * (null, 0, 0.0), and the host raises the recorded exception in host code. A host creates these classes by name:
- * "RuntimeException", "OutOfBoundsException", "OutOfMemoryException", "NilObjectException", "IllegalCastException",
- * "UnsupportedOperationException". A plugin uses "RuntimeException" where the host does not have one of the others. It sets
- * the properties "Message" (a string) and "ErrorNumber" (32 bits) of the new exception.
+ * (null, 0, 0.0), and the host raises the recorded exception in host code: the first one if there are several. A host
+ * creates these classes by name: "RuntimeException", "OutOfBoundsException", "OutOfMemoryException", "NilObjectException",
+ * "IllegalCastException", "UnsupportedOperationException". A plugin uses "RuntimeException" where the host does not have one
+ * of the others. It sets the properties "Message" (a string) and "ErrorNumber" (32 bits) of the new exception.
  *
  * C++ exceptions. Entry points do not throw, and a plugin may rely on this. The plugins of this family tolerate entry points
  * that throw: such an exception propagates out of the plugin function, which has released everything it held. Three kinds
