@@ -129,6 +129,7 @@ TEST_F(Strings, AreWrittenWhereTheyFit) {
     EXPECT_STREQ(buffer, "");
     EXPECT_TRUE(CFStringGetCString(string("abc"), buffer, 4, macRoman));
     EXPECT_STREQ(buffer, "abc");
+    EXPECT_EQ(buffer[4], 'a') << "nothing is written past the end";
     EXPECT_FALSE(CFStringGetCString(string("abc"), buffer, 3, utf8));
     EXPECT_STREQ(buffer, "");
     EXPECT_FALSE(CFStringGetCString(fromUnits(u""), buffer, 0, utf8));

@@ -259,13 +259,23 @@ TEST_F(Objects, ASiblingThatFailsIsNotAskedAgain) {
 using FirstUse = SiblingTest;
 
 TEST_F(FirstUse, AsksTheSiblingOnceBeforeAnythingElseOfThePlatform) {
-    const std::string asking = "respondsToSelector: GetInstancesDictionaryZRX respondsToSelector: PrepareNSExceptionZRX";
-    const auto listSpaces = [] { foreign::unlock(colorspace::availableColorSpacesWithModel(99)); };
-    const std::string first = traceOf(listSpaces);
-    ASSERT_NE(first.find(asking), std::string::npos) << first;
-    EXPECT_EQ(first.substr(0, first.find(asking)).find("olor"), std::string::npos) << first;
-    EXPECT_EQ(traceOf(listSpaces).find("ZRX respondsTo"), std::string::npos);
-    host.takeRaised(); // not every platform lists spaces
-    EXPECT_EQ(native::Sibling::registryRequests, 1);
+    int count = 0;
+    std::string asking = "respondsToSelector: GetInstancesDictionaryZRX respondsToSelector: PrepareNSExceptionZRX";
+    for (const auto use : std::initializer_list<void (*)()>{
+             [] { foreign::unlock(foreign::make("NSColorZRX")); }, [] { foreign::unlock(foreign::make("NSColorListZRX")); },
+             [] { foreign::unlock(foreign::make("NSColorSpaceZRX")); }, [] { foreign::unlock(color::getblackColor()); },
+             [] { foreign::unlock(colorspace::getgenericRGBColorSpace()); },
+             [] { EXPECT_EQ(colorspace::ColorSpaceWithICCProfileData(nullptr), nullptr); },
+             [] { foreign::unlock(colorspace::availableColorSpacesWithModel(99)); }}) {
+        CocoaInited = false; // as in a new process, but the sibling is prepared only once
+        instances = nullptr;
+        const std::string first = traceOf(use);
+        ASSERT_NE(first.find(asking), std::string::npos) << first;
+        EXPECT_EQ(first.substr(0, first.find(asking)).find("olor"), std::string::npos) << first;
+        EXPECT_EQ(traceOf(use).find("ZRX respondsTo"), std::string::npos);
+        asking = "respondsToSelector: GetInstancesDictionaryZRX";
+        EXPECT_EQ(native::Sibling::registryRequests, ++count);
+        host.takeRaised(); // not every platform lists spaces
+    }
     EXPECT_EQ(native::Sibling::preparations, 1);
 }
