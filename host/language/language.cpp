@@ -1,9 +1,9 @@
 #include "language/language.h"
 
 #include "language/checking/checker.h"
-#include "language/library/process.h"
 #include "language/library/program_arguments.h"
 #include "language/running/run.h"
+#include "model/interruption.h"
 #include "text/terminal.h"
 
 #include <array>
@@ -84,7 +84,7 @@ std::vector<Problem> problemsIn(const std::string& text) {
 }
 
 void setProgramArguments(std::vector<std::string> arguments) { givenArguments() = std::move(arguments); }
-void interrupt() { process::interruptWanted = 1; }
+void interrupt() { interruptWanted = 1; }
 bool wasInterrupted() { return detail::lastWasInterrupted; }
 
 int runFile(const std::string& path) {

@@ -2,7 +2,7 @@
 #include "language/checking/class_names.h"
 #include "language/checking/flow.h"
 #include "language/checking/statement_checker.h"
-#include "language/library/values.h"
+#include "language/presentation.h"
 
 namespace host::language {
 namespace {
