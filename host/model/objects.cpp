@@ -1,11 +1,11 @@
 #include "model/objects.h"
 
+#include "model/checked_memory.h"
 #include "model/classes.h"
 #include "model/handles.h"
 #include "model/storage.h"
 #include "model/strings.h"
 
-#include <cstdlib>
 #include <new>
 #include <vector>
 
@@ -31,9 +31,9 @@ bool postpone(Object* object) {
 } // namespace
 
 Object* newObject(ClassInfo& info) {
-    void* const memory = std::calloc(1, REALinstanceDataOffset + info.instanceSize());
-    if (!memory) return nullptr;
-    Object* const object = new (memory) Object{&info, 1, Slot()};
+    void* const block = memory::allocateZeroed(REALinstanceDataOffset + info.instanceSize());
+    if (!block) return nullptr;
+    Object* const object = new (block) Object{&info, 1, Slot()};
     ++liveObjects;
     ++info.liveObjects;
     info.construct(object);
@@ -52,7 +52,7 @@ void destroyNested(Object* object) {
     info.destruct(object);
     --liveObjects;
     --info.liveObjects;
-    std::free(object);
+    memory::release(object);
 }
 
 void destroyObject(Object* object) {

@@ -1,5 +1,6 @@
 #include "model/strings.h"
 
+#include "model/checked_memory.h"
 #include "model/platform.h"
 #include "model/storage.h"
 #include "text/letters.h"
@@ -7,7 +8,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <limits>
 #include <new>
 #include <vector>
@@ -85,9 +85,9 @@ String* newStringWithRoom(std::string_view first, std::string_view second, Encod
     const std::size_t length = first.size() + second.size();
     if (length == 0 || length > maxLength) return nullptr;
     const std::size_t capacity = std::min(before + length + behind, maxLength);
-    void* const memory = std::malloc(besideText + capacity);
-    if (!memory) return nullptr;
-    auto* const string = new (memory) String{1, {}, encoding, static_cast<std::int32_t>(capacity), 0, 0, nullptr};
+    void* const block = memory::allocate(besideText + capacity);
+    if (!block) return nullptr;
+    auto* const string = new (block) String{1, {}, encoding, static_cast<std::int32_t>(capacity), 0, 0, nullptr};
     const std::size_t front = std::min(before, capacity - length);
     setText(string, front, length);
     if (!first.empty()) std::memcpy(textIn(string), first.data(), first.size());
@@ -130,8 +130,10 @@ void unlock(String* string) {
     if (!string || --string->references != 0 || keepsAllStrings) return;
     --liveStrings;
     forgetWalk(string);
-    std::free(string);
+    memory::release(string);
 }
+
+std::int32_t referencesOf(const String* string) { return string->references; }
 
 void keepAllStrings() { keepsAllStrings = true; }
 

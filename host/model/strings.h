@@ -35,6 +35,9 @@ String* newString(std::string_view bytes, Encoding encoding = encoding::utf8);
 void lock(String* string);
 void unlock(String* string);
 
+// Returns the number of references to a string that is not null.
+std::int32_t referencesOf(const String* string);
+
 // From now on no string is destroyed; see keepAllObjects.
 void keepAllStrings();
 
