@@ -17,7 +17,8 @@ namespace {
 using namespace host::commands;
 
 constexpr const char* footer = R"(
-Exit codes: 0 success, 1 a failure that stderr explains, 2 wrong usage, 3 leaks found. Interrupted, it ends by the signal.
+Exit codes: 0 success, 1 a failure that stderr explains, 2 wrong usage, 3 leaks found, 4 nothing tested by validate.
+Interrupted, it ends by the signal.
 
 Examples:
   chromahost run -e 'Print NSColorZRX.redColor.redComponent'
@@ -214,13 +215,14 @@ private:
     }
 
     void addValidate() {
-        CLI::App* const command = add("validate", "Hold a plugin against the contract, each promise in a process of its own",
+        CLI::App* const command = add("validate", "Check a plugin against the contract, in child processes",
                                       "  chromahost validate ./libmine.so\n"
                                       "  chromahost validate --list\n"
                                       "  chromahost validate ./libmine.so --only null-receivers --only balance\n"
-                                      "  chromahost validate ./libmine.so --json",
+                                      "  chromahost validate ./libmine.so --skip host-exceptions --junit > report.xml\n"
+                                      "  gdb --args chromahost validate ./libmine.so --call Mine.length/1 --in-process",
                                       [this] {
-                                          refuse("validate", {"--without", "--host-version"});
+                                          if (validating_.call.empty()) refuse("validate", {"--without", "--host-version"});
                                           if (start_.plugins.size() + (validating_.plugin.empty() ? 0 : 1) > 1)
                                               throw std::invalid_argument("validate takes one plugin");
                                           return validate(start_, validating_);
@@ -229,8 +231,20 @@ private:
             command->add_option("PLUGIN", validating_.plugin, "The plugin library, by default the bundled one");
         mustNotBeEmpty(plugin);
         mayRepeat(command->add_option("--only", validating_.only, "Only the check of this name; may be repeated"), "NAME");
-        command->add_flag("--list", validating_.list, "List the checks and what they hold the plugin to")->excludes(plugin);
-        command->add_flag("--json", validating_.json, "As JSON");
+        mayRepeat(command->add_option("--skip", validating_.skip, "Not the check of this name; may be repeated"), "NAME");
+        command->add_option("--timeout", validating_.timeout, "How long one call may take; ten minutes is the limit for all")
+            ->type_name("SECONDS")
+            ->check(CLI::Range(0.001, 600.0).description(""))
+            ->capture_default_str();
+        CLI::Option* const call =
+            command
+                ->add_option("--call", validating_.call,
+                             "Only call this function, Class.member/COUNT, with every kind of argument")
+                ->type_name("FUNCTION");
+        command->add_flag("--in-process", validating_.inProcess, "Call it in this process, for a debugger")->needs(call);
+        command->add_flag("--list", validating_.list, "List the checks and what they demand")->excludes(plugin);
+        CLI::Option* const json = command->add_flag("--json", validating_.json, "As JSON")->excludes(call);
+        command->add_flag("--junit", validating_.junit, "As XML in the form of JUnit")->excludes(json)->excludes(call);
         addSibling(command);
     }
 
@@ -256,7 +270,7 @@ private:
         Word word = {name, option.get_description(), {}, takesValue, name};
         if (isNamed && takesValue) word.form += " " + option.get_type_name();
         if (name == "--without") word.values = host::entryNames();
-        if (name == "--only") word.values = checkNames();
+        if (name == "--only" || name == "--skip") word.values = checkNames();
         if (name == "--format") word.values = {"svg", "png", "text"};
         return word;
     }

@@ -9,7 +9,7 @@
 
 namespace host::commands {
 
-enum ExitCode { success = 0, failure = 1, usage = 2, leaked = 3 };
+enum ExitCode { success = 0, failure = 1, usage = 2, leaked = 3, nothingTested = 4 };
 
 // The host that a command works in.
 struct Start {
@@ -65,10 +65,16 @@ int swatches(const Start& start, const SwatchesOptions& options);
 struct ValidateOptions {
     std::string plugin;            // empty: the bundled one
     std::vector<std::string> only; // names of checks; none: all
+    std::vector<std::string> skip; // names of checks
+    double timeout = 10;           // seconds for one call
+    std::string call;              // a function, "Class.member/0", to call instead; empty: none
+    bool inProcess = false;        // calls it in this process
     bool list = false;             // the checks, and none is run
     bool json = false;
+    bool junit = false;
 };
-// Holds a plugin against the contract; a failure when it breaks a promise.
+// Checks a plugin against the contract. Returns failure for a breach, and nothingTested if nothing of its classes was
+// tested.
 int validate(const Start& start, const ValidateOptions& options);
 std::vector<std::string> checkNames();
 

@@ -29,7 +29,9 @@ void writeTerms(const std::vector<Word>& words) {
 }
 
 constexpr const char* ending = R"(.SH EXIT STATUS
-0 success, 1 a failure that the standard error explains, 2 wrong usage, 3 leaks found. An interrupted program ends by the signal.
+0 success, 1 a failure that the standard error explains, 2 wrong usage, 3 leaks found, 4 nothing tested by
+.BR validate .
+An interrupted program ends by the signal.
 .SH ENVIRONMENT
 .TP
 .B NO_COLOR

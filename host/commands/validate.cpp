@@ -1,83 +1,86 @@
 #include "commands/commands.h"
 
+#include "commands/validation_report.h"
 #include "model/plugin.h"
 #include "text/json.h"
 #include "text/nearest_name.h"
-#include "validator/validator.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <iomanip>
 #include <iostream>
-#include <sstream>
 #include <stdexcept>
 
 namespace host::commands {
 namespace {
 
 using validator::Check;
-using Json = nlohmann::ordered_json;
+using validator::Result;
+using Clock = std::chrono::steady_clock;
 
-std::string suggestion(const std::string& name) {
+constexpr std::chrono::minutes longest{10}; // for one plugin
+
+void requireCheck(const std::string& name) {
     NearestName nearest(name);
-    for (const Check& check : validator::checks())
+    for (const Check& check : validator::checks()) {
+        if (name == check.name) return;
         nearest.offer(check.name);
-    return nearest.suggestion();
+    }
+    throw std::invalid_argument("there is no check \"" + name + "\"" + nearest.suggestion() +
+                                " (validate --list shows all)");
 }
 
-std::vector<const Check*> chosen(const std::vector<std::string>& names) {
+std::vector<const Check*> chosen(const ValidateOptions& options) {
+    for (const std::vector<std::string>* names : {&options.only, &options.skip})
+        std::for_each(names->begin(), names->end(), requireCheck);
+    const auto isIn = [](const std::vector<std::string>& names, const Check& check) {
+        return std::count(names.begin(), names.end(), check.name) > 0;
+    };
     std::vector<const Check*> found;
     for (const Check& check : validator::checks())
-        if (names.empty() || std::count(names.begin(), names.end(), check.name) > 0) found.push_back(&check);
-    for (const std::string& name : names) {
-        if (std::none_of(found.begin(), found.end(), [&](const Check* check) { return name == check->name; })) {
-            throw std::invalid_argument("there is no check \"" + name + "\"" + suggestion(name) +
-                                        " (validate --list tells them)");
-        }
-    }
+        if ((options.only.empty() || isIn(options.only, check)) && !isIn(options.skip, check)) found.push_back(&check);
+    if (found.empty()) throw std::invalid_argument("--only and --skip leave no check");
     return found;
 }
 
-// Its processes run in other folders, and it does not stand beside itself: the two bundled plugins stand beside each other.
-validator::Trial trialOf(const Start& start, const std::string& named) {
+// With the absolute path, since the child processes run in other folders. The two bundled plugins are loaded with each
+// other.
+validator::Trial trialOf(const Start& start, const ValidateOptions& options) {
     std::error_code error;
     const std::string bundled = start.plugins.empty() ? bundledPlugin("libchromabridge.so") : start.plugins.front();
-    const std::string plugin = named.empty() ? bundled : named;
+    const std::string plugin = options.plugin.empty() ? bundled : options.plugin;
     const std::string sibling = bundledPlugin("libchromasibling.so");
     const bool isSibling = std::filesystem::equivalent(plugin, sibling, error);
-    const std::string beside = isSibling ? bundledPlugin("libchromabridge.so") : sibling;
+    const std::string other = isSibling ? bundledPlugin("libchromabridge.so") : sibling;
     const bool isFile = std::filesystem::exists(plugin, error);
-    return {isFile ? std::filesystem::absolute(plugin, error).string() : plugin, start.noSibling ? "" : beside};
-}
-
-void write(const Check& check, const std::string& complaint) {
-    std::cout << std::left << std::setw(22) << check.name << (complaint.empty() ? "kept" : "BROKEN") << "\n";
-    std::istringstream lines(complaint);
-    for (std::string line; std::getline(lines, line);)
-        std::cout << "    " << line << "\n";
-    std::cout.flush();
+    validator::Trial trial = {isFile ? std::filesystem::absolute(plugin, error).string() : plugin,
+                              start.noSibling ? "" : other};
+    trial.limits.forStep = std::chrono::milliseconds(static_cast<long>(options.timeout * 1000));
+    trial.limits.end = Clock::now() + longest;
+    return trial;
 }
 
 void list(const std::vector<const Check*>& checks, bool json) {
-    Json all = Json::array();
+    nlohmann::ordered_json all = nlohmann::ordered_json::array();
     for (const Check* check : checks) {
         if (json) {
-            all.push_back({{"name", check->name}, {"promise", check->promise}});
+            all.push_back({{"name", check->name}, {"promise", check->promise}, {"severity", nameOf(check->severity)}});
         } else {
-            std::cout << std::left << std::setw(22) << check->name << check->promise << "\n";
+            const bool warns = check->severity == validator::Severity::warning;
+            std::cout << std::left << std::setw(22) << check->name << check->promise << (warns ? " (warning)" : "") << "\n";
         }
     }
     if (json) writeJson(all, std::cout);
 }
 
-Json linesOf(const std::string& text) {
-    Json all = Json::array();
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);)
-        all.push_back(line);
-    return all;
+int callOnly(const Start& start, const ValidateOptions& options) {
+    const Result result = validator::callFunction(options.call, trialOf(start, options), start.host, options.inProcess);
+    writeCheck(options.call, result);
+    if (result.state == Result::State::notTested) return nothingTested;
+    return result.state == Result::State::broken ? failure : success;
 }
 
 } // namespace
@@ -90,37 +93,32 @@ std::vector<std::string> checkNames() {
 }
 
 int validate(const Start& start, const ValidateOptions& options) {
-    const std::vector<const Check*> checks = chosen(options.only);
+    if (!options.call.empty()) return callOnly(start, options);
+    const std::vector<const Check*> checks = chosen(options);
     if (options.list) {
         list(checks, options.json);
         return success;
     }
-    const validator::Trial trial = trialOf(start, options.plugin);
-    Json all = Json::array();
-    std::size_t kept = 0, tried = 0;
+    const validator::Trial trial = trialOf(start, options);
+    ValidationReport report = {trial.plugin, {}};
+    const bool isText = !options.json && !options.junit;
     bool isLoaded = true;
     for (const Check* check : checks) {
-        if (!isLoaded) break;
-        const std::string complaint = check->complaint(trial);
-        kept += complaint.empty() ? 1 : 0;
-        ++tried;
-        isLoaded = complaint.empty() || check != &validator::checks().front();
-        if (options.json) {
-            all.push_back({{"name", check->name},
-                           {"promise", check->promise},
-                           {"kept", complaint.empty()},
-                           {"complaints", linesOf(complaint)}});
+        const Clock::time_point begin = Clock::now();
+        Result result;
+        if (isLoaded) {
+            result = perform(*check, trial);
         } else {
-            write(*check, complaint);
+            result.reason = "the library does not load";
         }
+        isLoaded = isLoaded && (check != &validator::checks().front() || result.state != Result::State::broken);
+        if (isText) writeCheck(check->name, result);
+        report.checks.push_back({check, std::move(result), std::chrono::duration<double>(Clock::now() - begin).count()});
     }
-    if (options.json) {
-        writeJson(all, std::cout);
-    } else {
-        std::cout << kept << " of " << tried << " promises kept\n";
-        if (tried < checks.size()) std::cout << "not tried without it: " << checks.size() - tried << "\n";
-    }
-    return kept == checks.size() ? success : failure;
+    if (isText) writeSummary(report);
+    if (options.json) writeReportAsJson(report);
+    if (options.junit) writeReportAsJunit(report);
+    return report.exitCode();
 }
 
 } // namespace host::commands

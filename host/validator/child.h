@@ -1,16 +1,55 @@
-// What a plugin does to its process stays in a child process.
+// Child processes: whatever a plugin does to its process stays in one.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <string>
 
 namespace host::validator {
 
-// Runs the body in a child process, in an empty folder that is also its home, and answers what the body answers. When it
-// does not come back that is told, by the signal, with the latest step.
-std::string inChild(const std::function<std::string()>& body);
+// How long the parent waits for a child process.
+struct Limits {
+    using Clock = std::chrono::steady_clock;
 
-// What the child does next.
+    std::chrono::milliseconds forStep = std::chrono::seconds(120); // between two calls of step()
+    Clock::time_point end = Clock::time_point::max();              // for all steps
+};
+
+// How a child process ended.
+struct Ending {
+    enum class Kind { finished, died, hung, overdue }; // overdue: stopped at Limits::end
+
+    Kind kind = Kind::finished;
+    std::string words;     // "crashed with SIGSEGV"; empty when it finished
+    std::string step;      // the latest step
+    std::size_t place = 0; // the latest place
+    std::string output;    // what the child wrote to its standard output and error, if that was captured
+
+    bool finished() const { return kind == Kind::finished; }
+};
+
+enum class Output { inherited, captured };
+
+// Runs the body in a child process, in an empty folder that is also its home. Passes each text that the child sends to
+// `receive`, at once, so that a crash loses none. A child that exits before its body returns has not finished. Ends the
+// child, and all that it started, at a limit or when this process is interrupted; in the second case this process then ends
+// by the same signal. Throws std::runtime_error if no child can be started.
+Ending runChild(const std::function<void()>& body, const std::function<void(const std::string&)>& receive,
+                const Limits& limits, Output output);
+
+// Runs the body in this process, for a debugger.
+void runHere(const std::function<void()>& body, const std::function<void(const std::string&)>& receive);
+
+// In the child. send() passes a text to the parent. step() names what the child does next; the time for a step starts.
+// setPlace() records a number, noteCrash() adds words to those of a crash and may be called by a signal handler.
+void send(const std::string& text);
 void step(const std::string& text);
+std::string currentStep();
+void setPlace(std::size_t place);
+void noteCrash(const char* words);
+
+// Runs the body in a child process and returns what the body returns. If the child does not finish, returns the latest step
+// and how the child ended.
+std::string inChild(const std::function<std::string()>& body);
 
 } // namespace host::validator

@@ -1,8 +1,10 @@
 #include "validator/faults.h"
 
 #include "model/entries.h"
+#include "validator/child.h"
 #include "validator/entry_points.h"
 
+#include <cstdio>
 #include <stdexcept>
 #include <string_view>
 #include <type_traits>
@@ -17,12 +19,25 @@ Plan plan;
 Traces traces;
 int remaining = 0;
 
+void noteFailure(std::string_view entry, const char* what) {
+    traces.entry = entry.data(); // of a literal
+    char words[100];
+    std::snprintf(words, sizeof words, " after %s %s", entry.data(), what);
+    noteCrash(words);
+}
+
 struct Listener {
     template <class Result, class... Arguments>
     static Result answer(std::string_view entry, Result (*target)(Arguments...), Arguments... arguments) {
-        if constexpr (std::is_pointer_v<Result>)
-            if (strikes(Fault::hostAnswersNull, Fault::hostAnswersNull)) return nullptr;
+        if constexpr (std::is_pointer_v<Result>) {
+            const bool isDocumented = entry != "memoryBlockGetPtr"; // of blocks that are not empty
+            if ((isDocumented || !plan.documented) && strikes(Fault::hostAnswersNull, Fault::hostAnswersNull)) {
+                noteFailure(entry, "returned null");
+                return nullptr;
+            }
+        }
         const bool throws = strikes(Fault::hostThrows, Fault::hostAlwaysThrows);
+        if (throws) noteFailure(entry, "threw");
         if (throws && (entry == "REALUnlockObject" || entry == "REALUnlockString")) target(arguments...);
         if (throws) throw std::range_error("thrown by the host");
         const Suspension suspension;

@@ -22,12 +22,14 @@ enum class Fault {
 struct Plan {
     Fault fault = Fault::none;
     int at = 0;
+    bool documented = false; // null only where host_abi.h permits it
 };
 
 // What a call met.
 struct Traces {
     bool struck = false;
-    int raised = 0; // host exceptions, those included that the host dropped
+    int raised = 0;              // host exceptions, those included that the host dropped
+    const char* entry = nullptr; // of the host, which failed last
 };
 
 // Between the two a call is counted.

@@ -13,6 +13,7 @@ namespace host::validator {
 struct Form {
     std::function<Slot()> make;
     const char* refusal = nullptr; // the host exception that answers this value; null: none is certain
+    std::string text = {};         // what it makes, for messages: "an empty object"
 };
 
 // Where forms come from.
@@ -30,11 +31,19 @@ struct Function {
     std::vector<Form> receivers;              // empty: a shared method
     std::vector<std::vector<Form>> arguments; // of one by reference: an address, which is the caller's affair, and none
 
+    bool isAccessor = false; // gets `parameter` after the receiver
+    // A setter; what reads the property back, null if nothing does.
+    bool isSetter = false;
+    const Property* property = nullptr;
+
     bool hasReceiver() const { return !receivers.empty(); }
 };
 
-// Those of the class's record: getters, methods and shared methods. What the host itself reads is not among them.
+// Those of the class's record: getters, setters, methods and shared methods. What the host itself reads is not among them.
 std::vector<Function> functionsOf(const ClassInfo& info, const Forms& forms);
+
+// Returns whether the name says that the integer is an address, which nobody can make up.
+bool isAddress(const Property& property);
 
 // As functionsOf makes them, for a function of the class that no row binds. Without a result or parameters, but a receiver.
 Function lifecycleFunction(const ClassInfo& info, const char* name, REALfunction address, const Forms& forms);
@@ -53,6 +62,9 @@ struct Choice {
 std::vector<Choice> ordinaryChoicesFor(const Function& function);
 std::vector<Choice> choicesFor(const Function& function);
 
+// "Faulty.length/1 of an empty object with words = null".
+std::string describe(const Function& function, const Choice& choice);
+
 // What a call is made with.
 class Arguments {
 public:
@@ -67,11 +79,17 @@ public:
     void invoke(Slot& result) const { function_.invoke(function_.address, slots_, &result); }
 
     Object* receiver() const { return function_.hasReceiver() ? slots_[0].object : nullptr; }
+    Slot argument(std::size_t place) const { return slots_[first_ + place]; }
     const Form& form(std::size_t argument) const;
     // What stands at the address of an argument by reference; null when that is not one, or none was given.
     const Slot* output(std::size_t argument) const;
 
+    // How many of the receiver and the arguments are this object or string, which holds one reference for each.
+    int referencesTo(const void* value) const;
+
 private:
+    void release(const Type& type, Slot slot) const;
+    bool isCounted(std::size_t argument) const;
     bool isReference(std::size_t argument) const { return function_.signature.parameters[argument].byRef; }
 
     const Function& function_;

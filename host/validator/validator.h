@@ -1,25 +1,59 @@
-// Holds a plugin against the contract, promise by promise.
+// Checks a plugin against the contract, promise by promise.
 #pragma once
+
+#include "model/entries.h"
+#include "validator/child.h"
 
 #include <string>
 #include <vector>
 
 namespace host::validator {
 
-// The plugin on trial, and the one that it is loaded beside, which does not answer for it; empty: none.
+// The plugin to check, and the one that is loaded before it and not checked; empty: none.
 struct Trial {
     std::string plugin;
     std::string sibling;
+    Limits limits = {};
 };
+
+// How much a broken promise weighs. A breach violates host_abi.h. A warning means that the plugin depends on something that
+// the contract does not promise, or fails where only an incorrect host would notice.
+enum class Severity { warning, breach };
+
+struct Complaint {
+    Severity severity;
+    std::string text;               // one line
+    std::vector<std::string> hosts; // on which hosts; empty: on the current one
+};
+
+struct Result {
+    enum class State { kept, warned, broken, notTested };
+
+    State state = State::notTested;
+    std::string reason = {}; // why nothing was tested; empty for the other states
+    std::vector<Complaint> complaints = {};
+    std::vector<std::string> skipped = {}; // functions that were not called, since they hang
+    std::string output = {};               // what the plugin's processes wrote to standard output and error
+};
+
+class Run;
 
 struct Check {
     const char* name;
     const char* promise;
-    // What breaks the promise, one line each; empty: nothing. The plugin is loaded in processes of the check's own only.
-    std::string (*complaint)(const Trial& trial);
+    Severity severity; // of its complaints
+    bool ofClasses;    // it tests the plugin's classes
+    void (*perform)(Run& run);
 };
 
-// In the order in which they are worth reading. The first is that the library loads: without that the others say the same.
+// In the order in which they are worth reading. The first checks that the library loads, which the others need.
 const std::vector<Check>& checks();
+
+// Performs the check, in child processes. Later calls do not call functions that hung in earlier ones.
+Result perform(const Check& check, const Trial& trial);
+
+// Calls the function of this name ("Class.member/0") with every value that its declaration admits on such a host, in a child
+// process or in this one, which can then check nothing else.
+Result callFunction(const std::string& name, const Trial& trial, const HostOptions& host, bool inProcess);
 
 } // namespace host::validator

@@ -1,0 +1,48 @@
+// Watches how a plugin uses the entries and values of the host.
+#pragma once
+
+#include "model/values.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace host::validator {
+
+enum class Misuse {
+    otherThread,    // an entry called on another thread
+    destroyedValue, // a value used after it was destroyed
+    unownedResult,  // a result without a reference of its own
+    instanceData,   // a write beyond the instance data
+};
+
+struct MisuseNote {
+    Misuse kind;
+    std::string text;
+};
+
+// Records a misuse; from any thread.
+void note(Misuse kind, const std::string& text);
+std::vector<MisuseNote> takeMisuses();
+
+// Records what was written beyond a block of the host or into a released one. `writer` names the function that ran before.
+void checkMemory(const std::string& writer);
+
+// What the plugin announced and registered so far.
+struct Announcement {
+    std::vector<std::int32_t> versions;
+    bool afterClass = false; // a version after a class
+    int classes = 0;
+};
+const Announcement& announcement();
+
+// The resolver for plugins: the entries of faults.h, watched. The thread that calls it first is the host's.
+void* watchedEntry(const char* name);
+
+// From here on the plugin finds the text of a string only while it has locked the string. Reading it at another time
+// crashes.
+void hideUnlockedText();
+void hideText(String* string); // of a string that the plugin borrows or receives; does nothing before hideUnlockedText()
+void showAllText();
+
+} // namespace host::validator
