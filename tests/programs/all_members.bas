@@ -112,13 +112,11 @@ Show "calibrated RGB", NSColorZRX.colorWithCalibratedRGB(0.1, 0.2, 0.3)
 Show "calibrated HSV", NSColorZRX.colorWithCalibratedHSV(0.1, 0.2, 0.3)
 Show "calibrated white", NSColorZRX.colorWithCalibratedWhite(0.55, 0.25)
 ' Without its alpha each of these is as with an alpha of 1; with 0.5, half of that.
-Dim withoutAlpha() As NSColorZRX = Array(NSColorZRX.colorWithGenericGamma22White(0.5), NSColorZRX.colorWithDeviceWhite(0.5), NSColorZRX.colorWithCalibratedWhite(0.5))
-Dim withAlpha() As NSColorZRX = Array(New NSColorZRX(0.1, 0.2, 0.3, 0.5), NSColorZRX.colorWithColorSpaceHSV(NSColorSpaceZRX.sRGBColorSpace, 0.1, 0.2, 0.3, 0.5), NSColorZRX.colorWithDisplayP3(0.1, 0.2, 0.3, 0.5), NSColorZRX.colorWithDeviceCMYK(0.1, 0.2, 0.3, 0.4, 0.5), NSColorZRX.colorWithDeviceRGB(0.1, 0.2, 0.3, 0.5), NSColorZRX.colorWithDeviceHSV(0.1, 0.2, 0.3, 0.5), NSColorZRX.colorWithSRGB(0.1, 0.2, 0.3, 0.5), NSColorZRX.colorWithCalibratedRGB(0.1, 0.2, 0.3, 0.5), NSColorZRX.colorWithCalibratedHSV(0.1, 0.2, 0.3, 0.5))
 Dim alphas As Double
-For Each c As NSColorZRX In withoutAlpha
+For Each c As NSColorZRX In Array(NSColorZRX.colorWithGenericGamma22White(0.5), NSColorZRX.colorWithDeviceWhite(0.5), NSColorZRX.colorWithCalibratedWhite(0.5))
     alphas = alphas + c.alphaComponent
 Next
-For Each c As NSColorZRX In withAlpha
+For Each c As NSColorZRX In Array(New NSColorZRX(0.1, 0.2, 0.3, 0.5), NSColorZRX.colorWithColorSpaceHSV(NSColorSpaceZRX.sRGBColorSpace, 0.1, 0.2, 0.3, 0.5), NSColorZRX.colorWithDisplayP3(0.1, 0.2, 0.3, 0.5), NSColorZRX.colorWithDeviceCMYK(0.1, 0.2, 0.3, 0.4, 0.5), NSColorZRX.colorWithDeviceRGB(0.1, 0.2, 0.3, 0.5), NSColorZRX.colorWithDeviceHSV(0.1, 0.2, 0.3, 0.5), NSColorZRX.colorWithSRGB(0.1, 0.2, 0.3, 0.5), NSColorZRX.colorWithCalibratedRGB(0.1, 0.2, 0.3, 0.5), NSColorZRX.colorWithCalibratedHSV(0.1, 0.2, 0.3, 0.5))
     alphas = alphas + c.alphaComponent / 16
 Next
 Print "alphas:", alphas
