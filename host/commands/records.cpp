@@ -2,6 +2,7 @@
 
 #include "model/classes.h"
 #include "model/record_listing.h"
+#include "text/terminal.h"
 
 #include <iostream>
 
@@ -12,7 +13,7 @@ int records(const Start& start, bool json) {
     if (json) {
         listRecordsAsJson(registry(), std::cout);
     } else {
-        listRecords(registry(), std::cout);
+        listRecords(registry(), terminalSize().columns, std::cout);
     }
     return success;
 }

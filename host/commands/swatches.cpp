@@ -2,6 +2,7 @@
 
 #include "model/files.h"
 #include "swatches/pages.h"
+#include "text/terminal.h"
 
 #include <filesystem>
 #include <iostream>
@@ -31,7 +32,8 @@ std::string formOf(const SwatchesOptions& options) {
 template <class Sheet>
 std::string contents(const Sheet& sheet, const std::string& form, const SwatchesOptions& options, bool isFile) {
     using namespace host::swatches;
-    if (form == "text") return written(sheet, isFile ? ColorDepth::none : outputColorDepth());
+    if (form == "text")
+        return isFile ? written(sheet, ColorDepth::none, 0) : written(sheet, outputColorDepth(), terminalSize().columns);
     const Picture picture = drawn(sheet, options.dark ? darkTheme : lightTheme);
     if (form == "svg") return svgOf(picture);
     if (!isFile && isatty(STDOUT_FILENO))

@@ -3,6 +3,7 @@
 #include "documentation/pages.h"
 #include "documentation/word_texts.h"
 
+#include "text/columns.h"
 #include "text/letters.h"
 #include "text/nearest_name.h"
 
@@ -169,22 +170,6 @@ const ClassInfo& classNamed(const Registry& registry, std::string_view name) {
 }
 
 } // namespace
-
-void writeParagraph(std::ostream& out, std::size_t width, const std::string& label, std::string_view text,
-                    std::size_t indent) {
-    std::size_t column = label.size();
-    out << label;
-    for (bool atStart = true; !text.empty(); atStart = false) {
-        const std::string_view word = text.substr(0, text.find(' '));
-        text.remove_prefix(std::min(text.size(), word.size() + 1));
-        const bool breaks = !atStart && column + 1 + word.size() > width;
-        if (breaks) out << '\n' << std::string(indent, ' ');
-        if (!atStart && !breaks) out << ' ';
-        out << word;
-        column = (breaks ? indent : column + (atStart ? 0 : 1)) + word.size();
-    }
-    out << '\n';
-}
 
 void browse(const Registry& registry, std::string_view name, std::string_view member, std::size_t width, std::ostream& out) {
     Writer writer(out, width);

@@ -17,11 +17,6 @@ constexpr std::size_t usualWidth = 100; // of lines, in characters
 // nothing of that name.
 void browse(const Registry& registry, std::string_view name, std::string_view member, std::size_t width, std::ostream& out);
 
-// Writes the label as it is and the text after it, broken into lines at words. All lines but the first are indented. A word
-// that is longer than a line has its own.
-void writeParagraph(std::ostream& out, std::size_t width, const std::string& label, std::string_view text,
-                    std::size_t indent);
-
 // Everything, or one class, as a Markdown page. Throws like browse.
 void writeReference(const Registry& registry, std::ostream& out);
 void writeReference(const Registry& registry, std::string_view className, std::ostream& out);

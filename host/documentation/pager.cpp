@@ -1,24 +1,17 @@
 #include "documentation/pager.h"
 
 #include "documentation/browser.h"
+#include "text/terminal.h"
 
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
-#include <sys/ioctl.h>
-#include <unistd.h>
+#include <sys/wait.h>
 
 namespace host::documentation {
 namespace {
-
-// Without a terminal, or one that does not tell, 0 by 0.
-winsize terminalSize() {
-    winsize size = {};
-    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0) size = {};
-    return size;
-}
 
 // A signal that is ignored in this process while one lives.
 class Ignored {
@@ -43,25 +36,30 @@ void write(const std::string& text, FILE* file) { std::fwrite(text.data(), 1, te
 
 std::size_t outputWidth() {
     constexpr std::size_t narrowest = 40;
-    const std::size_t columns = terminalSize().ws_col;
+    const std::size_t columns = terminalSize().columns;
     return columns == 0 ? usualWidth : std::max(columns, narrowest);
 }
 
 void showPaged(const std::string& text) {
     constexpr const char* usualPager = "if command -v less >/dev/null; then less -R; else more; fi";
     std::fflush(stdout);
-    const std::size_t rows = terminalSize().ws_row;
+    const std::size_t rows = terminalSize().rows;
     const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
     const char* const pager = std::getenv("PAGER");
-    FILE* const pipe = rows != 0 && lines >= rows ? popen(pager && *pager ? pager : usualPager, "w") : nullptr;
-    if (!pipe) {
+    const auto print = [&] {
         write(text, stdout);
         std::fflush(stdout);
-        return;
+    };
+    FILE* const pipe = rows != 0 && lines >= rows ? popen(pager && *pager ? pager : usualPager, "w") : nullptr;
+    if (!pipe) return print();
+    int result = 0;
+    {
+        const Ignored quit(SIGPIPE), interrupt(SIGINT); // the pager handles both
+        write(text, pipe);
+        result = pclose(pipe);
     }
-    const Ignored quit(SIGPIPE), interrupt(SIGINT); // both the pager's affair
-    write(text, pipe);
-    pclose(pipe);
+    constexpr int notExecutable = 126, notFound = 127; // as a shell reports it
+    if (WIFEXITED(result) && (WEXITSTATUS(result) == notExecutable || WEXITSTATUS(result) == notFound)) print();
 }
 
 } // namespace host::documentation

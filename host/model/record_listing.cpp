@@ -1,6 +1,7 @@
 #include "model/record_listing.h"
 
 #include "model/records.h"
+#include "text/columns.h"
 #include "text/json.h"
 
 #include <nlohmann/json.hpp>
@@ -87,8 +88,8 @@ std::string plain(const Json& value) {
     return value.is_string() ? value.get<std::string>() : value.dump();
 }
 
-// Prints rows below a heading of their keys; each column is as wide as its widest cell.
-void printTable(const std::string& title, const Json& table, std::ostream& out) {
+// Prints rows below a heading of their keys; each column is as wide as its widest cell. A width of 0 has no limit.
+void printTable(const std::string& title, const Json& table, std::size_t width, std::ostream& out) {
     if (table.empty()) return;
     out << "  " << title << " (" << table.size() << ")\n";
     std::vector<std::vector<std::string>> lines(table.size() + 1);
@@ -101,19 +102,18 @@ void printTable(const std::string& title, const Json& table, std::ostream& out) 
     std::vector<std::size_t> widths(lines[0].size());
     for (const auto& line : lines) {
         for (std::size_t i = 0; i < line.size(); ++i)
-            widths[i] = std::max(widths[i], line[i].size());
+            widths[i] = std::max(widths[i], columnsOf(line[i]));
     }
     for (const auto& line : lines) {
         std::string text = "   ";
-        for (std::size_t i = 0; i < line.size(); ++i) {
-            text += ' ' + line[i];
-            if (i + 1 < line.size()) text.append(widths[i] - line[i].size() + 1, ' ');
-        }
+        for (std::size_t i = 0; i < line.size(); ++i)
+            text += ' ' + (i + 1 < line.size() ? padded(line[i], widths[i] + 1) : line[i]);
+        if (width > 0) text = shortened(text, width);
         out << text << '\n';
     }
 }
 
-void print(const Json& record, std::ostream& out) {
+void print(const Json& record, std::size_t width, std::ostream& out) {
     out << "class";
     for (const auto& field : record.items()) {
         if (field.value().is_array()) continue;
@@ -122,15 +122,15 @@ void print(const Json& record, std::ostream& out) {
     }
     out << '\n';
     for (const auto& field : record.items()) {
-        if (field.value().is_array()) printTable(field.key(), field.value(), out);
+        if (field.value().is_array()) printTable(field.key(), field.value(), width, out);
     }
 }
 
 } // namespace
 
-void listRecords(const Registry& registry, std::ostream& out) {
+void listRecords(const Registry& registry, std::size_t width, std::ostream& out) {
     for (const Json& record : describeAll(registry))
-        print(record, out);
+        print(record, width, out);
 }
 
 void listRecordsAsJson(const Registry& registry, std::ostream& out) { writeJson(describeAll(registry), out); }

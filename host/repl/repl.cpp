@@ -5,6 +5,7 @@
 #include "language/session.h"
 #include "repl/completion.h"
 #include "repl/presentation.h"
+#include "text/columns.h"
 #include "text/letters.h"
 #include "text/terminal.h"
 
@@ -112,7 +113,7 @@ private:
         for (const auto& [command, text] : help) {
             std::string label = *command ? std::string("  ") + command : "";
             if (!label.empty()) label.resize(indent, ' ');
-            documentation::writeParagraph(output_, width(), label, text, label.size());
+            writeParagraph(output_, width(), label, text, label.size());
         }
     }
 

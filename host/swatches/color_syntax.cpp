@@ -37,6 +37,7 @@ struct Quantity {
     bool isPercent;
 
     double share(double whole) const { return isPercent ? value / 100.0 : value / whole; }
+    double of(double whole) const { return isPercent ? value / 100.0 * whole : value; }
 };
 
 // "name(arguments)", the arguments apart at commas, slashes and blanks.
@@ -91,6 +92,14 @@ Reference colorOfFunction(const Function& f) {
         return sRGBColor(fromHSL(a[0].value, within(a[1].share(100.0)), within(a[2].share(100.0)), alpha));
     }
     const std::vector<double> components = {a[0].share(1.0), a[1].share(1.0), a[2].share(1.0), alpha};
+    if (f.name == "lab" || f.name == "lch" || f.name == "oklab" || f.name == "oklch") {
+        const bool isOk = f.name.rfind("ok", 0) == 0, isPolar = f.name.back() == 'h';
+        const double white = isOk ? 1.0 : 100.0, reach = isOk ? 0.4 : isPolar ? 150.0 : 125.0; // of 100%
+        const double lightness = std::clamp(a[0].of(white), 0.0, white), first = a[1].of(reach);
+        const Lab lab =
+            isPolar ? labOfPolar(lightness, std::max(first, 0.0), a[2].value) : Lab{lightness, first, a[2].of(reach)};
+        return colorOfXYZ(isOk ? xyzOfOklab(lab) : xyzOfLab(lab), alpha);
+    }
     if (f.space == "srgb") return colorInSpace(namedSpace("sRGBColorSpace"), components);
     if (f.space == "display-p3") return colorInSpace(displayP3Space(), components);
     if (f.space == "a98-rgb") return colorInSpace(namedSpace("adobeRGB1998ColorSpace"), components);

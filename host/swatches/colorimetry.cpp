@@ -33,6 +33,13 @@ double square(double value) { return value * value; }
 // How much less a difference of chroma counts where chroma is high.
 double seventhPower(double chroma) { return std::sqrt(std::pow(chroma, 7) / (std::pow(chroma, 7) + std::pow(25.0, 7))); }
 
+// Of linear sRGB, adapted to D50, as profiles and CSS have it.
+RelativeXYZ xyzOfLinear(double red, double green, double blue) {
+    return {(0.4360747 * red + 0.3850649 * green + 0.1430804 * blue) / 0.9642200,
+            0.2225045 * red + 0.7168786 * green + 0.0606169 * blue,
+            (0.0139322 * red + 0.0971045 * green + 0.7141733 * blue) / 0.8252100};
+}
+
 } // namespace
 
 Lab labOfRelativeXYZ(double x, double y, double z) {
@@ -40,12 +47,30 @@ Lab labOfRelativeXYZ(double x, double y, double z) {
     return {116.0 * f(y) - 16.0, 500.0 * (f(x) - f(y)), 200.0 * (f(y) - f(z))};
 }
 
-// Adapted to D50, as profiles and CSS have it.
+RelativeXYZ xyzOfLab(const Lab& color) {
+    const auto t = [](double f) { return f > 6.0 / 29.0 ? f * f * f : (116.0 * f - 16.0) * 27.0 / 24389.0; };
+    const double y = (color.lightness + 16.0) / 116.0;
+    return {t(y + color.a / 500.0), t(y), t(y - color.b / 200.0)};
+}
+
+// The published matrix leads to linear sRGB, and so to the same light as there.
+RelativeXYZ xyzOfOklab(const Lab& color) {
+    const auto cube = [](double value) { return value * value * value; };
+    const double l = cube(color.lightness + 0.3963377774 * color.a + 0.2158037573 * color.b);
+    const double m = cube(color.lightness - 0.1055613458 * color.a - 0.0638541728 * color.b);
+    const double s = cube(color.lightness - 0.0894841775 * color.a - 1.2914855480 * color.b);
+    return xyzOfLinear(4.0767416621 * l - 3.3077115913 * m + 0.2309699292 * s,
+                       -1.2684380046 * l + 2.6097574011 * m - 0.3413193965 * s,
+                       -0.0041960863 * l - 0.7034186147 * m + 1.7076147010 * s);
+}
+
+Lab labOfPolar(double lightness, double chroma, double hueInDegrees) {
+    return {lightness, chroma * cosine(hueInDegrees), chroma * sine(hueInDegrees)};
+}
+
 Lab labOf(const ScreenColor& color) {
-    const double red = linear(color.red), green = linear(color.green), blue = linear(color.blue);
-    return labOfRelativeXYZ((0.4360747 * red + 0.3850649 * green + 0.1430804 * blue) / 0.9642200,
-                            0.2225045 * red + 0.7168786 * green + 0.0606169 * blue,
-                            (0.0139322 * red + 0.0971045 * green + 0.7141733 * blue) / 0.8252100);
+    const RelativeXYZ xyz = xyzOfLinear(linear(color.red), linear(color.green), linear(color.blue));
+    return labOfRelativeXYZ(xyz.x, xyz.y, xyz.z);
 }
 
 // The names are those of the formula's authors, written out.

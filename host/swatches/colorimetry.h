@@ -26,6 +26,16 @@ struct Lab {
 Lab labOf(const ScreenColor& color);
 Lab labOfRelativeXYZ(double x, double y, double z);
 
+// X, Y and Z as parts of those of the white D50.
+struct RelativeXYZ {
+    double x, y, z;
+};
+RelativeXYZ xyzOfLab(const Lab& color);
+RelativeXYZ xyzOfOklab(const Lab& color); // lightness from 0.0 to 1.0
+
+// A colour whose a and b have this length and angle.
+Lab labOfPolar(double lightness, double chroma, double hueInDegrees);
+
 // The difference that an eye sees: CIEDE2000. 1.0 is about the least that one notices.
 double distance(const Lab& first, const Lab& second);
 

@@ -2,6 +2,7 @@
 #include "swatches/layout.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace host::swatches {
 
@@ -10,11 +11,16 @@ namespace {
 constexpr double cardWidth = 272.0, cardHeight = 118.0, swatchHeight = 62.0, gap = 16.0, padding = 10.0, hexWidth = 76.0,
                  markWidth = 64.0;
 constexpr double groupHeight = 38.0; // of a group's title
-constexpr std::size_t columns = 4;
+constexpr std::size_t usualColumns = 4;
 
 std::size_t rowsOf(const SwatchGroup& group, std::size_t across) { return (group.swatches.size() + across - 1) / across; }
 
 double extent(std::size_t count, double size) { return static_cast<double>(count) * (size + gap) - gap; }
+
+// So many that a page of many colours is about twice as high as it is wide.
+std::size_t columnsFor(std::size_t count) {
+    return static_cast<std::size_t>(std::sqrt(static_cast<double>(count) * (cardHeight + gap) / (cardWidth + gap) / 2.0));
+}
 
 class Grid {
 public:
@@ -22,7 +28,7 @@ public:
         std::size_t longest = 2; // two cards hold a title
         for (const SwatchGroup& group : sheet.groups)
             longest = std::max(longest, group.swatches.size());
-        across_ = std::min(columns, longest);
+        across_ = std::max(std::min(usualColumns, longest), columnsFor(longest));
     }
 
     Picture drawn() {

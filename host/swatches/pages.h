@@ -19,8 +19,9 @@ constexpr Theme darkTheme = {
 Picture drawn(const SwatchSheet& sheet, const Theme& theme);
 Picture drawn(const ConversionSheet& sheet, const Theme& theme);
 
-// For a terminal, which shows each colour before its name when it has some.
-std::string written(const SwatchSheet& sheet, ColorDepth depth);
-std::string written(const ConversionSheet& sheet, ColorDepth depth);
+// For a terminal of so many columns, which shows each colour before its name when it has some. 0 columns: lines of any
+// length.
+std::string written(const SwatchSheet& sheet, ColorDepth depth, std::size_t columns);
+std::string written(const ConversionSheet& sheet, ColorDepth depth, std::size_t columns);
 
 } // namespace host::swatches

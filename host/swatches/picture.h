@@ -60,8 +60,8 @@ struct Picture {
 
 std::string svgOf(const Picture& picture);
 
-// The picture as PNG, two pixels to a length of one. Throws std::invalid_argument where this build has no drawing of its
-// own, and std::runtime_error when it fails.
+// The picture as PNG, two pixels to a length of one unless it is too large for that. Throws std::invalid_argument where this
+// build has no drawing of its own, and std::runtime_error when it fails.
 std::string pngOf(const Picture& picture);
 
 // What pngOf draws: each bounded label as one that fits, ending in "…" where something is left out. Throws as that does.

@@ -4,6 +4,8 @@
 #include "model/plugin.h"
 #include "text/utf8.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <stdexcept>
 
@@ -20,7 +22,13 @@ namespace host::swatches {
 
 namespace {
 
-constexpr double scale = 2.0; // for screens of today
+// Two pixels to a length of one, for screens of today, or as many as cairo's images and 1 GB of memory allow.
+double scaleOf(const Picture& picture) {
+    constexpr double usual = 2.0, longestSide = 32767.0, maxPixels = 268435456.0;
+    const double bySide = longestSide / std::ceil(std::max(picture.width, picture.height));
+    const double byMemory = std::sqrt(maxPixels / (picture.width * picture.height));
+    return std::min({usual, bySide, byMemory});
+}
 
 template <class Function>
 Function* libraryFunction(const char* name) {
@@ -92,7 +100,7 @@ std::string pngOf(const Picture& picture) {
     const std::string svg = svgOf(measured(picture));
     std::string png;
     char message[256] = "";
-    if (!draw(svg.data(), svg.size(), scale, append, &png, message, sizeof message))
+    if (!draw(svg.data(), svg.size(), scaleOf(picture), append, &png, message, sizeof message))
         throw std::runtime_error(std::string("cannot draw: ") + message);
     return png;
 }

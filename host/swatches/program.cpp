@@ -129,6 +129,10 @@ Reference colorInSpace(const Reference& space, const std::vector<double>& compon
     return callShared(colorClass, "colorWithColorSpace", {Slot::ofObject(space.get()), Slot::ofObject(array.get())});
 }
 
+Reference colorOfXYZ(const RelativeXYZ& color, double alpha) {
+    return colorInSpace(spaceOfProfile(relativeXYZProfile()), {color.x, color.y, color.z, alpha});
+}
+
 Reference namedSpace(const std::string& name) { return callShared(spaceClass, name.c_str(), {}); }
 
 Reference displayP3Space() {

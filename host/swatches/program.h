@@ -18,6 +18,7 @@ Reference colorWithKey(const Reference& list, const std::string& key);    // Nil
 Reference namedColor(const std::string& name);
 Reference sRGBColor(const ScreenColor& color);
 Reference colorInSpace(const Reference& space, const std::vector<double>& components); // alpha last
+Reference colorOfXYZ(const RelativeXYZ& color, double alpha);
 Reference namedSpace(const std::string& name);
 Reference displayP3Space();
 Reference spaceOf(const Reference& color);                           // of a colour with components

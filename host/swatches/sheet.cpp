@@ -3,7 +3,10 @@
 #include "swatches/color_syntax.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <fstream>
 #include <iterator>
 #include <stdexcept>
 
@@ -102,6 +105,15 @@ bool namesSystemColor(const std::string& name) {
     return name != "scrubberTexturedBackgroundColor" && name != "colorFromPasteboard";
 }
 
+// What the class, which returns False for all of these, does not tell.
+std::string whyNoList(const std::string& file) {
+    std::ifstream stream(file);
+    stream.get();
+    const bool isEmpty = stream.eof(); // no failure of the system
+    return stream.is_open() && (stream.good() || isEmpty) ? " is no colour list"
+                                                          : std::string(" cannot be read: ") + std::strerror(errno);
+}
+
 bool hasColorOutside(const SwatchSheet& sheet) {
     return std::any_of(sheet.groups.begin(), sheet.groups.end(), [](const SwatchGroup& group) {
         return std::any_of(group.swatches.begin(), group.swatches.end(),
@@ -169,7 +181,7 @@ SwatchSheet systemColors() {
 SwatchSheet colorsOfList(const std::string& file, const std::vector<std::string>& keys) {
     const std::string name = file.substr(file.find_last_of('/') + 1);
     const Reference list = newColorList(name, file);
-    if (!list) throw std::runtime_error(file + " cannot be read, or is no colour list");
+    if (!list) throw std::runtime_error(file + whyNoList(file));
     SwatchGroup group;
     for (const std::string& key : keys.empty() ? keysOf(list) : keys) {
         const Reference color = colorWithKey(list, key);

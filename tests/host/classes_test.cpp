@@ -116,7 +116,7 @@ TEST_P(BothLayouts, GiveTheSameMembersAndListing) {
     EXPECT_EQ(bytesOf(Held(readProperty(*info.findProperty("LABEL"), object).string)), "counter");
 
     std::ostringstream text;
-    listRecords(registry(), text);
+    listRecords(registry(), 0, text);
     EXPECT_EQ(text.str().find("RuntimeException"), std::string::npos);
     for (const char* part : {GetParam() ? "controlVersion 9, layout legacy" : "controlVersion 13, layout current",
                              "0      Handle  Integer  6      standard  standard  0", "Title = \"Counter\""})

@@ -1,6 +1,7 @@
 // The pictures, drawn from the real plugins.
 #include "swatches/color_syntax.h"
 #include "swatches/pages.h"
+#include "text/columns.h"
 
 #include "model/entries.h"
 #include "model/plugin.h"
@@ -10,6 +11,7 @@
 
 #include <cstdio>
 #include <fstream>
+#include <sstream>
 
 #include <unistd.h>
 
@@ -64,11 +66,33 @@ TEST_F(Swatches, ColourTheTerminalAndKeepNothingOfTheHost) {
     const std::string path = testing::TempDir() + "swatches_test_" + std::to_string(getpid()) + ".clr";
     std::ofstream(path) << "chromabridge color list 1\nspace 0 standard sRGB\n"
                            "\"red\" components 0 3f800000 00000000 00000000 3f800000\nend 1\n";
-    const std::string page = written(colorsOfList(path, {}), ColorDepth::direct);
+    const std::string page = written(colorsOfList(path, {}), ColorDepth::direct, 0);
     EXPECT_NE(page.find("  \x1B[48;2;255;0;0m    \x1B[0m red"), std::string::npos);
     for (const SwatchGroup& group : systemColors().groups)
         EXPECT_NE(group.title, "Other") << group.swatches[0].name << " needs its prefix in the groups of sheet.cpp";
     std::remove(path.c_str());
+}
+
+// Aligned by columns, with names shortened, and never wider than the terminal.
+TEST_F(Swatches, FitTheTerminal) {
+    SwatchSheet sheet = {"Keys", "Of a list", {{"", {}}}};
+    for (const char* name :
+         {"\u73ca\u745a\u8272 in Chinese", "e\u0301 \U0001f30a", "a name that is much too long for a narrow terminal"})
+        sheet.groups[0].swatches.push_back({name, "Generic RGB Profile", {1, 0, 0, 1}, 0.8, std::nullopt, false});
+    for (const std::size_t width : {40, 60, 80, 200}) {
+        for (const std::string& page :
+             {written(sheet, ColorDepth::none, width), written(systemColors(), ColorDepth::none, width),
+              written(colorInSpaces("color(display-p3 0 1 0)"), ColorDepth::none, width)}) {
+            std::istringstream lines(page);
+            for (std::string line; std::getline(lines, line);)
+                EXPECT_LE(host::columnsOf(line), width) << line;
+        }
+    }
+    const std::string page = written(sheet, ColorDepth::none, 60);
+    for (const char* line : {"\n  \u73ca\u745a\u8272 in Chinese      #FF0000    Generic RGB Pr\u2026 \u25b2 \u0394E 0.8\n",
+                             "\n  e\u0301 \U0001f30a                   #FF0000    Generic RGB Pr\u2026 \u25b2 \u0394E 0.8\n",
+                             "\n  a name that is much t\u2026 #FF0000    Generic RGB Pr\u2026 \u25b2 \u0394E 0.8\n"})
+        EXPECT_NE(page.find(line), std::string::npos) << line << page;
 }
 
 TEST_F(Swatches, DrawThePictureAsPNG) {
@@ -82,4 +106,10 @@ TEST_F(Swatches, DrawThePictureAsPNG) {
     EXPECT_EQ(png.substr(0, 8), "\x89PNG\r\n\x1A\n");
     const auto width = static_cast<unsigned char>(png[18]) * 256 + static_cast<unsigned char>(png[19]);
     EXPECT_EQ(width, static_cast<int>(2 * page.width));
+
+    const Picture tall = {"", 1, 40000, {Box{{0, 0, 1, 40000, 0}, {1, 0, 0, 1}}}}; // more than an image of cairo holds
+    EXPECT_EQ(pngOf(tall).substr(18, 6), std::string("\0\x01\0\0\x7F\xFF", 6));
+    SwatchSheet many = {"Many", "", {{"", std::vector<Swatch>(2000, systemColors().groups[0].swatches[0])}}};
+    const Picture grid = drawn(many, lightTheme);
+    EXPECT_LT(grid.height, 2.5 * grid.width);
 }
