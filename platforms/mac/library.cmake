@@ -12,6 +12,7 @@ set_target_properties(chromabridge PROPERTIES
 # Only arm64 slices are signed by default.
 if(CMAKE_CROSSCOMPILING)
     target_link_options(chromabridge PRIVATE -Wl,-no_data_const -Wl,-adhoc_codesign)
+    set_property(TARGET chromabridge PROPERTY LINK_DEPENDS ${PROJECT_BINARY_DIR}/tools/ld64.lld)
 endif()
 
 # The same sources for i386, as far as they come without that system's linker: an archive of objects. Exceptions are jumps there.
