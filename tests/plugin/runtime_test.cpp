@@ -173,8 +173,10 @@ TEST_F(Start, LegacyLayoutHoldsTheLeadingWordsOrNothingChanges) {
     unused.events = before.events; // but none of them
     MyREALRegisterClass(&unused);
     EXPECT_EQ(host.records.back(), &unused);
+#if !defined(CHROMA_SLICE) // whose linker keeps no copy of the inlined function
     EXPECT_EQ(FixProperties(before.properties, 0), nullptr);
     EXPECT_EQ(FixProperties(nullptr, 1), nullptr);
+#endif
     takeLeadingWords(legacy.properties, before.properties, before.propertyCount);
     takeLeadingWords(legacy.methods, before.methods, before.methodCount);
     takeLeadingWords(legacy.events, before.events, before.eventCount);
