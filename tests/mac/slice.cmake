@@ -25,7 +25,7 @@ set_tests_properties(slice.WithInitialisersIsRefused PROPERTIES PASS_REGULAR_EXP
 set(handlers_fault "/\\.cfi_(personality|lsda)/d")
 set(handlers_telling "a native exception left the function")
 set(registers_fault "s/(\\.cfi_offset (3|1[2-5]|19|2[0-8]), -[0-9]+)/\\1-8/")
-set(registers_telling "call [0-9]+, |ended by SIG")
+set(registers_telling "call [0-9]+, |crashed with SIG")
 set(import_fault "s/ CFRelease\\+0/ CFStringGetLength+0/")
 set(import_telling "left heap blocks")
 foreach(fault handlers registers import)
