@@ -13,12 +13,11 @@ import platform
 import re
 import sys
 import tempfile
-from ctypes import CFUNCTYPE, POINTER, c_bool, c_char_p, c_double, c_int32, c_ssize_t, c_uint32, c_void_p
+from ctypes import CFUNCTYPE, c_bool, c_char_p, c_double, c_int32, c_ssize_t, c_uint32, c_void_p
 
 UTF8, UTF16, UTF32, ASCII, UNKNOWN = 0x08000100, 0x0100, 0x0C000100, 0x0600, 0xFFFF
 ENCODINGS = {UTF8: "utf-8", ASCII: "ascii", 0x0201: "latin-1", 0x0500: "cp1252", 0: "mac_roman", UNKNOWN: "mac_roman",
              UTF16: "utf-16-" + sys.byteorder[:1] + "e", UTF32: "utf-32-" + sys.byteorder[:1] + "e"}
-RUNTIME_EXCEPTION = b"RuntimeException"
 
 
 # ---- A host: values with counted references, and the entry points by name. include/chromabridge/host_abi.h documents each.
@@ -45,8 +44,8 @@ def rows(address, count, row):
 class Member:
     """A method, read from its declaration."""
 
-    def __init__(self, row, has_receiver):
-        self.function, self.has_receiver = row.function, has_receiver
+    def __init__(self, row):
+        self.function = row.function
         name, parameters, self.result = re.fullmatch(r"(\w+)(?:\(((?:[^()]|\(\))*)\))?(?: as (\S+))?",
                                                      row.declaration.decode()).groups()
         types = [re.sub(" *=.*", "", parameter).split(" as ") for parameter in (parameters or "").split(",") if parameter]
@@ -74,11 +73,11 @@ class Value:
 
     @property
     def native(self):
-        """The object of the system inside a host object."""
+        """Returns the system's object inside a host object."""
         return c_void_p.from_buffer(self.memory, 24).value
 
 
-values, classes, pending = {}, {name: Class(name=name) for name in (RUNTIME_EXCEPTION, b"OutOfBoundsException")}, []
+values, classes, pending = {}, {name: Class(name=name) for name in (b"RuntimeException", b"OutOfBoundsException")}, []
 
 
 def lock(address):
@@ -101,8 +100,8 @@ def unlock(address):
 def register_class(address):
     definition = Class.from_address(address)
     definition.offset = 24
-    definition.members = [Member(row, True) for row in rows(definition.methods, definition.method_count, Method)]
-    definition.shared = [Member(row, False) for row in rows(definition.shared_methods, definition.shared_method_count, Method)]
+    definition.members = [Member(row) for row in rows(definition.methods, definition.method_count, Method)]
+    definition.shared = [Member(row) for row in rows(definition.shared_methods, definition.shared_method_count, Method)]
     definition.getters = {row.name: row for row in rows(definition.properties, definition.property_count, Property)}
     classes[definition.name] = definition
 
@@ -252,7 +251,8 @@ def call(target, name, *arguments, first=None):
     shared = isinstance(target, str)
     definition = classes[target.encode()] if shared else values[target].record
     [member, *_] = [member for member in (definition.shared if shared else definition.members)
-                    if member.name.lower() == name.lower() and len(member.types) == len(arguments) and first in (None, *member.types[:1])]
+                    if member.name.lower() == name.lower() and len(member.types) == len(arguments)
+                    and first in (None, *member.types[:1])]
     arguments = [hold(new_string(a.encode())) if isinstance(a, str) else a for a in arguments]
     return invoke(member.function, member.result, arguments if shared else [target, *arguments])
 
@@ -273,12 +273,12 @@ def color(factory, *arguments):
     return call("NSColorZRX", factory, *arguments)
 
 
-def colour_names():
+def color_names():
     return [member.name for member in classes[b"NSColorZRX"].shared if member.name.endswith("Color") and not member.types]
 
 
 def outputs(target, name, count):
-    """What a method writes through its parameters."""
+    """Returns what a method writes through its parameters."""
     numbers = [c_double(9.0) for _ in range(count)]
     call(target, name, *(ctypes.addressof(number) for number in numbers))
     return [number.value for number in numbers]
@@ -304,7 +304,7 @@ def native_send(receiver, message):
 
 
 def runtime(name, *arguments):
-    """A function of the Objective-C runtime, which the library is linked with."""
+    """Returns a function of the Objective-C runtime, which the library is linked with."""
     return CFUNCTYPE(c_void_p, *arguments)((name, plugin))
 
 
@@ -356,15 +356,15 @@ def raised(name, body):
 @check
 def registers_its_three_classes():
     same([name for name in classes if name.endswith(b"ZRX")], [b"NSColorZRX", b"NSColorListZRX", b"NSColorSpaceZRX"])
-    same(len(colour_names()), 47)
+    same(len(color_names()), 47)
 
 
-for factory, given, reader, slack in (
-        ("colorWithCalibratedRGB", (1.0, 0.5, 0.0, 0.8), "getRGB", 0), ("colorWithCalibratedHSV", (0.25, 0.5, 0.75, 0.8), "getHSV", 0),
-        ("colorWithCalibratedWhite", (0.3, 0.8), "getWhite", 0), ("colorWithDeviceRGB", (0.1, 0.2, 0.3, 0.4), "getRGB", 0),
-        ("colorWithDeviceHSV", (0.75, 0.5, 0.25, 1.0), "getHSV", 0), ("colorWithDeviceWhite", (0.6, 0.5), "getWhite", 0),
-        ("colorWithDeviceCMYK", (0.1, 0.2, 0.3, 0.4, 0.5), "getCMYK", 0), ("colorWithSRGB", (0.1, 0.2, 0.3, 0.4), "getRGB", 0),
-        ("colorWithDisplayP3", (0.1, 0.2, 0.3, 0.4), "getRGB", 0), ("colorWithGenericGamma22White", (0.6, 0.5), "getWhite", 0)):
+for factory, given, reader in (
+        ("colorWithCalibratedRGB", (1.0, 0.5, 0.0, 0.8), "getRGB"), ("colorWithCalibratedHSV", (0.25, 0.5, 0.75, 0.8), "getHSV"),
+        ("colorWithCalibratedWhite", (0.3, 0.8), "getWhite"), ("colorWithDeviceRGB", (0.1, 0.2, 0.3, 0.4), "getRGB"),
+        ("colorWithDeviceHSV", (0.75, 0.5, 0.25, 1.0), "getHSV"), ("colorWithDeviceWhite", (0.6, 0.5), "getWhite"),
+        ("colorWithDeviceCMYK", (0.1, 0.2, 0.3, 0.4, 0.5), "getCMYK"), ("colorWithSRGB", (0.1, 0.2, 0.3, 0.4), "getRGB"),
+        ("colorWithDisplayP3", (0.1, 0.2, 0.3, 0.4), "getRGB"), ("colorWithGenericGamma22White", (0.6, 0.5), "getWhite")):
     def keeps(factory=factory, given=given, reader=reader):
         near(outputs(color(factory, *given), reader, len(given)), given)
 
@@ -486,8 +486,9 @@ def a_profile_makes_the_space_that_it_came_from():
 
 for encoding in ENCODINGS:
     def crosses(encoding=encoding):
+        words = {ASCII: "plain", UTF8: "\u00fc\U0001F3A8", UTF16: "\u00fc\U0001F3A8", UTF32: "\u00fc\U0001F3A8"}
         for repeats in 1, 200:  # the longer text takes another way, through the heap
-            text = ("plain" if encoding == ASCII else "gr\u00fcn" if encoding not in (UTF8, UTF16, UTF32) else "\u00fc\U0001F3A8") * repeats
+            text = words.get(encoding, "gr\u00fcn") * repeats
             colors = new("NSColorListZRX")
             call(colors, "Create", hold(new_string(text.encode(ENCODINGS[encoding]), encoding)))
             same(call(colors, "name"), text)
@@ -545,7 +546,7 @@ def run(function):
 
 
 def outcome(function):
-    """What a function shows, or the host exception that it ends in."""
+    """Returns the function's result, or the text of the host exception that it raises."""
     try:
         return function()
     except HostException as error:
@@ -569,8 +570,8 @@ def report():
     """Prints what no list of expected results can hold, because each system has its own."""
     print(f"\nsystem: {'macOS ' + platform.mac_ver()[0] if platform.mac_ver()[0] else platform.platform()}")
     print(f"architecture: {platform.machine()}, Python {platform.python_version()}")
-    print(f"{len(colour_names())} colours: description | colour space | components")
-    for name in colour_names():
+    print(f"{len(color_names())} colours: description | colour space | components")
+    for name in color_names():
         print(f"  {name}: {outcome(lambda: describe(name))}")
     for name, arguments in ("redColor", ()), ("colorWithCalibratedRGB", (0.1, 0.2, 0.3, 1.0)):
         first, second = (values[color(name, *arguments)].native for _ in range(2))
