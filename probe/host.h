@@ -105,7 +105,10 @@ struct Strings {
         : build(host.entry(entries::REALBuildString)), lock(host.entry(entries::REALLockString)),
           unlock(host.entry(entries::REALUnlockString)) {}
 
-    bool areUsable() const { return build && lock && unlock; }
+    // Set when the lock turns out to add no reference: then reading a string would destroy it.
+    static inline bool isLockBroken = false;
+
+    bool areUsable() const { return build && lock && unlock && !isLockBroken; }
     REALstringStruct* of(const std::string& bytes) const {
         return build(bytes.data(), static_cast<std::int32_t>(bytes.size()));
     }
@@ -140,7 +143,6 @@ extern const char* const className;
 struct Life {
     int constructed, destroyed;
     bool wasZeroed; // the last one's data, before its constructor ran
-    bool wasHeld;   // an object that was locked and unlocked once still exists
     bool wasKept;   // what the constructor wrote there, until the destructor ran
 };
 Life& life();
