@@ -190,6 +190,15 @@ class Reports(unittest.TestCase):
         self.assertLess(validate("arguments.crash", "--call", "Faulty.first/1", "--in-process")[1], 0)
 
 
+    def test_program_names_the_function_and_place_of_an_escaped_exception(self):
+        for fault, line, member in (("empty-receivers.throws", 'Print f.first("x")', "first"), ("setters.throws", 'f.Name = "x"', "Name")):
+            result = subprocess.run([*HOST, "run", "--plugin", PLUGIN, "-e", "Dim f As New Faulty", "-e", line], text=True,
+                                    env=dict(os.environ, CHROMA_FAULT=fault), stderr=subprocess.PIPE, check=False)
+            self.assertRegex(result.stderr, "-e:2:.*: a C\\+\\+ exception left the plugin's function Faulty."
+                             + member + ": of the plugin")
+            self.assertEqual(result.returncode, 1)
+
+
 class Limits(unittest.TestCase):
     def test_function_that_hangs_is_not_called_again(self):
         _, checks, code = validate_as_json("arguments.hang", "--timeout", "0.5", "--only", "empty-receivers", "--only", "arguments")

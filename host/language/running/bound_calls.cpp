@@ -1,6 +1,7 @@
 #include "language/running/bound_calls.h"
 
 #include "language/running/argument_passing.h"
+#include "language/running/escaped.h"
 #include "language/running/places.h"
 
 #include "model/calls.h"
@@ -15,8 +16,8 @@ namespace {
 class Callee {
 public:
     Callee(const Method& method, Offset offset)
-        : invoke_(method.invoke), function_(method.function), counting_(countingOf(method.signature.result)),
-          offset_(offset) {}
+        : method_(method), invoke_(method.invoke), function_(method.function),
+          counting_(countingOf(method.signature.result)), offset_(offset) {}
 
     static Callee setterOf(const Method& method, Offset offset) {
         Callee callee(method, offset);
@@ -31,7 +32,7 @@ public:
     Slot run(Frame& frame, const Slot* slots) const {
         Slot result;
         try {
-            invoke_(function_, slots, &result);
+            callMember(*method_.owner, method_.signature.name, offset_, [&] { invoke_(function_, slots, &result); });
         } catch (const std::bad_alloc&) {
             failMemory(offset_);
         }
@@ -41,6 +42,7 @@ public:
     Offset offset() const { return offset_; }
 
 private:
+    const Method& method_;
     Invoker invoke_;
     REALfunction function_;
     Counting counting_;
@@ -78,7 +80,7 @@ ActionPtr callSetter(const Method& method, CodePtr receiver, std::vector<Argumen
 
 CodePtr makeObject(ClassInfo& info, const Method* constructor, std::vector<ArgumentCode> arguments, Offset offset) {
     const auto newInFrame = [&info, offset](Frame& frame) {
-        Object* const object = newObject(info);
+        Object* const object = callMember(info, "constructor", offset, [&info] { return newObject(info); });
         if (!object) throwNew(offset, "OutOfMemoryException", "There is not enough memory for this object.");
         frame.keep(object);
         checkPending(offset);

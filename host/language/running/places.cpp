@@ -1,5 +1,7 @@
 #include "language/running/places.h"
 
+#include "language/running/escaped.h"
+
 #include "text/letters.h"
 
 #include <algorithm>
@@ -62,7 +64,9 @@ CodePtr readProperty(const Property& property, CodePtr object, Offset offset) {
     const Counting counting = countingOf(property.type);
     return makeCode([&property, object = std::move(object), counting, offset](Frame& frame) {
         Object* const owner = requireObject(frame, object->evaluate(frame).object, offset);
-        const Slot value = frame.keep(counting, host::readProperty(property, owner));
+        const Slot read =
+            callMember(*property.owner, property.name, offset, [&] { return host::readProperty(property, owner); });
+        const Slot value = frame.keep(counting, read);
         checkPending(offset);
         return value;
     });
@@ -148,7 +152,8 @@ ActionPtr cutVariable(VariablePlace place, text::Part (*part)(HostInteger, HostI
 ActionPtr writeProperty(const Property& property, CodePtr object, CodePtr value, Offset offset) {
     return makeAction([&property, object = std::move(object), value = std::move(value), offset](Frame& frame) {
         Object* const owner = requireObject(frame, object->evaluate(frame).object, offset);
-        host::writeProperty(property, owner, value->evaluate(frame));
+        const Slot written = value->evaluate(frame);
+        callMember(*property.owner, property.name, offset, [&] { host::writeProperty(property, owner, written); });
         checkPending(offset);
     });
 }

@@ -1,6 +1,7 @@
 #include "language/running/run.h"
 
 #include "language/running/call_stack.h"
+#include "language/running/escaped.h"
 
 #include "model/classes.h"
 #include "model/platform.h"
@@ -83,6 +84,8 @@ std::string runCode(const Source& source, const Action& code, Execution& executi
         code.execute(frame);
     } catch (const Raised& raised) {
         report = source.report(raised.offset(), describe(raised)) + callsAround(raised, execution);
+    } catch (const Escaped& escaped) {
+        report = source.report(escaped.offset, escaped.text);
     } catch (const Interrupted& interrupted) {
         report = source.location(interrupted.offset) + ": interrupted\n";
     } catch (const Quit& quit) {
