@@ -2,10 +2,15 @@
 // stand below them. And lines, which an editor would change.
 #include "programs.h"
 
+#include "language/words.h"
+#include "text/letters.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
+#include <utility>
 
 namespace {
 
@@ -108,6 +113,25 @@ TEST_P(WrongPrograms, EndWithTheReportsBelowThem) {
         }
     }
     EXPECT_EQ(program, "");
+}
+
+TEST(Programs, UseEveryFunctionOfTheLanguage) {
+    Paths paths = filesIn("programs");
+    paths.push_back(CHROMA_PROGRAMS "/../host/transcripts/running.txt");
+    std::set<std::string, host::LessIgnoringCase> used;
+    for (const std::string& path : paths) {
+        std::ifstream file(path);
+        std::string word;
+        for (char c = 0; file.get(c);) {
+            if (host::isNamePart(c)) {
+                word += c;
+            } else {
+                used.insert(std::exchange(word, {}));
+            }
+        }
+    }
+    for (const host::language::Word& word : host::language::words())
+        EXPECT_TRUE(word.kind != host::language::WordKind::function || used.count(std::string(word.name))) << word.name;
 }
 
 TEST(Statements, LinesAreReadInEveryForm) {

@@ -57,3 +57,5 @@ Lines
 Print Red(Orange), Green(Orange), Blue(Orange), Alpha(Orange), Alpha(#12345678) '> 255 128 0 255 120
 Try : Print Hex(New MemoryBlock(1)) : Catch e As RuntimeException : Print e : End Try '> TypeMismatchException: This MemoryBlock is not a colour that sRGB can show.
 Try : Dim nobody As Object : Print Hex(nobody) : Catch e As RuntimeException : Print e : End Try '> NilObjectException: Hex was called with Nil.
+Dim started As Double = Microseconds
+Print Microseconds >= started '> True
