@@ -17,7 +17,7 @@ namespace host {
 // Characters of a text that is not ASCII whose bytes are known: the one that was looked up last, and, as far as anybody
 // looked, each one whose number is a multiple of the stride.
 struct Walk {
-    static constexpr std::size_t stride = 256;
+    static constexpr std::size_t stride = 64;
     std::size_t character = 0;
     std::size_t offset = 0;
     std::vector<std::int32_t> offsets = {0};
