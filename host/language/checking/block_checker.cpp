@@ -193,7 +193,8 @@ Handler StatementChecker::handler(const syntax::Try::Catch& form, Offset offset,
             made.info = attempt([&] { return exceptionClassOf(*form.className); });
             for (const Handler& earlier : before) {
                 if (!made.info || (earlier.info && !made.info->isOrDescendsFrom(*earlier.info))) continue;
-                diagnostics_.warn(form.className->offset, "this Catch never runs: one above it takes every " + made.info->name());
+                diagnostics_.warn(form.className->offset,
+                                  "this Catch never runs: one above it takes every " + made.info->name());
                 break;
             }
             made.variable = declare(*form.variable, made.info ? Type::object(made.info->name()) : Type()).place;

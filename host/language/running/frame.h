@@ -67,7 +67,7 @@ private:
 // Raises a new exception of the class.
 [[noreturn]] void throwNew(Offset offset, std::string_view className, std::string_view message);
 
-[[noreturn]] void failMemory(Offset offset);        // raises OutOfMemoryException
+[[noreturn]] void failMemory(Offset offset);            // raises OutOfMemoryException
 void requireTextSize(std::size_t bytes, Offset offset); // the same for more than maxTextBytes
 
 inline void checkPending(Offset offset) {
