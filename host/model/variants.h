@@ -30,7 +30,7 @@ void unlock(Held held);
 
 // Returns whether `=` finds both equal: numbers and colours by their number, text by its characters, references by identity.
 // What is not a number equals nothing. Equal values have the same hash.
-bool areEqual(Held a, Held b);
+bool areEqual(Held first, Held second);
 std::size_t hashOf(Held held);
 
 } // namespace host

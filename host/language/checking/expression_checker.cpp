@@ -76,10 +76,11 @@ void ExpressionChecker::warnOfInvisible(const syntax::Expression& expression) {
     constexpr HostInteger opaque = 0x1000000;
     const auto* const literal = std::get_if<Literal>(&expression.form);
     const auto* const number = literal ? std::get_if<HostInteger>(&literal->value) : nullptr;
-    if (number && *number > 0 && *number < opaque)
+    if (number && *number > 0 && *number < opaque) {
         diagnostics_.warn(expression.offset,
                           "this number is an invisible colour, since its fourth byte, alpha, is 0; write " +
                               literalOf(static_cast<HostColor>(*number) | 0xFF000000));
+    }
 }
 
 Operand ExpressionChecker::form(const Literal& literal, Offset) { return literalOperand(literal); }

@@ -66,9 +66,10 @@ std::unique_ptr<Procedure> StatementChecker::declaration(const syntax::Procedure
     const Procedure* const same = procedures_.findSame(*procedure);
     if (!same || same->body) return procedure; // one of an earlier check has its body
     for (const auto& [other, made] : declared_) {
-        if (made == same)
+        if (made == same) {
             failCheck(form.name.offset, quoted(form.name.text) + " is declared with these parameters already, on " +
                                             diagnostics_.lineOf(other->name.offset));
+        }
     }
     return procedure;
 }

@@ -97,9 +97,10 @@ void StatementParser::close(const Opening& opening, std::optional<Offset> elseIf
     }
     if (endedInBlock_) return;
     try {
-        if (!elseIf)
+        if (!elseIf) {
             tokens_.failExpected("'" + std::string(opening.closing) + "' to close the " + std::string(opening.name) +
                                  " block that began on line " + std::to_string(source_.place(opening.offset).line));
+        }
     } catch (const SyntaxError& error) {
         report(error);
     }

@@ -66,9 +66,10 @@ Token TokenStream::expectName(std::string_view wanted) {
 }
 
 void TokenStream::failExpected(std::string_view wanted, std::string_view hint) const {
-    if (token_.quoted)
+    if (token_.quoted) {
         throw SyntaxError{*token_.quoted,
                           std::string(wanted) + " is expected here; ' starts a comment, and text is in double quotes"};
+    }
     throw SyntaxError{token_.offset, std::string(wanted) + " is expected here, not " + described(token_) +
                                          (hint.empty() ? "" : "; ") + std::string(hint)};
 }
