@@ -257,7 +257,9 @@ private:
         CLI::App* const command = add("completion", "Print a script that completes this command line in a shell",
                                       "  source <(chromahost completion bash)\n"
                                       "  chromahost completion zsh > ~/.zsh/_chromahost",
-                                      [this] { return completion(start_, shell_, words()); });
+                                      [this] {
+                                          return completion(start_, shell_, {wordsOf(app_, true), words()});
+                                      });
         command->add_option("SHELL", shell_, "bash or zsh")->required();
     }
 

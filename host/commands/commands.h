@@ -5,6 +5,7 @@
 #include "model/entries.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace host::commands {
@@ -97,9 +98,14 @@ struct CommandWords {
     std::vector<Word> own, positionals; // without the common ones
     std::string examples;               // lines
 };
+struct CompletedWords {
+    std::vector<Word> common; // options before the command
+    std::vector<CommandWords> commands;
+    std::vector<std::pair<std::string, std::vector<std::string>>> members = {}; // of each class
+};
 
 // A script that completes the commands, their options, and the values of these: `shell` is "bash" or "zsh".
-int completion(const Start& start, const std::string& shell, std::vector<CommandWords> commands);
+int completion(const Start& start, const std::string& shell, CompletedWords words);
 
 // The manual page, for man.
 int manual(const Word& program, const std::vector<Word>& options, const std::vector<CommandWords>& commands);

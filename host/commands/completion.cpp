@@ -2,6 +2,7 @@
 #include "commands/start.h"
 
 #include "documentation/pages.h"
+#include "text/letters.h"
 
 #include <iostream>
 #include <set>
@@ -24,36 +25,52 @@ std::vector<std::string> namesOf(const std::vector<Word>& words) {
     return names;
 }
 
-// Words, and behind an option its values; where neither is known, names of files.
-void writeBash(const std::vector<CommandWords>& commands, std::ostream& out) {
-    std::vector<std::string> names;
-    for (const CommandWords& command : commands)
+// A case of the script: words, or names of files, which readline completes with all their blanks and quotes.
+std::string bashCase(const std::string& pattern, const std::vector<std::string>& words, bool areFiles) {
+    return "    " + pattern + ") " + (areFiles ? "compopt -o default; return" : "words=\"" + joined(words, " ") + "\"") +
+           " ;;\n";
+}
+
+void writeBash(const CompletedWords& all, std::ostream& out) {
+    std::vector<std::string> names, withValue;
+    std::string valueCases;
+    for (const CommandWords& command : all.commands)
         names.push_back(command.command.name);
-    out << "# Completion of chromahost in bash.\n_chromahost() {\n"
-           "    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} command= word\n"
-           "    for word in \"${COMP_WORDS[@]:1:COMP_CWORD-1}\"; do\n"
-           "        case $word in "
-        << joined(names, " | ")
-        << ") command=$word; break ;; esac\n    done\n"
-           "    COMPREPLY=()\n    case $previous in\n";
     std::set<std::string> known; // an option means the same wherever it is
-    for (const CommandWords& command : commands) {
+    for (const CommandWords& command : all.commands) {
         for (const Word& option : command.options) {
             if (!option.takesValue || !known.insert(option.name).second) continue;
-            const std::string values = joined(option.values, " ");
-            out << "    " << option.name << ") COMPREPLY=($(compgen " << (values.empty() ? "-f" : "-W \"" + values + "\"")
-                << " -- \"$current\")); return ;;\n";
+            withValue.push_back(option.name);
+            valueCases += bashCase(option.name, option.values, option.values.empty());
         }
     }
-    out << "    esac\n    case $command in\n    '') COMPREPLY=($(compgen -W \"" << joined(names, " ")
-        << " --help --version\" -- \"$current\")) ;;\n";
-    for (const CommandWords& command : commands) {
-        out << "    " << command.command.name << ")\n        if [[ $current == -* ]]; then COMPREPLY=($(compgen -W \""
-            << joined(namesOf(command.options), " ") << "\" -- \"$current\"))\n        else COMPREPLY=($("
-            << (command.command.values.empty() ? "compgen -f" : "compgen -W \"" + joined(command.command.values, " ") + "\"")
-            << " -- \"$current\")); fi ;;\n";
+    out << "# Completion of chromahost in bash.\n_chromahost() {\n"
+           "    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} command= isValue= word words\n"
+           "    COMPREPLY=()\n"
+           "    # bash separates an option, = and the value\n"
+           "    if [[ $current == = ]]; then current=; elif [[ $previous == = ]]; then previous=${COMP_WORDS[COMP_CWORD-2]}; fi\n"
+           "    for word in \"${COMP_WORDS[@]:1:COMP_CWORD-1}\"; do\n"
+           "        if [[ $isValue && $word != = ]]; then isValue=; continue; fi\n"
+           "        case $word in\n        = | "
+        << joined(withValue, " | ") << ") isValue=1 ;;\n        " << joined(names, " | ")
+        << ") command=$word; break ;;\n        esac\n    done\n    case $previous in\n"
+        << valueCases << "    *)\n    case $command:$current in\n"
+        << bashCase(":-*", namesOf(all.common), false) << bashCase(":*", names, false);
+    for (const CommandWords& command : all.commands) {
+        const std::string& name = command.command.name;
+        out << bashCase(name + ":-*", namesOf(command.options), false);
+        if (name == "browse") {
+            out << "    browse:*)\n        case $previous in\n";
+            for (const auto& [subject, members] : all.members)
+                out << "    " << bashCase(subject, members, false);
+            out << "        browse) words=\"" << joined(command.command.values, " ") << "\" ;;\n        esac ;;\n";
+        } else {
+            out << bashCase(name + ":*", command.command.values,
+                            command.command.values.empty() && !command.positionals.empty());
+        }
     }
-    out << "    esac\n}\ncomplete -o filenames -F _chromahost chromahost\n";
+    out << "    esac ;;\n    esac\n    COMPREPLY=($(compgen -W \"$words\" -- \"$current\"))\n}\n"
+           "complete -F _chromahost chromahost\n";
 }
 
 // As a word between single quotes of _arguments and _values: without what these give a meaning.
@@ -71,40 +88,67 @@ std::string quoted(const std::string& text) {
     return result;
 }
 
-void writeZsh(const std::vector<CommandWords>& commands, std::ostream& out) {
-    out << "#compdef chromahost\n# Completion of chromahost in zsh.\nlocal -a commands\ncommands=(\n";
-    for (const CommandWords& command : commands)
+// Options as _arguments takes them, each after a line break; a value may follow a blank or "=".
+std::string zshOptions(const std::vector<Word>& options) {
+    std::string text;
+    for (const Word& option : options) {
+        const bool isLong = option.name.rfind("--", 0) == 0;
+        text += " \\\n        '*" + option.name + (option.takesValue && isLong ? "=" : "") + "[" + quoted(option.text) + "]";
+        if (option.takesValue)
+            text += ":value:" + (option.values.empty() ? "_files" : "(" + joined(option.values, " ") + ")");
+        text += "'";
+    }
+    return text;
+}
+
+void writeZsh(const CompletedWords& all, std::ostream& out) {
+    out << "#compdef chromahost\n# Completion of chromahost in zsh.\nlocal -a commands line\nlocal state state_descr context\n"
+           "typeset -A opt_args\ncommands=(\n";
+    for (const CommandWords& command : all.commands)
         out << "    '" << command.command.name << ":" << quoted(command.command.text) << "'\n";
-    out << ")\nlocal command word\nfor word in \"${(@)words[2,CURRENT-1]}\"; do\n"
-           "    (( ${commands[(I)$word:*]} )) && { command=$word; break }\ndone\ncase $command in\n"
-           "'') _describe command commands ;;\n";
-    for (const CommandWords& command : commands) {
-        out << command.command.name << ")\n    _arguments";
-        for (const Word& option : command.options) {
-            out << " \\\n        '*" << option.name << "[" << quoted(option.text) << "]"
-                << (!option.takesValue      ? ""
-                    : option.values.empty() ? ":value:_files"
-                                            : ":value:(" + joined(option.values, " ") + ")")
-                << "'";
+    out << ")\n_arguments -C" << zshOptions(all.common)
+        << " \\\n        '1:command:->command' '*::argument:->arguments'\n"
+           "[[ $state == command ]] && _describe command commands\n[[ $state == arguments ]] || return\nstate=\n"
+           "case $words[1] in\n";
+    for (const CommandWords& command : all.commands) {
+        out << command.command.name << ")\n    _arguments -C" << zshOptions(command.options);
+        const std::vector<std::string>& values = command.command.values;
+        if (!command.positionals.empty()) {
+            out << " \\\n        '" << (values.empty() ? "*" : "1")
+                << ":argument:" << (values.empty() ? "_files" : "(" + joined(values, " ") + ")") << "'";
         }
-        out << " \\\n        '*:argument:"
-            << (command.command.values.empty() ? "_files" : "(" + joined(command.command.values, " ") + ")")
-            << "'\n    ;;\n";
+        if (command.command.name == "browse") {
+            out << " '2:member:->member'\n    [[ $state == member ]] && case $line[1] in\n";
+            for (const auto& [subject, members] : all.members)
+                out << "    " << subject << ") compadd " << joined(members, " ") << " ;;\n";
+            out << "    esac";
+        }
+        out << "\n    ;;\n";
     }
     out << "esac\n";
 }
 
 } // namespace
 
-int completion(const Start& start, const std::string& shell, std::vector<CommandWords> commands) {
+int completion(const Start& start, const std::string& shell, CompletedWords words) {
     startHost(start, true);
-    for (CommandWords& command : commands) {
-        if (command.command.name == "browse") command.command.values = documentation::classNames(registry());
+    for (const auto& info : registry().classes()) {
+        std::vector<std::string> members;
+        for (const documentation::Section& section : documentation::pageOf(*info).sections) {
+            for (const documentation::MemberPage& member : section.members)
+                members.push_back(member.name);
+        }
+        words.members.emplace_back(info->name(), std::move(members));
+    }
+    for (CommandWords& command : words.commands) {
+        if (command.command.name != "browse") continue;
+        for (const std::string& name : documentation::pageNames(registry()))
+            if (isNamePart(name[0])) command.command.values.push_back(name);
     }
     if (shell == "bash") {
-        writeBash(commands, std::cout);
+        writeBash(words, std::cout);
     } else if (shell == "zsh") {
-        writeZsh(commands, std::cout);
+        writeZsh(words, std::cout);
     } else {
         throw std::invalid_argument("there is completion for bash and zsh, not for " + shell);
     }

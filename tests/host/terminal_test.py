@@ -1,17 +1,21 @@
-"""terminal_test.py CHROMAHOST...: types at the prompt on a terminal and reads the screen."""
-import fcntl, os, pty, re, select, struct, sys, tempfile, termios, time
+"""terminal_test.py CHROMAHOST...: types at the prompt and in shells on a terminal and reads the screen."""
+import fcntl, os, pty, re, select, shutil, struct, subprocess, sys, tempfile, termios, time
 
 UP, DOWN, CTRL_D = "\x1b[A", "\x1b[B", "\x04"
 
 
+folder = tempfile.mkdtemp()
+
+
 class Terminal:
-    def __init__(self, columns=80):
+    def __init__(self, *command, columns=80, prompt="> ", **environment):
         self.pid, self.screen = pty.fork()
         if self.pid == 0:
             fcntl.ioctl(0, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
-            os.environ.update(TERM="xterm", NO_COLOR="1", XDG_STATE_HOME=tempfile.mkdtemp(), INPUTRC="/dev/null")
-            os.execvp(sys.argv[1], [*sys.argv[1:], "repl"])
-        self.until("> ")
+            os.environ.update(TERM="xterm", NO_COLOR="1", XDG_STATE_HOME=folder, INPUTRC="/dev/null", **environment)
+            command = command or [*sys.argv[1:], "repl"]
+            os.execvp(command[0], command)
+        self.until(prompt)
 
     def until(self, wanted):
         """Reads until the text is on the screen, and returns all that was read, without control sequences."""
@@ -20,7 +24,8 @@ class Terminal:
             if not select.select([self.screen], [], [], max(0.0, end - time.monotonic()))[0]:
                 sys.exit(f"no {wanted!r} in {read!r}")
             read += os.read(self.screen, 65536).decode()
-            shown = re.sub("\x1b\\[[0-9;?]*[A-Za-z]|\r", "", read)
+            shown = re.sub("\x1b\\[[0-9;?]*[A-Za-z]|[\r\a]", "", read)
+            shown = re.sub(".\x08", "", shown)
         self.drawn = len(read)
         return shown
 
@@ -64,4 +69,24 @@ pasted = "\r".join(["If True Then", *("Print " + str(line) for line in range(500
 terminal.type("\x1b[200~" + pasted + "\x1b[201~", "End If")
 check(terminal.drawn < 1.2 * len(pasted), f"{terminal.drawn} characters drawn of {len(pasted)}")
 terminal.type("\r", "\n499\n")
+# A page is printed if its pager cannot be started.
+Terminal(*sys.argv[1:], "browse", "NSColorZRX", PAGER="/no/pager", prompt="Shared methods")
+
+# Shells complete names with blanks, and what only they separate.
+for shell, script in ("bash", "_chromahost"), ("zsh", "_chromahost"):
+    if not shutil.which(shell):
+        print(shell, "is not installed")
+        continue
+    with open(f"{folder}/{script}", "w") as file:
+        subprocess.run([*sys.argv[1:], "completion", shell], stdout=file, check=True)
+    os.makedirs(f"{folder}/a folder", exist_ok=True)
+    open(f"{folder}/a folder/first program.bas", "w").close()
+    start = {"bash": ["--norc", "--noprofile", "-i"], "zsh": ["-f", "-i"]}[shell]
+    terminal = Terminal(shell, *start, PS1="ready> ", PROMPT="ready> ", prompt="ready> ")
+    load = {"bash": "source", "zsh": "fpath=($PWD $fpath); autoload -U compinit; compinit -u -D; echo"}[shell]
+    terminal.type(f"cd {folder}; {load} ./{script}; PS1=do'ne> '\r", "done> ")
+    for typed, completed in ("run a\tf\t", "run a\\ folder/first\\ program.bas"), ("browse NSColorLis\tcolorW\t", "ListZRX colorWithKey"), \
+                            ("swatches --format=s\t", "--format=svg"), ("--host-v\t", "--host-version"):
+        terminal.type("chromahost " + typed, completed)
+        terminal.type("\x15\r", "done> ")
 print("typed")
