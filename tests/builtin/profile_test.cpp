@@ -223,6 +223,7 @@ TEST_F(Profiles, ThatAreBrokenAreRefused) {
                                                         {"kTRC", gammaCurve(0)},
                                                         {"kTRC", parametricCurve(5, {1, 1, 1, 1, 1, 1, 1})},
                                                         {"kTRC", parametricCurve(1, {2, 0, 1})},
+                                                        {"kTRC", parametricCurve(0, {0})},
                                                         {"rXYZ", "XYZ \0\0\0\0\0\0"s}};
     // Tables: a type, channels, points, samples and so on until all is there. The last is whole.
     const std::string identity = numbers({1, 0, 0, 0, 1, 0, 0, 0, 1}, 65536, 4), curve = gammaCurve(1);
