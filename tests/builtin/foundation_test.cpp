@@ -239,6 +239,8 @@ TEST_F(Collections, DictionariesKeepTheLatestValueOfAPlainPointer) {
     const CFMutableDictionaryRef dictionary = CFDictionaryCreateMutable(nullptr, 0, nullptr, nullptr);
     std::map<const void*, const void*> expected;
     static const char keys[500] = {};
+    EXPECT_EQ(CFDictionaryCreateMutable(nullptr, 0, keys, nullptr), nullptr) << "holds plain pointers only";
+    EXPECT_EQ(CFDictionaryCreateMutable(nullptr, 0, nullptr, keys), nullptr);
     std::minstd_rand random;
     for (int step = 0; step < 5000; ++step) {
         const void *const key = step % 50 ? &keys[random() % std::size(keys)] : nullptr, *const value = &keys[step % 7];

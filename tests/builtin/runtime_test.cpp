@@ -6,7 +6,6 @@
 #include <cstdlib>
 #include <future>
 #include <new>
-#include <sstream>
 #include <thread>
 #include <tuple>
 
@@ -61,52 +60,6 @@ void* operator new(std::size_t size) {
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
-TEST_F(Runtime, SelectorsAreInternedByNameAndNilAnswersZero) {
-    const SEL first = sel_registerName("some:message:");
-    EXPECT_EQ(first, sel_registerName(std::string("some:message:").c_str()));
-    EXPECT_NE(first, sel_registerName("some:message"));
-    EXPECT_STREQ(sel_getName(first), "some:message:");
-    EXPECT_EQ(reinterpret_cast<id (*)(id, SEL)>(objc_msg_lookup(nullptr, first))(nullptr, first), nullptr);
-}
-
-TEST_F(Runtime, ClassesAreFoundByNameKnowTheirKinAndCanBeMade) {
-    const Class color = objc_getClass("NSColor"), root = objc_getClass("NSObject");
-    const Class cls = objc_allocateClassPair(color, "WideColor", 64);
-    EXPECT_EQ(objc_lookUpClass("WideColor"), nullptr) << "found before it was registered";
-    objc_registerClassPair(cls);
-    EXPECT_EQ(objc_getClass("WideColor"), cls);
-    EXPECT_EQ(objc_allocateClassPair(color, "WideColor", 0), nullptr);
-
-    // A metaclass is what class methods live in; the root's metaclass descends from the root itself.
-    const std::pair<Class, Class> kin[] = {{cls, color},
-                                           {color, root},
-                                           {root, nullptr},
-                                           {object_getClass(cls), object_getClass(color)},
-                                           {object_getClass(color), object_getClass(root)},
-                                           {object_getClass(root), root}};
-    for (const auto& [child, parent] : kin)
-        EXPECT_EQ(class_getSuperclass(child), parent) << class_getName(child);
-    const SEL message = sel_registerName("colorSpaceName");
-    EXPECT_TRUE(send<BOOL>(cls, "respondsToSelector:", sel_registerName("alloc")));
-    EXPECT_FALSE(send<BOOL>(cls, "respondsToSelector:", message));
-    EXPECT_TRUE(send<BOOL>(cls, "instancesRespondToSelector:", message));
-
-    const id object = made("WideColor", "init");
-    EXPECT_STREQ(object_getClassName(object), "WideColor");
-    EXPECT_TRUE(send<BOOL>(object, "isKindOfClass:", color));
-    EXPECT_FALSE(send<BOOL>(object, "isMemberOfClass:", color));
-    EXPECT_EQ(textOf(send(object, "colorSpaceName")), "NSPatternColorSpace");
-}
-
-TEST_F(Runtime, UnknownSelectorsRaiseInTheUsualWords) {
-    std::ostringstream place;
-    place << static_cast<void*>(NSCustomColorSpace);
-    EXPECT_EQ(raised([] { send(NSCustomColorSpace, "foo:", id{}); }),
-              "NSInvalidArgumentException: -[NSString foo:]: unrecognized selector sent to instance " + place.str());
-    EXPECT_EQ(raised([] { sendClass("NSColor", "foo"); }).find("NSInvalidArgumentException: +[NSColor foo]: unrecognized"),
-              0u);
-}
-
 TEST_F(Runtime, AddedAndReplacedMethodsAreInForceAtOnce) {
     const Class parent = subclass("NSObject", "Parent"), child = subclass("Parent", "Child");
     const SEL number = sel_registerName("number");
@@ -134,22 +87,6 @@ TEST_F(Runtime, AddedAndReplacedMethodsAreInForceAtOnce) {
     EXPECT_EQ(send<int>(child, "number"), 2);
     EXPECT_EQ(class_getClassMethod(child, number), class_getInstanceMethod(metaclass, number));
     EXPECT_FALSE(send<BOOL>(parent, "respondsToSelector:", number));
-}
-
-TEST_F(Runtime, ThreadsMayMeetAtTheFirstCallAndWhileMethodsChange) {
-    std::vector<std::thread> threads;
-    for (int index = 0; index < 4; ++index) {
-        threads.emplace_back([] {
-            for (int round = 0; round < 2000; ++round) {
-                const Pool inner;
-                class_replaceMethod(objc_getClass("NSData"), sel_registerName("round"), implementation(answerOne), nullptr);
-                EXPECT_EQ(send<int>(sendClass("NSData", "data"), "round"), 1);
-                EXPECT_EQ(textOf(send(calibratedRGB(1, 0, 0), "colorSpaceName")), "NSCalibratedRGBColorSpace");
-            }
-        });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
 }
 
 TEST_F(Exceptions, AnyObjectCanBeThrownAndMatchedByClass) {

@@ -1,5 +1,5 @@
-// The built library in a host that knows nothing of it but the ABI: loaded by path, from any thread and more than once, and
-// used through the records that it registered.
+// The built library in a host that knows nothing of it but the ABI: loaded by path, more than once, and used through the
+// records that it registered.
 #include "support/foreign_host.h"
 
 #include <gtest/gtest.h>
@@ -7,7 +7,6 @@
 #include <dlfcn.h>
 
 #include <filesystem>
-#include <thread>
 
 using foreign::bound;
 using foreign::Host;
@@ -30,9 +29,6 @@ void load(double version) {
 }
 
 const char* const constructorRGB = "Constructor(red as double, green as double, blue as double, alpha as double = 1.0)";
-const char* const getRGBA =
-    "getRGB(byref red as double, byref green as double, byref blue as double, byref alpha as double)";
-
 REALobjectStruct* newColor(double red, double green, double blue, double alpha) {
     REALobjectStruct* const object = foreign::make("NSColorZRX");
     bound<void(REALobjectStruct*, double, double, double, double)>(foreign::method("NSColorZRX", constructorRGB))(
@@ -42,20 +38,6 @@ REALobjectStruct* newColor(double red, double green, double blue, double alpha) 
 
 const std::vector<foreign::Raised> outOfBounds{
     {"OutOfBoundsException", "Invalid values. Please pass values in range 0.0 to 1.0.", 0}};
-
-void useTheClass() {
-    REALobjectStruct* const color = newColor(1.0, 0.5, 0.0, 0.25);
-    double red = 9, green = 9, blue = 9, alpha = 9;
-    bound<void(REALobjectStruct*, double*, double*, double*, double*)>(foreign::method("NSColorZRX", getRGBA))(
-        color, &red, &green, &blue, &alpha);
-    EXPECT_EQ((std::vector<double>{red, green, blue, alpha}), (std::vector<double>{1.0, 0.5, 0.0, 0.25}));
-    foreign::unlock(color);
-
-    foreign::unlock(newColor(3.0, 0.0, 0.0, 1.0));
-    EXPECT_EQ(Host::instance().takeRaised(), outOfBounds);
-    EXPECT_EQ(Host::liveObjects(), 0);
-    EXPECT_EQ(Host::liveStrings(), 0);
-}
 
 int raisedElsewhere = 0;
 
@@ -81,14 +63,6 @@ void refuseColor(const Records& records) {
 }
 
 } // namespace
-
-TEST(Load, AThreadThatIsNotTheFirstLoadsAndCalls) {
-    std::thread([] {
-        load(2021.0);
-        useTheClass();
-    }).join();
-    useTheClass();
-}
 
 TEST(Load, ACopyUnderAnotherNameSharesNothing) {
     const std::string copy = CHROMA_LIBRARY ".copy";

@@ -37,6 +37,8 @@ TEST_F(Platform, AnswersEveryMessageButTheOnesItIsKnownToLack) {
     const std::regex row("\n- `([+-])\\[(\\w+) ([\\w:]+)\\]`");
     const std::sregex_iterator first(platform::page.begin(), platform::page.end(), row), end;
     EXPECT_EQ(std::distance(first, end), 11);
+    const SEL unknown = sel_registerName("aMessageNobodyKnows");
+    EXPECT_FALSE(native::send<BOOL>(objc_getClass("NSColor"), "instancesRespondToSelector:", unknown));
     for (auto found = first; found != end; ++found) {
         const id cls = objc_getClass((*found)[2].str().c_str());
         const SEL selector = sel_registerName((*found)[3].str().c_str());
