@@ -214,7 +214,7 @@ class Limits(unittest.TestCase):
                 while process.poll() is None and not (children := child_processes(process.pid)):
                     time.sleep(0.01)
                 process.send_signal(number)
-                process.communicate()
+                process.communicate(timeout=30)
                 self.assertEqual(process.returncode, -number)
                 self.assertEqual(os.listdir(folder), [])
                 self.assertFalse([child for child in children if os.path.exists(f"/proc/{child}")])
