@@ -75,6 +75,7 @@ TEST_F(Strings, AreReadInEveryEncoding) {
         {"a\x80\x9F\xFF", windowsLatin1, false, u"a\u20AC\u0178\u00FF"},
         {"a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z", utf8, false, text},
         {limitsInUtf8, utf8, false, limits},
+        {"0123456789\xC3\xA9 0123456789", utf8, false, u"0123456789\u00E9 0123456789"},
         {encoded(text), utf16, false, text},
         {encoded<char32_t>(U"a\u00E9\u20AC\U0001F600z"), utf32, false, text},
         {"\xEF\xBB\xBFz", utf8, false, u"\uFEFFz"},

@@ -201,6 +201,8 @@ TEST_F(OtherEngine, AcceptsThePlatformsProfilesAndConvertsAlike) {
         ASSERT_NE(from.profile, nullptr) << message;
         EXPECT_EQ(nameOf(from.profile), textOf(send(from.space, "localizedName")));
         EXPECT_NE(nameOf(from.profile, cmsInfoCopyright), "");
+        for (int tag = 0; tag < cmsGetTagCount(from.profile.get()); ++tag)
+            EXPECT_NE(cmsReadTag(from.profile.get(), cmsGetTagSignature(from.profile.get(), tag)), nullptr) << tag;
         for (const char* const target : profiled) {
             const Side to(target);
             if (isEqual(from.space, to.space)) continue;
