@@ -98,18 +98,6 @@ TEST_F(Conversions, AnswerTheReceiverWhenThereIsNothingToDoAndNilWhenNothingCanB
         EXPECT_EQ(named(color, name), expected) << textOf(color) << " to " << name;
 }
 
-TEST_F(Conversions, AreKnownByTheNamesOfTheirSpaces) {
-    const std::pair<id, const char*> spaces[] = {
-        {NSCalibratedWhiteColorSpace, "genericGrayColorSpace"}, {NSCalibratedBlackColorSpace, "genericGrayColorSpace"},
-        {NSDeviceWhiteColorSpace, "deviceGrayColorSpace"},      {NSDeviceBlackColorSpace, "deviceGrayColorSpace"},
-        {NSCalibratedRGBColorSpace, "genericRGBColorSpace"},    {NSDeviceRGBColorSpace, "deviceRGBColorSpace"},
-        {NSDeviceCMYKColorSpace, "deviceCMYKColorSpace"}};
-    for (const auto& [name, message] : spaces)
-        EXPECT_TRUE(
-            isEqual(send(color("orangeColor"), "colorUsingColorSpaceName:", name), inSpace(color("orangeColor"), message)))
-            << message;
-}
-
 TEST_F(Conversions, DerivedColorsMixInCalibratedRGB) {
     const id rgb = calibratedRGB(1, 0.5f, 0, 0.5f), white = color("whiteColor"), text = color("textColor");
     const id pattern = color("colorWithPatternImage:", made("NSImage", "init"));

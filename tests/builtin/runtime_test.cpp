@@ -163,36 +163,6 @@ TEST_F(Exceptions, ReachGuardsOfEveryCompilerWithAnyFlags) {
     }
 }
 
-#if defined(__LP64__)
-// A release that throws is met in the middle of a destructor.
-TEST_F(Exceptions, OutOfWhatAnObjectHoldsComeAfterItsEnd) {
-    struct Counter {
-        int& count;
-        ~Counter() { ++count; }
-    };
-    const Class strict = subclass("NSString", "StrictString");
-    const SEL dealloc = sel_registerName("dealloc");
-    class_addMethod(strict, dealloc, implementation(+[](id self, SEL) { objc_exception_throw(self); }), nullptr);
-    const auto text = [] { return sendClass("StrictString", "new"); };
-    const id name = text(), reason = text(),
-             exception = send(sendClass("NSException", "alloc"), "initWithName:reason:userInfo:", name, reason, id{});
-    for (const id held : {name, reason})
-        send<void>(held, "release");
-    int destroyed = 0;
-    const id first = caught([&] {
-        const Counter counter{destroyed};
-        CFRelease(exception);
-    });
-    EXPECT_TRUE(first == name || first == reason);
-    EXPECT_EQ(destroyed, 1);
-    EXPECT_EQ(builtin_liveInstances("NSException"), 0u);
-    EXPECT_EQ(caught([] { CFRelease(newData()); }), nullptr) << "told twice";
-    for (const id kept : {name, reason})
-        reinterpret_cast<void (*)(id, SEL)>(class_getMethodImplementation(objc_getClass("NSString"), dealloc))(kept,
-                                                                                                               dealloc);
-}
-#endif
-
 // Where nothing catches them; and the handler of whoever wants to know comes before the end.
 TEST_F(ExceptionsDeathTest, UncaughtOnesEndTheProcessWithALine) {
     const auto uncaught = [](auto body) noexcept { body(); };

@@ -1,9 +1,5 @@
-// What the platform under the tests is: how it differs from AppKit, and how its own failures reach host code.
+// What the platform under the tests is: how it differs from AppKit, and how it throws.
 #include "support/plugin_test.h"
-
-#include "bridge/frame.h"
-#include "classes/color/color_shared.h"
-#include "classes/colorlist/colorlist.h"
 
 #include <regex>
 
@@ -45,24 +41,6 @@ TEST_F(Platform, AnswersEveryMessageButTheOnesItIsKnownToLack) {
         const char* const question = (*found)[1] == "+" ? "respondsToSelector:" : "instancesRespondToSelector:";
         EXPECT_EQ(native::send<BOOL>(cls, question, selector) == 0, platform::isGNUstep) << found->str();
     }
-}
-
-// Raised by the platform's own code, which the plugin and the tests did not build.
-TEST_F(Platform, ItsOwnExceptionsTellNameAndReason) {
-    start();
-    const Reference grey(color::colorWithCalibratedWhite(0.5, 1.0)), list(foreign::make("NSColorListZRX"));
-    double red, green, blue;
-    color::getRed(grey, &red, &green, &blue);
-    expectPlatformException({platform::isGNUstep ? "NSInternalInconsistencyException: " : "NSInvalidArgumentException: ",
-                             "getRed:green:blue:alpha:"});
-
-    guarded([&] { native::sendClass("NSColor", "aMessageNobodyKnows"); });
-    expectPlatformException({"NSInvalidArgumentException: +[NSColor aMessageNobodyKnows]: unrecognized selector"});
-
-    const foreign::Owned text(foreign::string("k"));
-    colorlist::Create1(list, text);
-    colorlist::insertColor(list, grey, text, 7);
-    expectPlatformException({"NSRangeException: "});
 }
 
 // Where an exception unwinds, a host's own frames between the throw and the guard are left in order.

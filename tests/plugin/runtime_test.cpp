@@ -185,23 +185,16 @@ TEST_F(Start, LegacyLayoutHoldsTheLeadingWordsOrNothingChanges) {
     takeLeadingWords(legacy.sharedMethods, before.sharedMethods, before.sharedMethodCount);
 }
 
-class Objects : public PluginTest {
+class Objects : public SiblingTest {
 protected:
+    Objects() { foreign::unlock(foreign::make("NSColorZRX")); } // finds the registry
     ~Objects() override { EXPECT_EQ(native::retainCount(color), before); }
-
-    // As loaded, with the class constructor run once, so that the registry is known where there is one.
-    void startWith(bool sibling) {
-        if (sibling) native::Sibling::install();
-        start();
-        foreign::unlock(foreign::make("NSColorZRX"));
-    }
 
     const id color = native::sendClass("NSColor", "colorWithCalibratedWhite:alpha:", CGFloat(0.5), CGFloat(1));
     const NSUInteger before = native::retainCount(color);
 };
 
 TEST_F(Objects, OneNativeObjectIsOneHostObjectWhileItLives) {
-    startWith(true);
     REALobjectStruct* const first = NewNSColorZRX(color);
     EXPECT_EQ(NewNSColorZRX(color), first);
     EXPECT_EQ(foreign::references(first), 2);
@@ -215,7 +208,6 @@ TEST_F(Objects, OneNativeObjectIsOneHostObjectWhileItLives) {
 }
 
 TEST_F(Objects, ADestructorReleasesWhatTheHandleIsAndRemovesItsOwnEntryOnly) {
-    startWith(true);
     const Reference wrapped(NewNSColorZRX(color));
     REALobjectStruct* const other = foreign::make("NSColorZRX");
     setNativeObject(other, native::send(color, "retain")); // as a host program does that writes the handle
@@ -226,34 +218,6 @@ TEST_F(Objects, ADestructorReleasesWhatTheHandleIsAndRemovesItsOwnEntryOnly) {
     setNativeObject(wrapped, nullptr); // this object's entry is the writer's then, and its retain
     CFDictionaryRemoveValue(native::Sibling::registry(), color);
     native::send<void>(color, "release");
-}
-
-TEST_F(Objects, WithoutSiblingInTimeEachWrapIsItsOwn) {
-    startWith(false);
-    native::Sibling::install();
-    const Reference first(NewNSColorZRX(color)), second(NewNSColorZRX(color));
-    EXPECT_NE(first.get(), second.get());
-    EXPECT_EQ(native::retainCount(color), before + 2);
-    foreign::unlock(foreign::make("NSColorZRX"));
-    EXPECT_EQ(native::Sibling::registryRequests, 0);
-    EXPECT_EQ(native::Sibling::preparations, 0);
-}
-
-TEST_F(Objects, ASiblingThatOnlyBridgesExceptionsIsPrepared) {
-    const auto prepare = +[](id, SEL) { ++native::Sibling::preparations; };
-    native::replace(native::metaclass("NSException"), "PrepareNSExceptionZRX", prepare);
-    startWith(false);
-    EXPECT_EQ(native::Sibling::preparations, 1);
-}
-
-TEST_F(Objects, ASiblingThatFailsIsNotAskedAgain) {
-    native::Sibling::install();
-    native::fail(native::metaclass("NSException"), "GetInstancesDictionaryZRX");
-    hostException = "NSExceptionZRX";
-    startWith(false);
-    expectPlatformException();
-    foreign::unlock(foreign::make("NSColorZRX"));
-    EXPECT_EQ(native::Sibling::preparations, 0);
 }
 
 using FirstUse = SiblingTest;
