@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <exception>
+
 extern "C" void REALPluginMain(REALresolver resolver);
 
 // Lets the n-th calloc from now on fail (1 is the next); 0 stops that. Answers whether one has failed since the last call.
@@ -27,6 +29,7 @@ protected:
         EXPECT_EQ(foreign::Host::liveObjects(), 0);
         EXPECT_EQ(foreign::Host::liveStrings(), 0);
         EXPECT_EQ(registered(), 0);
+        EXPECT_EQ(std::current_exception(), nullptr); // a handler was left open
         expectRaised({});
     }
 
