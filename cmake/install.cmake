@@ -43,6 +43,7 @@ install(FILES ${PROJECT_BINARY_DIR}/completion/chromahost DESTINATION ${CMAKE_IN
 install(FILES ${PROJECT_BINARY_DIR}/completion/_chromahost DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
 install(FILES ${PROJECT_BINARY_DIR}/completion/chromahost.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 add_custom_target(chroma_told ALL DEPENDS ${told})
+add_custom_target(installed DEPENDS chroma_told ${libraries} chromahost) # all that `cmake --install` needs
 
 # Paths relative to the files themselves, so that the tree can be moved after it was installed.
 file(RELATIVE_PATH CHROMA_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)

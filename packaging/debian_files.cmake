@@ -1,4 +1,7 @@
 # What a Debian package has beside what is installed: run by cpack when the tree of the package is laid.
+if(NOT DEFINED ENV{SOURCE_DATE_EPOCH})
+    set(ENV{SOURCE_DATE_EPOCH} ${CPACK_CHROMA_DATE})
+endif()
 file(GLOB_RECURSE programs ${CPACK_TEMPORARY_DIRECTORY}/*/bin/chromahost)
 foreach(program IN LISTS programs)
     cmake_path(GET program PARENT_PATH folder)

@@ -100,7 +100,7 @@ TEST(StrangeText, DeepNestingIsRefusedOrRuns) {
                                                                        {"If True Then ", "Print 1", ""}};
     for (const auto& [open, middle, close] : nests) {
         const bool isExpression = open.rfind("Print ", 0) == 0;
-        for (const int depth : {100, 150, 240, 400, 490, 100000}) {
+        for (const unsigned depth : {100u, 150u, 240u, 400u, 490u, 100000u}) {
             const std::string opened = isExpression ? "Print " + repeated(open.substr(6), depth) : repeated(open, depth);
             const Outcome outcome = runProgram(opened + middle + repeated(close, depth));
             EXPECT_TRUE(outcome.exitCode == 0 || outcome.errors.find("nested more than") != std::string::npos)

@@ -25,8 +25,8 @@ bool bridging = false;
 
 } // namespace
 
-void expectNumber(bool number) {
-    answersNumber = number;
+void expectNumber(bool isNumber) {
+    answersNumber = isNumber;
     bridging = false;
 }
 

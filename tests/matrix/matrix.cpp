@@ -70,8 +70,8 @@ int main(int count, char** arguments) {
     if (count > 1 && std::strcmp(arguments[1], "missing") == 0) {
         hosts = {{"without any entry", 2021.0, true, host::entryNames()}};
         for (const std::string& entry : host::entryNames())
-            for (const bool hasSibling : {true, false})
-                hosts.push_back({"without " + entry + (hasSibling ? "" : " and sibling"), 2021.0, hasSibling, {entry}});
+            for (const bool sibling : {true, false})
+                hosts.push_back({"without " + entry + (sibling ? "" : " and sibling"), 2021.0, sibling, {entry}});
     }
     unsigned long cases = 0;
     int failures = 0;

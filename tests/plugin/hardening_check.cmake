@@ -7,7 +7,7 @@ endfunction()
 
 foreach(binary IN LISTS BINARIES)
     read(listing -h -l -d --dyn-syms ${binary})
-    foreach(required "Type: +DYN" "GNU_RELRO" "Flags: [^\n]*NOW" "GNU_STACK[^\n]* RW " "__stack_chk_fail")
+    foreach(required "Type: +DYN" "GNU_RELRO" "\\(FLAGS_1\\)[^\n]*NOW" "GNU_STACK[^\n]* RW " "__stack_chk_fail")
         if(NOT listing MATCHES "${required}")
             message(SEND_ERROR "${binary} lacks ${required}")
         endif()

@@ -1,5 +1,5 @@
-# Makes the .deb of BUILD in FOLDER, looks at it as its reader does, and runs the host that lies in it. What lintian says, where it
-# is installed, holds too.
+# Makes the .deb of BUILD in FOLDER, looks at it as its reader does, and runs the host that lies in it. lintian has
+# nothing to say. The packages remain, for a comparison.
 cmake_policy(VERSION 3.25)
 file(REMOVE_RECURSE ${FOLDER})
 
@@ -44,10 +44,10 @@ if(NOT printed STREQUAL expected)
     message(FATAL_ERROR "the packaged host printed\n${printed}")
 endif()
 
-if(LINTIAN)
-    execute_process(COMMAND ${LINTIAN} --fail-on error ${package} RESULT_VARIABLE result OUTPUT_VARIABLE text ERROR_QUIET)
-    if(NOT result EQUAL 0)
-        message(FATAL_ERROR "lintian ${result}\n${text}")
+foreach(made IN ITEMS ${package} ${symbols})
+    execute_process(COMMAND ${LINTIAN} -i -E --pedantic ${made} RESULT_VARIABLE result OUTPUT_VARIABLE text ERROR_VARIABLE errors)
+    if(NOT result EQUAL 0 OR text)
+        message(FATAL_ERROR "lintian ${result} on ${made}\n${text}${errors}")
     endif()
-endif()
-file(REMOVE_RECURSE ${FOLDER})
+endforeach()
+file(REMOVE_RECURSE ${FOLDER}/root ${FOLDER}/symbols)
