@@ -154,8 +154,14 @@ TEST_F(Strings, AreWrittenInPartsToBytes) {
         const std::string expected = encoding == utf16 ? encoded(u"a\U00010000b"s) : "a";
         EXPECT_EQ(written.substr(0, expected.size()), expected.substr(0, written.size()));
     }
-    std::uint8_t last = 0;
+    // Many ASCII characters at a time, which are no longer so in the wide encodings.
+    const std::u16string wide = u"01234567\U00010401";
+    std::uint8_t all[20] = {};
     CFIndex used = 0;
+    EXPECT_EQ(CFStringGetBytes(fromUnits(wide), {0, 10}, utf16, 0, 0, all, sizeof all, &used), 10);
+    EXPECT_EQ(std::string(reinterpret_cast<char*>(all), sizeof all), encoded(wide));
+    EXPECT_EQ(CFStringGetBytes(fromUnits(wide), {0, 10}, utf8, 0, 0, all, 11, &used), 8);
+    std::uint8_t last = 0;
     EXPECT_EQ(CFStringGetBytes(text, {3, 1}, utf8, 0, 0, &last, 1, &used), 1);
     EXPECT_EQ(last, 'b');
 }

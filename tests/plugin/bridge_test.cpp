@@ -206,6 +206,8 @@ TEST_F(Strings, OfUsualLengthNeedNoMemory) {
         expectIn(utf8(text), [&] { return toHost(native); });
         const std::string wide = units(std::u32string(isLong ? 65 : 64, U'x'));
         expectIn(utf8(std::string(64, 'x')), [&] { return built(wide, REALencodingUTF32); });
+        failAllocation(isLong ? 1 : 0);
+        EXPECT_EQ(toPlatform({units(std::u16string(129, u'x')), REALencodingUTF16}) == "(null)", isLong);
     }
 }
 
