@@ -26,3 +26,13 @@ probes.Insert(probes.Count, Probe.make(3))
 probes.Remove(1)
 ReDim probes(2)
 Print probes, probes(0).number, probes(1).number '> (probe 2, probe 3, Nil) 2 3
+
+' An array inside itself, directly or not.
+Dim inner() As Variant = Array(1), outer() As Variant = Array(inner, inner)
+inner.Append outer
+Print outer, inner '> ((1, (...)), (1, (...))) (1, ((...), (...)))
+inner.Pop
+outer.Append outer
+Print outer '> ((1), (1), (...))
+outer.Pop
+inner.Pop

@@ -79,9 +79,19 @@ Function @Left1(n As Integer) As Probe
   While True
     If n = 1 Then Exit While
     If n = 2 Then Continue
-    If n = 3 Then Exit Function
     Return Nil
   Wend
+End Function
+Function @Left2(n As Integer) As Color
+  Do
+    If n = 1 Then Exit Do
+  Loop
+End Function
+Function @Left3(n As Integer) As Probe
+  While n = 0
+    n += 1
+  Wend
+  If n = 3 Then Exit Function
   Do
     n += 1
   Loop
@@ -123,10 +133,12 @@ Function AlwaysToo(n As Integer) As Integer
     Loop Until n = 1
   End Try
 End Function
-If None(1) + Always(1) + AlwaysToo(1) > 9 Or Left1(3) Is Nil Or Tried(2) Then Quit 0
+If None(1) + Always(1) + AlwaysToo(1) > 9 Or Left1(3) Is Left3(3) Or Left2(1) = 1 Or Tried(2) Then Quit 0
 '! warning: 'None' can end without Return, and then returns 0
 '! warning: 'Some' can end without Return, and then returns an empty text
 '! warning: 'Left1' can end without Return, and then returns Nil
+'! warning: 'Left2' can end without Return, and then returns #00000000
+'! warning: 'Left3' can end without Return, and then returns Nil
 '! warning: 'Tried' can end without Return, and then returns False
 
 Dim text As String = "a", n As Integer = 3, reals() As Double, c As Color = @&hFF8000
