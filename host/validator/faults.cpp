@@ -6,6 +6,7 @@
 
 #include <cstdio>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 #include <type_traits>
 
@@ -39,7 +40,8 @@ struct Listener {
         const bool throws = strikes(Fault::hostThrows, Fault::hostAlwaysThrows);
         if (throws) noteFailure(entry, "threw");
         if (throws && (entry == "REALUnlockObject" || entry == "REALUnlockString")) target(arguments...);
-        if (throws) throw std::range_error("thrown by the host");
+        // A long message, which a plugin may have to copy into memory of its own.
+        if (throws) throw std::range_error("thrown by the host: " + std::string(300, 'h'));
         const Suspension suspension;
         if (entry == "RuntimeRaiseException") ++traces.raised;
         return target(arguments...);
