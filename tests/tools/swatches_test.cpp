@@ -79,7 +79,7 @@ TEST_F(Swatches, FitTheTerminal) {
     for (const char* name :
          {"\u73ca\u745a\u8272 in Chinese", "e\u0301 \U0001f30a", "a name that is much too long for a narrow terminal"})
         sheet.groups[0].swatches.push_back({name, "Generic RGB Profile", {1, 0, 0, 1}, 0.8, std::nullopt, false});
-    for (const std::size_t width : {40, 60, 80, 200}) {
+    for (const unsigned width : {40u, 60u, 80u, 200u}) {
         for (const std::string& page :
              {written(sheet, ColorDepth::none, width), written(systemColors(), ColorDepth::none, width),
               written(colorInSpaces("color(display-p3 0 1 0)"), ColorDepth::none, width)}) {
