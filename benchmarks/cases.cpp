@@ -8,8 +8,8 @@
 #include "model/arrays.h"
 #include "model/classes.h"
 #include "model/exceptions.h"
-#include "model/platform.h"
-#include "model/strings.h"
+#include "values/platform.h"
+#include "values/strings.h"
 
 #include <stdexcept>
 #include <utility>

@@ -1,11 +1,11 @@
 #include "session.h"
 
+#include "entries/entries.h"
+#include "entries/plugin.h"
 #include "model/classes.h"
-#include "model/entries.h"
 #include "model/exceptions.h"
-#include "model/platform.h"
-#include "model/plugin.h"
-#include "model/storage.h"
+#include "values/platform.h"
+#include "values/storage.h"
 
 #include <dlfcn.h>
 

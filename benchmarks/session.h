@@ -3,7 +3,7 @@
 
 #include "platform/objc.h"
 
-#include "model/values.h"
+#include "values/values.h"
 
 #include <cstddef>
 #include <string>

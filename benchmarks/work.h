@@ -4,7 +4,7 @@
 #include "cases.h"
 
 #include "builtin/objc_runtime.h"
-#include "model/platform.h"
+#include "values/platform.h"
 
 namespace bench {
 

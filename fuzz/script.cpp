@@ -2,11 +2,11 @@
 // class of files are only checked.
 #include "require.h"
 
+#include "entries/entries.h"
 #include "language/language.h"
 #include "language/session.h"
-#include "model/entries.h"
 #include "model/objects.h"
-#include "model/strings.h"
+#include "values/strings.h"
 
 #include <sys/time.h>
 

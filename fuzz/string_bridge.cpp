@@ -2,12 +2,12 @@
 #include "require.h"
 
 #include "bridge/strings.h"
+#include "entries/entries.h"
 #include "foundation/string.h"
-#include "model/entries.h"
-#include "model/platform.h"
-#include "model/strings.h"
 #include "runtime/host_version.h"
 #include "runtime/start.h"
+#include "values/platform.h"
+#include "values/strings.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -2,7 +2,7 @@
 // for what no user can mean and std::runtime_error for what cannot be done.
 #pragma once
 
-#include "model/entries.h"
+#include "entries/entries.h"
 
 #include <string>
 #include <utility>

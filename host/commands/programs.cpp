@@ -1,8 +1,8 @@
 // run, check and repl.
 #include "commands/start.h"
 
+#include "entries/leaks.h"
 #include "language/language.h"
-#include "model/leaks.h"
 #include "repl/repl.h"
 #include "text/json.h"
 #include "text/terminal.h"

@@ -1,7 +1,7 @@
 #include "commands/start.h"
 
+#include "entries/record_listing.h"
 #include "model/classes.h"
-#include "model/record_listing.h"
 #include "text/terminal.h"
 
 #include <iostream>

@@ -1,6 +1,6 @@
 #include "commands/start.h"
 
-#include "model/plugin.h"
+#include "entries/plugin.h"
 
 namespace host::commands {
 

@@ -1,7 +1,7 @@
 #include "commands/start.h"
 
-#include "model/files.h"
 #include "swatches/pages.h"
+#include "system/files.h"
 #include "text/terminal.h"
 
 #include <filesystem>

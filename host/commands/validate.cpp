@@ -1,7 +1,7 @@
 #include "commands/commands.h"
 
 #include "commands/validation_report.h"
-#include "model/plugin.h"
+#include "entries/plugin.h"
 #include "text/json.h"
 #include "text/nearest_name.h"
 

@@ -1,8 +1,8 @@
 #include "commands/start.h"
 
+#include "entries/plugin.h"
 #include "model/classes.h"
-#include "model/platform.h"
-#include "model/plugin.h"
+#include "values/platform.h"
 
 #include <iostream>
 

@@ -1,6 +1,6 @@
 #include "documentation/texts.h"
 
-#include "model/types.h"
+#include "values/types.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "documentation/word_texts.h"
 
 #include "language/words.h"
-#include "model/types.h"
+#include "values/types.h"
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 #include "language/checking/checker.h"
 #include "language/library/program_arguments.h"
 #include "language/running/run.h"
-#include "model/interruption.h"
+#include "system/interruption.h"
 #include "text/terminal.h"
 
 #include <array>

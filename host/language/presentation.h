@@ -2,8 +2,8 @@
 #pragma once
 
 #include "model/objects.h"
-#include "model/types.h"
-#include "model/values.h"
+#include "values/types.h"
+#include "values/values.h"
 
 #include <string>
 

@@ -5,7 +5,7 @@
 #include "language/running/places.h"
 #include "language/running/run.h"
 
-#include "model/platform.h"
+#include "values/platform.h"
 
 #include <iostream>
 

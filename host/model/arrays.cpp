@@ -1,8 +1,8 @@
 #include "model/arrays.h"
 
 #include "model/classes.h"
-#include "model/entries.h"
-#include "model/storage.h"
+#include "values/host_version.h"
+#include "values/storage.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,8 +1,8 @@
 #include "model/classes.h"
 
 #include "model/handles.h"
-#include "model/storage.h"
 #include "text/letters.h"
+#include "values/storage.h"
 
 #include <algorithm>
 

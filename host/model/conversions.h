@@ -1,8 +1,8 @@
 // Conversions between the types of values.
 #pragma once
 
-#include "model/strings.h"
-#include "model/types.h"
+#include "values/strings.h"
+#include "values/types.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #include "model/declarations.h"
 
-#include "model/strings.h"
 #include "text/literals.h"
+#include "values/strings.h"
 
 namespace host {
 

@@ -1,8 +1,8 @@
 // Parser for the declarations in class records:
 #pragma once
 
-#include "model/types.h"
-#include "model/values.h"
+#include "values/types.h"
+#include "values/values.h"
 
 #include <optional>
 #include <stdexcept>

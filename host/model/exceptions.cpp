@@ -1,7 +1,7 @@
 #include "model/exceptions.h"
 
-#include "model/builtins.h"
 #include "model/owned.h"
+#include "model/record_writing.h"
 
 #include <array>
 #include <iterator>

@@ -11,6 +11,8 @@
 
 namespace host {
 
+class Registry;
+
 namespace detail {
 extern Object* pendingException; // owned
 }
@@ -34,5 +36,8 @@ bool isException(const Object* object); // false for null
 std::string exceptionMessage(const Object* exception); // UTF-8
 HostInteger exceptionErrorNumber(const Object* exception);
 void setExceptionStack(Object* exception, std::string_view stack); // the value of its property Stack
+
+// Registers RuntimeException and its subclasses.
+void registerExceptionClasses(Registry& registry);
 
 } // namespace host

@@ -1,10 +1,10 @@
 #include "model/objects.h"
 
-#include "model/checked_memory.h"
 #include "model/classes.h"
 #include "model/handles.h"
-#include "model/storage.h"
-#include "model/strings.h"
+#include "values/checked_memory.h"
+#include "values/storage.h"
+#include "values/strings.h"
 
 #include <new>
 #include <vector>

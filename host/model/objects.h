@@ -1,8 +1,8 @@
 // Host objects: a header of 24 bytes in every width, followed by the class's instance data, with an exact reference count.
 #pragma once
 
-#include "model/types.h"
-#include "model/values.h"
+#include "values/types.h"
+#include "values/values.h"
 
 #include <cstddef>
 #include <cstdint>

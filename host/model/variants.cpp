@@ -3,7 +3,7 @@
 #include "model/arrays.h"
 #include "model/classes.h"
 #include "model/exceptions.h"
-#include "model/strings.h"
+#include "values/strings.h"
 
 #include <array>
 #include <functional>

@@ -4,8 +4,8 @@
 
 #include "model/arrays.h"
 #include "model/classes.h"
-#include "model/strings.h"
 #include "model/variants.h"
+#include "values/strings.h"
 
 #include <algorithm>
 #include <ostream>

@@ -2,8 +2,8 @@
 
 #include "model/classes.h"
 #include "model/exceptions.h"
-#include "model/platform.h"
 #include "swatches/program.h"
+#include "values/platform.h"
 
 #include <stdexcept>
 

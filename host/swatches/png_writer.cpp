@@ -1,7 +1,7 @@
 #include "swatches/picture.h"
 #include "swatches/png_library.h"
 
-#include "model/plugin.h"
+#include "entries/plugin.h"
 #include "text/utf8.h"
 
 #include <algorithm>

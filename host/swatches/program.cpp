@@ -1,10 +1,10 @@
 #include "swatches/program.h"
 
+#include "builtins/memory_blocks.h"
 #include "model/arrays.h"
 #include "model/exceptions.h"
-#include "model/memory_blocks.h"
-#include "model/platform.h"
-#include "model/strings.h"
+#include "values/platform.h"
+#include "values/strings.h"
 
 #include <cstdint>
 #include <cstring>

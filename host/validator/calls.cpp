@@ -1,11 +1,11 @@
 #include "validator/calls.h"
 
 #include "model/arrays.h"
-#include "model/checked_memory.h"
 #include "model/exceptions.h"
 #include "model/owned.h"
-#include "model/platform.h"
 #include "validator/child.h"
+#include "values/checked_memory.h"
+#include "values/platform.h"
 
 #include <array>
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "validator/faults.h"
 
-#include "model/entries.h"
+#include "entries/entries.h"
 #include "validator/child.h"
 #include "validator/entry_points.h"
 

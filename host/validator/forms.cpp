@@ -1,8 +1,8 @@
 #include "validator/forms.h"
 
+#include "builtins/memory_blocks.h"
 #include "model/arrays.h"
 #include "model/exceptions.h"
-#include "model/memory_blocks.h"
 #include "model/owned.h"
 #include "validator/child.h"
 #include "validator/watch.h"

@@ -1,8 +1,8 @@
 #include "validator/functions.h"
 
-#include "model/checked_memory.h"
 #include "model/objects.h"
 #include "validator/watch.h"
+#include "values/checked_memory.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // Checks on other hosts: older, without entries, and with entries that fail.
 #include "validator/checks.h"
 
-#include "model/plugin.h"
+#include "entries/plugin.h"
 #include "validator/calls.h"
 
 #include <stdexcept>

@@ -1,8 +1,8 @@
 // Checks of the library and its start.
 #include "validator/checks.h"
 
-#include "model/entries.h"
-#include "model/plugin.h"
+#include "entries/entries.h"
+#include "entries/plugin.h"
 #include "validator/exports.h"
 #include "validator/watch.h"
 

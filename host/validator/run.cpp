@@ -1,10 +1,10 @@
 #include "validator/run.h"
 
-#include "model/checked_memory.h"
-#include "model/platform.h"
-#include "model/plugin.h"
+#include "entries/plugin.h"
 #include "validator/calls.h"
 #include "validator/forms.h"
+#include "values/checked_memory.h"
+#include "values/platform.h"
 
 #include <algorithm>
 #include <set>

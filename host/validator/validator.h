@@ -1,7 +1,7 @@
 // Checks a plugin against the contract, promise by promise.
 #pragma once
 
-#include "model/entries.h"
+#include "entries/entries.h"
 #include "validator/child.h"
 
 #include <string>

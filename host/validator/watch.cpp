@@ -1,10 +1,10 @@
 #include "validator/watch.h"
 
-#include "model/checked_memory.h"
-#include "model/storage.h"
 #include "validator/child.h"
 #include "validator/entry_points.h"
 #include "validator/faults.h"
+#include "values/checked_memory.h"
+#include "values/storage.h"
 
 #include <algorithm>
 #include <csignal>

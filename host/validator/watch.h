@@ -1,7 +1,7 @@
 // Watches how a plugin uses the entries and values of the host.
 #pragma once
 
-#include "model/values.h"
+#include "values/values.h"
 
 #include <cstdint>
 #include <string>

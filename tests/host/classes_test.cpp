@@ -1,8 +1,8 @@
 // Class records as a plugin hands them over, in both layouts, and the objects made from them.
-#include "model/builtins.h"
+#include "entries/record_listing.h"
 #include "model/owned.h"
-#include "model/record_listing.h"
-#include "model/storage.h"
+#include "model/record_writing.h"
+#include "values/storage.h"
 
 #include "host_test.h"
 

@@ -1,5 +1,5 @@
+#include "entries/plugin.h"
 #include "model/arrays.h"
-#include "model/plugin.h"
 
 #include "host_test.h"
 

@@ -2,10 +2,10 @@
 // their scope.
 #pragma once
 
+#include "entries/entries.h"
 #include "model/classes.h"
-#include "model/entries.h"
 #include "model/exceptions.h"
-#include "model/strings.h"
+#include "values/strings.h"
 
 #include <gtest/gtest.h>
 

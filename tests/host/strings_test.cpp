@@ -1,5 +1,5 @@
-#include "model/platform.h"
-#include "model/storage.h"
+#include "values/platform.h"
+#include "values/storage.h"
 
 #include "host_test.h"
 

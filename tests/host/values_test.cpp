@@ -1,7 +1,7 @@
 // Objects that the host brings along: arrays and memory blocks, as a plugin meets them.
+#include "builtins/memory_blocks.h"
 #include "model/arrays.h"
-#include "model/memory_blocks.h"
-#include "model/storage.h"
+#include "values/storage.h"
 
 #include "host_test.h"
 

@@ -1,11 +1,11 @@
 #include "probe.h"
 
 #include "builtin/objc_runtime.h"
+#include "entries/entries.h"
 #include "model/arrays.h"
-#include "model/builtins.h"
-#include "model/entries.h"
 #include "model/exceptions.h"
-#include "model/strings.h"
+#include "model/record_writing.h"
+#include "values/strings.h"
 
 #include <cstdint>
 #include <iterator>

@@ -2,11 +2,11 @@
 
 #include "probe.h"
 
+#include "entries/entries.h"
+#include "entries/plugin.h"
 #include "language/language.h"
-#include "model/entries.h"
 #include "model/objects.h"
-#include "model/plugin.h"
-#include "model/strings.h"
+#include "values/strings.h"
 
 #include <sstream>
 

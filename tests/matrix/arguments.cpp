@@ -2,15 +2,15 @@
 #include "driver.h"
 
 #include "builtin/objc_runtime.h"
+#include "builtins/memory_blocks.h"
 #include "model/arrays.h"
-#include "model/memory_blocks.h"
-#include "model/strings.h"
 #include "platform/corefoundation.h"
 #include "platform/guard.h"
 #include "platform/selectors.h"
 #include "runtime/host_values.h"
 #include "runtime/native_object.h"
 #include "validator/forms.h"
+#include "values/strings.h"
 
 #include <algorithm>
 #include <cstdint>

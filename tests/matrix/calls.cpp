@@ -5,11 +5,11 @@
 #include "builtin/corefoundation.h"
 #include "model/arrays.h"
 #include "model/exceptions.h"
-#include "model/platform.h"
-#include "model/strings.h"
 #include "platform/guard.h"
 #include "runtime/host_values.h"
 #include "runtime/native_object.h"
+#include "values/platform.h"
+#include "values/strings.h"
 
 #include <algorithm>
 #include <array>

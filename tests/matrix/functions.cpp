@@ -4,8 +4,8 @@
 #include "classes/color/color.h"
 #include "classes/colorlist/colorlist.h"
 #include "classes/colorspace/colorspace.h"
-#include "model/entries.h"
-#include "model/platform.h"
+#include "entries/entries.h"
+#include "values/platform.h"
 
 #include <cstdlib>
 #include <dlfcn.h>

@@ -2,7 +2,7 @@
 // host lasts as long as the process, so each host is played in a process of its own.
 #include "driver.h"
 
-#include "model/entries.h"
+#include "entries/entries.h"
 #include "validator/child.h"
 
 #include <cstdio>

@@ -5,8 +5,8 @@
 #include "documentation/word_texts.h"
 #include "language/words.h"
 
-#include "model/entries.h"
-#include "model/plugin.h"
+#include "entries/entries.h"
+#include "entries/plugin.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 // The probe in two correct hosts, and in the reference host with one faulty entry point at a time.
+#include "entries/entries.h"
+#include "entries/leaks.h"
 #include "language/language.h"
 #include "model/classes.h"
-#include "model/entries.h"
-#include "model/leaks.h"
 #include "model/objects.h"
-#include "model/platform.h"
-#include "model/strings.h"
 #include "support/foreign_host.h"
+#include "values/platform.h"
+#include "values/strings.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>

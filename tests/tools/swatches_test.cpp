@@ -3,9 +3,9 @@
 #include "swatches/pages.h"
 #include "text/columns.h"
 
-#include "model/entries.h"
-#include "model/plugin.h"
-#include "model/strings.h"
+#include "entries/entries.h"
+#include "entries/plugin.h"
+#include "values/strings.h"
 
 #include <gtest/gtest.h>
 

@@ -5,8 +5,8 @@
 #include "language/presentation.h"
 #include "language/running/operators.h"
 
-#include "model/strings.h"
 #include "text/literals.h"
+#include "values/strings.h"
 
 #include <algorithm>
 #include <cmath>

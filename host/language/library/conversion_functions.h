@@ -2,7 +2,7 @@
 // borrowed, a result belongs to the caller, and what is wrong is recorded as the pending exception.
 #pragma once
 
-#include "model/strings.h"
+#include "values/strings.h"
 
 namespace host::language::conversion {
 

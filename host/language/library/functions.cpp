@@ -7,7 +7,7 @@
 #include "language/library/program_arguments.h"
 #include "language/library/text_functions.h"
 
-#include "model/builtins.h"
+#include "model/record_writing.h"
 
 namespace host::language {
 namespace {

@@ -2,7 +2,7 @@
 // exception. Doubles outside of what a function is defined for give no number, as division does, and raise nothing.
 #pragma once
 
-#include "model/values.h"
+#include "values/values.h"
 
 namespace host::language::mathematics {
 

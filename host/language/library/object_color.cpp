@@ -4,8 +4,8 @@
 #include "model/classes.h"
 #include "model/exceptions.h"
 #include "model/owned.h"
-#include "model/platform.h"
 #include "text/literals.h"
+#include "values/platform.h"
 
 #include <algorithm>
 #include <array>

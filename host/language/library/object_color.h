@@ -2,7 +2,7 @@
 #pragma once
 
 #include "model/objects.h"
-#include "model/strings.h"
+#include "values/strings.h"
 
 namespace host::language {
 

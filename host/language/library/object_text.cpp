@@ -3,7 +3,7 @@
 #include "model/classes.h"
 #include "model/exceptions.h"
 #include "model/owned.h"
-#include "model/platform.h"
+#include "values/platform.h"
 
 #include <array>
 #include <optional>

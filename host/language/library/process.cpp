@@ -1,8 +1,8 @@
 #include "language/library/process.h"
 
 #include "model/exceptions.h"
-#include "model/interruption.h"
 #include "model/owned.h"
+#include "system/interruption.h"
 
 #include <array>
 #include <cerrno>

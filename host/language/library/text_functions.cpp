@@ -3,8 +3,8 @@
 #include "text/utf8.h"
 
 #include "model/exceptions.h"
-#include "model/interruption.h"
 #include "model/owned.h"
+#include "system/interruption.h"
 
 #include <algorithm>
 #include <charconv>

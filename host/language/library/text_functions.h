@@ -2,9 +2,9 @@
 // caller, and what is wrong is recorded as the pending exception.
 #pragma once
 
+#include "builtins/memory_blocks.h"
 #include "model/arrays.h"
-#include "model/memory_blocks.h"
-#include "model/strings.h"
+#include "values/strings.h"
 
 namespace host::language::text {
 

@@ -1,10 +1,10 @@
 #include "language/presentation.h"
 
 #include "model/arrays.h"
-#include "model/interruption.h"
-#include "model/strings.h"
 #include "model/variants.h"
+#include "system/interruption.h"
 #include "text/literals.h"
+#include "values/strings.h"
 
 #include <charconv>
 #include <cmath>

@@ -1,7 +1,7 @@
 // Statements with blocks.
 #include "language/reading/statement_parser.h"
 
-#include "model/types.h"
+#include "values/types.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "language/reading/keywords.h"
 
-#include "model/types.h"
+#include "values/types.h"
 
 namespace host::language {
 namespace {

@@ -3,8 +3,8 @@
 #include "language/reading/foreign_spellings.h"
 #include "language/words.h"
 
-#include "model/types.h"
 #include "text/nearest_name.h"
+#include "values/types.h"
 
 #include <utility>
 

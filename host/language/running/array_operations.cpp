@@ -3,8 +3,8 @@
 #include "language/presentation.h"
 
 #include "model/arrays.h"
-#include "model/interruption.h"
 #include "model/variants.h"
+#include "system/interruption.h"
 
 #include <algorithm>
 #include <cmath>

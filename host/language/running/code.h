@@ -2,8 +2,8 @@
 // The tree itself is untyped; the checker knows the type of each value and puts together only what fits.
 #pragma once
 
-#include "model/types.h"
-#include "model/values.h"
+#include "values/types.h"
+#include "values/values.h"
 
 #include <cstdint>
 #include <memory>

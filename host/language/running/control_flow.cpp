@@ -7,7 +7,7 @@
 #include "language/running/run.h"
 
 #include "model/arrays.h"
-#include "model/platform.h"
+#include "values/platform.h"
 
 #include <cerrno>
 #include <cstdint>

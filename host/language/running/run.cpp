@@ -4,7 +4,7 @@
 #include "language/running/escaped.h"
 
 #include "model/classes.h"
-#include "model/platform.h"
+#include "values/platform.h"
 
 #include <pthread.h>
 

@@ -5,7 +5,7 @@
 #include "language/running/code.h"
 #include "language/running/frame.h"
 
-#include "model/interruption.h"
+#include "system/interruption.h"
 
 #include <string>
 

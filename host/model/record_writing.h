@@ -1,17 +1,9 @@
-// The host's own classes. They are class records like a plugin's: their functions have the same signatures, and the
-// registration is the same.
+// Writes the class records of the host's own classes.
 #pragma once
 
 #include "model/classes.h"
 
 namespace host {
-
-void registerExceptionClasses(Registry& registry);
-void registerMemoryBlockClass(Registry& registry);
-void registerDictionaryClass(Registry& registry);
-void registerFolderItemClass(Registry& registry); // without the property NativePath on hosts older than 2013.0
-
-// ---- For writing the records ----
 
 template <class Function>
 REALfunction bound(Function* function) {

@@ -1,4 +1,4 @@
-#include "model/builtins.h"
+#include "model/record_writing.h"
 
 namespace host {
 

@@ -1,4 +1,4 @@
-#include "model/record_listing.h"
+#include "entries/record_listing.h"
 
 #include "model/records.h"
 #include "text/columns.h"

@@ -1,10 +1,10 @@
-#include "model/strings.h"
+#include "values/strings.h"
 
-#include "model/checked_memory.h"
-#include "model/platform.h"
-#include "model/storage.h"
 #include "text/letters.h"
 #include "text/utf8.h"
+#include "values/checked_memory.h"
+#include "values/platform.h"
+#include "values/storage.h"
 
 #include <algorithm>
 #include <cstdint>

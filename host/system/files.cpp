@@ -1,4 +1,4 @@
-#include "model/files.h"
+#include "system/files.h"
 
 #include <atomic>
 #include <cerrno>

@@ -1,8 +1,8 @@
-#include "model/plugin.h"
+#include "entries/plugin.h"
 
+#include "entries/entries.h"
 #include "model/classes.h"
-#include "model/entries.h"
-#include "model/platform.h"
+#include "values/platform.h"
 
 #include <dlfcn.h>
 

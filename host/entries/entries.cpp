@@ -1,11 +1,11 @@
-#include "model/entries.h"
+#include "entries/entries.h"
 
+#include "builtins/builtins.h"
+#include "builtins/memory_blocks.h"
 #include "model/arrays.h"
-#include "model/builtins.h"
 #include "model/exceptions.h"
-#include "model/memory_blocks.h"
-#include "model/platform.h"
-#include "model/strings.h"
+#include "values/platform.h"
+#include "values/strings.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -18,7 +18,6 @@ namespace host {
 namespace {
 
 struct Process {
-    double version = 0.0;
     std::set<std::string, std::less<>> without;
     int controlVersion = 0;
 };
@@ -43,7 +42,7 @@ namespace offered {
 
 // ---- Version and classes
 
-double REALGetRBVersion() { return process().version; }
+double REALGetRBVersion() { return hostVersion(); }
 
 void RegisterPluginVersion(std::int32_t controlVersion) { process().controlVersion = controlVersion; }
 
@@ -240,7 +239,7 @@ void startHost(const HostOptions& options) {
         throw std::invalid_argument(message);
     }
     if (!(options.version >= 0)) throw std::invalid_argument("the version of a host is a number from 0 on");
-    process().version = options.version;
+    simulatedVersion = options.version;
     std::set<std::string, std::less<>>& without = process().without;
     without = {options.without.begin(), options.without.end()};
     // Such a host must be one that can exist: without a lock there is no unlock and nothing ends, and without a version it
@@ -253,20 +252,18 @@ void startHost(const HostOptions& options) {
         without.insert("REALUnlockString");
         keepAllStrings();
     }
-    if (without.count("REALGetRBVersion") != 0) process().version = 0;
+    if (without.count("REALGetRBVersion") != 0) simulatedVersion = 0;
     registerExceptionClasses(registry());
     registerMemoryBlockClass(registry());
     registerDictionaryClass(registry());
     registerFolderItemClass(registry());
 }
 
-double hostVersion() { return process().version; }
-bool exposesStorage() { return process().version < REAL_SINCE_HIDDEN_STORAGE; }
 int announcedControlVersion() { return process().controlVersion; }
 
 void* resolveEntry(const char* name) {
     const Entry* const entry = findEntry(name);
-    const bool offered = entry && process().version >= entry->since && process().without.count(name) == 0;
+    const bool offered = entry && hostVersion() >= entry->since && process().without.count(name) == 0;
     return offered ? entry->address : nullptr;
 }
 

@@ -1,12 +1,13 @@
+#include "builtins/builtins.h"
+#include "builtins/memory_blocks.h"
 #include "model/arrays.h"
-#include "model/builtins.h"
-#include "model/entries.h"
 #include "model/exceptions.h"
-#include "model/files.h"
-#include "model/interruption.h"
-#include "model/memory_blocks.h"
-#include "model/strings.h"
+#include "model/record_writing.h"
+#include "system/files.h"
+#include "system/interruption.h"
 #include "text/utf8.h"
+#include "values/host_version.h"
+#include "values/strings.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,8 @@
 // The host as a plugin sees it: version, entry points by name, and what was taken away for a test.
 #pragma once
 
+#include "values/host_version.h"
+
 #include "chromabridge/host_abi.h"
 
 #include <string>
@@ -18,12 +20,6 @@ struct HostOptions {
 // std::invalid_argument, listing the known names, when one of `without` is no entry of this host, and for a version below 0
 // or none at all.
 void startHost(const HostOptions& options = {});
-
-double hostVersion();
-
-// Whether memory blocks and double arrays show their storage at the offsets of the contract: hosts older than 2017.0 do. On
-// newer ones those bytes are 0, and the storage must be asked for.
-bool exposesStorage();
 
 // The control version that the plugin announced last; 0 before.
 int announcedControlVersion();

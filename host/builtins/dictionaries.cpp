@@ -1,9 +1,10 @@
 // The built-in class Dictionary: values by keys, in the order in which the keys were first entered.
-#include "model/builtins.h"
+#include "builtins/builtins.h"
 
 #include "model/arrays.h"
 #include "model/exceptions.h"
 #include "model/owned.h"
+#include "model/record_writing.h"
 #include "model/variants.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
-#include "model/leaks.h"
+#include "entries/leaks.h"
 
 #include "model/classes.h"
-#include "model/strings.h"
+#include "values/strings.h"
 
 namespace host {
 

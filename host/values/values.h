@@ -2,7 +2,7 @@
 // knows the type statically.
 #pragma once
 
-#include "model/types.h" // first: its enumerators must not meet the aliases below
+#include "values/types.h" // first: its enumerators must not meet the aliases below
 
 #include "chromabridge/host_abi.h"
 

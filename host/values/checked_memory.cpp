@@ -1,4 +1,4 @@
-#include "model/checked_memory.h"
+#include "values/checked_memory.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -2,7 +2,7 @@
 // strings of length 0 are never created.
 #pragma once
 
-#include "model/values.h"
+#include "values/values.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "model/types.h"
+#include "values/types.h"
 
 #include <array>
 #include <utility>

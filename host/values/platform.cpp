@@ -1,4 +1,4 @@
-#include "model/platform.h"
+#include "values/platform.h"
 
 #include "builtin/corefoundation.h"
 #include "builtin/objc_runtime.h"

@@ -1,10 +1,11 @@
-#include "model/memory_blocks.h"
+#include "builtins/memory_blocks.h"
 
-#include "model/builtins.h"
-#include "model/entries.h"
+#include "builtins/builtins.h"
 #include "model/exceptions.h"
 #include "model/owned.h"
-#include "model/storage.h"
+#include "model/record_writing.h"
+#include "values/host_version.h"
+#include "values/storage.h"
 
 #include <algorithm>
 #include <cstdint>

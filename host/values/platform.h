@@ -2,7 +2,7 @@
 // size of the registry.
 #pragma once
 
-#include "model/strings.h"
+#include "values/strings.h"
 
 #include <optional>
 #include <vector>

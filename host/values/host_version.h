@@ -1,0 +1,16 @@
+// The version of the host that this process simulates. startHost (entries/entries.h) sets it, once.
+#pragma once
+
+#include "chromabridge/host_abi.h"
+
+namespace host {
+
+inline double simulatedVersion = 0.0;
+
+inline double hostVersion() { return simulatedVersion; }
+
+// Whether memory blocks and double arrays show their storage at the offsets of the contract: hosts older than 2017.0 do. On
+// newer ones those bytes are 0, and plugins call entry points for the storage.
+inline bool exposesStorage() { return simulatedVersion < REAL_SINCE_HIDDEN_STORAGE; }
+
+} // namespace host
