@@ -32,7 +32,7 @@ public:
     Slot run(Frame& frame, const Slot* slots) const {
         Slot result;
         try {
-            callMember(*method_.owner, method_.signature.name, offset_, [&] { invoke_(function_, slots, &result); });
+            callMember(method_.owner, method_.signature.name, offset_, [&] { invoke_(function_, slots, &result); });
         } catch (const std::bad_alloc&) {
             failMemory(offset_);
         }
@@ -80,7 +80,7 @@ ActionPtr callSetter(const Method& method, CodePtr receiver, std::vector<Argumen
 
 CodePtr makeObject(ClassInfo& info, const Method* constructor, std::vector<ArgumentCode> arguments, Offset offset) {
     const auto newInFrame = [&info, offset](Frame& frame) {
-        Object* const object = callMember(info, "constructor", offset, [&info] { return newObject(info); });
+        Object* const object = callMember(&info, "constructor", offset, [&info] { return newObject(info); });
         if (!object) throwNew(offset, "OutOfMemoryException", "There is not enough memory for this object.");
         frame.keep(object);
         checkPending(offset);

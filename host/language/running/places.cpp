@@ -65,7 +65,7 @@ CodePtr readProperty(const Property& property, CodePtr object, Offset offset) {
     return makeCode([&property, object = std::move(object), counting, offset](Frame& frame) {
         Object* const owner = requireObject(frame, object->evaluate(frame).object, offset);
         const Slot read =
-            callMember(*property.owner, property.name, offset, [&] { return host::readProperty(property, owner); });
+            callMember(property.owner, property.name, offset, [&] { return host::readProperty(property, owner); });
         const Slot value = frame.keep(counting, read);
         checkPending(offset);
         return value;
@@ -153,7 +153,7 @@ ActionPtr writeProperty(const Property& property, CodePtr object, CodePtr value,
     return makeAction([&property, object = std::move(object), value = std::move(value), offset](Frame& frame) {
         Object* const owner = requireObject(frame, object->evaluate(frame).object, offset);
         const Slot written = value->evaluate(frame);
-        callMember(*property.owner, property.name, offset, [&] { host::writeProperty(property, owner, written); });
+        callMember(property.owner, property.name, offset, [&] { host::writeProperty(property, owner, written); });
         checkPending(offset);
     });
 }
