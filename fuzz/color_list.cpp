@@ -1,4 +1,4 @@
-// A colour list's file from anyone: refused, or written back and read again as the same list.
+// Feeds untrusted colour list files. Each is refused, or it is written and read again as the same list.
 #include "require.h"
 
 #include "appkit/color_list_file.h"

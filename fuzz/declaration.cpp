@@ -1,5 +1,5 @@
-// A declaration from anyone's class record: refused with a place in it, or written out from its parts and read again the
-// same.
+// Feeds untrusted declarations of class records. Each is refused with a position in it, or it is written from its parts and
+// read again as the same declaration.
 #include "require.h"
 
 #include "model/declarations.h"
@@ -77,7 +77,7 @@ void readAndWrite(Declaration (*parse)(std::string_view), std::string_view text)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
-    // Only one reading, since refusals cost the most.
+    // Reads the text only once, because refusals are the slowest case.
     const std::size_t sign = text.find_first_of("(=");
     if (sign != text.npos && text[sign] == '=') {
         readAndWrite(parseConstant, text);

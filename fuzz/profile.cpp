@@ -1,4 +1,4 @@
-// An ICC profile from anyone: refused, or a space whose conversions stay in range.
+// Feeds untrusted ICC profiles. Each is refused, or it becomes a space whose conversions stay in range.
 #include "require.h"
 
 #include "appkit/icc/profile.h"
@@ -14,7 +14,7 @@ using fuzz::require;
 
 namespace {
 
-// Whether a conversion that was made gave components of a colour.
+// Returns whether a conversion yields components in range. A refused conversion counts as in range.
 bool staysInRange(const SpaceDefinition& from, const SpaceDefinition& to, float level) {
     float channels[maxChannels];
     float converted[maxChannels];

@@ -1,4 +1,4 @@
-// What a fuzz target demands of the code that it feeds.
+// The checks that fuzz targets apply to the code under test.
 #pragma once
 
 #include <cstdlib>
@@ -6,7 +6,7 @@
 
 namespace fuzz {
 
-// Ends the process, which the fuzzer takes for a finding, unless the promise holds.
+// Aborts the process unless the promise holds. The fuzzer reports this as a finding.
 inline void require(bool holds, const char* promise) {
     if (holds) return;
     std::cerr << "broken: " << promise << "\n";

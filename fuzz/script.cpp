@@ -1,5 +1,5 @@
-// A program from anyone: refused or run, as a file and typed at a prompt, with nothing left behind. Programs that name a
-// class of files are only checked.
+// Feeds untrusted programs. Each is refused or run, as a file and as input of a prompt, and must not leak. Programs that
+// name a class of files are only checked.
 #include "require.h"
 
 #include "entries/entries.h"
@@ -25,9 +25,9 @@ namespace {
 
 constexpr std::size_t maxMemory = 64 << 20;
 
-volatile std::sig_atomic_t run = 0; // the number of the program that runs
+volatile std::sig_atomic_t run = 0; // the number of the running program
 
-// Interrupts a program that ran at the last tick too.
+// Interrupts a program that has been running since the previous tick or longer.
 void tick(int) {
     static std::sig_atomic_t before = 0;
     if (run == before) language::interrupt();
@@ -49,7 +49,7 @@ void runAsFile(const std::string& text) {
     require(exitCode == 0 || !errors.str().empty() || names(text, {"quit"}), "a failure is told");
 }
 
-// The first line and then the rest, which may use what the line declared.
+// Runs the first line and then the rest, which may use the line's declarations.
 void runAtPrompt(const std::string& text) {
     std::ostringstream output, warnings;
     Silence presenter;
@@ -61,8 +61,8 @@ void runAtPrompt(const std::string& text) {
 
 } // namespace
 
-// Memory that a program asks for is refused before the machine's is used up; by the C++ library too, so these are visible to
-// it.
+// Refuse a program's memory requests before the machine runs out of memory. These functions are visible so that the C++
+// library uses them too.
 #pragma GCC visibility push(default)
 void* operator new(std::size_t size) {
     void* const memory = size <= maxMemory ? std::malloc(size) : nullptr;

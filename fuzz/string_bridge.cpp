@@ -1,4 +1,4 @@
-// Host strings to the platform and back. The first byte chooses the encoding, the second the age of the host.
+// Converts host strings to the platform and back. The first byte chooses the encoding, the second the host version.
 #include "require.h"
 
 #include "bridge/strings.h"
@@ -38,7 +38,7 @@ void* resolve(const char* entry) {
 
 using Text = std::optional<std::u16string>;
 
-// What the platform gets, from the host's own answer or from the string's storage.
+// Returns the text that the platform receives, from the host's entry point or from the string's storage.
 Text platformText(REALstringStruct* string, bool fromStorage) {
     answersText = !fromStorage;
     const CFStringRef converted = RBString2CFString(string);
@@ -56,7 +56,8 @@ bool isUnicode(std::u16string_view text) {
     return true;
 }
 
-// A host string comes back from text that is Unicode, up to its first NUL; otherwise the empty one does.
+// Requires that valid Unicode text returns as a host string, up to its first NUL, and that other text returns as the empty
+// string.
 void requireReturn(const std::u16string& text) {
     builtin::String* const string = builtin::newString(text);
     REALstringStruct* const back = NSStringRB(string);
@@ -67,7 +68,7 @@ void requireReturn(const std::u16string& text) {
     host::unlock(back);
 }
 
-// Writing text where it came from gives the same bytes, in just the room that it needs.
+// Requires that text written in its original encoding has the same bytes and needs exactly their space.
 void requireSameBytes(const std::u16string& text, std::string_view bytes, std::uint32_t encoding) {
     builtin::String* const string = builtin::newString(text);
     std::string written(bytes.size() + 1, '?');
@@ -78,7 +79,7 @@ void requireSameBytes(const std::u16string& text, std::string_view bytes, std::u
     CFRelease(string);
 }
 
-// What hosts that do not know UTF-32 get: surrogates are left out, what lies beyond Unicode is replaced.
+// Returns the text as hosts without UTF-32 receive it. Surrogates are skipped, and values beyond Unicode are replaced.
 std::u16string translated(std::string_view bytes) {
     std::u16string text;
     for (; bytes.size() >= sizeof(char32_t); bytes.remove_prefix(sizeof(char32_t))) {
@@ -92,7 +93,7 @@ std::u16string translated(std::string_view bytes) {
     return text;
 }
 
-// Wide text ends as UTF-8, the same on every host when it is sound; other bytes stay as they are.
+// Requires that wide text becomes UTF-8, the same on every host if it is valid, and that other bytes stay unchanged.
 void requireBuilt(std::string_view bytes, std::uint32_t encoding, const Text& sound) {
     REALstringStruct* const built = REALBuildUnicodeString(bytes.data(), static_cast<std::int64_t>(bytes.size()), encoding);
     if (encoding == host::encoding::utf16 || encoding == host::encoding::utf32) {
@@ -120,7 +121,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    constexpr std::size_t longest = 400; // long enough for every buffer that short text does without
+    constexpr std::size_t longest = 400; // exceeds every buffer on the stack for short text
     if (size < 3 || size > longest) return 0;
     const std::uint32_t encoding = encodings[data[0] % std::size(encodings)];
     rbversion_rbversion = versions[data[1] % std::size(versions)];
@@ -133,7 +134,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             "the host's answer and its storage agree");
     if (stored) requireReturn(*stored);
 
-    // What the host itself can read is sound.
+    // Text is valid if the host itself can read it.
     const void* const own = host::platform::newCFString(bytes, encoding);
     const Text sound = own ? asked : std::nullopt;
     if (own) host::platform::releaseCFString(own);

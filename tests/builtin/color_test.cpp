@@ -1,4 +1,4 @@
-// Colours: who answers what, names, descriptions, patterns, the named colours.
+// Colours: which messages each kind responds to, names, descriptions, patterns, the named colours.
 #include "support/native.h"
 
 #include <algorithm>
@@ -54,7 +54,7 @@ TEST_F(Colors, RefuseWhatTheirKindDoesNotHave) {
     const id grey = calibratedWhite(0.5f, 1), catalog = color("controlColor"), red = color("redColor");
     id exception = nullptr;
     {
-        const Pool inner; // the colour goes with it, and what is told of it is not told yet
+        const Pool inner; // destroys the colour before the message is built, which happens on first use
         const id gone = calibratedWhite(0.5f, 1);
         exception = send(caught([&] { send<CGFloat>(gone, "redComponent"); }), "retain");
     }
@@ -100,7 +100,7 @@ TEST_F(Colors, AreDescribedByTheirSpaceAndSixDigitsOfEachComponent) {
     const float nan = std::numeric_limits<float>::quiet_NaN();
     const id srgb = standardSpace("sRGBColorSpace"), grey = standardSpace("genericGrayColorSpace");
     const std::pair<id, const char*> cases[] = {
-        // What is calibrated takes any component, a device clips.
+        // Calibrated spaces accept any component. Device spaces clip components.
         {calibratedRGB(2.5f, -0.5f, 0, 7), "NSCalibratedRGBColorSpace 2.5 -0.5 0 7"},
         {calibratedRGB(0.1f, 1 / 3.f, 1e-9f), "NSCalibratedRGBColorSpace 0.1 0.333333 1e-09 1"},
         {calibratedWhite(1.5f, -1), "NSCalibratedWhiteColorSpace 1.5 -1"},
@@ -155,7 +155,7 @@ TEST_F(Colors, AreEqualWhenSpaceAndComponentsAre) {
     EXPECT_EQ(send<Size>(tile, "size").height, 4);
 }
 
-// Numbers of macOS 11 as designers publish them.
+// The values of macOS 11, as designers publish them.
 TEST_F(Colors, OfTheCatalogLookAsInTheChosenAppearance) {
     const struct {
         const char* name;

@@ -1,4 +1,4 @@
-// Conversions between colour spaces, against numbers that were calculated elsewhere from published matrices.
+// Conversions between colour spaces, compared with values calculated elsewhere from published matrices.
 #include "support/native.h"
 
 using namespace chroma;
@@ -26,12 +26,12 @@ TEST_F(Conversions, MatchPublishedNumbers) {
                  {brown, "adobeRGB1998ColorSpace", {0.72486f, 0.49610f, 0.27311f, 0.75f}, 3e-5},
                  {colorIn(srgb, {1, 0, 0, 1}), "displayP3ColorSpace", {0.9175f, 0.2003f, 0.1386f, 1}, 1e-4},
                  {colorIn(srgb, {0, 1, 0, 1}), "displayP3ColorSpace", {0.4584f, 0.9853f, 0.2983f, 1}, 1e-4},
-                 // Device RGB stands for a display with the primaries and curve of sRGB.
+                 // Device RGB represents a display with the primaries and curve of sRGB.
                  {brown, "deviceRGBColorSpace", {0.8f, 0.5f, 0.25f, 0.75f}, 1e-7},
-                 // Grey takes the luminance.
+                 // Grey is the luminance.
                  {brown, "genericGamma22GrayColorSpace", {0.57047f, 0.75f}, 1e-4},
                  {brown, "genericGrayColorSpace", {0.50357f, 0.75f}, 1e-4},
-                 // What the target cannot show is clipped; within one space nothing is done.
+                 // Components that the target cannot show are clipped. Within one space nothing changes.
                  {colorIn(p3, {0, 1, 0, 1}), "sRGBColorSpace", {0, 1, 0, 1}, 0},
                  {calibratedRGB(3, 3, 3, 2), "deviceRGBColorSpace", {1, 1, 1, 2}, 0},
                  {calibratedRGB(3, -1, 0), "genericRGBColorSpace", {3, -1, 0, 1}, 0},
@@ -114,7 +114,7 @@ TEST_F(Conversions, DerivedColorsMixInCalibratedRGB) {
         {send(rgb, "shadowWithLevel:", 0.5f), "NSCalibratedRGBColorSpace 0.5 0.25 0 0.75"},
         {send(rgb, "shadowWithLevel:", 5.f), "Catalog color: System shadowColor"},
         {send(rgb, "highlightWithLevel:", 1.f), "Catalog color: System highlightColor"},
-        {rgb, "NSCalibratedRGBColorSpace 1 0.5 0 0.5"}, // itself it does not change
+        {rgb, "NSCalibratedRGBColorSpace 1 0.5 0 0.5"}, // the receiver stays unchanged
     };
     for (const auto& [derived, description] : cases)
         EXPECT_EQ(textOf(derived), description);

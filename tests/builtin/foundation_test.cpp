@@ -1,4 +1,4 @@
-// Strings in every encoding, both ways and strictly; URLs; data, arrays and dictionaries.
+// Strings in every encoding, in both directions and strict; URLs; data, arrays and dictionaries.
 #include "support/native.h"
 
 #include <cstdint>
@@ -52,13 +52,13 @@ std::string encode(id string, CFStringEncoding encoding) {
     return CFStringGetCString(string, buffer, sizeof buffer, encoding) ? buffer : "(refused)";
 }
 
-// The path that a URL names, "(no URL)" when there is none.
+// Returns the path that a URL names, or "(no URL)" for null.
 std::string pathOf(CFURLRef url) {
     if (!url) return "(no URL)";
     return textOf(send(CFURLCopyFileSystemPath(send(url, "autorelease"), 0), "autorelease"));
 }
 
-// The characters at which the length of a sequence changes.
+// The characters at which the length of a UTF-8 sequence changes.
 const char* const limitsInUtf8 =
     "\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF";
 
@@ -67,7 +67,7 @@ const char* const limitsInUtf8 =
 TEST_F(Strings, AreReadInEveryEncoding) {
     const std::u16string text = u"a\u00E9\u20AC\U0001F600z";
     const std::u16string limits = u"\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF";
-    // A byte order mark counts in an external representation alone, which without one is in the machine's order.
+    // A byte order mark counts only in an external representation. Without a mark, the text is in the machine's byte order.
     constexpr bool external = true;
     const std::tuple<std::string, CFStringEncoding, bool, std::u16string> cases[] = {
         {"a\x80\xDB\xF0\xCA", macRoman, false, u"a\u00C4\u20AC\uF8FF\u00A0"},
@@ -112,7 +112,7 @@ TEST_F(Strings, AreWrittenWhereTheyFit) {
         {u"\u0080", ascii, "(refused)"},
         {u"a\u00E9\u20AC\U0001F600z", utf8, "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z"},
         {u"\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF", utf8, limitsInUtf8},
-        {u"a", utf16, "(refused)"}, // its units are no bytes
+        {u"a", utf16, "(refused)"}, // its units are not bytes
         {{0xD83D}, utf8, "(refused)"},
         {{0xDE00, 0xD83D}, utf8, "(refused)"},
         {{0xD83D, u'a'}, utf8, "(refused)"}};
@@ -139,7 +139,7 @@ TEST_F(Strings, AreWrittenWhereTheyFit) {
 }
 
 TEST_F(Strings, AreWrittenInPartsToBytes) {
-    // The units and bytes written, for each encoding and capacity.
+    // The encoding, the capacity, and the number of units and bytes written.
     const std::tuple<CFStringEncoding, CFIndex, CFIndex, CFIndex> cases[] = {
         {utf8, 6, 4, 6},    {utf8, 5, 3, 5},   {utf8, 4, 1, 1},     {utf16, 8, 4, 8}, {utf16, 5, 1, 2},
         {utf32, 12, 4, 12}, {utf32, 11, 3, 8}, {macRoman, 8, 1, 1}, {0x999, 8, 0, 0}};
@@ -154,7 +154,7 @@ TEST_F(Strings, AreWrittenInPartsToBytes) {
         const std::string expected = encoding == utf16 ? encoded(u"a\U00010000b"s) : "a";
         EXPECT_EQ(written.substr(0, expected.size()), expected.substr(0, written.size()));
     }
-    // Many ASCII characters at a time, which are no longer so in the wide encodings.
+    // Several ASCII characters are copied at once, but not in the wide encodings.
     const std::u16string wide = u"01234567\U00010401";
     std::uint8_t all[20] = {};
     CFIndex used = 0;

@@ -1,4 +1,4 @@
-// The platform's profiles and conversions against a colour management library that somebody else wrote.
+// Compares the platform's profiles and conversions with an independent colour management library.
 #include "support/native.h"
 
 #include <algorithm>
@@ -44,12 +44,12 @@ std::string nameOf(const Profile& profile, cmsInfoType information = cmsInfoDesc
 
 std::intptr_t modelOf(const Profile& profile) {
     constexpr cmsColorSpaceSignature models[] = {cmsSigGrayData, cmsSigRgbData, cmsSigCmykData, cmsSigLabData};
-    return std::find(std::begin(models), std::end(models), cmsGetColorSpace(profile.get())) - models; // else 4, DeviceN
+    return std::find(std::begin(models), std::end(models), cmsGetColorSpace(profile.get())) - models; // otherwise 4, DeviceN
 }
 
 std::size_t channelsOf(id space) { return static_cast<std::size_t>(send<std::intptr_t>(space, "numberOfColorComponents")); }
 
-// A space of the platform and the same profile in the other engine.
+// A space of the platform, and the same profile in lcms.
 struct Side {
     id space;
     Profile profile;
@@ -60,24 +60,25 @@ struct Side {
     cmsColorSpaceSignature colors() const { return cmsGetColorSpace(profile.get()); }
     bool isLab() const { return colors() == cmsSigLabData; }
 
-    // A floating-point format of lcms. Four inks and more count in percent there.
+    // Returns a floating-point format of lcms. With four inks or more its components are percentages.
     cmsUInt32Number format() const {
         const auto kind = static_cast<cmsUInt32Number>(_cmsLCMScolorSpace(colors()));
         return FLOAT_SH(1) | COLORSPACE_SH(kind) | CHANNELS_SH(cmsChannelsOf(colors())) | BYTES_SH(4);
     }
     float scale() const { return cmsChannelsOf(colors()) < 4 ? 1 : 100; }
 
-    // A channel's least and greatest value.
+    // Returns a channel's minimum and maximum.
     std::pair<float, float> range(std::size_t channel) const {
         if (!isLab()) return {0.f, 1.f};
         return channel == 0 ? std::pair(0.f, 100.f) : std::pair(-128.f, 127.f);
     }
 };
 
-// How far the platform is off in the worst of so many random colours, as a share of a channel's range; 1 when one of the two
+// Returns the platform's largest deviation for random colours, as a share of a channel's range. Returns 1 if either engine
 // does not convert.
 double worstDifference(const Side& from, const Side& to, cmsUInt32Number intent = INTENT_PERCEPTUAL, int colors = 50) {
-    // The black of version 4's PCS is scaled where the target is of version 4 there, here wherever it is meant: make it one.
+    // lcms scales version 4's black if the target profile has that version. The platform scales it if the profile uses it.
+    // Setting the version makes both agree.
     const double version = cmsGetProfileVersion(to.profile.get());
     const double source = cmsGetProfileVersion(from.profile.get());
     if (!cmsIsCLUT(to.profile.get(), intent, LCMS_USED_AS_OUTPUT)) cmsSetProfileVersion(to.profile.get(), source);
@@ -85,7 +86,7 @@ double worstDifference(const Side& from, const Side& to, cmsUInt32Number intent 
                                                        intent, cmsFLAGS_NOOPTIMIZE | cmsFLAGS_NOCACHE);
     cmsSetProfileVersion(to.profile.get(), version);
     if (!transform) return 1;
-    std::minstd_rand random; // of the same colours each time
+    std::minstd_rand random; // the same colours each time
     double worst = 0;
     for (int count = 0; count < colors; ++count) {
         const Pool each;
@@ -112,9 +113,9 @@ double worstDifference(const Side& from, const Side& to, cmsUInt32Number intent 
 
 constexpr double byte = 1 / 255.0;
 
-// Profiles made of tables, with the curves, grids and matrices that a version has room for.
+// Profiles that consist of tables, with the curves, grids and matrices that each version allows.
 
-// Parametric ones where there are such, else sampled.
+// Returns parametric curves for version 4, otherwise sampled ones.
 cmsStage* newCurves(cmsUInt32Number channels, bool isVersion4) {
     std::vector<cmsUInt16Number> samples;
     for (int index = 0; index < 256; ++index) {
@@ -127,7 +128,7 @@ cmsStage* newCurves(cmsUInt32Number channels, bool isVersion4) {
     return cmsStageAllocToneCurves(nullptr, channels, curves.data());
 }
 
-// Values that wind through the grid, another way for each output.
+// Writes values that wind through the grid, differently for each output.
 int wind(const cmsUInt16Number inputs[], cmsUInt16Number outputs[], void* channels) {
     const auto [from, to] = *static_cast<std::pair<cmsUInt32Number, cmsUInt32Number>*>(channels);
     for (cmsUInt32Number output = 0; output < to; ++output) {
@@ -183,7 +184,7 @@ Profile tableProfile(const Kind& kind) {
         const int tag = static_cast<int>(isToPcs ? cmsSigAToB0Tag : cmsSigBToA0Tag) + static_cast<int>(kind.intent);
         cmsWriteTag(profile.get(), static_cast<cmsTagSignature>(tag), pipeline.get());
     }
-    // What is judged is what was written down.
+    // Saves the profile and reads it again, so that the test judges its written form.
     std::string bytes(1 << 20, '\0');
     auto size = static_cast<cmsUInt32Number>(bytes.size());
     if (!cmsSaveProfileToMem(profile.get(), bytes.data(), &size)) return {};
@@ -206,7 +207,7 @@ TEST_F(OtherEngine, AcceptsThePlatformsProfilesAndConvertsAlike) {
         for (const char* const target : profiled) {
             const Side to(target);
             if (isEqual(from.space, to.space)) continue;
-            // The last trace of light may be any ink.
+            // Close to black, several ink combinations are equally valid.
             const bool isToInks = channelsOf(to.space) == 4;
             const double tolerance = channelsOf(from.space) == 4 ? 0.065 : isToInks ? 0.01 : byte;
             EXPECT_LE(worstDifference(from, to, INTENT_PERCEPTUAL, isToInks ? 50 : 5000), tolerance)
@@ -215,7 +216,7 @@ TEST_F(OtherEngine, AcceptsThePlatformsProfilesAndConvertsAlike) {
     }
 }
 
-// Those of Debian's icc-profiles-free, colord-data, libgs-common and krita-data.
+// The profiles of Debian's icc-profiles-free, colord-data, libgs-common and krita-data.
 TEST_F(OtherEngine, ConvertsByEveryRealProfileAlike) {
     const Side srgb("sRGBColorSpace");
     int count = 0;
@@ -229,7 +230,7 @@ TEST_F(OtherEngine, ConvertsByEveryRealProfileAlike) {
         const Profile profile = held(cmsOpenProfileFromMem(contents.data(), static_cast<cmsUInt32Number>(contents.size())));
         const id direct = made("NSColorSpace", "initWithICCProfileData:", dataOf(contents));
         const auto colors = profile ? cmsGetColorSpace(profile.get()) : cmsSigXYZData;
-        const bool isSpace = colors != cmsSigXYZData && colors != cmsSigYCbCrData; // neither is a device's
+        const bool isSpace = colors != cmsSigXYZData && colors != cmsSigYCbCrData; // neither belongs to a device
         ASSERT_EQ(direct != nullptr, isSpace);
         if (!isSpace) continue;
         EXPECT_EQ(textOf(send(direct, "localizedName")), nameOf(profile));
@@ -239,7 +240,7 @@ TEST_F(OtherEngine, ConvertsByEveryRealProfileAlike) {
         ASSERT_NE(side.space, nullptr);
         const cmsProfileClassSignature kind = cmsGetDeviceClass(profile.get());
         ++count;
-        if (kind == cmsSigNamedColorClass) continue; // a list of names, which converts no way
+        if (kind == cmsSigNamedColorClass) continue; // a list of names, which does not convert
         EXPECT_LE(worstDifference(side, srgb), byte);
         if (kind == cmsSigAbstractClass) continue; // an effect
         EXPECT_LE(worstDifference(srgb, side), byte);
@@ -259,7 +260,7 @@ TEST_F(OtherEngine, ConvertsByTablesOfEveryKindAlike) {
                                                           {cmsSigXYZData, 4.3, false},
                                                           {cmsSigLabData, 4.3, false},
                                                           {cmsSigLabData, 4.3, true}}) {
-            if (colors == cmsSigLabData && connection == cmsSigXYZData) continue; // taken for a PCS there
+            if (colors == cmsSigLabData && connection == cmsSigXYZData) continue; // lcms takes it for a PCS
             const Kind kind{colors, connection, version, is8bit, ++count % 4 % 3};
             SCOPED_TRACE(testing::Message() << cmsChannelsOf(colors) << (connection == cmsSigLabData ? " Lab " : " XYZ ")
                                             << version << (is8bit ? " 8 bit, " : " 16 bit, ") << kind.intent);

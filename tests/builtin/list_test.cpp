@@ -1,4 +1,4 @@
-// Colour lists: order and keys, and what their files hold.
+// Colour lists: order and keys, and the contents of their files.
 #include "support/native.h"
 #include "support/profile_builder.h"
 
@@ -53,15 +53,15 @@ std::string contentsOf(const fs::path& file) {
     return contents.str();
 }
 
-// Syncs of files and folders, and from which one on they fail; 0: never.
+// Counts the syncs of files and folders. The sync with the number failingSync fails; 0 means none.
 int syncs = 0, failingSync = 0;
 
 } // namespace
 
-// Replaces the C library's, for the platform's library too.
+// Replaces the C library's function, also for the platform's library.
 extern "C" __attribute__((visibility("default"))) int fsync(int) { return ++syncs == failingSync ? -1 : 0; }
 
-// A new folder for files, which is also the user's data folder.
+// Creates a folder for files, which is also the user's data folder.
 class ColorLists : public PlatformTest {
 protected:
     ColorLists() {
@@ -72,7 +72,7 @@ protected:
     }
     ~ColorLists() override { fs::remove_all(folder); }
 
-    // How many files there are in the folder and below.
+    // Returns the number of files in the folder and its subfolders.
     std::ptrdiff_t fileCount() const {
         return std::count_if(fs::recursive_directory_iterator(folder), {},
                              [](const auto& entry) { return entry.is_regular_file(); });
@@ -156,7 +156,7 @@ TEST_F(ColorLists, ComeBackFromTheirFileBitForBit) {
     ASSERT_TRUE(write(same, folder / "again.clr"));
     EXPECT_EQ(contentsOf(folder / "again.clr"), contentsOf(file));
 
-    set(list, color("colorWithPatternImage:", image), "tiles"); // of which the size is kept
+    set(list, color("colorWithPatternImage:", image), "tiles"); // only the size is kept
     ASSERT_TRUE(write(list, file));
     const auto size = send<Size>(send(colorWithKey(listFrom(file), "tiles"), "patternImage"), "size");
     EXPECT_EQ(std::pair(size.width, size.height), std::pair(CGFloat(8), CGFloat(0.1)));
@@ -203,7 +203,7 @@ TEST_F(ColorLists, LeaveWhatTheirFileIsAsItWas) {
     EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_write);
     EXPECT_EQ(keysOf(listFrom(file)), "a ");
 
-    const bool givesAway = chown(file.c_str(), 12, 34) == 0; // the superuser's privilege
+    const bool givesAway = chown(file.c_str(), 12, 34) == 0; // only the superuser may
     ASSERT_TRUE(write(list, file));
     struct stat status;
     ASSERT_EQ(stat(file.c_str(), &status), 0);
@@ -252,7 +252,7 @@ TEST_F(ColorLists, LeaveTheOldFileWhenWritingFails) {
     const std::string old = contentsOf(file);
     for (int index = 0; index < 200; ++index)
         set(list, blue, "key " + std::to_string(index));
-    // The disk is full halfway through.
+    // The disk becomes full halfway through.
     rlimit limit;
     getrlimit(RLIMIT_FSIZE, &limit);
     const rlimit small{1000, limit.rlim_max};
@@ -274,7 +274,8 @@ TEST_F(ColorLists, LeaveTheOldFileWhenWritingFails) {
     EXPECT_EQ(syncs, 2) << "the file, and the folder with its name";
     EXPECT_EQ(fileCount(), 1);
 
-    // A process that is killed meanwhile leaves its part to the next one to save. One that still writes keeps it.
+    // A process that is killed while it writes leaves a partial file. The next save removes that file, but not one whose
+    // process still writes.
     const pid_t child = fork();
     if (child == 0) {
         const rlimit noCore{0, 0};
@@ -316,7 +317,7 @@ TEST_F(ColorLists, AreNotReadFromMalformedFiles) {
     EXPECT_EQ(read("chromabridge color list 1\nend\n"), nullptr);
     for (std::size_t size = 0; size < whole.size(); ++size)
         EXPECT_EQ(read(whole.substr(0, size)), nullptr) << "cut to " << size;
-    // What is replaced, and by what.
+    // The text to replace and its replacements.
     const std::pair<std::string_view, std::vector<std::string_view>> changes[] = {
         {"list 1", {"list 2"}},
         {"genericRGB", {"noRGB"}},
@@ -324,7 +325,7 @@ TEST_F(ColorLists, AreNotReadFromMalformedFiles) {
         {"components 0", {"components 2", "components 0 00000000"}},
         {"3dcccccd", {"3dccccc", "3dcccccg"}},
         {"\\u000a", {"\\u00", "\\x"}},
-        {"\"a\"", {"\"\xFF\"", "\"c\"", "\"a\"."}}, // one key twice, for one
+        {"\"a\"", {"\"\xFF\"", "\"c\"", "\"a\"."}}, // the second: one key twice
         {"System textColor", {"System noColor", "Crayons textColor"}},
         {"end 3", {"end 2"}}};
     for (const auto& [from, replacements] : changes) {

@@ -1,4 +1,4 @@
-// ICC profiles: written, read back, and read when they are broken.
+// ICC profiles: written, read back, and refused when they are broken.
 #include "support/native.h"
 #include "support/profile_builder.h"
 
@@ -18,7 +18,7 @@ id spaceFrom(const std::string& profile) { return made("NSColorSpace", "initWith
 std::string profileOf(id space) { return bytesOf(send(space, "ICCProfileData")); }
 std::string nameOf(id space) { return textOf(send(space, "localizedName")); }
 
-// A whole profile in the way of version 2, with the primaries of sRGB and a gamma of 1.
+// Returns a complete profile of version 2 with the primaries of sRGB and a gamma of 1.
 std::string linearRGB() {
     return profile("RGB ", {{"desc", plainText("Linear")},
                             {"rTRC", gammaCurve(1)},
@@ -48,15 +48,15 @@ TEST_F(Profiles, OfStandardSpacesComeBackAsEqualSpacesAndHoldAllOfThem) {
         EXPECT_EQ(profile.substr(24, 6), "\x07\xE8\0\1\0\1"s) << "the first of January 2024";
         EXPECT_TRUE(isEqual(made("NSColorSpace", "initWithColorSyncProfile:", send(same, "colorSyncProfile")), space));
 
-        // With another creator in its header, which nothing depends on, it is somebody else's profile.
+        // With another creator in its header, which affects nothing else, it is a different profile.
         const id other = spaceFrom(profileOf(space).replace(80, 4, "else"));
         EXPECT_FALSE(isEqual(other, space));
         std::vector<float> components(static_cast<std::size_t>(send<std::intptr_t>(space, "numberOfColorComponents")), 0.3f);
         components[0] = 0.9f;
-        if (components.size() == 4) components[2] = 0; // what black can replace, it does
+        if (components.size() == 4) components[2] = 0; // black replaces what it can
         components.push_back(1);
         expectNear(componentsOf(send(colorIn(space, components), "colorUsingColorSpace:", other)), components,
-                   components.size() == 5 ? 0.02 : 5e-4); // inks go through tables, and a gamma is told in 256ths
+                   components.size() == 5 ? 0.02 : 5e-4); // inks go through tables, and a gamma is stored in 256ths
     }
     for (const char* const message : {"ICCProfileData", "colorSyncProfile"})
         EXPECT_EQ(send(standardSpace("deviceRGBColorSpace"), message), nullptr);
@@ -69,7 +69,7 @@ TEST_F(Profiles, ConvertAsTheirTagsSay) {
                {0.73536f, 0.48453f, 0.02584f, 0.25f}, 1e-4);
     expectNear(componentsOf(inSpace(colorIn(linear, {1, 1, 1, 1}), "sRGBColorSpace")), {1, 1, 1, 1}, 0);
 
-    // A curve of grey read forwards: the luminance of a value; and backwards, where it has an inverse.
+    // A curve of grey, read forwards to the luminance of a value, and backwards if it has an inverse.
     const struct {
         std::string curve;
         float value;
@@ -99,8 +99,8 @@ TEST_F(Profiles, ConvertAsTheirTagsSay) {
     }
 }
 
-// What Little CMS's transicc prints for the profile of a press that Ghostscript ships, perceptually, in 8-bit sRGB and
-// percent.
+// The expected values are the output of Little CMS's transicc for the press profile that Ghostscript ships: perceptual
+// intent, 8-bit sRGB and percent.
 TEST_F(Profiles, OfAPressConvertByTheirTables) {
     std::ostringstream bytes;
     bytes << std::ifstream("/usr/share/color/icc/ghostscript/default_cmyk.icc", std::ios::binary).rdbuf();
@@ -129,7 +129,7 @@ TEST_F(Profiles, OfAPressConvertByTheirTables) {
 }
 
 TEST_F(Profiles, ConvertInTheDirectionsThatTheyTell) {
-    // Of mAB and mBA the curves alone, those at offset 32: three identities.
+    // mAB and mBA tables with only curves, at offset 32: three identities.
     const auto curvesOnly = [](const char* type) {
         const std::string curve = sampledCurve({});
         return value(type,
@@ -140,7 +140,7 @@ TEST_F(Profiles, ConvertInTheDirectionsThatTheyTell) {
                                                   {{{"A2B1", toPcs}}, true, false},
                                                   {{{"B2A2", fromPcs}}, false, true}};
     const id white = colorIn(standardSpace("sRGBColorSpace"), {1, 1, 1, 1});
-    constexpr float level = 128 / 255.f; // of which L* is 53.585
+    constexpr float level = 128 / 255.f; // its L* is 53.585
     for (const auto& [tags, from, to] : cases) {
         const id space = spaceFrom(profile("Lab ", tags, "Lab "));
         ASSERT_NE(space, nullptr);
@@ -155,7 +155,7 @@ TEST_F(Profiles, ConvertInTheDirectionsThatTheyTell) {
         else
             EXPECT_EQ(lab, nullptr);
     }
-    // Colorants in one plane lead to XYZ and not back.
+    // Colorants in one plane convert to XYZ but not back.
     const std::string red = xyz({0.4, 0.2, 0.1});
     const id flat = spaceFrom(profile("RGB ", {{"rTRC", gammaCurve(1)},
                                                {"gTRC", gammaCurve(1)},
@@ -210,8 +210,9 @@ TEST_F(Profiles, ThatAreBrokenAreRefused) {
     const std::pair<std::size_t, std::string> patches[] = {{0, "\0\0\0\x20"s},   // a size smaller than the header
                                                            {36, "ascp"},         // no signature
                                                            {128, "\x10\0\0\1"s}, // a count whose table would wrap around
-                                                           {136, "\xFF\xFF\xFF\xF0"},  // a tag that starts outside
-                                                           {140, "\xFF\xFF\xFF\xF0"}}; // and one that ends there
+                                                           // a tag that starts outside the profile
+                                                           {136, "\xFF\xFF\xFF\xF0"},
+                                                           {140, "\xFF\xFF\xFF\xF0"}}; // a tag that ends outside it
     for (const auto& [offset, bytes] : patches)
         EXPECT_EQ(spaceFrom(std::string(whole).replace(offset, bytes.size(), bytes)), nullptr) << offset;
     const std::pair<const char*, std::string> tags[] = {{"desc", "desc\0\0\0\0\xFF\xFF\xFF\xFFname"s},
@@ -225,7 +226,7 @@ TEST_F(Profiles, ThatAreBrokenAreRefused) {
                                                         {"kTRC", parametricCurve(1, {2, 0, 1})},
                                                         {"kTRC", parametricCurve(0, {0})},
                                                         {"rXYZ", "XYZ \0\0\0\0\0\0"s}};
-    // Tables: a type, channels, points, samples and so on until all is there. The last is whole.
+    // Tables: a type, channels, points, samples and so on. Only the last is complete.
     const std::string identity = numbers({1, 0, 0, 0, 1, 0, 0, 0, 1}, 65536, 4), curve = gammaCurve(1);
     const auto lookup = [&](const char* type, int inputs, int outputs, int points, int samples, std::size_t size) {
         return value(type, number(inputs, 1) + number(outputs, 1) + number(points, 1) + "\0"s + identity +

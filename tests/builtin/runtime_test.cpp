@@ -17,7 +17,7 @@ using Exceptions = PlatformTest;
 using ExceptionsDeathTest = PlatformTest;
 using Memory = PlatformTest;
 
-// The guards that the build compiled for itself.
+// The guards that the build compiled separately.
 #define X(name) extern "C" id name(void (*body)(void*), void* context);
 FOREIGN_GUARDS
 #undef X
@@ -51,7 +51,7 @@ std::uintptr_t retainCount(id object) { return send<std::uintptr_t>(object, "ret
 
 } // namespace
 
-// Replace the standard library's, for the platform's library too.
+// Replace the standard library's functions, also for the platform's library.
 void* operator new(std::size_t size) {
     void* const memory = isExhausted ? nullptr : std::malloc(size + 1);
     if (!memory) throw std::bad_alloc();
@@ -73,7 +73,7 @@ TEST_F(Runtime, AddedAndReplacedMethodsAreInForceAtOnce) {
     EXPECT_EQ(class_replaceMethod(parent, number, implementation(answerTwo), "i@:"), implementation(answerOne));
     EXPECT_EQ(send<int>(object, "number"), 2);
 
-    // In the child it overrides, and the parent keeps its own.
+    // A method in the child overrides the parent's, which stays unchanged.
     EXPECT_EQ(class_replaceMethod(child, number, implementation(answerThree), "i@:"), nullptr);
     EXPECT_EQ(send<int>(object, "number"), 3);
     EXPECT_EQ(class_getMethodImplementation(parent, number), implementation(answerTwo));
@@ -127,7 +127,7 @@ TEST_F(Exceptions, GoToTheInnermostGuardThatIsOpen) {
         Guard left, open;
         objc_exception_try_enter(&left);
         objc_exception_try_enter(&open);
-        objc_exception_try_exit(&left); // and with it the one inside
+        objc_exception_try_exit(&left); // also exits the inner guard
         objc_exception_throw(exception);
     });
     EXPECT_EQ(thrown, exception);
@@ -147,7 +147,7 @@ TEST_F(Exceptions, EachThreadHasItsOwnGuards) {
             });
         });
         isGuarded.get_future().wait();
-        objc_exception_throw(here); // while the other thread's guard is the latest
+        objc_exception_throw(here); // while the other thread's guard is the most recent
     });
     isCaught.set_value();
     EXPECT_EQ(caughtHere, here);
@@ -163,7 +163,7 @@ TEST_F(Exceptions, ReachGuardsOfEveryCompilerWithAnyFlags) {
     }
 }
 
-// Where nothing catches them; and the handler of whoever wants to know comes before the end.
+// Without a handler the process exits. An installed handler runs before that.
 TEST_F(ExceptionsDeathTest, UncaughtOnesEndTheProcessWithALine) {
     const auto uncaught = [](auto body) noexcept { body(); };
     EXPECT_DEATH(uncaught([] { send<void>(exceptionNamed("A", "because"), "raise"); }),
@@ -207,7 +207,7 @@ TEST_F(Memory, PoolsNestAndReleaseWhatWasAutoreleasedInThem) {
     send(newData(), "autorelease");
     EXPECT_TRUE(refuses([&] { send(leftOpen, "retain"); }));
     EXPECT_TRUE(refuses([&] { send(leftOpen, "autorelease"); }));
-    // A pool for whose place memory is exhausted raises, and is gone.
+    // If there is no memory to register a pool, its creation raises and the pool is destroyed.
     std::size_t pools = builtin_liveInstances("NSAutoreleasePool");
     isExhausted = true;
     while (!caught([] { sendClass("NSAutoreleasePool", "new"); }))

@@ -16,7 +16,7 @@ constexpr T most = std::numeric_limits<T>::max();
 
 std::ostringstream heard;
 
-// Says what reached it, so that an argument in the wrong place or of the wrong width shows.
+// Records its arguments, so that an argument in the wrong place or of the wrong width shows.
 template <class Result, class... Args>
 Result answerMost(Args... args) {
     heard.str("");
@@ -24,7 +24,7 @@ Result answerMost(Args... args) {
     return most<Result>;
 }
 void byReference(Word, const double* a, Word b, double* c) { *c = *a + static_cast<double>(b); }
-Word trueUnderOtherBytes() { return 0x7F00FF01; } // as the convention allows
+Word trueUnderOtherBytes() { return 0x7F00FF01; } // the calling convention allows other upper bytes
 
 template <class Function>
 Slot call(const char* declaration, bool hasReceiver, Function* function, std::vector<Slot> arguments) {

@@ -1,4 +1,4 @@
-// Class records as a plugin hands them over, in both layouts, and the objects made from them.
+// Class records as a plugin registers them, in both layouts, and the objects created from them.
 #include "entries/record_listing.h"
 #include "model/owned.h"
 #include "model/record_writing.h"
@@ -13,22 +13,22 @@ using namespace host;
 
 namespace {
 
-// ---- A small plugin: a counter that keeps its number in the first word of its instance data ----
+// ---- A small plugin: a counter that stores its number in the first word of its instance data ----
 
 int destroyed = 0;
-HostInteger givenUp = 0; // the number of the last one
+HostInteger givenUp = 0; // the number of the most recently destroyed counter
 
 HostInteger number(Object* object) { return readAt<HostInteger>(object, REALinstanceDataOffset); }
 void setNumber(Object* object, HostInteger value) { writeAt(object, REALinstanceDataOffset, value); }
 
 void constructCounter(Object* object) {
-    EXPECT_EQ(number(object), 0); // also fails when run twice
+    EXPECT_EQ(number(object), 0); // also fails if it runs twice
     setNumber(object, 10);
 }
 void destroyCounter(Object* object) {
     ++destroyed;
     givenUp = number(object);
-    // A destructor may hand its own object to the host, as plugins do when they raise.
+    // A destructor may pass its own object to the host, as plugins do when they raise.
     lock(object);
     unlock(object);
 }
@@ -53,7 +53,7 @@ void setMembers(Member*& table, REALword& tableCount, Member (&members)[count]) 
     tableCount = count;
 }
 
-// The leading words of each row, closely packed.
+// Returns rows with only the leading words of the current rows, packed closely.
 template <class Legacy, auto& rows>
 Legacy* legacyRows() {
     static Legacy legacy[std::size(rows)];
@@ -62,7 +62,7 @@ Legacy* legacyRows() {
     return legacy;
 }
 
-// Registers a class as a plugin does; its record must stay.
+// Registers a class as a plugin does. The record must outlive the host.
 ClassInfo& registered(REALclassDefinition& record) {
     entry<RegisterPluginVersionProc>("RegisterPluginVersion")(static_cast<std::int32_t>(record.version));
     entry<PluginRegisterClassProc>("PluginRegisterClass")(&record);
@@ -77,7 +77,7 @@ ClassInfo& registeredCounter(bool legacy = false) {
     setMembers(record.constants, record.constantCount, constants);
     setMembers(record.sharedMethods, record.sharedMethodCount, sharedMethods);
     if (!legacy) return registered(record);
-    // The same class in legacy records, whose memory ends where the layout does.
+    // The same class in legacy records. Their memory ends with the legacy layout.
     static const auto old = std::make_unique<REALclassDefinitionLegacy>();
     std::memcpy(old.get(), &record, sizeof *old);
     old->version = 9;
@@ -142,14 +142,14 @@ TEST_F(Classes, SubclassesHaveTheDataAndMembersOfTheirSuperclass) {
     EXPECT_EQ(number(object), 10);
     const auto unlockObject = entry<REALUnlockObjectProc>("REALUnlockObject");
     entry<REALLockObjectProc>("REALLockObject")(object);
-    for (const int ends : {0, 1}) { // with the last reference, and once
+    for (const int ends : {0, 1}) { // only the last reference destroys the object, once
         unlockObject(object);
         EXPECT_EQ(destroyed, ends);
         EXPECT_EQ(info.liveObjects, 1u - static_cast<unsigned>(ends));
     }
     unlockObject(nullptr);
 
-    // An exception class of a plugin has its data where every plugin class has it.
+    // An exception class of a plugin has its data at the same offset as every plugin class.
     static auto exception = builtInRecord("CounterException", "RuntimeException", 16, constructCounter, nullptr);
     EXPECT_EQ(registered(exception).record()->instanceDataOffset, 24);
     raise("CounterException", "too far");
@@ -176,7 +176,7 @@ TEST_F(Classes, AHandleThatIsWrittenIsLent) {
     };
     {
         const Owned<Object> first = numbered(11);
-        EXPECT_TRUE(isRefused(first.get(), 22)); // which no object has yet
+        EXPECT_TRUE(isRefused(first.get(), 22)); // no object has this handle yet
         EXPECT_TRUE(isRefused(first.get(), 0));
         const Owned<Object> stranger(newObject(other));
         EXPECT_TRUE(isRefused(first.get(), readProperty(*other.findProperty("Handle"), stranger.get()).integer));
@@ -184,9 +184,9 @@ TEST_F(Classes, AHandleThatIsWrittenIsLent) {
             const Owned<Object> second = numbered(22);
             const Owned<Object> third = numbered(33);
             write(second.get(), shown(third.get()));
-            write(first.get(), shown(second.get())); // the third's, whoever showed it
+            write(first.get(), shown(second.get())); // the handle is the third's, although the second returned it
         }
-        EXPECT_EQ(givenUp, 22); // its own again, though it showed another; the third lives on
+        EXPECT_EQ(givenUp, 22); // the second restored its own before it was destroyed; the third is still alive
         EXPECT_EQ(shown(first.get()), 33);
         write(first.get(), 11);
         EXPECT_EQ(givenUp, 33);
@@ -195,7 +195,7 @@ TEST_F(Classes, AHandleThatIsWrittenIsLent) {
         EXPECT_EQ(destroyed, 2);
     }
     EXPECT_EQ(destroyed, 4);
-    EXPECT_EQ(givenUp, 44); // after the first, which had kept it
+    EXPECT_EQ(givenUp, 44); // after the first, which retained it
     EXPECT_EQ(info.liveObjects, 0u);
 }
 

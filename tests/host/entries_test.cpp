@@ -26,7 +26,7 @@ TEST(Entries, AreMissingWhereTheHostIsTooOldOrTheyAreTakenAway) {
     const std::vector<std::string> names = entryNames();
     const auto offered = [](const std::string& name) { return resolveEntry(name.c_str()) != nullptr; };
     EXPECT_EQ(std::count_if(names.begin(), names.end(), offered),
-              static_cast<std::ptrdiff_t>(names.size()) - 9); // the unlock too
+              static_cast<std::ptrdiff_t>(names.size()) - 9); // a missing lock removes the unlock too
 }
 
 TEST_F(Properties, AreReachedByNameAndType) {
@@ -60,7 +60,7 @@ TEST_F(Exceptions, AreOfTheirClassAndStayPendingUntilTaken) {
     EXPECT_FALSE(hasPendingException());
     EXPECT_EQ(takePendingException(), nullptr);
     raiseObject(second);
-    EXPECT_EQ(Held(takePendingException()), second.value); // a reference of the host's own
+    EXPECT_EQ(Held(takePendingException()), second.value); // the host retains it
     const auto isA = entry<ChromaObjectIsAProc>("ChromaObjectIsA");
     EXPECT_EQ(isA(second, "runtimeexception"), 1);
     EXPECT_EQ(isA(second, "OutOfBoundsException"), 0);

@@ -1,5 +1,5 @@
-// What these tests share: a started host, calls through its resolver as a plugin makes them, and references that end with
-// their scope.
+// Shared by these tests: a started host, calls through its resolver as a plugin performs them, and references that a scope
+// releases.
 #pragma once
 
 #include "entries/entries.h"
@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-// A host of the given version, at whose end no object and no string may be left.
+// Starts a host of the given version. After the test no object and no string may be left.
 template <int version>
 struct HostOf : testing::Test {
     HostOf() { host::startHost({version, {}}); }
@@ -20,7 +20,7 @@ struct HostOf : testing::Test {
 };
 using StartedHost = HostOf<2021>;
 
-// One reference, given up at the end of the scope; null is allowed.
+// Owns one reference and releases it at the end of the scope. Null is allowed.
 template <class T>
 struct Held {
     T* const value;
@@ -30,7 +30,7 @@ struct Held {
     operator T*() const { return value; }
 };
 
-// The named entry under its contract type; the test fails when the host does not offer it.
+// Returns the named entry under its contract type. The test fails if the host does not provide it.
 template <class Proc>
 Proc entry(const char* name) {
     void* const address = host::resolveEntry(name);
@@ -47,7 +47,7 @@ inline host::Slot call(host::Object* object, const char* name, std::vector<host:
     return result;
 }
 
-// What the action throws says; empty when it throws nothing.
+// Returns the message of the exception that the action throws, or the empty string.
 template <class Action>
 std::string errorOf(Action action) {
     try {
@@ -58,7 +58,7 @@ std::string errorOf(Action action) {
     return "";
 }
 
-// The message of the pending exception, which must be of the class and is pending no longer.
+// Takes the pending exception, which must be of the class, and returns its message.
 inline std::string pendingMessage(const char* className) {
     const Held exception(host::takePendingException());
     EXPECT_EQ(exception ? exception.value->info->name() : "no exception", className);

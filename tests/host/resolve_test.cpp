@@ -9,7 +9,7 @@ namespace {
 using Resolve = StartedHost;
 using Names = std::vector<std::string>;
 
-// Arguments of the named types; "&" marks a variable.
+// Returns arguments of the named types. "&" marks a variable.
 std::vector<Argument> argumentsOf(const Names& types) {
     std::vector<Argument> arguments;
     for (const std::string& type : types) {
@@ -19,7 +19,7 @@ std::vector<Argument> argumentsOf(const Names& types) {
     return arguments;
 }
 
-// Methods that are declared but never called; the declarations must live as long.
+// Methods that are declared but never called. The declarations must outlive this object.
 struct Overloads {
     std::vector<Method> methods;
     OverloadSet set;
@@ -41,7 +41,7 @@ const Names alphaForms = {"f(white as double, alpha as double = 1.0)", "f(white 
 } // namespace
 
 TEST_F(Resolve, ChoosesTheOverloadThatFitsBest) {
-    // Declarations, and for each list of arguments the place of the one that is chosen, -1 for none.
+    // Declarations, and for each list of arguments the index of the chosen declaration, or -1 for none.
     const std::pair<Names, std::vector<std::pair<Names, int>>> cases[] = {
         {byRefForms, {{{"&Double"}, 0}, {{"&Double", "&Double"}, 1}}},
         {{"f(a as integer)", "f(a as double)", "f(a as string)", "f(a as variant)"},
@@ -89,6 +89,6 @@ TEST_F(Resolve, ConstructsWithoutArgumentsWithoutAConstructor) {
     const ClassInfo& block = *registry().find("MemoryBlock");
     EXPECT_EQ(resolveConstruction(block, {}).method, nullptr);
     EXPECT_EQ(resolveConstruction(block, {}).error, "");
-    // A Constructor whose parameters all have defaults is called.
+    // Construction without arguments calls a Constructor whose parameters all have defaults.
     EXPECT_NE(resolveConstruction(*registry().find("RuntimeException"), {}).method, nullptr);
 }

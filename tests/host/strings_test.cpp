@@ -9,7 +9,7 @@ using namespace host;
 
 using Strings = StartedHost;
 
-// UTF-16 or UTF-32 units as the bytes they have in memory.
+// Returns UTF-16 or UTF-32 units as the bytes that they have in memory.
 template <class Unit>
 static std::string unitBytes(std::initializer_list<Unit> units) {
     return {reinterpret_cast<const char*>(units.begin()), units.size() * sizeof(Unit)};
@@ -40,7 +40,8 @@ TEST_F(Strings, ConvertBetweenEncodings) {
     const std::string face = "a\xE2\x82\xAC\xF0\x9F\x98\x80";
     const std::string face16 = unitBytes<char16_t>({'a', 0x20AC, 0xD83D, 0xDE00});
     const std::string face32 = unitBytes<char32_t>({'a', 0x20AC, 0x1F600});
-    // From, the bytes, to, and the bytes expected: empty where the text cannot be written.
+    // The source encoding, the bytes, the target encoding, and the expected bytes. They are empty if the text cannot be
+    // written.
     const std::tuple<Encoding, std::string, Encoding, std::string> cases[] = {
         {encoding::utf8, "\xC3\xA9", encoding::macRoman, "\x8E"},
         {encoding::unknown, "\x8E", encoding::utf8, "\xC3\xA9"},

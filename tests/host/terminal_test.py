@@ -72,7 +72,7 @@ terminal.type("\r", "\n499\n")
 # A page is printed if its pager cannot be started.
 Terminal(*sys.argv[1:], "browse", "NSColorZRX", PAGER="/no/pager", prompt="Shared methods")
 
-# Shells complete names with blanks, and what only they separate.
+# Shells complete names with blanks, and words that contain other separators.
 for shell, script in ("bash", "_chromahost"), ("zsh", "_chromahost"):
     if not shutil.which(shell):
         print(shell, "is not installed")

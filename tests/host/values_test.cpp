@@ -1,4 +1,4 @@
-// Objects that the host brings along: arrays and memory blocks, as a plugin meets them.
+// The host's own objects, arrays and memory blocks, as a plugin uses them.
 #include "builtins/memory_blocks.h"
 #include "model/arrays.h"
 #include "values/storage.h"
@@ -63,7 +63,7 @@ TEST_F(Arrays, KeepTheirOwnReferences) {
     insert(array, 0, Held(newArray(typeNamed("double"))));
     insert(array, 1, nullptr);
     EXPECT_EQ(liveObjectCount(), 2u);
-    insert(array, 0, nullptr); // gives the element up
+    insert(array, 0, nullptr); // releases the element
     EXPECT_EQ(liveObjectCount(), 1u);
 }
 

@@ -1,4 +1,4 @@
-// Programs that people get wrong: what each report says, and where; endless ones; text that nobody would write.
+// Programs with mistakes, and the text and place of each report; endless programs; malformed text.
 #include "probe.h"
 #include "programs.h"
 
@@ -24,7 +24,7 @@ TEST(Errors, GiveUpWhatTheProgramHeld) {
     EXPECT_EQ(takeProbeEvents(), "-99-2-1");
 }
 
-// The key of the user who has waited long enough.
+// Interrupts a program as Ctrl-C does.
 TEST(Errors, EndlessLoopsAreInterrupted) {
     const std::pair<const char*, const char*> endless[] = {
         {"While True\nWend", "test.bas:1:1: interrupted\n"},
@@ -34,7 +34,7 @@ TEST(Errors, EndlessLoopsAreInterrupted) {
         {"Print Len(Uppercase(Repeat(\"x\", 100000000)))", "test.bas:1:"},
         {"Sub Idle(p As Probe)\nEnd Sub\nFor d As Double = 1 To 2 Step 1e-300\nIdle Probe.make(1)\nNext", "test.bas:"}};
     for (const auto& [program, errors] : endless) {
-        // Another process, as it is in life: a thread would share more with the one that is interrupted than a user does.
+        // The signal comes from another process, as from a user. A thread would share state with the interrupted one.
         const pid_t user = fork();
         if (user == 0) {
             std::this_thread::sleep_for(std::chrono::milliseconds(200));
@@ -72,10 +72,10 @@ TEST(StrangeText, BytesThatAreNoText) {
 }
 
 TEST(StrangeText, TheCaretStandsUnderItsColumn) {
-    // Each of the first two takes two columns of a terminal, an accent on its own none.
+    // Each of the first two characters takes two columns of a terminal, and the combining accent none.
     expectError(runProgram("Print \"\u65E5\u672Ce\u0301\", x"),
                 "test.bas:1:15: error: there is no variable 'x'\nPrint \"\u65E5\u672Ce\u0301\", x\n               ^\n");
-    // What a terminal would take for the start of a command.
+    // A character that starts a control sequence of a terminal.
     expectError(runProgram("Print \"\u009B2J\", x"),
                 "test.bas:1:14: error: there is no variable 'x'\nPrint \"?2J\", x\n             ^\n");
     std::ostringstream errors;
@@ -85,7 +85,7 @@ TEST(StrangeText, TheCaretStandsUnderItsColumn) {
 }
 
 TEST(StrangeText, DeepNestingIsRefusedOrRuns) {
-    // What opens a nest, what stands in it, and what closes it.
+    // The start of a nested construct, its content, and its end.
     const std::tuple<std::string, const char*, const char*> nests[] = {{"Print (", "1", ")"},
                                                                        {"Print Not ", "True", ""},
                                                                        {"Print - ", "1", ""},
@@ -133,7 +133,7 @@ TEST(StrangeText, LargePrograms) {
     EXPECT_EQ(outcome.errors[shown + outcome.errors.find('^', caret) - caret], '+');
 }
 
-// What would take the memory of the machine, and what takes time in proportion to its square when it is done badly.
+// Programs that would exhaust the machine's memory, and operations that take quadratic time if they are implemented badly.
 TEST(LargeValues, AreRefusedOrTakeTimeInProportion) {
     const std::string tooLong = "Catch e As OutOfMemoryException\nPrint e.Message, Len(s)\nEnd Try\nTry\n";
     const std::string refused = "A text cannot have more than 256 MB. 268435456\n";

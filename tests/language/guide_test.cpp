@@ -1,4 +1,4 @@
-// Every program of the user's pages prints what the page says, and whatever is handed out as an example gets no warning.
+// Every program on the user's pages prints the output that the page shows, and no example causes a warning.
 #include "programs.h"
 
 #include "language/language.h"
@@ -9,7 +9,7 @@
 
 namespace {
 
-// The lines of the fenced block that starts at the line; empty when there is none of the kind.
+// Returns the lines of the next fenced block.
 std::string fencedBlock(std::istream& lines, const std::string& fence) {
     std::string text;
     for (std::string line; std::getline(lines, line) && line != "```";)
@@ -17,7 +17,7 @@ std::string fencedBlock(std::istream& lines, const std::string& fence) {
     return text;
 }
 
-// How many programs the page has.
+// Runs the page's programs, compares their output, and returns their number.
 int runProgramsOf(const char* page) {
     startHostWithPlugins();
     std::ifstream guide(page);
@@ -65,7 +65,7 @@ TEST(Guide, ColoursMadeOfAColorValueGetAWarning) {
 
 TEST(Guide, ProgramsPrintWhatItSays) { EXPECT_GE(runProgramsOf(CHROMA_PAGES "/language.md"), 6); }
 
-#ifdef CHROMA_BUILTIN // which has all of AppKit's spaces
+#ifdef CHROMA_BUILTIN // the platform with all of AppKit's spaces
 TEST(Guide, ProgramsAboutColoursPrintWhatItSays) { EXPECT_GE(runProgramsOf(CHROMA_PAGES "/colours.md"), 8); }
 #endif
 

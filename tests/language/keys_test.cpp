@@ -1,4 +1,4 @@
-// The keys of the prompt, pressed on a terminal.
+// Presses the prompt's keys on a terminal.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -18,7 +18,7 @@ namespace {
 const std::string ctrlC = "\x03", ctrlD = "\x04", ctrlR = "\x12", ctrlZ = "\x1A", escape = "\x1B";
 const std::string tab = "\t", up = "\x1B[A";
 
-// A program on a terminal of its own, 80 by 24, which keeps its history in the given folder.
+// Runs a program on a new terminal of 80 by 24 characters. The history is in the given folder.
 class Terminal {
 public:
     Terminal(const std::filesystem::path& state, std::vector<std::string> command) {
@@ -31,7 +31,8 @@ public:
         setenv("INPUTRC", "/dev/null", 1);
         setenv("LC_ALL", "C.UTF-8", 1);
         setenv("PAGER", "sed 's/^/paged: /'", 1);
-        setenv("ASAN_OPTIONS", "detect_leaks=0", 1); // the line editor forgets a little when it is left in the middle
+        // the line editor leaks a little when it is left in the middle of a line
+        setenv("ASAN_OPTIONS", "detect_leaks=0", 1);
         std::vector<char*> arguments;
         for (std::string& word : command)
             arguments.push_back(word.data());
@@ -54,7 +55,7 @@ public:
         ASSERT_EQ(write(terminal_, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
     }
 
-    // Until the program has written the text, behind what was awaited before.
+    // Waits until the program has written the text, after the text that was awaited before.
     void await(const std::string& text) {
         for (;;) {
             const std::size_t at = shown_.find(text, seen_);
@@ -66,7 +67,7 @@ public:
         }
     }
 
-    // A statement, and what its value is shown as. That it is typed does not suffice: the terminal echoes it.
+    // Types a statement and waits for its value. The typed text does not suffice, because the terminal echoes it.
     void expect(const std::string& statement, const std::string& value) {
         type(statement + "\n");
         await("\n" + value + "\n");
@@ -75,7 +76,7 @@ public:
 
     void signal(int number) const { kill(program_, number); }
 
-    // How the program ended, as waitpid tells it.
+    // Waits for the program's exit and returns its status from waitpid.
     int ended() {
         while (receive()) {
         }
@@ -94,11 +95,11 @@ public:
         return tcgetattr(terminal_, &modes) == 0 && (modes.c_lflag & ICANON) != 0 && (modes.c_lflag & ECHO) != 0;
     }
 
-    // What came so far, without returns of the carriage and sequences that move or colour.
+    // Returns the output so far, without carriage returns and sequences that move the cursor or set colours.
     const std::string& shown() const { return shown_; }
 
 private:
-    // False at the end, and when nothing comes for long.
+    // Reads more output. Returns false at the end of the output or after a time-out.
     bool receive() {
         constexpr int patience = 30'000;
         pollfd ready = {terminal_, POLLIN, 0};
@@ -146,7 +147,7 @@ TEST_F(Keys, CtrlCGivesUpTheLineAndNothingElse) {
     } const before[] = {
         {"99", "99"},                                     // a line
         {ctrlR + "100", "100 + 1"},                       // a search in the history
-        {escape + "1", "(arg: 1)"},                       // a number of times for the next key
+        {escape + "1", "(arg: 1)"},                       // a repeat count for the next key
         {"Print " + tab + tab, "(y or n)"},               // a question
         {"If True Then\nPrint 98\n", "\n| Print 98\n| "}, // a block
     };
@@ -169,7 +170,7 @@ TEST_F(Keys, CtrlCGivesUpTheLineAndNothingElse) {
     EXPECT_EQ(terminal.shown().find("98\n99"), std::string::npos);
 }
 
-// Also when the key comes just before the program waits, and past every Catch.
+// This also holds if the key is pressed just before the program waits, and no Catch handles it.
 TEST_F(Keys, CtrlCEndsAProgramThatWaitsForInput) {
     for (const char* const question :
          {"Write \"name? \"",
@@ -189,7 +190,7 @@ TEST_F(Keys, CtrlCEndsAProgramThatWaitsForInput) {
     prompt.await("\nname? ");
     prompt.type(ctrlC);
     prompt.await("interrupted\n> ");
-    prompt.expect("41 + 3\b1", "42"); // edited
+    prompt.expect("41 + 3\b1", "42"); // the line can be edited
     prompt.type("Write \"again? \" : Print Input & 5\n");
     prompt.await("\nagain? ");
     prompt.type("answer\n");
@@ -205,10 +206,10 @@ TEST_F(Keys, CtrlZGivesTheTerminalBackAndFgTakesIt) {
     terminal.await("stopped");
     EXPECT_TRUE(terminal.readsLines());
     terminal.type("\n");
-    terminal.await("12 + 30"); // drawn anew
+    terminal.await("12 + 30"); // drawn again
     EXPECT_FALSE(terminal.readsLines());
-    terminal.type("\b\b4\n");   // still edited
-    terminal.await("\n16\n> "); // only then is Ctrl-D a key
+    terminal.type("\b\b4\n");   // the line can still be edited
+    terminal.await("\n16\n> "); // Ctrl-D is a key from here on
     terminal.type(ctrlD);
     EXPECT_EQ(terminal.ended(), 0);
 }
@@ -234,7 +235,8 @@ TEST_F(Keys, TheHistoryOutlivesASignalAndKeepsBlocksWhole) {
     beside.type(ctrlD);
     EXPECT_EQ(beside.ended(), 0);
     Terminal after(state);
-    // In a block of three lines two of the keys move. Back over :quit, the block and the sum to the block when it was new.
+    // In a block of three lines, two of the keys move within the block. They lead back over :quit, the block and the sum to
+    // the block's first entry.
     const std::string overBlock = up + up + up;
     after.type(up + overBlock + up + up + "\n");
     after.await("\n111\n222\n> ");

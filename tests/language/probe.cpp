@@ -30,7 +30,7 @@ id countingClass() {
     return made;
 }
 
-// Autoreleases a native object that counts its end.
+// Autoreleases a native object that counts its deallocation.
 HostBoolean leaveNative() {
     static const id counting = countingClass();
     id object = counting;
@@ -62,10 +62,10 @@ host::Object* make(HostInteger number) {
     return object;
 }
 
-// With a reference for the caller.
+// Returns the object with a new reference that the caller owns.
 host::Object* locked(host::Object* object) { return host::lock(object), object; }
 
-// ---- What is bound
+// ---- The bound functions
 
 void constructNumber(host::Object* object, HostInteger number) { dataOf(object).number = number; }
 void constructColor(host::Object* object, HostColor color) { dataOf(object).number = color & 0xFFFFFF; }
@@ -92,7 +92,7 @@ void splitAndRaise(host::Object*, double* whole) {
     host::raise("UnsupportedOperationException", "split");
 }
 
-// An object and an exception: the caller of such a function has both to give up.
+// Returns an object and raises an exception. The caller must release both.
 host::Object* makeAndRaise(host::Object*, host::String* className) {
     host::raise(host::utf8Of(className), "made");
     return make(99);
@@ -103,7 +103,7 @@ host::String* label(host::Object* object, host::String* prefix, HostBoolean brac
     return host::newString(brackets ? "[" + text + "]" : text);
 }
 
-// Gives up the text that it was given by reference for a new one.
+// Replaces a text passed by reference and releases the old one.
 void exclaim(host::Object*, host::String** text) {
     host::unlock(std::exchange(*text, host::newString(host::utf8Of(*text) + "!")));
 }

@@ -1,10 +1,10 @@
-// The class Probe: what a plugin would register, made to show how the language calls it and when it lets go of its objects.
+// The class Probe, as a plugin would register it. It shows how the language calls a class and when it releases its objects.
 #pragma once
 
 #include <string>
 
-// Registers the class through the host's entry points. Once in a process.
+// Registers the class through the host's entry points, once per process.
 void registerProbe();
 
-// The objects that went since the last time: for each "-" and its number.
+// Returns the objects destroyed since the last call, each as "-" and its number.
 std::string takeProbeEvents();

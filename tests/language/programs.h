@@ -1,14 +1,14 @@
-// Running programs in tests, and the class of a made-up plugin for them to use.
+// Runs programs in tests, with the class of a test plugin for them to use.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-// Starts the host and registers the class Probe, once in this process.
+// Starts the host and registers the class Probe, once per process.
 void startHostWithProbe();
 
-// The same, and loads the plugin and its sibling.
+// Does the same, and loads the plugin and its sibling.
 void startHostWithPlugins();
 
 struct Outcome {
@@ -17,8 +17,7 @@ struct Outcome {
     std::string errors;
 };
 
-// Runs the program under the name "test.bas", with no events of Probe before. Whatever it does, no object and no string is
-// left behind.
+// Runs the program under the name "test.bas" and clears the events of Probe first. Fails if any object or string leaks.
 Outcome runProgram(const std::string& text);
 
 std::string repeated(const std::string& text, std::size_t times);

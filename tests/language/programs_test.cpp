@@ -1,5 +1,5 @@
-// The programs beside this file: those in programs/ print what stands in them, those in wrong/ end with the reports that
-// stand below them. And lines, which an editor would change.
+// Runs the program files in this folder. Those in programs/ contain their expected output. Those in wrong/ end with the
+// expected reports. Line ends are tested here, because an editor would change them in a file.
 #include "programs.h"
 
 #include "language/words.h"
@@ -32,8 +32,8 @@ INSTANTIATE_TEST_SUITE_P(Files, WrongPrograms, testing::ValuesIn(filesIn("wrong"
 
 bool isWarning(const std::string& message) { return message.rfind("warning", 0) == 0; }
 
-// The report of a message about the place at the end of the text, of which the rest of its line follows. The calls around an
-// exception stand below.
+// Returns the report of a message about the place between `before` and `rest`, which ends its line. The calls around an
+// exception follow.
 std::string report(const std::string& before, const std::string& rest, const std::string& message) {
     const std::size_t start = before.rfind('\n') + 1;
     std::string caret;
@@ -71,8 +71,8 @@ void expectReports(std::string program, const std::vector<std::string>& messages
 
 } // namespace
 
-// Behind "'> " stands the line that a statement prints, or the lines that it prints in its turns, with " | " between them.
-// They are in the order of the output.
+// The line that a statement prints follows "'> ". Several lines are separated by " | ". The lines are in the order of the
+// output.
 TEST_P(PrintedPrograms, PrintWhatStandsInThem) {
     std::ifstream file(GetParam());
     std::string program, expected;
@@ -91,9 +91,9 @@ TEST_P(PrintedPrograms, PrintWhatStandsInThem) {
     EXPECT_EQ(outcome.exitCode, 0);
 }
 
-// "@" marks each place that is reported. The messages follow behind "'! " in the order of the places, their further lines
-// behind "'| ", and then an empty line. One that begins with "uncaught" is of an exception, with "warning" of what the
-// program runs in spite of, any other of an error that is found before a start. Nothing is printed.
+// "@" marks each reported place. The messages follow "'! ", in the order of the places. Their further lines follow "'| ",
+// and an empty line ends the list. A message that begins with "uncaught" reports an exception. One that begins with
+// "warning" does not prevent the run. Any other message is an error found before the start. The programs print nothing.
 TEST_P(WrongPrograms, EndWithTheReportsBelowThem) {
     std::ifstream file(GetParam());
     std::string program;

@@ -15,7 +15,7 @@ namespace {
 using host::repl::ColorDepth;
 using host::repl::Line;
 
-// Lines from a text, in which "^C" stands for that key. What is typed shows on the screen.
+// Reads lines from a text, in which "^C" represents that key. The screen shows the typed text.
 class TextReader final : public host::repl::LineReader {
 public:
     TextReader(const std::string& text, std::ostream& screen) : lines_(text), screen_(screen) {}
@@ -43,7 +43,7 @@ void expectSession(const std::string& typed, const std::string& shown) {
     EXPECT_EQ(host::liveObjectCount(), objects);
 }
 
-// What stands behind the prompts is typed, and all shows as it stands there. Empty lines are between sessions.
+// The text after the prompts is typed, and the screen must show the file's text. Empty lines separate sessions.
 TEST(Prompt, Sessions) {
     startHostWithProbe();
     std::ifstream file(CHROMA_PROGRAMS "/sessions.txt");
@@ -68,7 +68,7 @@ TEST(Prompt, RemembersBlocksWhole) {
     EXPECT_EQ(reader.remembered, "If True Then\nEnd If;1;:help;While True\nPrint 2;Do;");
 }
 
-// What the prompt shows of an expression.
+// Returns the prompt's output for an expression.
 std::string presented(const std::string& declarations, const std::string& expression, ColorDepth depth) {
     startHostWithProbe();
     std::ostringstream screen, output, errors;
@@ -84,8 +84,7 @@ TEST(Prompt, CutsLongArraysAndEndsWhenToldTo) {
     EXPECT_EQ(presented(":quit", "1", ColorDepth::none), "");
 }
 
-// Colours as a screen shows them: "redColor" lies in a space of its own, and what is transparent lets a checkerboard
-// through.
+// Colours as a screen shows them. "redColor" is in a different colour space, and transparent colours show a checkerboard.
 TEST(Prompt, ShowsColoursAsPicturesDo) {
     startHostWithPlugins();
     const auto shown = [](const char* expression, ColorDepth depth) {

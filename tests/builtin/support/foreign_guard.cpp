@@ -1,4 +1,4 @@
-// A guard as somebody else's code has it: compiled several times, by other compilers and with other flags than the tests.
+// A guard as in foreign code. It is compiled several times, by other compilers and with other flags than the tests.
 #include "builtin/objc_runtime.h"
 
 extern "C" chroma::id FOREIGN_GUARD(void (*body)(void*), void* context) {

@@ -1,4 +1,4 @@
-// Messages and exceptions for the tests of the builtin platform, over its C interface alone.
+// Messages and exceptions for the tests of the builtin platform, through its C interface only.
 #pragma once
 
 #include "builtin/constants.h"
@@ -19,13 +19,13 @@
 
 namespace chroma::test {
 
-// A new autoreleased object, nil when its initialiser answers nil.
+// Returns a new autoreleased object, or nil if its initialiser returns nil.
 template <class... Arguments>
 id made(const char* className, const char* initializer, Arguments... arguments) {
     return send(send(sendClass(className, "alloc"), initializer, arguments...), "autorelease");
 }
 
-// A function as an IMP. It takes the receiver, the selector and the arguments.
+// Returns a function as an IMP. The function takes the receiver, the selector and the arguments.
 template <class R, class... Arguments>
 IMP implementation(R (*function)(id, SEL, Arguments...)) {
     return reinterpret_cast<IMP>(function);
@@ -42,14 +42,14 @@ id caught(Body body) {
     return nullptr;
 }
 #else
-// What an exception guard looks like to the runtime.
+// An exception guard as the runtime expects it.
 struct Guard {
     void* buffer[5];
     void* runtimeWords[4];
 };
 
-// The object that the body throws, nil when it throws none. The body must not keep anything with a destructor alive while it
-// sends messages.
+// Returns the object that the body throws, or nil if it throws none. The body must not keep objects with destructors alive
+// while it sends messages.
 template <class Body>
 id caught(Body body) {
     Guard guard;
@@ -71,7 +71,7 @@ struct Pool {
     void drain() { send<void>(std::exchange(pool, nullptr), "drain"); }
 };
 
-// A pool around a case, behind which nothing may be alive.
+// Wraps an autorelease pool around each case. After the pool is drained no object may be alive.
 class PlatformTest : public testing::Test {
 protected:
     void TearDown() override;
@@ -79,18 +79,18 @@ protected:
     Pool pool;
 };
 
-// Autoreleased data with the bytes, and back: "" for nil.
+// Return autoreleased data with the bytes, and the bytes of data ("" for nil).
 id dataOf(std::string_view bytes);
 std::string bytesOf(id data);
 
-// What the body raises, as "name: reason", and "" when it raises nothing.
+// Returns the exception that the body raises as "name: reason", or "" if it raises none.
 template <class Body>
 std::string raised(Body body) {
     const id exception = caught(body);
     return exception ? textOf(send(exception, "name")) + ": " + textOf(send(exception, "reason")) : "";
 }
 
-// Whether the body raises an exception of the name.
+// Returns whether the body raises an exception with the name.
 template <class Body>
 bool raises(const char* name, Body body) {
     return textOf(send(caught(body), "name")) == name;
@@ -101,13 +101,13 @@ bool refuses(Body body) {
     return raises("NSInvalidArgumentException", body);
 }
 
-// As an image has it.
+// The size of an image.
 struct Size {
     CGFloat width;
     CGFloat height;
 };
 
-// A colour by the message that makes it, as "redColor".
+// Returns the colour that the factory message creates, for example "redColor".
 template <class... Arguments>
 id color(const char* factory, Arguments... arguments) {
     return sendClass("NSColor", factory, arguments...);
@@ -116,10 +116,10 @@ id color(const char* factory, Arguments... arguments) {
 id calibratedRGB(float red, float green, float blue, float alpha = 1);
 id standardSpace(const char* message);
 
-// Of any sequence of components.
+// Returns a colour in the space from any sequence of components.
 template <class Components = std::initializer_list<float>>
 id colorIn(id space, const Components& components) {
-    CGFloat values[32]; // no vector: it may throw
+    CGFloat values[32]; // not a vector, because the message may throw
     std::copy(std::begin(components), std::end(components), values);
     const auto count = static_cast<std::intptr_t>(std::size(components));
     return color("colorWithColorSpace:components:count:", space, static_cast<const CGFloat*>(values), count);
@@ -128,7 +128,7 @@ id colorIn(id space, const Components& components) {
 std::vector<float> componentsOf(id color);
 void expectNear(const std::vector<float>& actual, const std::vector<float>& expected, double tolerance);
 
-// The colour in another space, which is named by its message or by its constant; nil when it cannot be converted.
+// Return the colour in another space, named by the space's message or constant, or nil if it cannot be converted.
 id inSpace(id color, const char* space);
 id named(id color, const char* name);
 

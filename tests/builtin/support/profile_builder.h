@@ -1,4 +1,4 @@
-// ICC profiles put together tag by tag, right or wrong: what the platform's reader is fed with.
+// Builds valid and invalid ICC profiles tag by tag for tests of the platform's reader.
 #pragma once
 
 #include <cmath>
@@ -8,10 +8,10 @@
 
 namespace chroma::test {
 
-// A name of four letters and the value: its type of four letters, four zero bytes, and what the type holds.
+// Pairs of a four-character name and a value. The value is a four-character type, four zero bytes, and the contents.
 using Tags = std::vector<std::pair<std::string, std::string>>;
 
-// A number in as many bytes, the highest first.
+// Returns a number in that many bytes, in big-endian order.
 template <class Number>
 std::string number(Number value, int bytes) {
     const long long whole = std::llround(static_cast<double>(value));
@@ -24,7 +24,7 @@ std::string number(Number value, int bytes) {
 
 inline std::string value(const char* type, const std::string& contents) { return type + number(0, 4) + contents; }
 
-// Each in as many bytes, counted in parts of which 1 has so many.
+// Returns the values as fixed-point numbers of that many bytes. `parts` is the representation of 1.
 inline std::string numbers(const std::vector<double>& values, int parts, int bytes) {
     std::string text;
     for (const double each : values) {
@@ -46,7 +46,7 @@ inline std::string parametricCurve(int form, const std::vector<double>& paramete
 
 inline std::string plainText(const std::string& text) { return value("desc", number(text.size() + 1, 4) + text + '\0'); }
 
-// Of languages and texts.
+// Returns a multi-localised text from pairs of language and text.
 inline std::string localizedText(const std::vector<std::pair<std::string, std::u16string>>& texts) {
     std::string records, units;
     for (const auto& [language, text] : texts) {
@@ -59,7 +59,7 @@ inline std::string localizedText(const std::vector<std::pair<std::string, std::u
     return value("mluc", number(texts.size(), 4) + number(12, 4) + records + units);
 }
 
-// The whole profile of a device with colours of the kind, told in the connection space.
+// Returns the complete profile of a device with the given kind of colours and connection space.
 inline std::string profile(const char* colors, const Tags& tags, const char* connection = "XYZ ") {
     std::string table = number(tags.size(), 4), values;
     const std::size_t start = 128 + 4 + 12 * tags.size();
