@@ -1,5 +1,5 @@
-// The program's own malloc takes the place of the C library's for the whole process, and passes every call on. The operators
-// new of C++ end here too.
+// Replaces malloc of the C library for the entire process, counts the calls and forwards them. The operators new of C++
+// call malloc too.
 #include "allocations.h"
 
 #include <cerrno>

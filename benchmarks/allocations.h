@@ -1,11 +1,11 @@
-// Counting heap allocations, those of every library in the process included.
+// Counts heap allocations, including those of every library in the process.
 #pragma once
 
 #include <cstddef>
 
 namespace bench {
 
-// How many blocks have been asked for since the process started.
+// Returns the number of blocks that the process has allocated since it started.
 std::size_t allocations();
 
 } // namespace bench

@@ -10,7 +10,7 @@ import os
 import subprocess
 import sys
 
-# The name of a case, its greatest size N, and the two programs. Both must print the same.
+# The name of a case, its maximum size N, and the two programs. Both must print the same output.
 CASES = [
     ("a Dictionary with N text keys, each written and read once", 1_000_000, """
 Dim d As New Dictionary, sum As Integer

@@ -45,7 +45,7 @@ Object* newColor(double red, double green, double blue) {
     return object;
 }
 
-// A component in single precision, as the platforms that this program measures had it in 64 bits too, or in double.
+// `Component` is double or float. The platforms that this program measures once used single precision in 64 bits too.
 template <class Component>
 Case getRGB() {
     Object* const object = newColor(1.0, 0.5, 0.25);
@@ -88,7 +88,7 @@ Case component() {
                     }));
 }
 
-// A grey colour refuses the message, and host code reads 0.
+// Measures redComponent of a grey colour, which raises an exception. The exception is dropped, and host code reads 0.
 Case dropped() {
     Object* const object = bound<Object* (*)()>(boundClass, "grayColor as NSColorZRX")();
     const auto get = bound<double (*)(Object*, REALword)>(boundClass, "redComponent");
@@ -104,13 +104,13 @@ Case dropped() {
     return made;
 }
 
-// A class message that answers one and the same colour each time, and the shared method that wraps it.
+// A class message that returns the same colour each time, and the shared method that wraps it.
 struct SharedColor {
     SEL message;
     Object* (*get)();
 };
 
-// redColor; where the platform makes a new red each time, a system colour.
+// Returns redColor, or a system colour if the platform creates a new red each time.
 SharedColor sharedColor() {
     const SEL redColor = selector("redColor"), controlColor = selector("controlColor");
     const host::platform::AutoreleasePool pool;
@@ -162,7 +162,7 @@ Case stringShort() {
                     repeated([bytes] { host::unlock(host::newString(bytes)); }));
 }
 
-// The host's copy of the same text, taken from the platform's string by its own message.
+// Compares with the host's copy of the same text, which the host gets from the platform's string by UTF8String.
 Case stringFair() {
     Object* const object = newColor(0.5, 0, 0);
     const auto get = bound<host::String* (*)(Object*, REALword)>(boundClass, "colorSpaceName");
@@ -187,7 +187,7 @@ Case array() {
                     }));
 }
 
-// The same hit twice: what changes is how many colours the registry holds.
+// Measures the same hit twice. Only the number of colours in the registry differs.
 Case manyLive(const SharedColor& shared) {
     Case made = makeCase("live_1e6", registryHit(shared), registryHit(shared));
     made.bound.liveColors = manyColors;
@@ -215,7 +215,7 @@ std::vector<Case> makeCases() {
     double white[2] = {};
     send<void>(nativeColor(newColor(1, 1, 1)), selector("getRed:green:blue:alpha:"), &white[0], &white[1], &white[1],
                &white[1]);
-    const bool isDouble = white[0] == 1; // platforms of earlier revisions were of single precision everywhere
+    const bool isDouble = white[0] == 1; // earlier revisions of the platforms used single precision everywhere
     std::vector<Case> cases = isDouble ? casesOf<double>() : casesOf<float>();
 #if defined(CHROMA_MEASURES_CONVERSIONS)
     if (isDouble)

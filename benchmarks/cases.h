@@ -1,4 +1,4 @@
-// What is measured, for every way of measuring: pairs of work whose cost is compared.
+// The measured cases, which every way of measuring uses. Each case compares the costs of two works.
 #pragma once
 
 #include <cstddef>
@@ -8,16 +8,16 @@
 
 namespace bench {
 
-// Does the same thing so many times.
+// Does the same thing `times` times.
 using Work = std::function<void(std::size_t times)>;
 
 struct Side {
     std::string name; // "getRGB.bound"
     Work work;
-    std::size_t liveColors; // while it runs, so many wrapped colours are alive besides those of the work
+    std::size_t liveColors; // the number of wrapped colours that are alive meanwhile, besides those of the work
 };
 
-// A ratio: what the library's work costs against the bare work. Without bare work it is the cost itself.
+// A ratio: the cost of the library's work relative to the baseline. Without a baseline, the figure is the cost itself.
 struct Case {
     std::string key; // "getRGB"
     Side bound;
@@ -27,15 +27,16 @@ struct Case {
 
 constexpr std::size_t fewColors = 1000, manyColors = 1000000;
 
-// A pass runs its works this many times in a row, within one autorelease pool.
+// The number of times that a pass runs a work in a row, within one autorelease pool.
 constexpr std::size_t batch = 1000;
 
-// The cases, in the order of the table. loadPlugins must have run. Every work has been run and its result compared with what
-// it has to be: throws std::runtime_error when one is wrong.
+// Returns the cases in the order of the table. loadPlugins must have run. Runs every work once and compares its result with
+// the expected one. Throws std::runtime_error if a result is wrong.
 std::vector<Case> makeCases();
 
-// Conversions of one sRGB colour by the platform: the message that makes the colour in the other space against Little CMS's
-// transform of the same numbers. Throws too when the two differ by more than 1/255 or a profile is not installed.
+// Returns the conversions of one sRGB colour by the platform. Each case compares the message that creates the colour in the
+// other space with Little CMS's transform of the same numbers. Also throws if the two results differ by more than 1/255 or
+// a profile is not installed.
 std::vector<Case> conversionCases();
 
 } // namespace bench

@@ -45,7 +45,7 @@ id spaceOf(const std::string& profile) {
 constexpr std::size_t maxChannels = 4;
 constexpr float orange[] = {1, 0.5f, 0.125f};
 
-// The other engine's floating-point format of so many inks counts in percent.
+// In the floating-point formats of Little CMS, inks are percentages.
 Case conversion(const std::string& key, id target, const std::string& targetProfile, cmsUInt32Number format, float scale) {
     const host::platform::AutoreleasePool pool;
     const id srgb = send<id>(classOf("NSColorSpace"), selector("sRGBColorSpace"));

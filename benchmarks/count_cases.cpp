@@ -1,8 +1,8 @@
-// Runs the cases for counting, and prints as one JSON object what needs no clock: heap allocations and resolver calls per
-// call.
+// Runs the cases for counting, and prints the counts that need no clock as one JSON object: heap allocations and resolver
+// calls per call.
 //
-// Under callgrind, started with --collect-atstart=no, each work leaves a profile of its own behind, named after the work;
-// the program takes no i386 library, so it counts in both widths.
+// Under callgrind, started with --collect-atstart=no, each work writes its own profile, which is named after the work. The
+// program needs no library that i386 does not have, so it counts in both widths.
 #include "allocations.h"
 #include "cases.h"
 #include "session.h"
@@ -25,7 +25,8 @@ void profile(const Side& side) {
     CALLGRIND_DUMP_STATS_AT(side.name.c_str());
 }
 
-// What the work does of its own in a batch, beyond an empty one: the autorelease pool around it is the host's.
+// Returns the count per call of a batch. It subtracts the count of an empty batch, because the autorelease pool around the
+// batch belongs to the host.
 template <class Count>
 double perCall(const Work& work, Count count) {
     const auto during = [&](std::size_t times) {

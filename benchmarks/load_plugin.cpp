@@ -1,6 +1,5 @@
 // Measures how long the plugin takes to start: REALPluginMain from call to return, in microseconds, as one JSON object. The
-// host does nothing but keep the class records. Each measurement is made in a process of its own, and the median of them
-// counts.
+// host only stores the class records. Each measurement runs in a separate process, and the result is their median.
 #include "chromabridge/host_abi.h"
 
 #include <nlohmann/json.hpp>
@@ -35,7 +34,7 @@ void* resolve(const char* entryName) {
     return nullptr;
 }
 
-// In microseconds; negative when the library cannot be loaded or does not register its three classes.
+// Returns the time in microseconds. It is negative if the library cannot be loaded or does not register its three classes.
 double measure(const char* library) {
     void* const handle = dlopen(library, RTLD_NOW | RTLD_LOCAL);
     void* const symbol = handle ? dlsym(handle, "REALPluginMain") : nullptr;

@@ -1,10 +1,11 @@
-// Puts the figures of all builds together: a table on the terminal, and a file with one JSON object when one is named.
+// Combines the figures of all builds: prints a table on the terminal, and writes one JSON object to a file if one is named.
 //
 // report FOLDER [JSON FILE]
 //
-// FOLDER holds what the programs have written, for the builds that were measured: BUILD/*.json, each one object, and in
-// BUILD/profiles the profiles of callgrind. An object has figures by key, and costs by "KEY.bound" and "KEY.bare", of which
-// the lowest of all files counts; their ratio is the figure. A folder BUILD.before has the same of an earlier revision.
+// FOLDER contains the output of the programs for each measured build. BUILD/*.json has one object per file, and
+// BUILD/profiles the profiles of callgrind. An object maps keys to figures, and "KEY.bound" and "KEY.bare" to costs. The
+// report takes the lowest cost of all files, and the ratio of the two costs is the figure. The folder BUILD.before has the
+// same for an earlier revision.
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -35,7 +36,7 @@ constexpr std::array<Build, 3> builds = {
 struct Row {
     const char* key;
     const char* what;
-    std::array<std::optional<double>, builds.size()> goals; // no more than this; none: no goal is set
+    std::array<std::optional<double>, builds.size()> goals; // the maximum; none: no goal is set
 };
 
 constexpr std::nullopt_t none = std::nullopt;
@@ -58,7 +59,7 @@ const Row rows[] = {
     {"size_kib", "stripped library, KiB", {128.0, none, none}},
 };
 
-// The instructions of each profile by the name of its work.
+// Returns the number of instructions in each profile by the name of its work.
 std::map<std::string, double> readProfiles(const fs::path& folder) {
     constexpr const char trigger[] = "desc: Trigger: Client Request: ";
     std::map<std::string, double> counts;
@@ -73,7 +74,7 @@ std::map<std::string, double> readProfiles(const fs::path& folder) {
     return counts;
 }
 
-// What has been measured of one build.
+// The measurements of one build.
 struct Measured {
     Json figures = Json::object();
     std::map<std::string, double> costs; // in nanoseconds, or instructions
@@ -88,7 +89,7 @@ struct Measured {
 
     void makeRatios() {
         constexpr const char bound[] = ".bound";
-        constexpr double perMicrosecond = 1000; // and calls in a profile
+        constexpr double perMicrosecond = 1000; // also the number of calls in a profile
         for (const auto& [name, cost] : costs) {
             const std::size_t end = name.rfind(bound);
             if (end == std::string::npos) continue;
@@ -122,7 +123,7 @@ Json inOrder(const Json& figures) {
     return ordered;
 }
 
-// A figure, whether it meets its goal, and the two costs it is the ratio of.
+// Returns the text of a figure: its value, whether it meets its goal, and the two costs whose ratio it is.
 std::string cell(const Measured& measured, const std::string& key, std::optional<double> goal, bool isInstructions) {
     if (!measured.figures.contains(key)) return "-";
     const double figure = measured.figures[key];
@@ -150,11 +151,11 @@ std::string goalText(const Row& row) {
 struct Column {
     std::string key;
     std::string title;
-    std::size_t goals; // of this build
+    std::size_t goals; // the index of the build's goal in Row::goals
     Measured measured;
 };
 
-// The earlier revision of a build stands before it.
+// The column of a build's earlier revision comes before the column of the build.
 std::vector<Column> readColumns(const fs::path& folder) {
     std::vector<Column> columns;
     for (std::size_t i = 0; i < builds.size(); ++i) {

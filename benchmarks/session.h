@@ -1,4 +1,4 @@
-// A process of a host with the plugin and its sibling loaded, and what the cases work on.
+// A host process with the plugin and its sibling loaded, and the values that the cases use.
 #pragma once
 
 #include "platform/objc.h"
@@ -11,14 +11,14 @@
 
 namespace bench {
 
-// How often the plugins have asked the host for an entry point.
+// Returns how often the plugins have called the resolver.
 std::size_t resolverCalls();
 
-// Loads both plugins, as they were built, into the reference host; once per process.
+// Loads both plugins, as they were built, into the reference host. Call it once per process.
 void loadPlugins();
 
-// The function behind a member of a plugin's class, the method with exactly that declaration or the property of that name.
-// Throws std::runtime_error when there is none.
+// Returns the function that a member of a plugin's class is bound to: the method with exactly that declaration, or the
+// property of that name. Throws std::runtime_error if the class has no such member.
 REALfunction boundFunction(const std::string& className, const std::string& declaration);
 
 template <class Function>
@@ -26,13 +26,13 @@ Function bound(const std::string& className, const std::string& declaration) {
     return reinterpret_cast<Function>(boundFunction(className, declaration));
 }
 
-// The colour that a host object holds, borrowed.
+// Returns the colour that a host object wraps. The caller borrows it.
 chroma::id nativeColor(const host::Object* object);
 
-// Host objects of distinct colours, alive until the process ends.
+// Host objects of distinct colours, which stay alive until the process ends.
 class LiveColors {
 public:
-    // Makes more of them until there are so many; there are never fewer.
+    // Creates objects until there are `count`. Never destroys any.
     void growTo(std::size_t count);
 
 private:

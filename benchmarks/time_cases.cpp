@@ -2,8 +2,8 @@
 //
 // time_cases REPETITIONS
 //
-// The repetitions of all works are interleaved, and the fastest of each counts: what else the machine does at the time makes
-// some repetitions slower, and none faster.
+// The repetitions of all works are interleaved, and the fastest of each counts: other work on the machine slows some
+// repetitions down and speeds none up.
 #include "cases.h"
 #include "session.h"
 
@@ -44,7 +44,7 @@ void enlist(const Side& side, int repetitions) {
     benchmark::RegisterBenchmark(side.name.c_str(), body)->Repetitions(repetitions)->MinTime(secondsEach);
 }
 
-// Runs the works that want so many live colours.
+// Runs the works that require this number of live colours.
 void runWith(std::size_t liveColors, const std::vector<Case>& cases, int repetitions, Fastest& fastest) {
     benchmark::ClearRegisteredBenchmarks();
     for (const Case& c : cases)

@@ -1,4 +1,4 @@
-// What the works are made of.
+// Building blocks of the works.
 #pragma once
 
 #include "cases.h"
@@ -11,7 +11,7 @@ namespace bench {
 using chroma::id;
 using chroma::SEL;
 
-// A message as bare as C++ can send it.
+// Sends a message as directly as C++ can.
 template <class R, class... Arguments>
 R send(id receiver, SEL selector, Arguments... arguments) {
     return reinterpret_cast<R (*)(id, SEL, Arguments...)>(chroma::objc_msg_lookup(receiver, selector))(receiver, selector,
@@ -20,13 +20,13 @@ R send(id receiver, SEL selector, Arguments... arguments) {
 
 inline SEL selector(const char* name) { return chroma::sel_registerName(name); }
 
-// Keeps the compiler from leaving out work whose result nobody looks at.
+// Prevents the compiler from removing work whose result is unused.
 template <class Value>
 void use(Value& value) {
     asm volatile("" : : "g"(&value) : "memory");
 }
 
-// The body `times` times, under one autorelease pool.
+// Returns work that runs the body `times` times under one autorelease pool.
 template <class Body>
 Work repeated(Body body) {
     return [body](std::size_t times) {

@@ -6,7 +6,7 @@ namespace probe {
 
 namespace {
 
-// Neither 32-bit floats nor integers can hold these.
+// Neither 32-bit floats nor integers can represent these values.
 constexpr double values[] = {0.1, -2.5e300, 1.0 / 3};
 constexpr std::int32_t count = 3;
 
@@ -95,7 +95,7 @@ struct Checks {
     void checkObjects(const Function<PluginObjectArrayInsertProc>& objectInserter) const {
         const auto make = host.entry(entries::PluginNewInstance);
         void* const array = create(REALarrayOfObjects, -1);
-        if (!array) return; // a host without arrays of objects
+        if (!array) return; // the host has no arrays of objects
         const auto insert = objectInserter.procedure(objectInserter(array));
         if (!insert) report.complain("returns no procedure for an array of objects");
         REALobjectStruct* const object = insert && make && unlock ? make(className) : nullptr;
@@ -113,7 +113,7 @@ struct Checks {
 
 } // namespace
 
-// The older names are those of other types of procedures as well.
+// Entry points of other procedure types have the older names too.
 void checkArrays(const Host& host) {
     Checks checks(host);
     if (host.begin(entries::RuntimeArrayCreateSingleDimBoundedArray)) checks.checkCreation();

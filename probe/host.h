@@ -22,7 +22,7 @@ REAL_ENTRY_POINTS(PROBE_ENTRY)
 #undef PROBE_ENTRY
 } // namespace entries
 
-// A function of the host, or none. The report notes each call before it is made.
+// A function of the host, or none. The report notes each call before it happens.
 template <class Procedure>
 class Function;
 template <class Result, class... Arguments>
@@ -38,7 +38,7 @@ public:
         report_->trying(name_);
         return address_(arguments...);
     }
-    // The procedure that this entry point returned: calls of it count as calls of the entry point.
+    // Wraps a procedure that this entry point returned. Calls of it count as calls of the entry point.
     template <class Procedure>
     Function<Procedure> procedure(Procedure address) const {
         return {name_, address, *report_};
@@ -55,7 +55,7 @@ struct Host {
     double version;
     Report& report;
 
-    // Returns the entry point under the given type, by default its own.
+    // Returns the entry point as the given type, by default its declared type.
     template <class Procedure, class As = Procedure>
     Function<As> entry(EntryPoint<Procedure> point, As = nullptr) const {
         return {point.name, reinterpret_cast<As>(resolver(point.name)), report};
@@ -69,7 +69,8 @@ struct Host {
         return function;
     }
 
-    // Complains if the current entry point is missing in a host of this version that provides the one it belongs to.
+    // Complains if the host does not provide the current entry point, although it has this version and provides the related
+    // one.
     template <class Procedure, class Other>
     void require(EntryPoint<Procedure> point, EntryPoint<Other> other) const {
         if (version >= point.since && resolver(other.name) && !resolver(point.name))
@@ -105,7 +106,7 @@ struct Strings {
         : build(host.entry(entries::REALBuildString)), lock(host.entry(entries::REALLockString)),
           unlock(host.entry(entries::REALUnlockString)) {}
 
-    // Set when the lock turns out to add no reference: then reading a string would destroy it.
+    // Set if the lock adds no reference. Reading a string would then destroy it.
     static inline bool isLockBroken = false;
 
     bool areUsable() const { return build && lock && unlock && !isLockBroken; }
@@ -125,7 +126,7 @@ struct Strings {
 template <class Make>
 bool checkOwnership(const Strings& strings, Report& report, Make make) {
     const Growth growth;
-    bool isVisible = false; // whether the host's memory is
+    bool isVisible = false; // whether the host's memory is visible
     REALstringStruct* const string = make([&](REALstringStruct* received) {
         if (received) strings.lock(received);
         isVisible = growth.hasLargeValue();
@@ -138,12 +139,12 @@ bool checkOwnership(const Strings& strings, Report& report, Make make) {
     return isOwned;
 }
 
-// The probe's own class, whose instances count what happens to them.
+// The probe's class. Its instances count their constructions and destructions.
 extern const char* const className;
 struct Life {
     int constructed, destroyed;
-    bool wasZeroed; // the last one's data, before its constructor ran
-    bool wasKept;   // what the constructor wrote there, until the destructor ran
+    bool wasZeroed; // whether the last instance's data was zero before its constructor ran
+    bool wasKept;   // whether the data that the constructor wrote stayed until the destructor ran
 };
 Life& life();
 void registerClasses(const Host& host, const Function<PluginRegisterClassProc>& registerClass);

@@ -1,4 +1,5 @@
-// The memory that the host's values take. It shows whether the host destroys a value when its last reference is dropped.
+// Measures the memory that the host's values occupy. It shows whether the host destroys a value when its last reference is
+// dropped.
 #pragma once
 
 #include <cstddef>
@@ -6,7 +7,7 @@
 
 namespace probe {
 
-// Larger than everything that a host allocates besides the value.
+// Larger than anything else that a host allocates besides the value.
 constexpr std::int32_t largeSize = 1 << 20;
 
 // Returns the number of bytes that the process has allocated, or 0 if that is unknown.
@@ -15,7 +16,7 @@ std::size_t allocatedBytes();
 // Compares the allocated bytes with those at its creation. Works only for hosts that use the allocator of the C library.
 class Growth {
 public:
-    // Whether a value of largeSize bytes exists that did not exist at the start.
+    // Returns whether a value of largeSize bytes exists that did not exist at the start.
     bool hasLargeValue() const { return allocatedBytes() >= start_ + largeSize / 2; }
 
 private:

@@ -94,7 +94,7 @@ struct Checks {
         });
     }
 
-    // Only host code can read a number. It passes what it reads to ChromaProbe.Caught.
+    // Only host code can read a number. It passes the number to ChromaProbe.Caught.
     void checkNumber(const Function<REALSetPropValueIntegerProc>& set, REALobjectStruct* object) const {
         set(object, "ErrorNumber", 7);
         const auto get = host.entry(entries::REALGetPropValueString);

@@ -133,7 +133,7 @@ void Report::write() const {
     std::rewind(file_);
     std::fwrite(text.data(), 1, text.size(), file_);
     std::fflush(file_);
-    // It may have become shorter. The file stays open, since closing one that was emptied waits for the disk.
+    // The text may have become shorter. The file stays open, since closing a file that was emptied waits for the disk.
     if (ftruncate(fileno(file_), static_cast<off_t>(text.size())) != 0) std::perror("chromaprobe");
 }
 

@@ -29,10 +29,10 @@ public:
 
     void start(double hostVersion);
 
-    // Prints the previous finding and starts the entry point's, or continues it if there is one. Checks and complaints
-    // belong to this finding from now on.
+    // Prints the previous finding and starts the finding of the entry point, or continues it if it exists. Checks and
+    // complaints belong to this finding from now on.
     void begin(const std::string& entry, bool isProvided);
-    // Notes that the host is about to be called.
+    // Notes that the entry point is about to be called.
     void trying(const std::string& entry);
     void complain(const std::string& what);
     void expect(bool holds, const std::string& what);

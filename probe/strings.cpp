@@ -14,7 +14,7 @@ namespace {
 std::string units(std::u16string_view text) { return {reinterpret_cast<const char*>(text.data()), 2 * text.size()}; }
 std::string units(std::u32string_view text) { return {reinterpret_cast<const char*>(text.data()), 4 * text.size()}; }
 
-// One text in an encoding, and in UTF-8.
+// One text in an encoding and in UTF-8.
 struct Sample {
     const char* name;
     std::uint32_t encoding;
@@ -170,7 +170,7 @@ struct Checks {
             if (const void* const text = cfString(string, 0)) {
                 char found[64] = "";
                 if (!CFStringGetCString(text, found, sizeof found, REALencodingUTF8)) found[0] = '\0';
-                CFRelease(text); // the caller's
+                CFRelease(text); // the caller's reference
                 report.expect(found == sample.inUTF8, std::string(sample.name) + ": " + instead(found, sample.inUTF8));
             }
             strings.drop(string);

@@ -18,7 +18,7 @@ void complainOfException(const Outcome& outcome) {
     if (!outcome.exception.empty()) complain(outcome.call + ": an exception left the function: " + outcome.exception);
 }
 
-// Every call of every function: each misuse of this kind.
+// Performs every call of every function and complains of each misuse of this kind.
 void checkMisuse(Run& run, Misuse kind) {
     run.functions({}, noFunctions, [kind](const Function& function) {
         for (const Choice& choice : choicesFor(function)) {
@@ -94,8 +94,8 @@ void callsBalance(Run& run) {
     });
 }
 
-// Called twice with the same arguments: the host releases the first result, which a function that keeps it without a
-// reference then returns again, or releases when its object is destroyed.
+// Each function is called twice with the same arguments. The host releases the first result. A function that keeps this
+// result without a reference then returns it again, or releases it when its object is destroyed.
 void resultsAreOwned(Run& run) {
     run.functions({}, "no call returned an object or a string", [](const Function& function) {
         for (const Choice& choice : choicesFor(function)) {
@@ -132,7 +132,7 @@ std::ptrdiff_t threadCount() {
     return std::distance(std::filesystem::directory_iterator("/proc/self/task", error), {});
 }
 
-// A thread that a function started has a moment to call an entry.
+// Waits a moment for a thread that a function started, since that thread may call an entry point.
 void usesOneThread(Run& run) {
     run.functions({}, noFunctions, [](const Function& function) {
         for (const Choice& choice : ordinaryChoicesFor(function)) {

@@ -19,7 +19,7 @@ namespace host::validator {
 
 namespace {
 
-// ---- What a call leaves behind
+// ---- Leaks
 
 using Balance = std::array<std::size_t, 3>;
 
@@ -52,7 +52,7 @@ std::string difference(const Census& before, const Census& after) {
     return left;
 }
 
-// ---- A call
+// ---- Calling
 
 bool isNullValue(const Type& type, Slot value) {
     if (type.is(Kind::nothing)) return true;
@@ -60,7 +60,7 @@ bool isNullValue(const Type& type, Slot value) {
     return type.is(Kind::real) ? value.real == 0 : value.integer == 0;
 }
 
-// Replaces a result that the host must not release by null.
+// Replaces the result by null if the host must not release it.
 void checkReference(const Function& function, const Arguments& arguments, Slot& result) {
     const Type& type = function.signature.result;
     const bool isString = type.is(Kind::string);
@@ -117,7 +117,7 @@ Outcome callOnce(const Function& function, const Choice& choice, Plan plan, int 
             invoke(function, arguments, plan, outcome);
         }
         step(outcome.call + ", while the host releases the arguments");
-    } catch (...) { // out of what makes a filled object
+    } catch (...) { // from the functions that create a filled object
         outcome.exception = describeException() + " (while the arguments were made)";
     }
     checkMemory("it");

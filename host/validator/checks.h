@@ -1,4 +1,4 @@
-// What the rows of the table of checks do.
+// The functions that the table of checks refers to.
 #pragma once
 
 #include "validator/run.h"

@@ -23,7 +23,7 @@ namespace host::validator {
 
 namespace {
 
-// In memory that parent and child share, so that it outlives the child.
+// Lives in memory that parent and child share, so that it outlives the child.
 struct Shared {
     std::atomic<std::uint32_t> steps;
     std::atomic<std::size_t> place;
@@ -31,8 +31,9 @@ struct Shared {
     char note[200];
 };
 Shared* shared = nullptr;
-int outlet = -1;                                                       // the child's end of the pipe for texts
-const std::function<void(const std::string&)>* receiverHere = nullptr; // of runHere(); null: in no such call
+int outlet = -1; // the child's end of the pipe for texts
+// The receiver of runHere(). Null outside of runHere().
+const std::function<void(const std::string&)>* receiverHere = nullptr;
 constexpr std::uint32_t endMark = UINT32_MAX;
 
 [[noreturn]] void failFor(const char* what) { throw std::runtime_error(what + (": " + std::string(std::strerror(errno)))); }
@@ -61,7 +62,7 @@ constexpr std::array stopping = {SIGINT, SIGTERM, SIGHUP};
     if (chdir(folder.c_str()) != 0) _exit(1);
     dup2(open("/dev/null", O_RDONLY | O_CLOEXEC), STDIN_FILENO);
     if (output >= 0) dup2(output, STDERR_FILENO);
-    dup2(STDERR_FILENO, STDOUT_FILENO); // the output is the report's
+    dup2(STDERR_FILENO, STDOUT_FILENO); // stdout of the parent belongs to the report
     try {
         body();
     } catch (const std::exception& error) {
@@ -155,7 +156,7 @@ public:
     int outlet() const { return ends_[0]; }
     int inlet() const { return ends_[1]; }
 
-    // Appends what is there. Returns false once nothing can follow.
+    // Appends the bytes that are available. Returns false at the end of the pipe.
     bool drain(std::string& bytes) const {
         std::array<char, 1 << 14> chunk;
         for (;;) {
@@ -172,7 +173,7 @@ private:
     int ends_[2] = {-1, -1};
 };
 
-// Passes on the texts at the front of the bytes. Returns whether the end mark was among them.
+// Passes the complete texts at the start of the bytes to `receive`. Returns whether the end mark was among them.
 bool takeTexts(std::string& bytes, const std::function<void(const std::string&)>& receive) {
     std::size_t at = 0;
     bool ended = false;
@@ -187,7 +188,7 @@ bool takeTexts(std::string& bytes, const std::function<void(const std::string&)>
     return ended;
 }
 
-// Keeps the beginning of a long output, and says how much more there was.
+// Keeps the beginning of a long output and notes how much more there was.
 class Captured {
 public:
     void add(std::string& bytes) {
@@ -246,7 +247,7 @@ public:
                 ending.words = "did not return within " + seconds(limits_.forStep);
             }
         }
-        kill(-child_, SIGKILL); // what the plugin has started
+        kill(-child_, SIGKILL); // also the processes that the plugin has started
         take();
         if (ending.finished() && !reachedEnd_) {
             ending.kind = Ending::Kind::died;
@@ -272,7 +273,7 @@ private:
         captured_.add(written);
     }
 
-    // For the next bytes or a moment, since a process that the plugin has started may keep the pipes open.
+    // Waits for the next bytes, but only for a moment, since a process that the plugin has started may keep the pipes open.
     void wait() {
         std::array<pollfd, 2> sources = {
             {{hasTexts_ ? texts_.outlet() : -1, POLLIN, 0}, {hasOutput_ ? output_.outlet() : -1, POLLIN, 0}}};
@@ -293,7 +294,7 @@ private:
 
 Ending runChild(const std::function<void()>& body, const std::function<void(const std::string&)>& receive,
                 const Limits& limits, Output output) {
-    const Signals signals; // first, since its end may end this process
+    const Signals signals; // destroyed last, since its destructor may end this process
     const SharedMemory memory;
     const Folder folder;
     Pipe texts, written;
@@ -304,7 +305,7 @@ Ending runChild(const std::function<void()>& body, const std::function<void(cons
         outlet = texts.inlet();
         live(folder.path(), body, output == Output::captured ? written.inlet() : -1);
     }
-    setpgid(child, child); // both do, since neither knows who is first
+    setpgid(child, child); // both processes do this, since either may run first
     texts.closeInlet();
     written.closeInlet();
     return Watch(child, texts, written, receive, limits).run();

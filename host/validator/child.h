@@ -1,4 +1,4 @@
-// Child processes: whatever a plugin does to its process stays in one.
+// Child processes, which contain whatever a plugin does to its process.
 #pragma once
 
 #include <chrono>
@@ -23,7 +23,7 @@ struct Ending {
     std::string words;     // "crashed with SIGSEGV"; empty when it finished
     std::string step;      // the latest step
     std::size_t place = 0; // the latest place
-    std::string output;    // what the child wrote to its standard output and error, if that was captured
+    std::string output;    // the child's standard output and error, if they were captured
 
     bool finished() const { return kind == Kind::finished; }
 };
@@ -31,17 +31,17 @@ struct Ending {
 enum class Output { inherited, captured };
 
 // Runs the body in a child process, in an empty folder that is also its home. Passes each text that the child sends to
-// `receive`, at once, so that a crash loses none. A child that exits before its body returns has not finished. Ends the
-// child, and all that it started, at a limit or when this process is interrupted; in the second case this process then ends
-// by the same signal. Throws std::runtime_error if no child can be started.
+// `receive` immediately, so that a crash loses none. A child that exits before its body returns has not finished. Kills the
+// child, and every process that it started, at a limit or when this process is interrupted. In the second case this process
+// then ends by the same signal. Throws std::runtime_error if no child can be started.
 Ending runChild(const std::function<void()>& body, const std::function<void(const std::string&)>& receive,
                 const Limits& limits, Output output);
 
 // Runs the body in this process, for a debugger.
 void runHere(const std::function<void()>& body, const std::function<void(const std::string&)>& receive);
 
-// In the child. send() passes a text to the parent. step() names what the child does next; the time for a step starts.
-// setPlace() records a number, noteCrash() adds words to those of a crash and may be called by a signal handler.
+// For the child. send() passes a text to the parent. step() names what the child does next and restarts the time limit of a
+// step. setPlace() records a number. noteCrash() adds words to the description of a crash; a signal handler may call it.
 void send(const std::string& text);
 void step(const std::string& text);
 std::string currentStep();

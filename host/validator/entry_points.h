@@ -1,5 +1,5 @@
-// The entry points of a host, each behind a function of the same type, so that a listener hears of every call and may
-// answer, or throw, in the host's place.
+// Wraps each entry point of a host in a function of the same type. The function passes every call to a listener, which may
+// return or throw instead of the host.
 #pragma once
 
 #include "chromabridge/host_abi.h"
@@ -8,7 +8,7 @@
 
 namespace entries {
 
-// One function for each entry, told apart by its place in the list.
+// One function for each entry point. The place in the list distinguishes functions of the same type.
 template <class Listener, int place, class Procedure>
 struct Around;
 
@@ -34,8 +34,8 @@ enum Place {
 #undef CHROMA_PLACE
 };
 
-// The address of the function that asks Listener::answer(entry, target, arguments...) in place of the entry at `address`;
-// null for a null one.
+// Returns the address of a function that calls Listener::answer(entry, target, arguments...), where `target` is the entry
+// point at `address`. Returns null if `address` is null.
 template <class Listener>
 void* heard(std::string_view name, void* address) {
     if (!address) return nullptr;

@@ -12,7 +12,7 @@ namespace host::validator {
 
 namespace {
 
-// Reads at offsets that the file itself names, none of which is trusted.
+// Reads at offsets that the file itself contains, and trusts none of them.
 class File {
 public:
     explicit File(const std::string& name) {

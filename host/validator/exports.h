@@ -1,4 +1,4 @@
-// What a library exports.
+// Lists the functions that a library exports.
 #pragma once
 
 #include <string>
@@ -6,8 +6,8 @@
 
 namespace host::validator {
 
-// The names of the functions that a library file offers to others. Throws std::runtime_error for a file that is none of this
-// machine's width.
+// Returns the names of the functions that a library file exports. Throws std::runtime_error if the file is not a library of
+// this machine's width.
 std::vector<std::string> exportedFunctions(const std::string& file);
 
 } // namespace host::validator

@@ -21,7 +21,7 @@ Traces traces;
 int remaining = 0;
 
 void noteFailure(std::string_view entry, const char* what) {
-    traces.entry = entry.data(); // of a literal
+    traces.entry = entry.data(); // the entry is a literal, so its characters outlive the call
     char words[100];
     std::snprintf(words, sizeof words, " after %s %s", entry.data(), what);
     noteCrash(words);
@@ -31,7 +31,7 @@ struct Listener {
     template <class Result, class... Arguments>
     static Result answer(std::string_view entry, Result (*target)(Arguments...), Arguments... arguments) {
         if constexpr (std::is_pointer_v<Result>) {
-            const bool isDocumented = entry != "memoryBlockGetPtr"; // of blocks that are not empty
+            const bool isDocumented = entry != "memoryBlockGetPtr"; // the contract permits null only for empty blocks
             if ((isDocumented || !plan.documented) && strikes(Fault::hostAnswersNull, Fault::hostAnswersNull)) {
                 noteFailure(entry, "returned null");
                 return nullptr;
@@ -40,7 +40,7 @@ struct Listener {
         const bool throws = strikes(Fault::hostThrows, Fault::hostAlwaysThrows);
         if (throws) noteFailure(entry, "threw");
         if (throws && (entry == "REALUnlockObject" || entry == "REALUnlockString")) target(arguments...);
-        // A long message, which a plugin may have to copy into memory of its own.
+        // The message is long, so a plugin that copies it may have to allocate memory.
         if (throws) throw std::range_error("thrown by the host: " + std::string(300, 'h'));
         const Suspension suspension;
         if (entry == "RuntimeRaiseException") ++traces.raised;

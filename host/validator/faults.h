@@ -1,4 +1,5 @@
-// Faults that strike a call: those of the host here, others where a program's messages and allocations are heard.
+// Injects faults into a call. This host injects its own faults; a program that observes messages and allocations injects
+// the others.
 #pragma once
 
 #include <cstddef>
@@ -9,34 +10,34 @@ namespace host::validator {
 enum class Fault {
     none,
     raise,            // a message raises an NSException
-    throwOther,       // a message throws an object that is none
-    answerNil,        // a message answers nil or zero and does nothing
+    throwOther,       // a message throws an object that is not an NSException
+    answerNil,        // a message returns nil or zero and does nothing
     failAllocation,   // one allocation fails
     exhaustMemory,    // that allocation and all later ones fail
-    hostAnswersNull,  // an entry of the host answers null
-    hostThrows,       // an entry of the host throws a C++ exception
-    hostAlwaysThrows, // so do all later ones
+    hostAnswersNull,  // an entry point returns null
+    hostThrows,       // an entry point throws a C++ exception
+    hostAlwaysThrows, // that entry point and all later ones throw
 };
 
-// The fault strikes at the n-th message, allocation or call of the host, from 1.
+// Injects the fault at message, allocation or host call number `at`, counted from 1.
 struct Plan {
     Fault fault = Fault::none;
     int at = 0;
-    bool documented = false; // null only where host_abi.h permits it
+    bool documented = false; // return null only where host_abi.h permits it
 };
 
-// What a call met.
+// The events during a call.
 struct Traces {
     bool struck = false;
-    int raised = 0;              // host exceptions, those included that the host dropped
-    const char* entry = nullptr; // of the host, which failed last
+    int raised = 0;              // the number of host exceptions, including those that the host dropped
+    const char* entry = nullptr; // the entry point that failed last
 };
 
-// Between the two a call is counted.
+// Events are counted between arm() and disarm().
 void arm(Plan plan);
 Traces disarm();
 
-// Nothing is counted while one lives, nor before the first call is armed. Faults do not strike inside the host.
+// Nothing is counted while a Suspension lives, or before the first arm(). No fault is injected inside the host.
 extern int suspensions;
 struct Suspension {
     Suspension() { ++suspensions; }
@@ -45,13 +46,13 @@ struct Suspension {
     ~Suspension() { --suspensions; }
 };
 
-// Whether the present event is the one that one of these faults waits for.
+// Returns whether the plan injects one of these faults at the current event.
 bool strikes(Fault first, Fault last);
 Fault plannedFault();
 bool hasStruck();
 
-// The reference host's entry as a plugin gets it, behind a function that may answer null or throw in the host's place. Null
-// where the host lacks it. What gives something up does so even if it throws.
+// Returns the reference host's entry point, wrapped in a function that may return null or throw instead of it. Returns null
+// if the host does not provide the entry point. An entry point that releases something does so even if it throws.
 void* heardEntry(const char* name);
 
 } // namespace host::validator

@@ -22,8 +22,8 @@ constexpr std::array doubles = {0.5, 0.0, -1.5, 1e308, infinity, -infinity, std:
 constexpr std::array<HostColor, 3> colors = {0xFF804020, 0, 0xFFFFFFFF};
 constexpr std::array<std::int32_t, 5> arraySizes = {4, 0, 1, 21, 300};
 constexpr std::array<std::int32_t, 3> blockSizes = {16, 0, 1};
-// An "integer" may carry a pointer, which nobody can make up: only a parameter that is called an index gets others than 0.
-// The value of a setter is no pointer either, unless the property's name says so.
+// An "integer" may carry a pointer, which nobody can make up. Only a parameter that is called an index gets values other
+// than 0. The value of a setter is not a pointer either, unless the property's name says so.
 constexpr std::array<HostInteger, 5> integers = {0, 1, -1, highest, lowest}, values = {7, 0, -1, highest, lowest};
 
 struct Text {
@@ -43,7 +43,8 @@ const std::array<Text, 7> texts = {{
 
 const Form null = {[] { return Slot(); }, nullptr, "null"};
 
-// Names what runs meanwhile, so that a crash is not blamed on the function that the argument is for. Null if it is unusable.
+// Names the running function meanwhile, so that a crash is not blamed on the function that the argument is for. Converts to
+// false if the function is unusable.
 class Use {
 public:
     explicit Use(const std::string& name) : isUsable_(unusableFunctions().count(name) == 0), before_(currentStep()) {
@@ -78,7 +79,7 @@ std::string nameFor(const ClassInfo& info, const Signature& signature, const cha
     return info.name() + "." + signature.name + suffix + "/" + std::to_string(count);
 }
 
-// What a shared method without parameters hands out; null: none does.
+// Returns the object that a shared method without parameters returns, or null if none does.
 Object* handedOut(const ClassInfo& info) {
     for (const Method& method : info.sharedMethods()) {
         const Signature& signature = method.signature;
@@ -95,7 +96,7 @@ Object* handedOut(const ClassInfo& info) {
 
 std::vector<Form> formsOf(const Parameter& parameter);
 
-// An object that one of its constructors has filled from numbers, text and the like; null: none has.
+// Returns an object that one of its constructors has filled from numbers, text and the like, or null if none has.
 Object* constructed(const ClassInfo& info) {
     for (const Method* constructor : info.constructors()) {
         const std::vector<Parameter>& parameters = constructor->signature.parameters;

@@ -1,4 +1,4 @@
-// What a function may be called with, as far as its declaration tells.
+// The values that a function may be called with, according to its declaration.
 #pragma once
 
 #include "validator/functions.h"
@@ -7,11 +7,12 @@
 
 namespace host::validator {
 
-// A receiver is null, an object as the class constructor leaves it, or one that the plugin has filled: a shared method
-// without parameters hands it out, or a constructor makes it. Where neither does, it is another empty one.
+// A receiver is null, an object as the class constructor leaves it, or an object that the plugin has filled. The filled
+// object comes from a shared method without parameters or from a constructor. If neither provides one, the receiver is
+// another empty object.
 extern const Forms declaredForms;
 
-// One for each value, of which each keeps a copy. `textOf` returns what a message calls the value.
+// Returns one form for each value. Each form keeps a copy of its value. `textOf` returns the value's name for messages.
 template <class Values, class Make, class TextOf>
 std::vector<Form> each(const Values& values, Make make, TextOf textOf) {
     std::vector<Form> forms;
@@ -24,7 +25,7 @@ std::vector<Form> each(const Values& values, Make make) {
     return each(values, make, [](const auto&) { return std::string(); });
 }
 
-// The functions that forms do not use: they crashed or hung while an argument was made.
+// Returns the functions that forms do not use: they crashed or hung while an argument was created.
 std::set<std::string>& unusableFunctions();
 
 } // namespace host::validator

@@ -10,7 +10,7 @@ namespace host::validator {
 
 namespace {
 
-// What a by-reference double holds before the call.
+// The value of a by-reference double before the call.
 constexpr double unwritten = 0.75;
 const std::vector<Form> byReference = {{nullptr, nullptr, "an address"}, {nullptr, nullptr, "null"}};
 
@@ -29,7 +29,7 @@ Function functionOf(const ClassInfo& info, REALfunction address, const Invoker& 
     return function;
 }
 
-// Of a property or method of the given signature.
+// Returns the signature of the assignment to a property or method of the given signature.
 Signature assignmentTo(Signature signature, const char* parameter) {
     signature.name += "=";
     signature.parameters.push_back({parameter, signature.result, false, false, {}});

@@ -1,4 +1,4 @@
-// The functions that a plugin's records bind, and all that they may be called with.
+// The functions that a plugin's records bind, and the receivers and arguments to call them with.
 #pragma once
 
 #include "model/classes.h"
@@ -9,14 +9,14 @@
 
 namespace host::validator {
 
-// A way to make a receiver or an argument; what is made belongs to the caller.
+// Creates a receiver or an argument, which belongs to the caller.
 struct Form {
     std::function<Slot()> make;
-    const char* refusal = nullptr; // the host exception that answers this value; null: none is certain
-    std::string text = {};         // what it makes, for messages: "an empty object"
+    const char* refusal = nullptr; // the host exception that this value raises; null: none is certain
+    std::string text = {};         // describes the value in messages: "an empty object"
 };
 
-// Where forms come from.
+// The sources of forms.
 struct Forms {
     std::function<std::vector<Form>(const std::string& className)> ofReceiver; // null, an empty object, and others
     std::function<std::vector<Form>(const Parameter& parameter)> ofArgument;   // by value; the ordinary one first
@@ -27,50 +27,54 @@ struct Function {
     REALfunction address;
     Invoker invoke;
     Signature signature;
-    HostInteger parameter;                    // what a getter is called with behind the receiver
-    std::vector<Form> receivers;              // empty: a shared method
-    std::vector<std::vector<Form>> arguments; // of one by reference: an address, which is the caller's affair, and none
+    HostInteger parameter;       // the argument of a getter after the receiver
+    std::vector<Form> receivers; // empty: a shared method
+    // The forms of each argument. An argument by reference has two: an address, whose memory the caller provides, and null.
+    std::vector<std::vector<Form>> arguments;
 
     bool isAccessor = false; // gets `parameter` after the receiver
-    // A setter; what reads the property back, null if nothing does.
+    // Whether it is a setter, and the property that reads the value back; null if none does.
     bool isSetter = false;
     const Property* property = nullptr;
 
     bool hasReceiver() const { return !receivers.empty(); }
 };
 
-// Those of the class's record: getters, setters, methods and shared methods. What the host itself reads is not among them.
+// Returns the functions of the class's record: getters, setters, methods and shared methods. Skips what the host reads
+// itself.
 std::vector<Function> functionsOf(const ClassInfo& info, const Forms& forms);
 
 // Returns whether the name says that the integer is an address, which nobody can make up.
 bool isAddress(const Property& property);
 
-// As functionsOf makes them, for a function of the class that no row binds. Without a result or parameters, but a receiver.
+// Returns a Function for a function of the class that no row of the record binds. It has a receiver, but no result and no
+// parameters.
 Function lifecycleFunction(const ClassInfo& info, const char* name, REALfunction address, const Forms& forms);
 
-// Places of Function::receivers.
+// Indices into Function::receivers.
 constexpr std::size_t nullReceiver = 0, emptyReceiver = 1, ordinaryReceiver = 2;
 
-// Which receiver; which argument is not the ordinary one (-1: none), and its form.
+// The index of the receiver, the index of the argument that is not the ordinary one (-1: none), and the index of its form.
 struct Choice {
     std::size_t receiver = 0;
     int argument = -1;
     std::size_t form = 0;
 };
 
-// The ordinary arguments on each receiver alone, and all that the declaration admits, one argument at a time.
+// ordinaryChoicesFor() returns each receiver with only the ordinary arguments. choicesFor() returns everything that the
+// declaration admits, and varies one argument at a time.
 std::vector<Choice> ordinaryChoicesFor(const Function& function);
 std::vector<Choice> choicesFor(const Function& function);
 
-// "Faulty.length/1 of an empty object with words = null".
+// Returns a description such as "Faulty.length/1 of an empty object with words = null".
 std::string describe(const Function& function, const Choice& choice);
 
-// What a call is made with.
+// The receiver and the arguments of a call.
 class Arguments {
 public:
-    // Makes the receiver and the arguments, with so many references more than the caller's.
+    // Creates the receiver and the arguments, each with `extraReferences` references besides the caller's.
     Arguments(const Function& function, const Choice& choice, int extraReferences = 0);
-    // Gives them up; what is counted more often belongs to whom the references were made for.
+    // Releases the caller's references. The extra references belong to whoever they were created for.
     ~Arguments();
     Arguments(const Arguments&) = delete;
     Arguments& operator=(const Arguments&) = delete;
@@ -81,10 +85,11 @@ public:
     Object* receiver() const { return function_.hasReceiver() ? slots_[0].object : nullptr; }
     Slot argument(std::size_t place) const { return slots_[first_ + place]; }
     const Form& form(std::size_t argument) const;
-    // What stands at the address of an argument by reference; null when that is not one, or none was given.
+    // Returns the value at the address of a by-reference argument, or null if the argument is not by reference or the
+    // address is null.
     const Slot* output(std::size_t argument) const;
 
-    // How many of the receiver and the arguments are this object or string, which holds one reference for each.
+    // Returns how many of the receiver and the arguments are this object or string. It holds one reference for each.
     int referencesTo(const void* value) const;
 
 private:
@@ -94,7 +99,7 @@ private:
 
     const Function& function_;
     const Choice choice_;
-    const std::size_t first_; // argument
+    const std::size_t first_; // the index of the first argument
     Slot slots_[maximumArguments + 1] = {}, outputs_[maximumArguments] = {};
 };
 

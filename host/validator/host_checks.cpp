@@ -1,4 +1,4 @@
-// Checks on other hosts: older, without entries, and with entries that fail.
+// Checks on other hosts: older ones, ones that do not provide every entry point, and ones whose entry points fail.
 #include "validator/checks.h"
 
 #include "entries/plugin.h"
@@ -23,7 +23,7 @@ void callAll(Run& run, const HostOptions& options) {
     });
 }
 
-// Calls REALPluginMain with the fault at the n-th call of the host.
+// Calls REALPluginMain with the planned fault. Calls flag() if the fault was injected.
 void startWith(const Run& run, Plan plan) {
     startCheckedHost();
     const REALPluginMainProc main = openPlugin(run.trial().plugin);
@@ -31,18 +31,18 @@ void startWith(const Run& run, Plan plan) {
     arm(plan);
     try {
         main(watchedEntry);
-    } catch (const std::exception&) { // the host's own
+    } catch (const std::exception&) { // the host threw it
     }
     if (disarm().struck) flag();
 }
 
-// With the fault at the first call of the host, at the second, and so on until none is left: while the plugin starts, each
-// time in a process of its own, and in each call.
+// Injects the fault at the first call of the host, at the second, and so on until none is left. It does so while the plugin
+// starts, each time in a new process, and in each call.
 void checkFault(Run& run, Fault fault) {
     Plan first{fault, 1, true};
     while (run.child("", [&] { startWith(run, first); }))
         ++first.at;
-    const bool isTheHosts = fault != Fault::hostAnswersNull; // an exception of its own may come back to it
+    const bool isTheHosts = fault != Fault::hostAnswersNull; // an exception that the host threw may propagate back to it
     run.functions({}, noFunctions, [=](const Function& function) {
         for (const Choice& choice : ordinaryChoicesFor(function)) {
             bool struck = true;

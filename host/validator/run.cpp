@@ -18,7 +18,8 @@ namespace {
 constexpr const char* entryPoint = "REALPluginMain";
 constexpr std::size_t noFunction = static_cast<std::size_t>(-1);
 
-// Functions that hung are not called again. The second text is why the plugin cannot be started; empty: it can.
+// Functions that hung, which are not called again. The second text is the reason why the plugin cannot be started; empty:
+// it can.
 std::set<std::string> hung;
 std::string startFailure;
 
@@ -154,7 +155,8 @@ void Run::functions(const HostOptions& options, const std::string& reason, const
             if (function == entryPoint && isOrdinary(options)) startFailure = "REALPluginMain does not return";
             return;
         }
-        // One that was called for an argument is called for none from now on, and the same function is tried again.
+        // A function that was called for an argument is no longer called for any argument, and the same function is tried
+        // again.
         const bool isForArgument = ending.step.find(", called for an argument") != std::string::npos;
         const bool isNew =
             (isForArgument || ending.kind == Ending::Kind::hung) && unusableFunctions().insert(function).second;

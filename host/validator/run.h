@@ -10,7 +10,7 @@
 
 namespace host::validator {
 
-// In the parent.
+// Runs in the parent process.
 class Run {
 public:
     Run(const Trial& trial, Severity severity, bool inProcess = false)
@@ -18,15 +18,15 @@ public:
 
     const Trial& trial() const { return trial_; }
 
-    // Runs the body in a child process. Returns whether the body called flag(). `host` says what is special about the host;
-    // empty: nothing.
+    // Runs the body in a child process. Returns whether the body called flag(). `host` describes the host; empty: an
+    // ordinary one.
     bool child(const std::string& host, const std::function<void()>& body);
 
-    // Starts such a host with the plugin in a child process and passes the plugin's classes to the body.
+    // Starts an ordinary host with the plugin in a child process and passes the plugin's classes to the body.
     void classes(const std::function<void(const std::vector<const ClassInfo*>&)>& body);
 
-    // The same with each function of the plugin's classes. If one crashes or hangs, another child process continues with the
-    // next. `reason` is why if nothing was tested.
+    // Starts a host with these options and passes each function of the plugin's classes to `visit`. If one crashes or
+    // hangs, another child process continues with the next. `reason` is the result's reason if nothing was tested.
     using Visit = std::function<void(const Function& function)>;
     void functions(const HostOptions& options, const std::string& reason, const Visit& visit);
 
@@ -43,21 +43,21 @@ private:
     const bool inProcess_;
     bool tested_ = false, flagged_ = false;
     Result result_;
-    std::map<std::string, std::size_t> places_; // of complaints, by their text
+    std::map<std::string, std::size_t> places_; // the indices of complaints by their text
 };
 
-// In the child. complain() reports a complaint of the check's severity, warn() a warning. tested() records that the promise
-// was tested, lacking() why it was not.
+// For the child. complain() reports a complaint of the check's severity, warn() a warning. tested() records that the
+// promise was tested, lacking() why it was not.
 void complain(const std::string& text);
 void warn(const std::string& text);
 void tested();
 void lacking(const std::string& reason);
 void flag();
 
-// Calls the body and complains of what it throws, with the latest step.
+// Calls the body. If it throws, complains of the exception and names the latest step.
 void complainOfExceptions(const std::function<void()>& body);
 
-// Starts such a host and loads the plugin. Returns the plugin's classes.
+// Starts a host with these options and loads the plugin. Returns the plugin's classes.
 std::vector<const ClassInfo*> start(const Trial& trial, const HostOptions& options = {});
 void startCheckedHost(const HostOptions& options = {});
 

@@ -9,21 +9,21 @@
 
 namespace host::validator {
 
-// The plugin to check, and the one that is loaded before it and not checked; empty: none.
+// The plugin to check, and another one that is loaded before it and not checked; empty: none.
 struct Trial {
     std::string plugin;
     std::string sibling;
     Limits limits = {};
 };
 
-// How much a broken promise weighs. A breach violates host_abi.h. A warning means that the plugin depends on something that
-// the contract does not promise, or fails where only an incorrect host would notice.
+// The severity of a broken promise. A breach violates host_abi.h. A warning means one of two things: the plugin depends on
+// something that the contract does not promise, or it fails where only an incorrect host would notice.
 enum class Severity { warning, breach };
 
 struct Complaint {
     Severity severity;
     std::string text;               // one line
-    std::vector<std::string> hosts; // on which hosts; empty: on the current one
+    std::vector<std::string> hosts; // the hosts that it occurred on; empty: the current one
 };
 
 struct Result {
@@ -33,7 +33,7 @@ struct Result {
     std::string reason = {}; // why nothing was tested; empty for the other states
     std::vector<Complaint> complaints = {};
     std::vector<std::string> skipped = {}; // functions that were not called, since they hang
-    std::string output = {};               // what the plugin's processes wrote to standard output and error
+    std::string output = {};               // the standard output and error of the plugin's processes
 };
 
 class Run;
@@ -41,19 +41,20 @@ class Run;
 struct Check {
     const char* name;
     const char* promise;
-    Severity severity; // of its complaints
-    bool ofClasses;    // it tests the plugin's classes
+    Severity severity; // the severity of its complaints
+    bool ofClasses;    // whether it tests the plugin's classes
     void (*perform)(Run& run);
 };
 
-// In the order in which they are worth reading. The first checks that the library loads, which the others need.
+// Returns the checks in the order in which their results should be read. The first checks that the library loads, which the
+// others need.
 const std::vector<Check>& checks();
 
 // Performs the check, in child processes. Later calls do not call functions that hung in earlier ones.
 Result perform(const Check& check, const Trial& trial);
 
-// Calls the function of this name ("Class.member/0") with every value that its declaration admits on such a host, in a child
-// process or in this one, which can then check nothing else.
+// Calls the function of this name ("Class.member/0") with every value that its declaration admits on such a host. The calls
+// run in a child process or in this one, which can then check nothing else.
 Result callFunction(const std::string& name, const Trial& trial, const HostOptions& host, bool inProcess);
 
 } // namespace host::validator

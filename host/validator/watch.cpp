@@ -21,7 +21,7 @@ namespace host::validator {
 
 namespace {
 
-// ---- What was noted
+// ---- Notes
 
 std::mutex notesLock;
 std::vector<MisuseNote> notes;
@@ -31,8 +31,8 @@ std::thread::id hostThread;
 // ---- Text that a plugin sees only while it has locked the string
 
 struct HiddenText {
-    const unsigned char* buffer; // the string's own
-    int locks = 0;               // the plugin's
+    const unsigned char* buffer; // the string's original buffer
+    int locks = 0;               // the number of the plugin's locks
 };
 std::map<String*, HiddenText> hidden;
 unsigned char* decoy = nullptr; // memory that nobody can read; null: nothing is hidden
@@ -45,7 +45,7 @@ void noteUnlockedText(int, siginfo_t* info, void*) {
 
 void setBuffer(String* string, const unsigned char* buffer) { writeAt(string, REALstringBufferOffset, buffer); }
 
-// The host reads texts while it runs an entry.
+// Shows all texts while it lives, because the host reads texts while it runs an entry point.
 class ShownText {
 public:
     ShownText() {

@@ -1,4 +1,4 @@
-// Watches how a plugin uses the entries and values of the host.
+// Watches how a plugin uses the entry points and values of the host.
 #pragma once
 
 #include "values/values.h"
@@ -10,9 +10,9 @@
 namespace host::validator {
 
 enum class Misuse {
-    otherThread,    // an entry called on another thread
+    otherThread,    // an entry point called on another thread
     destroyedValue, // a value used after it was destroyed
-    unownedResult,  // a result without a reference of its own
+    unownedResult,  // a result without a reference for the caller
     instanceData,   // a write beyond the instance data
 };
 
@@ -21,28 +21,28 @@ struct MisuseNote {
     std::string text;
 };
 
-// Records a misuse; from any thread.
+// Records a misuse. Any thread may call it.
 void note(Misuse kind, const std::string& text);
 std::vector<MisuseNote> takeMisuses();
 
-// Records what was written beyond a block of the host or into a released one. `writer` names the function that ran before.
+// Records writes beyond a block of the host or into a released one. `writer` names the function that ran before.
 void checkMemory(const std::string& writer);
 
-// What the plugin announced and registered so far.
+// The versions and classes that the plugin has announced and registered so far.
 struct Announcement {
     std::vector<std::int32_t> versions;
-    bool afterClass = false; // a version after a class
+    bool afterClass = false; // whether a version came after a class
     int classes = 0;
 };
 const Announcement& announcement();
 
-// The resolver for plugins: the entries of faults.h, watched. The thread that calls it first is the host's.
+// The resolver for plugins. It returns the entry points of faults.h, watched. The thread that calls it first is the host's.
 void* watchedEntry(const char* name);
 
-// From here on the plugin finds the text of a string only while it has locked the string. Reading it at another time
-// crashes.
+// From this call on, the plugin can read the text of a string only while it has locked the string. Reading it at another
+// time crashes.
 void hideUnlockedText();
-void hideText(String* string); // of a string that the plugin borrows or receives; does nothing before hideUnlockedText()
+void hideText(String* string); // for a string that the plugin borrows or receives; does nothing before hideUnlockedText()
 void showAllText();
 
 } // namespace host::validator
