@@ -10,28 +10,28 @@
 
 namespace host::language {
 
-// Returns the text of a program's file, or nothing after a message on stderr when it cannot be read.
+// Returns the text of a program's file. If it cannot be read, prints a message on stderr and returns nullopt.
 std::optional<std::string> readProgram(const std::string& path);
 
-// Runs a program: 0 when it ran to its end, 1 after errors in its text, which then did not run at all, an exception that
-// nobody caught, or an interruption by SIGINT; the code with which it quit. What it prints goes to stdout, what is wrong to
-// stderr.
+// Runs a program. Its output goes to stdout, and errors go to stderr. Returns 0 if it ran to its end, or the code with
+// which it quit. Returns 1 after an uncaught exception, an interruption by SIGINT, or errors in its text, which then does
+// not run.
 int runFile(const std::string& path);
 
-// Sets what the function Arguments returns, in UTF-8; none before.
+// Sets the result of the function Arguments, in UTF-8; empty before.
 void setProgramArguments(std::vector<std::string> arguments);
 
-// Asks the program that runs to stop, as SIGINT does. May be called in a signal handler.
+// Requests the running program to stop, as SIGINT does. May be called in a signal handler.
 void interrupt();
 
-// Whether the program that ran last was interrupted.
+// Returns whether the last program was interrupted.
 bool wasInterrupted();
 
-// The same for a program's text, with the name by which messages call it; `colored`: with colours in them.
+// The same for a program's text, with its name in messages. With `colored`, messages have colours.
 int runText(const std::string& name, std::string text, std::ostream& output, std::ostream& errors, bool colored = false);
 
-// Reports all errors and warnings in a program's text to stderr without running it: 0 when there are no errors, otherwise 1.
-// `problemsIn` answers them, in the order of the text.
+// Reports all errors and warnings in a program's text on stderr without running it. Returns 0 if there are no errors,
+// otherwise 1. `problemsIn` returns the problems in the order of the text.
 struct Problem {
     std::size_t line, column; // from 1; columns count characters
     bool isError;             // otherwise a warning

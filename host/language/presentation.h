@@ -1,4 +1,4 @@
-// Values as people read them.
+// Readable forms of values.
 #pragma once
 
 #include "model/objects.h"
@@ -10,15 +10,15 @@
 namespace host::language {
 
 // Returns a value as Print shows it, in UTF-8: numbers in the shortest form that reads back the same, colours as the
-// literal, True, False and Nil, objects as they describe themselves, arrays as their elements in parentheses, variants as
-// what they hold.
+// literal, True, False and Nil, objects by their description, arrays as their elements in parentheses, variants as the
+// value they hold.
 std::string textOf(const Type& type, Slot value);
 std::string textOf(double value);
 std::string textOf(HostInteger value);
 std::string textOf(bool value);
 
-// Returns the description of an object that has one, of an exception its class and message, of a file its class and path, of
-// any other object its class and, if it has one, its name. The object must not be null. Raises nothing.
+// Returns the description of an object that has one. Otherwise returns an exception's class and message, a file's class and
+// path, or an object's class and, if it has one, its name. The object must not be null. Raises nothing.
 std::string textOf(Object* object);
 
 // Receives the values of expressions that are typed at a prompt.

@@ -1,5 +1,5 @@
-// A program that is typed piece by piece at a prompt. What a piece declares stays for those behind it, and its errors end
-// only the piece.
+// A program that is typed piece by piece at a prompt. Declarations of a piece stay for later pieces, and an error ends only
+// its piece.
 #pragma once
 
 #include "language/presentation.h"
@@ -17,33 +17,34 @@ namespace host::language {
 
 class Session {
 public:
-    // `presenter` gets the values of expressions; both must outlive the session. Messages call the text `name`; `colored`:
-    // with colours in them.
+    // `presenter` receives the values of expressions. `output` and `presenter` must outlive the session. `name` names the
+    // text in messages. With `colored`, messages have colours.
     Session(std::string name, std::ostream& output, Presenter& presenter, bool colored = false);
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    // Whether the text ends inside a block or a continued line.
+    // Returns whether the text ends inside a block or a continued line.
     bool needsMore(std::string_view text) const;
 
-    // Checks and runs the text: what is wrong with it, or nothing. The warnings are written before it runs.
+    // Checks and runs the text. Returns its errors, or "". Writes the warnings before the text runs.
     std::string run(std::string_view text, std::ostream& warnings);
 
-    // Once it has run Quit.
+    // Returns the exit code after Quit has run, otherwise nullopt.
     std::optional<int> exitCode() const;
 
-    // What an expression is, without running it: a value of a type, or a class that it names; Void when it is neither.
+    // The meaning of an expression without running it: a value of a type, or a class that it names. The type is Void if it
+    // is neither.
     struct Meaning {
         Type type;
-        ClassInfo* namedClass = nullptr; // null: a value
+        ClassInfo* namedClass = nullptr; // null for a value
     };
     Meaning meaningOf(std::string_view expression);
 
-    // Variables, constants and procedures.
+    // Returns the names of variables, constants and procedures.
     std::vector<std::string> names() const;
 
-    // Those of the name; empty when there is none.
+    // Returns the procedures with the name; empty if there are none.
     OverloadSet findProcedures(std::string_view name) const;
 
 private:

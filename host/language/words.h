@@ -1,5 +1,5 @@
-// The words of the language, each in one list: the checker, the prompt, the documentation and the grammar for editors use
-// these. The names of classes and their members are in the host's registry.
+// The words of the language, each in one list. The checker, the prompt, the documentation and the grammar for editors use
+// these lists. The names of classes and their members are in the host's registry.
 #pragma once
 
 #include "model/classes.h"
@@ -14,20 +14,20 @@ namespace host::language {
 enum class WordKind : std::uint8_t { statement, value, operation, type, generic, function };
 
 struct Word {
-    std::string_view name; // as it is usually written
+    std::string_view name; // in its usual spelling
     WordKind kind;
 };
 
-// Keywords, types and functions, each name once.
+// Returns the keywords, types and functions, each name once.
 const std::vector<Word>& words();
 
-// The functions that declarations describe, overloads one by one.
+// Returns the functions that have declarations, each overload separately.
 const std::vector<Method>& functions();
 
-// The functions of the name, without regard to case; empty if there is none.
+// Returns the functions with the name, ignoring case; empty if there are none.
 OverloadSet findFunctions(std::string_view name);
 
-// What the functions of the name are for; empty if there is none.
+// Returns the purpose of the functions with the name; empty if there are none.
 std::string_view functionText(std::string_view name);
 
 enum class ArrayUse : std::uint8_t { append, insert, remove, count, pop, reverse, sort, sortBy, indexOf, slice };
@@ -37,8 +37,8 @@ struct ArrayMember {
     std::string_view name;
     ArrayUse use;
     std::size_t fewest, most; // arguments
-    std::string_view takes;   // the arguments in words
-    std::string_view form;    // of the call, behind the array and its dot
+    std::string_view takes;   // a description of the arguments
+    std::string_view form;    // of the call, after the array and its dot
 };
 
 const std::vector<ArrayMember>& arrayMembers();

@@ -15,8 +15,8 @@ namespace host::language {
 
 class StatementChecker;
 
-// Checks a program, at once or, at a prompt, piece by piece. It keeps what is declared, and must outlive the code that it
-// makes, as must the classes in use.
+// Checks a program, in one piece or, at a prompt, piece by piece. The checker owns what is declared. It must outlive the
+// code that it creates, and so must the classes in use.
 class Checker {
 public:
     explicit Checker(ParseMode mode);
@@ -24,16 +24,18 @@ public:
     Checker(const Checker&) = delete;
     Checker& operator=(const Checker&) = delete;
 
-    // The code of the statements. With errors, which go to the diagnostics, it is null and nothing of them stays declared.
+    // Returns the code of the statements. If there are errors, they are added to the diagnostics, the result is null and
+    // nothing that the statements declare stays declared.
     ActionPtr check(const syntax::Block& block, Diagnostics& diagnostics);
 
-    // The variables of the program that carry references, in order of declaration. To be asked when all is checked.
+    // Returns the variables of the program that carry references, in order of declaration. Call it after everything is
+    // checked.
     std::vector<ScopeVariable> endProgram() { return scopes_.close(); }
 
-    // The type of an expression, or the class that a name means; Void when it is neither.
+    // The type of an expression, or the class that a name means; Void if it is neither.
     struct Meaning {
         Type type;
-        ClassInfo* namedClass = nullptr; // null: a value
+        ClassInfo* namedClass = nullptr; // null for a value
     };
     Meaning meaningOf(const syntax::Expression& expression, Diagnostics& warnings);
 

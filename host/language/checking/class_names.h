@@ -1,4 +1,4 @@
-// Names of types and classes in a program, looked up in the host's registry.
+// Looks up the names of types and classes of a program in the host's registry.
 #pragma once
 
 #include "language/reading/syntax.h"
@@ -7,13 +7,13 @@
 
 namespace host::language {
 
-// The type that a name means. Throws CheckError.
+// Returns the type that a name means. Throws CheckError.
 Type typeOf(const syntax::Name& name);
 
-// The class that a name means; null for Object, the class that every object is of. Throws CheckError.
+// Returns the class that a name means, or null for Object, the class of every object. Throws CheckError.
 ClassInfo* classOf(const syntax::Name& name);
 
-// A class that a Catch can name: RuntimeException or one that descends from it. Throws CheckError.
+// Returns a class that a Catch can name: RuntimeException or a class derived from it. Throws CheckError.
 ClassInfo* exceptionClassOf(const syntax::Name& name);
 
 } // namespace host::language

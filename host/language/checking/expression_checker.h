@@ -19,52 +19,52 @@ public:
     ExpressionChecker(Scopes& scopes, const Procedures& procedures, Diagnostics& diagnostics)
         : scopes_(scopes), procedures_(procedures), diagnostics_(diagnostics) {}
 
-    // Whatever the expression is, a call without a result too. All of these throw CheckError.
+    // Returns any expression, including a call without a result. All of these functions throw CheckError.
     Operand operand(const syntax::Expression& expression);
 
-    // It must have a value.
+    // Returns the value of an expression that must have one.
     Value value(const syntax::Expression& expression);
 
-    // The same for a For Each: of a Dictionary its keys.
+    // Returns the value that a For Each walks through. For a Dictionary these are its keys.
     Value valueToWalk(const syntax::Expression& expression);
 
-    // The value converted to the type.
+    // Returns the value converted to the type.
     CodePtr valueAs(const syntax::Expression& expression, const Type& type);
 
-    // The value as a string in the form of Print.
+    // Returns the value as a string in the form of Print.
     CodePtr text(const syntax::Expression& expression);
 
-    // When the expression joins texts to that of the variable, as in `name & a & b`: those texts, otherwise nothing.
+    // Returns the texts that the expression joins to the variable's text, as in `name & a & b`; empty if it does not.
     std::vector<CodePtr> textsJoinedTo(std::string_view name, const syntax::Expression& expression);
 
-    // New Class(arguments), which a Dim may stand for too.
+    // Returns the object of New Class(arguments). A Dim can have the same form.
     Operand newObject(const syntax::New& form, Offset offset);
 
-    // The value of an expression of literals and constants, converted to the type if there is one.
+    // Returns the value of an expression of literals and constants, converted to the type if there is one.
     Literal constantValue(const syntax::Expression& expression, const std::optional<Type>& wanted);
 
-    // The value of the expression is the right side of an operator.
+    // Returns the operation with `left` and, as its right side, the value of the expression.
     Operand binary(syntax::Operator operation, Value left, const syntax::Expression& with, Offset offset);
 
-    // The comparison of a value with that of an expression.
+    // Returns the comparison of a value with the value of an expression.
     CodePtr comparison(syntax::Operator operation, Value left, const syntax::Expression& right);
 
-    // Fails for a name that no variable, constant or class has. `declaration` is how a message declares the variable.
+    // Throws for a name that no variable, constant or class has. `declaration` is how a message declares the variable.
     void requireVariable(const syntax::Name& name, std::string_view declaration);
 
-    // Whether a function of the language or a procedure has the name.
+    // Returns whether a function of the language or a procedure has the name.
     bool isFunction(std::string_view name) const;
 
-    // "this cannot be assigned to", with the reason.
+    // Throws "this cannot be assigned to" with the reason.
     [[noreturn]] void failAssignment(const syntax::Expression& target);
 
-    // Warns when the value may lose a fraction where one of the type is needed.
+    // Warns if the value may lose a fraction where a value of the type is needed.
     void warnOfLostFraction(const Value& value, const Type& type, Offset offset);
 
-    // Code that does not come from here calls functions that may autorelease.
+    // Records that code from elsewhere calls functions that may autorelease.
     void requirePool() { needsPool_ = true; }
 
-    // Whether the code made since the last question calls functions that may autorelease.
+    // Returns whether the code created since the last call of this function calls functions that may autorelease.
     bool takeNeedsPool();
 
 private:
@@ -90,14 +90,14 @@ private:
 
     // Names (name_checker.cpp).
     Operand function(std::string_view name, const Arguments& arguments, Offset offset);
-    // The class that a plain name means, when no variable has that name.
+    // Returns the class that a plain name means, or null if a variable has that name.
     ClassInfo* classNamedBy(const syntax::Expression& expression) const;
-    // The function's name as it is declared.
+    // Returns the function's name as it is declared.
     std::string nameOfFunction(std::string_view name) const;
-    // "; remedy" for a member that arrays or plain values do not have; empty for most names.
+    // Returns "; remedy" for a member that arrays or plain values do not have; empty for most names.
     std::string remedyFor(Foreign where, std::string_view member, const NearestName& nearest) const;
     [[noreturn]] void failUnknownName(std::string_view name, Offset offset, bool called) const;
-    // Whether the expression is a call of the language's own Array.
+    // Returns whether the expression is a call of the language's own Array.
     bool makesArray(const syntax::Expression& expression) const;
 
     // Conversions (conversion_checker.cpp).
@@ -110,14 +110,14 @@ private:
     Operand arrayMember(Value array, const syntax::Name& name, const Arguments* arguments);
     Operand element(Value array, const Arguments& arguments, Offset offset);
 
-    // Members (member_checker.cpp). `arguments` is null without parentheses.
+    // Members (member_checker.cpp). `arguments` is null if there are no parentheses.
     Operand member(const syntax::Member& member, const Arguments* arguments);
     Operand sharedMember(ClassInfo& info, const syntax::Name& name, const Arguments* arguments);
     Operand objectMember(ClassInfo& info, CodePtr object, const syntax::Name& name, const Arguments* arguments);
 
     // Calls (call_checker.cpp).
     Operand callProcedure(const OverloadSet& overloads, const Arguments& arguments, Offset offset);
-    // A call of the one of the overloads that suits the arguments. `what` is how messages call it.
+    // Returns the call of the overload that matches the arguments. `what` names the callee in messages.
     Operand callOne(const std::string& what, const OverloadSet& overloads, CodePtr receiver, const Arguments* arguments,
                     Offset offset);
     void requireNotHidden(const syntax::Expression& callee) const;
@@ -127,9 +127,9 @@ private:
     // Bound functions of the language (null) and of built-in classes autorelease nothing.
     void requirePoolFor(const ClassInfo* owner) { needsPool_ = needsPool_ || (owner && !owner->isBuiltIn()); }
 
-    // Warns of a literal number for a colour that lacks alpha.
+    // Warns about a literal number for a colour if the number has no alpha.
     void warnOfInvisible(const syntax::Expression& expression);
-    CodePtr read(Operand operand, Offset offset); // fails for a property without getter
+    CodePtr read(Operand operand, Offset offset); // throws for a property without a getter
     CodePtr convert(CodePtr code, const Type& from, const Type& to, Offset offset, Purpose purpose = Purpose::assignment);
 
     bool computesConstant(std::string_view name) const;
@@ -141,10 +141,10 @@ private:
     bool needsPool_ = false;
 };
 
-// The type that takes values of both; `nothing` stands for none yet.
+// Returns the type that takes values of both; `nothing` means that there is no type yet.
 Type united(const Type& a, const Type& b);
 
-// The value of a declared constant or default.
+// Returns the value of a declared constant or default.
 CodePtr literalCode(const Literal& literal);
 Operand literalOperand(const Literal& literal);
 

@@ -1,4 +1,4 @@
-// Where control goes: whether it can reach the end of a procedure.
+// Determines whether control can reach the end of a procedure.
 #pragma once
 
 #include "language/reading/syntax.h"
@@ -7,8 +7,8 @@
 
 namespace host::language {
 
-// Whether control can come to the end of the block, or to an Exit that leaves the procedure. Conditions can be true and
-// false unless they are literals.
+// Returns whether control can reach the end of the block, or an Exit that leaves the procedure. A condition that is not a
+// literal can be true and false.
 bool reachesEnd(const syntax::Block& procedure);
 
 } // namespace host::language

@@ -1,4 +1,4 @@
-// What an expression turns out to be: a computed value, or a place that can also be assigned to or passed by reference.
+// The result of checking an expression: a computed value, or a place that can also be assigned to or passed by reference.
 #pragma once
 
 #include "language/checking/scopes.h"
@@ -13,12 +13,12 @@ namespace host::language {
 struct Value {
     Type type;
     CodePtr code;
-    bool whole = false; // a number without a fraction by how it is made
+    bool whole = false; // a number that its computation leaves without a fraction
 };
 
 class Operand {
 public:
-    static Operand result(Type type, CodePtr code); // done for an effect too; the type may be Void
+    static Operand result(Type type, CodePtr code); // may also have an effect; the type may be Void
     static Operand call(const Method& method, CodePtr receiver, std::vector<ArgumentCode> arguments, Offset offset);
     static Operand computed(Type type, CodePtr code);
     static Operand variable(const Variable& variable);
@@ -26,37 +26,38 @@ public:
     static Operand property(const Property& property, CodePtr object, Offset offset);
 
     const Type& type() const { return type_; }
-    // Whether a number has no fraction by how it is made: an Integer, the result of Floor, a sum of whole numbers.
+    // Returns whether a number has no fraction because of how it is computed: an Integer, the result of Floor, a sum of
+    // such numbers.
     bool isWhole() const { return whole_ || !type_.is(Kind::real); }
     Operand markedWhole(bool whole) && {
         whole_ = whole;
         return std::move(*this);
     }
-    // Whether it makes a statement of its own.
+    // Returns whether it can be a statement.
     bool hasEffect() const { return std::holds_alternative<Result>(form_) || std::holds_alternative<Call>(form_); }
-    // Null unless it is a call of a bound function.
+    // Returns the method if it is a call of a bound function, otherwise null.
     const Method* method() const {
         const auto* const call = std::get_if<Call>(&form_);
         return call ? call->method : nullptr;
     }
-    // Null unless it is a property.
+    // Returns the property if it is one, otherwise null.
     const Property* property() const;
-    // Whether it can be passed by reference: a variable or an element.
+    // Returns whether it can be passed by reference: a variable or an element.
     bool isAssignable() const;
-    // Whether `assign` can be called: the above, and properties and methods with a setter.
+    // Returns whether `assign` can be called: variables, elements, and properties and methods with a setter.
     bool isWritable() const;
 
-    // Whether it keeps what is assigned, does nothing else with it, and takes the empty value too.
+    // Returns whether an assignment only stores the value, without another effect, and the empty value is accepted too.
     bool canBeEmptied() const;
 
-    // The same place a second time. What it takes to get there is computed once, by the actions that this adds, into
-    // variables without a name. None for what is no place.
+    // Returns the same place a second time, or nullopt if it is not a place. The actions that this adds compute the place's
+    // parts once, into variables without a name.
     std::optional<Operand> twin(Scopes& scopes, Actions& actions);
 
-    // Each of these uses the operand up. A property that is read must have a getter.
+    // Each of these functions uses up the operand. A property that is read must have a getter.
     CodePtr read();
-    ArgumentCode byReference();      // isAssignable
-    ActionPtr assign(CodePtr value); // isWritable; the value is of the operand's type
+    ArgumentCode byReference();      // requires isAssignable
+    ActionPtr assign(CodePtr value); // requires isWritable; the value has the operand's type
 
 private:
     struct Result {

@@ -1,5 +1,5 @@
-// Functions of the language that turn numbers, colours and text into one another. They are bound functions: strings are
-// borrowed, a result belongs to the caller, and what is wrong is recorded as the pending exception.
+// Functions of the language that convert between numbers, colours and text. They are bound functions: strings are borrowed,
+// the caller owns a result, and an error is recorded as the pending exception.
 #pragma once
 
 #include "values/strings.h"
@@ -11,14 +11,14 @@ String* textOfInteger(HostInteger value);
 String* textOfDouble(double value);
 String* textOfColor(HostColor value);
 
-// With zeros before it up to so many digits, at most 64.
+// Adds zeros before the number up to `digits` digits, at most 64.
 String* hexOfInteger(HostInteger value, HostInteger digits);
 String* hexOfColor(HostColor value, HostInteger digits);
 
-double number(String* text); // raises for text that is no number
+double number(String* text); // raises for text that is not a number
 double numberOr(String* text, double otherwise);
 
-// Channels beyond 0 to 255 count as the nearest of the two.
+// Channels outside 0 to 255 count as the nearest of these two.
 HostColor color(HostInteger red, HostInteger green, HostInteger blue, HostInteger alpha);
 HostInteger red(HostColor color);
 HostInteger green(HostColor color);

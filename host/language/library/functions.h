@@ -1,5 +1,5 @@
-// What the checker knows of the functions of the language beside their declarations. They are bound functions, like those of
-// a plugin, and are resolved and called in the same way.
+// Properties of the language's functions that the checker needs in addition to their declarations. The functions are bound
+// functions, like those of a plugin, and are resolved and called in the same way.
 #pragma once
 
 #include "language/words.h"
@@ -9,8 +9,8 @@
 
 namespace host::language {
 
-// What a function does beside computing its result from its arguments alone: the result is a whole number, it is one of
-// whole arguments, or the function acts on the process or depends on it, so that no constant is made of it.
+// What a function does in addition to computing its result from its arguments: the result is a whole number; the result is
+// whole if the arguments are; or the function acts on the process or depends on it, so a call is never a constant.
 enum class Nature : std::uint8_t { computes, givesWhole, keepsWhole, acts };
 Nature functionNature(std::string_view name);
 

@@ -1,12 +1,12 @@
-// Functions of the language that compute with numbers. They are bound functions; what is wrong is recorded as the pending
-// exception. Doubles outside of what a function is defined for give no number, as division does, and raise nothing.
+// Functions of the language that compute with numbers. They are bound functions; an error is recorded as the pending
+// exception. For a Double outside its domain a function returns not-a-number, as division does, and raises nothing.
 #pragma once
 
 #include "values/values.h"
 
 namespace host::language::mathematics {
 
-double round(double value); // halves go away from 0
+double round(double value); // halves are rounded away from 0
 double floor(double value);
 double ceil(double value);
 double squareRoot(double value);
@@ -30,11 +30,11 @@ double exponential(double value);
 double logarithm(double value); // natural
 double decimalLogarithm(double value);
 
-// Random numbers come from std::mt19937_64, seeded by the system until a program seeds it. What a seed gives is the same on
-// every machine: a Double is the upper 53 bits of the next number, divided by 2^53; an integer of a range of n is the next
-// number below the greatest multiple of n, modulo n, above the range's first.
+// Random numbers come from std::mt19937_64, seeded by the system until a program seeds it. A seed produces the same numbers
+// on every machine. A Double is the upper 53 bits of the next number, divided by 2^53. An integer from a range of n values
+// uses the next number below the greatest multiple of n, modulo n, plus the first value of the range.
 void seedRandom(HostInteger seed);                              // sign-extended to 64 bits
-double randomReal();                                            // from 0 on, below 1
-HostInteger randomInRange(HostInteger first, HostInteger last); // both included; raises when `last` is smaller
+double randomReal();                                            // at least 0, below 1
+HostInteger randomInRange(HostInteger first, HostInteger last); // both included; raises if `last` is smaller
 
 } // namespace host::language::mathematics

@@ -6,8 +6,8 @@
 
 namespace host::language {
 
-// The function Hex of an object: returns the literal of a colour object's colour in sRGB. A bound function, whose result
-// belongs to the caller. What is not a colour raises TypeMismatchException.
+// The function Hex of an object: returns the literal of a colour object's colour in sRGB. A bound function; the caller owns
+// the result. Raises TypeMismatchException if the object is not a colour.
 String* hexOfObject(Object* object);
 
 } // namespace host::language

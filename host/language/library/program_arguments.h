@@ -1,4 +1,4 @@
-// What a program is given when it is started.
+// The arguments with which a program is started.
 #pragma once
 
 #include "model/arrays.h"
@@ -8,10 +8,10 @@
 
 namespace host::language {
 
-// In UTF-8; none until somebody sets them.
+// Returns the arguments in UTF-8, which a caller may set; empty at first.
 std::vector<std::string>& givenArguments();
 
-// The function Arguments: a bound function, whose result belongs to the caller.
+// The function Arguments: a bound function; the caller owns the result.
 Array* programArguments();
 
 } // namespace host::language

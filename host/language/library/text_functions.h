@@ -1,5 +1,5 @@
-// Functions of the language that work on text. They are bound functions: strings are borrowed, a result belongs to the
-// caller, and what is wrong is recorded as the pending exception.
+// Functions of the language for text. They are bound functions: strings are borrowed, the caller owns a result, and an
+// error is recorded as the pending exception.
 #pragma once
 
 #include "builtins/memory_blocks.h"
@@ -11,24 +11,24 @@ namespace host::language::text {
 String* trim(String* text);
 String* trimLeft(String* text);
 String* trimRight(String* text);
-String* replace(String* text, String* wanted, String* by); // all of them
+String* replace(String* text, String* wanted, String* by); // replaces all occurrences
 String* repeat(String* text, HostInteger count);
 Array* split(String* text, String* delimiter); // an empty delimiter splits into characters
 String* join(Array* parts, String* delimiter);
-String* character(HostInteger code); // Unicode; raises for what is no character
-HostInteger codeOf(String* text);    // of the first character; -1 of none
+String* character(HostInteger code); // Unicode; raises if the code is not a character
+HostInteger codeOf(String* text);    // of the first character; -1 if there is none
 
-// How texts stand to each other by code points, or by those of their small letters: -1, 0 or 1.
+// Compares by code points, or by the code points of the lowercase texts. Returns -1, 0 or 1.
 HostInteger order(String* a, String* b, HostBoolean ignoringCase);
 
-// Parts of a text. Characters are counted from 1; numbers that are too small or too large count as the nearest in range.
+// Parts of a text. Characters are counted from 1. A number outside the range counts as the nearest one in it.
 HostInteger length(String* text);
 String* mid(String* text, HostInteger start, HostInteger count);
 String* midToEnd(String* text, HostInteger start);
 String* left(String* text, HostInteger count);
 String* right(String* text, HostInteger count);
 
-// The characters that such a part has of a text with so many, counted from 0.
+// The characters of such a part, counted from 0, of a text with `length` characters.
 struct Part {
     std::size_t first;
     std::size_t count;
@@ -40,26 +40,29 @@ Part partOfRight(HostInteger length, HostInteger count);
 // Returns the byte at which `wanted` occurs first from `start` on, or npos, in time proportional to both lengths.
 std::size_t indexOf(std::string_view text, std::string_view wanted, std::size_t start);
 
-// Where `wanted` is, from character number `start` on, as the number of its first character; 0 when it is not in there.
+// Returns the number of the first character of the first occurrence of `wanted` from character `start` on, or 0 if there is
+// none.
 HostInteger findFrom(HostInteger start, String* text, String* wanted);
 HostInteger find(String* text, String* wanted);
-HostInteger findLastOf(String* text, String* wanted); // the last one
+HostInteger findLastOf(String* text, String* wanted); // the last occurrence
 
-// Where `wanted` stands last, as the number of its first character, at most `start`; 0 when it does not.
+// Returns the number of the first character of the last occurrence of `wanted` that starts at or before `start`, or 0 if
+// there is none.
 HostInteger findLast(HostInteger start, String* text, String* wanted);
 
 String* uppercase(String* text);
 String* lowercase(String* text);
 
-// Where text meets bytes. Encodings have their names of the Internet, in any case: UTF-8, UTF-16 and UTF-32 (in the
-// machine's byte order), US-ASCII, ISO-8859-1, windows-1252, macintosh. Unknown ones raise.
-HostInteger byteCount(String* text);                    // as it is stored
-MemoryBlock* bytes(String* text, String* encoding);     // raises when the encoding lacks one of its characters
-String* defineEncoding(String* text, String* encoding); // the same bytes as text of it; raises when they are none
+// Conversions between text and bytes. Encodings have their names of the Internet, in any case: UTF-8, UTF-16 and UTF-32 (in
+// the machine's byte order), US-ASCII, ISO-8859-1, windows-1252, macintosh. An unknown encoding raises.
+HostInteger byteCount(String* text);                // as stored
+MemoryBlock* bytes(String* text, String* encoding); // raises if the encoding does not have one of the characters
+// the same bytes as text in the encoding; raises if they are invalid in it
+String* defineEncoding(String* text, String* encoding);
 
-// The number as the pattern says: 0 a digit, # a digit unless it is a leading or trailing 0, the first . the decimal point,
-// a comma before it groups by thousands, % shows hundredths. What stands before and behind is taken as it is; \ takes the
-// next character as it is.
+// Formats the number by the pattern. 0 is a digit, # is a digit unless it is a leading or trailing 0, and the first . is
+// the decimal point. A comma before the point groups by thousands, and % shows hundredths. Text before and after these is
+// copied; \ copies the next character.
 String* format(double value, String* pattern);
 
 } // namespace host::language::text

@@ -1,4 +1,4 @@
-// What is wrong with a program, or looks wrong, found before it runs.
+// The errors and warnings that are found in a program before it runs.
 #pragma once
 
 #include "language/reading/source.h"
@@ -19,44 +19,46 @@ struct Diagnostic {
     std::string message;
 };
 
-// Why a statement cannot be read any further. Thrown by the lexer and the parser, which goes on behind the statement.
+// The reason why a statement cannot be read any further. The lexer and the parser throw it; the parser continues after the
+// statement.
 struct SyntaxError {
     Offset offset;
     std::string message;
-    bool fatal = false; // nothing behind it is read
+    bool fatal = false; // nothing after it is read
 };
 
-// Why the checker gives up on a statement: the first error in it is reported, and checking goes on behind it.
+// The reason why the checker abandons a statement. It reports the first error in the statement and continues after it.
 struct CheckError {
     Offset offset;
-    std::string message; // empty: an echo of an error that is reported already
+    std::string message; // empty for a consequence of an error that is already reported
 };
 
 inline std::string quoted(std::string_view name) { return "'" + std::string(name) + "'"; }
 
 [[noreturn]] inline void failCheck(Offset offset, std::string message) { throw CheckError{offset, std::move(message)}; }
 
-// The errors and warnings of one program. Beyond a limit, for each of the two, further ones are dropped, which the report
-// tells.
+// The errors and warnings of one program. Each of the two has a limit, beyond which further ones are dropped; the report
+// mentions that.
 class Diagnostics {
 public:
     // The source must outlive the diagnostics.
     Diagnostics(const Source& source, std::size_t limit) : source_(source), limit_(limit) {}
 
-    // "line 3", for messages that name a second place.
+    // Returns "line 3", for messages that name a second place.
     std::string lineOf(Offset offset) const { return "line " + std::to_string(source_.place(offset).line); }
 
     void add(Offset offset, std::string message) { add({Level::error, offset, std::move(message)}); }
 
-    // Of a program that means something, but hardly what was meant. Once for a place, however often that is checked.
+    // Adds a warning about code that is valid but probably not what its author meant. A place has at most one warning,
+    // however often it is checked.
     void warn(Offset offset, std::string message);
 
     bool haveErrors() const { return errors_ > 0; }
-    bool full() const { return droppedErrors_; } // of errors
+    bool full() const { return droppedErrors_; } // whether errors have been dropped
 
-    std::vector<Diagnostic> inOrder() const; // of the program's text
+    std::vector<Diagnostic> inOrder() const; // in the order of the program's text
 
-    // The whole report, in the order of the program's text.
+    // Returns the complete report, in the order of the program's text.
     std::string report() const;
 
 private:

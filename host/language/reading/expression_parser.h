@@ -7,8 +7,8 @@
 
 namespace host::language {
 
-// How deep a program is nested at a place. Parser, checker and execution recurse as deep, so it is limited to what every
-// stack can hold.
+// The nesting depth at a place of a program. Parser, checker and execution recurse as deep, so the depth is limited to what
+// every stack can hold.
 class Nesting {
 public:
     explicit Nesting(unsigned& depth, Offset offset) : depth_(depth), outer_(depth) { deepen(offset); }
@@ -16,7 +16,7 @@ public:
     Nesting(const Nesting&) = delete;
     Nesting& operator=(const Nesting&) = delete;
 
-    // One level more until this goes out of scope.
+    // Adds one level until this object goes out of scope.
     void deepen(Offset offset) {
         if (++depth_ <= maxDepth) return;
         throw SyntaxError{offset, "this is nested more than " + std::to_string(maxDepth) + " levels deep; split it up",
@@ -35,19 +35,19 @@ public:
 
     syntax::ExpressionPtr expression() { return binary(0); }
 
-    // The expression that begins with the given one.
+    // Parses the rest of an expression that begins with the given one.
     syntax::ExpressionPtr expressionFrom(syntax::ExpressionPtr first);
 
-    // A name with what follows it in dots and parentheses: what a statement can begin with.
+    // Parses a name with the dots and parentheses that follow it. A statement can begin with such an expression.
     syntax::ExpressionPtr postfix();
 
-    // Values separated by commas.
+    // Parses values separated by commas.
     std::vector<syntax::ExpressionPtr> list();
 
-    // A list in parentheses, which may be empty.
+    // Parses a list in parentheses, which may be empty.
     std::vector<syntax::ExpressionPtr> parenthesised();
 
-    // Class[(arguments)], behind the New.
+    // Parses Class[(arguments)], after the New.
     syntax::New newObject();
 
 private:

@@ -1,4 +1,4 @@
-// What people write who come from other languages, and how this one says it.
+// Spellings from other languages, and how this language writes the same.
 #pragma once
 
 #include <cstdint>
@@ -6,14 +6,14 @@
 
 namespace host::language {
 
-// Where the spelling was met: as a name, as the name of a call with arguments, as a member of an array or of a plain value
-// such as text, or as the type of what is indexed.
+// Where the spelling was found: as a name, as the name of a call with arguments, as a member of an array or of a plain
+// value such as text, or as the type of an indexed value.
 enum class Foreign : std::uint8_t { name, call, arrayMember, plainMember, indexedType };
 
-// Returns a hint such as "whole numbers are 'Integer'"; empty for most spellings. Those of a name count for calls too.
+// Returns a hint such as "whole numbers are 'Integer'"; empty for most spellings. Hints for a name also apply to calls.
 std::string_view hintFor(Foreign where, std::string_view spelling);
 
-// The sign of another language that the text, a program from some place to its end, begins with.
+// The sign of another language with which the text begins. The text is a program from some place to its end.
 struct ForeignSign {
     std::string_view sign; // empty: none
     std::string_view hint;

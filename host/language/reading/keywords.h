@@ -6,12 +6,12 @@
 
 namespace host::language {
 
-// Returns the keyword of the name, without regard to case; none if there is none.
+// Returns the keyword with the name, ignoring case, or Keyword::none.
 Keyword keywordOf(std::string_view name);
 
 enum class Generic : std::uint8_t { none, newArray, upperBound, lowerBound };
 
-// Returns the generic function of the name, without regard to case; none if there is none.
+// Returns the generic function with the name, ignoring case, or Generic::none.
 Generic genericOf(std::string_view name);
 
 } // namespace host::language

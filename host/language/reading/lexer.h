@@ -1,4 +1,4 @@
-// Cuts a program's text into tokens.
+// Splits a program's text into tokens.
 #pragma once
 
 #include "language/reading/diagnostics.h"
@@ -14,13 +14,13 @@ public:
     // The text must outlive the lexer and its tokens.
     explicit Lexer(std::string_view text, Offset start = 0);
 
-    // The next token; endOfFile again and again at the end. Throws SyntaxError.
+    // Returns the next token; at the end, always endOfFile. Throws SyntaxError.
     Token next();
 
-    // Goes to the end of the line, after an error.
+    // Skips to the end of the line, after an error.
     void skipLine();
 
-    // Goes on behind what was an error, which may be in the middle of it.
+    // Skips one byte after an error, but never a line end. The position may be in the middle of the invalid text.
     void skipCharacter();
 
 private:
@@ -37,10 +37,10 @@ private:
 
     std::string_view text_;
     std::size_t position_ = 0;
-    // Whether the last token ended an operand: `a &b1` then joins strings, while `= &b1` starts a binary number.
+    // Whether the last token ended an operand. Then `a &b1` joins strings, while `= &b1` starts a binary number.
     bool afterOperand_ = false;
     bool afterDot_ = false;
-    // Whether a statement began with only names and dots so far: `F &hFF` then calls F with a number.
+    // Whether the statement so far consists of names and dots. Then `F &hFF` calls F with a number.
     bool inHead_ = true;
     std::optional<Offset> quoted_; // see Token
 };

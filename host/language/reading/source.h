@@ -1,4 +1,4 @@
-// A program's text, and how places in it are shown to people.
+// A program's text, and the display of places in it.
 #pragma once
 
 #include <cstddef>
@@ -8,12 +8,12 @@
 
 namespace host::language {
 
-// A place in a program: a byte offset into its text. Programs larger than 4 GB are refused before any offset is taken.
+// A place in a program: a byte offset into its text. Programs larger than 4 GB are rejected before any offset is computed.
 using Offset = std::uint32_t;
 
 class Source {
 public:
-    // `name` is how messages call the file; `colored`: reports have colours for a terminal.
+    // `name` names the file in messages. With `colored`, reports have colours for a terminal.
     Source(std::string name, std::string text, bool colored = false)
         : name_(std::move(name)), text_(std::move(text)), colored_(colored) {}
 
@@ -27,13 +27,13 @@ public:
     Place place(Offset offset) const;
     std::string location(Offset offset) const; // "name:line:column"
 
-    std::string_view line(Offset offset) const; // without its end
+    std::string_view line(Offset offset) const; // without its line end
 
-    // More text at the end, and where it starts. Views of the text are no longer valid.
+    // Appends text and returns where it starts. Invalidates all views of the text.
     Offset append(std::string_view text);
 
-    // "name:line:column: message", the source line, and a line with a caret below the place. A long line is cut to the
-    // neighbourhood of the caret.
+    // Returns "name:line:column: message", the source line, and a line with a caret below the place. A long line is cut to
+    // the part around the caret.
     std::string report(Offset offset, std::string_view message) const;
 
 private:

@@ -1,4 +1,4 @@
-// Parses statements: the simple ones here, those with blocks and procedures in files of their own.
+// Parses statements. Statements with blocks and procedures are in separate source files.
 #pragma once
 
 #include "language/reading/expression_parser.h"
@@ -10,13 +10,13 @@
 
 namespace host::language {
 
-// A block that is being read: how messages call it, the words that close it, and where it began.
+// A block that is being parsed: its name in messages, the words that close it, and where it began.
 struct Opening {
     Offset offset;
     std::string_view name;
     std::string_view closing;
     Keyword first;
-    Keyword second; // none: one word closes it
+    Keyword second; // none if one word closes it
 };
 
 class StatementParser {
@@ -27,17 +27,17 @@ public:
 
     syntax::Block program(); // throws a fatal SyntaxError
 
-    // Whether the program ended inside a block.
+    // Returns whether the program ended inside a block.
     bool endedInBlock() const { return endedInBlock_; }
 
 private:
-    // Statements up to a word that ends their block, which is left to the caller.
+    // Parses statements up to a word that ends their block, which is left to the caller.
     syntax::Block statements();
-    syntax::Block lineOfStatements(); // what follows Then or Else on their own line
+    syntax::Block lineOfStatements(); // the statements after Then or Else on the same line
     syntax::Statement statement();
     syntax::Statement statementOrBroken();
     syntax::Broken broken(const SyntaxError& error, Offset start);
-    std::string foreignStart(Offset start) const; // a message, or nothing
+    std::string foreignStart(Offset start) const; // a message, or empty
 
     // Simple statements.
     syntax::Dim dim();
@@ -64,12 +64,13 @@ private:
     syntax::LoopVariable loopVariable();
     void closeLoop(const Opening& opening, const syntax::Name& variable);
 
-    syntax::ExpressionPtr condition();     // of a block; after an error in it, True
-    syntax::ExpressionPtr conditionThen(); // the same with the Then behind it
+    syntax::ExpressionPtr condition();     // of a block; True after an error in it
+    syntax::ExpressionPtr conditionThen(); // a condition and the Then after it
 
-    syntax::Block block(const Opening& opening); // up to the words that close it, which are taken
-    syntax::Block part(const Opening& opening);  // up to a word that ends this part of it
-    // `elseIf` is where an Else If began that the block may miss an end for.
+    syntax::Block block(const Opening& opening); // up to and including the words that close it
+    syntax::Block part(const Opening& opening);  // up to a word that ends this part of the block
+    // Takes the words that close the block, or reports that they are missing. `elseIf` is the place of an "Else If" in the
+    // block, which needs another End If.
     void close(const Opening& opening, std::optional<Offset> elseIf = {});
     bool closes(const Opening& opening) const;
     bool continues(const Opening& opening) const;
@@ -96,7 +97,7 @@ private:
     ExpressionParser expressions_;
     std::vector<Opening> openings_;
     bool endedInBlock_ = false;
-    bool closerLeft_ = false; // the last block left a word to a block around it
+    bool closerLeft_ = false; // the last block left its word to an outer block
 };
 
 } // namespace host::language

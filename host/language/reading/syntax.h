@@ -1,4 +1,4 @@
-// A program as it is written: the tree that the parser builds and the checker reads. Names are views into the source text.
+// The syntax tree of a program, which the parser builds and the checker reads. Names are views into the source text.
 #pragma once
 
 #include "language/reading/source.h"
@@ -57,7 +57,8 @@ struct Member {
     Name name;
 };
 
-// A call or an array element, which look alike: `callee` tells. Without parentheses only as a statement.
+// A call or an array element, which have the same form; `callee` determines which it is. Only a statement can omit the
+// parentheses.
 struct Call {
     ExpressionPtr callee;
     std::vector<ExpressionPtr> arguments;
@@ -85,7 +86,7 @@ struct TypeTest {
     Name className;
 };
 
-// If(condition, yes, no), of which one is computed.
+// If(condition, yes, no), which computes only one of the two values.
 struct Conditional {
     ExpressionPtr condition;
     ExpressionPtr yes;
@@ -93,7 +94,7 @@ struct Conditional {
 };
 
 struct Expression {
-    Offset offset; // where a message about it points: the operator of a binary one, the name of a member
+    Offset offset; // where a message about it points: the operator of a binary expression, the name of a member
     std::variant<Literal, Identifier, Member, Call, New, Unary, Binary, TypeTest, Conditional> form;
 };
 
@@ -106,15 +107,15 @@ using Block = std::vector<Statement>;
 struct Declarator {
     Name name;
     bool isArray;
-    ExpressionPtr upperBound; // null: an empty array
+    ExpressionPtr upperBound; // null for an empty array
 };
 
-// Dim a, b As Type [= value], c = value, d As New Type(arguments); the latter is the same with a New as the value.
+// Dim a, b As Type [= value], c = value, d As New Type(arguments). The last form has a New as its value.
 struct Dim {
     struct Group {
         std::vector<Declarator> declarators;
-        std::optional<Name> type; // none: that of the value
-        ExpressionPtr value;      // null: the type's null value
+        std::optional<Name> type; // none if the value determines it
+        ExpressionPtr value;      // null for the type's null value
     };
     std::vector<Group> groups;
 };
@@ -127,10 +128,10 @@ struct ReDim {
 struct Assignment {
     ExpressionPtr target;
     ExpressionPtr value;
-    std::optional<Operator> operation; // of += and its like, which change the target by the value
+    std::optional<Operator> operation; // of += and similar operators, which change the target by the value
 };
 
-// A call made for its effect.
+// A call for its effect.
 struct Evaluation {
     ExpressionPtr call;
 };
@@ -140,7 +141,7 @@ struct Print {
     bool endsLine; // Write does not
 };
 
-// Const Name [As Type] = value, which is made of literals and constants.
+// Const Name [As Type] = value, which consists of literals and constants.
 struct Const {
     Name name;
     std::optional<Name> type;
@@ -155,23 +156,23 @@ struct Return {
     ExpressionPtr value; // null: none
 };
 
-// What Exit and Continue can leave.
+// The constructs that Exit and Continue can leave.
 enum class Surrounding : std::uint8_t { anyLoop, forLoop, whileLoop, doLoop, sub, function };
 
-// Exit For and its like, Continue [For].
+// Exit For and similar statements, Continue [For].
 struct Leave {
     Surrounding what;
     bool continues;
 };
 
-// An expression typed at a prompt, whose value is shown.
+// An expression that is typed at a prompt. Its value is shown.
 struct Presentation {
     ExpressionPtr value;
 };
 
 struct If {
     struct Branch {
-        ExpressionPtr condition; // null: Else
+        ExpressionPtr condition; // null for Else
         Block block;
     };
     std::vector<Branch> branches;
@@ -189,23 +190,23 @@ struct Do {
     Block block;
 };
 
-// One of the alternatives of a Case: "value" and "Is > value" compare with `first`, "first To last" asks for a range.
+// One alternative of a Case: "value" and "Is > value" compare with `first`; "first To last" tests a range.
 struct CaseTest {
     Operator operation;
     ExpressionPtr first;
-    ExpressionPtr last; // null: no range
+    ExpressionPtr last; // null without a range
 };
 
 struct Select {
     struct Case {
-        std::vector<CaseTest> tests; // none: Case Else
+        std::vector<CaseTest> tests; // empty for Case Else
         Block block;
     };
     ExpressionPtr value;
     std::vector<Case> cases;
 };
 
-// A loop's own variable when it has a type, otherwise a variable declared before.
+// The loop's own variable if it has a type, otherwise a variable that is declared before the loop.
 struct LoopVariable {
     Name name;
     std::optional<Name> type;
@@ -215,7 +216,7 @@ struct For {
     LoopVariable variable;
     ExpressionPtr first;
     ExpressionPtr last;
-    ExpressionPtr step; // null: 1
+    ExpressionPtr step; // null for 1
     bool down;
     Block block;
 };
@@ -229,7 +230,7 @@ struct ForEach {
 struct Try {
     struct Catch {
         std::optional<Name> variable;
-        std::optional<Name> className; // none: every exception
+        std::optional<Name> className; // none for every exception
         Block block;
     };
     Block block;
@@ -246,7 +247,7 @@ struct TypeName {
 
 struct Parameter {
     Name name;
-    TypeName type; // of a ParamArray: the array's
+    TypeName type; // of a ParamArray, the type of the array
     bool byRef;
     bool paramArray;
     ExpressionPtr defaultValue; // null: none
@@ -255,12 +256,12 @@ struct Parameter {
 struct Procedure {
     Name name;
     std::vector<Parameter> parameters;
-    std::optional<TypeName> result; // none: a Sub
+    std::optional<TypeName> result; // none for a Sub
     Block block;
 };
 
-// What an error in a statement has left of it: the names that it may have declared, so that their uses are no errors of
-// their own, and the block that it began.
+// The usable parts of a statement that has an error: the names that it may have declared, so that their uses do not cause
+// further errors, and the block that it began.
 struct Broken {
     std::vector<Name> names;
     std::optional<Block> block;

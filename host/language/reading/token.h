@@ -15,8 +15,8 @@ namespace host::language {
 
 enum class TokenKind : std::uint8_t {
     endOfFile,
-    endOfStatement, // a line's end or a colon
-    name,           // a keyword too: see Token::keyword
+    endOfStatement, // a line end or a colon
+    name,           // also a keyword; see Token::keyword
     integer,
     real,
     color,
@@ -46,7 +46,7 @@ enum class TokenKind : std::uint8_t {
     dot,
 };
 
-// Keywords are recognised by where they stand: behind a dot each of them is a member's name.
+// Keywords are recognised by their position: after a dot, each of them is the name of a member.
 enum class Keyword : std::uint8_t {
     none,
     andOperator,
@@ -103,11 +103,11 @@ enum class Keyword : std::uint8_t {
 struct Token {
     TokenKind kind = TokenKind::endOfFile;
     Keyword keyword = Keyword::none;
-    bool lineEnd = false; // of endOfStatement: a line's end rather than a colon
+    bool lineEnd = false; // of endOfStatement: a line end, not a colon
     Offset offset = 0;
-    std::optional<Offset> quoted = {}; // of an end: where a comment before it began that looks like text in quotes
+    std::optional<Offset> quoted = {}; // of a line end: the start of a comment before it that looks like text in quotes
     std::string_view text;             // as written
-    std::variant<HostInteger, double, HostColor, std::string> value; // of a literal
+    std::variant<HostInteger, double, HostColor, std::string> value; // for a literal
 };
 
 } // namespace host::language

@@ -1,4 +1,4 @@
-// The tokens of a program with one of lookahead, and the errors of a parser that meets the wrong one.
+// The tokens of a program with one token of lookahead, and the errors for unexpected tokens.
 #pragma once
 
 #include "language/reading/lexer.h"
@@ -9,7 +9,7 @@ namespace host::language {
 
 class TokenStream {
 public:
-    // Begins with the end of a line that is not there, so that an error in the first word is met like any other.
+    // Starts with a line end that is not in the text, so that an error in the first word is handled like any other.
     explicit TokenStream(std::string_view text, Offset start = 0) : lexer_(text, start) {
         token_.kind = TokenKind::endOfStatement;
         token_.lineEnd = true;
@@ -19,13 +19,13 @@ public:
     const Token& peek() const { return token_; }
     Token take();
 
-    // The keyword of the word behind the next one; none when there is no such word.
+    // Returns the keyword after the next token, or Keyword::none if there is no such word.
     Keyword keywordBehind() const;
 
-    // Gives up the rest of the line, after an error.
+    // Skips the rest of the line, after an error.
     void skipLine();
 
-    // Gives up what stands in front of the keyword, after an error; all of the line when it is not in there.
+    // Skips what is before the keyword, after an error; skips the complete line if the keyword is not in it.
     void skipTo(Keyword keyword);
 
     bool at(TokenKind kind) const { return token_.kind == kind; }
@@ -40,20 +40,20 @@ public:
         return true;
     }
 
-    // Takes the given token; `wanted` is how the message calls it.
+    // Takes the given token. `wanted` names it in the message.
     void expect(TokenKind kind, std::string_view wanted);
     void expect(Keyword keyword, std::string_view wanted);
 
-    // Takes a name that is no keyword.
+    // Takes a name that is not a keyword.
     Token expectName(std::string_view wanted);
 
-    // "`wanted` is expected here, not 'x'; `hint`". Throws SyntaxError.
+    // Throws the SyntaxError "`wanted` is expected here, not 'x'; `hint`".
     [[noreturn]] void failExpected(std::string_view wanted, std::string_view hint = {}) const;
 
 private:
     Lexer lexer_;
     Token token_;
-    bool broken_ = false; // the lexer failed behind the token
+    bool broken_ = false; // the lexer failed after the token
 };
 
 } // namespace host::language

@@ -1,5 +1,5 @@
-// How the arguments of a call are evaluated and handed over, whatever is called. A callee has run(frame, slots) -> Slot and
-// offset(), and its arguments stand in the slots from `first` on.
+// Evaluates and passes the arguments of a call, for every kind of callee. A callee has run(frame, slots) -> Slot and
+// offset(), and its arguments are in the slots from `first` on.
 #pragma once
 
 #include "language/running/array_operations.h"
@@ -10,7 +10,7 @@
 
 namespace host::language {
 
-// Arguments none of which is an element by reference.
+// Arguments without an element by reference.
 class Values {
 public:
     explicit Values(std::vector<ArgumentCode> arguments) {
@@ -31,14 +31,14 @@ private:
     std::vector<CodePtr> codes_;
 };
 
-// An element while it is passed by reference.
+// An array element while it is passed by reference.
 struct ElementCopy {
     ElementCopy() = default;
     ElementCopy(const ElementCopy&) = delete;
     ElementCopy& operator=(const ElementCopy&) = delete;
     ~ElementCopy() { unlock(counting, value); }
 
-    Array* array = nullptr; // kept by the frame; null: not an element
+    Array* array = nullptr; // kept alive by the frame; null if the argument is not an element
     HostInteger index = 0;
     Counting counting = Counting::none;
     Slot value;
@@ -89,7 +89,7 @@ private:
     std::vector<ArgumentCode> arguments_;
 };
 
-// Gives `make` the arguments in the form that suits them.
+// Calls `make` with the arguments in the form that suits them.
 template <class Make>
 CodePtr withArguments(std::vector<ArgumentCode> arguments, Make make) {
     for (const ArgumentCode& argument : arguments)

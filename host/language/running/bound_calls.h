@@ -1,4 +1,4 @@
-// Code that calls bound functions, those of plugins and of the host alike, and makes objects.
+// Code that calls the bound functions of plugins and of the host, and creates objects.
 #pragma once
 
 #include "language/running/code.h"
@@ -8,26 +8,26 @@
 
 namespace host::language {
 
-// One argument of a call: a value, or an array element that is passed by reference. Such an element has no address of its
-// own: it is copied into the call and written back behind it, whether or not the call raises.
+// One argument of a call: a value, or an array element that is passed by reference. The element's address may change, so
+// the element is copied into the call and written back after it, whether or not the call raises.
 struct ArgumentCode {
-    CodePtr value; // null: an element by reference
+    CodePtr value; // null for an element by reference
     CodePtr array;
     CodePtr index;
     Counting counting = Counting::none; // of the element
 };
 
-// Calls the method with the receiver, unless it is shared, and one argument for each parameter. A receiver that is Nil
-// raises. The method must outlive the code.
+// Calls the method with the receiver, unless the method is shared, and with one argument for each parameter. A receiver
+// that is Nil raises. The method must outlive the code.
 CodePtr callMethod(const Method& method, CodePtr receiver, std::vector<ArgumentCode> arguments, Offset offset);
 
-// Calls the setter of the method, as "receiver.method(arguments) = value" means it; the value is the last of the arguments.
+// Calls the setter of the method for "receiver.method(arguments) = value". The value is the last of the arguments.
 ActionPtr callSetter(const Method& method, CodePtr receiver, std::vector<ArgumentCode> arguments, Offset offset);
 
-// A new object, on which the Constructor then runs; null: it has none to run.
+// Creates an object and runs the Constructor on it, unless `constructor` is null.
 CodePtr makeObject(ClassInfo& info, const Method* constructor, std::vector<ArgumentCode> arguments, Offset offset);
 
-// Whether the object is of the class or one of its subclasses. Null for the class that every object is of.
+// Returns whether the object is of the class or one of its subclasses. A null `info` means the class of every object.
 CodePtr isOfClass(CodePtr object, const ClassInfo* info);
 
 } // namespace host::language

@@ -1,5 +1,5 @@
-// A checked program in the form that runs: a tree of closures with every name, overload, variable and conversion resolved.
-// The tree itself is untyped; the checker knows the type of each value and puts together only what fits.
+// A checked program in executable form: a tree of closures with every name, overload, variable and conversion resolved. The
+// tree is untyped; the checker knows the type of each value and combines only what fits.
 #pragma once
 
 #include "values/types.h"
@@ -24,11 +24,11 @@ public:
 };
 using CodePtr = std::unique_ptr<Code>;
 
-// How an action ends: normally, or by a statement that leaves what is around it.
+// How an action ends: normally, or by a statement that leaves an enclosing construct.
 struct Completion {
     enum class Ending : std::uint8_t { normal, exitLoop, continueLoop, leaveProcedure };
     Ending ending = Ending::normal;
-    std::uint16_t loop = 0; // when a loop is left or goes on: how many loops are around the loop's body, itself included
+    std::uint16_t loop = 0; // when a loop is left or continues: the number of loops around its body, including the loop
 
     bool isNormal() const { return ending == Ending::normal; }
 };
@@ -41,7 +41,7 @@ public:
 using ActionPtr = std::unique_ptr<Action>;
 using Actions = std::vector<ActionPtr>;
 
-// A value from a closure (Frame&) -> Slot.
+// Returns a value from a closure (Frame&) -> Slot.
 template <class Function>
 CodePtr makeCode(Function function) {
     class Closure final : public Code {
@@ -55,7 +55,7 @@ CodePtr makeCode(Function function) {
     return std::make_unique<Closure>(std::move(function));
 }
 
-// An action from a closure (Frame&) -> void, which ends normally, or (Frame&) -> Completion.
+// Returns an action from a closure (Frame&) -> void, which ends normally, or (Frame&) -> Completion.
 template <class Function>
 ActionPtr makeAction(Function function) {
     class Closure final : public Action {
@@ -76,7 +76,7 @@ ActionPtr makeAction(Function function) {
     return std::make_unique<Closure>(std::move(function));
 }
 
-// A value computed from two others, the left one first, by (Slot, Slot) -> Slot.
+// Returns a value that (Slot, Slot) -> Slot computes from two others, of which the left one is evaluated first.
 template <class Function>
 CodePtr combine(CodePtr left, CodePtr right, Function function) {
     return makeCode([left = std::move(left), right = std::move(right), function](Frame& frame) {
@@ -86,7 +86,7 @@ CodePtr combine(CodePtr left, CodePtr right, Function function) {
     });
 }
 
-// A value computed from another by (Slot) -> Slot.
+// Returns a value that (Slot) -> Slot computes from another.
 template <class Function>
 CodePtr transform(CodePtr operand, Function function) {
     return makeCode([operand = std::move(operand), function](Frame& frame) { return function(operand->evaluate(frame)); });

@@ -1,4 +1,4 @@
-// Actions that order other actions, and the steps that all of them are made of.
+// Actions that control other actions, and the steps of which all actions consist.
 #pragma once
 
 #include "language/running/code.h"
@@ -11,13 +11,14 @@
 
 namespace host::language {
 
-// With `pool`, for code that calls bound functions which may autorelease, the step has a pool of its own.
+// Creates a step. With `pool`, for code that calls bound functions which may autorelease, the step has an autorelease pool.
 ActionPtr step(ActionPtr action, bool pool, Offset offset);
-CodePtr step(CodePtr value, bool pool, Offset offset); // of a value that carries no reference
+CodePtr step(CodePtr value, bool pool, Offset offset); // for a value that carries no reference
 
 ActionPtr sequence(Actions actions);
 
-// The variables of a block that carry references: at its end, however it ends, the last declared is released first.
+// A variable of a block that carries references. At the end of the block, however it ends, the last declared variable is
+// released first.
 struct ScopeVariable {
     VariablePlace place;
     Counting counting;
@@ -25,23 +26,23 @@ struct ScopeVariable {
 ActionPtr scope(ActionPtr body, std::vector<ScopeVariable> variables, Offset offset);
 
 struct Branch {
-    CodePtr condition; // null: Else
+    CodePtr condition; // null for Else
     ActionPtr body;
 };
 ActionPtr branches(std::vector<Branch> list);
 
-// What every loop has. `depth` is the number of loops that it is in, itself included.
+// The common parts of all loops. `depth` is the number of loops around the body, including this one.
 struct LoopBody {
     ActionPtr body;
     std::uint16_t depth;
     Offset offset;
 };
 
-// Goes on while the conditions, in front of the body and behind it, hold; null: always.
+// Repeats the body while the conditions before and after it hold; a null condition always holds.
 ActionPtr conditionLoop(CodePtr before, CodePtr after, LoopBody loop);
 
-// For over a variable of kind Integer or Double. `step` is null for 1. With `down` the step is subtracted; otherwise a step
-// below zero counts down too. A step of 0 raises.
+// A For over a variable of kind Integer or Double. `step` is null for 1. With `down` the step is subtracted; otherwise a
+// negative step counts down too. A step of 0 raises.
 struct ForLoop {
     VariablePlace variable;
     Kind kind;
@@ -53,8 +54,8 @@ struct ForLoop {
 };
 ActionPtr forLoop(ForLoop form);
 
-// `array` is a variable that holds the array; `assign` stores the element at the index in variable `index`. The array may
-// change its length while the loop runs.
+// `array` is a variable with the array; `assign` stores the element at the index in variable `index`. The array may change
+// its length while the loop runs.
 ActionPtr forEachLoop(VariablePlace array, VariablePlace index, ActionPtr assign, LoopBody loop);
 
 ActionPtr leave(Completion completion);
@@ -62,20 +63,20 @@ ActionPtr returnValue(CodePtr value);
 ActionPtr raiseException(CodePtr exception, Offset offset);
 
 struct Handler {
-    const ClassInfo* info; // null: every exception
+    const ClassInfo* info; // null for every exception
     std::optional<VariablePlace> variable;
     ActionPtr body;
 };
 ActionPtr tryBlock(ActionPtr body, std::vector<Handler> handlers,
-                   ActionPtr finally); // finally may be null; what it leaves, it leaves
+                   ActionPtr finally); // finally may be null; if it leaves a construct, that takes effect
 
-// Writes the texts that the values give, separated by blanks, and perhaps ends the line.
+// Prints the texts, separated by blanks. With `endsLine`, also ends the line.
 ActionPtr print(std::vector<CodePtr> texts, bool endsLine);
 
-// Hands the value to the presenter.
+// Passes the value to the presenter.
 ActionPtr present(CodePtr value, const Type& type);
 
-// Evaluates for the effect.
+// Evaluates the value for its effect.
 ActionPtr discard(CodePtr value);
 
 } // namespace host::language

@@ -1,4 +1,4 @@
-// C++ exceptions that leave a plugin's function, which the contract forbids.
+// C++ exceptions that propagate out of a plugin's function, which violates the contract.
 #pragma once
 
 #include "language/reading/source.h"
@@ -11,14 +11,14 @@
 
 namespace host::language {
 
-// Ends the program: no Catch takes it and no Finally runs on its way.
+// Ends the program: no Catch catches it and no Finally runs while it propagates.
 struct Escaped {
     Offset offset;    // of the call
-    std::string text; // which function, and the exception
+    std::string text; // the function and the exception
 };
 
-// Runs a call of a member of the class; null for the language's own functions. Exhausted memory is an exception of the
-// program, and stays as it is.
+// Runs a call of a member of the class; `owner` is null for the language's own functions. Exhausted memory is an exception
+// of the program, and propagates unchanged.
 template <class Body>
 auto callMember(const ClassInfo* owner, const std::string& member, Offset offset, Body body) {
     try {

@@ -1,7 +1,7 @@
-// What a running program works on: variables, the temporaries of the step at hand, and the exceptions it raises.
+// The state of a running program: variables, the temporaries of the current step, and the exceptions it raises.
 //
-// A step is a statement without blocks, or the condition or bound of a block: the stretch at whose end temporaries are
-// released and autoreleased native objects go.
+// A step is a statement without blocks, or the condition or bound of a block. At its end, temporaries and autoreleased
+// native objects are released.
 #pragma once
 
 #include "language/presentation.h"
@@ -36,14 +36,14 @@ inline void unlock(Counting counting, Slot value) {
     if (counting == Counting::string) unlock(value.string);
 }
 
-// A call of a procedure that has not come back yet.
+// A call of a procedure that has not returned yet.
 struct ActiveCall {
     Offset offset; // of the call
     const Method* procedure;
-    const ActiveCall* caller; // null: the program calls
+    const ActiveCall* caller; // null for a call by the program
 };
 
-// A host exception on its way to the Catch that takes it. Thrown only within the language, never across a bound function.
+// A host exception that propagates to its Catch. It is thrown only within the language, never across a bound function.
 class Raised {
 public:
     Raised(Owned<Object> exception, Offset offset) : exception_(std::move(exception)), offset_(offset) {}
@@ -51,14 +51,14 @@ public:
     Object* exception() const { return exception_.get(); }
     Offset offset() const { return offset_; } // where it was raised
 
-    // The calls that it has ended, the innermost first.
+    // Returns the calls that it has ended, the innermost first.
     const std::vector<ActiveCall>& ended() const { return ended_; }
     void end(const ActiveCall& call) { ended_.push_back(call); }
 
 private:
     Owned<Object> exception_;
     Offset offset_;
-    std::vector<ActiveCall> ended_; // their callers are gone
+    std::vector<ActiveCall> ended_; // their `caller` pointers are no longer valid
 };
 
 // Raises the pending exception.
@@ -74,23 +74,23 @@ inline void checkPending(Offset offset) {
     if (hasPendingException()) throwPending(offset);
 }
 
-// Where a variable is: among those of the program, among those of the procedure that runs, or, for a parameter by reference,
-// wherever the slot of the procedure points.
+// The place of a variable: in the program, in the procedure that runs, or, for a parameter by reference, where the
+// procedure's slot points.
 struct VariablePlace {
     enum class Storage : std::uint8_t { program, procedure, byReference };
     Storage storage = Storage::program;
     std::uint32_t index = 0;
 };
 
-// What all calls of a running program share.
+// The state that all calls of a running program share.
 struct Execution {
     std::ostream& output;
-    Presenter* presenter = nullptr; // null: the program presents nothing
+    Presenter* presenter = nullptr; // null if the program presents nothing
     std::vector<Slot> variables = {};
     std::vector<Object*> objects = {}; // temporaries
     std::vector<String*> strings = {};
     unsigned depth = 0;                    // of calls
-    const ActiveCall* innermost = nullptr; // null: in no procedure
+    const ActiveCall* innermost = nullptr; // null outside of procedures
     const Source* source = nullptr;        // of the code that runs
     std::optional<int> exitCode = {};      // once the program has quit
 };
@@ -113,14 +113,14 @@ public:
     Slot* procedureVariables() { return variables_.data(); }
     Execution& execution() { return execution_; }
 
-    // Takes a reference of its own, until takeResult gives it to the caller.
+    // Takes a reference to the value, which takeResult transfers to the caller.
     void setResult(Slot value) {
         lock(resultCounting_, value);
         unlock(resultCounting_, std::exchange(result_, value));
     }
     Slot takeResult() { return std::exchange(result_, Slot()); }
 
-    // Takes over a reference that is given up at the end of the step.
+    // Takes ownership of a reference, which is released at the end of the step.
     void keep(Object* object) { execution_.objects.push_back(object); }
     void keep(String* string) { execution_.strings.push_back(string); }
     Slot keep(Counting counting, Slot value) {
@@ -134,7 +134,7 @@ public:
         std::size_t strings;
     };
     Mark mark() const { return {execution_.objects.size(), execution_.strings.size()}; }
-    void release(Mark mark); // what was kept since
+    void release(Mark mark); // releases everything kept since the mark
 
 private:
     Execution& execution_;

@@ -1,5 +1,5 @@
-// Code for the places that hold values: variables and properties. Whoever writes a counted value gives the place a reference
-// of its own. Elements of arrays are in array_operations.
+// Code for the places that hold values: variables and properties. Whoever writes a counted value gives the place its own
+// reference. Elements of arrays are in array_operations.h.
 #pragma once
 
 #include "language/library/text_functions.h"
@@ -14,25 +14,25 @@ CodePtr readVariable(VariablePlace place, const Type& type);
 CodePtr addressOfVariable(VariablePlace place); // for a by-reference argument
 ActionPtr writeVariable(VariablePlace place, const Type& type, CodePtr value);
 
-// A property of the object that `object` gives, which must not be Nil.
+// Reads a property of the object that `object` computes, which must not be Nil.
 CodePtr readProperty(const Property& property, CodePtr object, Offset offset);
 ActionPtr writeProperty(const Property& property, CodePtr object, CodePtr value, Offset offset);
 
-// Joins texts to that of a variable, in place where nobody else has its string.
+// Appends texts to the text of a variable, in place if nothing else refers to its string.
 ActionPtr appendToVariable(VariablePlace place, std::vector<CodePtr> texts, Offset offset);
-// The same in front of it.
+// The same at the beginning of the text.
 ActionPtr prependToVariable(VariablePlace place, CodePtr text, Offset offset);
-// Keeps the part of a variable's text that `part` computes from the number of characters and two numbers.
+// Cuts a variable's text to the part that `part` computes from the number of characters and two numbers.
 ActionPtr cutVariable(VariablePlace place, text::Part (*part)(HostInteger length, HostInteger a, HostInteger b), CodePtr a,
                       CodePtr b, Offset offset);
 
-// Gives the variable a new value, of which it takes a reference.
+// Sets the variable to a new value and takes a reference to it.
 void store(Frame& frame, VariablePlace place, Counting counting, Slot value);
 
-// Raises NilObjectException for what is before the member's name at the offset.
+// Raises NilObjectException for the expression before the member's name at the offset.
 [[noreturn]] void failNil(Frame& frame, Offset offset);
 
-// The object itself; raises NilObjectException for Nil.
+// Returns the object; raises NilObjectException for Nil.
 inline Object* requireObject(Frame& frame, Object* object, Offset offset) {
     if (!object) failNil(frame, offset);
     return object;

@@ -1,4 +1,5 @@
-// The Subs and Functions of a program: declared like bound functions, so that the same overload resolution finds them.
+// The Subs and Functions of a program. They are declared like bound functions, so that the same overload resolution finds
+// them.
 #pragma once
 
 #include "language/running/bound_calls.h"
@@ -20,23 +21,23 @@ struct Procedure : Method {
     ActionPtr body;   // null until it is checked; it releases the parameters
     std::size_t variableCount = 0;
     Counting result = Counting::none;
-    std::vector<Counting> parameters; // none for those by reference
+    std::vector<Counting> parameters; // Counting::none for those by reference
 };
 
 class Procedures {
 public:
-    // What can be called. Procedures that no longer can stay alive for the code that calls them.
+    // The procedures that can be called. Replaced procedures stay alive for the code that calls them.
     using Visible = std::map<std::string, OverloadSet, LessIgnoringCase>;
     const Visible& visible() const { return byName_; }
     void restore(Visible before) { byName_ = std::move(before); }
 
-    // The one of the same name and parameter types; null when there is none.
+    // Returns the procedure with the same name and parameter types, or null if there is none.
     const Procedure* findSame(const Procedure& procedure) const;
 
-    // In place of the same one, if there is one.
+    // Adds the procedure, and replaces the same one if there is one.
     Procedure& add(std::unique_ptr<Procedure> procedure);
 
-    // By name without regard to case; all are Procedures. Empty when there is none.
+    // Returns the procedures with the name, ignoring case; all methods are Procedures. Empty if there are none.
     OverloadSet find(std::string_view name) const;
 
 private:

@@ -1,4 +1,4 @@
-// Runs checked code, says how it ended, and stops what would not stop by itself.
+// Runs checked code, reports how it ended, and stops code that does not end.
 #pragma once
 
 #include "language/reading/source.h"
@@ -11,17 +11,17 @@
 
 namespace host::language {
 
-// The report of the exception that nobody caught, or of the interruption; empty when the code ran to its end. SIGINT
-// interrupts the code while it runs; what was there before comes back. Throws std::system_error when the output cannot be
-// written.
+// Runs the code and returns the report of the uncaught exception or of the interruption, or "" if the code ran to its end.
+// SIGINT interrupts the code while it runs; afterwards the previous handler is restored. Throws std::system_error if the
+// output cannot be written.
 std::string runCode(const Source& source, const Action& code, Execution& execution);
 
-// The user's wish that the program stops. No Catch takes it and no Finally runs on its way.
+// The user's request to stop the program. No Catch catches it and no Finally runs while it propagates.
 struct Interrupted {
-    Offset offset; // of the loop or call that was reached
+    Offset offset; // of the loop or call where it was noticed
 };
 
-// The program's own wish, which goes the same way.
+// The program's request to quit, which propagates in the same way.
 struct Quit {
     int code;
 };
@@ -35,8 +35,8 @@ inline void checkInterrupt(Offset offset) {
     if (interruptWanted) throw Interrupted{offset};
 }
 
-// Whether so little of this thread's stack is left that no further call of a procedure is safe. The reserve suffices for the
-// deepest expression and for what bound functions need.
+// Returns whether too little of this thread's stack is left for another call of a procedure. The reserve suffices for the
+// deepest expression and for bound functions.
 bool isStackLow();
 
 constexpr unsigned maxCallDepth = 10000;
