@@ -1,4 +1,4 @@
-# Packs the macOS library, unpacks the archive, and lets the self-test in it test a translated slice of the same library.
+# Packs the macOS library, unpacks the archive, and runs the archive's self-test on a translated slice of the same library.
 file(REMOVE_RECURSE ${FOLDER})
 file(MAKE_DIRECTORY ${FOLDER})
 execute_process(COMMAND ${CPACK} -G TGZ -B ${FOLDER} --config ${BUILD}/CPackConfig.cmake OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)

@@ -1,3 +1,4 @@
-// A library whose loader has to call it: the translator, whose code nobody calls, refuses it.
+// A library with an initialiser that its loader must call. The translator calls no code of a library, so it refuses this
+// one.
 static volatile int calls;
 __attribute__((constructor)) static void initialise() { calls = 1; }

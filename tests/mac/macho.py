@@ -9,7 +9,7 @@ import subprocess
 import tempfile
 from typing import NamedTuple, Optional
 
-# On some systems the tools are in a folder of their own.
+# On some systems the tools are in a separate folder.
 os.environ["PATH"] = os.pathsep.join([os.environ["PATH"], *glob.glob("/usr/lib/llvm-*/bin")])
 
 
@@ -17,7 +17,7 @@ def output(*command):
     return subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout
 
 
-# Contents, zeros, literals, stubs and what they jump through: nothing that a loader would have to call or to set up.
+# Contents, zeros, literals, stubs and their pointers. None of these needs a call or set-up by a loader.
 SECTIONS = """S_REGULAR S_COALESCED S_ZEROFILL S_CSTRING_LITERALS S_4BYTE_LITERALS S_8BYTE_LITERALS S_16BYTE_LITERALS
     S_SYMBOL_STUBS S_LAZY_SYMBOL_POINTERS S_NON_LAZY_SYMBOL_POINTERS""".split()
 
@@ -25,8 +25,8 @@ SECTIONS = """S_REGULAR S_COALESCED S_ZEROFILL S_CSTRING_LITERALS S_4BYTE_LITERA
 class Function(NamedTuple):
     begin: int
     end: int
-    encoding: int  # of its frame; 0: it cannot be unwound
-    personality: Optional[int]  # where its address is
+    encoding: int  # the frame's compact unwind encoding; 0 if it cannot be unwound
+    personality: Optional[int]  # the place of the personality's address
     handlers: Optional[int]  # the table that the personality reads
 
 

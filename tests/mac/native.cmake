@@ -1,11 +1,11 @@
-# What runs on a Mac, over the library as it was built: the self-test, and where GoogleTest is installed the load test.
+# Tests that run on a Mac with the built library: the self-test, and the load test if GoogleTest is installed.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 add_test(NAME selftest
     COMMAND ${Python3_EXECUTABLE} -B ${PROJECT_SOURCE_DIR}/examples/selftest.py $<TARGET_FILE:chromabridge>)
 
 find_package(GTest)
 if(GTest_FOUND)
-    set(CMAKE_OSX_ARCHITECTURES ${CMAKE_HOST_SYSTEM_PROCESSOR}) # as GoogleTest's library is
+    set(CMAKE_OSX_ARCHITECTURES ${CMAKE_HOST_SYSTEM_PROCESSOR}) # like GoogleTest's library
     set(CMAKE_OSX_DEPLOYMENT_TARGET 11.0)
     add_executable(load_test ${native_sources})
     target_include_directories(load_test PRIVATE ${native_includes})

@@ -1,4 +1,4 @@
-# What a slice runs of the other folders' tests.
+# The tests of the other folders that a slice runs.
 add_subdirectory(plugin)
 add_subdirectory(matrix)
 if(NOT CMAKE_CROSSCOMPILING)
@@ -19,9 +19,9 @@ add_test(NAME slice.WithInitialisersIsRefused
     COMMAND ${CHROMA_TRANSLATE} ${mac_build}/../tests/mac/initialised.dylib ${CHROMA_SLICE} ${CMAKE_CURRENT_BINARY_DIR}/initialised.S)
 set_tests_properties(slice.WithInitialisersIsRefused PROPERTIES PASS_REGULAR_EXPRESSION "not translated: section __mod_init_func")
 
-# Such runs can fail: a slice with a fault planted, which comes before the sound one in the tests' library, ends the soak.
-# Handlers are dropped; registers are looked for a word beside where they were saved, but for the frame's own; what is imported is
-# another function.
+# Shows that such runs can fail. A slice with a planted fault, linked before the valid one in the tests' library, fails the
+# soak. The faults are: no handlers; saved registers, except for the frame's own, one word away from their place; an import
+# replaced by another function.
 set(handlers_fault "/\\.cfi_(personality|lsda)/d")
 set(handlers_telling "a native exception left the function")
 set(registers_fault "s/(\\.cfi_offset (3|1[2-5]|19|2[0-8]), -[0-9]+)/\\1-8/")

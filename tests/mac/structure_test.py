@@ -14,10 +14,10 @@ SYSTEM_LIBRARIES = {
     "/usr/lib/libc++.1.dylib",
     "/usr/lib/libobjc.A.dylib",
 }
-# By its name, which of them a symbol is part of: the sysroot's lists, being ours, could be wrong.
+# The library that provides a symbol, by its name. The sysroot's lists are the project's own and could be wrong.
 HOMES = {"AppKit": "_NS[A-Z]", "CoreFoundation": "_CF[A-Z]", "libobjc": "_objc_|_sel_|_class_|_object_|_OBJC_|___objc_",
          "libc++": "__Z|___cxa_|___gxx_", "libSystem": ""}
-# What the headers' own system, or its way of linking, would have left behind.
+# Names that the build system's own headers, or its way of linking, would leave in the file.
 FOREIGN = ("@|GLIBC|^_*libc_|_chk$|_isoc99_|^___errno_location$|^___assert_fail$|^_std(in|out|err)$|^___ctype_"
            "|_ITM_|_GLOBAL_OFFSET")
 
@@ -95,11 +95,11 @@ class SliceTest:
             self.assertEqual(self.slice.lazily_bound(pointer), pointer, symbol)
 
     def test_has_one_unwind_entry_for_each_function(self):
-        # Where there are two, what the first says is lost, its handlers above all.
+        # If a function has two entries, the first one's information is lost, above all its handlers.
         begins = [function.begin for function in self.slice.functions()]
         self.assertEqual(begins, sorted(set(begins)))
         self.assertGreater(len(begins), 100)
-        # The older form of the same information, where the linker writes it, is about the same functions.
+        # The older form of the same information, if the linker writes it, covers the same functions.
         frames = output("llvm-dwarfdump", "--eh-frame", "--arch=" + self.architecture, self.slice.library)
         self.assertEqual({int(begin, 16) for begin in re.findall(r" FDE .* pc=(\w+)", frames)} - set(begins), set())
 

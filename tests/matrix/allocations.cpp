@@ -1,4 +1,4 @@
-// The heap of this process, counted: these definitions come before those of every library.
+// Counts the heap blocks of this process. These definitions precede those of every library.
 #include "driver.h"
 
 #include <atomic>
@@ -22,9 +22,9 @@ namespace {
 
 std::atomic<std::size_t> blocks{0};
 
-// On a platform that nobody here wrote only the program's own allocations fail, and the plugin is a part of the program.
+// On a foreign platform only allocations of the program fail, which includes the plugin.
 bool fails(const void* caller) {
-    if (host::validator::suspensions > 0) return false; // above all before anything of the process has been initialised
+    if (host::validator::suspensions > 0) return false; // especially before the process is initialised
     if (CHROMA_ON_GNUSTEP && (caller < &__executable_start || caller >= &etext)) return false;
     return host::validator::strikes(matrix::Fault::failAllocation, matrix::Fault::exhaustMemory);
 }

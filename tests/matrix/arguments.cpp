@@ -1,4 +1,4 @@
-// What bound functions are called with.
+// The arguments of calls of bound functions.
 #include "driver.h"
 
 #include "builtin/objc_runtime.h"
@@ -32,12 +32,12 @@ id testObject = nullptr;
 
 namespace {
 
-// By the host class. Each is kept by one retain, and as long as the process.
+// The native objects by host class. One retain keeps each for the life of the process.
 auto& natives = *new std::map<std::string, std::vector<id>>;
 std::map<std::string, const void*> handles; // by the parameter's name
 std::string profile;
 
-// The answer, retained; nil where the platform does not know the message.
+// Returns the retained result of a message, or nil if the receiver does not respond to it.
 template <class... Arguments>
 id ask(id receiver, const char* message, Arguments... arguments) {
     Message<id(Arguments...)> send{message};
@@ -50,7 +50,7 @@ id text(const char* ascii) {
                                    static_cast<CFIndex>(std::strlen(ascii)), kCFStringEncodingUTF8, false);
 }
 
-// More than the plugin converts on the stack.
+// Returns a text too long for the plugin's conversion on the stack.
 id longText() { return text(std::string(150, 'n').c_str()); }
 
 template <class... Arguments>
@@ -65,8 +65,8 @@ host::Object* newObject(const std::string& className, id native) {
     return object;
 }
 
-// Lists are changed by calls, so each gets a new one. A platform may keep a list that was written, but no counted object in
-// it.
+// Returns a new list, because calls change lists. A platform may keep a list that was written, so the list holds no counted
+// object.
 Slot newList() {
     const id name = longText(), key = text("key"), color = ask(cls::NSColor.get(), "grayColor");
     const id list = make(cls::NSColorList.get(), "initWithName:", name);
@@ -77,8 +77,8 @@ Slot newList() {
     return object;
 }
 
-// A colour that reports more components than the plugin has room for on the stack, writes as many as it reported, and raises
-// an exception of long words for others.
+// A colour that reports more components than fit into the plugin's array on the stack and writes as many as it reported.
+// Other readings raise an exception with a long text.
 id unusualColor = nullptr;
 NSInteger reported = 0;
 NSInteger (*numberOfComponents)(id, SEL) = nullptr;
@@ -111,7 +111,7 @@ std::vector<Form> joined(std::vector<Form> forms, const std::vector<Form>& other
     return forms;
 }
 
-// What each parameter is meant for, what the others are, and what nothing is.
+// A meaningful text for each named parameter. Every text parameter also receives the texts of the others.
 const std::map<std::string, std::pair<const char*, host::Encoding>> names = {
     {"name", {"System", host::encoding::utf8}},
     {"key", {"key", host::encoding::ascii}},
@@ -128,7 +128,7 @@ std::vector<Form> textForms(const std::string& parameter, const std::vector<Form
     return joined(forms, declared);
 }
 
-// A colour has alpha, at least one component, and nineteen at most: the first alone fits.
+// A colour has alpha and one to nineteen components. Only the first form satisfies this.
 std::vector<Form> arrayForms(std::vector<Form> forms) {
     for (auto form = forms.begin() + 1; form != forms.end(); ++form)
         form->refusal = "OutOfBoundsException";
@@ -141,7 +141,7 @@ Slot newProfile() {
     return Slot::ofObject(block);
 }
 
-// In the working folder.
+// Files in the working folder.
 const char* const files[] = {"profile", "wrong", "missing", ""};
 
 Slot newFile(const char* name) {
@@ -163,7 +163,7 @@ std::vector<Form> receiversOf(const std::string& className) {
     return forms;
 }
 
-// The last of the receivers first, which is the fullest.
+// Returns the receivers with the last one first, because it has the most contents.
 std::vector<Form> objectForms(const std::string& className) {
     std::vector<Form> forms = receiversOf(className);
     std::rotate(forms.begin(), forms.end() - 1, forms.end());
@@ -175,7 +175,7 @@ std::vector<Form> formsOf(const host::Parameter& parameter) {
     if (parameter.type.isArray) return arrayForms(declared);
     switch (parameter.type.kind) {
     case Kind::string: return textForms(parameter.name, declared);
-    case Kind::variant: return joined(objectForms("NSImageZRX"), receiversOf("NSColorZRX")); // which are no images
+    case Kind::variant: return joined(objectForms("NSImageZRX"), receiversOf("NSColorZRX")); // colours are not images
     case Kind::object:
         if (parameter.type.className == "Memoryblock") return joined({{newProfile}}, declared);
         if (parameter.type.className == "Folderitem") return joined(each(files, newFile), declared);
@@ -184,7 +184,7 @@ std::vector<Form> formsOf(const host::Parameter& parameter) {
     }
     const auto handle = handles.find(parameter.name);
     if (handle == handles.end())
-        return declaredForms.ofArgument({"index", parameter.type, false, false, {}}); // a number that is no pointer
+        return declaredForms.ofArgument({"index", parameter.type, false, false, {}}); // a number that is not a pointer
     return joined({{[handle] { return Slot::ofInteger(asHandle(handle->second)); }}}, declared);
 }
 
@@ -197,7 +197,7 @@ void prepareNatives() {
     testObject = text("no exception");
     const id subclass = objc_allocateClassPair(cls::NSException.get(), "TestException", 0);
     objc_registerClassPair(subclass);
-    const std::string reason(500, 'r'); // more than the plugin formats on the stack
+    const std::string reason(500, 'r'); // too long for the plugin's formatting on the stack
     testException = make(subclass, "initWithName:reason:userInfo:", longText(), text(reason.c_str()), id{});
 
     const id spaceClass = cls::NSColorSpace.get(), colorClass = cls::NSColor.get();

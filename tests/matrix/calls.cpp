@@ -1,4 +1,4 @@
-// One call of one bound function, and what is wrong with it.
+// Performs one call of one bound function and checks its outcome.
 #include "driver.h"
 
 #include "bridge/strings.h"
@@ -25,7 +25,7 @@ using host::Slot;
 using host::validator::emptyReceiver;
 using host::validator::nullReceiver;
 
-// A call and what came of it.
+// A call and its outcome.
 struct Call {
     const Function& function;
     const Choice& choice;
@@ -33,10 +33,10 @@ struct Call {
     const Verdict* plain;
     const host::validator::Arguments arguments{function, choice, hostCounts() ? 0 : 8};
     Slot result = {};
-    bool returned = false, escaped = false; // by a return, by a C++ exception
-    chroma::id thrown = nullptr;            // by a native one
+    bool returned = false, escaped = false; // whether it ended with a return or a C++ exception
+    chroma::id thrown = nullptr;            // the native exception that ended it
     host::validator::Traces traces = {};
-    std::string exceptionClass = {}; // of the host exception
+    std::string exceptionClass = {}; // the class of the host exception
 
     bool raisesAnyway() const { return plain && plain->raised; }
     bool hasReceiver(std::size_t form) const { return function.hasReceiver() && choice.receiver == form; }
@@ -46,20 +46,20 @@ bool hasAll(std::initializer_list<const char*> entries) {
     return std::none_of(entries.begin(), entries.end(), [](auto entry) { return missingEntries.count(entry) > 0; });
 }
 
-// Host exceptions are objects; the sibling registers the class of those for the platform's exceptions.
+// Host exceptions are objects. The sibling registers the class of those that represent the platform's exceptions.
 bool hostCanRaise() {
     return hasAll({"PluginNewInstance", "RuntimeRaiseException"}) && (!hasSibling || hasAll({"PluginRegisterClass"}));
 }
 
 const host::Type number = host::Type::plain(host::Kind::real);
 
-// Throws in the end, since a guard that the function left open would catch that, in a frame that is gone.
+// Throws after the call. A guard that the function left open would catch this exception in a frame that no longer exists.
 void invoke(Call& call) {
     auto body = [&call] {
         try {
             call.arguments.invoke(call.result);
             call.returned = true;
-        } catch (const std::exception&) { // native exceptions may be C++ ones of another language
+        } catch (const std::exception&) { // native exceptions may be foreign C++ exceptions
             call.escaped = true;
         }
         chroma::throwNative(testObject);
@@ -78,7 +78,7 @@ void invoke(Call& call) {
 
 chroma::Message<chroma::id()> description{"description"}, localizedName{"localizedName"};
 
-// By the class, and what a colour or a space says of itself.
+// Describes an object by its class. A colour or a space adds its own description.
 std::string told(const host::Object* object) {
     if (!object) return "";
     std::string text = object->info->name();
@@ -122,7 +122,8 @@ std::string_view takeWord(std::string_view& words) {
     return word;
 }
 
-// Arrays are handed out as far as they were filled, outputs all or none of them.
+// Returns whether the outcome matches the expected one or is null. An array may miss elements. Outputs are all set or all
+// zero.
 bool isFulfilled(const Call& call, std::string_view words, std::string_view expectedWords) {
     if (!call.function.signature.result.isArray) return isNull(words) || words == expectedWords;
     while (!words.empty()) {
@@ -133,11 +134,11 @@ bool isFulfilled(const Call& call, std::string_view words, std::string_view expe
     return true;
 }
 
-// For an NSException out of a message.
+// Returns the number of host exceptions that an NSException from a message must cause.
 int promisedExceptions(const Call& call) {
     const bool isDropped = wasBridging() || call.function.isQuiet || !hostCanRaise();
     if (!isDropped && call.function.converts && call.plan.at == 1) return call.raisesAnyway() ? 1 : 0;
-    // A constructor asks NSException for the registry, the first time.
+    // A constructor's first use also sends NSException the message for the registry.
     return isDropped && call.function.signature.name != "constructor" ? 0 : 1;
 }
 
@@ -158,16 +159,17 @@ const char* complaintOf(const Call& call, const std::string& outcome) {
     if (fault == Fault::throwOther && (call.thrown != testObject || raised))
         return "an object that is no NSException stayed inside";
     if (fault == Fault::raise && raised != promisedExceptions(call)) return "not the host exceptions for an NSException";
-    // A failure while the message of one is built is another.
+    // A failure while an exception's message is built raises another exception.
     if (raised > (fault >= Fault::hostThrows ? 2 : 1)) return "too many host exceptions";
     if (raised && !isNullResult) return "a host exception and a result";
     if (call.hasReceiver(nullReceiver) && (!isNullResult || (raised && fault == Fault::none)))
         return "null has a result, or raises";
     if (call.hasReceiver(emptyReceiver) && !chroma::nativeObject(call.arguments.receiver()) && !isNullResult)
         return "an empty object has a result";
-    const bool isSpared = fault == Fault::none && call.plan.fault != Fault::none; // after the last event
+    const bool isSpared = fault == Fault::none && call.plan.fault != Fault::none; // the fault came after the last event
     if (isSpared && (raised > 0) != call.raisesAnyway()) return "what an earlier fault did has lasted";
-    // What the platform makes of nil, which a string may be for lack of memory, and of another colour, is its own.
+    // The platform's result for nil, which a string may become if memory is exhausted, and for another colour is not
+    // checked here.
     const bool isPlatforms =
         (fault >= Fault::answerNil && fault <= Fault::exhaustMemory) || (fault == Fault::raise && call.function.converts);
     if (call.plain && !isPlatforms && !isFulfilled(call, outcome, call.plain->outcome))
@@ -176,7 +178,7 @@ const char* complaintOf(const Call& call, const std::string& outcome) {
     return refusal && call.exceptionClass != refusal ? "an argument was not refused" : "";
 }
 
-// Everything that a call may leave behind.
+// The things that a call may leak.
 constexpr const char* counted[] = {"host objects", "host strings", "registry entries", "retains", "heap blocks"};
 using Balance = std::array<std::size_t, std::size(counted)>;
 
@@ -188,7 +190,7 @@ Balance balance() {
 
 Verdict callOnce(const Function& function, const Choice& choice, Plan plan, const Verdict* plain, const char*& left) {
     Verdict verdict;
-    verdict.complaint.reserve(100); // so that the words are no blocks of the call's
+    verdict.complaint.reserve(100); // so that these texts do not count as the call's blocks
     verdict.outcome.reserve(100);
     const Balance before = balance();
     {
@@ -214,7 +216,7 @@ Verdict callOnce(const Function& function, const Choice& choice, Plan plan, cons
 
 bool hostCounts() { return hasAll({"REALLockObject", "REALUnlockObject", "REALLockString", "REALUnlockString"}); }
 
-// What the platform makes once and keeps is kept once: only what is left a second time is lost.
+// The platform may create and keep objects once. Only what a second, identical call leaves behind as well counts as a leak.
 Verdict call(const Function& function, const Choice& choice, Plan plan, const Verdict* plain) {
     const char* left = nullptr;
     Verdict verdict = callOnce(function, choice, plan, plain, left);

@@ -1,5 +1,4 @@
-// The driver of the fault matrix and the soak: all bound functions, all that they may be called with, all that may fail
-// meanwhile.
+// The driver of the fault matrix and the soak: all bound functions, all arguments for them, and all faults during a call.
 #pragma once
 
 #include "platform/objc.h"
@@ -19,45 +18,48 @@ using host::validator::Form;
 using host::validator::Plan;
 using host::validator::Suspension;
 
-// A message that fails in the next call answers a number or a word.
+// Sets whether a message that fails in the next call returns a number or a word.
 void expectNumber(bool answersNumber);
-// Whether an NSException was being turned into a host exception when the fault struck; expectNumber forgets it.
+// Returns whether the fault was injected while an NSException was converted to a host exception. expectNumber resets this.
 bool wasBridging();
 
-std::size_t liveBlocks(); // of the heap; 0 where the platform's own comings and goings are unknown
+std::size_t liveBlocks(); // heap blocks; 0 if the platform's own allocations are unknown
 
-// Makes the native objects, and files in the working folder.
+// Creates the native objects, and files in the working folder.
 void prepareNatives();
-// Null, an empty object, and one around each native object; arguments with such objects, names that mean something, files.
+// The receivers are null, an empty object, and one around each native object. The arguments are such objects, meaningful
+// names, and files.
 extern const host::validator::Forms nativeForms;
-extern chroma::id testException, testObject; // what messages throw
+extern chroma::id testException, testObject; // the objects that messages throw
 std::size_t retainsOfNatives();
-// Runs what the platform has put off to its run loop, if it has one.
+// Runs the work that the platform has deferred to its run loop, if it has one.
 void settle();
 
 struct Function : host::validator::Function {
     bool isQuiet;  // drops NSExceptions
-    bool converts; // drops the first message's, and asks another colour
+    bool converts; // drops the first message's NSException and continues with another colour
 };
 
-// Starts a host of that version, loads the plugin and lists the functions that its records bind, and the lifecycle's.
+// Starts a host of the version, loads the plugin, and returns the functions that its records bind, including those of the
+// lifecycle.
 std::vector<Function> start(double version, const std::vector<std::string>& missing, bool withSibling);
 extern std::set<std::string> missingEntries;
 extern bool hasSibling;
 
-// A host that only counts up, or only down, loses what it counts: its values get references to lose, and nothing balances.
+// Returns whether the host both retains and releases. Otherwise its values get surplus references, and no balance is
+// checked.
 bool hostCounts();
 
 struct Verdict {
     bool struck = false;
-    bool raised = false;   // a host exception
-    std::string complaint; // empty: all promises were kept
-    // What came of it, in words, each before a line's end: the elements of an array, or the result and the outputs. No word:
-    // the null one.
+    bool raised = false;   // whether a host exception was raised
+    std::string complaint; // empty if all promises hold
+    // The outcome as words, each followed by a newline: the elements of an array, or the result and the outputs. An empty
+    // word represents null.
     std::string outcome;
 };
 
-// With a fault the outcome must be that of the plain call, without one, or null in places.
+// Calls the function. With a fault, the outcome must equal that of the plain call, or be null in places.
 Verdict call(const Function& function, const Choice& choice, Plan plan = {}, const Verdict* plain = nullptr);
 
 } // namespace matrix

@@ -1,4 +1,4 @@
-// Faults that strike: the messages and CoreFoundation calls of the plugin come through the linker's wrappers.
+// Injects faults into the plugin's messages and CoreFoundation calls through the linker's wrappers.
 #include "driver.h"
 
 #include "builtin/objc_runtime.h"
@@ -34,7 +34,7 @@ bool wasBridging() { return bridging; }
 
 namespace {
 
-// The receivers of these belong to the platform, whatever comes of them.
+// Returns whether the message consumes its receiver, even if it fails.
 bool consumesReceiver(std::string_view message) {
     return message.substr(0, 4) == "init" || message == "autorelease" || message == "release";
 }
@@ -44,7 +44,7 @@ void fail() {
     if (plannedFault() == Fault::throwOther) throwNative(testObject);
 }
 
-// In place of a method that answers Result.
+// Replaces a method that returns Result.
 template <class Result>
 Result failingMethod(id receiver, SEL selector) {
     if (consumesReceiver(sel_getName(selector))) {
@@ -57,7 +57,7 @@ Result failingMethod(id receiver, SEL selector) {
 
 bool strikesMessage() { return strikes(Fault::raise, Fault::answerNil); }
 
-// Guards ask what they caught for its class; that is no message of the function.
+// Guards query the class of a caught object. That is not a message of the function.
 bool strikesMessage(id receiver, SEL selector) {
     if (suspensions > 0 || hasStruck()) return false;
     {
@@ -72,7 +72,7 @@ bool strikesMessage(id receiver, SEL selector) {
 } // namespace
 } // namespace matrix
 
-// Visible, since the linker binds the shared libraries' references to these names too.
+// Visible, because the linker binds the shared libraries' references to these names too.
 #pragma GCC visibility push(default)
 extern "C" {
 

@@ -1,4 +1,4 @@
-// The functions that the plugin's records bind, with what they promise.
+// The functions that the plugin's records bind, and their promises.
 #include "driver.h"
 
 #include "classes/color/color.h"
@@ -11,7 +11,7 @@
 #include <dlfcn.h>
 
 extern "C" void REALPluginMain(REALresolver resolver);
-// What is written here need not survive a loss of power.
+// Files of these tests need not survive a loss of power.
 extern "C" __attribute__((visibility("default"))) int fsync(int) { return 0; }
 
 namespace matrix {
@@ -56,7 +56,7 @@ std::vector<Function> start(double version, const std::vector<std::string>& miss
     std::vector<Function> functions;
     for (REALclassDefinition* record :
          {&chroma::color::NSColorClass, &chroma::colorspace::NSColorSpaceClass, &chroma::colorlist::NSColorListClass}) {
-        if (!host::registry().find(record->name)) host::registry().add(*record); // a host that takes no classes
+        if (!host::registry().find(record->name)) host::registry().add(*record); // the host does not accept classes
         addFunctions(functions, *host::registry().find(record->name));
     }
     return functions;

@@ -1,5 +1,5 @@
-// Every bound function, with every fault that can strike it, on hosts of every kind. What the plugin found out about its
-// host lasts as long as the process, so each host is played in a process of its own.
+// Calls every bound function with every possible fault on hosts of every kind. The plugin caches what it learns about its
+// host for the life of the process, so each host runs in a separate process.
 #include "driver.h"
 
 #include "entries/entries.h"
@@ -20,11 +20,11 @@ struct Configuration {
     double version;
     bool hasSibling = true;
     std::vector<std::string> missing = {};
-    Plan first = {}; // a fault in the first call of all; None: all faults in all calls
+    Plan first = {}; // a fault in the very first call; none: all faults in all calls
 };
 
-// With each fault at the first event, the second, and so on until there is none. A missing entry is a fault in itself;
-// messages raise all the same. Answers how many cases these were, or what was wrong with them.
+// Injects each fault at the first event, the second, and so on until the call has no more. A missing entry is also a fault,
+// but messages still raise. Returns the number of cases, or the complaints.
 std::string play(const Configuration& host) {
     std::string complaints;
     unsigned cases = 0;

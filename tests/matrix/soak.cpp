@@ -1,5 +1,5 @@
-// soak CALLS: mixed calls in one process, one in four with a fault. Each must leave nothing behind, and memory stay where it
-// was after the first tenth.
+// soak CALLS performs mixed calls in one process, one in four with a fault. No call may leak, and memory may not grow after
+// the first tenth.
 #include "driver.h"
 
 #include "validator/child.h"
@@ -12,21 +12,22 @@
 
 namespace {
 
-// What the heap has taken from the system, holes included. The process's size would count an emulator's translations too.
+// Returns the memory that the heap has taken from the system, holes included. The process's size would include an
+// emulator's translations.
 long heapKiB() {
     const struct mallinfo2 info = mallinfo2();
     return static_cast<long>((info.arena + info.hblkhd) / 1024);
 }
 
-// What was wrong.
+// Returns the complaint, or the empty string.
 std::string soak(long calls) {
     using namespace matrix;
-    constexpr long mostGrowth = 512; // KiB: what the bins of the C library are worth, and lists that a platform keeps
+    constexpr long mostGrowth = 512; // in KiB: the bins of the C library, and lists that a platform keeps
     const std::vector<Function> functions = start(2021.0, {}, true);
     std::mt19937 random(2021);
     const auto below = [&random](std::size_t limit) { return random() % limit; };
 
-    // What is made once is made, without a fault.
+    // Calls everything once without a fault, so that objects which are created once exist.
     for (const Function& function : functions)
         for (const Choice& choice : choicesFor(function))
             call(function, choice);

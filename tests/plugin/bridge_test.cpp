@@ -1,4 +1,4 @@
-// What crosses the bridge: strings, memory blocks, arrays, and failures of every kind.
+// The bridge's conversions: strings, memory blocks, arrays, and failures of every kind.
 #include "support/plugin_test.h"
 
 #include "bridge/arrays.h"
@@ -27,7 +27,7 @@ namespace {
 // Text as a host stores it: bytes and encoding.
 using Stored = std::pair<std::string, std::uint32_t>;
 
-// UTF-16 or UTF-32 bytes in machine order.
+// Returns UTF-16 or UTF-32 bytes in machine order.
 template <class Unit>
 std::string units(const std::basic_string<Unit>& text) {
     return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(Unit)};
@@ -43,12 +43,12 @@ std::string repeated(const std::string& text, std::size_t count) {
 const char* const emoji = "\xF0\x9F\x98\x80";
 const Stored wide16(units<char16_t>(u"\u00FC\U0001F600"), REALencodingUTF16);
 const Stored wide32(units<char32_t>(U"\u00FC\U0001F600"), REALencodingUTF32);
-// Beyond Unicode, around the surrogates, the first and the last that take a pair, and bytes behind.
+// A value beyond Unicode, values around the surrogates, the first and the last surrogate pair, and surplus bytes.
 const Stored odd32(units<char32_t>({0x110000, 0xD7FF, 0xD800, 0xDFFF, 0xE000, 0xFFFF, 0x10000, 0x10FFFF}) + "123",
                    REALencodingUTF32);
 const std::string wideUTF8 = std::string("\xC3\xBC") + emoji;
 
-// The plugin's string for a host string, as UTF-8; "(null)" for null.
+// Returns the plugin's string for a host string as UTF-8, or "(null)" for null.
 std::string toPlatform(const Stored& stored) {
     const foreign::Owned hostString(foreign::string(stored.first, stored.second));
     const CFStringRef text = RBString2CFString(hostString);
@@ -59,7 +59,7 @@ std::string toPlatform(const Stored& stored) {
     return result;
 }
 
-// The host's string for a platform string, and for bytes; the empty one is null.
+// Return the host's string for a platform string, and for bytes. The empty string is null.
 Stored toHost(id text) {
     const foreign::Owned result(NSStringRB(text));
     return {foreign::bytesOf(result), foreign::encodingOf(result)};
@@ -99,7 +99,7 @@ TEST_F(Strings, FromTheHostAreReadInTheirEncodingByItOrFromItsStorage) {
     }
     EXPECT_EQ(RBString2CFString(nullptr), nullptr);
 
-    // Of storage alone: long, not of whole units, empty, marked in its byte order.
+    // Texts read from storage only: long, with an incomplete unit, empty, with a byte order mark.
     for (const std::size_t length : {128U, 129U, 1000U})
         EXPECT_EQ(toPlatform({units(std::u16string(length, u'x')), REALencodingUTF16}), std::string(length, 'x'));
     EXPECT_EQ(toPlatform({units<char16_t>(u"ab") + "c", REALencodingUTF16}), "ab");
@@ -131,20 +131,20 @@ TEST_F(Strings, AreBuiltByTheWayOfTheHostsVersion) {
         double version;
         Stored text, expected;
         std::string trace;
-        const char* refused = ""; // the entry that does nothing
+        const char* refused = ""; // the entry that is made to do nothing
     } builds[] = {
         {2021.0, utf8("plain"), utf8("plain"), old + "(5)" + tag("0x8000100")},
         {2011.0, wide16, utf8(wideUTF8), old + "(6)" + tag("0x100") + convert + unlock},
         {2012.0, wide16, utf8(wideUTF8), with + "(6, 0x100)" + convert + unlock},
         {2011.0, wide32, utf8(wideUTF8), old + "(6)" + tag("0x100") + convert + unlock},
-        {2012.9, wide32, utf8(wideUTF8), with + "(6, 0x100)" + convert + unlock}, // does not know UTF-32
+        {2012.9, wide32, utf8(wideUTF8), with + "(6, 0x100)" + convert + unlock}, // this version does not know UTF-32
         {2013.0, wide32, utf8(wideUTF8), with + "(8, 0xc000100)" + convert + unlock},
         {2011.0, odd32, utf8("\xEF\xBF\xBD\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"),
          old + "(16)" + tag("0x100") + convert + unlock},
-        {2011.0, {units<char32_t>({0xD800}), REALencodingUTF32}, nothing, ""}, // nothing is left of it
+        {2011.0, {units<char32_t>({0xD800}), REALencodingUTF32}, nothing, ""}, // a lone surrogate leaves nothing
         {2011.0, utf8("x"), nothing, old + "(1)", "REALBuildString"},
         {2011.0, wide16, nothing, old + "(6)", "REALBuildString"},
-        // Newer hosts are asked to convert even what they did not build.
+        // On newer hosts, conversion is called even if building returned null.
         {2012.0, wide16, nothing, with + "(6, 0x100)" + convert, "REALBuildStringWithEncoding"},
         {2013.0, wide32, nothing, with + "(8, 0xc000100)" + convert, "REALBuildStringWithEncoding"},
         {2021.0, wide32, nothing, with + "(8, 0xc000100)" + convert + unlock, "REALConvertString"},
@@ -157,7 +157,7 @@ TEST_F(Strings, AreBuiltByTheWayOfTheHostsVersion) {
         EXPECT_EQ(result, build.expected) << build.version << ' ' << build.trace;
         EXPECT_EQ(trace, build.trace) << build.version;
     }
-    // Nothing stays behind in a host that throws, as it does once for each.
+    // Nothing leaks if the host throws, once in each conversion.
     for (const char* const entry : {"REALSetStringEncoding", "REALConvertString", "REALUnlockString"}) {
         for (const auto& build : builds) {
             bool throws = true;
@@ -246,7 +246,7 @@ TEST_P(Data, WithoutABlockToHoldItIsTold) {
     length = 3;
     host.missing = {"newMemoryBlock"};
     EXPECT_EQ(NSDataRB(data), nullptr);
-    bool exhausted = true; // also while that is told, once
+    bool exhausted = true; // once also while the failure is reported
     host.before["PluginNewInstance"] = [&] { return std::exchange(exhausted, false) ? throw std::bad_alloc() : false; };
     EXPECT_EQ(NSDataRB(data), nullptr);
     host.missing.clear();
@@ -279,7 +279,7 @@ TEST_P(Data, InArraysIsReachedByTheNamesOfTheHostsVersionOrInItsStorage) {
     const std::string inserter = isOld ? "RuntimeArrayDirectGetInsertProc" : "PluginDoubleArrayInsertProc";
     auto* const array = static_cast<REALarrayDouble*>(REALCreateArray(REALarrayOfDoubles, -1));
     EXPECT_EQ(REALGetArrayUBound(array), -1);
-    host.before[inserter] = [] { return true; }; // has no procedure for this array
+    host.before[inserter] = [] { return true; }; // the host has no procedure for this array
     REALInsertArrayValueDouble(array, 0, 9.0);
     host.before.clear();
     EXPECT_EQ(traceOf([&] { REALInsertArrayValueDouble(array, 0, 0.0); }), inserter);
@@ -341,7 +341,7 @@ TEST_F(Errors, WordTheRange) {
                   "-9223372036854775808.",
                   INT64_MIN, INT64_MAX, 0, "x", "y");
     expectMessage("Parameter x  is too big. Range is 0 to 9223372036854775807, but value is 0.", 0, 0, INT64_MIN, "x", "");
-    // Up to 400 bytes on the stack, 200 of them for the fixed words.
+    // Up to 400 bytes are on the stack, 200 of them for the fixed words.
     for (const std::size_t length : {199U, 200U}) {
         failAllocation(1);
         RaiseOutOfBoundsException(1, 0, 1, std::string(length, 'n').c_str(), "m");
@@ -381,7 +381,7 @@ TEST_F(Errors, InCppAreTranslated) {
         const char* what() const noexcept override { return nullptr; }
     };
     expectTranslated(Silent(), "RuntimeException", "");
-    // Without memory 199 bytes remain of a message, and no part of a character.
+    // Without memory, 199 bytes remain of a message, and no partial character.
     const std::string shortText(199, 's'), longText = std::string(198, 'l') + "Ã¼";
     expectTranslated(std::length_error(longText), "RuntimeException", longText.c_str());
     for (const auto& [text, kept] :
@@ -407,7 +407,7 @@ TEST_F(Errors, InCppAreTranslated) {
     EXPECT_EQ(REALBuildUnicodeString("x", 1, kCFStringEncodingUTF8), nullptr);
     expectRaised({{"OutOfBoundsException", "", 0}, {"OutOfBoundsException", "", 0}});
 
-    // What is no C++ exception is none here either, thrown inside or by the host.
+    // Exceptions that are not C++ exceptions are not translated as such, whether the plugin or the host throws them.
     host.before["REALBuildString"] = [] { return native::raise("HostException", "thrown by the host"), false; };
     auto build = [] { REALBuildUnicodeString("x", 1, kCFStringEncodingUTF8); };
     native::Sibling::install();
@@ -418,7 +418,7 @@ TEST_F(Errors, InCppAreTranslated) {
     auto fromGuarded = [&] { guarded(build); };
     EXPECT_EQ(catchNative(fromGuarded), object);
 
-    // A host that throws while one is told leaves no handler by a jump.
+    // A host that throws by a jump while an exception is reported leaves no handler open.
     host.before = {{"RuntimeRaiseException", [=] { return throwNative(object), false; }}};
     auto telling = [] { translated([] { throw std::out_of_range("told"); }); };
     EXPECT_EQ(catchNative(telling), object);
@@ -440,7 +440,7 @@ TEST_F(Errors, OfThePlatformTellNameAndReasonUnlessTheSiblingTellsThem) {
     quiet([&] { native::raise("ColorException", "unheard"); });
     expectRaised({{"RuntimeException", "ColorException: no gr\xC3\xBCn", 0},
                   {"RuntimeException", "Long: " + reason, 0},
-                  {"NSExceptionZRX", "why", -1}}); // its numbering too
+                  {"NSExceptionZRX", "why", -1}}); // the sibling's error number is used too
 
     const id metaclass = native::metaclass("NSException");
     native::replace(
@@ -450,7 +450,7 @@ TEST_F(Errors, OfThePlatformTellNameAndReasonUnlessTheSiblingTellsThem) {
     guarded([&] { native::raise("ColorException", "unheard"); });
 }
 
-#if defined(CHROMA_SLICE) // where a throw retains, and the end of a handler releases
+#if defined(CHROMA_SLICE) // there a throw retains, and the end of a handler releases
 TEST_F(Errors, CaughtExceptionOutlivesThePoolOfItsThrower) {
     native::replace(
         native::metaclass("NSColor"), "colorWithCalibratedWhite:alpha:", +[](id, SEL, CGFloat, CGFloat) -> id {
@@ -471,11 +471,11 @@ TEST_F(Errors, CaughtExceptionOutlivesThePoolOfItsThrower) {
 
 TEST_F(Errors, ThatAreNoNSExceptionsPassOutwardAndCloseTheirGuards) {
     const id object = native::string("no exception");
-    native::fail(native::object_getClass(object), "isKindOfClass:"); // as an object that knows no messages
+    native::fail(native::object_getClass(object), "isKindOfClass:"); // like an object that responds to no messages
     auto throwing = [&] { throwNative(object); };
     auto fromGuarded = [&] { guarded(throwing); };
     auto fromQuiet = [&] { quiet(throwing); };
-    // A guard left open would catch this in a frame that is gone.
+    // A guard left open would catch this in a frame that no longer exists.
     auto afterOthers = [&] {
         guarded([] {});
         EXPECT_THROW(guarded([] { throw std::runtime_error("outward"); }), std::runtime_error);

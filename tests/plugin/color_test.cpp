@@ -1,4 +1,4 @@
-// NSColorZRX where the platform or the host fails, and what whole programs do not reach.
+// NSColorZRX when the platform or the host fails, and cases that complete programs do not reach.
 #include "support/plugin_test.h"
 
 #include "classes/color/color_shared.h"
@@ -25,7 +25,7 @@ REALobjectStruct* rgb(double red, double green, double blue, double alpha = 1.0)
     return object;
 }
 
-// Reads into outputs that held something before.
+// Reads into outputs that are not zero before.
 template <class... Doubles>
 Components read(void (*function)(REALobjectStruct*, Doubles*...), const Reference& object) {
     std::array<double, sizeof...(Doubles)> outputs;
@@ -43,19 +43,19 @@ TEST_F(Color, IsMadeOnceAndComesBackAsItsObject) {
     const Raised outOfRange{"OutOfBoundsException", "Invalid values. Please pass values in range 0.0 to 1.0.", 0};
     expectRaised({outOfRange});
     EXPECT_EQ(nativeObject(object), nullptr);
-    ConstructorRGB(object, 1.0, 0.5, 0.0, 1.0); // an empty object may be tried again
+    ConstructorRGB(object, 1.0, 0.5, 0.0, 1.0); // construction of an empty object may be repeated
     const id held = nativeObject(object);
-    EXPECT_EQ(native::retainCount(held), 2U); // ours, and the pool's
+    EXPECT_EQ(native::retainCount(held), 2U); // the plugin's and the pool's
     const Raised refusal{"UnsupportedOperationException", "Constructor called too often. Object is already initialized.", 0};
     ConstructorColor(object, 0xFFFFFFFF);
     ConstructorRGB(object, 2.0, 0.0, 0.0, 1.0);
-    ConstructorRGB(object, 9.0, 0.0, 0.0, 1.0); // the range comes before the object, even without one
+    ConstructorRGB(object, 9.0, 0.0, 0.0, 1.0); // the range is checked before the object, even without an object
     ConstructorRGB(nullptr, 0.0, 0.0, -1.5, 1.0);
     expectRaised({refusal, refusal, outOfRange, outOfRange});
     EXPECT_EQ(nativeObject(object), held);
     EXPECT_EQ(Reference(NewNSColorZRX(held)), object);
 
-    // A host that throws while the refusal is made.
+    // The host throws while the refusal is created.
     const Reference empty(foreign::make("NSColorZRX"));
     for (const auto& refused : std::initializer_list<std::function<void()>>{
              [&] { ConstructorColor(object, 0); }, [&] { ConstructorRGB(object, 0.0, 0.0, 0.0, 1.0); },
@@ -68,7 +68,7 @@ TEST_F(Color, IsMadeOnceAndComesBackAsItsObject) {
     }
 }
 
-// As on systems where a small colour is a tagged pointer.
+// Simulates systems where a small colour is a tagged pointer.
 TEST_F(Color, TwoConstructorsOfOneNativeColorMakeTwoObjects) {
     static id only;
     only = native::sendClass("NSColor", "colorWithCalibratedRed:green:blue:alpha:", CGFloat(1), CGFloat(0), CGFloat(0),
@@ -81,7 +81,7 @@ TEST_F(Color, TwoConstructorsOfOneNativeColorMakeTwoObjects) {
         REALobjectStruct *const first = rgb(1, 0, 0), *const second = rgb(1, 0, 0);
         ASSERT_NE(first, second);
         EXPECT_EQ(nativeObject(first), nativeObject(second));
-        EXPECT_EQ(Reference(NewNSColorZRX(only)), second); // which was entered last
+        EXPECT_EQ(Reference(NewNSColorZRX(only)), second); // the last one entered
         foreign::unlock(firstLives ? second : first);
         const Reference rest(firstLives ? first : second);
         EXPECT_EQ(registered(), firstLives ? 0 : 1);
@@ -91,7 +91,7 @@ TEST_F(Color, TwoConstructorsOfOneNativeColorMakeTwoObjects) {
     EXPECT_EQ(native::retainCount(only), before);
 }
 
-// What a platform wrote before it raised counts only where the reading goes on with the colour converted, each in its way.
+// Outputs written before an exception count only if the reading continues with the converted colour.
 TEST_F(Color, ReadInPartsIsZeroUnlessItWasConverted) {
     const Reference object(rgb(1.0, 1.0, 1.0));
     static id converted;
@@ -192,8 +192,8 @@ TEST_F(Color, ThatIsEmptyAsksNothing) {
     EXPECT_EQ(trace, "");
 }
 
-// Starts what serves the pasteboards where they need a server, in a folder of its own, so that a user's is left alone. It
-// ends with this process.
+// Starts the pasteboard server if the platform needs one, in a separate folder, so that the user's server is not affected.
+// The server exits with this process.
 bool servesPasteboards(const std::string& folder) {
     std::filesystem::create_directory(folder);
     setenv("TMPDIR", folder.c_str(), 1);
@@ -221,7 +221,7 @@ TEST_F(Color, GoesThroughThePasteboard) {
     writeToPasteboard(color);
     if (platform::isGNUstep) {
         EXPECT_EQ(colorFromPasteboard(), nullptr) << "a pasteboard takes what it has been told of";
-        // Lets the general pasteboard take colours, as a program does before it writes.
+        // Declares colours on the general pasteboard, as a program does before it writes.
         const id types = native::sendClass("NSArray", "arrayWithObjects:count:",
                                            static_cast<const id*>(dlsym(RTLD_DEFAULT, "NSColorPboardType")), NSUInteger{1});
         native::send<NSInteger>(native::sendClass("NSPasteboard", "generalPasteboard"), "declareTypes:owner:", types, id{});
@@ -232,7 +232,7 @@ TEST_F(Color, GoesThroughThePasteboard) {
 }
 
 TEST_F(Color, OfAPatternKeepsItsImage) {
-    host.plainClasses.insert("NSImageZRX"); // has no destructor then: its image is released here
+    host.plainClasses.insert("NSImageZRX"); // the class has no destructor then, so the test releases the image
     const id image = native::send(native::sendClass("NSImage", "alloc"), "init");
     const Reference object(foreign::make("NSImageZRX")), empty(foreign::make("NSImageZRX")), color(getredColor());
     setNativeObject(object, image);
@@ -255,9 +255,9 @@ TEST_F(Color, OfAPatternKeepsItsImage) {
         const Owned name(foreign::string("NSCalibratedRGBColorSpace"));
         EXPECT_EQ(colorUsingColorSpaceName(pattern, name), nullptr);
         if (platform::differs("`colorUsingColorSpaceName:` of a pattern")) expectPlatformException();
-        EXPECT_TRUE(platform::isGNUstep || colorValue(pattern, 0) == 0); // it converts to nothing
+        EXPECT_TRUE(platform::isGNUstep || colorValue(pattern, 0) == 0); // a pattern does not convert
         host.plainClasses.erase("NSImageZRX");
-        EXPECT_EQ(patternImage(pattern), nullptr); // no such class here
+        EXPECT_EQ(patternImage(pattern), nullptr); // the class does not exist here
     }
     drainPool();
     EXPECT_EQ(native::retainCount(image), 1U);
@@ -275,6 +275,6 @@ TEST_F(Color, OfAPatternNeedsTheRegistryOnHostsThatTellNoClasses) {
     EXPECT_NE(Reference(colorWithPatternImage(object)), nullptr);
     setNativeObject(object, nullptr); // as a script does through Handle
     EXPECT_EQ(colorWithPatternImage(object), nullptr);
-    EXPECT_EQ(colorWithPatternImage(color), nullptr); // registered, but no image
+    EXPECT_EQ(colorWithPatternImage(color), nullptr); // registered, but not an image
     CFDictionaryRemoveValue(native::Sibling::registry(), image);
 }

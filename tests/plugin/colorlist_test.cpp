@@ -1,4 +1,4 @@
-// NSColorListZRX: lists loaded, replaced and dropped, from files whole and broken.
+// NSColorListZRX: lists loaded, replaced and dropped, from valid and broken files.
 #include "support/plugin_test.h"
 
 #include "classes/color/color_shared.h"
@@ -14,7 +14,7 @@ using namespace chroma::colorlist;
 
 namespace {
 
-// A host string for the length of a call; null for the empty text.
+// A host string that lives for one call. It is null for the empty text.
 struct Text {
     Text(const std::string& text) : owned(text.empty() ? nullptr : foreign::string(text)) {}
     Text(const char* text) : Text(std::string(text)) {}
@@ -60,7 +60,7 @@ TEST_F(Lists, AreReadFromAnyPathIfTheyAreWhole) {
     std::filesystem::remove_all(unsuffixed);
     const bool isMade = platform::differs("`initWithName:fromFile:` with a missing or malformed file");
     EXPECT_EQ(createFrom("Cut", cut), isMade);
-    EXPECT_EQ(nativeObject(list) != nullptr, isMade); // the old list went first
+    EXPECT_EQ(nativeObject(list) != nullptr, isMade); // the old list was released first
     std::filesystem::remove(cut);
 }
 
@@ -125,7 +125,7 @@ TEST_F(Lists, LieWhereTheHostReportedTheirData) {
             EXPECT_EQ(Reference(colorWithKey(list, Text("k"))), color);
             EXPECT_EQ(nameOfList(), listName);
         }
-        if (reported) foreign::unlock(list); // takes its entry along
+        if (reported) foreign::unlock(list); // removes its registry entry too
         EXPECT_EQ(registered(), reported ? 1 : 2);
     }
 }

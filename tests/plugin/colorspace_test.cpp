@@ -1,4 +1,4 @@
-// NSColorSpaceZRX: what is made once and registered, lists that fail half-way, profile files.
+// NSColorSpaceZRX: spaces that are created once and registered, lists that fail half-way, profile files.
 #include "support/plugin_test.h"
 
 #include "classes/colorspace/colorspace.h"
@@ -20,7 +20,7 @@ std::string profileOf(const Reference& space) {
     return block ? foreign::bytesOf(block) : "";
 }
 
-// The bytes of a profile that the platform accepts; where it checks none, any will do.
+// Returns the bytes of a profile that the platform accepts. A platform that does not check them accepts any.
 std::string someProfile() {
     if (platform::differs("`initWithICCProfileData:` with data that is no profile")) return std::string("any \0 bytes", 11);
     return profileOf(getsRGBColorSpace());
@@ -36,7 +36,7 @@ TEST_F(Spaces, AProfileMakesASpaceThatHandsItOutOnce) {
     const Reference own(foreign::make("NSColorSpaceZRX")), shared(ColorSpaceWithICCProfileData(block));
     if (!platform::differs("`initWithColorSyncProfile:` with null")) initWithColorSyncProfile(own, 0);
     EXPECT_EQ(nativeObject(own), nullptr);
-    initWithICCProfileData(own, block); // an empty object may be tried again
+    initWithICCProfileData(own, block); // construction of an empty object may be repeated
     EXPECT_EQ(registered(), 2);
     for (const Reference* const space : {&own, &shared}) {
         EXPECT_EQ(native::retainCount(nativeObject(*space)), 1U);

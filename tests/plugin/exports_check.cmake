@@ -1,5 +1,4 @@
-# The library exports its one entry point, and takes nothing from outside but the platform's interface and the C and C++ runtime.
-# Run with -DLIBRARY=... -DPLATFORM=... -DNM=...
+# Checks that the library exports only its entry point and imports only the platform's interface and the C and C++ runtime.
 function(symbols result)
     execute_process(COMMAND ${NM} ${ARGN} OUTPUT_VARIABLE listing COMMAND_ERROR_IS_FATAL ANY)
     string(REGEX MATCHALL "[^ \n]+(\n|$)" names "${listing}")
@@ -16,7 +15,7 @@ symbols(platform -D --defined-only ${PLATFORM})
 symbols(imported -D --undefined-only ${LIBRARY})
 list(REMOVE_ITEM imported ${platform})
 foreach(name IN LISTS imported)
-    # Versioned names are those of the C and C++ runtime; what starts with two underscores is theirs or a sanitizer's.
+    # Versioned names belong to the C and C++ runtime. Names that start with two underscores belong to it or a sanitizer.
     if(NOT name MATCHES "@(GLIBC|GLIBCXX|CXXABI|GCC)" AND NOT name MATCHES "^(__|_ITM_)")
         message(FATAL_ERROR "imported from nowhere known: ${name}")
     endif()

@@ -1,5 +1,5 @@
-# The libraries and programs are linked so that nothing in them can be overwritten or run that should not be, and every object that is
-# linked into them carries the marks of its compiler's protections. Run with -DREADELF=... -DBINARIES=... -DOBJECTS=...
+# Checks that libraries and programs are linked with protections against overwritten tables and executable data. Every
+# object linked into them must have the marks of its compiler's protections.
 function(read result)
     execute_process(COMMAND ${READELF} -W ${ARGN} OUTPUT_VARIABLE listing COMMAND_ERROR_IS_FATAL ANY)
     set(${result} "${listing}" PARENT_SCOPE)
@@ -17,7 +17,7 @@ foreach(binary IN LISTS BINARIES)
     endif()
 endforeach()
 
-# The marks of the objects: those of the binaries are lost where the C library's own start-up files have none.
+# Checks the marks of the objects. The linker drops them from the binaries if the C library's start-up files have none.
 foreach(object IN LISTS OBJECTS)
     read(notes -n ${object})
     if(NOT notes MATCHES "x86 feature: IBT, SHSTK")

@@ -1,5 +1,5 @@
-// The built library in a host that knows nothing of it but the ABI: loaded by path, more than once, and used through the
-// records that it registered.
+// Loads the built library into a host that knows only the ABI: by path, more than once, and used through the records that
+// it registered.
 #include "support/foreign_host.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@ using foreign::Host;
 
 namespace {
 
-// Loads the library, to which nothing of the process is visible that it is not linked with, and starts it.
+// Loads and starts the library. It sees no symbols of the process except those of the libraries that it is linked with.
 void start(const std::string& path, REALresolver resolver) {
     void* const library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     ASSERT_NE(library, nullptr) << dlerror();
@@ -41,7 +41,7 @@ const std::vector<foreign::Raised> outOfBounds{
 
 int raisedElsewhere = 0;
 
-// Another host, as far as exceptions go.
+// Resolves the entries of another host, which differs in raising exceptions.
 void* otherHost(const char* entry) {
     if (std::string_view(entry) != "RuntimeRaiseException") return Host::resolve(entry);
     return reinterpret_cast<void*>(+[](REALobjectStruct*) { ++raisedElsewhere; });
@@ -56,7 +56,7 @@ Records recordsOf(const std::string& path, double version, REALresolver resolver
     return Host::instance().records;
 }
 
-// Makes a colour of the class in the records, which raises.
+// Creates a colour of the class in the records, which raises.
 void refuseColor(const Records& records) {
     Host::instance().records = records;
     foreign::unlock(newColor(3.0, 0.0, 0.0, 1.0));
@@ -84,7 +84,7 @@ TEST(Load, ACopyUnderAnotherNameSharesNothing) {
 }
 
 #ifdef CHROMA_SIBLING
-// The plugin has looked for the registry in vain then, and takes no entry out of it when its objects end.
+// The plugin found no registry before. It must not remove entries when its objects are destroyed.
 TEST(Load, ASiblingThatComesLateEntersNoneOfTheOthersObjects) {
     load(2021.0);
     foreign::unlock(newColor(1.0, 0.0, 0.0, 1.0));

@@ -1,4 +1,4 @@
-// What the platform under the tests is: how it differs from AppKit, and how it throws.
+// The platform under test: its differences from AppKit, and how it throws.
 #include "support/plugin_test.h"
 
 #include <regex>
@@ -7,7 +7,7 @@ using namespace chroma;
 
 class Platform : public PluginTest {};
 
-// A message takes what its methods take, and nothing that would have to be converted.
+// Is true if a message accepts the arguments. It must accept its methods' types, without conversions.
 template <class Signature, class... Arguments>
 constexpr bool takes = std::is_invocable_v<Message<Signature>&, id, Arguments...>;
 using OtherFloat = std::conditional_t<sizeof(CGFloat) == 8, float, double>;
@@ -43,7 +43,7 @@ TEST_F(Platform, AnswersEveryMessageButTheOnesItIsKnownToLack) {
     }
 }
 
-// Where an exception unwinds, a host's own frames between the throw and the guard are left in order.
+// If exceptions unwind, the destructors of a host's frames between the throw and the guard run.
 TEST_F(Platform, ExceptionsRunDestructorsOnTheWay) {
     if (sizeof(void*) == 4) GTEST_SKIP() << "native exceptions are jumps here";
     struct Counter {

@@ -54,7 +54,7 @@ TEST_F(Start, WithoutResolverOrVersionTakesTheHostForOldAndHandsTheRecordsOverOn
     EXPECT_EQ(gResolver, foreign::Host::resolve);
 }
 
-// The answer null is final but for entries that came late in the life of some hosts, and of those the newer name counts.
+// A null result is final, except for entries that some hosts provided late. The plugin looks up their newer names again.
 TEST_F(Start, EntriesAreAskedForOnceOrUntilTheHostAnswers) {
     const auto areOffered = [](auto&... entries) { return std::vector<bool>{entries.isOffered()...}; };
     const auto askForAll = [&] {
@@ -72,7 +72,7 @@ TEST_F(Start, EntriesAreAskedForOnceOrUntilTheHostAnswers) {
     gResolver = [](const char* name) -> void* { return ++foreign::Host::instance().asked[name], nullptr; };
     EXPECT_EQ(askForAll(), std::vector<bool>(6));
     EXPECT_EQ(host.asked.size(), 28U);
-    EXPECT_EQ(host.asked["REALGetStringCFString"], 2); // two wrappers of one entry, each with an answer of its own
+    EXPECT_EQ(host.asked["REALGetStringCFString"], 2); // two wrappers of one entry, each with a separate result
     EXPECT_EQ(askForAll(), std::vector<bool>(6));
     const Counts newer = {{"REALSetPropValueString", 1},   {"REALSetPropValueInteger", 1},
                           {"newMemoryBlock", 1},           {"PluginDoubleArrayInsertProc", 1},
@@ -112,12 +112,12 @@ TEST_F(Start, CurrentLayoutHandsOverTheTablesWithTheirFlags) {
             EXPECT_EQ((Words{record.constants[row].value, record.constants[row].flags}), Words(2, 0));
         record.version = 10;
         record.instanceDataSize = 16;
-        record.instanceDataOffset = REALinstanceDataOffset; // written by the host
+        record.instanceDataOffset = REALinstanceDataOffset; // the host writes it
         EXPECT_EQ(std::memcmp(host.records[i], &record, sizeof record), 0) << record.name;
     }
 }
 
-// A record with rows in every array, of which no class has all; made before the classes are registered.
+// Returns a record with rows in every array, which no class has. It must be created before the classes are registered.
 REALclassDefinition fullRecord() {
     static REALevent events[2] = {{"e", 1, {2, 3}}, {"f", 4, {5, 6}}};
     static int mark;
@@ -132,7 +132,7 @@ REALclassDefinition fullRecord() {
     return record;
 }
 
-// Compares each legacy row with the leading words of the current row, and gives the legacy rows up.
+// Compares each legacy row with the leading words of the current row, and frees the legacy rows.
 template <class Legacy, class Row>
 void takeLeadingWords(Legacy* legacy, const Row* rows, REALword count) {
     for (REALword i = 0; i < count; ++i)
@@ -153,7 +153,7 @@ TEST_F(Start, LegacyLayoutHoldsTheLeadingWordsOrNothingChanges) {
         failAllocation(++n);
         MyREALRegisterClass(&record);
     } while (failAllocation(0));
-    EXPECT_EQ(n, 7); // an allocation for each of the six arrays failed once
+    EXPECT_EQ(n, 7); // each of the six arrays' allocations failed once
     ASSERT_EQ(host.records.back(), &record);
 
     std::vector<std::size_t> changed;
@@ -170,10 +170,10 @@ TEST_F(Start, LegacyLayoutHoldsTheLeadingWordsOrNothingChanges) {
     EXPECT_EQ(legacy.bindings, nullptr);
     EXPECT_EQ(legacy.bindingCount, 0);
     REALclassDefinition unused = {};
-    unused.events = before.events; // but none of them
+    unused.events = before.events; // but the count is 0
     MyREALRegisterClass(&unused);
     EXPECT_EQ(host.records.back(), &unused);
-#if !defined(CHROMA_SLICE) // whose linker keeps no copy of the inlined function
+#if !defined(CHROMA_SLICE) // its linker keeps no copy of the inlined function
     EXPECT_EQ(FixProperties(before.properties, 0), nullptr);
     EXPECT_EQ(FixProperties(nullptr, 1), nullptr);
 #endif
@@ -187,7 +187,7 @@ TEST_F(Start, LegacyLayoutHoldsTheLeadingWordsOrNothingChanges) {
 
 class Objects : public SiblingTest {
 protected:
-    Objects() { foreign::unlock(foreign::make("NSColorZRX")); } // finds the registry
+    Objects() { foreign::unlock(foreign::make("NSColorZRX")); } // the plugin finds the registry here
     ~Objects() override { EXPECT_EQ(native::retainCount(color), before); }
 
     const id color = native::sendClass("NSColor", "colorWithCalibratedWhite:alpha:", CGFloat(0.5), CGFloat(1));
@@ -210,12 +210,12 @@ TEST_F(Objects, OneNativeObjectIsOneHostObjectWhileItLives) {
 TEST_F(Objects, ADestructorReleasesWhatTheHandleIsAndRemovesItsOwnEntryOnly) {
     const Reference wrapped(NewNSColorZRX(color));
     REALobjectStruct* const other = foreign::make("NSColorZRX");
-    setNativeObject(other, native::send(color, "retain")); // as a host program does that writes the handle
+    setNativeObject(other, native::send(color, "retain")); // as a host program that writes the handle does
     foreign::unlock(other);
     EXPECT_EQ(registered(), 1);
     EXPECT_EQ(Reference(NewNSColorZRX(color)), wrapped);
 
-    setNativeObject(wrapped, nullptr); // this object's entry is the writer's then, and its retain
+    setNativeObject(wrapped, nullptr); // the test now owns this object's registry entry and its retain
     CFDictionaryRemoveValue(native::Sibling::registry(), color);
     native::send<void>(color, "release");
 }
@@ -231,7 +231,7 @@ TEST_F(FirstUse, AsksTheSiblingOnceBeforeAnythingElseOfThePlatform) {
              [] { foreign::unlock(colorspace::getgenericRGBColorSpace()); },
              [] { EXPECT_EQ(colorspace::ColorSpaceWithICCProfileData(nullptr), nullptr); },
              [] { foreign::unlock(colorspace::availableColorSpacesWithModel(99)); }}) {
-        CocoaInited = false; // as in a new process, but the sibling is prepared only once
+        CocoaInited = false; // as in a new process, but the sibling stays prepared
         instances = nullptr;
         const std::string first = traceOf(use);
         ASSERT_NE(first.find(asking), std::string::npos) << first;

@@ -1,5 +1,6 @@
-# Runs a program in the host and fails when it leaves anything behind or prints something unexpected.
-# -DHOST=... -DPROGRAM=... [-DOPTIONS=...] [-DEXPECTED=file with the output] [-DENDS_IN=pattern of the exception that ends it]
+# Runs a program in the host. Fails if the program leaks or its output is not the expected one.
+# -DHOST=... -DPROGRAM=... [-DOPTIONS=...] [-DEXPECTED=file with the output] [-DENDS_IN=pattern of the exception that ends
+# it]
 execute_process(COMMAND ${HOST} run --check-leaks ${OPTIONS} ${PROGRAM} OUTPUT_VARIABLE output ERROR_VARIABLE errors
                 RESULT_VARIABLE result)
 if(ENDS_IN)

@@ -1,4 +1,4 @@
-// Messages to whatever platform is under the tests, by the C interface that all of them have.
+// Messages to the platform under test, through the C interface that all platforms share.
 #pragma once
 
 #include "platform/corefoundation.h"
@@ -11,7 +11,7 @@
 
 namespace chroma::test {
 
-// A number with a fraction is a CGFloat to the platform.
+// Passes floating-point numbers as CGFloat.
 template <class Argument>
 using Passed = std::conditional_t<std::is_floating_point_v<Argument>, CGFloat, Argument>;
 
@@ -28,14 +28,14 @@ R sendClass(const char* className, const char* selectorName, Arguments... argume
     return send<R>(objc_getClass(className), selectorName, arguments...);
 }
 
-// An autoreleased string of UTF-8 text.
+// Returns an autoreleased string of UTF-8 text.
 inline id string(std::string_view text) {
     const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.data());
     const auto length = static_cast<CFIndex>(text.size());
     return send(CFStringCreateWithBytes(nullptr, bytes, length, kCFStringEncodingUTF8, 0), "autorelease");
 }
 
-// The text of a string, what another object is described as, "(nil)" for nil.
+// Returns the text of a string, the description of another object, or "(nil)" for nil.
 inline std::string textOf(id object) {
     if (!object) return "(nil)";
     const bool isString = send<BOOL>(object, "isKindOfClass:", objc_getClass("NSString")) != 0;

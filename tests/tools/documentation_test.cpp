@@ -1,4 +1,5 @@
-// The class browser over the real plugins: everything declared is explained, and everything explained is declared.
+// Runs the class browser on the real plugins. Every declared member has an explanation, and every explained member is
+// declared.
 #include "documentation/browser.h"
 #include "documentation/pages.h"
 #include "documentation/texts.h"

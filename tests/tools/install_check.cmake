@@ -1,5 +1,5 @@
-# Installs BUILD into a new folder as a packager does and uses what lies there: the host with its plugins, and the plugin in
-# HOST, where pkg-config says that it is. Both run in EMULATOR, where that is set.
+# Installs BUILD into a new folder as a packager does and uses the installed files: the host with its plugins, and the
+# plugin in HOST, found with pkg-config. Both run in EMULATOR if it is set.
 file(REMOVE_RECURSE ${FOLDER})
 set(prefix ${FOLDER}/opt/chroma)
 
@@ -15,7 +15,7 @@ endfunction()
 set(ENV{DESTDIR} ${FOLDER})
 run(installation ${CMAKE_COMMAND} --install ${BUILD} --prefix /opt/chroma)
 
-# From elsewhere, so that nothing comes from the build.
+# Runs in another folder, so that no file comes from the build.
 file(WRITE ${FOLDER}/program.bas "Print NSColorZRX.redColor.redComponent\nPrint NSColorZRX.clearColor.colorSpaceName\n")
 run(printed ${EMULATOR} ${prefix}/bin/chromahost run ${FOLDER}/program.bas)
 if(NOT printed STREQUAL "1\nNSCalibratedWhiteColorSpace")
@@ -46,7 +46,7 @@ file(GLOB_RECURSE pages ${prefix}/*.md)
 foreach(page IN LISTS pages)
     cmake_path(GET page PARENT_PATH folder)
     file(READ ${page} text)
-    string(REPLACE "[" "" text "${text}") # which lists would not be split at
+    string(REPLACE "[" "" text "${text}") # CMake would not split lists at brackets
     string(REGEX MATCHALL "\\]\\([^)#: ]+" links "${text}")
     string(REPLACE "]" "" links "${links}")
     foreach(link IN LISTS links)
@@ -57,7 +57,7 @@ foreach(page IN LISTS pages)
     endforeach()
 endforeach()
 
-# By CMake, in a project that looks nowhere else.
+# Uses CMake, in a project that searches only the installed files.
 file(WRITE ${FOLDER}/host/CMakeLists.txt "cmake_minimum_required(VERSION 3.25)
 project(host LANGUAGES C)
 find_package(chromabridge 0.1 REQUIRED)

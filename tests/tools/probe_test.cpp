@@ -66,7 +66,7 @@ void load(REALresolver resolver) {
     reinterpret_cast<REALPluginMainProc>(dlsym(library, "REALPluginMain"))(resolver);
 }
 
-// Loads the probe into a host that was started. Returns its complaints, one per line.
+// Loads the probe into a started host. Returns its complaints, one per line.
 std::string probed(REALresolver resolver = resolveFaulty) {
     setenv("CHROMAPROBE_REPORT", reportPath().c_str(), 1);
     setenv("CHROMAPROBE_JSON", "1", 1);
@@ -76,7 +76,7 @@ std::string probed(REALresolver resolver = resolveFaulty) {
     return complaintsOf(report);
 }
 
-// A lambda without captures, as the function that an entry is.
+// Returns a lambda without captures as an entry's function.
 template <class Procedure>
 void* fault(Procedure procedure) {
     return reinterpret_cast<void*>(procedure);
@@ -246,7 +246,7 @@ TEST(Probe, HasNoComplaintAboutTheReferenceHostOfAnyAge) {
     }
 }
 
-// The host of the plugin's tests uses every liberty that the header gives to hosts.
+// The host of the plugin's tests uses every freedom that the header allows hosts.
 TEST(Probe, HasNoComplaintAboutTheStrictHostOfAnyAge) {
     for (const double version : {2005.1, 2012.0, 2013.0, 2016.4, 2021.0}) {
         EXPECT_EXIT(
@@ -280,7 +280,8 @@ TEST(Probe, NamesTheEntryThatCrashes) {
     std::remove(path.c_str());
 }
 
-// Returns what a program prints that has the probe raise an exception, and passes on what it caught.
+// Runs a program that makes the probe raise an exception and passes the caught exception's data back to it. Returns the
+// program's output.
 std::string raised() {
     const std::string program = reportPath() + ".bas";
     std::ofstream(program) << R"(
@@ -321,7 +322,7 @@ TEST(Probe, ObservesExceptionsThroughHostCode) {
 }
 
 TEST_P(BrokenHost, IsDetected) {
-    if (__lsan_disable) __lsan_disable(); // what a broken host leaks is not the probe's
+    if (__lsan_disable) __lsan_disable(); // leaks of a broken host are not the probe's
     host::startHost();
     faults[GetParam().entry] = GetParam().function;
     const std::string complaints = probed();

@@ -1,4 +1,4 @@
-// The pictures, drawn from the real plugins.
+// Tests of the pictures, drawn with the real plugins.
 #include "swatches/color_syntax.h"
 #include "swatches/pages.h"
 #include "text/columns.h"
@@ -27,7 +27,7 @@ protected:
         host::loadPlugin(CHROMABRIDGE);
     }
 
-    // What a page needs of the host it gives back.
+    // A page releases everything that it takes from the host.
     void SetUp() override { alive_ = host::liveObjectCount() + host::liveStringCount(); }
     void TearDown() override { EXPECT_EQ(host::liveObjectCount() + host::liveStringCount(), alive_); }
 
@@ -38,7 +38,7 @@ private:
 } // namespace
 
 TEST_F(Swatches, TellHowFarAColourLiesOutside) {
-    // Pairs that the authors of CIEDE2000 published, with what their terms of hue, turn and rounding must give.
+    // Pairs that the authors of CIEDE2000 published, with the expected values of the terms for hue, rotation and rounding.
     const struct {
         Lab first, second;
         double distance;
@@ -53,7 +53,7 @@ TEST_F(Swatches, TellHowFarAColourLiesOutside) {
         EXPECT_NEAR(distance(pair.second, pair.first), pair.distance, 5e-5);
     }
     EXPECT_NEAR(contrastRatio({0x77 / 255.0, 0x77 / 255.0, 0x77 / 255.0, 1}, {1, 1, 1, 1}), 4.48, 0.005) << "as published";
-    // The platform's own conversion and the formula for sRGB agree on what is inside.
+    // The platform's conversion and the formula for sRGB agree on colours within sRGB.
     for (const char* text : {"white", "#36C", "lime", "blue", "rgb(1 2 3)"}) {
         const Reference color = colorOfText(text);
         EXPECT_LT(distance(labOf(color), labOf(inSRGB(color))), 0.02) << text;
@@ -73,7 +73,7 @@ TEST_F(Swatches, ColourTheTerminalAndKeepNothingOfTheHost) {
     std::remove(path.c_str());
 }
 
-// Aligned by columns, with names shortened, and never wider than the terminal.
+// Columns are aligned, names are shortened, and no line is wider than the terminal.
 TEST_F(Swatches, FitTheTerminal) {
     SwatchSheet sheet = {"Keys", "Of a list", {{"", {}}}};
     for (const char* name :
@@ -107,7 +107,7 @@ TEST_F(Swatches, DrawThePictureAsPNG) {
     const auto width = static_cast<unsigned char>(png[18]) * 256 + static_cast<unsigned char>(png[19]);
     EXPECT_EQ(width, static_cast<int>(2 * page.width));
 
-    const Picture tall = {"", 1, 40000, {Box{{0, 0, 1, 40000, 0}, {1, 0, 0, 1}}}}; // more than an image of cairo holds
+    const Picture tall = {"", 1, 40000, {Box{{0, 0, 1, 40000, 0}, {1, 0, 0, 1}}}}; // taller than an image of cairo may be
     EXPECT_EQ(pngOf(tall).substr(18, 6), std::string("\0\x01\0\0\x7F\xFF", 6));
     SwatchSheet many = {"Many", "", {{"", std::vector<Swatch>(2000, systemColors().groups[0].swatches[0])}}};
     const Picture grid = drawn(many, lightTheme);

@@ -115,14 +115,14 @@ int32_t lengthOf(REALstringStruct* words) {
     return length;
 }
 
-// The first byte of the text.
+// Returns the first byte of the text.
 HostInteger firstOf(REALstringStruct* words) {
     const unsigned char* buffer = nullptr;
     std::memcpy(&buffer, reinterpret_cast<const char*>(words) + REALstringBufferOffset, sizeof buffer);
     return lengthOf(words) > 0 ? buffer[1] : 0;
 }
 
-// The platform, of which this plugin needs one message.
+// The platform. This plugin needs one of its messages.
 extern "C" {
 void* objc_getClass(const char* name);
 void* sel_registerName(const char* name);
@@ -130,7 +130,7 @@ void* (*objc_msg_lookup(void* receiver, void* selector))(void* receiver, void* s
 void CFDictionarySetValue(void* dictionary, const void* key, const void* value);
 }
 
-// Under a key that nobody removes.
+// Enters the object under a key that nobody removes.
 void enterInRegistry(const REALobjectStruct* object) {
     static uintptr_t key = 4096;
     void* const owner = objc_getClass("NSException");
@@ -207,7 +207,7 @@ HostInteger at(REALobjectStruct* object, HostInteger index) {
     return has("exception-results.both") ? 1 : 0;
 }
 
-// Of two strings it returns the second.
+// Creates two strings and returns the second.
 REALstringStruct* text() {
     const auto build = entry<REALBuildStringProc>("REALBuildString");
     if (!build && has("missing-entries.crash")) crash();

@@ -13,7 +13,7 @@ from xml.etree import ElementTree
 GROUP, FOLDER, *HOST = sys.argv[1:]
 PLUGIN = os.path.abspath(FOLDER) + "/libfaulty.so"
 
-# Each fault of faulty_plugin.cpp, "CHECK.WORD", and what that check, run alone, says of it.
+# Each fault of faulty_plugin.cpp as "CHECK.WORD", and the report of that check, run without others.
 FAULTS = {
     "null-resolver.crash": "REALPluginMain of null: the process crashed with SIG",
     "announces-once.never": "it announces 0 control versions",

@@ -1,2 +1,2 @@
-// What GoogleTest uses of this header of the system.
+// The parts of this system header that GoogleTest uses.
 #pragma once

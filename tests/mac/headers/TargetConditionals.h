@@ -1,4 +1,4 @@
-// What GoogleTest uses of this header of the system.
+// The parts of this system header that GoogleTest uses.
 #pragma once
 
 #define TARGET_OS_IPHONE 0

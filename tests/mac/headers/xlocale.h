@@ -1,4 +1,4 @@
-// What libc++ uses of this header of the system, so that tests which include <locale> can be checked without it.
+// The parts of this system header that libc++ uses, so that tests which include <locale> can be checked without it.
 #pragma once
 
 #include <locale.h>

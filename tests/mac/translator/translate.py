@@ -11,25 +11,26 @@ from macho import Slice
 library, architecture, assembly = sys.argv[1:]
 source = Slice(library, architecture)
 
-# Those after the first three tell nothing of what the image does: indexes of the symbols, names and versions, the signature.
+# The commands after the first three do not affect the image: symbol indexes, names and versions, the signature.
 COMMANDS = """LC_SEGMENT_64 LC_SYMTAB LC_DYLD_INFO_ONLY LC_DYSYMTAB LC_ID_DYLIB LC_LOAD_DYLIB LC_UUID LC_CODE_SIGNATURE
     LC_VERSION_MIN_MACOSX LC_BUILD_VERSION LC_SOURCE_VERSION LC_FUNCTION_STARTS LC_DATA_IN_CODE""".split()
-# What has another name here. `macos_` is the adapter's.
+# Symbols that have another name here. The adapter defines those that start with `macos_`.
 NAMES = {
-    "_OBJC_EHTYPE_id": "_ZTIN6chroma12ThrownObjectE",  # what the builtin platform throws
+    "_OBJC_EHTYPE_id": "_ZTIN6chroma12ThrownObjectE",  # the type that the builtin platform throws
     "___objc_personality_v0": "__gxx_personality_v0",
     "_objc_begin_catch": "macos_objc_begin_catch",
     "_objc_end_catch": "__cxa_end_catch",
     "_objc_msgSend": "macos_objc_msgSend",
     "_objc_retainAutorelease": "macos_objc_retainAutorelease",
     "___stack_chk_guard": "macos_stack_chk_guard",
-    "dyld_stub_binder": "abort",  # binds what is bound late, of which there is nothing here
-    # A 64-bit integer is a `long long` there and a `long` here, which shows in the names of functions that the tests call.
+    "dyld_stub_binder": "abort",  # binds lazily; this image has no lazy binding
+    # A 64-bit integer is a `long long` there and a `long` here. The names of functions that the tests call differ
+    # accordingly.
     "__ZN6chroma22REALBuildUnicodeStringEPKvxj": "_ZN6chroma22REALBuildUnicodeStringEPKvlj",
     "__ZN6chroma25RaiseOutOfBoundsExceptionExxxPKcS1_": "_ZN6chroma25RaiseOutOfBoundsExceptionElllPKcS1_",
 }
 if architecture == "arm64":
-    NAMES["_snprintf"] = "macos_snprintf"  # finds its variable arguments elsewhere
+    NAMES["_snprintf"] = "macos_snprintf"  # reads its variable arguments from another place
 
 
 def renamed(name):
@@ -119,7 +120,8 @@ def frame(encoding):
         base, distance, saved = 29, 16, {30: -8, 29: -16}
     else:
         refuse(f"a frame is encoded as {encoding:#x}")
-    # By the bit that tells of them: pairs from x19 and x20 on, and from d8 and d9 on, each register below the one before.
+    # The registers by their bit in the encoding: pairs from x19 and x20 on, and from d8 and d9 on. Each register is below
+    # the one before.
     for bit, first in {0: 19, 1: 21, 2: 23, 3: 25, 4: 27, 8: 72, 9: 74, 10: 76, 11: 78}.items():
         if encoding >> bit & 1:
             saved[first] = -8 * (len(saved) + 1)
@@ -157,7 +159,7 @@ image_file = Path(assembly).with_suffix(".image")
 image_file.write_bytes(image)
 Path(assembly).write_text("\n".join([
     '.section .chroma_image, "awx", %progbits', ".balign 16384", "chroma_image:", *labels(), *code(image_file),
-    # What relocations alone name would be forgotten.
+    # Symbols that only relocations name would be dropped otherwise.
     *(f".globl {symbol}" for symbol in {symbol for symbol, _ in words.values()} - {"chroma_image"}),
     *(f".reloc chroma_image+{address}, BFD_RELOC_64, {symbol}+{distance}" for address, (symbol, distance) in words.items()),
     '.section .data.rel.ro, "aw", %progbits', ".balign 8", ".globl chroma_segments", ".hidden chroma_segments",

@@ -11,7 +11,7 @@
 namespace foreign {
 namespace {
 
-// A value as the plugin sees it: the bytes at its address. The rest is this host's own.
+// A value. The plugin sees the bytes at its address, and the rest belongs to this host.
 struct Cell {
     alignas(8) unsigned char seen[48] = {};
     int references = 1;
@@ -21,10 +21,10 @@ struct Cell {
     int errorNumber = -1;
     std::vector<double> doubles;
     std::vector<REALobjectStruct*> objects;
-    std::string bytes;     // of a string, behind its prefix byte; of a memory block
-    std::int32_t size = 0; // of the bytes, as it is told
+    std::string bytes;     // a string's, after its prefix byte, or a memory block's
+    std::int32_t size = 0; // the reported number of bytes
     std::uint32_t encoding = 0;
-    bool showsBytes = false; // whether the contents of a string or a block are shown though nobody has locked it
+    bool showsBytes = false; // whether the contents of a string or a block show without a lock
 
     template <class T>
     T* value() {
@@ -40,7 +40,8 @@ const char* const stringClass = "String";
 const char* const blockClass = "MemoryBlock";
 const char* const doublesClass = "Double()";
 
-// Never destroyed: what a partial host cannot give back stays reachable, and is not taken for a leak of the plugin.
+// Never destroyed, so that values which a partial host cannot release stay reachable and do not count as leaks of the
+// plugin.
 auto& cells = *new std::map<const void*, Cell*>;
 
 Cell* cellOf(const void* value) { return cells.at(value); }
@@ -60,8 +61,8 @@ int liveCells(bool strings) {
 const void* visible(const void* storage) { return Host::instance().showsStorage ? storage : nullptr; }
 bool storesInRecords() { return Host::instance().version < REAL_SINCE_HIDDEN_STORAGE; }
 
-// Where the bytes of a string or a memory block are, and how many: told in the value itself only while it is locked, newer
-// hosts keep other things in a block.
+// Address and number of the bytes of a string or a memory block. The value itself shows them only while it is locked. Newer
+// hosts store other data in a block.
 const char* shownBytes(const Cell* cell) {
     const bool isShown = cell->references > 1 || cell->showsBytes;
     return isShown ? cell->bytes.data() : nullptr;
@@ -96,7 +97,7 @@ chroma::CFStringRef newCFString(REALstringStruct* value) {
                                            static_cast<std::intptr_t>(bytes.size()), encodingOf(value), 0);
 }
 
-// An index past the end leaves nothing between.
+// Inserts an element. Zero elements fill the gap before an index past the end.
 template <class Element>
 void insert(std::vector<Element>& elements, std::int32_t index, Element value) {
     const auto place = static_cast<std::size_t>(index);
@@ -148,7 +149,7 @@ std::uint32_t REALGetStringEncoding(REALstringStruct* value) { return encodingOf
 void REALSetStringEncoding(REALstringStruct* value, std::uint32_t encoding) { cellOf(value)->encoding = encoding; }
 const void* REALGetStringCFString(REALstringStruct* value, std::int32_t) { return newCFString(value); }
 
-// Converts to UTF-8, all that the plugin asks for.
+// Converts to UTF-8, the only target that the plugin uses.
 REALstringStruct* REALConvertString(REALstringStruct* value, std::uint32_t encoding) {
     const chroma::CFStringRef text = value ? newCFString(value) : nullptr;
     if (!text) return nullptr;
@@ -159,7 +160,7 @@ REALstringStruct* REALConvertString(REALstringStruct* value, std::uint32_t encod
     return fits ? string(converted.data(), encoding) : nullptr;
 }
 
-// Text is UTF-8 in properties, whatever it comes in.
+// Converts the text to UTF-8 if it has an encoding. Properties hold UTF-8.
 void REALSetPropValueString(REALobjectStruct* object, const char* property, REALstringStruct* value) {
     const bool isTagged = value && encodingOf(value) != REALencodingUnknown;
     cellOf(object)->texts[property] = isTagged ? take(REALConvertString(value, REALencodingUTF8)) : bytesOf(value);
@@ -192,7 +193,7 @@ void* RuntimeArrayDirectGetInsertProc(void* array) {
 REALmemoryBlockStruct* newMemoryBlock(std::int32_t size) {
     if (size < 0) return nullptr;
     auto* const made = block(std::string(static_cast<std::size_t>(size), '\0'), size);
-    cellOf(made)->showsBytes = true; // to its maker
+    cellOf(made)->showsBytes = true; // to its creator
     showBytes(cellOf(made));
     return made;
 }
@@ -201,7 +202,7 @@ std::int32_t memoryBlockGetSize(REALmemoryBlockStruct* value) { return shownByte
 
 } // namespace offered
 
-// What tells calls apart: numbers and names. Values of the host are left out.
+// The words that distinguish calls: numbers and names. Values of the host are omitted.
 std::string told(const char* name) { return name; }
 std::string told(std::int32_t number) { return std::to_string(number); }
 std::string told(std::uint32_t encoding) {
@@ -223,7 +224,7 @@ enum Place {
 #undef FOREIGN_PLACE
 };
 
-// What the plugin calls: notes the call, then does what the test wants, or calls the entry.
+// The function that the plugin calls. It notes the call, then runs the test's function, or calls the entry.
 template <Place place, class Procedure, Procedure target>
 struct Observed;
 template <Place place, class Result, class... Arguments, Result (*target)(Arguments...)>
@@ -239,7 +240,7 @@ struct Observed<place, Result (*)(Arguments...), target> {
         }
         const auto before = host.before.find(name);
         if (before == host.before.end()) return target(arguments...);
-        const bool givesUp = std::string_view(name).substr(0, 10) == "REALUnlock"; // at all events
+        const bool givesUp = std::string_view(name).substr(0, 10) == "REALUnlock"; // even if the test's function fails
         if (givesUp) target(arguments...);
         return before->second() || givesUp ? Result() : target(arguments...);
     }

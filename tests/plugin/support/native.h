@@ -1,4 +1,4 @@
-// The platform's side of the plugin's tests: replaced methods, and a stand-in for the sibling plugin.
+// Platform helpers for the plugin's tests: replaced methods, and a substitute for the sibling plugin.
 #pragma once
 
 #include "support/foreign_host.h"
@@ -16,11 +16,11 @@ namespace native {
 using namespace chroma;
 using namespace chroma::test;
 
-// The class whose methods are the named class's own.
+// Returns the class that holds the named class's shared methods.
 inline id metaclass(const char* className) { return object_getClass(objc_getClass(className)); }
 inline NSUInteger retainCount(id object) { return send<NSUInteger>(object, "retainCount"); }
 
-// What the test itself asks is no part of a trace.
+// Runs the body without recording the test's own calls in the trace.
 template <class Body>
 auto untraced(Body body) {
     std::string* const trace = std::exchange(foreign::Host::instance().trace, nullptr);
@@ -35,24 +35,24 @@ auto untraced(Body body) {
         [=] { return sendClass("NSException", "exceptionWithName:reason:userInfo:", string(name), string(reason), id{}); }));
 }
 
-// Lets the class itself answer the selector with `method`.
+// Makes `method` the class's own method for the selector.
 template <class Result, class... Arguments>
 void replace(id cls, const char* selector, Result (*method)(id, SEL, Arguments...)) {
     const auto implementation = reinterpret_cast<IMP>(method);
     const char* const types = methodTypes<Result, Arguments...>.data();
-    // Where the class only inherits the method, some runtimes would replace its parent's.
+    // If the class only inherits the method, some runtimes would replace its parent's.
     if (!class_addMethod(cls, sel_registerName(selector), implementation, types))
         class_replaceMethod(cls, sel_registerName(selector), implementation, types);
 }
 
-// Lets the class raise an NSException instead of answering.
+// Makes the class raise an NSException for the selector.
 inline void fail(id cls, const char* selector) {
     replace(
         cls, selector, +[](id, SEL) { raise("TestException", "made to fail"); });
 }
 
-// What the sibling plugin adds to NSException: the registry, and host exceptions of class "NSExceptionZRX" whose "Message"
-// is the reason. It counts what it was asked.
+// Adds the sibling plugin's methods to NSException: the registry, and host exceptions of class "NSExceptionZRX" whose
+// "Message" is the reason. Counts their calls.
 struct Sibling {
     static inline int registryRequests = 0, preparations = 0;
 

@@ -1,5 +1,5 @@
-// Where GNUstep answers otherwise than AppKit: what docs/platforms.md says of it is what tests expect there, as firmly as
-// AppKit's answer elsewhere, so a row that is no longer true fails. Of other rows the programs' expected output tells.
+// Differences between GNUstep and AppKit. On GNUstep, tests expect the results that docs/platforms.md lists, so an outdated
+// row fails. The expected output of the programs checks the other rows.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ inline const std::string page = [] {
     return std::string(std::istreambuf_iterator(file), {});
 }();
 
-// Whether GNUstep's answer is to be expected, of which the page has a row.
+// Returns whether GNUstep's result is expected. The page must have a row for the question.
 inline bool differs(const std::string& asked) {
     EXPECT_NE(page.find("| " + asked + " |"), std::string::npos) << asked;
     return isGNUstep;
@@ -32,7 +32,7 @@ T expected(const std::string& asked, T onAppKit, T onGNUstep) {
     return differs(asked) ? onGNUstep : onAppKit;
 }
 
-// Whether the platform under the tests lacks the message, which the page lists then.
+// Returns whether the platform does not respond to the message. The page must list it.
 inline bool lacks(const std::string& message) {
     EXPECT_NE(page.find("- `" + message + "`\n"), std::string::npos) << message;
     return isGNUstep;

@@ -1,4 +1,5 @@
-// What the plugin's tests start from: an autorelease pool around each, and a balance of everything handed out at its end.
+// Base of the plugin's tests: an autorelease pool around each test, and a check afterwards that all references were
+// released.
 #pragma once
 
 #include "support/native.h"
@@ -15,7 +16,7 @@
 
 extern "C" void REALPluginMain(REALresolver resolver);
 
-// Lets the n-th calloc from now on fail (1 is the next); 0 stops that. Answers whether one has failed since the last call.
+// Makes the n-th calloc from now on fail (1 is the next); 0 stops that. Returns whether one has failed since the last call.
 bool failAllocation(int n);
 
 class PluginTest : public ::testing::Test {
@@ -29,11 +30,11 @@ protected:
         EXPECT_EQ(foreign::Host::liveObjects(), 0);
         EXPECT_EQ(foreign::Host::liveStrings(), 0);
         EXPECT_EQ(registered(), 0);
-        EXPECT_EQ(std::current_exception(), nullptr); // a handler was left open
+        EXPECT_EQ(std::current_exception(), nullptr); // otherwise a handler was left open
         expectRaised({});
     }
 
-    // Lets go of what was autoreleased so far.
+    // Releases the objects autoreleased so far.
     void drainPool() {
         native::send<void>(pool, "drain");
         pool = native::sendClass("NSAutoreleasePool", "new");
@@ -45,10 +46,10 @@ protected:
         REALPluginMain(foreign::Host::resolve);
     }
 
-    // Lets the host be of another version than it was loaded into.
+    // Changes the host's version after the plugin was loaded.
     void become(double version) { host.version = chroma::rbversion_rbversion = version; }
 
-    // What the body asks of the host's entries and, by messages, of the platform, in order.
+    // Returns the body's calls of host entries and its messages to the platform, in order.
     template <class Body>
     std::string traceOf(Body body) {
         std::string trace;
@@ -58,13 +59,14 @@ protected:
         return trace;
     }
 
-    // Entries of the stand-in sibling's registry.
+    // Returns the number of entries in the substitute sibling's registry.
     static chroma::CFIndex registered() { return native::CFDictionaryGetCount(native::Sibling::registry()); }
 
-    // What was raised since the last look is exactly this.
+    // Expects exactly these exceptions since the last check.
     void expectRaised(const std::vector<Raised>& expected) { EXPECT_EQ(host.takeRaised(), expected); }
 
-    // One exception of the platform was told to host code since the last look; each part is in its message.
+    // Expects that one exception of the platform was reported to host code since the last check, with each part in its
+    // message.
     void expectPlatformException(std::initializer_list<std::string> parts = {}) {
         const auto raised = host.takeRaised();
         ASSERT_EQ(raised.size(), 1U);
@@ -74,13 +76,13 @@ protected:
             EXPECT_NE(message.find(part), std::string::npos) << message;
     }
 
-    // The class of the host exceptions that the platform's become.
+    // The class of the host exceptions that represent the platform's exceptions.
     const char* hostException = "RuntimeException";
     foreign::Host& host = foreign::Host::instance();
     chroma::id pool;
 };
 
-// With a stand-in for the sibling plugin.
+// Tests with a substitute for the sibling plugin.
 class SiblingTest : public PluginTest {
 protected:
     SiblingTest() {
@@ -93,5 +95,5 @@ protected:
 using Components = std::vector<double>;
 using Reference = foreign::Owned<REALobjectStruct>;
 
-// A host colour's components; none for null. A new reference is given up, an owned one is kept.
+// Returns a host colour's components, or none for null. Releases a new reference but keeps an owned one.
 inline Components componentsOf(const Reference& color) { return foreign::take(chroma::color::getComponents(color)); }
