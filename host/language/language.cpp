@@ -18,11 +18,11 @@
 namespace host::language {
 namespace {
 
-// Before a run a screenful is enough: most of the errors behind it are echoes.
+// A screenful is enough before a run, because most of the later errors are consequences of the first ones.
 constexpr std::size_t maxErrorsOfARun = 20;
 constexpr std::size_t maxErrorsOfACheck = 1000;
 
-// Null when there are errors.
+// Returns null if there are errors.
 ActionPtr compile(const Source& source, Checker& checker, Diagnostics& diagnostics) {
     const syntax::Block block = parse(source, diagnostics);
     return checker.check(block, diagnostics);

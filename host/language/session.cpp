@@ -20,7 +20,7 @@ struct Session::State {
 Session::Session(std::string name, std::ostream& output, Presenter& presenter, bool colored)
     : state_(new State{{std::move(name), {}, colored}, Checker(ParseMode::prompt), {output, &presenter}}) {}
 
-// The last variable goes first, as at the end of a block.
+// Releases the last variable first, as at the end of a block.
 Session::~Session() {
     const platform::AutoreleasePool pool;
     Frame frame(state_->execution);

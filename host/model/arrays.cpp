@@ -13,7 +13,7 @@ namespace host {
 
 namespace {
 
-// The slots before `first` are unused, so that removing and inserting in front take constant time on average.
+// The slots before `first` are unused, so that removing and inserting at the start take constant time on average.
 struct Elements {
     Type type;
     std::vector<Slot> slots;
@@ -45,7 +45,7 @@ void publish(Array* array) {
     writeAt<const void*>(array, REALarrayElementsOffset, elements.count() == 0 ? nullptr : &*elements.at(0));
 }
 
-constexpr std::size_t fewest = 16; // slots that room in front is worth the trouble for
+constexpr std::size_t fewest = 16; // an array with fewer slots gets no unused ones before them
 
 } // namespace
 

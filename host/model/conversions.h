@@ -12,7 +12,7 @@ namespace host {
 enum class Purpose : unsigned char {
     argument,   // equal types, a subclass for its superclass, Nil, an Integer for a Double, Integer and Color, Variants
     assignment, // a Double for an Integer, whose fraction is cut off
-    cast,       // Integer(value) and its like: text that is a number or a colour
+    cast,       // Integer(value) and similar calls: text that contains a number or a colour
 };
 
 enum class Conversion : unsigned char {

@@ -12,7 +12,7 @@ namespace detail {
 Object* pendingException = nullptr;
 }
 
-// The functions of classes are named alike: the files that are compiled together tell them apart by this.
+// Functions of different classes have equal names. This namespace distinguishes them in files that are compiled together.
 namespace exceptions {
 namespace {
 

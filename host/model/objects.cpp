@@ -15,7 +15,8 @@ namespace {
 std::size_t liveObjects = 0;
 bool keepsAll = false;
 
-// Each object may be the last to hold another. Those beyond this nesting wait, so that a long chain does not fill the stack.
+// Each object may hold the last reference to another. Objects beyond this nesting wait, so that a long chain does not
+// overflow the stack.
 constexpr unsigned maxNesting = 100;
 unsigned nesting = 0;
 std::vector<Object*> waiting;

@@ -38,7 +38,7 @@ void raiseMismatch(const char* className, const Type& held, const Type& wanted) 
     raise(className, "The variant holds " + nameOf(held) + ", not " + nameOf(wanted) + ".");
 }
 
-// Equal numbers in the same form: whole ones as an Integer.
+// Returns equal numbers in the same form: whole numbers as an Integer.
 Held normalized(Held held) {
     if (held.kind == Kind::color)
         return {Kind::integer, Slot::ofInteger(static_cast<HostInteger>(std::uintptr_t{held.value.color}))};

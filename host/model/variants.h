@@ -28,8 +28,8 @@ Object* newVariant(Held held); // as above
 void lock(Held held);
 void unlock(Held held);
 
-// Returns whether `=` finds both equal: numbers and colours by their number, text by its characters, references by identity.
-// What is not a number equals nothing. Equal values have the same hash.
+// Returns whether `=` considers both equal. Numbers and colours are compared by their number, text by its characters,
+// references by identity. Not-a-number equals nothing. Equal values have the same hash.
 bool areEqual(Held first, Held second);
 std::size_t hashOf(Held held);
 

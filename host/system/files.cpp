@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 
 std::error_code lastError() { return {errno, std::generic_category()}; }
 
-// By this open file, by another one, or on a file system without locks.
+// The owner of the lock: this open file or another one; unknown on a file system without locks.
 enum class Lock { held, taken, unknown };
 
 class OpenFile {
@@ -42,7 +42,7 @@ public:
         return true;
     }
 
-    // Not on a pipe, which has nothing to bring to a disk.
+    // Also succeeds for a pipe, which has no data to write to a disk.
     bool sync() const { return fsync(descriptor_) == 0 || errno == EINVAL || errno == EROFS; }
 
     bool keepAccess(const struct stat& old) const {
@@ -63,9 +63,9 @@ private:
     const int descriptor_;
 };
 
-// Follows links, also one that leads to no file yet. Links that form a circle are left to the system to report.
+// Follows links, including a link to a file that does not exist yet. The system reports links that form a circle.
 fs::path targetOf(fs::path path) {
-    constexpr int maxLinks = 40; // as the kernel has it
+    constexpr int maxLinks = 40; // the kernel's limit
     std::error_code error;
     for (int links = 0; links < maxLinks; ++links) {
         const fs::path target = fs::read_symlink(path, error);
@@ -80,8 +80,8 @@ std::error_code overwrite(const fs::path& path, std::string_view bytes) {
     return file.isOpen() && file.write(bytes) && file.sync() ? std::error_code() : lastError();
 }
 
-// The name of temporary files up to the process and a number. Such a file is locked while it is written: one without a lock
-// was left by a process that was killed.
+// Returns the start of the names of temporary files, before the process and a number. A temporary file is locked while it
+// is written. One without a lock was left by a process that was killed.
 std::string temporaryPrefix(const fs::path& path) {
     constexpr std::size_t maxKept = 200; // a name has at most 255 bytes
     return "." + path.filename().string().substr(0, maxKept) + ".saving-";
@@ -98,8 +98,8 @@ void removeAbandoned(const fs::path& path) {
     }
 }
 
-// Creates a temporary file with the permissions that the user's new files get, and sets `name` to its path. Another process
-// may remove the file before it is locked; then the next one is created.
+// Creates a temporary file with the permissions of the user's new files, and sets `name` to its path. If another process
+// removes the file before it is locked, creates the next one.
 std::unique_ptr<OpenFile> createTemporary(const fs::path& path, fs::path& name) {
     static std::atomic<unsigned> counter{0};
     for (;;) {
@@ -110,7 +110,7 @@ std::unique_ptr<OpenFile> createTemporary(const fs::path& path, fs::path& name) 
     }
 }
 
-// Returns nothing when the folder or the owner does not let the file be replaced.
+// Returns nullopt if the permissions of the folder or the owner of the file prevent the replacement.
 std::optional<std::error_code> replaceRegular(const fs::path& path, const struct stat* old, std::string_view bytes) {
     fs::path name;
     const std::unique_ptr<OpenFile> file = createTemporary(path, name);

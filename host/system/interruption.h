@@ -1,4 +1,4 @@
-// The user's wish that a program stops, for loops that take long.
+// The user's request to stop a program, for loops that take long.
 #pragma once
 
 #include <csignal>
@@ -6,10 +6,10 @@
 
 namespace host {
 
-// Set by the SIGINT handler of whoever runs a program; 0 while none runs.
+// Set by the SIGINT handler of whoever runs a program; 0 while no program runs.
 inline volatile std::sig_atomic_t interruptWanted = 0;
 
-// Ends a loop of the library. Whoever catches std::bad_alloc around a step of a program looks at interruptWanted first.
+// Ends a loop of the library. Code that catches std::bad_alloc around a step of a program must check interruptWanted first.
 struct Interruption : std::bad_alloc {};
 
 inline void checkInterruption() {

@@ -20,7 +20,7 @@ struct Block {
 
 bool checks = false;
 Damage damage;
-// Both outlive every other static, since objects may be released by their destructors.
+// Both outlive every other static object, because destructors of static objects may release host objects.
 auto& living = *new std::unordered_map<const void*, std::size_t>;
 auto& released = *new std::deque<Block>;
 
@@ -28,7 +28,7 @@ bool holdsOnly(unsigned char byte, unsigned char* start, std::size_t size) {
     return std::all_of(start, start + size, [byte](unsigned char found) { return found == byte; });
 }
 
-// Restores the bytes, so that a second call reports nothing.
+// Restores the bytes, so that a second call reports no damage.
 void expect(unsigned char byte, unsigned char* start, std::size_t size, bool& damaged) {
     if (holdsOnly(byte, start, size)) return;
     damaged = true;

@@ -1,4 +1,4 @@
-// The memory of host objects and strings. A host that checks its plugins puts guard bytes behind each block and keeps
+// The memory of host objects and strings. A host that checks its plugins puts guard bytes after each block. It retains
 // released blocks for a while, filled with a pattern.
 #pragma once
 
@@ -13,16 +13,16 @@ void* allocateZeroed(std::size_t size);
 // Releases a block. Null is allowed.
 void release(void* block);
 
-// Checks all blocks that are allocated from now on. Call it before the first one.
+// Enables the checks for all blocks that are allocated from now on. Call it before the first allocation.
 void beginChecking();
 bool isChecking();
 
-// Returns whether a block starts at the address and has not been released. Only while checking.
+// Returns whether a block starts at the address and has not been released. Valid only while checks are enabled.
 bool isAlive(const void* address);
 
-// What a plugin wrote over since the last call.
+// The memory that a plugin has overwritten since the last call.
 struct Damage {
-    bool beyond = false;   // the bytes behind a block
+    bool beyond = false;   // the guard bytes after a block
     bool released = false; // a released block
 };
 Damage takeDamage();

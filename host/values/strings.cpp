@@ -15,8 +15,8 @@
 
 namespace host {
 
-// Characters of a text that is not ASCII whose bytes are known: the one that was looked up last, and, as far as anybody
-// looked, each one whose number is a multiple of the stride.
+// Characters of a text that is not ASCII whose byte offsets are known: the character that was looked up last, and, as far
+// as the text has been walked, each character whose number is a multiple of the stride.
 struct Walk {
     static constexpr std::size_t stride = 64;
     std::size_t character = 0;
@@ -32,12 +32,12 @@ struct REALstringStruct {
     std::int32_t references;
     unsigned char fields[12];
     host::Encoding encoding;
-    std::int32_t capacity; // how many bytes of text there is memory for, with those of `front`
-    std::int32_t front;    // how many of them are unused in front of the text
+    std::int32_t capacity; // the number of bytes reserved for text, including `front`
+    std::int32_t front;    // the number of unused bytes before the text
     // The number of characters of UTF-8 text, and of ASCII text in any encoding (then equal to the number of bytes);
     // otherwise -1.
     std::int32_t characters;
-    mutable host::Walk* walk; // null: not needed yet
+    mutable host::Walk* walk; // null until it is needed
 };
 static_assert(REALstringLengthOffset + sizeof(std::int32_t) <= offsetof(REALstringStruct, encoding));
 
@@ -65,7 +65,7 @@ std::int32_t countCharacters(std::string_view bytes, Encoding encoding) {
 
 unsigned char* textIn(String* string) { return addressAt(string, sizeof(String) + 1) + string->front; }
 
-// Sets the text's place and length; its bytes are there already.
+// Sets the text's position and length. Its bytes are already there.
 void setText(String* string, std::size_t front, std::size_t length) {
     string->front = static_cast<std::int32_t>(front);
     unsigned char* const text = textIn(string);
@@ -80,7 +80,7 @@ void forgetWalk(String* string) { delete std::exchange(string->walk, nullptr); }
 constexpr std::size_t maxLength = std::numeric_limits<std::int32_t>::max();
 constexpr std::size_t besideText = sizeof(String) + 1 + 1;
 
-// Returns the two texts joined, with so many unused bytes before and behind them.
+// Returns the two texts joined, with the given numbers of unused bytes before and after them.
 String* newStringWithRoom(std::string_view first, std::string_view second, Encoding encoding, std::size_t before,
                           std::size_t behind) {
     const std::size_t length = first.size() + second.size();
@@ -98,7 +98,7 @@ String* newStringWithRoom(std::string_view first, std::string_view second, Encod
     return string;
 }
 
-// Returns whether only the caller has the string and the other's bytes can stand beside its own.
+// Returns whether only the caller has a reference to the string, and the other's bytes can follow or precede its own.
 bool canTake(const String* string, const String* other) {
     return string && string->references == 1 && string != other && string->encoding == other->encoding &&
            string->characters >= 0 && other->characters >= 0;

@@ -24,7 +24,7 @@ constexpr Encoding utf32 = REALencodingUTF32;
 constexpr Encoding unknown = REALencodingUnknown;
 } // namespace encoding
 
-// What a program makes of texts has at most so many bytes.
+// The maximum number of bytes of a text that a program creates.
 constexpr std::size_t maxTextBytes = std::size_t{1} << 28;
 
 // Returns a new string with a copy of the bytes and one reference for the caller, or null for no bytes and when memory is
@@ -86,12 +86,13 @@ std::string utf8Of(const String* string);
 // texts in UTF-8. Returns null also when memory is exhausted.
 String* concatenate(const String* a, const String* b);
 
-// Each of these uses up the caller's reference to `a`. If that is the only one, the string changes in place: it keeps room
-// behind or before its text, so that repeating one of them takes time in proportion to what is added or removed. Throws
-// std::bad_alloc and then leaves `a` as it was.
+// Each of these uses up the caller's reference to `a`. If it is the only reference, the string changes in place and
+// reserves room before or after its text. So repeating one of them takes time proportional to the bytes added or removed.
+// Throws std::bad_alloc, which leaves `a` unchanged.
 String* append(String* a, const String* b);
-String* prepend(String* a, const String* b);                    // `b` comes first
-String* slice(String* a, std::size_t first, std::size_t count); // keeps up to so many characters, from 0 on
+String* prepend(String* a, const String* b); // `b` comes first
+// keeps up to `count` characters from `first` on, counted from 0
+String* slice(String* a, std::size_t first, std::size_t count);
 
 // Compares by code points and returns a negative number, 0 or a positive number. `ignoringCase` folds the letters A to Z.
 int compare(const String* a, const String* b, bool ignoringCase);

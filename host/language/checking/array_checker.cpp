@@ -1,4 +1,4 @@
-// Arrays: making them, their elements and their members.
+// Checks arrays: their construction, elements and members.
 #include "language/checking/expression_checker.h"
 #include "language/reading/foreign_spellings.h"
 #include "language/running/array_operations.h"
@@ -19,8 +19,8 @@ Type united(const Type& a, const Type& b) {
     return conversionTo(b, a, Purpose::argument) ? b : variant;
 }
 
-// Without an element type, the one that takes the values of all the others; of arrays, which have no type in common,
-// Variant.
+// Without an element type, the elements have the type that takes all values. Arrays have no type in common, so an array of
+// arrays has Variants as elements.
 Operand ExpressionChecker::newArray(const Arguments& elements, const std::optional<Type>& elementType) {
     std::vector<Value> values;
     Type common = elementType.value_or(Type());

@@ -1,4 +1,4 @@
-// Statements with blocks.
+// Checks statements with blocks.
 #include "language/checking/class_names.h"
 #include "language/checking/statement_checker.h"
 #include "language/running/array_operations.h"
@@ -10,7 +10,7 @@
 namespace host::language {
 namespace {
 
-// The number that the expression is, if it is a literal with or without a sign.
+// Returns the number if the expression is a literal, with or without a sign.
 std::optional<double> literalNumber(const syntax::Expression& expression) {
     const auto* const unary = std::get_if<syntax::Unary>(&expression.form);
     if (unary && unary->operation == syntax::Operator::negate) {
@@ -26,7 +26,7 @@ std::optional<double> literalNumber(const syntax::Expression& expression) {
 
 } // namespace
 
-// A condition or bound: a step of its own. Null after an error.
+// Returns a condition or bound as a separate step, or null after an error.
 CodePtr StatementChecker::stepValue(const syntax::Expression& expression, const Type& type) {
     return attempt([&] {
         CodePtr value = expressions_.valueAs(expression, type);
@@ -105,7 +105,7 @@ CodePtr StatementChecker::caseCondition(const std::vector<syntax::CaseTest>& tes
     return any;
 }
 
-// The type of a loop's variable; Void after an error.
+// Returns the type of a loop's variable, or Void after an error.
 Type StatementChecker::loopType(const syntax::LoopVariable& form, const std::string& declaration) {
     if (form.type) return attempt([&] { return typeOf(*form.type); });
     return attempt([&] {
@@ -116,7 +116,7 @@ Type StatementChecker::loopType(const syntax::LoopVariable& form, const std::str
     });
 }
 
-// The loop's own variable, or the one declared before.
+// Returns the loop's own variable, or the one that is declared before the loop.
 Variable StatementChecker::loopVariable(const syntax::LoopVariable& form, const Type& type) {
     const Variable* const known = form.type ? nullptr : scopes_.find(form.name.text);
     return known ? *known : declare(form.name, type);

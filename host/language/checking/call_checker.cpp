@@ -1,4 +1,4 @@
-// Calls: of procedures, bound functions and constructors.
+// Checks calls of procedures, bound functions and constructors.
 #include "language/checking/class_names.h"
 #include "language/checking/expression_checker.h"
 #include "language/library/functions.h"
@@ -18,14 +18,14 @@ std::vector<Argument> described(const std::vector<Operand>& operands) {
     return arguments;
 }
 
-// The colour value of an object of the class, of which a new one is made; null when the value is something else. Such a
-// value has no alpha.
+// Returns the property if `value`, the argument for a new object of the class, is a colour property of the same class;
+// otherwise null. Such a value has no alpha.
 const Property* colorCopied(const ClassInfo& info, const Operand& value) {
     const Property* const property = value.property();
     return property && property->owner == &info && property->type.is(Kind::color) ? property : nullptr;
 }
 
-// Whether the function of the language gives a whole number, of these arguments.
+// Returns whether the function of the language returns a whole number for these arguments.
 bool givesWhole(std::string_view function, const std::vector<Operand>& arguments) {
     const Nature nature = functionNature(function);
     return nature == Nature::givesWhole ||
@@ -50,7 +50,7 @@ Operand ExpressionChecker::form(const syntax::Call& call, Offset offset) {
     return element(std::move(array), call.arguments, offset);
 }
 
-// Fails for a variable that is called like a function, whose name it has.
+// Throws if the callee is a variable with the name of a function.
 void ExpressionChecker::requireNotHidden(const syntax::Expression& callee) const {
     const auto* const identifier = std::get_if<syntax::Identifier>(&callee.form);
     const Variable* const variable = identifier ? scopes_.find(identifier->name) : nullptr;

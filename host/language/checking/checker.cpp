@@ -22,7 +22,7 @@ ActionPtr Checker::check(const syntax::Block& block, Diagnostics& diagnostics) {
     return nullptr;
 }
 
-// At a prompt the use may still come.
+// At a prompt, a later piece may use the variable.
 void Checker::warnOfUnused(Diagnostics& diagnostics) const {
     for (const auto& [offset, name] : scopes_.unused())
         diagnostics.warn(offset, "the variable '" + name + "' is never used");

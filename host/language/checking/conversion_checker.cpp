@@ -1,4 +1,4 @@
-// Conversions that are written as calls: Type(value) and Class(object).
+// Checks conversions that are written as calls: Type(value) and Class(object).
 #include "language/checking/expression_checker.h"
 #include "language/running/operators.h"
 

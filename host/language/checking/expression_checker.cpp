@@ -131,7 +131,7 @@ void ExpressionChecker::failAssignment(const syntax::Expression& target) {
     failCheck(target.offset, "this cannot be assigned to: " + reason);
 }
 
-// Whether a call of the name, with constants, makes a constant: of a conversion, or a function that only computes.
+// Returns whether a call of the name with constant arguments is a constant: a conversion, or a function that only computes.
 bool ExpressionChecker::computesConstant(std::string_view name) const {
     if (typeNamed(name).kind != Kind::object) return true;
     return procedures_.find(name).empty() && !findFunctions(name).empty() && functionNature(name) != Nature::acts;

@@ -21,7 +21,7 @@ bool isQuit(const Expression& expression) {
 
 class Flow {
 public:
-    // Whether control can go on behind the block.
+    // Returns whether control can continue after the block.
     bool completes(const Block& block) {
         for (const Statement& statement : block)
             if (!std::visit([&](const auto& form) { return completesForm(form); }, statement.form)) return false;
@@ -90,7 +90,7 @@ private:
         return (!form.finally || completes(*form.finally)) && any;
     }
 
-    std::vector<Loop> loops_; // around the place, the innermost last
+    std::vector<Loop> loops_; // around the current place, the innermost last
     bool leavesProcedure_ = false;
 };
 

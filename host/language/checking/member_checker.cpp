@@ -1,4 +1,4 @@
-// Members of classes and objects.
+// Checks members of classes and objects.
 #include "language/checking/expression_checker.h"
 #include "language/reading/foreign_spellings.h"
 

@@ -1,4 +1,4 @@
-// Names that stand alone: functions, procedures, and what was meant by one that nothing has.
+// Checks names without a receiver: functions and procedures, and suggestions for unknown names.
 #include "language/checking/expression_checker.h"
 #include "language/reading/foreign_spellings.h"
 #include "language/reading/keywords.h"
@@ -52,7 +52,7 @@ void ExpressionChecker::requireVariable(const syntax::Name& name, std::string_vi
     if (isFunction(name.text)) failCheck(name.offset, quoted(name.text) + " is a function" + remedy + " of this name");
     NearestName nearest(name.text);
     scopes_.offerNames(nearest);
-    scopes_.declare(name.text, Type(), name.offset); // so that its uses are no errors of their own
+    scopes_.declare(name.text, Type(), name.offset); // so that its uses do not cause further errors
     failCheck(name.offset,
               "there is no variable " + quoted(name.text) + (nearest.name().empty() ? remedy : nearest.suggestion()));
 }

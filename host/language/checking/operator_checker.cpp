@@ -1,4 +1,4 @@
-// The operators: which types each takes, and what comes out.
+// Checks the operators: the types that each one accepts, and the type of its result.
 #include "language/checking/expression_checker.h"
 #include "language/running/operators.h"
 
@@ -17,7 +17,7 @@ std::string symbolOf(Operator operation) { return symbols[static_cast<std::size_
 
 bool isWhole(const Type& type) { return type.is(Kind::integer) || type.is(Kind::color); }
 
-// A remedy for what operators cannot do with a Variant, if one of the types is one.
+// Returns a remedy for an operation that operators do not support for a Variant, or "" if neither type is Variant.
 std::string hintForVariant(const Type& left, const Type& right, Kind needed) {
     if (!left.is(Kind::variant) && !right.is(Kind::variant)) return {};
     const Type& other = left.is(Kind::variant) ? right : left;
@@ -33,7 +33,7 @@ std::string hintForVariant(const Type& left, const Type& right, Kind needed) {
 
 } // namespace
 
-// A number as Integer or Double. Colours take part as their number.
+// Returns a number as Integer or Double. A colour counts as its number.
 CodePtr ExpressionChecker::number(Value value, Kind kind) {
     if (value.type.is(Kind::color)) {
         value.code = converted(std::move(value.code), value.type, Type::plain(Kind::integer), 0);

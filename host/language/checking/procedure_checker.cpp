@@ -1,4 +1,5 @@
-// Subs and Functions: their declarations are read before all statements, their bodies where they stand.
+// Checks Subs and Functions. Their declarations are checked before all statements of the block, their bodies at their
+// place.
 #include "language/checking/class_names.h"
 #include "language/checking/flow.h"
 #include "language/checking/statement_checker.h"
@@ -12,7 +13,7 @@ Type typeOf(const syntax::TypeName& form) {
     return form.isArray ? type.arrayOf() : type;
 }
 
-// As messages show it.
+// Returns the declaration as messages show it.
 std::string describe(const Procedure& procedure, const syntax::Procedure& form) {
     std::string text = std::string(form.name.text) + "(";
     for (const Parameter& parameter : procedure.signature.parameters) {
@@ -37,7 +38,8 @@ void StatementChecker::declareProcedures(const syntax::Block& block) {
     }
 }
 
-// After an error that the uses of the procedure would repeat, its name is one whose uses are no errors of their own.
+// After an error that the uses of the procedure would repeat, its name is declared without a type, so that the uses do not
+// cause further errors.
 std::unique_ptr<Procedure> StatementChecker::declaration(const syntax::Procedure& form) {
     auto procedure = std::make_unique<Procedure>();
     try {
@@ -64,7 +66,7 @@ std::unique_ptr<Procedure> StatementChecker::declaration(const syntax::Procedure
     procedure->declaration = procedure->text.c_str();
     procedure->shared = true;
     const Procedure* const same = procedures_.findSame(*procedure);
-    if (!same || same->body) return procedure; // one of an earlier check has its body
+    if (!same || same->body) return procedure; // a procedure of an earlier check has its body
     for (const auto& [other, made] : declared_) {
         if (made == same) {
             failCheck(form.name.offset, quoted(form.name.text) + " is declared with these parameters already, on " +

@@ -19,7 +19,7 @@ namespace host::language {
 // A variable, or the name of a constant, which has a value but no place.
 struct Variable {
     VariablePlace place;
-    Type type;       // Kind::nothing when its declaration was wrong: uses of it then are no errors of their own
+    Type type;       // Kind::nothing after an invalid declaration, so that uses do not cause further errors
     Offset declared; // where it is declared
     std::optional<Literal> constant = {};
 };
@@ -39,9 +39,8 @@ public:
     bool atOutermost() const { return blocks_.size() == 1; }
     bool inProcedure() const { return procedureBlock_ != 0; }
 
-    const Variable* find(std::string_view name) const; // null if it is not declared
-    const Variable*
-    findDeclared(std::string_view name) const; // the same, only among names that cannot be declared here again
+    const Variable* find(std::string_view name) const;         // null if it is not declared
+    const Variable* findDeclared(std::string_view name) const; // only names that prevent a declaration of the name here
 
     // Declares a name that is not declared here yet.
     const Variable& declare(std::string_view name, Type type, Offset offset);

@@ -12,7 +12,8 @@
 namespace host::language {
 namespace {
 
-// Whether a call does nothing but compute: true of the language's own functions, those that move something on aside.
+// Returns whether a call only computes a result. This is true of the language's own functions, except those that advance a
+// state.
 bool isOnlyAResult(const Method& method) {
     if (method.owner || method.signature.result.kind == Kind::nothing) return false;
     for (const char* const name : {"Input", "Random", "RandomInRange", "Microseconds"})
@@ -66,7 +67,7 @@ ActionPtr StatementChecker::form(const syntax::Dim& dim, Offset offset) {
     return sequence(std::move(actions));
 }
 
-// A declaration that fails still declares its name, so that its uses are no errors of their own.
+// A declaration with an error still declares its name, so that its uses do not cause further errors.
 ActionPtr StatementChecker::declared(const syntax::Declarator& declarator, const syntax::Dim::Group& group, const Type& type,
                                      Offset offset) {
     const bool known = type.kind != Kind::nothing;
@@ -76,7 +77,7 @@ ActionPtr StatementChecker::declared(const syntax::Declarator& declarator, const
     return asStep(writeVariable(variable.place, variable.type, std::move(value)), offset);
 }
 
-// Dim name = value: the variable is of the value's type.
+// Dim name = value: the variable has the type of the value.
 ActionPtr StatementChecker::inferred(const syntax::Dim::Group& group, Offset offset) {
     const syntax::Declarator& declarator = group.declarators.front();
     Value value = attempt([&] {
@@ -95,7 +96,7 @@ ActionPtr StatementChecker::inferred(const syntax::Dim::Group& group, Offset off
         variables.push_back(declare(declared.name, value.type));
         scopes_.expectUse(declared.name);
     }
-    if (!value.code) return nullptr; // was wrong
+    if (!value.code) return nullptr; // after an error
     return asStep(writeVariable(variables.front().place, value.type, std::move(value.code)), offset);
 }
 
@@ -137,7 +138,7 @@ ActionPtr StatementChecker::form(const syntax::Assignment& assignment, Offset of
     return asStep(target.assign(std::move(value)), offset);
 }
 
-// Null unless the value joins texts to that of a variable, at either end, or is a part of it.
+// Returns null unless the value joins texts to the variable's text, at either end, or is a part of that text.
 ActionPtr StatementChecker::changedInPlace(const syntax::Expression& target, const syntax::Expression& value) {
     const auto* const name = std::get_if<syntax::Identifier>(&target.form);
     const Variable* const variable = name ? scopes_.find(name->name) : nullptr;
@@ -150,7 +151,7 @@ ActionPtr StatementChecker::changedInPlace(const syntax::Expression& target, con
     return cutInPlace(*variable, *name, value);
 }
 
-// name = Mid(name, ...) and its like; otherwise null.
+// Checks name = Mid(name, ...) and similar assignments; returns null for others.
 ActionPtr StatementChecker::cutInPlace(const Variable& variable, const syntax::Identifier& name,
                                        const syntax::Expression& value) {
     struct Cut {
@@ -180,7 +181,8 @@ ActionPtr StatementChecker::cutInPlace(const Variable& variable, const syntax::I
     return nullptr;
 }
 
-// Place &= text. The place is emptied before the text is joined, which then has its string for itself and grows in place.
+// Checks place &= text. The place is emptied before the text is joined, so that nothing else refers to its string, which
+// then grows in place.
 ActionPtr StatementChecker::joinedInPlace(Operand target, CodePtr text, Offset offset) {
     const Type string = Type::plain(Kind::string), type = target.type();
     return inScope(offset, [&] {
@@ -200,7 +202,7 @@ ActionPtr StatementChecker::joinedInPlace(Operand target, CodePtr text, Offset o
     });
 }
 
-// target += value and its like.
+// Checks target += value and similar assignments.
 ActionPtr StatementChecker::changed(const syntax::Assignment& form, Operand target, Offset offset) {
     const Offset place = form.target->offset;
     const auto* const name = std::get_if<syntax::Identifier>(&form.target->form);
@@ -255,7 +257,7 @@ ActionPtr StatementChecker::form(const syntax::Const& form, Offset) {
         return expressions_.constantValue(*form.value, type);
     });
     if (std::holds_alternative<std::monostate>(value.value)) {
-        declare(form.name, Type()); // was wrong
+        declare(form.name, Type()); // after an error
     } else if (mayDeclare(form.name)) {
         scopes_.declareConstant(form.name.text, std::move(value), form.name.offset);
     }
@@ -272,7 +274,7 @@ ActionPtr StatementChecker::form(const syntax::Return& statement, Offset offset)
     if (wanted && !statement.value) failCheck(offset, "a Function returns a value");
     if (!statement.value) return leave({Completion::Ending::leaveProcedure, 0});
     if (!wanted) failCheck(statement.value->offset, "only a Function returns a value");
-    if (resultType_.kind == Kind::nothing) return nullptr; // was wrong
+    if (resultType_.kind == Kind::nothing) return nullptr; // after an error
     return asStep(returnValue(expressions_.valueAs(*statement.value, resultType_)), offset);
 }
 
@@ -297,7 +299,7 @@ ActionPtr StatementChecker::form(const syntax::Presentation& presentation, Offse
     Operand shown = expressions_.operand(*presentation.value);
     if (shown.type().kind == Kind::nothing) return asStep(discard(shown.read()), offset);
     Value value = expressions_.value(*presentation.value);
-    expressions_.requirePool(); // to describe it takes more calls
+    expressions_.requirePool(); // describing the value calls further functions
     return asStep(present(std::move(value.code), value.type), offset);
 }
 

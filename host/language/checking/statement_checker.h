@@ -1,4 +1,4 @@
-// Checks statements: the simple ones, those with blocks, and procedures, each in a file of its own.
+// Checks statements: simple statements, statements with blocks, and procedures, each in a separate source file.
 #pragma once
 
 #include "language/checking/checker.h"
@@ -17,7 +17,7 @@ public:
         : scopes_(scopes), procedures_(procedures), mode_(mode), diagnostics_(diagnostics),
           expressions_(scopes, procedures, diagnostics) {}
 
-    // Of the block that is open in the scopes, behind the declarations of its procedures.
+    // Returns the code of the block that is open in the scopes, after the declarations of its procedures.
     ActionPtr statements(const syntax::Block& block);
     void declareProcedures(const syntax::Block& block);
 
@@ -48,7 +48,7 @@ private:
     ActionPtr changed(const syntax::Assignment& form, Operand target, Offset offset);
     CodePtr initialValue(const syntax::Declarator& declarator, const syntax::Dim::Group& group, const Type& type);
     Variable declare(const syntax::Name& name, Type type);
-    bool mayDeclare(const syntax::Name& name); // reports when not
+    bool mayDeclare(const syntax::Name& name); // reports an error if not
 
     // Statements with blocks (block_checker.cpp).
     ActionPtr form(const syntax::If& statement, Offset offset);
@@ -58,10 +58,10 @@ private:
     ActionPtr form(const syntax::For& loop, Offset offset);
     ActionPtr form(const syntax::ForEach& loop, Offset offset);
     ActionPtr form(const syntax::Try& statement, Offset offset);
-    // `before` are the handlers above it.
+    // `before` contains the handlers above it.
     Handler handler(const syntax::Try::Catch& form, Offset offset, const std::vector<Handler>& before);
     CodePtr caseCondition(const std::vector<syntax::CaseTest>& tests, const Variable& value);
-    Type loopType(const syntax::LoopVariable& form, const std::string& declaration); // which a message suggests
+    Type loopType(const syntax::LoopVariable& form, const std::string& declaration); // a message suggests `declaration`
     Variable loopVariable(const syntax::LoopVariable& form, const Type& type);
     LoopBody loopBody(syntax::Surrounding what, const syntax::Block& form, Offset offset);
     CodePtr stepValue(const syntax::Expression& expression, const Type& type);
@@ -75,7 +75,7 @@ private:
         return step(std::move(action), expressions_.takeNeedsPool(), offset);
     }
 
-    // Runs the check of a part; its error is reported, and the answer then is the null value.
+    // Runs the check of a part. If it throws a CheckError, reports the error and returns the null value.
     template <class Check>
     auto attempt(Check check) {
         try {
@@ -105,10 +105,10 @@ private:
     ParseMode mode_;
     Diagnostics& diagnostics_;
     ExpressionChecker expressions_;
-    std::vector<syntax::Surrounding> loops_;                  // around the place, the outermost first
-    std::map<const syntax::Procedure*, Procedure*> declared_; // those whose bodies are to be checked
-    const syntax::Procedure* procedure_ = nullptr;            // around the place; null: none
-    Type resultType_;                                         // its
+    std::vector<syntax::Surrounding> loops_;                  // around the current place, the outermost first
+    std::map<const syntax::Procedure*, Procedure*> declared_; // procedures whose bodies must be checked
+    const syntax::Procedure* procedure_ = nullptr;            // around the current place; null outside of procedures
+    Type resultType_;                                         // of `procedure_`
 };
 
 } // namespace host::language

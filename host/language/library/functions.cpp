@@ -15,7 +15,8 @@ namespace {
 struct Definition {
     const char* declaration;
     REALfunction function;
-    // What it is for, in Markdown that also reads well as it is, and its nature; once for all overloads of a name.
+    // Its purpose, in Markdown that is also readable as plain text, and its nature. Each is stated once for all overloads
+    // of a name.
     std::string_view text = {};
     Nature nature = Nature::computes;
 };

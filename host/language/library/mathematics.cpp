@@ -58,9 +58,10 @@ HostInteger randomInRange(HostInteger first, HostInteger last) {
         return 0;
     }
     const auto start = static_cast<std::uint64_t>(std::int64_t{first});
-    const std::uint64_t count = static_cast<std::uint64_t>(std::int64_t{last}) - start + 1; // 0: all of 64 bits
+    const std::uint64_t count = static_cast<std::uint64_t>(std::int64_t{last}) - start + 1; // 0 for all 64-bit numbers
     std::uint64_t drawn = generator()();
-    const std::uint64_t excess = count == 0 ? 0 : -count % count; // how many there are above the greatest multiple
+    // the number of values from the greatest multiple of `count` on
+    const std::uint64_t excess = count == 0 ? 0 : -count % count;
     while (drawn > UINT64_MAX - excess)
         drawn = generator()();
     return static_cast<HostInteger>(start + (count == 0 ? drawn : drawn % count));

@@ -15,14 +15,14 @@
 namespace host::language {
 namespace {
 
-// The object that the method returns; Nil too, with an exception pending, when it raises.
+// Returns the object that the method returns. If the method raises, returns Nil with the exception pending.
 Owned<Object> called(const Method& method, std::array<Slot, 2> arguments) {
     Slot result;
     method.invoke(method.function, arguments.data(), &result);
     return Owned<Object>(result.object);
 }
 
-// Nil when the class of the object cannot convert, or when the conversion fails.
+// Returns Nil if the class of the object cannot convert, or if the conversion fails.
 Owned<Object> inSRGB(Object* object) {
     const OverloadSet converters = object->info->findMethods("colorUsingColorSpace");
     const bool converts = converters.size() == 1 && converters.front()->signature.parameters.size() == 1;
@@ -34,7 +34,7 @@ Owned<Object> inSRGB(Object* object) {
     return called(*converters.front(), {Slot::ofObject(object), Slot::ofObject(space.get())});
 }
 
-// From 0 to 255.
+// Returns 0 to 255.
 HostColor channel(Object* color, const char* name) {
     const Property* const component = color->info->findProperty(name);
     const double value = component && component->type.is(Kind::real) ? readProperty(*component, color).real : 0;

@@ -11,7 +11,8 @@
 namespace host::language {
 namespace {
 
-// What a property, or a method without arguments, answers. None when there is no such member, or when it raises.
+// Returns the value of a property, or of a method without arguments. Returns nullopt if there is no such member, or if it
+// raises.
 std::optional<std::string> textMember(Object* object, std::string_view name) {
     const platform::AutoreleasePool pool;
     const Type type = Type::plain(Kind::string);
@@ -46,7 +47,7 @@ std::string textOf(Object* object) {
     const std::string& className = object->info->name();
     if (isException(object)) return textOfException(object);
     const std::string description = textMember(object, "description").value_or("");
-    if (!description.empty()) return description; // an object that holds nothing has nothing to say
+    if (!description.empty()) return description; // an empty object has no description
     const std::optional<std::string> path = textMember(object, "NativePath");
     const std::string name = path ? *path : textMember(object, "name").value_or("");
     return name.empty() ? className : className + " " + name;

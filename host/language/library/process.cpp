@@ -23,7 +23,8 @@ namespace {
 
 std::optional<int> wantedEnd;
 
-// Until a terminal has a line. Outside of this a signal that comes a moment before the read does not end it.
+// Waits until a terminal has a line or a signal arrives. A read without this wait is not interrupted by a signal that
+// arrives just before it.
 void awaitLine() {
     if (!isatty(STDIN_FILENO)) return;
     sigset_t interruption, before;
@@ -35,8 +36,8 @@ void awaitLine() {
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
-// Returns whether the input is at its end, after a read that failed. Otherwise it raises the reason, such as a signal. The
-// next read tries again, since a terminal continues.
+// Returns whether the input is at its end, after a read that failed. Otherwise raises the reason, such as a signal. Clears
+// the end, because a terminal can continue after it.
 bool isAtEnd() {
     const int reason = errno;
     const bool atEnd = std::feof(stdin) != 0;
@@ -46,12 +47,12 @@ bool isAtEnd() {
     return atEnd;
 }
 
-// Reads a line as std::getline does. Stops when the user interrupts, also in a line without an end.
+// Reads a line as std::getline does. Stops if the user interrupts, also in a line without an end.
 bool readLine(std::string& line) {
     for (int c = std::cin.get(); c != '\n'; c = std::cin.get()) {
         if (!std::cin) return std::cin.eof() && !line.empty();
         line += static_cast<char>(c);
-        if (line.size() > maxTextBytes) return true; // which is too long
+        if (line.size() > maxTextBytes) return true; // the line is too long
         checkInterruption();
     }
     return true;

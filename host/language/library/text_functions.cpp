@@ -28,20 +28,20 @@ String* trimmed(String* text, bool left, bool right) {
     return last > first ? newString(std::string_view(bytes).substr(first, last - first)) : nullptr;
 }
 
-// False, with the exception recorded, when a text would have too many bytes.
+// Returns false and records the exception if a text would have too many bytes.
 bool fits(std::size_t bytes) {
     if (bytes <= maxTextBytes) return true;
     raise("OutOfMemoryException", "A text cannot have more than 256 MB.");
     return false;
 }
 
-// A pattern of numbers, taken apart.
+// The parts of a pattern for numbers.
 struct Pattern {
     std::string prefix;
     std::string suffix;
     std::size_t wholeDigits = 0;    // at least
-    std::size_t digits = 0;         // behind the point, at least
-    std::size_t optionalDigits = 0; // further ones unless 0
+    std::size_t digits = 0;         // after the point, at least
+    std::size_t optionalDigits = 0; // further ones, without trailing zeros
     bool grouped = false;
     bool percent = false;
 };
@@ -72,14 +72,14 @@ Pattern parsePattern(std::string_view text) {
     return pattern;
 }
 
-// The digits of a number as Print shows them, the point before the one of that number.
+// The digits of a number as Print shows them, and the index of the digit that follows the decimal point.
 struct Digits {
     std::string digits;
     std::size_t point;
 };
 
 Digits digitsOf(double magnitude) {
-    char buffer[400]; // the shortest form has at most 309 digits before the point or 324 zeros behind it
+    char buffer[400]; // the shortest form has at most 309 digits before the point or 324 zeros after it
     const auto written = std::to_chars(buffer, buffer + sizeof buffer, magnitude, std::chars_format::fixed);
     std::string digits(buffer, written.ptr);
     const std::size_t point = std::min(digits.find('.'), digits.size());
@@ -87,7 +87,7 @@ Digits digitsOf(double magnitude) {
     return {std::move(digits), point};
 }
 
-// Leaves so many digits behind the point. Halves go up.
+// Rounds the number to `count` digits after the point. Halves go up.
 void roundTo(Digits& number, std::size_t count) {
     const std::size_t size = number.point + count;
     const bool up = number.digits.size() > size && number.digits[size] >= '5';
@@ -115,7 +115,7 @@ constexpr NamedEncoding encodings[] = {
     {"macintosh", encoding::macRoman},
 };
 
-// None, with the exception recorded, for other names.
+// Returns null and records the exception for other names.
 const NamedEncoding* findEncoding(String* name) {
     const TextOf wanted(name);
     for (const NamedEncoding& known : encodings)
@@ -124,7 +124,8 @@ const NamedEncoding* findEncoding(String* name) {
     return nullptr;
 }
 
-// The letters of all scripts, whatever the locale of the process; null where the system has no such table.
+// Returns a locale that knows the letters of all scripts, whatever the locale of the process, or null if the system does
+// not have its tables.
 locale_t unicodeLocale() {
     static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
     return locale;

@@ -1,4 +1,4 @@
-// Parts of texts, and where one text is in another.
+// Parts of texts, and searches for one text in another.
 #include "language/library/text_functions.h"
 
 #include "model/owned.h"
@@ -14,7 +14,7 @@ String* cut(const TextOf& text, Part part) {
     return ownString(text.bytes().substr(start, text.offsetOf(part.first + part.count) - start)).release();
 }
 
-// Up to `count` characters from number `start` (from 0) on; negative numbers are 0.
+// Returns up to `count` characters from number `start` (from 0) on. Negative numbers count as 0.
 Part part(HostInteger length, HostInteger start, HostInteger count) {
     const HostInteger first = std::clamp(start, HostInteger{0}, length);
     return {static_cast<std::size_t>(first), static_cast<std::size_t>(std::clamp(count, HostInteger{0}, length - first))};

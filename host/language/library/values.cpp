@@ -14,7 +14,7 @@
 namespace host::language {
 namespace {
 
-// Every shortest form fits: the longest are fixed ones near the limits below.
+// Long enough for every shortest form. The longest are fixed forms near the limits below.
 using Buffer = char[64];
 
 template <class... How>
@@ -23,16 +23,16 @@ std::string written(double value, How... how) {
     return {buffer, std::to_chars(buffer, buffer + sizeof buffer, value, how...).ptr};
 }
 
-// The arrays that are being written, each of which contains the one before it in the list.
+// An array that is being written, in a list with the arrays that contain it.
 struct Around {
     const Array* array;
-    const Around* outer; // null: none
+    const Around* outer; // the array that contains it; null if none
     unsigned depth;
 };
 
 void append(std::string& text, const Type& type, Slot value, const Around* around);
 
-// An array inside itself, or too many arrays inside each other, are written as (...).
+// Writes an array. An array inside itself, or at too deep a level of nesting, is written as (...).
 void appendArray(std::string& text, const Array* array, const Around* outer) {
     constexpr unsigned maxDepth = 100;
     const Around here{array, outer, outer ? outer->depth + 1 : 0};
@@ -91,7 +91,7 @@ std::string textOf(const Type& type, Slot value) {
     case Kind::color: return literalOf(value.color);
     case Kind::string: return utf8Of(value.string);
     case Kind::object: return value.object ? textOf(value.object) : "Nil";
-    case Kind::variant: return "Nil"; // others are above
+    case Kind::variant: return "Nil"; // all others are handled above
     }
     return {};
 }

@@ -1,4 +1,4 @@
-// Statements with blocks.
+// Parses statements with blocks.
 #include "language/reading/statement_parser.h"
 
 #include "values/types.h"
@@ -50,7 +50,7 @@ bool StatementParser::continues(const Opening& opening) const {
 }
 
 bool StatementParser::belongsToOpenBlock() const {
-    if (tokens_.at(Keyword::sub) || tokens_.at(Keyword::function)) return true; // to the program
+    if (tokens_.at(Keyword::sub) || tokens_.at(Keyword::function)) return true; // they belong to the program
     return std::any_of(openings_.begin(), openings_.end(),
                        [this](const Opening& opening) { return closes(opening) || continues(opening); });
 }
@@ -60,7 +60,7 @@ bool StatementParser::isMiddleOfBlock() const {
            tokens_.at(Keyword::catchBlock) || tokens_.at(Keyword::finally);
 }
 
-// An Else or its like that fits no block is an error of its own, and the block goes on behind it.
+// Reports an Else or a similar word that fits no block, and continues the block after it.
 Block StatementParser::part(const Opening& opening) {
     openings_.push_back(opening);
     Block block = statements();
@@ -80,8 +80,8 @@ Block StatementParser::block(const Opening& opening) {
     return read;
 }
 
-// Takes the words that close the block. Other words are an error; they are left to the block around this one that they fit,
-// or taken for these.
+// Other words than those that close the block are an error. They are left to an outer block that they fit. If there is
+// none, they count as the end of this block.
 void StatementParser::close(const Opening& opening, std::optional<Offset> elseIf) {
     if (closes(opening)) {
         tokens_.take();
@@ -231,7 +231,7 @@ syntax::Try StatementParser::tryBlock(Offset offset) {
     return form;
 }
 
-// After an error the variable is one of any exception, so that its uses are no errors of their own.
+// After an error the variable has the type of any exception, so that its uses do not cause further errors.
 syntax::Try::Catch StatementParser::catchHead() {
     syntax::Try::Catch handler;
     if (tokens_.atStatementEnd()) return handler;
@@ -294,7 +294,7 @@ Statement StatementParser::forLoop(Offset offset) {
     } catch (const SyntaxError& error) {
         syntax::Broken left = broken(error, offset);
         left.block = block(opening);
-        tokens_.skipLine(); // a name behind Next
+        tokens_.skipLine(); // a name after Next
         return {offset, std::move(left)};
     }
     syntax::Block& body = isEach ? each.block : form.block;
@@ -310,7 +310,7 @@ syntax::LoopVariable StatementParser::loopVariable() {
     return variable;
 }
 
-// Next, or Next with the name of the loop's variable.
+// Parses Next, or Next with the name of the loop's variable.
 void StatementParser::closeLoop(const Opening& opening, const Name& variable) {
     const bool closed = closes(opening);
     close(opening);

@@ -66,7 +66,7 @@ ExpressionPtr ExpressionParser::expressionFrom(ExpressionPtr first) {
     return operators(std::move(first), 0, nesting);
 }
 
-// What operators at least as tight as the lowest make of the left side.
+// Parses the operators after `left` that bind at least as tightly as `lowest`.
 ExpressionPtr ExpressionParser::operators(ExpressionPtr left, int lowest, Nesting& nesting) {
     for (;;) {
         const Offset offset = tokens_.peek().offset;

@@ -183,7 +183,7 @@ std::string_view hintFor(Foreign where, std::string_view spelling) {
 ForeignSign foreignSignAt(std::string_view text) {
     for (const SignHint& entry : foreignSigns)
         if (text.substr(0, entry.spelling.size()) == entry.spelling) return {entry.spelling, entry.hint};
-    // Between values these two have a meaning.
+    // Between values, these two signs have a meaning.
     if (text.substr(0, 2) == "--" && endsLine(text.substr(2))) return {"--", "write 'x -= 1'"};
     if (text.substr(0, 2) == "&&" && text.size() > 2 && isBlank(text[2])) return {"&&", "write 'And'"};
     return {};

@@ -25,7 +25,7 @@ namespace {
 Lexer::Lexer(std::string_view text, Offset start) : text_(text), position_(start) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (start == 0 && text.substr(0, byteOrderMark.size()) == byteOrderMark) position_ = byteOrderMark.size();
-    if (start == 0 && text_.substr(position_, 2) == "#!") skipLine(); // which names the program that runs this one
+    if (start == 0 && text_.substr(position_, 2) == "#!") skipLine(); // the line that names the interpreter
 }
 
 Token Lexer::next() {
@@ -98,7 +98,7 @@ void Lexer::skipBlanksAndComments() {
     }
 }
 
-// Skips "_" and the line end behind it.
+// Skips "_" and the line end after it.
 bool Lexer::continuesLine() {
     if (at(position_) != '_' || isNamePart(at(position_ + 1))) return false;
     const std::size_t start = position_++;

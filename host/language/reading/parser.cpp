@@ -6,7 +6,7 @@
 namespace host::language {
 namespace {
 
-// What the lexer relies on.
+// Checks the properties of the text on which the lexer relies.
 void checkText(std::string_view whole, Offset start) {
     const std::string_view text = whole.substr(start);
     constexpr std::size_t maxSize = std::size_t{1} << 30;

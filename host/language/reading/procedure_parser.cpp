@@ -1,9 +1,9 @@
-// Subs and Functions.
+// Parses Subs and Functions.
 #include "language/reading/statement_parser.h"
 
 namespace host::language {
 
-// The body of a procedure whose first line is wrong is read, but dropped.
+// If the first line of a procedure has an error, its body is parsed but dropped.
 syntax::Statement StatementParser::procedure(Offset offset, bool isFunction) {
     const Opening opening = isFunction ? Opening{offset, "Function", "End Function", Keyword::end, Keyword::function}
                                        : Opening{offset, "Sub", "End Sub", Keyword::end, Keyword::sub};

@@ -9,7 +9,7 @@
 namespace host::language {
 namespace {
 
-// How much of a line is shown on either side of the caret.
+// The longest part of a line that is shown on either side of the caret.
 constexpr std::size_t maxShownBeside = 160;
 
 std::size_t lineStart(std::string_view text, std::size_t offset) {
@@ -18,8 +18,8 @@ std::size_t lineStart(std::string_view text, std::size_t offset) {
     return offset;
 }
 
-// Text as a terminal may get it, with the blanks that take as many columns. Control characters would move the cursor or
-// worse; a tab stays, and stays among the blanks, so that both line up.
+// Text that is safe for a terminal, and blanks that take as many columns. Control characters could move the cursor or do
+// worse, so they are replaced. A tab is kept in both, so that both line up.
 struct Shown {
     std::string text;
     std::string blanks;

@@ -64,8 +64,8 @@ Statement StatementParser::statementOrBroken() {
     }
 }
 
-// Explains a statement that cannot be read by its first word: it is of another language, and a name follows, or it is nearly
-// a keyword, and a keyword follows that cannot follow a name.
+// Explains an invalid statement by its first word. Either the word is from another language, and a name follows. Or it is
+// nearly a keyword, and a keyword follows that cannot follow a name.
 std::string StatementParser::foreignStart(Offset start) const {
     TokenStream again(source_.text(), start);
     try {
@@ -81,12 +81,12 @@ std::string StatementParser::foreignStart(Offset start) const {
         for (const Word& word : words())
             if (word.kind == WordKind::statement) nearest.offer(word.name);
         if (!nearest.name().empty()) return message + nearest.suggestion();
-    } catch (const SyntaxError&) { // the one that was met
+    } catch (const SyntaxError&) { // the error that the caller reports
     }
     return {};
 }
 
-// Reports the error and gives up the rest of its line.
+// Reports the error and skips the rest of its line.
 syntax::Broken StatementParser::broken(const SyntaxError& error, Offset start) {
     report(error);
     tokens_.skipLine();
@@ -252,7 +252,7 @@ constexpr Change changes[] = {
     {TokenKind::ampersandEqual, syntax::Operator::join},
 };
 
-// At a prompt an expression may stand here too.
+// At a prompt, an expression is allowed here too.
 Statement StatementParser::assignmentOrCall() {
     const Offset offset = tokens_.peek().offset;
     const bool prompt = mode_ == ParseMode::prompt;

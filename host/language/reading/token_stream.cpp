@@ -37,7 +37,7 @@ void TokenStream::skipLine() {
         if (broken_) lexer_.skipLine();
         try {
             take();
-        } catch (const SyntaxError&) { // of a line that is given up already
+        } catch (const SyntaxError&) { // in a line that is skipped anyway
         }
     }
 }
@@ -47,7 +47,7 @@ void TokenStream::skipTo(Keyword keyword) {
         if (broken_) lexer_.skipCharacter();
         try {
             take();
-        } catch (const SyntaxError&) { // of what is given up already
+        } catch (const SyntaxError&) { // in text that is skipped anyway
         }
     }
 }

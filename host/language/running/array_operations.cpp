@@ -23,7 +23,7 @@ std::int32_t requireBound(HostInteger bound, Offset offset) {
     return static_cast<std::int32_t>(bound);
 }
 
-// Runs what may allocate a whole array.
+// Calls a function that may allocate a complete array. Raises OutOfMemoryException if memory is exhausted.
 template <class Function>
 auto allocating(Offset offset, Function function) {
     try {
@@ -34,7 +34,7 @@ auto allocating(Offset offset, Function function) {
     throwNew(offset, "OutOfMemoryException", "There is not enough memory for this array.");
 }
 
-// Numbers that are none stand behind all others.
+// Not-a-number sorts after all other numbers.
 bool isLess(Kind kind, Slot a, Slot b) {
     switch (kind) {
     case Kind::boolean: return a.boolean < b.boolean;
@@ -109,7 +109,7 @@ ActionPtr writeElement(CodePtr array, CodePtr index, CodePtr value, Offset offse
         Array* const object = requireArray(array->evaluate(frame).object, offset);
         const HostInteger position = index->evaluate(frame).integer;
         const Slot element = value->evaluate(frame);
-        requireIndex(object, position, offset); // now, for the value's evaluation may change the array
+        requireIndex(object, position, offset); // now, because evaluating the value may change the array
         setElement(object, position, element);
     });
 }

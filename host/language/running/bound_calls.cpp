@@ -12,7 +12,7 @@
 namespace host::language {
 namespace {
 
-// A method as its calls need it. The arguments follow the receiver, if there is one, in the slots of a call.
+// The parts of a method that its calls need. The arguments follow the receiver, if there is one, in the slots of a call.
 class Callee {
 public:
     Callee(const Method& method, Offset offset)
@@ -27,8 +27,7 @@ public:
         return callee;
     }
 
-    // The result is in the frame's keeping before anything raises. Functions of the language may throw what the memory
-    // lacks.
+    // The frame owns the result before anything raises. Functions of the language may throw std::bad_alloc.
     Slot run(Frame& frame, const Slot* slots) const {
         Slot result;
         try {

@@ -5,7 +5,7 @@ namespace {
 
 using Calls = std::vector<ActiveCall>;
 
-// Those that the exception has ended and those that go on around the Catch.
+// Returns the calls that the exception has ended, followed by the calls around the Catch, which continue.
 Calls callsOf(const Raised& raised, const Execution& execution) {
     Calls calls = raised.ended();
     for (const ActiveCall* call = execution.innermost; call; call = call->caller)
@@ -13,12 +13,12 @@ Calls callsOf(const Raised& raised, const Execution& execution) {
     return calls;
 }
 
-// Calls in a row, and how often the same ones follow once more.
+// Consecutive calls, and how often the same calls follow again.
 struct Run {
     std::size_t first, count, repetitions;
 };
 
-// How often the calls from `first` on are followed by the same ones.
+// Returns how often the `count` calls from `first` on are repeated directly after them.
 std::size_t repetitionsOf(const Calls& calls, std::size_t first, std::size_t count) {
     std::size_t same = 0;
     while (first + count + same < calls.size() && calls[first + same].offset == calls[first + count + same].offset)
@@ -26,7 +26,7 @@ std::size_t repetitionsOf(const Calls& calls, std::size_t first, std::size_t cou
     return same / count;
 }
 
-// A procedure that calls itself repeats one call, and those that call each other repeat a few.
+// Folds repeated calls. A procedure that calls itself repeats one call, and procedures that call each other repeat a few.
 std::vector<Run> folded(const Calls& calls) {
     constexpr std::size_t maxPeriod = 4, fewestRepetitions = 3;
     std::vector<Run> runs;
@@ -40,7 +40,7 @@ std::vector<Run> folded(const Calls& calls) {
     return runs;
 }
 
-// A place in the procedure that call `index` called; behind the last of them, in the program.
+// Returns a place in the procedure that call `index` called. Without such a call, the place is in the program.
 std::string placeIn(const Calls& calls, std::size_t index, Offset offset, const Execution& execution) {
     const Source& source = *execution.source;
     if (index < calls.size()) return source.location(offset) + " in " + calls[index].procedure->signature.name + "\n";
@@ -76,7 +76,7 @@ std::string callsAround(const Raised& raised, const Execution& execution) {
 std::string stackOf(const Raised& raised, const Execution& execution) {
     const Calls calls = callsOf(raised, execution);
     std::string text = "raised at " + placeIn(calls, 0, raised.offset(), execution) + lines(calls, execution);
-    text.pop_back(); // the last line's end
+    text.pop_back(); // the end of the last line
     return text;
 }
 

@@ -20,7 +20,7 @@ namespace host::language {
 namespace {
 
 // Runs the body and then the end, which must not throw, on every path. An exception that becomes pending at the end is
-// raised when the body ended well and dropped when another one is already on its way.
+// raised if the body succeeded. It is dropped if another exception is already propagating.
 template <class Body, class End>
 auto withEnd(Offset offset, Body body, End end) {
     struct Guard {
@@ -47,7 +47,8 @@ auto withEnd(Offset offset, Body body, End end) {
     }
 }
 
-// Memory that runs out in the body is told to the program, which can go on without what it wanted.
+// Runs the body and then releases its temporaries. Raises OutOfMemoryException if memory is exhausted in the body; the
+// program can continue without the result.
 template <class Body>
 auto runKeeping(Frame& frame, Offset offset, Body body) {
     const Frame::Mark mark = frame.mark();
@@ -71,14 +72,14 @@ auto runPooled(Frame& frame, Offset offset, Body body) {
 HostInteger opposite(HostInteger step) { return static_cast<HostInteger>(-static_cast<std::uintptr_t>(step)); }
 double opposite(double step) { return -step; }
 
-// Counts on; false when the range of integers ends there.
+// Adds the step. Returns false if the result is outside the range of integers.
 bool advance(HostInteger& value, HostInteger step) { return !__builtin_add_overflow(value, step, &value); }
 bool advance(double& value, double step) {
     value += step;
     return true;
 }
 
-// Runs a loop's body once. Whether the loop goes on; `completion` is how it ends otherwise.
+// Runs a loop's body once. Returns whether the loop continues; otherwise `completion` is how the loop ends.
 bool runOnce(Frame& frame, const LoopBody& loop, Completion& completion) {
     checkInterrupt(loop.offset);
     completion = loop.body->execute(frame);
@@ -252,12 +253,12 @@ ActionPtr tryBlock(ActionPtr body, std::vector<Handler> handlers, ActionPtr fina
 
 namespace {
 
-// Ends the program when its output cannot be written: nobody would see what else it prints.
+// Throws if the output cannot be written, which ends the program: nobody would see its further output.
 void requireWritten(std::ostream& output) {
     if (output.good()) return;
     const int reason = errno == 0 ? EIO : errno;
     if (reason != EINTR) throw std::system_error(reason, std::generic_category(), "the output cannot be written");
-    output.clear(); // a signal ended the write; if it was Ctrl-C, the next loop or call ends the program
+    output.clear(); // a signal interrupted the write; after Ctrl-C, the next loop or call ends the program
 }
 
 } // namespace

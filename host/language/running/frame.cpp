@@ -12,7 +12,7 @@ Counting countingOf(const Type& type) {
 
 void throwPending(Offset offset) {
     Owned<Object> exception(takePendingException());
-    checkInterrupt(offset); // which may have ended a read
+    checkInterrupt(offset); // an interruption may have ended a read
     if (const std::optional<int> code = process::takeWantedEnd()) throw Quit{*code};
     throw Raised(std::move(exception), offset);
 }

@@ -16,7 +16,7 @@ namespace {
 
 using syntax::Operator;
 
-// Integers wrap around as two's complement does.
+// Integers wrap around, as in two's complement.
 template <class Function>
 CodePtr onIntegers(CodePtr left, CodePtr right, Function function) {
     return combine(std::move(left), std::move(right), [function](Slot a, Slot b) {
@@ -31,7 +31,7 @@ CodePtr onReals(CodePtr left, CodePtr right, Function function) {
                    [function](Slot a, Slot b) { return Slot::ofReal(function(a.real, b.real)); });
 }
 
-// \ and Mod of Integers. Dividing the lowest one by -1 overflows in the processor, so -1 is taken apart.
+// \ and Mod of Integers. The processor traps if the lowest Integer is divided by -1, so -1 is handled separately.
 template <class Function>
 CodePtr quotient(CodePtr left, CodePtr right, Offset offset, Function function) {
     return combine(std::move(left), std::move(right), [offset, function](Slot a, Slot b) {
@@ -56,7 +56,7 @@ CodePtr comparing(Operator operation, CodePtr left, CodePtr right, Read read) {
     }
 }
 
-// A value by (Slot, Slot&) -> bool, which may raise and then answers false.
+// Returns a value that (Slot, Slot&) -> bool computes. The function returns false if it has raised.
 template <class Read>
 CodePtr readThrough(CodePtr value, Offset offset, Read read) {
     return transform(std::move(value), [read, offset](Slot slot) {

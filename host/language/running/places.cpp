@@ -10,7 +10,7 @@
 namespace host::language {
 namespace {
 
-// The expression whose member the name at the offset is; empty when it is long, on another line, or not written.
+// Returns the expression before the member's name at the offset; empty if it is long, on another line, or not written.
 std::string_view ownerOf(std::string_view text, std::size_t member) {
     constexpr std::size_t maxShown = 60;
     const auto skipBlanks = [&](std::size_t end) {
@@ -48,7 +48,7 @@ void store(Frame& frame, VariablePlace place, Counting counting, Slot value) {
 CodePtr readVariable(VariablePlace place, const Type& type) {
     const Counting counting = countingOf(type);
     if (counting == Counting::none) return makeCode([place](Frame& frame) { return frame.variable(place); });
-    // Assigning to the variable later in the same step must not take the value away.
+    // The frame keeps a reference, because a later assignment to the variable in the same step must not release the value.
     return makeCode([place, counting](Frame& frame) {
         const Slot value = frame.variable(place);
         lock(counting, value);
@@ -85,8 +85,8 @@ ActionPtr writeVariable(VariablePlace place, const Type& type, CodePtr value) {
 
 namespace {
 
-// Replaces the text of a variable by what `change` returns for it. The variable gives up its reference meanwhile, so that
-// the text can change in place. `change` returns the next text, with the reference of the one before used up, or throws.
+// Replaces the text of a variable. Meanwhile the variable has no reference to the text, so that the text can change in
+// place. `change` replaces the text that it receives, and may throw.
 template <class Change>
 void changeText(Slot& variable, Owned<String> text, Offset offset, Change change) {
     if (variable.string == text.get()) unlock(std::exchange(variable.string, nullptr));
@@ -107,7 +107,7 @@ void replace(Owned<String>& text, String* next) {
 
 } // namespace
 
-// The variable is read before the texts, whose evaluation may change it.
+// The variable is read before the texts, because evaluating a text may change it.
 ActionPtr appendToVariable(VariablePlace place, std::vector<CodePtr> texts, Offset offset) {
     return makeAction([place, texts = std::move(texts), offset](Frame& frame) {
         Owned<String> text = Owned<String>::shared(frame.variable(place).string);

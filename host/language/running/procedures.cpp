@@ -8,7 +8,7 @@
 namespace host::language {
 namespace {
 
-// Tells the execution of a call as long as it lasts.
+// Registers a call with the execution for as long as the call lasts.
 class CallInProgress {
 public:
     CallInProgress(Execution& execution, const Procedure& procedure, Offset offset)
@@ -33,7 +33,7 @@ private:
     const ActiveCall call_;
 };
 
-// A procedure with its arguments in place.
+// A call of a procedure whose arguments are in place.
 class PreparedCall {
 public:
     PreparedCall(const Procedure& procedure, Frame& callee, Offset offset)

@@ -24,8 +24,8 @@ namespace {
 
 void want(int) { interruptWanted = 1; }
 
-// While one lives, SIGINT interrupts the program that runs instead of ending the process, and a closed pipe is an error of
-// the write.
+// While an object of this class exists, SIGINT interrupts the running program instead of ending the process, and a closed
+// pipe is an error of the write.
 class InterruptScope {
 public:
     InterruptScope() {
@@ -36,7 +36,7 @@ public:
         action.sa_handler = SIG_IGN;
         sigaction(SIGPIPE, &action, &beforePipe_);
     }
-    // What is checked next, constants above all, is not interrupted by what ended this program.
+    // Clears the request, so that it does not interrupt the next check, above all that of constants.
     ~InterruptScope() {
         sigaction(SIGINT, &before_, nullptr);
         sigaction(SIGPIPE, &beforePipe_, nullptr);
@@ -56,7 +56,8 @@ std::string describe(const Raised& raised) {
     return "uncaught " + raised.exception()->info->name() + (message.empty() ? "" : ": " + message);
 }
 
-// The lowest address that procedures may reach. Without knowledge of the stack, 4 MB below the first question.
+// Returns the lowest address that procedures may reach. If the stack is unknown, this is 4 MB below the first call of this
+// function.
 std::uintptr_t lowestAddress() {
     constexpr std::size_t maxUsed = std::size_t{8} << 20;
     constexpr std::size_t assumed = std::size_t{4} << 20;
