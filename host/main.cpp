@@ -28,16 +28,16 @@ Examples:
 void mayRepeat(CLI::Option* option, const char* value) {
     option->type_name(value)
         ->expected(1)
-        ->allow_extra_args(false) // what follows the value is the command's own
+        ->allow_extra_args(false) // the arguments after the value belong to the command
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
-// An empty value is a mistake, such as an unset variable of a shell, and not a missing value.
+// Rejects an empty value. It is a mistake, such as an unset variable of a shell, and not a missing value.
 void mustNotBeEmpty(CLI::Option* option) {
     option->check(CLI::Validator([](const std::string& value) { return value.empty() ? "must not be empty" : ""; }, ""));
 }
 
-// The options, which the parser fills, and so must outlive the application.
+// Parses the command line. The parser fills the options, so they must outlive the application.
 class CommandLine {
 public:
     CommandLine() {
@@ -88,7 +88,7 @@ public:
     int help(const CLI::ParseError& request) { return app_.exit(request); }
 
 private:
-    // Throws if the first argument that nobody takes is a misspelt command.
+    // Throws if the first unused argument is a misspelt command.
     void suggestCommand() const {
         const std::string word = app_.remaining().front();
         if (!app_.get_subcommands().empty() || word[0] == '-') return;
@@ -98,7 +98,7 @@ private:
         throw std::invalid_argument("there is no command " + word + nearest.suggestion() + " (--help lists them)");
     }
 
-    // Throws if an option is given that the command would ignore.
+    // Throws if the user passes an option that the command would ignore.
     void refuse(const char* command, std::initializer_list<const char*> options) const {
         for (const char* option : options) {
             if (app_.count(option) > 0) throw std::invalid_argument(std::string(command) + " does not use " + option);
@@ -322,7 +322,8 @@ private:
     bool showsVersion_ = false;
 };
 
-// A disk that is full, say: what was printed did not arrive, whatever the command answers.
+// Flushes the output and returns the exit code. If the output was not written, for example because the disk is full,
+// reports it and turns success into failure.
 int written(int exitCode) {
     std::cout.flush();
     const bool isWritten = std::cout.good() && std::fflush(stdout) == 0 && std::ferror(stdout) == 0;

@@ -1,5 +1,5 @@
-// The commands of the command line, over a host that they start. They answer the exit code. All throw std::invalid_argument
-// for what no user can mean and std::runtime_error for what cannot be done.
+// The commands of the command line. Each starts a host and returns the exit code. All throw std::invalid_argument for
+// arguments that have no meaning, and std::runtime_error for what cannot be done.
 #pragma once
 
 #include "entries/entries.h"
@@ -15,14 +15,14 @@ enum ExitCode { success = 0, failure = 1, usage = 2, leaked = 3, nothingTested =
 // The host that a command works in.
 struct Start {
     HostOptions host;
-    std::vector<std::string> plugins; // none: the one beside the program
+    std::vector<std::string> plugins; // none: the bundled one, in the program's folder
     bool noSibling = false;
 };
 
 // A program: a file, "-" for standard input, or its text.
 struct Program {
     std::string file;
-    std::vector<std::string> text; // lines; not empty: the program, and the file is its first argument
+    std::vector<std::string> text; // the lines of the program; if not empty, the file is its first argument
     std::vector<std::string> arguments;
 };
 
@@ -34,32 +34,32 @@ int run(const Start& start, const RunOptions& options);
 
 struct CheckOptions {
     std::vector<std::string> files; // "-": standard input
-    std::vector<std::string> text;  // lines; not empty: one more program
+    std::vector<std::string> text;  // the lines of one more program; empty: none
 };
 
-// Reports all errors of programs, which do not run: for a person, or as JSON on standard output.
+// Reports all errors of programs without running them: for a person, or as JSON on standard output.
 int check(const Start& start, const CheckOptions& options, bool json);
 
 int prompt(const Start& start);
 
-// The class records as the host received them, without the sibling's.
+// Prints the class records as the host received them, without the sibling's.
 int records(const Start& start, bool json);
 
 struct BrowseOptions {
-    std::string name;      // of a class, a function or another word of the language; empty: everything
-    std::string member;    // empty: the whole class
-    bool markdown = false; // of everything or a class
+    std::string name;      // the name of a class, a function or another word of the language; empty: everything
+    std::string member;    // the name of a member; empty: all members
+    bool markdown = false; // for everything or a class
     bool json = false;
 };
 int browse(const Start& start, const BrowseOptions& options);
 
 struct SwatchesOptions {
-    std::string picture;           // the file to write; "-": standard output; empty: lines of text on it
-    std::string form;              // "svg", "png" or "text"; empty: as the file is named
+    std::string picture;           // the file to write; "-": standard output; empty: standard output, as lines of text
+    std::string form;              // "svg", "png" or "text"; empty: the file name decides
     std::string list;              // a colour list's file; empty: no list
-    std::vector<std::string> keys; // of the list; none: all
-    std::string color;             // to show in every space; empty: none
-    bool dark = false;             // a page that is dark
+    std::vector<std::string> keys; // keys of the list; none: all
+    std::string color;             // a colour to show in every space; empty: none
+    bool dark = false;             // draws a dark page
 };
 int swatches(const Start& start, const SwatchesOptions& options);
 
@@ -70,44 +70,44 @@ struct ValidateOptions {
     double timeout = 10;           // seconds for one call
     std::string call;              // a function, "Class.member/0", to call instead; empty: none
     bool inProcess = false;        // calls it in this process
-    bool list = false;             // the checks, and none is run
+    bool list = false;             // lists the checks and runs none
     bool json = false;
     bool junit = false;
 };
-// Checks a plugin against the contract. Returns failure for a breach, and nothingTested if nothing of its classes was
-// tested.
+// Checks a plugin against the contract. Returns failure for a breach. Returns nothingTested if nothing of the plugin's
+// classes was tested.
 int validate(const Start& start, const ValidateOptions& options);
 std::vector<std::string> checkNames();
 
-// An editor's grammar of the language, in the form of TextMate.
+// Prints a TextMate grammar of the language for editors.
 int grammar(const Start& start);
 
-// What this program, the plugins and the platform are.
+// Prints the versions and files of this program, the platform and the plugins, and the classes of the plugins.
 int version(const Start& start);
 
-// The command line as it tells of itself.
+// The words of the command line, from the descriptions that its parser holds.
 struct Word {
     std::string name, text;
-    std::vector<std::string> values; // what may follow it; empty: nothing known
+    std::vector<std::string> values; // the values that may follow it; empty: unknown
     bool takesValue = false;
-    std::string form; // as help shows it: "--list FILE"
+    std::string form; // the form that help shows: "--list FILE"
 };
 struct CommandWords {
     Word command;
-    std::vector<Word> options;          // the common ones too, which stand last
+    std::vector<Word> options;          // includes the common ones, which come last
     std::vector<Word> own, positionals; // without the common ones
-    std::string examples;               // lines
+    std::string examples;               // one per line
 };
 struct CompletedWords {
     std::vector<Word> common; // options before the command
     std::vector<CommandWords> commands;
-    std::vector<std::pair<std::string, std::vector<std::string>>> members = {}; // of each class
+    std::vector<std::pair<std::string, std::vector<std::string>>> members = {}; // the members of each class
 };
 
-// A script that completes the commands, their options, and the values of these: `shell` is "bash" or "zsh".
+// Prints a script that completes the commands, their options, and the options' values. `shell` is "bash" or "zsh".
 int completion(const Start& start, const std::string& shell, CompletedWords words);
 
-// The manual page, for man.
+// Prints the manual page in the format of man.
 int manual(const Word& program, const std::vector<Word>& options, const std::vector<CommandWords>& commands);
 
 } // namespace host::commands

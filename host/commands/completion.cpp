@@ -25,7 +25,8 @@ std::vector<std::string> namesOf(const std::vector<Word>& words) {
     return names;
 }
 
-// A case of the script: words, or names of files, which readline completes with all their blanks and quotes.
+// Returns a case of the script, which completes words or file names. For file names it calls readline's completion, which
+// handles blanks and quotes.
 std::string bashCase(const std::string& pattern, const std::vector<std::string>& words, bool areFiles) {
     return "    " + pattern + ") " + (areFiles ? "compopt -o default; return" : "words=\"" + joined(words, " ") + "\"") +
            " ;;\n";
@@ -36,7 +37,7 @@ void writeBash(const CompletedWords& all, std::ostream& out) {
     std::string valueCases;
     for (const CommandWords& command : all.commands)
         names.push_back(command.command.name);
-    std::set<std::string> known; // an option means the same wherever it is
+    std::set<std::string> known; // an option means the same in every command
     for (const CommandWords& command : all.commands) {
         for (const Word& option : command.options) {
             if (!option.takesValue || !known.insert(option.name).second) continue;
@@ -73,7 +74,7 @@ void writeBash(const CompletedWords& all, std::ostream& out) {
            "complete -F _chromahost chromahost\n";
 }
 
-// As a word between single quotes of _arguments and _values: without what these give a meaning.
+// Quotes a word for single quotes in _arguments and _values, and escapes the characters that have a meaning for them.
 std::string quoted(const std::string& text) {
     std::string result;
     for (const char c : text) {
@@ -88,7 +89,7 @@ std::string quoted(const std::string& text) {
     return result;
 }
 
-// Options as _arguments takes them, each after a line break; a value may follow a blank or "=".
+// Returns the options in the form of _arguments, each after a line break. A value may follow a blank or "=".
 std::string zshOptions(const std::vector<Word>& options) {
     std::string text;
     for (const Word& option : options) {

@@ -1,4 +1,4 @@
-// The manual page, of what the command line tells of itself.
+// Writes the manual page from the words of the command line.
 #include "commands/commands.h"
 
 #include <iostream>
@@ -6,7 +6,7 @@
 namespace host::commands {
 namespace {
 
-// As text of a page: what roff would take for its own is not.
+// Escapes text for a page, so that roff finds no requests in it.
 std::string plain(const std::string& text) {
     std::string result;
     for (const char c : text) {

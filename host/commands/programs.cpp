@@ -1,4 +1,4 @@
-// run, check and repl.
+// The commands run, check and repl.
 #include "commands/start.h"
 
 #include "entries/leaks.h"
@@ -22,10 +22,10 @@ namespace {
 
 bool isText(const Program& program) { return !program.text.empty(); }
 
-// A program's text, and the name by which messages call it.
+// A program's text, and its name in messages.
 struct NamedText {
     std::string name;
-    std::optional<std::string> text; // nothing after a message on stderr when it cannot be read
+    std::optional<std::string> text; // none if it cannot be read, after a message on stderr
 };
 
 NamedText fromFile(const std::string& file) {
@@ -50,7 +50,7 @@ std::vector<std::string> argumentsOf(const Program& program) {
     return arguments;
 }
 
-// Ends this process as the signal does, so that whoever started it sees that.
+// Ends this process with the signal, so that the parent process sees the signal.
 void endBySignal(int signal) {
     std::cout.flush();
     std::fflush(stdout);

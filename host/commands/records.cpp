@@ -9,7 +9,7 @@
 namespace host::commands {
 
 int records(const Start& start, bool json) {
-    startHost(start, false); // whose records are another plugin's
+    startHost(start, false); // the sibling's records belong to another plugin
     if (json) {
         listRecordsAsJson(registry(), std::cout);
     } else {

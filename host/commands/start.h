@@ -1,11 +1,11 @@
-// How a command starts its host.
+// Starts the host of a command.
 #pragma once
 
 #include "commands/commands.h"
 
 namespace host::commands {
 
-// Starts the host, and loads the sibling plugin, when it shall be there, and the plugins.
+// Starts the host and loads the plugins, after the sibling plugin if `sibling` is true.
 void startHost(const Start& start, bool sibling);
 inline void startHost(const Start& start) { startHost(start, !start.noSibling); }
 

@@ -46,8 +46,8 @@ std::vector<const Check*> chosen(const ValidateOptions& options) {
     return found;
 }
 
-// With the absolute path, since the child processes run in other folders. The two bundled plugins are loaded with each
-// other.
+// Returns the trial with the plugin's absolute path, since the child processes run in other folders. Each of the two
+// bundled plugins is checked together with the other one.
 validator::Trial trialOf(const Start& start, const ValidateOptions& options) {
     std::error_code error;
     const std::string bundled = start.plugins.empty() ? bundledPlugin("libchromabridge.so") : start.plugins.front();

@@ -55,10 +55,10 @@ std::vector<State> statesOf(const ValidationReport& report, bool ofClasses) {
 
 // ---- JUnit
 
-// As text or an attribute's value of XML 1.0, which has no place for most control characters.
+// Escapes text for an element or an attribute value of XML 1.0, which does not allow most control characters.
 std::string xml(const std::string& text) {
     std::string result;
-    std::size_t valid = utf8::findInvalid(text); // up to here
+    std::size_t valid = utf8::findInvalid(text); // the text is valid up to here
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char c = text[i];
         const bool isControl = static_cast<unsigned char>(c) < 0x20 && c != '\n' && c != '\t';

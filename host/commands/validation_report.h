@@ -1,4 +1,4 @@
-// What validate writes.
+// Writes the reports of validate.
 #pragma once
 
 #include "validator/validator.h"

@@ -56,7 +56,7 @@ std::vector<std::string> namesOf(const std::vector<MemberPage>& members) {
     for (const std::string& candidate : candidates)
         near.offer(candidate);
     std::string guess = near.name();
-    // A longer word may be a piece of what is looked for.
+    // A word of more than two characters may be part of the intended name.
     if (guess.empty() && name.size() > 2) {
         const auto containing = std::find_if(candidates.begin(), candidates.end(), [&](const std::string& candidate) {
             return std::search(candidate.begin(), candidate.end(), name.begin(), name.end(),
@@ -102,14 +102,14 @@ void browseClass(const ClassPage& page, Writer& writer) {
     }
 }
 
-// False when nothing has the name.
+// Returns false if no word has the name.
 bool browseWord(std::string_view name, Writer& writer) {
     const std::optional<MemberPage> page = pageOfWord(name);
     if (page) writer.member(*page);
     return page.has_value();
 }
 
-// Those of the class itself: how many.
+// Shows the members of that name that the class itself declares, and returns their number.
 std::size_t browseMembersNamed(const ClassPage& page, std::string_view name, Writer& writer) {
     std::size_t count = 0;
     for (const Section& section : page.sections) {

@@ -17,7 +17,8 @@ using Json = nlohmann::ordered_json;
 using language::Word;
 using language::WordKind;
 
-// Any of the words, in any case, that no dot stands before: behind one each of them is a member's name.
+// Returns a pattern that matches any of the words, in any case, unless a dot precedes it. After a dot, each of them is a
+// member's name.
 template <class Words>
 std::string anyOf(const Words& words) {
     std::string pattern = "(?i)(?<!\\.)\\b(";

@@ -1,4 +1,4 @@
-// The language's words as an editor wants them.
+// Exports the language's words for editors.
 #pragma once
 
 #include "model/classes.h"
@@ -7,7 +7,7 @@
 
 namespace host::documentation {
 
-// A TextMate grammar: keywords, types, the language's functions, and the classes of the registry.
+// Writes a TextMate grammar: keywords, types, the language's functions, and the classes of the registry.
 void writeGrammar(const Registry& registry, std::ostream& out);
 
 } // namespace host::documentation

@@ -1,4 +1,4 @@
-// The members of the sibling plugin's classes and of the classes that the host brings along.
+// The members of the sibling plugin's classes and of the host's built-in classes.
 #include "documentation/texts.h"
 
 namespace host::documentation {

@@ -1,4 +1,4 @@
-// Pages as JSON.
+// Writes pages as JSON.
 #include "text/json.h"
 #include "documentation/browser.h"
 #include "documentation/pages.h"
@@ -18,7 +18,7 @@ Json described(const MemberPage& member) {
     return {{"name", member.name}, {"declarations", member.declarations}, {"text", member.text}};
 }
 
-// With the members of that name alone, or all for none.
+// Returns the page with only the members of that name, or with all if the name is empty.
 Json described(const ClassPage& page, std::string_view member) {
     const ClassInfo* const super = page.info->super();
     Json sections = Json::array();
@@ -38,7 +38,7 @@ Json described(const ClassPage& page, std::string_view member) {
 } // namespace
 
 void browseAsJson(const Registry& registry, std::string_view name, std::string_view member, std::ostream& out) {
-    std::ostringstream refused; // browse knows which names there are, and what else may be meant
+    std::ostringstream refused; // browse throws for unknown names, with a suggestion
     if (!name.empty()) browse(registry, name, member, usualWidth, refused);
 
     Json page = {{"classes", Json::array()}, {"functions", Json::array()}, {"words", Json::array()}};
@@ -49,7 +49,7 @@ void browseAsJson(const Registry& registry, std::string_view name, std::string_v
         const bool isWanted =
             member.empty() ? candidate.info == wanted : wanted && wanted->isOrDescendsFrom(*candidate.info);
         if (wanted && !isWanted) continue;
-        const std::string_view filter = wanted ? member : name; // a name that is no class's is a member's
+        const std::string_view filter = wanted ? member : name; // a name that is not a class's is a member's
         Json description = described(candidate, filter);
         if (filter.empty() || !description["sections"].empty()) page["classes"].push_back(std::move(description));
     }

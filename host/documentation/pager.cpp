@@ -13,7 +13,7 @@
 namespace host::documentation {
 namespace {
 
-// A signal that is ignored in this process while one lives.
+// Ignores a signal in this process while it lives.
 class Ignored {
 public:
     explicit Ignored(int signal) : signal_(signal) {
@@ -58,7 +58,7 @@ void showPaged(const std::string& text) {
         write(text, pipe);
         result = pclose(pipe);
     }
-    constexpr int notExecutable = 126, notFound = 127; // as a shell reports it
+    constexpr int notExecutable = 126, notFound = 127; // the exit codes of a shell
     if (WIFEXITED(result) && (WEXITSTATUS(result) == notExecutable || WEXITSTATUS(result) == notFound)) print();
 }
 

@@ -1,4 +1,4 @@
-// Long texts on a terminal.
+// Shows long texts on a terminal.
 #pragma once
 
 #include <cstddef>
@@ -6,10 +6,11 @@
 
 namespace host::documentation {
 
-// How many characters a line of stdout's terminal holds; without a terminal a usual number.
+// Returns the number of characters in a line of stdout's terminal, or the usual width if stdout is not a terminal.
 std::size_t outputWidth();
 
-// Writes the text to stdout: through $PAGER, by default less or more, when stdout is a terminal with fewer lines.
+// Writes the text to stdout. If stdout is a terminal with fewer lines, the text goes through $PAGER, by default less or
+// more.
 void showPaged(const std::string& text);
 
 } // namespace host::documentation

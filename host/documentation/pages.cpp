@@ -12,7 +12,7 @@ namespace host::documentation {
 
 namespace {
 
-// A constructor that a class declares anew is explained where its superclass first does.
+// If a class redeclares an inherited constructor, the superclass that declares it first has the explanation.
 std::string_view explanation(const ClassInfo& info, std::string_view member) {
     for (const ClassInfo* owner = &info; owner; owner = owner->super()) {
         const ClassText* const text = findClassText(owner->name());
@@ -22,7 +22,7 @@ std::string_view explanation(const ClassInfo& info, std::string_view member) {
     return {};
 }
 
-// In the language's own form, with a comment where a value may be assigned.
+// Returns the declaration in the form of the language, with a comment if a value may be assigned.
 std::string declarationOf(const std::string& declaration, REALfunction setter) {
     return setter ? declaration + "  ' may be set" : declaration;
 }

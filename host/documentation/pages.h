@@ -1,5 +1,5 @@
-// What a reader meets: a class with its members in sections, the overloads of one name together, each with its explanation;
-// the functions and other words of the language.
+// Pages of the documentation. A class page has the class's members in sections, the overloads of one name together, each
+// name with its explanation. The other pages are for the functions and other words of the language.
 #pragma once
 
 #include "model/classes.h"
@@ -14,7 +14,7 @@ namespace host::documentation {
 struct MemberPage {
     std::string name;
     std::vector<std::string> declarations; // as in the record, one for each overload
-    std::string_view text;                 // empty: nobody has explained it
+    std::string_view text;                 // empty: there is no explanation
 };
 
 struct Section {
@@ -28,20 +28,20 @@ struct ClassPage {
     std::vector<Section> sections; // in the order of a record; none is empty
 };
 
-// The members of a class that has a well-formed record, as every class of a registry without problems does. Its own only;
-// those of its superclass are on that one's page.
+// Returns the page of a class. The class must have a well-formed record, which is the case in a registry without problems.
+// The page has only the class's own members. Inherited members are on the superclass's page.
 ClassPage pageOf(const ClassInfo& info);
 
-// One page for each class, in the order of the texts, those that nobody has explained last.
+// Returns one page for each class in the order of the texts. Classes without a text come last.
 std::vector<ClassPage> pagesOf(const Registry& registry);
 
-// The functions of the language, overloads together, in their order; the page of a function or of another word of the
-// language, none when there is none. Names compare without regard to case.
+// functionPages() returns the functions of the language in their order, overloads together. pageOfWord() returns the page
+// of a function or of another word of the language, or none. Names compare without regard to case.
 std::vector<MemberPage> functionPages();
 std::optional<MemberPage> pageOfWord(std::string_view word);
 
-// What there are pages of: classes in order of registration, functions and other words of the language by the alphabet, and
-// all of them.
+// Return the names that have pages: classes in order of registration, functions and other words of the language in
+// alphabetical order, and all of them.
 std::vector<std::string> classNames(const Registry& registry);
 std::vector<std::string> functionNames();
 std::vector<std::string> wordNames();

@@ -1,5 +1,5 @@
-// What each class and each of its members is for, in a line: kept here, beside the class records, which carry declarations
-// only.
+// Explains each class and each of its members in a line or a few. The texts are here because class records carry
+// declarations only.
 #pragma once
 
 #include <string_view>
@@ -8,8 +8,9 @@
 namespace host::documentation {
 
 struct MemberText {
-    std::string_view name; // of a property, a constant, or all overloads of a method; "Constructor" for constructors
-    std::string_view text; // one sentence or a few, in Markdown that also reads well as it is
+    // the name of a property, a constant, or all overloads of a method; "Constructor" for constructors
+    std::string_view name;
+    std::string_view text; // one sentence or a few, in Markdown that is also readable as plain text
 };
 
 struct ClassText {
@@ -18,14 +19,14 @@ struct ClassText {
     std::vector<MemberText> members;
 };
 
-// Plugin classes first, the host's own behind them.
+// Returns the plugin classes first, then the host's own.
 const std::vector<ClassText>& classTexts();
 
-// Null when there is none. Names compare without regard to case.
+// Return null if no text exists. Names compare without regard to case.
 const ClassText* findClassText(std::string_view className);
 const MemberText* findMemberText(const ClassText& text, std::string_view member);
 
-// The parts that classTexts joins.
+// Return the parts that classTexts joins.
 ClassText colorText();
 ClassText colorListText();
 ClassText colorSpaceText();

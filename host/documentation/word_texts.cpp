@@ -17,7 +17,7 @@ bool holds(std::string_view words, std::string_view wanted) {
     return false;
 }
 
-// The call that makes an array, and one of each member.
+// Returns the call that creates an array, and a call of each member.
 std::string arrayForms() {
     std::string forms = "Array(value[, value])";
     for (const language::ArrayMember& member : language::arrayMembers())

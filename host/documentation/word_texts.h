@@ -1,5 +1,5 @@
-// What each word of the language is for that is neither a class nor one of its functions: keywords, types, and the forms
-// that only the language itself can offer.
+// Explains each word of the language that is neither a class nor a function: keywords, types, and the forms that only the
+// language itself can provide.
 #pragma once
 
 #include <string>
@@ -9,14 +9,14 @@
 namespace host::documentation {
 
 struct WordText {
-    std::string_view words; // that this is the page of, with blanks between them; the first is its name
-    std::string form;       // how they are written, in one line or several
-    std::string_view text;  // in Markdown that also reads well as it is
+    std::string_view words; // the words that this page explains, separated by blanks; the first is its name
+    std::string form;       // the syntax, in one line or several
+    std::string_view text;  // in Markdown that is also readable as plain text
 };
 
 const std::vector<WordText>& wordTexts();
 
-// Without regard to case; null when there is none.
+// Returns the text of a word, or null if there is none. Words compare without regard to case.
 const WordText* findWordText(std::string_view word);
 
 } // namespace host::documentation

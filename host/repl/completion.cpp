@@ -20,7 +20,7 @@ std::size_t wordStart(std::string_view text) {
     return start;
 }
 
-// The chain of names, dots and parentheses at the end of the text.
+// Returns the chain of names, dots and parentheses at the end of the text.
 std::string_view lastChain(std::string_view text) {
     std::size_t start = text.size();
     int open = 0;
@@ -70,7 +70,7 @@ Names everywhere(const language::Session& session) {
     return names;
 }
 
-// Those that may follow a colon at a line's start.
+// Returns the names that may continue a command, which begins with a colon.
 Names forCommand(std::string_view before) {
     std::istringstream words{std::string(before)};
     std::string command, subject, more;
@@ -88,10 +88,10 @@ Names forCommand(std::string_view before) {
     return names;
 }
 
-// How the text goes on behind its last character.
+// The state at the end of the text.
 struct Ending {
     bool inCode = true;                        // neither in quotes nor in a comment
-    std::vector<std::size_t> parentheses = {}; // those that are open
+    std::vector<std::size_t> parentheses = {}; // the positions of the open ones
 };
 
 Ending endingOf(std::string_view text) {
@@ -114,7 +114,7 @@ Ending endingOf(std::string_view text) {
     return ending;
 }
 
-// Of what stands before an open parenthesis.
+// Returns the overloads of the function or constructor that is named before an open parenthesis.
 OverloadSet calledBy(language::Session& session, std::string_view before, bool& constructor) {
     const std::size_t start = wordStart(before);
     const std::string_view name = before.substr(start);
@@ -136,7 +136,7 @@ OverloadSet calledBy(language::Session& session, std::string_view before, bool& 
     return found.empty() ? language::findFunctions(name) : found;
 }
 
-// One line for each overload.
+// Returns one line for each overload.
 std::string signatures(language::Session& session, std::string_view before) {
     bool constructor = false;
     std::string lines;

@@ -1,4 +1,4 @@
-// What the tab key means where the cursor is.
+// Determines what the tab key does at the cursor.
 #pragma once
 
 #include "language/session.h"
@@ -8,10 +8,14 @@
 
 namespace host::repl {
 
-// For the text in front of the cursor. At a line's start it is indented; a command is completed, and what it is about;
-// behind an open parenthesis the note tells what may follow; else come the names that begin as the last word does, in any
-// case and in alphabetical order: behind a dot the members of what stands before it, elsewhere all that have no dot in
-// front. Nothing in text and in comments.
+// Returns the assistance for the text before the cursor:
+// - at the start of a line: indentation;
+// - in a command: names of commands and their arguments;
+// - after an open parenthesis: a note with the possible arguments, and all names;
+// - after a dot: the members of the expression before it;
+// - elsewhere: all names that need no dot before them;
+// - in string literals and comments: nothing.
+// Names begin like the last word, in any case, and are in alphabetical order.
 Assistance assist(language::Session& session, std::string_view text);
 
 } // namespace host::repl

@@ -1,4 +1,4 @@
-// Where the prompt gets its lines from.
+// Reads the lines of the prompt.
 #pragma once
 
 #include <functional>
@@ -10,9 +10,9 @@
 namespace host::repl {
 
 struct Line {
-    enum class End { entered, interrupted, input }; // by Ctrl-C; the input's end
+    enum class End { entered, interrupted, input }; // interrupted: by Ctrl-C; input: the end of the input
     End end;
-    std::string text; // of an entered line, without its line end; of a block that was pasted or came back, several lines
+    std::string text; // the entered line, without its line end; several lines for a block that was pasted or recalled
 };
 
 class LineReader {
@@ -20,22 +20,23 @@ public:
     virtual ~LineReader() = default;
     virtual Line read(const char* prompt) = 0;
 
-    // Where lines can be brought back, from now on brings the entry back as a whole, without a line end.
+    // Adds the entry, which has no line end after its last line, to the history. Readers without a history do nothing.
     virtual void remember(const std::string& entry) = 0;
 };
 
-// What a reader can do for who does not know how to go on.
+// The help that a reader shows for an unfinished line.
 struct Assistance {
-    std::vector<std::string> names; // that may stand in place of the last word
-    std::string insertion;          // not empty: to insert, and nothing else
-    std::string note;               // not empty: to show, in one line or several, before any names
+    std::vector<std::string> names; // names that may replace the last word
+    std::string insertion;          // not empty: text to insert; the other fields are ignored
+    std::string note;               // not empty: one line or several to show before any names
 };
-using Assistant = std::function<Assistance(std::string_view text)>; // of the text in front of the cursor
+using Assistant = std::function<Assistance(std::string_view text)>; // for the text before the cursor
 
-// Lines of stdin as they come, with a prompt if it is a terminal.
+// Returns a reader of stdin without editing. It prints the prompt if stdin is a terminal.
 std::unique_ptr<LineReader> plainReader();
 
-// Lines edited on the terminal, with assistance and with a history that is kept in the user's state folder.
+// Returns a reader that edits lines on the terminal, with assistance and a history. The history is in the user's state
+// folder.
 std::unique_ptr<LineReader> readlineReader(Assistant assistant);
 
 } // namespace host::repl

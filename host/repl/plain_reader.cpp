@@ -15,7 +15,7 @@ namespace {
 class PlainReader final : public LineReader {
 public:
     PlainReader() {
-        if (isatty(STDIN_FILENO)) signals_.emplace(); // which drops the line at Ctrl-C; the read that waits for it ends
+        if (isatty(STDIN_FILENO)) signals_.emplace(); // Ctrl-C drops the line and ends the read that waits for it
     }
     ~PlainReader() override { std::free(buffer_); }
     PlainReader(const PlainReader&) = delete;
@@ -37,14 +37,14 @@ public:
             }
             const bool isInterrupted = errno == EINTR;
             if (!signals_ && !isInterrupted) return {Line::End::input, {}};
-            std::clearerr(stdin); // a terminal goes on after Ctrl-D
+            std::clearerr(stdin); // reading from a terminal can continue after Ctrl-D
             std::fputs("\n", stdout);
             if (!isInterrupted) return {Line::End::input, {}};
             if (interrupted()) return {Line::End::interrupted, {}};
         }
     }
 
-    void remember(const std::string&) override {} // nothing brings it back
+    void remember(const std::string&) override {} // there is no history
 
 private:
     std::optional<SignalScope> signals_; // none without a terminal

@@ -15,12 +15,13 @@
 namespace host::repl {
 namespace {
 
-// Of an array or a list; the rest is counted.
+// The maximum number of elements of an array or a list that are shown. The rest is counted.
 constexpr HostInteger mostShown = 100;
-constexpr HostInteger mostInArrays = 1000; // that are inside each other
+constexpr HostInteger mostInArrays = 1000; // the maximum for all nested arrays together
 constexpr std::size_t maxDepth = 20;
 
-// As a program writes it, with Chr for what no literal can hold and no terminal shall get.
+// Returns the text as a literal of the language. Control characters, which a literal cannot contain and the terminal must
+// not get, become calls of Chr.
 std::string literal(const std::string& text) {
     std::string result;
     bool quoted = false;
@@ -57,7 +58,8 @@ public:
     }
 
 private:
-    // A list of colours has a line for each and a Dictionary for each pair, unless they stand in something else.
+    // Writes a line for each element of a colour list or each pair of a Dictionary, unless the object is inside another
+    // value.
     void writeObject(Object* object) {
         output_ << swatch(object, depth_) << language::textOf(object);
         if (inside_) return;
@@ -102,7 +104,7 @@ private:
         if (readVariant(variant, held, value)) write(held, value);
     }
 
-    // An array inside itself, or too many arrays inside each other, are written as (...).
+    // Writes an array. An array inside itself, or one that is nested too deeply, becomes (...).
     void writeArray(const Array* array) {
         if (!array) {
             output_ << "Nil";
@@ -136,7 +138,7 @@ private:
     std::ostream& output_;
     const ColorDepth depth_;
     bool inside_ = false;
-    std::vector<const Array*> around_; // that are being written
+    std::vector<const Array*> around_; // the arrays that are being written
     HostInteger left_ = mostInArrays;
 };
 

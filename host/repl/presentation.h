@@ -1,4 +1,4 @@
-// How the prompt shows the value of an expression.
+// Shows the values of expressions at the prompt.
 #pragma once
 
 #include "language/presentation.h"
@@ -8,8 +8,8 @@
 
 namespace host::repl {
 
-// Text as the literal that reads back, objects as they describe themselves, arrays of objects and of colours with a line for
-// each element. Colours have a swatch in front where the terminal shows any.
+// Writes text as a literal that can be read back, and objects as they describe themselves. Arrays of objects and of colours
+// have a line for each element. Colours have a swatch before them if the terminal shows colours.
 class ValuePresenter final : public language::Presenter {
 public:
     ValuePresenter(std::ostream& output, ColorDepth depth) : output_(output), depth_(depth) {}

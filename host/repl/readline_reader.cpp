@@ -21,7 +21,7 @@
 namespace host::repl {
 namespace {
 
-// The library knows functions only, so what they work on is here.
+// The library's callbacks have no context parameter, so their data is here.
 Assistant& assistant() {
     static Assistant current;
     return current;
@@ -29,23 +29,23 @@ Assistant& assistant() {
 
 sigjmp_buf beforeReading;
 
-// Called while the library waits for a key, wherever in it that is, once the signals of the moment have been handled.
+// Called while the library waits for a key, at any place in the library, after it has handled the pending signals.
 int betweenKeys() {
-    if (interrupted()) siglongjmp(beforeReading, 1); // over frames of the library alone
+    if (interrupted()) siglongjmp(beforeReading, 1); // jumps over frames of the library only
     if (takeContinued()) {
-        rl_deprep_terminal(); // the shell has set the terminal up for itself
+        rl_deprep_terminal(); // the shell has changed the terminal's settings for itself
         rl_prep_terminal(1);
         rl_forced_update_display();
     }
     return 0;
 }
 
-// The line, for the caller to free; null at the input's end, and when the user gave up the line.
+// Returns the line, which the caller frees. Returns null at the end of the input or if the user cancelled the line.
 char* edit(const char* prompt) {
     if (sigsetjmp(beforeReading, 1) == 0) return readline(prompt);
     rl_free_line_state();
     rl_cleanup_after_signal();
-    rl_readline_state &= RL_STATE_INITIALIZED; // no search, no question, no half of a key goes on
+    rl_readline_state &= RL_STATE_INITIALIZED; // ends a search, a question or an incomplete key sequence
     return nullptr;
 }
 
@@ -67,7 +67,7 @@ char** complete(const char* word, int, int) {
     return rl_completion_matches(word, nextMatch);
 }
 
-// Below the line, which is drawn anew.
+// Shows the note below the line and redraws the line.
 void show(const std::string& note) {
     const int point = rl_point;
     rl_point = rl_end;
@@ -77,7 +77,7 @@ void show(const std::string& note) {
     rl_forced_update_display();
 }
 
-// The tab key: pressed again, it goes on to the names.
+// Handles the tab key. If it is pressed again after a note, it completes names.
 int assistOrComplete(int count, int key) {
     const bool again = rl_last_func == assistOrComplete;
     const Assistance found = assistance();
@@ -86,28 +86,28 @@ int assistOrComplete(int count, int key) {
     } else if (!found.note.empty() && !again) {
         show(found.note);
     } else if (!found.names.empty()) {
-        if (again) rl_last_func = rl_complete; // which then lists them
+        if (again) rl_last_func = rl_complete; // so that rl_complete lists them
         return rl_complete(count, key);
     }
     return 0;
 }
 
-// Moves the cursor to the same column in the line above (-1) or below (1). Returns false when the entry has no such line.
+// Moves the cursor to the same column in the line above (-1) or below (1). Returns false if the entry has no such line.
 bool moveToLine(int direction) {
     const std::string_view text(rl_line_buffer, static_cast<std::size_t>(rl_end));
-    const auto startOf = [&](std::size_t at) { return at == 0 ? 0 : text.rfind('\n', at - 1) + 1; }; // of the line
+    const auto startOf = [&](std::size_t at) { return at == 0 ? 0 : text.rfind('\n', at - 1) + 1; }; // the start of the line
     const auto point = static_cast<std::size_t>(rl_point);
     const std::size_t start = startOf(point), end = text.find('\n', point);
     if (direction < 0 ? start == 0 : end == std::string_view::npos) return false;
     const std::size_t target = direction < 0 ? startOf(start - 1) : end + 1;
-    const std::size_t prompt = std::strlen(rl_display_prompt); // before the first line
+    const std::size_t prompt = std::strlen(rl_display_prompt); // the prompt is before the first line only
     const std::size_t column = point - start + (start == 0 ? prompt : 0);
     const std::size_t wanted = target + column - (target == 0 ? std::min(prompt, column) : 0);
     rl_point = static_cast<int>(utf8::floor(text, std::min({wanted, text.find('\n', target), text.size()})));
     return true;
 }
 
-// The Up and Down keys: within an entry of several lines first.
+// Handle the Up and Down keys. They first move within an entry of several lines.
 int upOrEarlier(int count, int key) { return moveToLine(-1) ? 0 : rl_get_previous_history(count, key); }
 int downOrLater(int count, int key) { return moveToLine(1) ? 0 : rl_get_next_history(count, key); }
 
@@ -125,14 +125,14 @@ std::filesystem::path historyFile() {
     return folder / "chromabridge" / "history";
 }
 
-// The entries of earlier sessions and of this one. Each goes to the file at once, so that no end of the process loses any,
-// and prompts that run beside each other keep those of all.
+// The entries of earlier sessions and of this one. Each entry is written to the file immediately. So no entry is lost
+// however the process ends, and the file has the entries of all concurrent prompts.
 class History {
 public:
     explicit History(const std::filesystem::path& file) : file_(file.string()) {
         constexpr int most = 1000;
-        // In front of each entry the file has a line with a time, by which the library tells entries of several lines apart.
-        // The character that marks it cannot begin a line of a program.
+        // In the file, a line with a time precedes each entry. The library uses it to separate entries of several lines. No
+        // line of a program can begin with the character that marks it.
         history_comment_char = '\x1E';
         history_write_timestamps = 1;
         using_history();
@@ -154,13 +154,13 @@ public:
     }
 
 private:
-    // A file that has grown too long, or that was kept without times.
+    // Returns whether the file has grown too long or was written without times.
     static bool needsRewriting() {
         HIST_ENTRY** const entries = history_list();
         return entries && (history_base > 1 || !entries[0]->timestamp || !*entries[0]->timestamp);
     }
 
-    std::string file_; // empty: none is kept
+    std::string file_; // empty: the history is not stored
 };
 
 class ReadlineReader final : public LineReader {
@@ -185,7 +185,7 @@ public:
 
     Line read(const char* prompt) override {
         signals_.forget();
-        std::cout.clear(); // a write that Ctrl-C ended is no error of the terminal, and none that the exit code should tell
+        std::cout.clear(); // a write that Ctrl-C interrupted is not an error and must not change the exit code
         std::clearerr(stdout);
         const std::unique_ptr<char, void (*)(void*)> line(edit(prompt), std::free);
         if (line && !interrupted()) return {Line::End::entered, line.get()};

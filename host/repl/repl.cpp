@@ -20,7 +20,7 @@
 namespace host::repl {
 namespace {
 
-// A command and what it does, or a paragraph.
+// A command and its description, or a paragraph without a command.
 constexpr struct {
     const char* command;
     const char* text;
@@ -41,14 +41,14 @@ constexpr const char* howToLeave = "To leave: :quit, or Ctrl-D on an empty line.
 
 class Prompt {
 public:
-    // `paged`: what is long goes to stdout's terminal instead of the output. `colored`: what is wrong is told in colours.
+    // If `paged`, long text goes to stdout's terminal instead of `output`. If `colored`, errors are printed in colours.
     Prompt(std::ostream& output, std::ostream& errors, ColorDepth depth, bool paged, bool colored)
         : output_(output), errors_(errors), onTerminal_(paged), presenter_(output, depth),
           session_("prompt", output, presenter_, colored) {}
 
     language::Session& session() { return session_; }
 
-    // Whether nothing failed.
+    // Runs the prompt. Returns whether nothing failed.
     bool run(LineReader& reader) {
         std::string text; // the lines of an open block
         const auto remember = [&](std::string entry) {
@@ -86,7 +86,7 @@ private:
         return first != std::string::npos && line[first] == ':';
     }
 
-    // Empty when there are none or more.
+    // Returns the only word of the text, or "" if it has none or several.
     static std::string onlyWord(const std::string& text) {
         std::istringstream words(text);
         std::string word, next;
@@ -94,7 +94,8 @@ private:
         return next.empty() ? word : std::string();
     }
 
-    // As other programs have it: "help", "help NAME", "?" or "? NAME", unless a name of the session is meant.
+    // Returns whether the text is a request for help in the form of other programs: "help", "help NAME", "?" or "? NAME".
+    // It is not if the session has a variable or procedure of that name.
     bool asksForHelp(const std::string& text) const {
         std::istringstream words(text);
         std::string word, name, more;
@@ -109,7 +110,7 @@ private:
     std::size_t width() const { return onTerminal_ ? documentation::outputWidth() : documentation::usualWidth; }
 
     void showHelp() {
-        constexpr std::size_t indent = 27; // of what a command does
+        constexpr std::size_t indent = 27; // before the descriptions of commands
         for (const auto& [command, text] : help) {
             std::string label = *command ? std::string("  ") + command : "";
             if (!label.empty()) label.resize(indent, ' ');
@@ -133,7 +134,7 @@ private:
         }
     }
 
-    // False when the prompt shall end.
+    // Performs a command. Returns false if the prompt must end.
     bool command(const std::string& line) {
         std::istringstream words(line);
         std::string command, name, member;

@@ -8,11 +8,12 @@
 
 namespace host::repl {
 
-// Reads statements, expressions and commands from stdin until its end or :quit. Errors go to stderr and end nothing. The
-// exit code: 1 when something failed and nobody at a terminal has seen it, else 0.
+// Reads statements, expressions and commands from stdin until its end, :quit or Quit. Errors go to stderr, and the prompt
+// continues. Returns the exit code: the one of Quit, otherwise 1 if something failed and stdin is not a terminal, otherwise
+// 0.
 int runPrompt();
 
-// The same with lines from elsewhere: whether nothing failed.
+// Runs the prompt with the lines of a reader. Returns whether nothing failed.
 bool runPrompt(LineReader& reader, std::ostream& output, std::ostream& errors, ColorDepth depth);
 
 } // namespace host::repl

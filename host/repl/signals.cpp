@@ -6,7 +6,7 @@ namespace {
 volatile std::sig_atomic_t interruptSeen = 0;
 volatile std::sig_atomic_t continueSeen = 0;
 
-// Without SA_RESTART, so that a read that waits ends.
+// Sets the handler without SA_RESTART, so that a signal ends a waiting read.
 void handle(int signal, void (*handler)(int), struct sigaction& before) {
     struct sigaction action = {};
     action.sa_handler = handler;

@@ -1,12 +1,12 @@
-// What the terminal tells a prompt by signals.
+// Handles the signals that a prompt gets from the terminal.
 #pragma once
 
 #include <csignal>
 
 namespace host::repl {
 
-// While one lives, Ctrl-C (SIGINT) gives up the line that is read instead of ending the process. What was there before comes
-// back at its end. A statement that runs has a handler of its own meanwhile.
+// While a SignalScope lives, Ctrl-C (SIGINT) cancels the line that is being read instead of ending the process. The
+// destructor restores the previous handlers. A running statement temporarily has its own handler.
 class SignalScope {
 public:
     SignalScope();
@@ -14,14 +14,14 @@ public:
     SignalScope(const SignalScope&) = delete;
     SignalScope& operator=(const SignalScope&) = delete;
 
-    void forget() const; // what was signalled so far
+    void forget() const; // forgets all signals so far
 
 private:
     struct sigaction beforeInterrupt_ = {};
     struct sigaction beforeContinue_ = {};
 };
 
-bool interrupted();   // since the last forget
-bool takeContinued(); // whether the process went on after a stop (SIGCONT) since it was last asked
+bool interrupted();   // whether Ctrl-C was pressed since the last forget()
+bool takeContinued(); // whether the process continued after a stop (SIGCONT) since the last call
 
 } // namespace host::repl

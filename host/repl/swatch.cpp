@@ -16,7 +16,7 @@ ScreenColor opaque(HostColor color) {
     return {channel(16), channel(8), channel(0), 1.0};
 }
 
-// Of a platform without sRGB, the generic RGB that it has.
+// Returns the colour in sRGB, or in generic RGB if the platform does not provide sRGB.
 ScreenColor shown(Object* color) {
     try {
         return swatches::clipped(swatches::inSRGB(Owned<Object>::shared(color)));
@@ -52,7 +52,7 @@ std::vector<ListedColor> colorsOfList(Object* object) {
     try {
         for (const std::string& key : swatches::keysOf(list))
             colors.push_back({key, swatches::colorWithKey(list, key)});
-    } catch (const std::runtime_error&) { // what the platform does not give
+    } catch (const std::runtime_error&) { // the platform does not provide the keys or the colour
     }
     return colors;
 }

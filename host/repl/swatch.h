@@ -1,4 +1,4 @@
-// Colours at the prompt.
+// Shows colours at the prompt.
 #pragma once
 
 #include "model/owned.h"
@@ -11,15 +11,15 @@ namespace host::repl {
 
 using swatches::ColorDepth;
 
-// Four cells of a colour and a blank, as pictures show it: converted to sRGB, and laid over white and black by its alpha.
-// Empty without colours, and for an object that is no colour.
+// Returns four cells of a colour and a blank. The colour is converted to sRGB and, if it is translucent, laid over white
+// and black, as in pictures. Returns "" if the terminal has no colours or the object is not a colour.
 std::string swatch(HostColor color, ColorDepth depth);
-std::string swatch(Object* object, ColorDepth depth); // not null
+std::string swatch(Object* object, ColorDepth depth); // `object` must not be null
 
-// The colours of a list of colours in its order; none of any other object, which is not null.
+// Returns the colours of a colour list in its order, or none for any other object. `object` must not be null.
 struct ListedColor {
     std::string key;
-    Owned<Object> color; // null: it cannot be had
+    Owned<Object> color; // null: the colour is not available
 };
 std::vector<ListedColor> colorsOfList(Object* object);
 

@@ -31,7 +31,7 @@ std::optional<ScreenColor> hexadecimal(std::string digits) {
     return ScreenColor{byte(24), byte(16), byte(8), byte(0)};
 }
 
-// One argument of a function of CSS, a number and what stands behind it.
+// One argument of a CSS function: a number and its unit.
 struct Quantity {
     double value;
     bool isPercent;
@@ -40,9 +40,9 @@ struct Quantity {
     double of(double whole) const { return isPercent ? value / 100.0 * whole : value; }
 };
 
-// "name(arguments)", the arguments apart at commas, slashes and blanks.
+// "name(arguments)", where commas, slashes or blanks separate the arguments.
 struct Function {
-    std::string name, space; // space: of color()
+    std::string name, space; // space: the first argument of color()
     std::vector<Quantity> arguments;
 };
 
@@ -71,7 +71,7 @@ std::optional<Function> function(const std::string& text) {
     return parsed;
 }
 
-// Hue in degrees; the others from 0.0 to 1.0.
+// Converts a colour. The hue is in degrees; the others are from 0.0 to 1.0.
 ScreenColor fromHSL(double hue, double saturation, double lightness, double alpha) {
     const double reach = saturation * std::min(lightness, 1.0 - lightness);
     const auto component = [&](double offset) {
@@ -81,7 +81,8 @@ ScreenColor fromHSL(double hue, double saturation, double lightness, double alph
     return {component(0), component(8), component(4), alpha};
 }
 
-// Null for a function that is none of these. As in CSS, what goes too far is brought back, but for color().
+// Returns the colour of a function, or null for an unknown function. Values out of range are clamped as in CSS, except
+// those of color().
 Reference colorOfFunction(const Function& f) {
     const std::vector<Quantity>& a = f.arguments;
     const double alpha = std::clamp(a[3].share(1.0), 0.0, 1.0);
@@ -94,7 +95,7 @@ Reference colorOfFunction(const Function& f) {
     const std::vector<double> components = {a[0].share(1.0), a[1].share(1.0), a[2].share(1.0), alpha};
     if (f.name == "lab" || f.name == "lch" || f.name == "oklab" || f.name == "oklch") {
         const bool isOk = f.name.rfind("ok", 0) == 0, isPolar = f.name.back() == 'h';
-        const double white = isOk ? 1.0 : 100.0, reach = isOk ? 0.4 : isPolar ? 150.0 : 125.0; // of 100%
+        const double white = isOk ? 1.0 : 100.0, reach = isOk ? 0.4 : isPolar ? 150.0 : 125.0; // the value of 100%
         const double lightness = std::clamp(a[0].of(white), 0.0, white), first = a[1].of(reach);
         const Lab lab =
             isPolar ? labOfPolar(lightness, std::max(first, 0.0), a[2].value) : Lab{lightness, first, a[2].of(reach)};
@@ -122,7 +123,7 @@ Reference colorOfText(const std::string& text) {
     std::string name = text;
     std::transform(name.begin(), name.end(), name.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    // Names before digits: no name of CSS is hexadecimal, and "#" says that digits are meant.
+    // Names come before hexadecimal digits. No name of CSS is hexadecimal, and a user who means digits can write "#".
     if (name == "transparent") return sRGBColor({0, 0, 0, 0});
     if (const std::optional<unsigned> value = cssColor(name))
         return sRGBColor({channel(*value >> 16), channel(*value >> 8 & 0xFF), channel(*value & 0xFF), 1.0});

@@ -1,4 +1,4 @@
-// Colours as people write them.
+// Parses and prints colours in the notations that people use.
 #pragma once
 
 #include "swatches/program.h"
@@ -7,13 +7,15 @@
 
 namespace host::swatches {
 
-// "#0080FF", and "#0080FF80" for a colour that is not opaque.
+// Returns "#0080FF", or "#0080FF80" if the colour is not opaque.
 std::string hexOf(const ScreenColor& color);
 
-// "#F80", "#F808", "#FF8000", "#FF800080" with or without the "#", a colour of CSS ("orange", "rgb(255 128 0 / 50%)",
-// "hsl(30, 100%, 50%)", "lab(50% 40 20)", "oklch(70% 0.2 50)", "color(display-p3 1 0.5 0)"), or a shared method of
-// NSColorZRX that names one, such as "redColor". Throws std::invalid_argument for what is no colour, and std::runtime_error
-// as program.h says.
+// Returns the colour that a text describes:
+// - "#F80", "#F808", "#FF8000" or "#FF800080", with or without the "#";
+// - a colour of CSS: "orange", "rgb(255 128 0 / 50%)", "hsl(30, 100%, 50%)", "lab(50% 40 20)", "oklch(70% 0.2 50)",
+//   "color(display-p3 1 0.5 0)";
+// - a shared method of NSColorZRX that returns a colour, such as "redColor".
+// Throws std::invalid_argument if the text is not a colour, and std::runtime_error like the functions of program.h.
 Reference colorOfText(const std::string& text);
 
 } // namespace host::swatches

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double pi = 3.14159265358979323846;
 
-// Light from sRGB's curve, which goes on below 0.0 as its mirror.
+// Decodes sRGB's transfer curve to linear light. Below 0.0 the curve continues as its mirror image.
 double linear(double value) {
     const double magnitude = std::fabs(value);
     const double light = magnitude <= 0.04045 ? magnitude / 12.92 : std::pow((magnitude + 0.055) / 1.055, 2.4);
@@ -20,7 +20,7 @@ double luminance(const ScreenColor& c) {
     return 0.2126 * linear(c.red) + 0.7152 * linear(c.green) + 0.0722 * linear(c.blue);
 }
 
-// In degrees, from 0 to 360.
+// Returns the hue in degrees, from 0 to 360.
 double hueOf(double a, double b) {
     const double degrees = std::atan2(b, a) * 180.0 / pi;
     return degrees < 0.0 ? degrees + 360.0 : degrees;
@@ -30,10 +30,10 @@ double sine(double degrees) { return std::sin(degrees * pi / 180.0); }
 double cosine(double degrees) { return std::cos(degrees * pi / 180.0); }
 double square(double value) { return value * value; }
 
-// How much less a difference of chroma counts where chroma is high.
+// Returns how much less a difference of chroma counts at high chroma.
 double seventhPower(double chroma) { return std::sqrt(std::pow(chroma, 7) / (std::pow(chroma, 7) + std::pow(25.0, 7))); }
 
-// Of linear sRGB, adapted to D50, as profiles and CSS have it.
+// Converts linear sRGB, adapted to D50 as in profiles and CSS.
 RelativeXYZ xyzOfLinear(double red, double green, double blue) {
     return {(0.4360747 * red + 0.3850649 * green + 0.1430804 * blue) / 0.9642200,
             0.2225045 * red + 0.7168786 * green + 0.0606169 * blue,
@@ -53,7 +53,7 @@ RelativeXYZ xyzOfLab(const Lab& color) {
     return {t(y + color.a / 500.0), t(y), t(y - color.b / 200.0)};
 }
 
-// The published matrix leads to linear sRGB, and so to the same light as there.
+// The published matrix leads to linear sRGB, so xyzOfLinear does the rest.
 RelativeXYZ xyzOfOklab(const Lab& color) {
     const auto cube = [](double value) { return value * value * value; };
     const double l = cube(color.lightness + 0.3963377774 * color.a + 0.2158037573 * color.b);
@@ -73,7 +73,7 @@ Lab labOf(const ScreenColor& color) {
     return labOfRelativeXYZ(xyz.x, xyz.y, xyz.z);
 }
 
-// The names are those of the formula's authors, written out.
+// The variables have the names of the published formula, written out.
 double distance(const Lab& first, const Lab& second) {
     const double meanC = (std::hypot(first.a, first.b) + std::hypot(second.a, second.b)) / 2.0;
     const double stretch = 1.5 - 0.5 * seventhPower(meanC);

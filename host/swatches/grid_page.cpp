@@ -1,4 +1,4 @@
-// Cards in a grid: the system's colours, and those of a list.
+// Draws cards in a grid: the system's colours, and those of a list.
 #include "swatches/layout.h"
 
 #include <algorithm>
@@ -10,14 +10,14 @@ namespace {
 
 constexpr double cardWidth = 272.0, cardHeight = 118.0, swatchHeight = 62.0, gap = 16.0, padding = 10.0, hexWidth = 76.0,
                  markWidth = 64.0;
-constexpr double groupHeight = 38.0; // of a group's title
+constexpr double groupHeight = 38.0; // the height of a group's title
 constexpr std::size_t usualColumns = 4;
 
 std::size_t rowsOf(const SwatchGroup& group, std::size_t across) { return (group.swatches.size() + across - 1) / across; }
 
 double extent(std::size_t count, double size) { return static_cast<double>(count) * (size + gap) - gap; }
 
-// So many that a page of many colours is about twice as high as it is wide.
+// Returns the number of columns for which a page of many colours is about twice as high as it is wide.
 std::size_t columnsFor(std::size_t count) {
     return static_cast<std::size_t>(std::sqrt(static_cast<double>(count) * (cardHeight + gap) / (cardWidth + gap) / 2.0));
 }
@@ -25,7 +25,7 @@ std::size_t columnsFor(std::size_t count) {
 class Grid {
 public:
     Grid(const SwatchSheet& sheet, const Theme& theme) : sheet_(sheet), theme_(theme) {
-        std::size_t longest = 2; // two cards hold a title
+        std::size_t longest = 2; // a title needs the width of two cards
         for (const SwatchGroup& group : sheet.groups)
             longest = std::max(longest, group.swatches.size());
         across_ = std::max(std::min(usualColumns, longest), columnsFor(longest));
@@ -80,7 +80,7 @@ private:
                                                theme_.card});
     }
 
-    // A colour of text is shown as text on its background.
+    // Draws a text colour as text on its background.
     void addColor(const Frame& frame, const Swatch& swatch) {
         addSwatch(picture_, frame, swatch.background ? swatch.background->color : swatch.shown, theme_);
         if (!swatch.background) return;

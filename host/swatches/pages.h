@@ -1,4 +1,4 @@
-// Pages: what a sheet tells, as a picture or as lines of text.
+// Draws sheets as pictures or writes them as lines of text.
 #pragma once
 
 #include "swatches/picture.h"
@@ -19,8 +19,8 @@ constexpr Theme darkTheme = {
 Picture drawn(const SwatchSheet& sheet, const Theme& theme);
 Picture drawn(const ConversionSheet& sheet, const Theme& theme);
 
-// For a terminal of so many columns, which shows each colour before its name when it has some. 0 columns: lines of any
-// length.
+// Returns the lines for a terminal with this number of columns. Each line shows the colour before its name if the terminal
+// has colours. 0 columns: lines of any length.
 std::string written(const SwatchSheet& sheet, ColorDepth depth, std::size_t columns);
 std::string written(const ConversionSheet& sheet, ColorDepth depth, std::size_t columns);
 

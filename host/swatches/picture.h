@@ -1,4 +1,5 @@
-// A drawing of a few kinds of shapes. Lengths are pixels, y points down, and what comes later covers what comes before.
+// A drawing that consists of a few kinds of shapes. Lengths are in pixels, y points down, and later shapes cover earlier
+// ones.
 #pragma once
 
 #include "swatches/colorimetry.h"
@@ -11,7 +12,7 @@ namespace host::swatches {
 
 struct Frame {
     double x, y, width, height;
-    double radius; // of its corners
+    double radius; // the radius of the corners
 };
 
 struct Box {
@@ -19,7 +20,7 @@ struct Box {
     ScreenColor fill;
 };
 
-// What shows through a translucent colour: white on the left, black on the right.
+// The background of a translucent colour: white on the left, black on the right.
 struct Halves {
     Frame frame;
 };
@@ -34,16 +35,16 @@ enum class Align { left, right };
 enum class Typeface { plain, bold, monospaced };
 
 struct Label {
-    double x, y; // of the baseline's left or right end
-    double size; // of an em
+    double x, y; // the left or right end of the baseline
+    double size; // the font size
     Typeface typeface;
     Align align;
     ScreenColor color;
     std::string text; // UTF-8
 };
 
-// A label for text of any length. Where the font is known, it is measured, and what does not fit the width is left out. In
-// SVG, whose viewers have fonts of their own, it fades out, on the side away from x, into what lies behind the label.
+// A label for text of any length. PNG measures the text in its font and shortens it to the width. An SVG viewer has its own
+// fonts, so there the text fades into the colour of the background at the end that is away from x.
 struct BoundedLabel {
     Label label;
     double width;
@@ -60,11 +61,12 @@ struct Picture {
 
 std::string svgOf(const Picture& picture);
 
-// The picture as PNG, two pixels to a length of one unless it is too large for that. Throws std::invalid_argument where this
-// build has no drawing of its own, and std::runtime_error when it fails.
+// Returns the picture as PNG, with two pixels per unit of length unless that is too large. Throws std::invalid_argument if
+// this build cannot draw, and std::runtime_error if drawing fails.
 std::string pngOf(const Picture& picture);
 
-// What pngOf draws: each bounded label as one that fits, ending in "…" where something is left out. Throws as that does.
+// Returns the picture that pngOf draws: each bounded label becomes a label that fits, and ends in "…" if it is shortened.
+// Throws like pngOf.
 Picture measured(Picture picture);
 
 } // namespace host::swatches

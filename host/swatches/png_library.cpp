@@ -1,5 +1,5 @@
-// A library of its own, which the host loads when it makes a picture: what draws it brings three dozen libraries along, for
-// which no other command shall wait.
+// A separate library, which the host loads only when it draws PNG: it depends on three dozen libraries, whose loading must
+// not slow down other commands.
 #include "swatches/png_library.h"
 
 #include <librsvg/rsvg.h>

@@ -5,17 +5,17 @@
 
 extern "C" {
 
-// 1 when the bytes were taken.
+// Returns 1 if the bytes were written.
 typedef int (*ChromaWriteBytes)(void* context, const unsigned char* bytes, size_t count);
 
-// Draws an SVG document, `scale` pixels to its unit of length, and hands the PNG file to `write`, piece by piece. 1 when all
-// went well; else 0 and why, in English, in `message`.
+// Draws an SVG document with `scale` pixels per unit of length, and passes the PNG file to `write` piece by piece. Returns
+// 1 on success. Otherwise returns 0 and writes the reason, in English, to `message`.
 __attribute__((visibility("default"))) int chromaDrawPNG(const char* svg, size_t length, double scale,
                                                          ChromaWriteBytes write, void* context, char* message,
                                                          size_t messageSize);
 
-// How far what an SVG document draws reaches to the right of its origin, in its unit of length. 1 and the length in `right`
-// when all went well; else 0 and why.
+// Measures how far the drawing of an SVG document extends to the right of its origin, in the document's unit of length.
+// Returns 1 and stores the length in `right` on success. Otherwise returns 0 and writes the reason to `message`.
 __attribute__((visibility("default"))) int chromaMeasureSVG(const char* svg, size_t length, double* right, char* message,
                                                             size_t messageSize);
 }

@@ -13,7 +13,8 @@
 #include <unistd.h>
 
 #ifdef __SANITIZE_ADDRESS__
-// What the font library keeps for a next text it refers to by offsets, where the search for leaks sees no pointers.
+// The font library caches data and refers to it by offsets. The leak detector sees no pointers there and would report the
+// data.
 extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions();
 const char* __lsan_default_suppressions() { return "leak:libfontconfig\n"; }
 #endif
@@ -22,7 +23,7 @@ namespace host::swatches {
 
 namespace {
 
-// Two pixels to a length of one, for screens of today, or as many as cairo's images and 1 GB of memory allow.
+// Returns two pixels per unit of length, as current screens need, or as many as cairo's images and 1 GB of memory allow.
 double scaleOf(const Picture& picture) {
     constexpr double usual = 2.0, longestSide = 32767.0, maxPixels = 268435456.0;
     const double bySide = longestSide / std::ceil(std::max(picture.width, picture.height));
@@ -61,12 +62,12 @@ double widthOf(Label label) {
     return right;
 }
 
-// Whether Hebrew, Arabic and their like are written with it.
+// Returns whether the character belongs to a script that runs from right to left, such as Hebrew or Arabic.
 bool runsLeft(std::uint32_t code) {
     return (code >= 0x590 && code < 0x900) || (code >= 0xFB1D && code < 0xFE00) || (code >= 0xFE70 && code < 0xFF00);
 }
 
-// The first characters of the text and "…", which stands where the text would go on.
+// Returns the first characters of the text and "…" on the side where the text would continue.
 std::string shortened(const std::string& text, std::size_t characters) {
     std::string kept = text.substr(0, utf8::offsetOf(text, characters));
     kept.erase(kept.find_last_not_of(' ') + 1);

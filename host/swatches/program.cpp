@@ -33,7 +33,7 @@ void throwPending() {
     throw std::runtime_error(exceptionMessage(exception.get()));
 }
 
-// The overload with so many parameters; the receiver of a method is the first of the arguments.
+// Calls the overload with this number of parameters. For a method, the first argument is the receiver.
 Slot call(const ClassInfo& info, const char* name, const OverloadSet& overloads, const std::vector<Slot>& arguments) {
     for (const Method* method : overloads) {
         if (method->signature.parameters.size() + (method->shared ? 0 : 1) != arguments.size()) continue;
@@ -57,8 +57,8 @@ Slot callMethod(const Reference& object, const char* name, std::vector<Slot> arg
     return call(info, name, info.findMethods(name), arguments);
 }
 
-// As much of an ICC profile as makes a space of the classes whose components are X, Y and Z as parts of those of white:
-// three linear colorants, each with one of the coordinates. Every colour that one can see lies inside.
+// Returns a minimal ICC profile for a space whose components are X, Y and Z relative to those of white. It has three linear
+// colorants, each with one of the coordinates. All visible colours are inside the space.
 std::string relativeXYZProfile() {
     const auto number = [](std::uint32_t value) {
         std::string bytes;
@@ -66,11 +66,11 @@ std::string relativeXYZProfile() {
             bytes += static_cast<char>(value >> shift & 0xFF);
         return bytes;
     };
-    constexpr std::uint32_t white[] = {0xF6D6, 0x10000, 0xD32D}; // D50, in parts of 65536
+    constexpr std::uint32_t white[] = {0xF6D6, 0x10000, 0xD32D}; // D50, in units of 1/65536
     constexpr std::uint32_t headerSize = 128, tagCount = 6, curveSize = 12, colorantSize = 20;
     const std::uint32_t curve = headerSize + 4 + tagCount * 12, colorants = curve + curveSize;
 
-    std::string tags = number(tagCount), values = "curv" + number(0) + number(0); // without samples: linear
+    std::string tags = number(tagCount), values = "curv" + number(0) + number(0); // a curve without samples is linear
     for (std::uint32_t i = 0; i < 3; ++i) {
         const std::string channel(1, "rgb"[i]);
         tags += channel + "TRC" + number(curve) + number(curveSize);
@@ -80,7 +80,7 @@ std::string relativeXYZProfile() {
             values += number(coordinate == i ? white[i] : 0);
     }
     std::string header = number(colorants + 3 * colorantSize) + number(0) + number(0x02100000) + "mntrRGB XYZ ";
-    header += std::string(12, '\0') + "acsp"; // a date, and the mark of profiles
+    header += std::string(12, '\0') + "acsp"; // a date, and the signature of profiles
     header += std::string(28, '\0') + number(white[0]) + number(white[1]) + number(white[2]);
     header.resize(headerSize);
     return header + tags + values;

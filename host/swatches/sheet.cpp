@@ -17,7 +17,7 @@ namespace {
 constexpr const char* namedSpaceName = "NSNamedColorSpace";
 constexpr const char* patternSpaceName = "NSPatternColorSpace";
 
-// Where a colour of the system's catalogue is used; the first prefix that fits decides.
+// The groups of system colours by their use. The first matching prefix decides.
 constexpr struct {
     const char* prefix;
     const char* group;
@@ -41,7 +41,7 @@ constexpr struct {
     {"header", "Windows, menus and tables"},
 };
 
-// The colour that text of a colour is written on.
+// The background colour of each text colour.
 constexpr struct {
     const char* text;
     const char* background;
@@ -57,12 +57,12 @@ constexpr struct {
     {"headerTextColor", "headerColor"},
 };
 
-// Less is the rounding of components.
+// A smaller distance comes from the rounding of components.
 constexpr double visibleDistance = 0.05;
 
 constexpr const char* outsideLegend = "\u25b2 outside sRGB: the nearest that a screen shows, and how far it is (CIEDE2000)";
 
-// How far the colour lies from what a screen shows of it.
+// Returns the distance between the colour and what a screen shows instead.
 double distanceOutside(const Reference& color, const ScreenColor& value) {
     const ScreenColor shown = clipped(value);
     const bool isExtended = value.red != shown.red || value.green != shown.green || value.blue != shown.blue;
@@ -99,17 +99,17 @@ std::optional<Background> backgroundOf(const Swatch& swatch) {
     return std::nullopt;
 }
 
-// Of a shared method that takes nothing and answers a colour. The texture of a scrubber is no plain colour, nor is what
-// happens to be on the pasteboard one of the system's.
+// Returns whether a shared method without parameters that returns a colour names a system colour. The texture of a scrubber
+// is not a plain colour, and a colour on the pasteboard is not one of the system's.
 bool namesSystemColor(const std::string& name) {
     return name != "scrubberTexturedBackgroundColor" && name != "colorFromPasteboard";
 }
 
-// What the class, which returns False for all of these, does not tell.
+// Returns the reason why a file is not a colour list. The class returns False for all reasons.
 std::string whyNoList(const std::string& file) {
     std::ifstream stream(file);
     stream.get();
-    const bool isEmpty = stream.eof(); // no failure of the system
+    const bool isEmpty = stream.eof(); // an empty file is not a system error
     return stream.is_open() && (stream.good() || isEmpty) ? " is no colour list"
                                                           : std::string(" cannot be read: ") + std::strerror(errno);
 }
@@ -130,7 +130,7 @@ SwatchSheet withLegend(SwatchSheet sheet) {
     return sheet;
 }
 
-// In the platform's order, alpha last; without names for a space of another kind.
+// Returns the components in the platform's order, alpha last. They have no names if the space is of another kind.
 std::vector<Component> componentsIn(const Reference& color) {
     static const std::vector<std::vector<std::string>> names = {
         {"white", "alpha"}, {"red", "green", "blue", "alpha"}, {"cyan", "magenta", "yellow", "black", "alpha"}};

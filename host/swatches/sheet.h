@@ -1,4 +1,4 @@
-// What a page shows, before anyone draws it.
+// The contents of a page, independent of how it is drawn.
 #pragma once
 
 #include "swatches/program.h"
@@ -12,15 +12,15 @@ namespace host::swatches {
 struct Background {
     std::string name;
     ScreenColor color;
-    double contrast; // of the text on it
+    double contrast; // the contrast ratio of the text on it
 };
 
 struct Swatch {
     std::string name;
-    std::string space; // its own name; "catalogue" or "pattern" for a colour that has no components of its own
+    std::string space; // the name of its space; "catalogue" or "pattern" for a colour without components
     ScreenColor shown;
-    double outside = 0.0; // how far from `shown` the colour lies, as distance() tells; 0.0 for one that a screen can show
-    std::optional<Background> background; // of a colour that text is written in
+    double outside = 0.0;                 // its distance() from `shown`; 0.0 if a screen can show it
+    std::optional<Background> background; // for text colours only
     bool isPattern = false;
 };
 
@@ -31,13 +31,13 @@ struct Component {
 
 // A colour in one space.
 struct Conversion {
-    std::string member;                // how a program gets the space
-    Swatch swatch;                     // under the space's name
-    std::vector<Component> components; // none: it cannot be converted
+    std::string member;                // the member that returns the space to a program
+    Swatch swatch;                     // its name is the space's
+    std::vector<Component> components; // empty: the colour cannot be converted
 };
 
 struct SwatchGroup {
-    std::string title; // empty: the page has one group
+    std::string title; // empty: the page has only one group
     std::vector<Swatch> swatches;
 };
 
@@ -51,23 +51,24 @@ struct ConversionSheet {
     std::vector<Conversion> rows;
 };
 
-// The colours that the system names. These and the next throw std::runtime_error as program.h says.
+// Returns the colours that the system names. This function and the next two throw std::runtime_error like the functions of
+// program.h.
 SwatchSheet systemColors();
 
-// The colours under the keys of a list's file, without keys all of them. Throws std::runtime_error when it is not a list or
-// has no such key.
+// Returns the colours of a list's file under these keys, or all of them if there are no keys. Throws std::runtime_error if
+// the file is not a list or does not have a key.
 SwatchSheet colorsOfList(const std::string& file, const std::vector<std::string>& keys);
 
-// The colour, written as color_syntax.h says, in every named space and in Display P3.
+// Returns the colour in every named space and in Display P3. `text` is in the notation of color_syntax.h.
 ConversionSheet colorInSpaces(const std::string& text);
 
-// A colour outside sRGB is marked so wherever it is shown.
-std::string markOf(const Swatch& swatch); // "▲ ΔE 3.1"; empty for one inside
+// Returns the mark that a colour outside sRGB has wherever it is shown.
+std::string markOf(const Swatch& swatch); // "▲ ΔE 3.1"; empty for a colour inside sRGB
 
-// "#0080FF"; "pattern" for one.
+// Returns "#0080FF", or "pattern" for a pattern.
 std::string valueOf(const Swatch& swatch);
 
-// "21.0 : 1"
+// Returns "21.0 : 1".
 std::string contrastOf(const Background& background);
 
 } // namespace host::swatches

@@ -1,4 +1,4 @@
-// One colour in every named space, a row each.
+// Draws one colour in every named space, one per row.
 #include "swatches/layout.h"
 
 #include <cstdio>

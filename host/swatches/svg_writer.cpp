@@ -1,4 +1,4 @@
-// Pictures as SVG.
+// Writes pictures as SVG.
 #include "swatches/picture.h"
 
 #include <cmath>
@@ -9,7 +9,7 @@ namespace host::swatches {
 
 namespace {
 
-// Text for an element or a quoted attribute. Control characters, which XML cannot hold, are left out.
+// Escapes text for an element or a quoted attribute. Removes control characters, which XML does not allow.
 std::string escaped(const std::string& text) {
     std::string result;
     for (const char c : text) {
@@ -47,7 +47,7 @@ std::string hue(const ScreenColor& color) {
     return text;
 }
 
-// As `role`: "fill", "stroke" or "stop".
+// Returns the attributes of a colour in a role: "fill", "stroke" or "stop".
 std::string paint(const std::string& role, const ScreenColor& color) {
     const std::string property = role == "stop" ? "stop-color" : role;
     return attribute(property.c_str(), hue(color)) +
@@ -63,7 +63,7 @@ std::string drawn(const Box& box) { return rectangle(box.frame, paint("fill", bo
 
 std::string drawn(const Halves& halves) { return rectangle(halves.frame, attribute("fill", "url(#halves)")); }
 
-// Along the middle of the line, which then lies inside the frame.
+// The path runs along the middle of the line, so that the line lies inside the frame.
 std::string drawn(const Outline& outline) {
     const Frame& f = outline.frame;
     return rectangle({f.x + 0.5, f.y + 0.5, f.width - 1.0, f.height - 1.0, f.radius},
@@ -82,8 +82,8 @@ std::string veilName(const BoundedLabel& bounded) {
     return (bounded.label.align == Align::right ? "veil-left-" : "veil-") + hue(bounded.behind).substr(1);
 }
 
-// A viewport of its own cuts the text off, and a veil makes it fade there; the veil lies beyond the width, where no text
-// that fits is. The whole text is the title, which viewers show under a pointer.
+// A nested viewport clips the text, and a veil fades it out at the end. The veil begins where the width ends, so it does
+// not cover text that fits. The title has the complete text, which viewers show under a pointer.
 std::string drawn(const BoundedLabel& bounded) {
     const double veil = 8.0, size = bounded.label.size, width = bounded.width + veil;
     const bool fromRight = bounded.label.align == Align::right;

@@ -21,7 +21,7 @@ Bytes bytesOf(const ScreenColor& color) {
     return {byte(color.red), byte(color.green), byte(color.blue)};
 }
 
-// The nearest of the 256 colours: 16 to 231 are a cube with six steps to a side, 232 to 255 are greys.
+// Returns the nearest of the 256 colours: 16 to 231 are a cube with six steps to a side, 232 to 255 are greys.
 int indexOf(const Bytes& color) {
     constexpr std::array<int, 6> steps = {0, 95, 135, 175, 215, 255};
     constexpr int greys = 24;
@@ -44,7 +44,7 @@ int indexOf(const Bytes& color) {
     return distance({level, level, level}) < distance(cube) ? 232 + grey : cubeIndex;
 }
 
-// Of 40 the background, of 30 the text.
+// Returns the escape sequence for a layer: 40 is the background, 30 the text.
 std::string escape(int layer, const ScreenColor& color, ColorDepth depth) {
     const Bytes bytes = bytesOf(color);
     const std::string start = "\x1B[" + std::to_string(layer + 8);

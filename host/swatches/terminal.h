@@ -1,4 +1,4 @@
-// Colours on a terminal.
+// Shows colours on a terminal.
 #pragma once
 
 #include "swatches/colorimetry.h"
@@ -9,12 +9,12 @@ namespace host::swatches {
 
 enum class ColorDepth { none, indexed, direct }; // no colours, 256 of them, 24 bits each
 
-// Of stdout: none without a terminal, on one without colours, and where the user forbids them by NO_COLOR; 24 bits where
-// COLORTERM says so.
+// Returns the colour depth of stdout. It is none if stdout is not a terminal, the terminal has no colours, or the user
+// forbids them by NO_COLOR. It is 24 bits if COLORTERM says so.
 ColorDepth outputColorDepth();
 
-// Four cells and a blank: a colour half over white and half over black, or text on an opaque background. Empty without
-// colours.
+// Return four cells and a blank: a colour half over white and half over black, or text on an opaque background. Return ""
+// if there are no colours.
 std::string cells(const ScreenColor& color, ColorDepth depth);
 std::string cells(const ScreenColor& text, const ScreenColor& background, ColorDepth depth);
 

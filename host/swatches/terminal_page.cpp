@@ -1,4 +1,4 @@
-// Sheets as lines of text.
+// Writes sheets as lines of text.
 #include "swatches/pages.h"
 
 #include "text/columns.h"
@@ -15,7 +15,7 @@ std::string colored(const Swatch& swatch, ColorDepth depth) {
     return swatch.background ? cells(swatch.shown, swatch.background->color, depth) : cells(swatch.shown, depth);
 }
 
-// Control characters, which a key may hold, would command the terminal.
+// Removes control characters. A key may contain them, and the terminal would execute them.
 std::string printable(std::string text) {
     text.erase(
         std::remove_if(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == '\x7f'; }),
@@ -23,14 +23,14 @@ std::string printable(std::string text) {
     return text;
 }
 
-// Without what would be blank at its end.
+// Returns the line without trailing blanks.
 std::string line(std::string text) { return text.erase(text.find_last_not_of(' ') + 1) + "\n"; }
 
 std::string noteOf(const Swatch& swatch) {
     return swatch.background ? contrastOf(*swatch.background) + " on " + swatch.background->name : swatch.space;
 }
 
-// Without a limit of the width, lines are as long as they are.
+// The width of lines of any length.
 constexpr std::size_t noLimit = std::string::npos;
 
 std::string heading(const std::string& title, const std::string& subtitle, std::size_t width) {
@@ -42,8 +42,8 @@ std::string heading(const std::string& title, const std::string& subtitle, std::
 
 constexpr std::size_t indent = 2, colorWidth = 5, valueWidth = 11, noteWidth = 24;
 
-// Of the column of names: the usual width, more for long names as far as there is room, and never less than a few
-// characters.
+// Returns the width of the column of names: the usual width, more for long names if there is room, and always at least a
+// few characters.
 std::size_t nameWidthOf(const SwatchSheet& sheet, std::size_t room) {
     constexpr std::size_t usual = 34, widest = 60, narrowest = 12;
     std::size_t wanted = usual;
@@ -54,7 +54,7 @@ std::size_t nameWidthOf(const SwatchSheet& sheet, std::size_t room) {
     return std::max(std::min({wanted, widest, room}), narrowest);
 }
 
-// The note, and the mark behind it, in what is left of a line.
+// Returns the note and, after it, the mark, in the rest of a line.
 std::string ending(const Swatch& swatch, std::size_t room) {
     const std::string mark = markOf(swatch), note = noteOf(swatch);
     if (mark.empty()) return shortened(note, room);
@@ -102,7 +102,7 @@ std::string written(const ConversionSheet& sheet, ColorDepth depth, std::size_t 
         const std::string color = row.components.empty() ? std::string(colors, ' ') : colored(row.swatch, depth);
         std::string written =
             std::string(indent, ' ') + color + (isWide ? padded(row.swatch.name, nameWidth) : row.swatch.name);
-        std::size_t column = isWide ? 0 : width; // the first value begins a line below the name
+        std::size_t column = isWide ? 0 : width; // the first value begins a new line below the name
         for (const std::string& value : values) {
             const std::size_t size = columnsOf(value) + 2;
             const bool breaks = !isWide && column + size > width;

@@ -21,8 +21,8 @@ struct Outcome {
     std::vector<MisuseNote> misuses = {};
 };
 
-// Creates the arguments, calls the function and releases everything. Repeats a call that leaves something behind: what a
-// plugin creates once and keeps is not a leak.
+// Creates the arguments, calls the function and releases everything. If something is left over, repeats the call, because
+// what a plugin creates once and keeps is not a leak.
 Outcome call(const Function& function, const Choice& choice, Plan plan = {});
 
 // Calls the function twice with the same arguments and releases each result.

@@ -53,8 +53,8 @@ const std::vector<Check>& checks();
 // Performs the check, in child processes. Later calls do not call functions that hung in earlier ones.
 Result perform(const Check& check, const Trial& trial);
 
-// Calls the function of this name ("Class.member/0") with every value that its declaration admits on such a host. The calls
-// run in a child process or in this one, which can then check nothing else.
+// Calls the function of this name ("Class.member/0") with every value that its declaration admits, on a host with these
+// options. The calls run in a child process or in this one, which can then check nothing else.
 Result callFunction(const std::string& name, const Trial& trial, const HostOptions& host, bool inProcess);
 
 } // namespace host::validator
