@@ -3,7 +3,8 @@
 
     benchmarks/beside_python.py [CHROMAHOST] [ROUNDS]
 
-Each cell has the least processor time of a whole program for three sizes, each twice the one before, and the most memory.
+Each program runs with three sizes, each twice the previous one. A cell has the minimum processor time of the program for each
+size, and the maximum memory.
 """
 
 import os
