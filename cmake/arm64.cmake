@@ -1,4 +1,4 @@
-# Programs for Linux on arm64: clang and LLVM's linker, with the libraries that Debian has for crossing.
+# Builds programs for Linux on arm64 with clang and LLVM's linker, and with Debian's libraries for cross-compilation.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR aarch64)
 set(CMAKE_C_COMPILER clang)

@@ -1,12 +1,12 @@
-# The build that checks the form of the code. What would compile a file reads it with clang-tidy instead, each file alone, which also
-# finds what a file forgets to include while other builds join files. ninja checks several files at a time, and later only those that
-# changed; nothing is linked.
+# The build that checks the form of the code. It replaces the compiler by clang-tidy and reads each file separately. This
+# also finds missing includes that joined files hide. ninja checks several files at a time, and later only changed ones.
+# Nothing is linked.
 enable_testing()
 set(checks ${PROJECT_SOURCE_DIR}/tests/form)
 set(tree -DSOURCE=${PROJECT_SOURCE_DIR} -DPAGE=${PROJECT_SOURCE_DIR}/docs/architecture.md)
 
-# chroma_form_tool(NAME VARIABLE TEST): finds the tool in the release that the code follows, Debian 12's: each judges differently. With
-# another release the variable is empty and the test is skipped.
+# chroma_form_tool(NAME VARIABLE TEST) finds the tool in Debian 12's release, which the code follows, because each release
+# judges differently. With another release the variable is empty and the test is skipped.
 function(chroma_form_tool name variable test)
     find_program(${variable}_PROGRAM NAMES ${name}-14 ${name} REQUIRED)
     execute_process(COMMAND ${${variable}_PROGRAM} --version OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
@@ -34,7 +34,7 @@ set(CMAKE_CXX_COMPILE_OBJECT "<CMAKE_CXX_COMPILER> <DEFINES> <INCLUDES> <FLAGS> 
 if(CHROMA_CLANG_TIDY)
     set(test form.IsTidy)
     set(CMAKE_CXX_COMPILE_OBJECT
-        "<CMAKE_CXX_COMPILER> <DEFINES> <INCLUDES> <FLAGS> -E <SOURCE> -o <OBJECT>" # lists for ninja what the file includes
+        "<CMAKE_CXX_COMPILER> <DEFINES> <INCLUDES> <FLAGS> -E <SOURCE> -o <OBJECT>" # lists the file's includes for ninja
         "${CHROMA_CLANG_TIDY} --quiet --config-file=${PROJECT_SOURCE_DIR}/.clang-tidy <SOURCE> -- <DEFINES> <INCLUDES> <FLAGS>")
 endif()
 foreach(rule CREATE_STATIC_LIBRARY CREATE_SHARED_LIBRARY CREATE_SHARED_MODULE LINK_EXECUTABLE)

@@ -1,5 +1,5 @@
-# What makes the libraries and programs hard to misuse where the linker is GNU's; tests/plugin/hardening_check.cmake looks at what
-# came of it. A library takes no symbol from nowhere, as it is the rule on macOS.
+# The options that harden the libraries and programs if the linker is GNU's. tests/plugin/hardening_check.cmake checks the
+# result. No symbol of a library may stay unresolved, as on macOS.
 target_compile_options(chroma_options INTERFACE -fstack-protector-strong)
 target_link_options(chroma_options INTERFACE -Wl,-z,defs,-z,relro,-z,now,-z,noexecstack)
 set(CHROMA_X86 "^(x86_64|AMD64|i[3-6]86)$")

@@ -1,5 +1,6 @@
-# Installation: the plugins and what they stand on in a folder of their own under that of libraries, the reference host, the ABI
-# header, what shells, editors and readers want, and how hosts find the plugin, by pkg-config and by CMake.
+# Installs the plugins and their libraries into a separate folder below the library folder. Also installs the reference
+# host, the ABI header, files for shells, editors and readers, and the files by which hosts find the plugin with pkg-config
+# and CMake.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -12,12 +13,13 @@ install(TARGETS ${libraries} LIBRARY DESTINATION ${plugins_folder})
 install(TARGETS chromahost RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/include/chromabridge/host_abi.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/chromabridge)
 
-# As built, programs find the libraries in ../lib; installed, in that folder, which stays right when the tree is moved.
+# Built programs find the libraries in ../lib. Installed ones find them in that folder, by a relative path, so that the tree
+# can be moved.
 file(RELATIVE_PATH libraries_from_program /${CMAKE_INSTALL_BINDIR} /${plugins_folder})
 set_property(TARGET chromahost PROPERTY INSTALL_RPATH "$ORIGIN/../lib;$ORIGIN/${libraries_from_program}")
 target_compile_definitions(chromahost_core PRIVATE CHROMA_INSTALLED_LIBRARIES="${libraries_from_program}")
 
-# The pages, with links that hold there.
+# The pages, with links that are valid in the installed tree.
 file(READ ${PROJECT_SOURCE_DIR}/README.md readme)
 file(RELATIVE_PATH header /${CMAKE_INSTALL_DOCDIR} /${CMAKE_INSTALL_INCLUDEDIR}/chromabridge/host_abi.h)
 string(REPLACE "](include/chromabridge/host_abi.h)" "](${header})" readme "${readme}")
@@ -29,7 +31,7 @@ install(FILES ${PROJECT_SOURCE_DIR}/platforms/builtin/README.md DESTINATION ${CM
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples ${PROJECT_SOURCE_DIR}/docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/editors/chromabridge.tmLanguage.json DESTINATION ${CMAKE_INSTALL_DATADIR}/chromabridge)
 
-# What the host tells of itself.
+# The host's completion scripts and its manual page, which it generates.
 set(host_command ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:chromahost>)
 set(told ${PROJECT_BINARY_DIR}/completion/chromahost ${PROJECT_BINARY_DIR}/completion/_chromahost
          ${PROJECT_BINARY_DIR}/completion/chromahost.1)
@@ -43,9 +45,9 @@ install(FILES ${PROJECT_BINARY_DIR}/completion/chromahost DESTINATION ${CMAKE_IN
 install(FILES ${PROJECT_BINARY_DIR}/completion/_chromahost DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
 install(FILES ${PROJECT_BINARY_DIR}/completion/chromahost.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 add_custom_target(chroma_told ALL DEPENDS ${told})
-add_custom_target(installed DEPENDS chroma_told ${libraries} chromahost) # all that `cmake --install` needs
+add_custom_target(installed DEPENDS chroma_told ${libraries} chromahost) # everything that `cmake --install` needs
 
-# Paths relative to the files themselves, so that the tree can be moved after it was installed.
+# Paths relative to the files themselves, so that the installed tree can be moved.
 file(RELATIVE_PATH CHROMA_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" CHROMA_PREFIX_FROM_PC ${CHROMA_PREFIX_FROM_PC})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/chromabridge.pc.in ${PROJECT_BINARY_DIR}/chromabridge.pc @ONLY)

@@ -1,5 +1,5 @@
-# Installation on a Mac, and the archive that `cpack -G TGZ` makes of it: the library, what a host needs to know, and what proves
-# that the library works.
+# Installation on a Mac, and the archive that `cpack -G TGZ` creates from it: the library, the files that a host needs, and
+# the self-test of the library.
 install(TARGETS chromabridge LIBRARY DESTINATION .)
 install(FILES ${PROJECT_SOURCE_DIR}/include/chromabridge/host_abi.h DESTINATION include/chromabridge)
 install(PROGRAMS ${PROJECT_SOURCE_DIR}/examples/host.py ${PROJECT_SOURCE_DIR}/examples/selftest.py DESTINATION .)

@@ -1,5 +1,5 @@
-# A build that tests a slice of the macOS library, which the preset `mac` has made: the slice stands in for the plugin, and everything
-# around it is built from its sources, as far as the tests need it.
+# A build that tests a slice of the macOS library from the preset `mac`. The slice replaces the plugin. Everything around it
+# is built from its sources, as far as the tests need it.
 enable_language(ASM)
 enable_testing()
 foreach(folder platforms/builtin src sibling probe host)

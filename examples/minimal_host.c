@@ -20,7 +20,7 @@
 
 struct REALstringStruct {
     int32_t references;
-    unsigned char fields[12]; /* what the contract places at offsets 4 and 12 */
+    unsigned char fields[12]; /* the buffer and the length, at offsets 4 and 12 */
     uint32_t encoding;
     char buffer[]; /* the text starts at its second byte; NUL-terminated */
 };
@@ -43,7 +43,7 @@ static Storage* storageOf(void* object) { return (Storage*)((char*)object + REAL
 
 static void releaseStorage(REALobjectStruct* object) { free(storageOf(object)->contents); }
 
-/* ---- Classes: the host's own exceptions, and what plugins register */
+/* ---- Classes: the host's own exceptions, and the classes that plugins register */
 
 static REALclassDefinition runtimeException = {.name = "RuntimeException"};
 static REALclassDefinition outOfBoundsException = {.name = "OutOfBoundsException"};
@@ -77,7 +77,7 @@ static REALfunction findMethod(const char* className, const char* declaration) {
     exit(1);
 }
 
-/* ---- Objects and strings: created with one reference, destroyed when the last is dropped */
+/* ---- Objects and strings: created with one reference, destroyed when the last is released */
 
 typedef void (*ObjectFunction)(REALobjectStruct*);
 
@@ -180,7 +180,7 @@ static void raiseException(REALobjectStruct* exception) {
     pending = exception;
 }
 
-/* Prints and drops the pending exception. Returns 0 if there is none. */
+/* Prints and releases the pending exception. Returns 0 if there is none. */
 static int caught(void) {
     if (!pending) return 0;
     printf("%s: %s\n", pending->record->name, pending->message ? pending->message->buffer + 1 : "");
@@ -191,7 +191,7 @@ static int caught(void) {
 
 /* ---- Entries */
 
-/* From 2012.0 on a host receives class records in the current layout. */
+/* From 2012.0 on, hosts receive class records in the current layout. */
 static double version(void) { return 2021.0; }
 
 static void* resolve(const char* name) {

@@ -219,10 +219,10 @@ def resolve(name):
     return ctypes.cast(ENTRIES[name], c_void_p).value if name in ENTRIES else None
 
 
-# ---- Calls as a host program makes them. Objects are addresses; everything that a check is given is released after it.
+# ---- Calls as a host program performs them. Objects are addresses. All results of a check are released after it.
 
 RESULTS = {None: None, "double": c_double, "integer": c_ssize_t, "color": c_uint32, "boolean": c_bool}
-held, problems = [], []  # by the present check
+held, problems = [], []  # of the current check
 
 
 def hold(address):
@@ -408,7 +408,7 @@ def calibrated_red_is_this_colour_in_srgb():
     in_srgb = call(red, "colorUsingColorSpace", call("NSColorSpaceZRX", "sRGBColorSpace"))
     near([min(max(part, 0.0), 1.0) for part in components(in_srgb)], (1.0, 0.149, 0.0, 1.0), 0.02)
     back = call(in_srgb, "colorUsingColorSpaceName", "NSCalibratedRGBColorSpace")
-    near(components(back), (1.0, 0.0, 0.0, 1.0), 0.05)  # sRGB has no such saturated red
+    near(components(back), (1.0, 0.0, 0.0, 1.0), 0.05)  # this red is outside sRGB
 
 
 @check
@@ -487,7 +487,7 @@ def a_profile_makes_the_space_that_it_came_from():
 for encoding in ENCODINGS:
     def crosses(encoding=encoding):
         words = {ASCII: "plain", UTF8: "\u00fc\U0001F3A8", UTF16: "\u00fc\U0001F3A8", UTF32: "\u00fc\U0001F3A8"}
-        for repeats in 1, 200:  # the longer text takes another way, through the heap
+        for repeats in 1, 200:  # the longer text is converted on the heap
             text = words.get(encoding, "gr\u00fcn") * repeats
             colors = new("NSColorListZRX")
             call(colors, "Create", hold(new_string(text.encode(ENCODINGS[encoding]), encoding)))
@@ -560,7 +560,7 @@ def numbers(shown):
 def describe(name):
     shown = color(name)
     parts = outcome(lambda: numbers(shown))
-    if "Exception" in parts:  # of a catalog colour, which has none of its own
+    if "Exception" in parts:  # a catalog colour has no components
         converted = outcome(lambda: call(shown, "colorUsingColorSpaceName", "NSCalibratedRGBColorSpace"))
         parts = "in calibrated RGB " + numbers(converted) if isinstance(converted, int) else str(converted)
     return f"{get(shown, 'description')} | {get(shown, 'colorSpaceName')} | {parts}"
@@ -586,7 +586,7 @@ def report():
 def main(library):
     global plugin
     plugin = ctypes.CDLL(os.path.abspath(library))
-    sys.unraisablehook = lambda problem: problems.append(problem.exc_value)  # in a function that the plugin called
+    sys.unraisablehook = lambda problem: problems.append(problem.exc_value)  # raised in a function that the plugin called
     plugin.REALPluginMain(resolve)
     passed, failed, not_run = 0, [], []
     for name, function in checks:
