@@ -1,5 +1,5 @@
 // The script language of the host: a statically typed, BASIC-like object language. A program is a file of statements, read
-// from top to bottom; the classes it uses are those of the host's registry, so startHost must have run.
+// from top to bottom. It uses the classes of the host's registry, so startHost must have run.
 #pragma once
 
 #include <cstddef>

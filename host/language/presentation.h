@@ -9,9 +9,9 @@
 
 namespace host::language {
 
-// Returns a value as Print shows it, in UTF-8: numbers in the shortest form that reads back the same, colours as the
-// literal, True, False and Nil, objects by their description, arrays as their elements in parentheses, variants as the
-// value they hold.
+// Returns a value as Print shows it, in UTF-8. A number has the shortest form that reads back the same. A colour is shown
+// as its literal, an object as its description, an array as its elements in parentheses, and a variant as the value it
+// holds. The other values that are not text are True, False and Nil.
 std::string textOf(const Type& type, Slot value);
 std::string textOf(double value);
 std::string textOf(HostInteger value);

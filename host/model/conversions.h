@@ -32,7 +32,7 @@ std::optional<Conversion> conversionTo(const Type& to, const Type& from, Purpose
 // Returns the converted value, for `none` and the conversions of numbers and colours.
 Slot convertedNumber(Conversion conversion, Slot value);
 
-// Removes the fraction. Numbers outside the range return the nearest end, not-a-number returns 0.
+// Removes the fraction. Returns the nearest limit for a number outside the range, and 0 for not-a-number.
 HostInteger truncated(double value);
 
 // Reads a Double, an Integer or a Color from the complete text, ignoring blanks around it. A number is written as a

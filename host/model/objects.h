@@ -25,8 +25,8 @@ namespace host {
 // constructors have run, the superclass's first. Returns null when memory is exhausted.
 Object* newObject(ClassInfo& info);
 
-// Runs the class destructors, the superclass's last, and frees the object. Only unlock calls this. Inside a long chain of
-// objects the last ones wait until the first has gone.
+// Runs the class destructors, the superclass's last, and frees the object. Only unlock calls this. In a long chain of
+// objects, the last ones wait until the first is freed.
 void destroyObject(Object* object);
 
 // Add and remove one reference. Null is allowed.
@@ -37,8 +37,8 @@ inline void unlock(Object* object) {
     if (object && --object->references == 0) destroyObject(object);
 }
 
-// From now on no object is destroyed. Used for hosts whose plugins cannot lock objects: what such plugins return has no
-// reference of its own.
+// From now on no object is destroyed. Used for hosts whose plugins cannot lock objects: the caller receives no reference to
+// an object that such a plugin returns.
 void keepAllObjects();
 
 // Returns the first byte of the instance data.

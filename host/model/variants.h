@@ -17,7 +17,7 @@ Type typeInVariant(const Object* variant);
 // zero of every type. Otherwise raises TypeMismatchException (IllegalCastException between classes) and returns false.
 bool readVariant(Object* variant, const Type& type, Slot& value, Purpose purpose = Purpose::argument);
 
-// A value out of its variant. Objects, arrays and Nil are of Kind::object.
+// A value taken out of its variant. Objects, arrays and Nil are of Kind::object.
 struct Held {
     Kind kind;
     Slot value;

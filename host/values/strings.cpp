@@ -15,8 +15,8 @@
 
 namespace host {
 
-// Characters of a text that is not ASCII whose byte offsets are known: the character that was looked up last, and, as far
-// as the text has been walked, each character whose number is a multiple of the stride.
+// Known byte offsets in a text that is not ASCII: that of the character that was looked up last and, as far as the text has
+// been walked, those of characters whose number is a multiple of the stride.
 struct Walk {
     static constexpr std::size_t stride = 64;
     std::size_t character = 0;

@@ -46,8 +46,8 @@ std::string_view bytesOf(const String* string);
 
 struct Walk;
 
-// A string's text in UTF-8, addressed by characters. Text stored as UTF-8 is not copied, and the string remembers where it
-// found the last character: walking through a text takes time proportional to its length. The string must outlive this
+// A string's text in UTF-8, addressed by characters. Text stored as UTF-8 is not copied. The string remembers where it
+// found the last character, so walking through a text takes time proportional to its length. The string must outlive this
 // object.
 class TextOf {
 public:

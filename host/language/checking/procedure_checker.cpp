@@ -38,8 +38,7 @@ void StatementChecker::declareProcedures(const syntax::Block& block) {
     }
 }
 
-// After an error that the uses of the procedure would repeat, its name is declared without a type, so that the uses do not
-// cause further errors.
+// After some errors, the name is declared without a type. The uses of the procedure then do not repeat the error.
 std::unique_ptr<Procedure> StatementChecker::declaration(const syntax::Procedure& form) {
     auto procedure = std::make_unique<Procedure>();
     try {

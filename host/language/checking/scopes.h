@@ -40,7 +40,7 @@ public:
     bool inProcedure() const { return procedureBlock_ != 0; }
 
     const Variable* find(std::string_view name) const;         // null if it is not declared
-    const Variable* findDeclared(std::string_view name) const; // only names that prevent a declaration of the name here
+    const Variable* findDeclared(std::string_view name) const; // null unless it prevents a declaration of the name here
 
     // Declares a name that is not declared here yet.
     const Variable& declare(std::string_view name, Type type, Offset offset);

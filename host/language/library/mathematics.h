@@ -31,8 +31,9 @@ double logarithm(double value); // natural
 double decimalLogarithm(double value);
 
 // Random numbers come from std::mt19937_64, seeded by the system until a program seeds it. A seed produces the same numbers
-// on every machine. A Double is the upper 53 bits of the next number, divided by 2^53. An integer from a range of n values
-// uses the next number below the greatest multiple of n, modulo n, plus the first value of the range.
+// on every machine. A Double is the upper 53 bits of the next number, divided by 2^53. For an integer from a range of n
+// values, numbers from the greatest multiple of n on are skipped. The result is the next number modulo n, plus the first
+// value of the range.
 void seedRandom(HostInteger seed);                              // sign-extended to 64 bits
 double randomReal();                                            // at least 0, below 1
 HostInteger randomInRange(HostInteger first, HostInteger last); // both included; raises if `last` is smaller

@@ -37,7 +37,7 @@ void awaitLine() {
 }
 
 // Returns whether the input is at its end, after a read that failed. Otherwise raises the reason, such as a signal. Clears
-// the end, because a terminal can continue after it.
+// the state of the input, because a terminal can continue after its end.
 bool isAtEnd() {
     const int reason = errno;
     const bool atEnd = std::feof(stdin) != 0;

@@ -60,9 +60,9 @@ MemoryBlock* bytes(String* text, String* encoding); // raises if the encoding do
 // the same bytes as text in the encoding; raises if they are invalid in it
 String* defineEncoding(String* text, String* encoding);
 
-// Formats the number by the pattern. 0 is a digit, # is a digit unless it is a leading or trailing 0, and the first . is
-// the decimal point. A comma before the point groups by thousands, and % shows hundredths. Text before and after these is
-// copied; \ copies the next character.
+// Formats the number by the pattern. In it, 0 is a digit, and # is a digit unless it is a leading or trailing 0. The first
+// . is the decimal point. A comma before the point groups by thousands, and % shows hundredths. Text before and after these
+// is copied; \ copies the next character.
 String* format(double value, String* pattern);
 
 } // namespace host::language::text

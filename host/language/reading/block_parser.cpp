@@ -60,7 +60,7 @@ bool StatementParser::isMiddleOfBlock() const {
            tokens_.at(Keyword::catchBlock) || tokens_.at(Keyword::finally);
 }
 
-// Reports an Else or a similar word that fits no block, and continues the block after it.
+// Parses a part of a block. Reports an Else or a similar word that fits no block, and continues the part after it.
 Block StatementParser::part(const Opening& opening) {
     openings_.push_back(opening);
     Block block = statements();

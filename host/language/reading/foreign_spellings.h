@@ -6,8 +6,8 @@
 
 namespace host::language {
 
-// Where the spelling was found: as a name, as the name of a call with arguments, as a member of an array or of a plain
-// value such as text, or as the type of an indexed value.
+// Where the spelling was found: a name, the name of a call with arguments, a member of an array or of a plain value such as
+// text, or the type of an indexed value.
 enum class Foreign : std::uint8_t { name, call, arrayMember, plainMember, indexedType };
 
 // Returns a hint such as "whole numbers are 'Integer'"; empty for most spellings. Hints for a name also apply to calls.

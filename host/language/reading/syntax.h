@@ -260,8 +260,8 @@ struct Procedure {
     Block block;
 };
 
-// The usable parts of a statement that has an error: the names that it may have declared, so that their uses do not cause
-// further errors, and the block that it began.
+// The usable parts of a statement that has an error: the block that it began, and the names that it may have declared. Uses
+// of these names then do not cause further errors.
 struct Broken {
     std::vector<Name> names;
     std::optional<Block> block;

@@ -40,7 +40,8 @@ std::vector<Run> folded(const Calls& calls) {
     return runs;
 }
 
-// Returns a place in the procedure that call `index` called. Without such a call, the place is in the program.
+// Returns a place in the procedure that call `index` called. If the index is past the last call, the place is in the
+// program.
 std::string placeIn(const Calls& calls, std::size_t index, Offset offset, const Execution& execution) {
     const Source& source = *execution.source;
     if (index < calls.size()) return source.location(offset) + " in " + calls[index].procedure->signature.name + "\n";

@@ -24,8 +24,8 @@ namespace {
 
 void want(int) { interruptWanted = 1; }
 
-// While an object of this class exists, SIGINT interrupts the running program instead of ending the process, and a closed
-// pipe is an error of the write.
+// While an object of this class exists, SIGINT interrupts the running program instead of ending the process. A closed pipe
+// makes the write fail.
 class InterruptScope {
 public:
     InterruptScope() {
