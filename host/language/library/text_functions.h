@@ -55,10 +55,9 @@ String* lowercase(String* text);
 
 // Conversions between text and bytes. Encodings have their names of the Internet, in any case: UTF-8, UTF-16 and UTF-32 (in
 // the machine's byte order), US-ASCII, ISO-8859-1, windows-1252, macintosh. An unknown encoding raises.
-HostInteger byteCount(String* text);                // as stored
-MemoryBlock* bytes(String* text, String* encoding); // raises if the encoding does not have one of the characters
-// the same bytes as text in the encoding; raises if they are invalid in it
-String* defineEncoding(String* text, String* encoding);
+HostInteger byteCount(String* text);                    // as stored
+MemoryBlock* bytes(String* text, String* encoding);     // raises if the encoding does not have one of the characters
+String* defineEncoding(String* text, String* encoding); // reads the bytes in the encoding; raises if they are invalid
 
 // Formats the number by the pattern. In it, 0 is a digit, and # is a digit unless it is a leading or trailing 0. The first
 // . is the decimal point. A comma before the point groups by thousands, and % shows hundredths. Text before and after these

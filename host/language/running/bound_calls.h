@@ -8,8 +8,8 @@
 
 namespace host::language {
 
-// One argument of a call: a value, or an array element that is passed by reference. The element's address may change, so
-// the element is copied into the call and written back after it, whether or not the call raises.
+// One argument of a call: a value, or an array element that is passed by reference. An element has no fixed address, so it
+// is copied into the call and written back after it, whether or not the call raises.
 struct ArgumentCode {
     CodePtr value; // null for an element by reference
     CodePtr array;
