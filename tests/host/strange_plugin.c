@@ -1,4 +1,4 @@
-/* A plugin whose record the host can take, with text that is no UTF-8. */
+/* A plugin whose record is valid for the host but contains text that is not UTF-8. */
 #include "chromabridge/host_abi.h"
 
 static REALconstant constants[] = {{"Text = \"\xFF\\\x01\"", 0, 0, {0}}};

@@ -1,4 +1,4 @@
-"""terminal_test.py CHROMAHOST...: types at the prompt and in shells on a terminal and reads the screen."""
+"""terminal_test.py CHROMAHOST... types at the prompt and in shells on a terminal and reads the screen."""
 import fcntl, os, pty, re, select, shutil, struct, subprocess, sys, tempfile, termios, time
 
 UP, DOWN, CTRL_D = "\x1b[A", "\x1b[B", "\x04"

@@ -1,4 +1,4 @@
-"""A slice of a Mach-O library, as LLVM's tools tell it."""
+"""Reads a slice of a Mach-O library with LLVM's tools."""
 import functools
 import glob
 import hashlib
@@ -42,7 +42,7 @@ class Slice:
 
     @functools.cache
     def contents(self):
-        """The bytes of a file that is this slice alone."""
+        """Returns the bytes of a file with only this slice."""
         with tempfile.TemporaryDirectory() as folder:
             file = os.path.join(folder, "slice")
             output("llvm-lipo", self.library, "-thin", self.architecture, "-output", file)
@@ -51,7 +51,7 @@ class Slice:
 
     @functools.cache
     def headers(self):
-        """The load commands and the sections, each with its fields by their names."""
+        """Returns the load commands and the sections, each as a mapping from field names to values."""
         commands, sections = [], []
         for line in self.objdump("--private-headers").splitlines():
             if line.startswith("Load command") or line == "Section":
@@ -63,7 +63,7 @@ class Slice:
         return commands, sections
 
     def needs(self):
-        """What the loader or a runtime would have to do before the slice runs, section by section."""
+        """Yields, section by section, the work that the loader or a runtime would have to do before the slice runs."""
         for section in self.headers()[1]:
             if section["type"] not in SECTIONS:
                 yield f"section {section['sectname']} is of a kind that nothing here would serve, {section['type']}"
@@ -72,7 +72,7 @@ class Slice:
 
     @functools.cache
     def image(self):
-        """The contents at their addresses, before the loader writes into them, without the loader's own tables."""
+        """Returns the contents at their addresses, without the loader's tables, as they are before the loader writes."""
         contents, image = self.contents(), bytearray()
         for segment in self.headers()[0]:
             if segment["cmd"] == "LC_SEGMENT_64" and segment["segname"] != "__LINKEDIT":
@@ -82,11 +82,11 @@ class Slice:
         return image
 
     def fixups(self, table):
-        """A table of what the loader writes: segment, section and address of a word, and what else the table has of it."""
+        """Returns a table of the loader's writes: segment, section and address of a word, and the table's other columns."""
         return [line.split() for line in self.objdump("--" + table).splitlines() if line.startswith("__")]
 
     def functions(self):
-        """What the unwinder knows of them, in their order. Each ends where the next begins."""
+        """Returns the unwinder's information about the functions, in order. Each function ends where the next begins."""
         text = self.objdump("--unwind-info")
 
         def pairs(pattern):
@@ -101,13 +101,13 @@ class Slice:
                 for (begin, encoding), (end, _) in zip(entries, entries[1:] + end)]
 
     def stubs(self):
-        """Each stub: the import that it is for, and the address of the pointer that it jumps through."""
+        """Yields each stub as its import and the address of the pointer that it jumps through."""
         text = self.objdump("--indirect-symbols").partition("(__TEXT,__stubs)")[2].partition("Indirect")[0]
         for address, symbol in re.findall(r"^(0x\w+) +\d+ (\S+)$", text, re.MULTILINE):
             yield symbol, self.pointer(int(address, 16))
 
     def pointer(self, at):
-        """Returns what the stub at an address jumps through, or None if it is not a stub."""
+        """Returns the pointer that the stub at an address jumps through, or None if it is not a stub."""
         image = self.image()
         if self.architecture == "x86_64":  # jmpq *distance(%rip)
             jump, distance = struct.unpack_from("<Hi", image, at)
@@ -119,7 +119,7 @@ class Slice:
         return (at & ~0xFFF) + (pages << 12) + (load >> 10 & 0xFFF) * 8
 
     def lazily_bound(self, pointer):
-        """Follows a lazy pointer to what binds it. Returns the address that the loader would write to."""
+        """Follows a lazy pointer to its binding. Returns the address that the loader would write to."""
         image, contents, (commands, _) = self.image(), self.contents(), self.headers()
         helper = int.from_bytes(image[pointer:pointer + 8], "little")
         offset = struct.unpack_from("<I", image, helper + (1 if self.architecture == "x86_64" else 8))[0]
@@ -136,7 +136,7 @@ class Slice:
         return segments[contents[place] & 0xF] + distance
 
     def signature(self):
-        """The directory that an ad-hoc signature consists of, by field, and the pages whose hashes are wrong."""
+        """Returns the directory of an ad-hoc signature by field, and the pages whose hashes are wrong."""
         contents, directory = self.contents(), {}
         [command] = [command for command in self.headers()[0] if command["cmd"] == "LC_CODE_SIGNATURE"]
         place = int(command["dataoff"])

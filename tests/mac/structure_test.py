@@ -1,4 +1,4 @@
-"""What the cross build makes: each promise is read back with LLVM's tools. The environment names the files."""
+"""Checks the results of the cross build with LLVM's tools, promise by promise. The environment names the files."""
 import os
 import re
 import unittest
@@ -23,20 +23,20 @@ FOREIGN = ("@|GLIBC|^_*libc_|_chk$|_isoc99_|^___errno_location$|^___assert_fail$
 
 
 def listed(architecture):
-    """What the sysroot offers, each symbol with its library."""
+    """Returns the sysroot's symbols, each with its library."""
     return {(symbol, file.stem) for file in Path(os.environ["SYSROOT"]).rglob("*.tbd")
             for symbol in re.findall(r" S (\S+)", Slice(file, architecture).nm())}
 
 
 class SliceTest:
-    """What holds for each slice of the library."""
+    """The promises that each slice of the library keeps."""
 
     def setUp(self):
         self.slice = Slice(os.environ["LIBRARY"], self.architecture)
         self.commands, _ = self.slice.headers()
 
     def fields(self, kinds, field):
-        """Of the load commands of some kinds: what kind, and one field."""
+        """Returns the kind and one field of the load commands of some kinds."""
         return [(command["cmd"], command[field]) for command in self.commands if re.fullmatch(kinds, command["cmd"])]
 
     def test_is_what_its_systems_load(self):

@@ -1,5 +1,5 @@
-// A message's arguments are in whichever registers: no compiler here takes such a call, and all are kept across the look-up of its
-// method. A nil receiver answers zero. The frame is the one that unwinding needs.
+// A message can have arguments in any registers, and no compiler here can describe that call. So all argument registers are saved
+// across the look-up of the method. A nil receiver returns zero. The frame is set up as the unwinder needs it.
 
     .section .note.GNU-stack, "", %progbits
     .text

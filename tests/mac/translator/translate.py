@@ -1,4 +1,4 @@
-"""A slice of a macOS library as assembly for ELF, and beside it its image in memory, which has the bytes.
+"""Translates a slice of a macOS library to assembly for ELF, and writes its memory image, with the bytes, next to it.
 
     translate.py LIBRARY ARCHITECTURE ASSEMBLY
 """
@@ -42,7 +42,7 @@ def refuse(why):
 
 
 def segments():
-    """All but the one with the loader's own tables. The first begins at address 0."""
+    """Returns all segments except the one with the loader's tables. The first begins at address 0."""
     commands, _ = source.headers()
     for command in commands:
         if command["cmd"] not in COMMANDS:
@@ -55,15 +55,15 @@ def segments():
 
 
 def protections(segments):
-    """The protection that each segment asks for, as the adapter reads it."""
+    """Yields the protection that each segment requests, in the adapter's format."""
     for segment in segments:
         read, write, execute = (letter != "-" for letter in segment["initprot"])
         yield f".quad chroma_image+{segment['vmaddr']}, {segment['vmsize']}, {read + 2 * write + 4 * execute}"
 
 
 def pointers(image):
-    """What the loader writes into words of the image: by their addresses, a symbol and a distance from it. What is bound
-    late is rebased first, to the code that binds it; here it is bound at once."""
+    """Returns the loader's writes by address: a symbol and an offset from it. Lazy pointers are rebased to the code that
+    binds them first. Here they are bound at once."""
     result = {}
     for table in ("rebase", "bind", "weak-bind", "lazy-bind"):
         for segment, _, address, *what in source.fixups(table):
@@ -83,7 +83,7 @@ def pointers(image):
 
 
 def labels():
-    """The symbols. Names that objects have for themselves alone, which are for a debugger's eyes, may be there twice."""
+    """Yields the symbols. Local names, which only a debugger uses, may occur twice."""
     taken = set()
     for line in source.nm("-m", "--defined-only").splitlines():
         symbol = re.fullmatch(r"(\w+) \(__\w+,(__\w+)\) (external|non-external)( \(was a private external\))? (\S+)", line)
@@ -103,8 +103,8 @@ def labels():
 
 
 def frame(encoding):
-    """Where the caller's registers are, anywhere after the prologue: the register and the distance that give the canonical
-    frame address, the caller's stack pointer, and how far from there registers are saved. They have DWARF's numbers."""
+    """Returns the places of the caller's registers after the prologue. The canonical frame address, the caller's stack
+    pointer, is a register and an offset. Registers are saved at offsets from it. Their numbers are DWARF's."""
     mode = architecture, encoding >> 24 & 0xF
     if mode == ("x86_64", 1):
         saved = {16: -8, 6: -16}  # the return address, rbp
@@ -130,7 +130,7 @@ def frame(encoding):
 
 
 def code(image):
-    """The image's bytes, taken from its file, and around those of each function how it is unwound."""
+    """Yields the image's bytes from its file, with the unwind information of each function around its bytes."""
     functions = source.functions()
     for address in sorted({address for function in functions for address in (function.personality, function.handlers) if address}):
         yield f".equiv .Lat{address}, chroma_image+{address}"
