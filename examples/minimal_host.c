@@ -5,7 +5,7 @@
  *     cc -std=c11 -I include examples/minimal_host.c -ldl -o minimal_host
  *     ./minimal_host build/m64/lib/libchromabridge.so
  *
- * It provides the entry points that this needs. Every other entry point is optional.
+ * It provides the entry points that its program needs. Every other entry point is optional.
  */
 #include "chromabridge/host_abi.h"
 

@@ -2,11 +2,11 @@
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME chromabridge)
 set(CPACK_PACKAGE_VENDOR "the chromabridge authors")
-# Nobody promises to answer letters yet: a domain that is reserved for names that are none.
+# A reserved domain that has no mailbox, because nobody handles mail yet.
 set(CPACK_PACKAGE_CONTACT "the chromabridge authors <maintainers@chromabridge.invalid>")
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-set(CPACK_STRIP_FILES OFF) # the package of what debuggers want takes that first
+set(CPACK_STRIP_FILES OFF) # the package of debug symbols extracts them first
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION devel)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "AppKit's colours for programs of a BASIC-like host language")

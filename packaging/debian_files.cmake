@@ -1,4 +1,4 @@
-# What a Debian package has beside what is installed: run by cpack when the tree of the package is laid.
+# Adds the files that a Debian package has besides the installed ones. cpack runs this when the package's tree is complete.
 if(NOT DEFINED ENV{SOURCE_DATE_EPOCH})
     set(ENV{SOURCE_DATE_EPOCH} ${CPACK_CHROMA_DATE})
 endif()
@@ -8,7 +8,7 @@ foreach(program IN LISTS programs)
     cmake_path(GET folder PARENT_PATH prefix)
     set(documents ${prefix}/share/doc/chromabridge)
     configure_file(${CPACK_CHROMA_COPYRIGHT} ${documents}/copyright COPYONLY)
-    file(REMOVE ${documents}/LICENSE) # it says the same
+    file(REMOVE ${documents}/LICENSE) # the copyright file contains it
     file(READ ${documents}/README.md readme)
     string(REPLACE "](LICENSE)" "](copyright)" readme "${readme}")
     file(WRITE ${documents}/README.md "${readme}")

@@ -1,6 +1,6 @@
-# Repacks the packages that cpack has made, which Debian's policy and its checker accept then: no maintainer scripts, since no library
-# is one that the linker looks for; in the package of debug symbols the sums of its own files, its documents, and no executables. Every
-# file bears the date of the release, so that two builds of one source are the same.
+# Repacks cpack's packages so that they satisfy Debian's policy and its checker. They have no maintainer scripts, because
+# the linker searches for none of the libraries. The package of debug symbols gets its files' checksums and its documents,
+# and its files are not executable. Every file has the date of the release, so that two builds of one source are identical.
 foreach(package IN LISTS CPACK_PACKAGE_FILES)
     set(root ${CPACK_TEMPORARY_DIRECTORY}/repacked)
     file(REMOVE_RECURSE ${root})

@@ -1,5 +1,6 @@
-# Only what PAGE lists casts between unrelated types or jumps, and all of it does. A line of the page names a wing of the tree and files
-# or folders in it. Bytes that are read as characters, and addresses as numbers, are left to everybody.
+# Checks that only the files that PAGE lists cast between unrelated types or jump, and that each of them does. A line of the
+# page names a part of the tree and files or folders in it. Every file may read bytes as characters and addresses as
+# numbers.
 cmake_policy(VERSION 3.25)
 
 set(dangerous "reinterpret_cast<|setjmp|longjmp")

@@ -1,5 +1,6 @@
-# The includes of the tree SOURCE follow the arrows that PAGE draws. A line of the page names a wing of the tree and a path through
-# its rooms, which are folders or the names of files: a room includes itself and what stands behind it in one of its lines.
+# Checks that the includes of the tree SOURCE follow the arrows in PAGE. A line of the page names a wing, a part of the
+# tree, and a path through its rooms, which are folders or names of files. A room may include itself and the rooms after it
+# in one of its lines.
 cmake_policy(VERSION 3.25)
 
 file(STRINGS ${PAGE} lines ENCODING UTF-8 REGEX "^    [a-z/]+ .*→")
@@ -15,7 +16,8 @@ foreach(line IN LISTS lines)
 endforeach()
 list(REMOVE_DUPLICATES wings)
 
-# What is outside of host/language, say, which has lines of its own, includes only the headers beside its rooms.
+# Files outside a wing of the host with its own lines, such as host/language, may include only the headers next to its
+# rooms.
 macro(require_entrance file header)
     string(REGEX MATCH "^([a-z_]+)/[a-z_]+/" inner ${header})
     if(inner AND "host/${CMAKE_MATCH_1}" IN_LIST wings AND NOT ${file} MATCHES "^host/${CMAKE_MATCH_1}/")
@@ -25,7 +27,7 @@ endmacro()
 
 foreach(wing IN LISTS wings)
     file(GLOB_RECURSE files RELATIVE ${SOURCE} ${SOURCE}/${wing}/*.h ${SOURCE}/${wing}/*.cpp)
-    list(REMOVE_ITEM files platforms/builtin/views.cpp) # which is there to see both sides
+    list(REMOVE_ITEM files platforms/builtin/views.cpp) # this file connects both sides
     foreach(file IN LISTS files)
         string(REGEX REPLACE "^${wing}/([a-z_]+).*" "\\1" room ${file})
         string(REGEX MATCH "^(src|host|platforms/builtin)" root ${file})
@@ -35,9 +37,9 @@ foreach(wing IN LISTS wings)
             string(REGEX REPLACE "^#include \"(.*)\".*" "\\1" header "${include}")
             require_entrance(${file} ${header})
             if(EXISTS ${SOURCE}/include/${header} OR EXISTS ${SOURCE}/platforms/builtin/include/${header})
-                continue() # what wings agree on
+                continue() # the wings share it
             elseif(EXISTS ${SOURCE}/${root}/${header} AND NOT "${root}/${header}" MATCHES "^${wing}/")
-                continue() # of the wing around this one, which is checked as its own
+                continue() # it belongs to the surrounding wing, which is checked separately
             elseif(NOT EXISTS ${SOURCE}/${root}/${header})
                 list(APPEND wrong "${file} includes ${header}, which is not in ${root}")
                 continue()
@@ -50,7 +52,7 @@ foreach(wing IN LISTS wings)
     endforeach()
 endforeach()
 
-# A line of the page names a folder of tests, or files in one, and after the arrow the folders whose headers it may include.
+# A line of the page names a folder of tests, or files in one. After the arrow are the folders whose headers it may include.
 file(STRINGS ${PAGE} lines ENCODING UTF-8 REGEX "^    tests/[a-z_/]+ ←")
 foreach(line IN LISTS lines)
     string(REGEX MATCH "(tests/[a-z_]+)[a-z_/]*" checked "${line}")

@@ -1,5 +1,5 @@
-# Makes the .deb of BUILD in FOLDER, looks at it as its reader does, and runs the host that lies in it. lintian has
-# nothing to say. The packages remain, for a comparison.
+# Builds the .deb of BUILD in FOLDER, checks its contents, and runs its host. lintian must report nothing. The packages
+# remain for a later comparison.
 cmake_policy(VERSION 3.25)
 file(REMOVE_RECURSE ${FOLDER})
 
@@ -28,7 +28,7 @@ file(GLOB_RECURSE debugged ${FOLDER}/symbols/*.debug)
 file(GLOB_RECURSE libraries ${FOLDER}/root/usr/lib/*.so)
 list(LENGTH debugged symbolFiles)
 list(LENGTH libraries files)
-math(EXPR files "${files} + 1") # and the host
+math(EXPR files "${files} + 1") # the host is one more file
 if(NOT symbolFiles EQUAL files)
     message(FATAL_ERROR "${symbolFiles} files of symbols for ${files}")
 endif()

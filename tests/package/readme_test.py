@@ -15,7 +15,7 @@ tree, folder = (os.path.abspath(argument) for argument in sys.argv[1:3])
 copy = os.path.join(folder, "tree")
 names = {"FILE.bas": "sea.bas", "DIR": os.path.join(folder, "installed")}
 command_form = re.compile(r"(\$ |)((\./|tools/|build/|cmake ).*?)(  +.*)?$")
-not_here = {"./test", "./bench"}  # this is one of their tests, and two minutes of measuring
+not_here = {"./test", "./bench"}  # ./test runs this test, and ./bench takes two minutes
 other_builds = {"--m32": "m32", "--gnustep": "gnustep"}
 
 
@@ -85,7 +85,7 @@ for command, lines in commands(page):
         continue
     count += 1
     failures += not run(command, lines)
-    if count == 1:  # ./run: every file of the build that the page names exists now
+    if count == 1:  # after ./run, every file of the build that the page names exists
         for path in sorted(set(re.findall(r"build/m64/[\w./]+\w", page))):
             if not os.path.exists(os.path.join(copy, path)):
                 print(f"./run does not make {path}")
