@@ -39,7 +39,7 @@ class HostException(Exception):
     pass
 
 
-values = {}  # what is alive, by address
+values = {}  # the live values by address
 classes = {name: ClassDefinition(name=name) for name in (b"RuntimeException", b"OutOfBoundsException")}
 pending = []  # the exception that the plugin recorded
 

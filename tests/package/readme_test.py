@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """readme_test.py TREE FOLDER: follows TREE's README in a copy of its sources in FOLDER, as a new user does.
 
-The page's first program becomes sea.bas. Its indented blocks are commands: a line at the margin of the block, up to two blanks and
-an explanation. All run in the page's order after ./run alone, and each must succeed. Behind "$ ", what the command prints must be
-the lines below it. Commands for other builds run in TREE, which has those builds already.
+The page's first program is saved as sea.bas. Each line at the margin of an indented block is a command. Two blanks
+and an explanation may follow it. All commands run in the page's order after ./run without arguments, and each must succeed.
+The output of a command after "$ " must equal the lines below it. Commands for other builds run in TREE, which has those builds.
 """
 import os
 import re
@@ -29,7 +29,7 @@ def copy_sources():
 
 
 def commands(page):
-    """Yields each command with the lines that it must print, or with None where the page shows none."""
+    """Yields each command with the lines that it must print, or with None if the page shows none."""
     shown = None
     for line in page.splitlines():
         text = line[4:] if line.startswith("    ") else ""
