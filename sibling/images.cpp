@@ -37,7 +37,7 @@ void ConstructorSize(REALobjectStruct* object, double width, double height, REAL
 }
 
 NSSize sizeOf(REALobjectStruct* object) {
-    return answered([&] { return sizeMessage(nativeObject(object)); });
+    return guardedResult([&] { return sizeMessage(nativeObject(object)); });
 }
 
 double width(REALobjectStruct* object, REALword) { return sizeOf(object).width; }
@@ -47,7 +47,8 @@ double height(REALobjectStruct* object, REALword) { return sizeOf(object).height
 // plugin's objects in the registry: a plugin that was loaded before the sibling does not know the registry and would leave
 // the entry behind.
 REALobjectStruct* backgroundColor(REALobjectStruct* object) {
-    return answered([&] { return wrapNative(backgroundColorMessage(nativeObject(object)), "NSColorZRX", Entry::none); });
+    return guardedResult(
+        [&] { return wrapNative(backgroundColorMessage(nativeObject(object)), "NSColorZRX", Entry::none); });
 }
 
 // clang-format off

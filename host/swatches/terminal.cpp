@@ -56,8 +56,8 @@ std::string escape(int layer, const ScreenColor& color, ColorDepth depth) {
 
 ColorDepth outputColorDepth() {
     if (!showsColors(STDOUT_FILENO)) return ColorDepth::none;
-    const char* const told = std::getenv("COLORTERM");
-    const std::string_view depth = told ? told : "";
+    const char* const variable = std::getenv("COLORTERM");
+    const std::string_view depth = variable ? variable : "";
     return depth == "truecolor" || depth == "24bit" ? ColorDepth::direct : ColorDepth::indexed;
 }
 

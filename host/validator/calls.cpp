@@ -91,8 +91,8 @@ void invoke(const Function& function, const Arguments& arguments, Plan plan, Out
     const Traces traces = disarm();
     showAllText();
     checkMemory("it");
-    outcome.struck = traces.struck;
-    if (traces.struck && traces.entry) outcome.call += std::string(", where ") + traces.entry + " failed";
+    outcome.injected = traces.injected;
+    if (traces.injected && traces.entry) outcome.call += std::string(", where ") + traces.entry + " failed";
     outcome.raised = Owned<Object>(takePendingException()).get() != nullptr;
     const Type& type = function.signature.result;
     checkReference(function, arguments, result);

@@ -12,7 +12,7 @@ namespace host::validator {
 
 struct Outcome {
     std::string call;           // the function, its arguments, and the entry point that failed
-    bool struck = false;        // whether the fault was injected
+    bool injected = false;      // whether the fault was injected
     bool isNull = true;         // whether the result is null
     bool isCounted = false;     // whether the result is an object or a string
     bool raised = false;        // whether it raised a host exception, which is released

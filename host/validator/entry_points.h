@@ -37,7 +37,7 @@ enum Place {
 // Returns the address of a function that calls Listener::answer(entry, target, arguments...), where `target` is the entry
 // point at `address`. Returns null if `address` is null.
 template <class Listener>
-void* heard(std::string_view name, void* address) {
+void* observed(std::string_view name, void* address) {
     if (!address) return nullptr;
 #define CHROMA_HEARD(entry, Procedure, since)                                                                               \
     if (name == #entry) return around<Listener, at##entry, Procedure>(#entry, address);

@@ -32,12 +32,12 @@ struct Listener {
     static Result answer(std::string_view entry, Result (*target)(Arguments...), Arguments... arguments) {
         if constexpr (std::is_pointer_v<Result>) {
             const bool isDocumented = entry != "memoryBlockGetPtr"; // the contract permits null only for empty blocks
-            if ((isDocumented || !plan.documented) && strikes(Fault::hostAnswersNull, Fault::hostAnswersNull)) {
+            if ((isDocumented || !plan.documented) && injects(Fault::hostAnswersNull, Fault::hostAnswersNull)) {
                 noteFailure(entry, "returned null");
                 return nullptr;
             }
         }
-        const bool throws = strikes(Fault::hostThrows, Fault::hostAlwaysThrows);
+        const bool throws = injects(Fault::hostThrows, Fault::hostAlwaysThrows);
         if (throws) noteFailure(entry, "threw");
         if (throws && (entry == "REALUnlockObject" || entry == "REALUnlockString")) target(arguments...);
         // The message is long, so a plugin that copies it may have to allocate memory.
@@ -62,19 +62,19 @@ Traces disarm() {
     return traces;
 }
 
-bool strikes(Fault first, Fault last) {
+bool injects(Fault first, Fault last) {
     if (suspensions > 0 || plan.fault < first || plan.fault > last) return false;
     const bool lasts = plan.fault == Fault::exhaustMemory || plan.fault == Fault::hostAlwaysThrows;
-    if (--remaining > 0 || (traces.struck && !lasts)) return false;
-    return traces.struck = true;
+    if (--remaining > 0 || (traces.injected && !lasts)) return false;
+    return traces.injected = true;
 }
 
 Fault plannedFault() { return plan.fault; }
-bool hasStruck() { return traces.struck; }
+bool hasInjected() { return traces.injected; }
 
-void* heardEntry(const char* name) {
+void* observedEntry(const char* name) {
     const Suspension suspension;
-    return entries::heard<Listener>(name, resolveEntry(name));
+    return entries::observed<Listener>(name, resolveEntry(name));
 }
 
 } // namespace host::validator

@@ -28,7 +28,7 @@ struct Plan {
 
 // The events during a call.
 struct Traces {
-    bool struck = false;
+    bool injected = false;
     int raised = 0;              // the number of host exceptions, including those that the host dropped
     const char* entry = nullptr; // the entry point that failed last
 };
@@ -47,12 +47,12 @@ struct Suspension {
 };
 
 // Returns whether the plan injects one of these faults at the current event.
-bool strikes(Fault first, Fault last);
+bool injects(Fault first, Fault last);
 Fault plannedFault();
-bool hasStruck();
+bool hasInjected();
 
 // Returns the reference host's entry point, wrapped in a function that may return null or throw instead of it. Returns null
 // if the host does not provide the entry point. An entry point that releases something does so even if it throws.
-void* heardEntry(const char* name);
+void* observedEntry(const char* name);
 
 } // namespace host::validator

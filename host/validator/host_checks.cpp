@@ -33,7 +33,7 @@ void startWith(const Run& run, Plan plan) {
         main(watchedEntry);
     } catch (const std::exception&) { // the host threw it
     }
-    if (disarm().struck) flag();
+    if (disarm().injected) flag();
 }
 
 // Injects the fault at the first call of the host, at the second, and so on until none is left. It does so while the plugin
@@ -45,10 +45,10 @@ void checkFault(Run& run, Fault fault) {
     const bool isTheHosts = fault != Fault::hostAnswersNull; // an exception that the host threw may propagate back to it
     run.functions({}, noFunctions, [=](const Function& function) {
         for (const Choice& choice : ordinaryChoicesFor(function)) {
-            bool struck = true;
-            for (Plan plan{fault, 1, true}; struck; ++plan.at) {
+            bool injected = true;
+            for (Plan plan{fault, 1, true}; injected; ++plan.at) {
                 const Outcome outcome = call(function, choice, plan);
-                struck = outcome.struck;
+                injected = outcome.injected;
                 if (!outcome.exception.empty() && !isTheHosts)
                     complain(outcome.call + ": an exception left the function: " + outcome.exception);
                 if (!outcome.left.empty()) complain(outcome.call + ": each call leaves behind " + outcome.left);

@@ -154,7 +154,7 @@ const Announcement& announcement() { return announced; }
 
 void* watchedEntry(const char* name) {
     if (hostThread == std::thread::id()) hostThread = std::this_thread::get_id();
-    return entries::heard<Watcher>(name, heardEntry(name));
+    return entries::observed<Watcher>(name, observedEntry(name));
 }
 
 void hideUnlockedText() {

@@ -28,14 +28,14 @@ REALmemoryBlockStruct* newBlock(const void* bytes, std::int64_t length) {
     if (length >= INT32_MAX) return nullptr;
     REALmemoryBlockStruct* const block = REALNewMemoryBlockOriginal(static_cast<std::int32_t>(length));
     if (!block) return nullptr;
-    const auto giveUp = [&] { REALUnlockObject(asObject(block)); };
+    const auto release = [&] { REALUnlockObject(asObject(block)); };
     void* target = nullptr;
-    onThrow([&] { target = blockBytes(block); }, giveUp);
+    onThrow([&] { target = blockBytes(block); }, release);
     if (target) {
         std::memcpy(target, bytes, static_cast<std::size_t>(length));
         return block;
     }
-    giveUp();
+    release();
     return nullptr;
 }
 
@@ -74,9 +74,10 @@ id NewNSData(REALmemoryBlockStruct* block) {
 
 REALmemoryBlockStruct* NSDataRB(id data) {
     const void* const bytes = sel::bytes(data);
-    const auto told = static_cast<std::uint64_t>(sel::length(data));
+    const auto reported = static_cast<std::uint64_t>(sel::length(data));
     // Signed as 32 bits are; what takes more is too long and not cut.
-    const std::int64_t length = told <= UINT32_MAX ? static_cast<std::int32_t>(told) : static_cast<std::int64_t>(told);
+    const std::int64_t length =
+        reported <= UINT32_MAX ? static_cast<std::int32_t>(reported) : static_cast<std::int64_t>(reported);
     if (!bytes || length <= 0) return nullptr;
     REALmemoryBlockStruct* block = nullptr;
     const auto make = [&] {

@@ -25,10 +25,10 @@ template <class Body>
     return true;
 }
 
-// The same for a function that has already created a result: `giveUp` releases it if an exception propagates.
-template <class Body, class GiveUp>
-void guarded(Body body, GiveUp giveUp) {
-    onThrow([&] { guarded(body); }, giveUp);
+// The same for a function that has already created a result: `release` releases it if an exception propagates.
+template <class Body, class Release>
+void guarded(Body body, Release release) {
+    onThrow([&] { guarded(body); }, release);
 }
 
 // The quiet frame: an NSException is dropped. Answers whether the body ran to its end.
@@ -43,7 +43,7 @@ template <class Body>
 
 // The guarded frame of a function with one result: what `make` answers, and 0 or null when an exception ended it.
 template <class Make>
-auto answered(Make make) {
+auto guardedResult(Make make) {
     decltype(make()) answer{};
     guarded([&] { answer = make(); });
     return answer;

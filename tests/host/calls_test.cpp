@@ -14,13 +14,13 @@ using Word = HostInteger;
 template <class T>
 constexpr T most = std::numeric_limits<T>::max();
 
-std::ostringstream heard;
+std::ostringstream received;
 
 // Records its arguments, so that an argument in the wrong place or of the wrong width shows.
 template <class Result, class... Args>
 Result answerMost(Args... args) {
-    heard.str("");
-    ((heard << +args << ' '), ...);
+    received.str("");
+    ((received << +args << ' '), ...);
     return most<Result>;
 }
 void byReference(Word, const double* a, Word b, double* c) { *c = *a + static_cast<double>(b); }
@@ -47,10 +47,10 @@ TEST(Calls, PassEveryPlaceOfTheLongestShapes) {
     const char* sevenWords = "f(a as integer, b as string, c as X, d as X, e as double(), f as variant, g as color) as X";
     const auto ofWords = answerMost<Word, Word, Word, Word, Word, Word, Word, Word, Word>;
     EXPECT_EQ(call(sevenWords, true, ofWords, words).integer, most<Word>);
-    EXPECT_EQ(heard.str(), "-1 -2 -3 -4 -5 -6 -7 -8 ");
+    EXPECT_EQ(received.str(), "-1 -2 -3 -4 -5 -6 -7 -8 ");
     const auto ofReals = answerMost<double, double, double, double, double, double, double, double, double>;
     EXPECT_EQ(call(eightReals, false, ofReals, reals).real, most<double>);
-    EXPECT_EQ(heard.str(), "1.25 2.25 3.25 4.25 5.25 6.25 7.25 8.25 ");
+    EXPECT_EQ(received.str(), "1.25 2.25 3.25 4.25 5.25 6.25 7.25 8.25 ");
     EXPECT_FALSE(Invoker(parseSignature(eightReals), true));
 }
 
@@ -59,7 +59,7 @@ TEST(Calls, PassWordsAndDoublesMixed) {
                              true, answerMost<HostColor, Word, double, Word, double, HostColor, HostBoolean, double>,
                              {Slot::ofInteger(2), Slot::ofReal(0.5), Slot::ofInteger(-7), Slot::ofReal(-1e300),
                               Slot::ofColor(0xFFEEDDCC), Slot::ofBoolean(true), Slot::ofReal(8.0)});
-    EXPECT_EQ(heard.str(), "2 0.5 -7 -1e+300 4293844428 1 8 ");
+    EXPECT_EQ(received.str(), "2 0.5 -7 -1e+300 4293844428 1 8 ");
     EXPECT_EQ(result.color, most<HostColor>);
 
     Slot a = Slot::ofReal(2.5), c;
@@ -77,8 +77,8 @@ TEST(Calls, NarrowResultsAndServeAccessors) {
     const Slot arguments[] = {Slot(), Slot::ofInteger(41), Slot::ofReal(0.75)};
     Slot result;
     Invoker::getter(parseType("integer"))(getter, arguments, &result);
-    EXPECT_EQ(heard.str(), "0 41 ");
+    EXPECT_EQ(received.str(), "0 41 ");
     EXPECT_EQ(result.integer, most<Word>);
     Invoker::setter(parseType("double"))(setter, arguments, &result);
-    EXPECT_EQ(heard.str(), "0 41 0.75 ");
+    EXPECT_EQ(received.str(), "0 41 0.75 ");
 }

@@ -26,7 +26,7 @@ std::atomic<std::size_t> blocks{0};
 bool fails(const void* caller) {
     if (host::validator::suspensions > 0) return false; // especially before the process is initialised
     if (CHROMA_ON_GNUSTEP && (caller < &__executable_start || caller >= &etext)) return false;
-    return host::validator::strikes(matrix::Fault::failAllocation, matrix::Fault::exhaustMemory);
+    return host::validator::injects(matrix::Fault::failAllocation, matrix::Fault::exhaustMemory);
 }
 
 void* counted(void* memory) {

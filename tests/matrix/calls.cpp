@@ -79,7 +79,7 @@ void invoke(Call& call) {
 chroma::Message<chroma::id()> description{"description"}, localizedName{"localizedName"};
 
 // Describes an object by its class. A colour or a space adds its own description.
-std::string told(const host::Object* object) {
+std::string described(const host::Object* object) {
     if (!object) return "";
     std::string text = object->info->name();
     chroma::Message<chroma::id()>* const message = text == "NSColorZRX"        ? &description
@@ -92,8 +92,8 @@ std::string told(const host::Object* object) {
     return text;
 }
 
-std::string told(const host::Type& type, Slot slot) {
-    if (type.isObjectReference()) return told(slot.object);
+std::string described(const host::Type& type, Slot slot) {
+    if (type.isObjectReference()) return described(slot.object);
     switch (type.kind) {
     case host::Kind::nothing: return "";
     case host::Kind::real: return slot.real == 0 ? "" : std::to_string(slot.real);
@@ -106,12 +106,12 @@ void tellOutcome(const Call& call, std::string& outcome) {
     const host::Type& type = call.function.signature.result;
     if (const host::Array* const array = type.isArray ? host::asArray(call.result.object) : nullptr) {
         for (std::int32_t i = 0; i <= host::upperBound(array); ++i)
-            outcome += told(type.element(), host::elementAt(array, i)) + '\n';
+            outcome += described(type.element(), host::elementAt(array, i)) + '\n';
     } else if (!type.isArray) {
-        outcome += told(type, call.result) + '\n';
+        outcome += described(type, call.result) + '\n';
     }
     for (std::size_t i = 0; i < call.function.arguments.size(); ++i)
-        if (const Slot* const output = call.arguments.output(i)) outcome += told(number, *output) + '\n';
+        if (const Slot* const output = call.arguments.output(i)) outcome += described(number, *output) + '\n';
 }
 
 bool isNull(std::string_view outcome) { return outcome.find_first_not_of('\n') == std::string_view::npos; }
@@ -151,7 +151,7 @@ const char* refusalOf(const Call& call) {
 
 const char* complaintOf(const Call& call, const std::string& outcome) {
     const bool isArray = call.function.signature.result.isArray, isNullResult = isArray || isNull(outcome);
-    const Fault fault = call.traces.struck ? call.plan.fault : Fault::none;
+    const Fault fault = call.traces.injected ? call.plan.fault : Fault::none;
     const int raised = call.traces.raised;
     if (std::current_exception()) return "a handler of a C++ exception was left open";
     if (call.escaped && fault < Fault::hostThrows) return "a C++ exception left the function";
@@ -198,7 +198,7 @@ Verdict callOnce(const Function& function, const Choice& choice, Plan plan, cons
         {
             Call call{function, choice, plan, plain};
             invoke(call);
-            verdict.struck = call.traces.struck;
+            verdict.injected = call.traces.injected;
             verdict.raised = call.traces.raised > 0;
             tellOutcome(call, verdict.outcome);
             verdict.complaint = complaintOf(call, verdict.outcome);

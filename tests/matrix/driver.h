@@ -51,7 +51,7 @@ extern bool hasSibling;
 bool hostCounts();
 
 struct Verdict {
-    bool struck = false;
+    bool injected = false;
     bool raised = false;   // whether a host exception was raised
     std::string complaint; // empty if all promises hold
     // The outcome as words, each followed by a newline: the elements of an array, or the result and the outputs. An empty

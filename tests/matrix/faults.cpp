@@ -13,9 +13,9 @@ namespace matrix {
 
 using namespace chroma;
 
-using host::validator::hasStruck;
+using host::validator::hasInjected;
+using host::validator::injects;
 using host::validator::plannedFault;
-using host::validator::strikes;
 using host::validator::suspensions;
 
 namespace {
@@ -55,18 +55,18 @@ Result failingMethod(id receiver, SEL selector) {
     return Result();
 }
 
-bool strikesMessage() { return strikes(Fault::raise, Fault::answerNil); }
+bool injectsIntoMessage() { return injects(Fault::raise, Fault::answerNil); }
 
 // Guards query the class of a caught object. That is not a message of the function.
-bool strikesMessage(id receiver, SEL selector) {
-    if (suspensions > 0 || hasStruck()) return false;
+bool injectsIntoMessage(id receiver, SEL selector) {
+    if (suspensions > 0 || hasInjected()) return false;
     {
         const Suspension suspension;
         const bool isException = isNSException(receiver);
         if ((isException || receiver == testObject) && selector == sel::isKindOfClass_.get()) return false;
         bridging = bridging || isException || receiver == cls::NSException.get();
     }
-    return strikesMessage();
+    return injectsIntoMessage();
 }
 
 } // namespace
@@ -80,7 +80,7 @@ using namespace chroma;
 
 IMP __real_objc_msg_lookup(id receiver, SEL selector);
 IMP __wrap_objc_msg_lookup(id receiver, SEL selector) {
-    if (!matrix::strikesMessage(receiver, selector)) return __real_objc_msg_lookup(receiver, selector);
+    if (!matrix::injectsIntoMessage(receiver, selector)) return __real_objc_msg_lookup(receiver, selector);
     if (matrix::answersNumber) return reinterpret_cast<IMP>(matrix::failingMethod<CGFloat>);
     return reinterpret_cast<IMP>(matrix::failingMethod<id>);
 }
@@ -88,7 +88,7 @@ IMP __wrap_objc_msg_lookup(id receiver, SEL selector) {
 #define CHROMA_WRAPPED(Result, name, parameters, ...)                                                                       \
     Result __real_##name parameters;                                                                                        \
     Result __wrap_##name parameters {                                                                                       \
-        if (!matrix::strikesMessage()) return __real_##name(__VA_ARGS__);                                                   \
+        if (!matrix::injectsIntoMessage()) return __real_##name(__VA_ARGS__);                                               \
         matrix::fail();                                                                                                     \
         return Result();                                                                                                    \
     }

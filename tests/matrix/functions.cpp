@@ -46,11 +46,11 @@ std::vector<Function> start(double version, const std::vector<std::string>& miss
     missingEntries = {missing.begin(), missing.end()};
     hasSibling = withSibling;
     const host::platform::AutoreleasePool pool;
-    REALPluginMain(host::validator::heardEntry);
+    REALPluginMain(host::validator::observedEntry);
     if (withSibling) {
         void* const library = dlopen(CHROMA_SIBLING, RTLD_NOW | RTLD_LOCAL);
         if (!library) std::abort();
-        reinterpret_cast<REALPluginMainProc>(dlsym(library, "REALPluginMain"))(host::validator::heardEntry);
+        reinterpret_cast<REALPluginMainProc>(dlsym(library, "REALPluginMain"))(host::validator::observedEntry);
     }
     prepareNatives();
     std::vector<Function> functions;

@@ -34,7 +34,7 @@ std::string play(const Configuration& host) {
                       choice.receiver, choice.argument, choice.form, static_cast<int>(plan.fault), plan.at);
         host::validator::step(what);
         const Verdict verdict = call(function, choice, plan, plain);
-        cases += plan.fault == Fault::none || verdict.struck;
+        cases += plan.fault == Fault::none || verdict.injected;
         if (!verdict.complaint.empty()) complaints += "\n    " + (what + (": " + verdict.complaint));
         return verdict;
     };
@@ -49,7 +49,7 @@ std::string play(const Configuration& host) {
         for (const Choice& choice : choicesFor(function)) {
             const Verdict plain = check(function, choice, {});
             for (int kind = 1; kind <= static_cast<int>(last); ++kind)
-                for (Plan plan{static_cast<Fault>(kind), 1}; check(function, choice, plan, &plain).struck;)
+                for (Plan plan{static_cast<Fault>(kind), 1}; check(function, choice, plan, &plain).injected;)
                     ++plan.at;
         }
     if (!isFirstCall && cases < 2000) complaints += "\n    these are few";

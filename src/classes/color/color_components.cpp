@@ -137,7 +137,7 @@ REALarrayDouble* getComponents(REALobjectStruct* object) {
 }
 
 HostColor colorValue(REALobjectStruct* object, REALword) {
-    return answered([&]() -> HostColor {
+    return guardedResult([&]() -> HostColor {
         const id color = nativeObject(object);
         if (!color) return 0;
         CGFloat red = 0, green = 0, blue = 0, alpha = 0;

@@ -26,7 +26,7 @@ bool isAccepted(double value) { return !(value > 2.0 || value < -1.0); }
 // Inside the frame: wraps the colour that `derive` creates from the object's colour.
 template <class Derive>
 REALobjectStruct* derived(REALobjectStruct* object, Derive derive) {
-    return answered([&] {
+    return guardedResult([&] {
         const id color = nativeObject(object);
         return color ? NewNSColorZRX(derive(color)) : nullptr;
     });
@@ -56,7 +56,7 @@ void ConstructorRGB(REALobjectStruct* object, double red, double green, double b
 }
 
 HostInteger getCGColor(REALobjectStruct* object) {
-    return answered([&] { return asHandle(sel::CGColor(nativeObject(object))); });
+    return guardedResult([&] { return asHandle(sel::CGColor(nativeObject(object))); });
 }
 
 REALobjectStruct* DummyException(REALobjectStruct*) { return nullptr; }
@@ -87,11 +87,11 @@ REALobjectStruct* highlightWithLevel(REALobjectStruct* object, double level) {
 }
 
 REALobjectStruct* colorSpace(REALobjectStruct* object) {
-    return answered([&] { return NewNSColorSpaceZRX(sel::colorSpace(nativeObject(object))); });
+    return guardedResult([&] { return NewNSColorSpaceZRX(sel::colorSpace(nativeObject(object))); });
 }
 
 REALobjectStruct* patternImage(REALobjectStruct* object) {
-    return answered([&] { return NewNSImageZRX(sel::patternImage(nativeObject(object))); });
+    return guardedResult([&] { return NewNSImageZRX(sel::patternImage(nativeObject(object))); });
 }
 
 void writeToPasteboard(REALobjectStruct* object) {

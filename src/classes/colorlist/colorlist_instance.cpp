@@ -112,11 +112,11 @@ void removeFile(REALobjectStruct* object) {
 }
 
 HostBoolean isEditable(REALobjectStruct* object) {
-    return answered([&] { return HostBoolean{sel::isEditable(listOf(object)) != 0}; });
+    return guardedResult([&] { return HostBoolean{sel::isEditable(listOf(object)) != 0}; });
 }
 
 REALstringStruct* name(REALobjectStruct* object) {
-    return answered([&] { return NSStringRB(sel::name(listOf(object))); });
+    return guardedResult([&] { return NSStringRB(sel::name(listOf(object))); });
 }
 
 } // namespace chroma::colorlist

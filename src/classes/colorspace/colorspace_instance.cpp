@@ -27,7 +27,7 @@ id newSpace(Message<id(Argument)>& initialiser, Argument argument) {
 }
 
 REALstringStruct* text(REALobjectStruct* object, Message<id()>& message) {
-    return answered([&] { return NSStringRB(message(nativeObject(object))); });
+    return guardedResult([&] { return NSStringRB(message(nativeObject(object))); });
 }
 
 HostInteger integer(REALobjectStruct* object, Message<SpaceInteger()>& message) {
@@ -37,7 +37,7 @@ HostInteger integer(REALobjectStruct* object, Message<SpaceInteger()>& message) 
 }
 
 HostInteger handle(REALobjectStruct* object, Message<const void*()>& message) {
-    return answered([&] { return asHandle(message(nativeObject(object))); });
+    return guardedResult([&] { return asHandle(message(nativeObject(object))); });
 }
 
 } // namespace
@@ -64,7 +64,7 @@ void initWithCGColorSpace(REALobjectStruct* object, HostInteger space) {
 }
 
 REALmemoryBlockStruct* ICCProfileData(REALobjectStruct* object) {
-    return answered([&] { return NSDataRB(sel::ICCProfileData(nativeObject(object))); });
+    return guardedResult([&] { return NSDataRB(sel::ICCProfileData(nativeObject(object))); });
 }
 
 HostInteger colorSyncProfile(REALobjectStruct* object) { return handle(object, sel::colorSyncProfile); }

@@ -19,7 +19,7 @@ namespace {
 // The body of every factory whose space the platform owns.
 template <class Find>
 REALobjectStruct* wrapped(Find find) {
-    return answered([&] {
+    return guardedResult([&] {
         initCocoa();
         return NewNSColorSpaceZRX(find());
     });
@@ -39,7 +39,7 @@ REALobjectStruct* adopt(id space) {
 // The body of every factory that creates its space. `argument` returns the initialiser's argument; null creates no space.
 template <class Parameter, class Argument>
 REALobjectStruct* adopted(Message<id(Parameter)>& initialiser, Argument argument) {
-    return answered([&]() -> REALobjectStruct* {
+    return guardedResult([&]() -> REALobjectStruct* {
         initCocoa();
         const Parameter value = argument();
         return value ? adopt(initialiser(sel::alloc(cls::NSColorSpace), value)) : nullptr;

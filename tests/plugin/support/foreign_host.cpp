@@ -203,15 +203,15 @@ std::int32_t memoryBlockGetSize(REALmemoryBlockStruct* value) { return shownByte
 } // namespace offered
 
 // The words that distinguish calls: numbers and names. Values of the host are omitted.
-std::string told(const char* name) { return name; }
-std::string told(std::int32_t number) { return std::to_string(number); }
-std::string told(std::uint32_t encoding) {
+std::string described(const char* name) { return name; }
+std::string described(std::int32_t number) { return std::to_string(number); }
+std::string described(std::uint32_t encoding) {
     char digits[12];
     std::snprintf(digits, sizeof digits, "%#x", encoding);
     return digits;
 }
 template <class Value>
-std::string told(const Value&) {
+std::string described(const Value&) {
     return "";
 }
 
@@ -234,7 +234,7 @@ struct Observed<place, Result (*)(Arguments...), target> {
         Host& host = Host::instance();
         if (host.trace) {
             std::string words;
-            for (const std::string& word : {std::string(), told(arguments)...})
+            for (const std::string& word : {std::string(), described(arguments)...})
                 if (!word.empty()) words += (words.empty() ? "(" : ", ") + word;
             host.note(name + words + (words.empty() ? "" : ")"));
         }
