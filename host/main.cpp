@@ -17,8 +17,8 @@ namespace {
 using namespace host::commands;
 
 constexpr const char* footer = R"(
-Exit codes: 0 success, 1 a failure that stderr explains, 2 wrong usage, 3 leaks found, 4 nothing tested by validate.
-Interrupted, it ends by the signal.
+Exit codes: 0 success, 1 failure (stderr explains it), 2 wrong usage, 3 leaks found, 4 nothing tested by validate.
+If interrupted, chromahost is terminated by the signal.
 
 Examples:
   chromahost run -e 'Print NSColorZRX.redColor.redComponent'
@@ -45,13 +45,13 @@ public:
         app_.require_subcommand(0, 1);
         app_.fallthrough();
         app_.set_help_all_flag("--help-all", "Print the help of every command");
-        app_.add_flag("--version", showsVersion_, "Print what the host, the platform and the plugin are");
+        app_.add_flag("--version", showsVersion_, "Print the versions and paths of the host, the platform and the plugins");
         mayRepeat(
             app_.add_option("--plugin", start_.plugins, "A plugin library, by default the bundled one; may be repeated")
                 ->default_str("libchromabridge.so"),
             "PATH");
         mayRepeat(app_.add_option("--without", start_.host.without,
-                                  "An entry point that the host shall not have; may be repeated"),
+                                  "An entry point that the host does not provide; may be repeated"),
                   "NAME");
         app_.add_option("--host-version", start_.host.version,
                         "The version that the host reports, which decides the record layout")
@@ -114,8 +114,9 @@ private:
     }
 
     void addSibling(CLI::App* command) {
-        command->add_flag("--no-sibling", start_.noSibling,
-                          "Leave the sibling plugin out, which has NSExceptionZRX, NSImageZRX and the instance registry");
+        command->add_flag(
+            "--no-sibling", start_.noSibling,
+            "Do not load the sibling plugin, which provides NSExceptionZRX, NSImageZRX and the instance registry");
     }
 
     void addText(CLI::App* command, std::vector<std::string>& lines, const char* description) {
@@ -132,11 +133,11 @@ private:
                                       [this] { return run(start_, running_); });
         Program& program = running_.program;
         command->add_option("FILE", program.file, "The program; - for standard input");
-        addText(command, program.text, "A line of the program, in place of a file; may be repeated");
+        addText(command, program.text, "A line of the program, instead of a file; may be repeated");
         command->add_option("ARGUMENTS", program.arguments,
-                            "What the function Arguments returns; after -- also what looks like an option");
+                            "The values that the function Arguments returns; after --, they may look like options");
         addSibling(command);
-        command->add_flag("--check-leaks", running_.checkLeaks, "Fail when host objects or strings are left at the end");
+        command->add_flag("--check-leaks", running_.checkLeaks, "Fail if host objects or strings remain at the end");
     }
 
     void addCheck() {
@@ -145,9 +146,9 @@ private:
                                       "  chromahost check --json - < program.bas",
                                       [this] { return check(start_, checking_, json_); });
         mustNotBeEmpty(command->add_option("FILES", checking_.files, "The programs; - for standard input"));
-        addText(command, checking_.text, "A line of one more program; may be repeated");
+        addText(command, checking_.text, "A line of an additional program; may be repeated");
         addSibling(command);
-        command->add_flag("--json", json_, "As JSON on standard output");
+        command->add_flag("--json", json_, "Print JSON on standard output");
     }
 
     void addRepl() {
@@ -162,56 +163,56 @@ private:
                                       "  chromahost records --host-version 2011.0\n"
                                       "  chromahost records --plugin ./libmine.so --json",
                                       [this] { return records(start_, json_); });
-        command->add_flag("--json", json_, "As JSON");
+        command->add_flag("--json", json_, "Print JSON");
     }
 
     void addBrowse() {
-        CLI::App* const command =
-            add("browse", "Show what there is, a class, a member, a function or a keyword, and what it is for",
-                "  chromahost browse\n"
-                "  chromahost browse NSColorZRX getRGB\n"
-                "  chromahost browse NSColorZRX --markdown > NSColorZRX.md",
-                [this] { return browse(start_, browsing_); });
-        mustNotBeEmpty(command->add_option("NAME", browsing_.name,
-                                           "A class, a function or another word; without one all that there is"));
+        CLI::App* const command = add("browse", "Describe a class, a member, a function or a keyword, or list everything",
+                                      "  chromahost browse\n"
+                                      "  chromahost browse NSColorZRX getRGB\n"
+                                      "  chromahost browse NSColorZRX --markdown > NSColorZRX.md",
+                                      [this] { return browse(start_, browsing_); });
+        mustNotBeEmpty(
+            command->add_option("NAME", browsing_.name, "A class, a function or another word; lists everything if omitted"));
         CLI::Option* const member =
             command->add_option("MEMBER", browsing_.member, "A property, method or constant of the class");
         mustNotBeEmpty(member);
         CLI::Option* const markdown =
-            command->add_flag("--markdown", browsing_.markdown, "Everything, or a class, as a Markdown page")
+            command->add_flag("--markdown", browsing_.markdown, "Describe everything, or one class, as a Markdown page")
                 ->excludes(member);
-        command->add_flag("--json", browsing_.json, "As JSON")->excludes(markdown);
+        command->add_flag("--json", browsing_.json, "Print JSON")->excludes(markdown);
     }
 
     void addSwatches() {
-        CLI::App* const command = add("swatches", "Show the system's colours, those of a list, or one in every space",
-                                      "  chromahost swatches\n"
-                                      "  chromahost swatches --dark system.png\n"
-                                      "  chromahost swatches --list harbour.clr --key sand --key sea harbour.svg\n"
-                                      "  chromahost swatches --spaces 'color(display-p3 1 0.5 0)'\n"
-                                      "  chromahost swatches --format png - | display",
-                                      [this] { return swatches(start_, drawing_); });
+        CLI::App* const command =
+            add("swatches", "Show the system's colours, the colours of a list, or one colour in every space",
+                "  chromahost swatches\n"
+                "  chromahost swatches --dark system.png\n"
+                "  chromahost swatches --list harbour.clr --key sand --key sea harbour.svg\n"
+                "  chromahost swatches --spaces 'color(display-p3 1 0.5 0)'\n"
+                "  chromahost swatches --format png - | display",
+                [this] { return swatches(start_, drawing_); });
         mustNotBeEmpty(command->add_option(
-            "PICTURE", drawing_.picture,
-            "The file to write, .svg or .png; - for standard output; without one, text for the terminal"));
-        command->add_option("--format", drawing_.form, "What to write: svg, png or text")
+            "PICTURE", drawing_.picture, "The file to write, .svg or .png; - for standard output; prints text if omitted"));
+        command->add_option("--format", drawing_.form, "The output format: svg, png or text")
             ->type_name("FORM")
             ->check(CLI::IsMember({"svg", "png", "text"}).description(""));
         CLI::Option* const list =
-            command->add_option("--list", drawing_.list, "The colours of the list in this file")->type_name("FILE");
+            command->add_option("--list", drawing_.list, "Show the colours of the list in this file")->type_name("FILE");
         mustNotBeEmpty(list);
         CLI::Option* const key =
-            command->add_option("--key", drawing_.keys, "Only the colour under this key of the list; may be repeated");
+            command->add_option("--key", drawing_.keys, "Show only the colour with this key of the list; may be repeated");
         mayRepeat(key, "NAME");
         key->needs(list);
         mustNotBeEmpty(
             command
-                ->add_option("--spaces", drawing_.color,
-                             "This colour in every space: #F80, orange, rgb(255 128 0 / 50%), color(display-p3 1 0.5 0), "
-                             "oklch(70% 0.2 50), redColor")
+                ->add_option(
+                    "--spaces", drawing_.color,
+                    "Show this colour in every space: #F80, orange, rgb(255 128 0 / 50%), color(display-p3 1 0.5 0), oklch(70% "
+                    "0.2 50), redColor")
                 ->type_name("COLOR")
                 ->excludes(list));
-        command->add_flag("--dark", drawing_.dark, "On a dark page");
+        command->add_flag("--dark", drawing_.dark, "Use a dark page");
     }
 
     void addValidate() {
@@ -230,26 +231,30 @@ private:
         CLI::Option* const plugin =
             command->add_option("PLUGIN", validating_.plugin, "The plugin library, by default the bundled one");
         mustNotBeEmpty(plugin);
-        mayRepeat(command->add_option("--only", validating_.only, "Only the check of this name; may be repeated"), "NAME");
-        mayRepeat(command->add_option("--skip", validating_.skip, "Not the check of this name; may be repeated"), "NAME");
-        command->add_option("--timeout", validating_.timeout, "How long one call may take; ten minutes is the limit for all")
+        mayRepeat(command->add_option("--only", validating_.only, "Run only the check with this name; may be repeated"),
+                  "NAME");
+        mayRepeat(command->add_option("--skip", validating_.skip, "Skip the check with this name; may be repeated"), "NAME");
+        command
+            ->add_option("--timeout", validating_.timeout,
+                         "The time limit of one call; the limit of the complete run is ten minutes")
             ->type_name("SECONDS")
             ->check(CLI::Range(0.001, 600.0).description(""))
             ->capture_default_str();
         CLI::Option* const call =
             command
                 ->add_option("--call", validating_.call,
-                             "Only call this function, Class.member/COUNT, with every kind of argument")
+                             "Call only this function, Class.member/COUNT, with every kind of argument")
                 ->type_name("FUNCTION");
-        command->add_flag("--in-process", validating_.inProcess, "Call it in this process, for a debugger")->needs(call);
-        command->add_flag("--list", validating_.list, "List the checks and what they demand")->excludes(plugin);
-        CLI::Option* const json = command->add_flag("--json", validating_.json, "As JSON")->excludes(call);
-        command->add_flag("--junit", validating_.junit, "As XML in the form of JUnit")->excludes(json)->excludes(call);
+        command->add_flag("--in-process", validating_.inProcess, "Call the function in this process, for a debugger")
+            ->needs(call);
+        command->add_flag("--list", validating_.list, "List the checks and their requirements")->excludes(plugin);
+        CLI::Option* const json = command->add_flag("--json", validating_.json, "Print JSON")->excludes(call);
+        command->add_flag("--junit", validating_.junit, "Print JUnit XML")->excludes(json)->excludes(call);
         addSibling(command);
     }
 
     void addGrammar() {
-        add("grammar", "Print the language's grammar for editors, in the form of TextMate",
+        add("grammar", "Print the language's grammar for editors, in TextMate format",
             "  chromahost grammar > chromabridge.tmLanguage.json", [this] { return grammar(start_); });
     }
 
@@ -308,7 +313,7 @@ private:
         return all;
     }
 
-    CLI::App app_{"Loads a plugin as its host would and runs programs of the host language with it.", "chromahost"};
+    CLI::App app_{"Loads a plugin as its host does, and runs programs in the host language with it.", "chromahost"};
     std::map<const CLI::App*, std::function<int()>> actions_;
     std::map<const CLI::App*, std::string> examples_;
     Start start_;
