@@ -97,8 +97,8 @@ TEST_F(Swatches, FitTheTerminal) {
 
 TEST_F(Swatches, DrawThePictureAsPNG) {
     const Picture page = drawn(colorInSpaces("#336699"), darkTheme);
-    if (sizeof(void*) == 4) {
-        EXPECT_THROW(pngOf(page), std::invalid_argument);
+    if (!CHROMA_DRAWS_PNG) {
+        EXPECT_THROW(pngOf(page), std::exception);
         return;
     }
     const std::string png = pngOf(page);
