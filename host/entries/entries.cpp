@@ -4,6 +4,7 @@
 #include "builtins/memory_blocks.h"
 #include "model/arrays.h"
 #include "model/exceptions.h"
+#include "model/record_writing.h"
 #include "values/platform.h"
 #include "values/strings.h"
 

@@ -137,9 +137,10 @@ Operand ExpressionChecker::comparison(Operator operation, Value left, Value righ
         CodePtr first = convert(std::move(left.code), left.type, variant, offset);
         return compared(Kind::variant, std::move(first), convert(std::move(right.code), right.type, variant, offset));
     }
-    if (identity && left.type.isArray && right.type.isArray && operation != Operator::is)
+    if (identity && left.type.isArray && right.type.isArray && operation != Operator::is) {
         diagnostics_.warn(offset,
                           "this compares whether both are the same array, not their elements; 'Is' says that it shall");
+    }
     if (identity && left.type.isObjectReference() && right.type.isObjectReference())
         return compared(Kind::object, std::move(left.code), std::move(right.code));
     if (operation == Operator::is)
