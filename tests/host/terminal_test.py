@@ -1,10 +1,11 @@
 """terminal_test.py CHROMAHOST... types at the prompt and in shells on a terminal and reads the screen."""
-import fcntl, os, pty, re, select, shutil, struct, subprocess, sys, tempfile, termios, time
+import fcntl, os, pty, re, select, shutil, signal, struct, subprocess, sys, tempfile, termios, time
 
 UP, DOWN, CTRL_D = "\x1b[A", "\x1b[B", "\x04"
 
 
 folder = tempfile.mkdtemp()
+signal.alarm(900)  # a program that neither prints nor ends fails the test
 
 
 class Terminal:
@@ -17,21 +18,22 @@ class Terminal:
             os.execvp(command[0], command)
         self.until(prompt)
 
-    def until(self, wanted):
-        """Reads until the text is on the screen, and returns all that was read, without control sequences."""
-        read, shown, end = "", "", time.monotonic() + 60
-        while wanted not in shown:
+    def until(self, wanted, last=""):
+        """Reads until the screen has one text and ends with the other, and returns what it shows since the last call. Keys
+        that arrive before a prompt is ready would be handled by the terminal, not by the program."""
+        read, shown, end = "", "", time.monotonic() + 120
+        while wanted not in shown or not shown.endswith(last):
             if not select.select([self.screen], [], [], max(0.0, end - time.monotonic()))[0]:
-                sys.exit(f"no {wanted!r} in {read!r}")
+                sys.exit(f"no {wanted!r} that {last!r} follows in {read!r}")
             read += os.read(self.screen, 65536).decode()
             shown = re.sub("\x1b\\[[0-9;?]*[A-Za-z]|[\r\a]", "", read)
             shown = re.sub(".\x08", "", shown)
         self.drawn = len(read)
         return shown
 
-    def type(self, keys, wanted):
+    def type(self, keys, wanted, last="> "):
         os.write(self.screen, keys.encode())
-        return self.until(wanted)
+        return self.until(wanted, last)
 
     def exit_code(self):
         return os.waitstatus_to_exitcode(os.waitpid(self.pid, 0)[1])
@@ -44,9 +46,9 @@ def check(holds, what):
 
 # Ctrl-D cancels a block, and leaves the prompt after that.
 terminal = Terminal()
-terminal.type("While True\r", "| ")
-terminal.type("Print 1\r", "| ")
-terminal.type(CTRL_D, "> ")
+terminal.type("While True\r", "\n", "| ")
+terminal.type("Print 1\r", "\n", "| ")
+terminal.type(CTRL_D, "\n")
 terminal.type("40 + 2\r", "\n42\n")
 os.write(terminal.screen, CTRL_D.encode())
 check(terminal.exit_code() == 0, "Ctrl-D does not leave the prompt")
@@ -59,14 +61,14 @@ check(max(map(len, page.splitlines())) <= 50, page)
 # Up and Down move within a recalled block first.
 terminal.type("1000 + 1\r", "1001")
 for line in "If True Then", "Print 3":
-    terminal.type(line + "\r", "| ")
+    terminal.type(line + "\r", "\n", "| ")
 terminal.type("End If\r", "\n3\n")
 terminal.type(3 * UP + DOWN + "9\r", "\n93\n")
 terminal.type(7 * UP + "0\r", "\n1010\n")
 
 # A pasted block is drawn once.
 pasted = "\r".join(["If True Then", *("Print " + str(line) for line in range(500)), "End If"])
-terminal.type("\x1b[200~" + pasted + "\x1b[201~", "End If")
+terminal.type("\x1b[200~" + pasted + "\x1b[201~", "End If", "")
 check(terminal.drawn < 1.2 * len(pasted), f"{terminal.drawn} characters drawn of {len(pasted)}")
 terminal.type("\r", "\n499\n")
 # A page is printed if its pager cannot be started.
@@ -87,6 +89,6 @@ for shell, script in ("bash", "_chromahost"), ("zsh", "_chromahost"):
     terminal.type(f"cd {folder}; {load} ./{script}; PS1=do'ne> '\r", "done> ")
     for typed, completed in ("run a\tf\t", "run a\\ folder/first\\ program.bas"), ("browse NSColorLis\tcolorW\t", "ListZRX colorWithKey"), \
                             ("swatches --format=s\t", "--format=svg"), ("--host-v\t", "--host-version"):
-        terminal.type("chromahost " + typed, completed)
-        terminal.type("\x15\r", "done> ")
+        terminal.type("chromahost " + typed, completed, "")
+        terminal.type("\x15\r", "\n", "done> ")
 print("typed")
