@@ -20,19 +20,19 @@ function(chroma_form_tool name variable test)
     endif()
 endfunction()
 
-chroma_form_tool(clang-format CHROMA_CLANG_FORMAT IsThatOfClangFormat)
+chroma_form_tool(clang-format CHROMA_CLANG_FORMAT MatchesClangFormat)
 if(CHROMA_CLANG_FORMAT)
-    add_test(NAME form.IsThatOfClangFormat
+    add_test(NAME form.MatchesClangFormat
              COMMAND ${CMAKE_COMMAND} -DCLANG_FORMAT=${CHROMA_CLANG_FORMAT} ${tree} -P ${checks}/format_check.cmake)
 endif()
-add_test(NAME form.IncludesFollowTheirArrows COMMAND ${CMAKE_COMMAND} ${tree} -P ${checks}/includes_check.cmake)
-add_test(NAME form.DangersHaveTheirPlace COMMAND ${CMAKE_COMMAND} ${tree} -P ${checks}/dangers_check.cmake)
+add_test(NAME form.IncludesFollowTheDocumentedDirections COMMAND ${CMAKE_COMMAND} ${tree} -P ${checks}/includes_check.cmake)
+add_test(NAME form.CastsAndJumpsAreConfined COMMAND ${CMAKE_COMMAND} ${tree} -P ${checks}/dangers_check.cmake)
 
-chroma_form_tool(clang-tidy CHROMA_CLANG_TIDY IsTidy)
-set(test form.FilesCompileSingly)
+chroma_form_tool(clang-tidy CHROMA_CLANG_TIDY PassesClangTidy)
+set(test form.FilesCompileSeparately)
 set(CMAKE_CXX_COMPILE_OBJECT "<CMAKE_CXX_COMPILER> <DEFINES> <INCLUDES> <FLAGS> -fsyntax-only <SOURCE>" "touch <OBJECT>")
 if(CHROMA_CLANG_TIDY)
-    set(test form.IsTidy)
+    set(test form.PassesClangTidy)
     set(CMAKE_CXX_COMPILE_OBJECT
         "<CMAKE_CXX_COMPILER> <DEFINES> <INCLUDES> <FLAGS> -E <SOURCE> -o <OBJECT>" # lists the file's includes for ninja
         "${CHROMA_CLANG_TIDY} --quiet --config-file=${PROJECT_SOURCE_DIR}/.clang-tidy <SOURCE> -- <DEFINES> <INCLUDES> <FLAGS>")

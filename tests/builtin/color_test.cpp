@@ -27,7 +27,7 @@ id deviceCMYK(float cyan, float magenta, float yellow, float black, float alpha)
 
 } // namespace
 
-TEST_F(Colors, AnswerTheComponentsOfTheirFamilyAlone) {
+TEST_F(Colors, RespondOnlyToComponentsOfTheirSpace) {
     const std::string rgb = ": red green blue hue saturation brightness alpha";
     const std::pair<id, std::string> cases[] = {
         {calibratedRGB(1, 0, 0), "NSCalibratedRGBColorSpace" + rgb},
@@ -50,7 +50,7 @@ TEST_F(Colors, AnswerTheComponentsOfTheirFamilyAlone) {
     }
 }
 
-TEST_F(Colors, RefuseWhatTheirKindDoesNotHave) {
+TEST_F(Colors, RaiseForUnsupportedMessages) {
     const id grey = calibratedWhite(0.5f, 1), catalog = color("controlColor"), red = color("redColor");
     id exception = nullptr;
     {
@@ -93,7 +93,7 @@ TEST_F(Colors, RefuseWhatTheirKindDoesNotHave) {
     }
 }
 
-TEST_F(Colors, AreDescribedByTheirSpaceAndSixDigitsOfEachComponent) {
+TEST_F(Colors, DescriptionsHaveTheSpaceAndSixDigitsPerComponent) {
     const auto fromHue = [](CGFloat hue, CGFloat saturation, CGFloat brightness) {
         return color("colorWithCalibratedHue:saturation:brightness:alpha:", hue, saturation, brightness, 1.f);
     };
@@ -136,7 +136,7 @@ TEST_F(Colors, AreDescribedByTheirSpaceAndSixDigitsOfEachComponent) {
     }
 }
 
-TEST_F(Colors, AreEqualWhenSpaceAndComponentsAre) {
+TEST_F(Colors, CompareEqualIfSpaceAndComponentsAreEqual) {
     const id rgb = calibratedRGB(1, 0.5f, 0), catalog = color("textColor"), tile = image(), pattern = patternOf(tile);
     const id strange = calibratedRGB(std::numeric_limits<float>::quiet_NaN(), 0, 0);
     EXPECT_TRUE(isEqual(strange, strange));
@@ -156,7 +156,7 @@ TEST_F(Colors, AreEqualWhenSpaceAndComponentsAre) {
 }
 
 // The values of macOS 11, as designers publish them.
-TEST_F(Colors, OfTheCatalogLookAsInTheChosenAppearance) {
+TEST_F(Colors, MatchPublishedCatalogValuesInBothAppearances) {
     const struct {
         const char* name;
         std::vector<float> light, dark; // 8-bit sRGB and alpha
@@ -178,7 +178,7 @@ TEST_F(Colors, OfTheCatalogLookAsInTheChosenAppearance) {
     EXPECT_EQ(send<CGFloat>(patternOf(image()), "alphaComponent"), 1);
 }
 
-TEST_F(Colors, OfEveryKindGoOverThePasteboard) {
+TEST_F(Colors, RoundTripThroughThePasteboard) {
     const id pasteboard = sendClass("NSPasteboard", "generalPasteboard");
     for (const id copied : {calibratedRGB(0.1f, 2, -1, 0.5f), color("textColor"), patternOf(image())}) {
         send<void>(copied, "writeToPasteboard:", pasteboard);

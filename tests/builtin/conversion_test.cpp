@@ -14,7 +14,7 @@ id blend(id color, float fraction, id other) { return send(color, "blendedColorW
 
 } // namespace
 
-TEST_F(Conversions, MatchPublishedNumbers) {
+TEST_F(Conversions, MatchPublishedValues) {
     const id srgb = standardSpace("sRGBColorSpace"), p3 = standardSpace("displayP3ColorSpace");
     const id brown = colorIn(srgb, {0.8f, 0.5f, 0.25f, 0.75f});
     const struct {
@@ -50,7 +50,7 @@ TEST_F(Conversions, MatchPublishedNumbers) {
     EXPECT_GT(selection.at(2), selection.at(0)) << "a selection is bluish";
 }
 
-TEST_F(Conversions, KeepGreysGreyAndComeBackWithinTheGamut) {
+TEST_F(Conversions, KeepGreysNeutralAndRoundTripWithinTheGamut) {
     constexpr const char* spaces[] = {"displayP3ColorSpace", "adobeRGB1998ColorSpace", "deviceRGBColorSpace",
                                       "genericRGBColorSpace", "sRGBColorSpace"};
     for (const float white : {0.f, 0.1f, 1 / 3.f, 0.5f, 0.7f, 1.f}) {
@@ -75,7 +75,7 @@ TEST_F(Conversions, KeepGreysGreyAndComeBackWithinTheGamut) {
     expectNear(componentsOf(travelling), {0.8f, 0.5f, 0.25f, 1}, 1e-6);
 }
 
-TEST_F(Conversions, AnswerTheReceiverWhenThereIsNothingToDoAndNilWhenNothingCanBeDone) {
+TEST_F(Conversions, ReturnTheReceiverOrNilIfNothingIsConverted) {
     const id rgb = calibratedRGB(1, 0.5f, 0), catalog = color("controlColor");
     const id custom = colorIn(standardSpace("sRGBColorSpace"), {0, 0, 0, 1});
     const id pattern = color("colorWithPatternImage:", made("NSImage", "init"));
@@ -98,7 +98,7 @@ TEST_F(Conversions, AnswerTheReceiverWhenThereIsNothingToDoAndNilWhenNothingCanB
         EXPECT_EQ(named(color, name), expected) << textOf(color) << " to " << name;
 }
 
-TEST_F(Conversions, DerivedColorsMixInCalibratedRGB) {
+TEST_F(Conversions, DerivedColorsAreMixedInCalibratedRGB) {
     const id rgb = calibratedRGB(1, 0.5f, 0, 0.5f), white = color("whiteColor"), text = color("textColor");
     const id pattern = color("colorWithPatternImage:", made("NSImage", "init"));
     const std::pair<id, const char*> cases[] = {

@@ -64,7 +64,7 @@ const char* const limitsInUtf8 =
 
 } // namespace
 
-TEST_F(Strings, AreReadInEveryEncoding) {
+TEST_F(Strings, DecodeBytesInEveryEncoding) {
     const std::u16string text = u"a\u00E9\u20AC\U0001F600z";
     const std::u16string limits = u"\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF";
     // A byte order mark counts only in an external representation. Without a mark, the text is in the machine's byte order.
@@ -104,7 +104,7 @@ TEST_F(Strings, AreReadInEveryEncoding) {
         EXPECT_EQ(CFStringCreateWithBytes(nullptr, nullptr, count, utf8, 0), nullptr);
 }
 
-TEST_F(Strings, AreWrittenWhereTheyFit) {
+TEST_F(Strings, EncodeCompletelyOrFail) {
     const std::tuple<std::u16string, CFStringEncoding, const char*> cases[] = {
         {u"\u20AC", macRoman, "\xDB"},
         {u"\u20AC", windowsLatin1, "\x80"},
@@ -138,7 +138,7 @@ TEST_F(Strings, AreWrittenWhereTheyFit) {
     EXPECT_FALSE(CFStringGetCString(fromUnits(u""), nullptr, 1, utf8));
 }
 
-TEST_F(Strings, AreWrittenInPartsToBytes) {
+TEST_F(Strings, EncodeAsManyCharactersAsFit) {
     // The encoding, the capacity, and the number of units and bytes written.
     const std::tuple<CFStringEncoding, CFIndex, CFIndex, CFIndex> cases[] = {
         {utf8, 6, 4, 6},    {utf8, 5, 3, 5},   {utf8, 4, 1, 1},     {utf16, 8, 4, 8}, {utf16, 5, 1, 2},
@@ -185,7 +185,7 @@ TEST_F(Strings, CompareByContents) {
     EXPECT_TRUE(raises("NSRangeException", [&] { send<char16_t>(first, "characterAtIndex:", std::uintptr_t{3}); }));
 }
 
-TEST_F(URLs, NameTheirPath) {
+TEST_F(URLs, ReturnTheirFileSystemPath) {
     const std::pair<const char*, std::vector<const char*>> urls[] = {
         {"/a/b c/\xC3\xA9.icc", {"file:///a/b%20c/%C3%A9.icc"}},
         {"/a/b", {"file://localhost/a/b/?query#part"}},
@@ -205,7 +205,7 @@ TEST_F(URLs, NameTheirPath) {
     EXPECT_EQ(CFURLCreateWithFileSystemPath(nullptr, string("/a"), 2, 0), nullptr) << "another style than POSIX";
 }
 
-TEST_F(Collections, DataOwnsACopyOfItsBytesAndReadsWholeFiles) {
+TEST_F(Collections, DataCopiesItsBytesAndReadsCompleteFiles) {
     std::string contents(50000, 'c');
     const id data = dataOf(contents), none = sendClass("NSData", "data");
     contents[0] = 'x';
@@ -227,7 +227,7 @@ TEST_F(Collections, DataOwnsACopyOfItsBytesAndReadsWholeFiles) {
     EXPECT_EQ(sendClass("NSData", "dataWithContentsOfFile:", id{}), nullptr);
 }
 
-TEST_F(Collections, ArraysHoldTheirObjectsInOrder) {
+TEST_F(Collections, ArraysKeepObjectsInOrder) {
     const id objects[] = {string("a"), string("b"), string("a"), nullptr};
     const auto arrayOf = [&](std::uintptr_t count) {
         return sendClass("NSArray", "arrayWithObjects:count:", &objects[0], count);
@@ -242,7 +242,7 @@ TEST_F(Collections, ArraysHoldTheirObjectsInOrder) {
     EXPECT_EQ(send(enumerator, "nextObject"), nullptr);
 }
 
-TEST_F(Collections, DictionariesKeepTheLatestValueOfAPlainPointer) {
+TEST_F(Collections, DictionariesReturnTheLatestValueOfAPointerKey) {
     const CFMutableDictionaryRef dictionary = CFDictionaryCreateMutable(nullptr, 0, nullptr, nullptr);
     std::map<const void*, const void*> expected;
     static const char keys[500] = {};

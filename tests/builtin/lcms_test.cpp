@@ -15,7 +15,7 @@
 using namespace chroma;
 using namespace chroma::test;
 
-using OtherEngine = PlatformTest;
+using LittleCMS = PlatformTest;
 
 namespace {
 
@@ -193,7 +193,7 @@ Profile tableProfile(const Kind& kind) {
 
 } // namespace
 
-TEST_F(OtherEngine, AcceptsThePlatformsProfilesAndConvertsAlike) {
+TEST_F(LittleCMS, ReadsThePlatformsProfilesAndAgreesOnConversions) {
     constexpr const char* profiled[] = {"genericRGBColorSpace",   "genericGrayColorSpace",        "sRGBColorSpace",
                                         "adobeRGB1998ColorSpace", "genericGamma22GrayColorSpace", "displayP3ColorSpace",
                                         "genericCMYKColorSpace"};
@@ -217,7 +217,7 @@ TEST_F(OtherEngine, AcceptsThePlatformsProfilesAndConvertsAlike) {
 }
 
 // The profiles of Debian's icc-profiles-free, colord-data, libgs-common and krita-data.
-TEST_F(OtherEngine, ConvertsByEveryRealProfileAlike) {
+TEST_F(LittleCMS, AgreesOnConversionsByEveryInstalledProfile) {
     const Side srgb("sRGBColorSpace");
     int count = 0;
     for (const auto& entry : std::filesystem::recursive_directory_iterator("/usr/share/color/icc")) {
@@ -248,7 +248,7 @@ TEST_F(OtherEngine, ConvertsByEveryRealProfileAlike) {
     EXPECT_GE(count, 78);
 }
 
-TEST_F(OtherEngine, ConvertsByTablesOfEveryKindAlike) {
+TEST_F(LittleCMS, AgreesOnConversionsByTablesOfEveryKind) {
     cmsSetLogErrorHandler([](cmsContext, cmsUInt32Number, const char* text) { ADD_FAILURE() << text; });
     const Side srgb("sRGBColorSpace");
     cmsUInt32Number count = 0;

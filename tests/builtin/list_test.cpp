@@ -82,7 +82,7 @@ protected:
     id list = newList("Mine"), red = color("redColor"), blue = color("blueColor");
 };
 
-TEST_F(ColorLists, KeepTheOrderOfInsertion) {
+TEST_F(ColorLists, KeepInsertionOrder) {
     EXPECT_EQ(textOf(send(list, "name")), "Mine");
     EXPECT_TRUE(send<BOOL>(list, "isEditable"));
     for (const char* const key : {"a", "b", "c"})
@@ -104,7 +104,7 @@ TEST_F(ColorLists, KeepTheOrderOfInsertion) {
     EXPECT_EQ(keysOf(list), "a b c ");
 }
 
-TEST_F(ColorLists, RefuseWhatTheyCannotHold) {
+TEST_F(ColorLists, RaiseForInvalidChanges) {
     EXPECT_TRUE(raises("NSRangeException", [&] { insert(list, red, "a", 1); }));
     EXPECT_TRUE(raises("NSRangeException", [&] { insert(list, red, "a", std::numeric_limits<std::uintptr_t>::max()); }));
     EXPECT_TRUE(refuses([&] { set(list, nullptr, "a"); }));
@@ -125,7 +125,7 @@ TEST_F(ColorLists, RefuseWhatTheyCannotHold) {
     }
 }
 
-TEST_F(ColorLists, ComeBackFromTheirFileBitForBit) {
+TEST_F(ColorLists, RoundTripThroughFilesBitForBit) {
     const id image = made("NSImage", "initWithSize:", Size{8, CGFloat(0.1)});
     const id inks = made("NSColorSpace", "initWithICCProfileData:", dataOf(profile("6CLR", {{"desc", plainText("Inks")}})));
     const float inf = std::numeric_limits<float>::infinity(), tiny = std::numeric_limits<float>::denorm_min();
@@ -163,7 +163,7 @@ TEST_F(ColorLists, ComeBackFromTheirFileBitForBit) {
     EXPECT_NE(contentsOf(file).find("\"tiles\" pattern 41000000 "), std::string::npos) << "a float takes 32 bits";
 }
 
-TEST_F(ColorLists, AreSavedUnderTheirNameWhereNoFileIsNamed) {
+TEST_F(ColorLists, SaveUnderTheirNameIfNoPathIsGiven) {
     constexpr const char* name = "Caf\xC3\xA9";
     const id cafe = newList(name);
     set(cafe, red, "a");
@@ -192,7 +192,7 @@ TEST_F(ColorLists, AreSavedUnderTheirNameWhereNoFileIsNamed) {
     EXPECT_EQ(sendClass("NSColorList", "colorListNamed:", id{}), nullptr);
 }
 
-TEST_F(ColorLists, LeaveWhatTheirFileIsAsItWas) {
+TEST_F(ColorLists, KeepLinksPermissionsAndOwnersOfFiles) {
     const fs::path link = folder / "link.clr";
     ASSERT_TRUE(write(list, file));
     fs::create_symlink(file, link);
@@ -232,7 +232,7 @@ TEST_F(ColorLists, LeaveWhatTheirFileIsAsItWas) {
     EXPECT_TRUE(raises("NSColorListNotEditableException", [&] { remove(read, "a"); }));
 }
 
-TEST_F(ColorLists, OfTheUserAreSharedWhileTheyAreHeld) {
+TEST_F(ColorLists, AreSharedByNameWhileRetained) {
     set(list, color("textColor"), "a");
     ASSERT_TRUE(send<BOOL>(list, "writeToFile:", id{}));
     const id shared = listNamed("Mine");
@@ -246,7 +246,7 @@ TEST_F(ColorLists, OfTheUserAreSharedWhileTheyAreHeld) {
     EXPECT_EQ(listNamed("Mine"), nullptr);
 }
 
-TEST_F(ColorLists, LeaveTheOldFileWhenWritingFails) {
+TEST_F(ColorLists, KeepTheOldFileIfWritingFails) {
     set(list, red, "a");
     ASSERT_TRUE(write(list, file));
     const std::string old = contentsOf(file);
@@ -300,7 +300,7 @@ TEST_F(ColorLists, LeaveTheOldFileWhenWritingFails) {
     EXPECT_EQ(fileCount(), 1);
 }
 
-TEST_F(ColorLists, AreNotReadFromMalformedFiles) {
+TEST_F(ColorLists, RejectMalformedFiles) {
     set(list, calibratedRGB(0.1f, 0.2f, 0.3f), "a");
     set(list, colorIn(standardSpace("sRGBColorSpace"), {0.1f, 0.2f, 0.3f, 1}), "b\n");
     set(list, color("textColor"), "c");

@@ -31,7 +31,7 @@ std::string linearRGB() {
 
 } // namespace
 
-TEST_F(Profiles, OfStandardSpacesComeBackAsEqualSpacesAndHoldAllOfThem) {
+TEST_F(Profiles, RecreateEqualStandardSpaces) {
     for (const char* const message :
          {"genericRGBColorSpace", "genericGrayColorSpace", "sRGBColorSpace", "adobeRGB1998ColorSpace",
           "genericGamma22GrayColorSpace", "displayP3ColorSpace", "genericCMYKColorSpace"}) {
@@ -62,7 +62,7 @@ TEST_F(Profiles, OfStandardSpacesComeBackAsEqualSpacesAndHoldAllOfThem) {
         EXPECT_EQ(send(standardSpace("deviceRGBColorSpace"), message), nullptr);
 }
 
-TEST_F(Profiles, ConvertAsTheirTagsSay) {
+TEST_F(Profiles, ConvertByTheirCurvesAndMatrices) {
     const id linear = spaceFrom(linearRGB());
     EXPECT_EQ(nameOf(linear), "Linear");
     expectNear(componentsOf(inSpace(colorIn(linear, {0.5f, 0.2f, 0.002f, 0.25f}), "sRGBColorSpace")),
@@ -101,7 +101,7 @@ TEST_F(Profiles, ConvertAsTheirTagsSay) {
 
 // The expected values are the output of Little CMS's transicc for the press profile that Ghostscript ships: perceptual
 // intent, 8-bit sRGB and percent.
-TEST_F(Profiles, OfAPressConvertByTheirTables) {
+TEST_F(Profiles, ConvertPressColorsLikeTransicc) {
     std::ostringstream bytes;
     bytes << std::ifstream("/usr/share/color/icc/ghostscript/default_cmyk.icc", std::ios::binary).rdbuf();
     const id press = spaceFrom(bytes.str());
@@ -128,7 +128,7 @@ TEST_F(Profiles, OfAPressConvertByTheirTables) {
     }
 }
 
-TEST_F(Profiles, ConvertInTheDirectionsThatTheyTell) {
+TEST_F(Profiles, ConvertOnlyInSupportedDirections) {
     // mAB and mBA tables with only curves, at offset 32: three identities.
     const auto curvesOnly = [](const char* type) {
         const std::string curve = sampledCurve({});
@@ -167,7 +167,7 @@ TEST_F(Profiles, ConvertInTheDirectionsThatTheyTell) {
     EXPECT_EQ(send(white, "colorUsingColorSpace:", flat), nullptr);
 }
 
-TEST_F(Profiles, WithFlatEndsKeepWhiteAndBlack) {
+TEST_F(Profiles, KeepWhiteAndBlackWithFlatCurveEnds) {
     const std::string curve = sampledCurve({0, 0, 0.3, 1, 1});
     const id knee = spaceFrom(profile("GRAY", {{"kTRC", curve}}));
     const id space = standardSpace("genericGamma22GrayColorSpace");
@@ -176,7 +176,7 @@ TEST_F(Profiles, WithFlatEndsKeepWhiteAndBlack) {
     }
 }
 
-TEST_F(Profiles, TellTheirModelChannelsAndName) {
+TEST_F(Profiles, ReportModelChannelsAndName) {
     const std::tuple<const char*, std::intptr_t, std::size_t> models[] = {{"GRAY", 0, 1},  {"RGB ", 1, 3}, {"CMYK", 2, 4},
                                                                           {"Lab ", 3, 3},  {"2CLR", 4, 2}, {"9CLR", 4, 9},
                                                                           {"ACLR", 4, 10}, {"FCLR", 4, 15}};
@@ -202,7 +202,7 @@ TEST_F(Profiles, TellTheirModelChannelsAndName) {
         EXPECT_EQ(nameOf(spaceFrom(profile("CMYK", tags))), name);
 }
 
-TEST_F(Profiles, ThatAreBrokenAreRefused) {
+TEST_F(Profiles, AreRejectedIfMalformed) {
     const std::string whole = linearRGB();
     for (std::size_t size = 0; size < whole.size(); ++size)
         ASSERT_EQ(spaceFrom(whole.substr(0, size)), nullptr) << "cut to " << size;

@@ -60,7 +60,7 @@ void* operator new(std::size_t size) {
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
-TEST_F(Runtime, AddedAndReplacedMethodsAreInForceAtOnce) {
+TEST_F(Runtime, AddedAndReplacedMethodsTakeEffectAtOnce) {
     const Class parent = subclass("NSObject", "Parent"), child = subclass("Parent", "Child");
     const SEL number = sel_registerName("number");
     const id object = made("Child", "init");
@@ -111,7 +111,7 @@ TEST_F(Exceptions, AnyObjectCanBeThrownAndMatchedByClass) {
     }
 }
 
-TEST_F(Exceptions, GoToTheInnermostGuardThatIsOpen) {
+TEST_F(Exceptions, ReachTheInnermostOpenGuard) {
     const id exception = exceptionNamed("A", "a");
     id inner = nullptr;
     const id outer = caught([&] {
@@ -154,7 +154,7 @@ TEST_F(Exceptions, EachThreadHasItsOwnGuards) {
     EXPECT_EQ(other.get(), there);
 }
 
-TEST_F(Exceptions, ReachGuardsOfEveryCompilerWithAnyFlags) {
+TEST_F(Exceptions, ReachGuardsBuiltByAnyCompilerWithAnyFlags) {
     const id exception = exceptionNamed("A", "a");
     for (const auto& [name, guard] : foreignGuards) {
         const id inner = guard([](void* thrown) { objc_exception_throw(static_cast<id>(thrown)); }, exception);
@@ -164,7 +164,7 @@ TEST_F(Exceptions, ReachGuardsOfEveryCompilerWithAnyFlags) {
 }
 
 // Without a handler the process exits. An installed handler runs before that.
-TEST_F(ExceptionsDeathTest, UncaughtOnesEndTheProcessWithALine) {
+TEST_F(ExceptionsDeathTest, TerminateTheProcessWithAMessageIfUncaught) {
     const auto uncaught = [](auto body) noexcept { body(); };
     EXPECT_DEATH(uncaught([] { send<void>(exceptionNamed("A", "because"), "raise"); }),
                  "\\*\\*\\* Terminating app due to uncaught exception 'A', reason: 'because'");
@@ -192,7 +192,7 @@ TEST_F(Memory, RetainsAndReleasesBalance) {
     }
 }
 
-TEST_F(Memory, PoolsNestAndReleaseWhatWasAutoreleasedInThem) {
+TEST_F(Memory, PoolsNestAndReleaseTheirObjects) {
     send(newData(), "autorelease");
     {
         const Pool inner;
@@ -218,7 +218,7 @@ TEST_F(Memory, PoolsNestAndReleaseWhatWasAutoreleasedInThem) {
     EXPECT_EQ(alive(), 0u);
 }
 
-TEST_F(Memory, ADrainThatThrowsLeavesTheRestToTheEnclosingPool) {
+TEST_F(Memory, AThrowingDrainLeavesTheRestToTheEnclosingPool) {
     const id inner = sendClass("NSAutoreleasePool", "new");
     send(newData(), "autorelease");
     const id thrower = send(newData(), "autorelease");

@@ -38,7 +38,7 @@ constexpr const char* eightReals =
 
 } // namespace
 
-TEST(Calls, PassEveryPlaceOfTheLongestShapes) {
+TEST(Calls, PassEveryArgumentOfTheLongestSignatures) {
     std::vector<Slot> words, reals;
     for (int i = 1; i <= 8; ++i) {
         words.push_back(Slot::ofInteger(-i));
@@ -54,7 +54,7 @@ TEST(Calls, PassEveryPlaceOfTheLongestShapes) {
     EXPECT_FALSE(Invoker(parseSignature(eightReals), true));
 }
 
-TEST(Calls, PassWordsAndDoublesMixed) {
+TEST(Calls, PassMixedWordsAndDoubles) {
     const Slot result = call("f(a as double, b as integer, c as double, d as color, e as boolean, f as double) as color",
                              true, answerMost<HostColor, Word, double, Word, double, HostColor, HostBoolean, double>,
                              {Slot::ofInteger(2), Slot::ofReal(0.5), Slot::ofInteger(-7), Slot::ofReal(-1e300),
@@ -68,7 +68,7 @@ TEST(Calls, PassWordsAndDoublesMixed) {
     EXPECT_EQ(c.real, 11.5);
 }
 
-TEST(Calls, NarrowResultsAndServeAccessors) {
+TEST(Calls, NarrowResultsAndCallAccessors) {
     EXPECT_EQ(call("f", false, answerMost<Word>, {}).integer, 0);
     EXPECT_EQ(call("f as boolean", false, trueUnderOtherBytes, {}).integer, 1);
 

@@ -95,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(Classes, BothLayouts, testing::Bool(),
 
 } // namespace
 
-TEST_P(BothLayouts, GiveTheSameMembersAndListing) {
+TEST_P(BothLayouts, ProvideTheSameMembersAndListing) {
     const ClassInfo& info = registeredCounter(GetParam());
     EXPECT_EQ(info.record()->instanceDataOffset, 24);
     EXPECT_EQ(info.constructors().size(), 1u);
@@ -123,7 +123,7 @@ TEST_P(BothLayouts, GiveTheSameMembersAndListing) {
         EXPECT_NE(text.str().find(part), std::string::npos) << part << " in\n" << text.str();
 }
 
-TEST_F(Classes, SubclassesHaveTheDataAndMembersOfTheirSuperclass) {
+TEST_F(Classes, SubclassesInheritDataAndMembers) {
     registeredCounter();
     static REALmethodDefinition overriding[] = {method("Add(amount as integer, scale as double) as double", add),
                                                 method("Add(text as string)", add)};
@@ -156,7 +156,7 @@ TEST_F(Classes, SubclassesHaveTheDataAndMembersOfTheirSuperclass) {
     EXPECT_EQ(pendingMessage("CounterException"), "too far");
 }
 
-TEST_F(Classes, AHandleThatIsWrittenIsLent) {
+TEST_F(Classes, AWrittenHandleKeepsItsOwnerAlive) {
     ClassInfo& info = registeredCounter();
     const Property& handle = *info.findProperty("Handle");
     static auto strange = builtInRecord("Strange", nullptr, 16, constructCounter, nullptr);
@@ -199,7 +199,7 @@ TEST_F(Classes, AHandleThatIsWrittenIsLent) {
     EXPECT_EQ(info.liveObjects, 0u);
 }
 
-TEST_F(Classes, RecordsThatCannotBeTakenAreReported) {
+TEST_F(Classes, InvalidRecordsAreReported) {
     static REALproperty badProperties[] = {{nullptr, "Name", "String", 6, REALstandardAccessor, nullptr, 0, {}},
                                            {nullptr, "Far", "Integer", 6, REALstandardAccessor, nullptr, 16, {}},
                                            {nullptr, "2nd", "Integer", 6, REALstandardAccessor, nullptr, 0, {}},

@@ -4,7 +4,7 @@
 
 using namespace host;
 
-TEST(Declarations, ReadParametersDefaultsAndConstantsOfEveryForm) {
+TEST(Declarations, ParseParametersDefaultsAndConstants) {
     const std::pair<const char*, const char*> cases[] = {
         {"f(Space as NSColorSpaceZRX, c() as double, BYREF n As Integer, paramarray rest as string) as NSColorZRX()",
          "f Space:NSColorSpaceZRX c:Double() byref n:Integer paramarray rest:String() NSColorZRX()"},
@@ -36,7 +36,7 @@ TEST(Declarations, ReadParametersDefaultsAndConstantsOfEveryForm) {
     EXPECT_EQ(parseConstant("NSNamedColorSpace = \"text\"").name, "NSNamedColorSpace");
 }
 
-TEST(Declarations, SayWhatIsMalformedAndWhere) {
+TEST(Declarations, ReportErrorsWithTheirColumn) {
     const std::string bits = std::to_string(8 * sizeof(HostInteger));
     const std::pair<const char*, std::string> cases[] = {
         {"(a as double)", "expected a name at column 1"},

@@ -14,7 +14,7 @@ using Exceptions = StartedHost;
 using Properties = StartedHost;
 using Plugins = StartedHost;
 
-TEST(Entries, AreMissingWhereTheHostIsTooOldOrTheyAreTakenAway) {
+TEST(Entries, AreMissingIfTheHostIsTooOldOrWithholdsThem) {
     const std::string error = errorOf([] { startHost({2012.5, {"newMemoryblock"}}); });
     EXPECT_EQ(error.find("there is no entry \"newMemoryblock\""), 0u) << error;
     EXPECT_NE(error.find("\n    newMemoryBlock"), std::string::npos) << error;
@@ -29,7 +29,7 @@ TEST(Entries, AreMissingWhereTheHostIsTooOldOrTheyAreTakenAway) {
               static_cast<std::ptrdiff_t>(names.size()) - 9); // a missing lock removes the unlock too
 }
 
-TEST_F(Properties, AreReachedByNameAndType) {
+TEST_F(Properties, AreAccessedByNameAndType) {
     const auto newInstance = entry<PluginNewInstanceProc>("PluginNewInstance");
     const auto setString = entry<REALSetPropValueStringProc>("REALSetPropValueString");
     const auto getString = entry<REALGetPropValueStringProc>("REALGetPropValueString");
@@ -49,7 +49,7 @@ TEST_F(Properties, AreReachedByNameAndType) {
     EXPECT_EQ(getString(nullptr, "Message", &read), 0);
 }
 
-TEST_F(Exceptions, AreOfTheirClassAndStayPendingUntilTaken) {
+TEST_F(Exceptions, HaveTheirClassAndStayPendingUntilTaken) {
     const Held second(entry<PluginNewInstanceProc>("PluginNewInstance")("NilObjectException"));
     const auto raiseObject = entry<RuntimeRaiseExceptionProc>("RuntimeRaiseException");
     raise("OutOfBoundsException", "first", 7);
@@ -73,7 +73,7 @@ TEST_F(Exceptions, AreOfTheirClassAndStayPendingUntilTaken) {
     EXPECT_FALSE(isException(Held(newArray(typeNamed("double")))));
 }
 
-TEST_F(Plugins, ThatCannotBeLoadedSayWhy) {
+TEST_F(Plugins, ReportWhyTheyCannotBeLoaded) {
     const std::string file = testing::TempDir() + "/no_plugin_" + std::to_string(getpid()) + ".so";
     std::ofstream(file) << "text";
     for (const std::string& path : {std::string("no/such/plugin.so"), file})

@@ -40,7 +40,7 @@ const Names alphaForms = {"f(white as double, alpha as double = 1.0)", "f(white 
 
 } // namespace
 
-TEST_F(Resolve, ChoosesTheOverloadThatFitsBest) {
+TEST_F(Resolve, ChoosesTheBestOverload) {
     // Declarations, and for each list of arguments the index of the chosen declaration, or -1 for none.
     const std::pair<Names, std::vector<std::pair<Names, int>>> cases[] = {
         {byRefForms, {{{"&Double"}, 0}, {{"&Double", "&Double"}, 1}}},
@@ -76,7 +76,7 @@ TEST_F(Resolve, FillsDefaultsAndCollectsParamarrays) {
     EXPECT_TRUE(components.resolve({"NSColorSpaceZRX"}).bindings.at(1).conversions.empty());
 }
 
-TEST_F(Resolve, SaysWhatIsWrong) {
+TEST_F(Resolve, ReportsWhyACallIsInvalid) {
     EXPECT_EQ(Overloads(byRefForms).resolve({"&Integer"}).error,
               "X.f cannot be called with (Integer): argument 1 must be a variable of type Double. Declared:\n    " +
                   byRefForms[0] + "\n    " + byRefForms[1]);
@@ -85,7 +85,7 @@ TEST_F(Resolve, SaysWhatIsWrong) {
     EXPECT_EQ(Overloads(Names()).resolve({}).error, "X.f does not exist.");
 }
 
-TEST_F(Resolve, ConstructsWithoutArgumentsWithoutAConstructor) {
+TEST_F(Resolve, AllowsConstructionWithoutAConstructor) {
     const ClassInfo& block = *registry().find("MemoryBlock");
     EXPECT_EQ(resolveConstruction(block, {}).method, nullptr);
     EXPECT_EQ(resolveConstruction(block, {}).error, "");

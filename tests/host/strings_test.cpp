@@ -15,7 +15,7 @@ static std::string unitBytes(std::initializer_list<Unit> units) {
     return {reinterpret_cast<const char*>(units.begin()), units.size() * sizeof(Unit)};
 }
 
-TEST_F(Strings, ShowTheirStorageWhileTheyAreReferenced) {
+TEST_F(Strings, ExposeTheirStorageWhileReferenced) {
     const auto build = entry<REALBuildStringProc>("REALBuildString");
     const auto unlockString = entry<REALUnlockStringProc>("REALUnlockString");
     const std::string text(300, 'x');
@@ -62,7 +62,7 @@ TEST_F(Strings, ConvertBetweenEncodings) {
     EXPECT_EQ(convertString(nullptr, encoding::utf8), nullptr);
 }
 
-TEST_F(Strings, AreHandedToThePlatformWithANewReference) {
+TEST_F(Strings, ConvertToPlatformStringsThatTheCallerOwns) {
     const platform::AutoreleasePool pool;
     const auto getCFString = entry<REALGetStringCFStringProc>("REALGetStringCFString");
     const void* const text = getCFString(Held(newString("\xE9t\xE9", encoding::isoLatin1)), 0);
@@ -73,7 +73,7 @@ TEST_F(Strings, AreHandedToThePlatformWithANewReference) {
     EXPECT_EQ(getCFString(nullptr, 0), nullptr);
 }
 
-TEST_F(Strings, SettingTheEncodingConvertsNothing) {
+TEST_F(Strings, SettingTheEncodingKeepsTheBytes) {
     const Held string(entry<REALBuildStringProc>("REALBuildString")("\xE9", 1));
     EXPECT_EQ(encodingOf(string), encoding::unknown);
     entry<REALSetStringEncodingProc>("REALSetStringEncoding")(string, encoding::isoLatin1);
@@ -81,7 +81,7 @@ TEST_F(Strings, SettingTheEncodingConvertsNothing) {
     EXPECT_EQ(utf8Of(string), "\xC3\xA9");
 }
 
-TEST_F(Strings, JoinAndCompareTexts) {
+TEST_F(Strings, ConcatenateAndCompare) {
     const Held latin(newString("\xE9", encoding::isoLatin1)), utf8(newString("\xC3\xA9", encoding::utf8));
     const Held upper(newString("Ab", encoding::utf8)), lower(newString("aB", encoding::ascii));
     EXPECT_EQ(compare(latin, utf8, false), 0);

@@ -24,7 +24,7 @@ MemoryBlock* createBlock(std::int32_t size) { return entry<NewMemoryBlockProc>("
 
 } // namespace
 
-TEST_F(HostBefore2017, ShowsStorageInPlace) {
+TEST_F(HostBefore2017, ExposesStorageDirectly) {
     const Held array(create(REALarrayOfDoubles, -1));
     EXPECT_EQ(readAt<double*>(array, REALarrayElementsOffset), nullptr);
     const auto insert = entry<PluginDoubleArrayInsertProc>("RuntimeArrayDirectGetInsertProc")(array);
@@ -41,7 +41,7 @@ TEST_F(HostBefore2017, ShowsStorageInPlace) {
     EXPECT_EQ(static_cast<void*>(bytes), bytesOf(block));
 }
 
-TEST_F(HostFrom2017, ShowsStorageThroughEntriesOnly) {
+TEST_F(HostFrom2017, ExposesStorageOnlyThroughEntryPoints) {
     const Held array(create(REALarrayOfDoubles, 2));
     EXPECT_EQ(readAt<double*>(array, REALarrayElementsOffset), nullptr);
     entry<PluginDoubleArrayInsertProc>("PluginDoubleArrayInsertProc")(array)(array, 1, 4.0);
@@ -57,7 +57,7 @@ TEST_F(HostFrom2017, ShowsStorageThroughEntriesOnly) {
     EXPECT_EQ(createBlock(-1), nullptr);
 }
 
-TEST_F(Arrays, KeepTheirOwnReferences) {
+TEST_F(Arrays, RetainTheirElements) {
     const Held array(create(REALarrayOfObjects, -1));
     const auto insert = entry<PluginObjectArrayInsertProc>("PluginObjectArrayInsertProc")(array);
     insert(array, 0, Held(newArray(typeNamed("double"))));
@@ -67,7 +67,7 @@ TEST_F(Arrays, KeepTheirOwnReferences) {
     EXPECT_EQ(liveObjectCount(), 1u);
 }
 
-TEST_F(Arrays, RaiseForABadIndexAndAnswerNullForAnotherKind) {
+TEST_F(Arrays, RaiseForABadIndexAndReturnNullForAnotherType) {
     const Held numbers(newArray(typeNamed("double"), 1)), texts(newArray(typeNamed("string"), 1));
     const auto insertFor = entry<PluginDoubleArrayInsertProc>("PluginDoubleArrayInsertProc");
     const auto getFor = entry<PluginDoubleArrayGetProc>("PluginDoubleArrayGetProc");

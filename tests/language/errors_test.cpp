@@ -19,7 +19,7 @@ void expectError(const Outcome& outcome, const std::string& start) {
     EXPECT_EQ(outcome.errors.substr(0, start.size()), start);
 }
 
-TEST(Errors, GiveUpWhatTheProgramHeld) {
+TEST(Errors, ReleaseTheProgramsObjects) {
     runProgram("Dim a As New Probe(1)\nIf True Then\nDim b As New Probe(2)\nPrint b.makeAndRaise(\"IOException\")\nEnd If");
     EXPECT_EQ(takeProbeEvents(), "-99-2-1");
 }
@@ -49,7 +49,7 @@ TEST(Errors, EndlessLoopsAreInterrupted) {
     }
 }
 
-TEST(Errors, ACheckReportsAllOfThemAndRunsNothing) {
+TEST(Errors, ACheckReportsEveryErrorAndRunsNothing) {
     startHostWithProbe();
     const auto check = [](const std::string& program, int exitCode) {
         std::ostringstream errors;
@@ -62,7 +62,7 @@ TEST(Errors, ACheckReportsAllOfThemAndRunsNothing) {
     EXPECT_EQ(check("While True\nWend", 0), "");
 }
 
-TEST(StrangeText, BytesThatAreNoText) {
+TEST(SourceText, InvalidBytesAreReported) {
     expectError(runProgram(std::string("Print 1\nPrint \0 2", 17)),
                 "test.bas:2:7: error: a NUL byte cannot stand in a program\nPrint ? 2\n      ^\n");
     expectError(runProgram("Print \x1B[2J"),
@@ -71,7 +71,7 @@ TEST(StrangeText, BytesThatAreNoText) {
         expectError(runProgram(std::string("' ") + malformed), "test.bas:1:3: error: a program is UTF-8 text");
 }
 
-TEST(StrangeText, TheCaretStandsUnderItsColumn) {
+TEST(SourceText, TheCaretIsBelowItsColumn) {
     // Each of the first two characters takes two columns of a terminal, and the combining accent none.
     expectError(runProgram("Print \"\u65E5\u672Ce\u0301\", x"),
                 "test.bas:1:15: error: there is no variable 'x'\nPrint \"\u65E5\u672Ce\u0301\", x\n               ^\n");
@@ -84,7 +84,7 @@ TEST(StrangeText, TheCaretStandsUnderItsColumn) {
                             "      \x1B[1;32m^\x1B[0m\n");
 }
 
-TEST(StrangeText, DeepNestingIsRefusedOrRuns) {
+TEST(SourceText, DeepNestingRunsOrIsRefused) {
     // The start of a nested construct, its content, and its end.
     const std::tuple<std::string, const char*, const char*> nests[] = {{"Print (", "1", ")"},
                                                                        {"Print Not ", "True", ""},
@@ -110,7 +110,7 @@ TEST(StrangeText, DeepNestingIsRefusedOrRuns) {
     }
 }
 
-TEST(StrangeText, LargePrograms) {
+TEST(SourceText, LargeProgramsRunOrReportAShortError) {
     constexpr int megabytes = 4 * 1024 * 1024;
     const std::string line = "x = x + 1 ' " + std::string(243, 'x') + "\n";
     EXPECT_EQ(runProgram("Dim x As Integer\n" + repeated(line, megabytes / 256) + "Print x").output, "16384\n");
@@ -134,7 +134,7 @@ TEST(StrangeText, LargePrograms) {
 }
 
 // Programs that would exhaust the machine's memory, and operations that take quadratic time if they are implemented badly.
-TEST(LargeValues, AreRefusedOrTakeTimeInProportion) {
+TEST(LargeValues, AreRefusedOrTakeLinearTime) {
     const std::string tooLong = "Catch e As OutOfMemoryException\nPrint e.Message, Len(s)\nEnd Try\nTry\n";
     const std::string refused = "A text cannot have more than 256 MB. 268435456\n";
     EXPECT_EQ(runProgram("Dim s As String = Repeat(\"x\", 268435456)\nTry\nPrint s & \"y\"\n" + tooLong + "s &= \"y\"\n" +
@@ -176,7 +176,7 @@ TEST(LargeValues, AreRefusedOrTakeTimeInProportion) {
     }
 }
 
-TEST(StrangeText, FilesThatCannotBeRead) {
+TEST(SourceText, UnreadableFilesAreReported) {
     startHostWithProbe();
     for (const std::string& path : {testing::TempDir() + "no/such/file", testing::TempDir()}) {
         testing::internal::CaptureStderr();

@@ -34,7 +34,7 @@ int runProgramsOf(const char* page) {
     return programs;
 }
 
-TEST(Guide, ExamplesGetNoWarning) {
+TEST(Guide, ExamplesCauseNoWarning) {
     startHostWithPlugins();
     std::size_t programs = 0;
     std::ostringstream warnings;
@@ -51,7 +51,7 @@ TEST(Guide, ExamplesGetNoWarning) {
     EXPECT_EQ(warnings.str(), "");
 }
 
-TEST(Guide, ColoursMadeOfAColorValueGetAWarning) {
+TEST(Guide, ColorsBuiltFromColorValueCauseAWarning) {
     startHostWithPlugins();
     const Outcome outcome = runProgram("Dim c As New NSColorZRX(NSColorZRX.redColor.colorValue)\n"
                                        "Print c.alphaComponent, New NSColorZRX(c.colorValue).alphaComponent\n");
@@ -63,10 +63,10 @@ TEST(Guide, ColoursMadeOfAColorValueGetAWarning) {
     EXPECT_EQ(outcome.output, "0 0\n");
 }
 
-TEST(Guide, ProgramsPrintWhatItSays) { EXPECT_GE(runProgramsOf(CHROMA_PAGES "/language.md"), 6); }
+TEST(Guide, LanguagePageShowsTheOutputOfItsPrograms) { EXPECT_GE(runProgramsOf(CHROMA_PAGES "/language.md"), 6); }
 
 #ifdef CHROMA_BUILTIN // the platform with all of AppKit's spaces
-TEST(Guide, ProgramsAboutColoursPrintWhatItSays) { EXPECT_GE(runProgramsOf(CHROMA_PAGES "/colours.md"), 8); }
+TEST(Guide, ColoursPageShowsTheOutputOfItsPrograms) { EXPECT_GE(runProgramsOf(CHROMA_PAGES "/colours.md"), 8); }
 #endif
 
 } // namespace

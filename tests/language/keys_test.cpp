@@ -139,7 +139,7 @@ protected:
     std::filesystem::path state;
 };
 
-TEST_F(Keys, CtrlCGivesUpTheLineAndNothingElse) {
+TEST_F(Keys, CtrlCDiscardsOnlyTheLine) {
     Terminal terminal(state);
     terminal.expect("100 + 1", "101");
     struct {
@@ -171,7 +171,7 @@ TEST_F(Keys, CtrlCGivesUpTheLineAndNothingElse) {
 }
 
 // This also holds if the key is pressed just before the program waits, and no Catch handles it.
-TEST_F(Keys, CtrlCEndsAProgramThatWaitsForInput) {
+TEST_F(Keys, CtrlCInterruptsAProgramThatWaitsForInput) {
     for (const char* const question :
          {"Write \"name? \"",
           "Dim t As String = Repeat(\"x\", 50000000) : Print \"name? \" : Write Len(Trim(t) & Trim(t))"}) {
@@ -197,7 +197,7 @@ TEST_F(Keys, CtrlCEndsAProgramThatWaitsForInput) {
     prompt.await("answer\nanswer5\n> ");
 }
 
-TEST_F(Keys, CtrlZGivesTheTerminalBackAndFgTakesIt) {
+TEST_F(Keys, CtrlZSuspendsAndFgResumesThePrompt) {
     Terminal terminal(state, {"sh", "-c", "set -m; '" CHROMAHOST "' repl; echo stopped; read answer; fg"});
     terminal.await("> ");
     terminal.type("12 + 30");
@@ -214,7 +214,7 @@ TEST_F(Keys, CtrlZGivesTheTerminalBackAndFgTakesIt) {
     EXPECT_EQ(terminal.ended(), 0);
 }
 
-TEST_F(Keys, TheHistoryOutlivesASignalAndKeepsBlocksWhole) {
+TEST_F(Keys, TheHistorySurvivesASignalAndStoresBlocksAsOneEntry) {
     {
         Terminal terminal(state);
         terminal.type("For i As Integer = 1 To 2\nPrint i * 111\nNext\n");
@@ -244,7 +244,7 @@ TEST_F(Keys, TheHistoryOutlivesASignalAndKeepsBlocksWhole) {
     after.await("\n707\n");
 }
 
-TEST_F(Keys, TabCompletesIndentsAndShowsWhatMayFollow) {
+TEST_F(Keys, TabCompletesIndentsAndShowsParameters) {
     Terminal terminal(state);
     terminal.type("Dim counter As Integer = 5\nIf True Then\n" + tab + "Pri" + tab + " Len(");
     terminal.await("\n|   Print Len(");
@@ -256,7 +256,7 @@ TEST_F(Keys, TabCompletesIndentsAndShowsWhatMayFollow) {
     EXPECT_EQ(terminal.ended(), 0);
 }
 
-TEST_F(Keys, LongPagesGoThroughThePagerAndQuitSaysHowToLeave) {
+TEST_F(Keys, LongPagesUseThePagerAndQuitExplainsHowToLeave) {
     Terminal terminal(state);
     terminal.type(":browse Len\n:browse NSColorZRX\n");
     terminal.await("\n  Len(text as string) as integer\n");

@@ -73,7 +73,7 @@ void expectReports(std::string program, const std::vector<std::string>& messages
 
 // The line that a statement prints follows "'> ". Several lines are separated by " | ". The lines are in the order of the
 // output.
-TEST_P(PrintedPrograms, PrintWhatStandsInThem) {
+TEST_P(PrintedPrograms, PrintTheirExpectedOutput) {
     std::ifstream file(GetParam());
     std::string program, expected;
     for (std::string line; std::getline(file, line); program += line + "\n") {
@@ -94,7 +94,7 @@ TEST_P(PrintedPrograms, PrintWhatStandsInThem) {
 // "@" marks each reported place. The messages follow "'! ", in the order of the places. Their further lines follow "'| ",
 // and an empty line ends the list. A message that begins with "uncaught" reports an exception. One that begins with
 // "warning" does not prevent the run. Any other message is an error found before the start. The programs print nothing.
-TEST_P(WrongPrograms, EndWithTheReportsBelowThem) {
+TEST_P(WrongPrograms, ProduceTheReportsListedBelowThem) {
     std::ifstream file(GetParam());
     std::string program;
     std::vector<std::string> messages;
@@ -134,7 +134,7 @@ TEST(Programs, UseEveryFunctionOfTheLanguage) {
         EXPECT_TRUE(word.kind != host::language::WordKind::function || used.count(std::string(word.name))) << word.name;
 }
 
-TEST(Statements, LinesAreReadInEveryForm) {
+TEST(Statements, AllowCommentsContinuationsAndAnyLineEnd) {
     const std::pair<const char*, const char*> cases[] = {
         {"' first\n// second\nRem third\nPrint 1 ' behind\nPrint 8 / 2 // behind\nPrint \"'//Rem\" Rem behind\n",
          "1\n4\n'//Rem\n"},

@@ -44,7 +44,7 @@ void expectSession(const std::string& typed, const std::string& shown) {
 }
 
 // The text after the prompts is typed, and the screen must show the file's text. Empty lines separate sessions.
-TEST(Prompt, Sessions) {
+TEST(Prompt, ReproducesTheSessions) {
     startHostWithProbe();
     std::ifstream file(CHROMA_PROGRAMS "/sessions.txt");
     ASSERT_TRUE(file.is_open());
@@ -60,7 +60,7 @@ TEST(Prompt, Sessions) {
     expectSession(typed, shown);
 }
 
-TEST(Prompt, RemembersBlocksWhole) {
+TEST(Prompt, RemembersABlockAsOneEntry) {
     startHostWithProbe();
     std::ostringstream screen;
     TextReader reader("If True Then\nEnd If\n1\n\n:help\nWhile True\nPrint 2\n^C\nDo", screen);
@@ -78,14 +78,14 @@ std::string presented(const std::string& declarations, const std::string& expres
     return output.str();
 }
 
-TEST(Prompt, CutsLongArraysAndEndsWhenToldTo) {
+TEST(Prompt, ShortensLongArraysAndExitsOnQuit) {
     const std::string many = presented("", "Split(Repeat(\"a\", 102), \"\")", ColorDepth::none);
     EXPECT_EQ(many.substr(many.size() - 36), "\"a\", \"a\", \"a\", and 2 elements more)\n");
     EXPECT_EQ(presented(":quit", "1", ColorDepth::none), "");
 }
 
 // Colours as a screen shows them. "redColor" is in a different colour space, and transparent colours show a checkerboard.
-TEST(Prompt, ShowsColoursAsPicturesDo) {
+TEST(Prompt, ShowsColorsLikeThePictures) {
     startHostWithPlugins();
     const auto shown = [](const char* expression, ColorDepth depth) {
         const std::string text = presented("", expression, depth);
@@ -115,7 +115,7 @@ TEST(Prompt, ShowsColoursAsPicturesDo) {
     EXPECT_EQ(text, presented("", "Print NSColorZRX.redColor.description", ColorDepth::none));
 }
 
-TEST(Prompt, Completion) {
+TEST(Prompt, CompletesNamesAndShowsParameters) {
     startHostWithProbe();
     std::ostringstream output;
     host::repl::ValuePresenter presenter(output, ColorDepth::none);

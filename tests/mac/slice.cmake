@@ -10,14 +10,14 @@ endif()
 cmake_path(GET CHROMA_MAC_LIBRARY PARENT_PATH mac_build)
 if(NOT CMAKE_CROSSCOMPILING)
     find_package(Python3 REQUIRED COMPONENTS Interpreter)
-    add_test(NAME slice.ArchiveTestsItselfInAnotherFolder
+    add_test(NAME slice.ArchivePassesItsSelfTest
         COMMAND ${CMAKE_COMMAND} -DCPACK=${CMAKE_CPACK_COMMAND} -DBUILD=${mac_build}/.. -DLIBRARY=${CHROMA_MAC_LIBRARY}
                 -DSLICE=$<TARGET_FILE:chromabridge-slice> -DPYTHON=${Python3_EXECUTABLE} -DFOLDER=${CMAKE_CURRENT_BINARY_DIR}/archive
                 -P ${CMAKE_CURRENT_LIST_DIR}/archive_check.cmake)
 endif()
-add_test(NAME slice.WithInitialisersIsRefused
+add_test(NAME slice.InitialisersAreRefused
     COMMAND ${CHROMA_TRANSLATE} ${mac_build}/../tests/mac/initialised.dylib ${CHROMA_SLICE} ${CMAKE_CURRENT_BINARY_DIR}/initialised.S)
-set_tests_properties(slice.WithInitialisersIsRefused PROPERTIES PASS_REGULAR_EXPRESSION "not translated: section __mod_init_func")
+set_tests_properties(slice.InitialisersAreRefused PROPERTIES PASS_REGULAR_EXPRESSION "not translated: section __mod_init_func")
 
 # Shows that such runs can fail. A slice with a planted fault, linked before the valid one in the tests' library, fails the
 # soak. The faults are: no handlers; saved registers, except for the frame's own, one word away from their place; an import
@@ -36,6 +36,6 @@ foreach(fault handlers registers import)
     add_executable(soak-${fault} ${planted} $<TARGET_OBJECTS:soak>)
     set_target_properties(soak-${fault} PROPERTIES LINKER_LANGUAGE CXX)
     target_link_libraries(soak-${fault} PRIVATE matrix_driver chroma_options)
-    add_test(NAME slice.FaultIsSeen.${fault} COMMAND soak-${fault} 10000)
-    set_tests_properties(slice.FaultIsSeen.${fault} PROPERTIES PASS_REGULAR_EXPRESSION "${${fault}_telling}" TIMEOUT ${CHROMA_LIMIT})
+    add_test(NAME slice.FaultIsDetected.${fault} COMMAND soak-${fault} 10000)
+    set_tests_properties(slice.FaultIsDetected.${fault} PROPERTIES PASS_REGULAR_EXPRESSION "${${fault}_telling}" TIMEOUT ${CHROMA_LIMIT})
 endforeach()

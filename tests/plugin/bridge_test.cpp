@@ -78,7 +78,7 @@ protected:
     Strings() { start(); }
 };
 
-TEST_F(Strings, FromTheHostAreReadInTheirEncodingByItOrFromItsStorage) {
+TEST_F(Strings, DecodeHostStringsInEveryEncoding) {
     const std::pair<Stored, std::string> texts[] = {
         {{"Gr\xC3\xBCn", REALencodingUTF8}, "Gr\xC3\xBCn"},
         {{"\x80", kCFStringEncodingWindowsLatin1}, "\xE2\x82\xAC"},
@@ -107,7 +107,7 @@ TEST_F(Strings, FromTheHostAreReadInTheirEncodingByItOrFromItsStorage) {
     EXPECT_EQ(toPlatform(utf8("\xEF\xBB\xBFz")), "z");
 }
 
-TEST_F(Strings, FromTheHostAreAskedForByTheWayOfItsVersion) {
+TEST_F(Strings, UseTheReadingEntriesOfTheHostVersion) {
     const auto asked = [&](double version, std::uint32_t encoding, bool hostAnswers) {
         become(version);
         host.before["REALGetStringCFString"] = [=] { return !hostAnswers; };
@@ -123,7 +123,7 @@ TEST_F(Strings, FromTheHostAreAskedForByTheWayOfItsVersion) {
     EXPECT_EQ(asked(2021.0, REALencodingUnknown, true), encoding + storage);
 }
 
-TEST_F(Strings, AreBuiltByTheWayOfTheHostsVersion) {
+TEST_F(Strings, UseTheBuildingEntriesOfTheHostVersion) {
     const std::string old = "REALBuildString", with = old + "WithEncoding", convert = " REALConvertString(0x8000100)",
                       unlock = " REALUnlockString";
     const auto tag = [](const char* encoding) { return std::string(" REALSetStringEncoding(") + encoding + ")"; };
@@ -181,7 +181,7 @@ TEST_F(Strings, AreBuiltByTheWayOfTheHostsVersion) {
     EXPECT_EQ(built(units(std::u32string(500, 0x1F600)), REALencodingUTF32), utf8(repeated(emoji, 500)));
 }
 
-TEST_F(Strings, FromThePlatformKeepEveryLength) {
+TEST_F(Strings, ConvertPlatformStringsOfEveryLength) {
     for (const double version : {2011.0, 2021.0}) {
         become(version);
         EXPECT_EQ(toHost(native::string("")), nothing);
@@ -192,7 +192,7 @@ TEST_F(Strings, FromThePlatformKeepEveryLength) {
     EXPECT_EQ(NSStringRB(nullptr), nullptr);
 }
 
-TEST_F(Strings, OfUsualLengthNeedNoMemory) {
+TEST_F(Strings, AllocateMemoryOnlyForLongText) {
     host.before["REALGetStringCFString"] = [] { return true; };
     become(2012.0);
     for (const bool isLong : {false, true}) {
@@ -221,7 +221,7 @@ protected:
 };
 INSTANTIATE_TEST_SUITE_P(Hosts, Data, ::testing::Values(2011.0, 2016.9, 2017.0, 2021.0));
 
-TEST_P(Data, AndBlocksAreCopiesOfEachOther) {
+TEST_P(Data, CopiesMemoryBlocksInBothDirections) {
     const std::string bytes("a\0c", 3);
     const id data = dataOf(bytes);
     EXPECT_EQ(std::string(native::send<const char*>(data, "bytes"), native::send<NSUInteger>(data, "length")), bytes);
@@ -235,7 +235,7 @@ TEST_P(Data, AndBlocksAreCopiesOfEachOther) {
     EXPECT_EQ(dataOf("abc"), nullptr);
 }
 
-TEST_P(Data, WithoutABlockToHoldItIsTold) {
+TEST_P(Data, RaisesIfNoMemoryBlockIsCreated) {
     const id data = dataOf("abc");
     static NSUInteger length = 2147483647;
     native::replace(
@@ -273,7 +273,7 @@ TEST_P(Data, WithoutABlockToHoldItIsTold) {
     expectRaised({{"OutOfMemoryException", "Failed to allocate a memoryblock with 4294967299 bytes in size.", 0}});
 }
 
-TEST_P(Data, InArraysIsReachedByTheNamesOfTheHostsVersionOrInItsStorage) {
+TEST_P(Data, ArraysUseTheEntriesOfTheHostVersionOrTheStorage) {
     const bool isOld = GetParam() < 2013.0, isShown = GetParam() < 2017.0;
     const std::string getter = isOld ? "RuntimeArrayDirectGetGetProc" : "PluginDoubleArrayGetProc";
     const std::string inserter = isOld ? "RuntimeArrayDirectGetInsertProc" : "PluginDoubleArrayInsertProc";
@@ -327,7 +327,7 @@ TEST_F(Errors, CarryMessageAndErrorNumber) {
     RaiseException("OutOfBoundsException", "unheard");
 }
 
-TEST_F(Errors, WordTheRange) {
+TEST_F(Errors, DescribeTheValidRange) {
     const auto expectMessage = [&](const std::string& message, std::int64_t value, std::int64_t minimum, std::int64_t limit,
                                    const char* name, const char* method) {
         RaiseOutOfBoundsException(value, minimum, limit, name, method);
@@ -356,7 +356,7 @@ TEST_F(Errors, WordTheRange) {
     EXPECT_TRUE(failAllocation(0));
 }
 
-TEST_F(Errors, InCppAreTranslated) {
+TEST_F(Errors, CppExceptionsBecomeHostExceptions) {
     const auto expectTranslated = [&](auto exception, const char* className, const char* message) {
         translated([&] { throw exception; });
         expectRaised({{className, message, 0}});
@@ -426,7 +426,7 @@ TEST_F(Errors, InCppAreTranslated) {
     host.before.clear();
 }
 
-TEST_F(Errors, OfThePlatformTellNameAndReasonUnlessTheSiblingTellsThem) {
+TEST_F(Errors, PlatformExceptionsAreBridgedByTheSiblingOrByNameAndReason) {
     bool finished = false;
     guarded([&] {
         native::raise("ColorException", "no gr\xC3\xBCn");
@@ -451,7 +451,7 @@ TEST_F(Errors, OfThePlatformTellNameAndReasonUnlessTheSiblingTellsThem) {
 }
 
 #if defined(CHROMA_SLICE) // there a throw retains, and the end of a handler releases
-TEST_F(Errors, CaughtExceptionOutlivesThePoolOfItsThrower) {
+TEST_F(Errors, CaughtExceptionsOutliveTheThrowersPool) {
     native::replace(
         native::metaclass("NSColor"), "colorWithCalibratedWhite:alpha:", +[](id, SEL, CGFloat, CGFloat) -> id {
             const struct Pool {
@@ -469,7 +469,7 @@ TEST_F(Errors, CaughtExceptionOutlivesThePoolOfItsThrower) {
 }
 #endif
 
-TEST_F(Errors, ThatAreNoNSExceptionsPassOutwardAndCloseTheirGuards) {
+TEST_F(Errors, OtherExceptionsPropagateAndCloseTheirGuards) {
     const id object = native::string("no exception");
     native::fail(native::object_getClass(object), "isKindOfClass:"); // like an object that responds to no messages
     auto throwing = [&] { throwNative(object); };

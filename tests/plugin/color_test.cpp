@@ -38,7 +38,7 @@ Components read(void (*function)(REALobjectStruct*, Doubles*...), const Referenc
 
 class Color : public SiblingTest {};
 
-TEST_F(Color, IsMadeOnceAndComesBackAsItsObject) {
+TEST_F(Color, IsConstructedOnceAndWrappedAsTheSameObject) {
     const Reference object(rgb(2.5, 0.0, 0.0));
     const Raised outOfRange{"OutOfBoundsException", "Invalid values. Please pass values in range 0.0 to 1.0.", 0};
     expectRaised({outOfRange});
@@ -69,7 +69,7 @@ TEST_F(Color, IsMadeOnceAndComesBackAsItsObject) {
 }
 
 // Simulates systems where a small colour is a tagged pointer.
-TEST_F(Color, TwoConstructorsOfOneNativeColorMakeTwoObjects) {
+TEST_F(Color, TwoObjectsCanHoldOneNativeColor) {
     static id only;
     only = native::sendClass("NSColor", "colorWithCalibratedRed:green:blue:alpha:", CGFloat(1), CGFloat(0), CGFloat(0),
                              CGFloat(1));
@@ -92,7 +92,7 @@ TEST_F(Color, TwoConstructorsOfOneNativeColorMakeTwoObjects) {
 }
 
 // Outputs written before an exception count only if the reading continues with the converted colour.
-TEST_F(Color, ReadInPartsIsZeroUnlessItWasConverted) {
+TEST_F(Color, ComponentsAreZeroIfReadingFails) {
     const Reference object(rgb(1.0, 1.0, 1.0));
     static id converted;
     static bool asksAlpha;
@@ -132,7 +132,7 @@ TEST_F(Color, ReadInPartsIsZeroUnlessItWasConverted) {
     EXPECT_FALSE(asksAlpha);
 }
 
-TEST_F(Color, IsAskedForAlphaWhereThatIsRead) {
+TEST_F(Color, QueriesAlphaOnlyIfItIsRead) {
     const Reference object(rgb(1.0, 1.0, 1.0));
     const id cls = native::object_getClass(nativeObject(object));
     static bool asksAlpha;
@@ -148,7 +148,7 @@ TEST_F(Color, IsAskedForAlphaWhereThatIsRead) {
     EXPECT_FALSE(asks(getWhite) || asks(getHue) || asks(getCyan));
 }
 
-TEST_F(Color, ComponentsBeyondThirtyTwoAreReadAndCut) {
+TEST_F(Color, ComponentsBeyondThirtyTwoAreDropped) {
     const Reference object(rgb(1.0, 0.5, 0.0));
     const id cls = native::object_getClass(nativeObject(object));
     static NSInteger count = 32;
@@ -176,7 +176,7 @@ TEST_F(Color, ComponentsBeyondThirtyTwoAreReadAndCut) {
     expectPlatformException();
 }
 
-TEST_F(Color, ThatIsEmptyAsksNothing) {
+TEST_F(Color, EmptyObjectSendsNoMessage) {
     const Reference empty(foreign::make("NSColorZRX")), list(foreign::make("NSColorListZRX"));
     const Owned text(foreign::string("x"));
     const std::string trace = traceOf([&] {
@@ -212,7 +212,7 @@ bool servesPasteboards(const std::string& folder) {
     return proxy != nullptr;
 }
 
-TEST_F(Color, GoesThroughThePasteboard) {
+TEST_F(Color, RoundTripsThroughThePasteboard) {
     const std::string folder = ::testing::TempDir() + "pasteboard " + std::to_string(getpid());
     if (platform::isGNUstep && !servesPasteboards(folder)) GTEST_SKIP() << "gpbs is not installed or does not answer";
     const Reference empty(foreign::make("NSColorZRX")), color(colorWithCalibratedRed(0.125, 0.25, 0.5, 0.75));
@@ -231,7 +231,7 @@ TEST_F(Color, GoesThroughThePasteboard) {
     std::filesystem::remove_all(folder);
 }
 
-TEST_F(Color, OfAPatternKeepsItsImage) {
+TEST_F(Color, PatternColorKeepsItsImage) {
     host.plainClasses.insert("NSImageZRX"); // the class has no destructor then, so the test releases the image
     const id image = native::send(native::sendClass("NSImage", "alloc"), "init");
     const Reference object(foreign::make("NSImageZRX")), empty(foreign::make("NSImageZRX")), color(getredColor());
@@ -264,7 +264,7 @@ TEST_F(Color, OfAPatternKeepsItsImage) {
     native::send<void>(image, "release");
 }
 
-TEST_F(Color, OfAPatternNeedsTheRegistryOnHostsThatTellNoClasses) {
+TEST_F(Color, PatternColorNeedsTheRegistryWithoutObjectIsA) {
     host.missing = {"ChromaObjectIsA"};
     host.plainClasses.insert("NSImageZRX");
     const id image = native::send(native::send(native::sendClass("NSImage", "alloc"), "init"), "autorelease");

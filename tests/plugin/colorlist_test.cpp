@@ -39,7 +39,7 @@ protected:
     const std::string path = ::testing::TempDir() + "list " + std::to_string(getpid()) + ".clr";
 };
 
-TEST_F(Lists, AreReadFromAnyPathIfTheyAreWhole) {
+TEST_F(Lists, ReadCompleteFilesFromAnyPath) {
     const std::string unsuffixed = path.substr(0, path.size() - 4), cut = path + ".cut.clr";
     ASSERT_TRUE(create("Palette"));
     const Reference color(color::getredColor());
@@ -64,7 +64,7 @@ TEST_F(Lists, AreReadFromAnyPathIfTheyAreWhole) {
     std::filesystem::remove(cut);
 }
 
-TEST_F(Lists, NeedANameAndAFileAndAreReadOnceFromTheUsersFolder) {
+TEST_F(Lists, NeedNameAndPathAndLoadOnceFromTheUserFolder) {
     EXPECT_EQ(create(""), platform::differs("`initWithName:` with nil"));
     EXPECT_EQ(createFrom("n", ""), platform::differs("`initWithName:fromFile:` with nil for the path"));
     setenv("XDG_DATA_HOME", ::testing::TempDir().c_str(), 1);
@@ -80,7 +80,7 @@ TEST_F(Lists, NeedANameAndAFileAndAreReadOnceFromTheUsersFolder) {
     EXPECT_FALSE(load("Once"));
 }
 
-TEST_F(Lists, LoadersReplaceTheHeldListAndOnlyCreatedOnesAreRegistered) {
+TEST_F(Lists, LoadersReplaceTheListAndOnlyCreatedListsAreRegistered) {
     EXPECT_FALSE(Create1(nullptr, Text("n")));
     for (const char* const listName : {"One", "Shared"}) {
         ASSERT_TRUE(create(listName));
@@ -109,7 +109,7 @@ TEST_F(Lists, LoadersReplaceTheHeldListAndOnlyCreatedOnesAreRegistered) {
     EXPECT_EQ(nativeObject(list), nullptr);
 }
 
-TEST_F(Lists, LieWhereTheHostReportedTheirData) {
+TEST_F(Lists, UseTheReportedInstanceDataOffset) {
     constexpr std::ptrdiff_t elsewhere = REALinstanceDataOffset + sizeof(id);
     const Reference color(color::getredColor());
     foreign::unlock(list);
@@ -130,7 +130,7 @@ TEST_F(Lists, LieWhereTheHostReportedTheirData) {
     }
 }
 
-TEST_F(Lists, RefuseAnIndexThatNoListHas) {
+TEST_F(Lists, RaiseForAnImpossibleIndex) {
     ASSERT_TRUE(create("One"));
     const Reference color(color::getredColor());
     for (const HostInteger index : {static_cast<HostInteger>(UINT64_C(1) << (sizeof(HostInteger) * 4)), HostInteger{-1}}) {

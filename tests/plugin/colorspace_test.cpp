@@ -30,7 +30,7 @@ std::string someProfile() {
 
 class Spaces : public SiblingTest {};
 
-TEST_F(Spaces, AProfileMakesASpaceThatHandsItOutOnce) {
+TEST_F(Spaces, ConstructorsRunOnceAndKeepTheProfile) {
     const std::string bytes = someProfile();
     const Owned block(foreign::block(bytes));
     const Reference own(foreign::make("NSColorSpaceZRX")), shared(ColorSpaceWithICCProfileData(block));
@@ -50,7 +50,7 @@ TEST_F(Spaces, AProfileMakesASpaceThatHandsItOutOnce) {
     }
 }
 
-TEST_F(Spaces, HandlesComeBackAndOnlyOneInitialiserStaysUnregistered) {
+TEST_F(Spaces, InitialisersRegisterSpacesExceptFromCGColorSpace) {
     const Reference fromSpace(foreign::make("NSColorSpaceZRX")), fromProfile(foreign::make("NSColorSpaceZRX"));
     if (platform::lacks("-[NSColorSpace initWithCGColorSpace:]")) GTEST_SKIP() << "the platform has no such message";
     const Reference srgb(getsRGBColorSpace());
@@ -66,7 +66,7 @@ TEST_F(Spaces, HandlesComeBackAndOnlyOneInitialiserStaysUnregistered) {
     EXPECT_EQ(colorSpaceModel(Reference(ColorSpaceWithColorSyncProfile(colorSyncProfile(srgb))), 0), 1);
 }
 
-TEST_F(Spaces, AreFoundByModelAndByNameAsTheSameObjects) {
+TEST_F(Spaces, LookupsByModelAndNameReturnTheSameObjects) {
     if (platform::lacks("+[NSColorSpace availableColorSpacesWithModel:]")) GTEST_SKIP() << "the platform finds no spaces";
     const Owned spaces(availableColorSpacesWithModel(1));
     const Reference srgb(getsRGBColorSpace());
@@ -84,7 +84,7 @@ TEST_F(Spaces, AreFoundByModelAndByNameAsTheSameObjects) {
     EXPECT_EQ(colorSpaceForColorSpaceName(unknown), nullptr);
 }
 
-TEST_F(Spaces, OfAModelStayInTheirPlacesAndInTheListWhateverFails) {
+TEST_F(Spaces, AvailableSpacesKeepTheirIndexesIfSomeFail) {
     if (platform::lacks("+[NSColorSpace availableColorSpacesWithModel:]")) GTEST_SKIP() << "the platform finds no spaces";
     int made = 0;
     host.before["PluginNewInstance"] = [&] { return ++made == 2; };
@@ -104,7 +104,7 @@ TEST_F(Spaces, OfAModelStayInTheirPlacesAndInTheListWhateverFails) {
     expectPlatformException();
 }
 
-TEST_F(Spaces, ProfileFilesAreReadByThePathThatTheHostVersionHas) {
+TEST_F(Spaces, ProfileFilesUseThePathPropertyOfTheHostVersion) {
     const std::string bytes = someProfile(), half = bytes.substr(0, bytes.size() / 2);
     const std::string process = std::to_string(getpid()), folder = ::testing::TempDir();
     const std::string path = folder + "profile \xC3\xBC " + process,

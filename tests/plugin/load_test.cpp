@@ -64,7 +64,7 @@ void refuseColor(const Records& records) {
 
 } // namespace
 
-TEST(Load, ACopyUnderAnotherNameSharesNothing) {
+TEST(Load, ACopyOfTheLibrarySharesNoState) {
     const std::string copy = CHROMA_LIBRARY ".copy";
     std::filesystem::copy_file(CHROMA_LIBRARY, copy, std::filesystem::copy_options::overwrite_existing);
     const Records first = recordsOf(CHROMA_LIBRARY, 2013.0, Host::resolve);
@@ -85,7 +85,7 @@ TEST(Load, ACopyUnderAnotherNameSharesNothing) {
 
 #ifdef CHROMA_SIBLING
 // The plugin found no registry before. It must not remove entries when its objects are destroyed.
-TEST(Load, ASiblingThatComesLateEntersNoneOfTheOthersObjects) {
+TEST(Load, ASiblingLoadedLateRegistersNoForeignObjects) {
     load(2021.0);
     foreign::unlock(newColor(1.0, 0.0, 0.0, 1.0));
     start(CHROMA_SIBLING, Host::resolve);

@@ -18,7 +18,7 @@ static_assert(!takes<id(CGFloat), OtherFloat> && !takes<id(CGFloat), int> && !ta
 static_assert(!takes<void(CGFloat*), const CGFloat*> && !takes<void(CGFloat*), OtherFloat*> && !takes<id(const void*), id>);
 
 #ifndef NDEBUG
-TEST_F(Platform, TellsTheTypesOfAMethodThatIsSentWithOthers) {
+TEST_F(Platform, RejectsMessagesWithWrongTypes) {
     const id color = native::sendClass("NSColor", "redColor");
     EXPECT_EQ((Message<CGFloat()>{"redComponent"}(color)), 1);
     EXPECT_DEATH(Message<OtherFloat()>{"redComponent"}(color), "redComponent has the types [fd].* and is sent with [df]@:");
@@ -29,7 +29,7 @@ TEST_F(Platform, TellsTheTypesOfAMethodThatIsSentWithOthers) {
 }
 #endif
 
-TEST_F(Platform, AnswersEveryMessageButTheOnesItIsKnownToLack) {
+TEST_F(Platform, RespondsToEveryMessageExceptTheListedOnes) {
     const std::regex row("\n- `([+-])\\[(\\w+) ([\\w:]+)\\]`");
     const std::sregex_iterator first(platform::page.begin(), platform::page.end(), row), end;
     EXPECT_EQ(std::distance(first, end), 11);
@@ -44,7 +44,7 @@ TEST_F(Platform, AnswersEveryMessageButTheOnesItIsKnownToLack) {
 }
 
 // If exceptions unwind, the destructors of a host's frames between the throw and the guard run.
-TEST_F(Platform, ExceptionsRunDestructorsOnTheWay) {
+TEST_F(Platform, ExceptionsRunDestructors) {
     if (sizeof(void*) == 4) GTEST_SKIP() << "native exceptions are jumps here";
     struct Counter {
         int& count;

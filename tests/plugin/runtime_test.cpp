@@ -29,7 +29,7 @@ TEST_F(Start, ChoosesTheControlVersionAtEachThreshold) {
     EXPECT_EQ(controlVersionFor(std::numeric_limits<double>::quiet_NaN()), 9);
 }
 
-TEST_F(Start, AnnouncesTheVersionOnceBeforeTheClasses) {
+TEST_F(Start, RegistersTheVersionOnceBeforeTheClasses) {
     const std::string trace = traceOf([&] { start(2013.03); });
     EXPECT_EQ(trace,
               "REALGetRBVersion RegisterPluginVersion(12) PluginRegisterClass PluginRegisterClass PluginRegisterClass");
@@ -42,7 +42,7 @@ TEST_F(Start, AnnouncesTheVersionOnceBeforeTheClasses) {
     EXPECT_EQ(rbversion_rbversion, 2013.03);
 }
 
-TEST_F(Start, WithoutResolverOrVersionTakesTheHostForOldAndHandsTheRecordsOverOnce) {
+TEST_F(Start, AssumesAnOldHostWithoutVersionAndRegistersOnce) {
     REALPluginMain(nullptr);
     EXPECT_EQ(CurrentREALControlVersion, 9);
     EXPECT_TRUE(host.asked.empty());
@@ -55,7 +55,7 @@ TEST_F(Start, WithoutResolverOrVersionTakesTheHostForOldAndHandsTheRecordsOverOn
 }
 
 // A null result is final, except for entries that some hosts provided late. The plugin looks up their newer names again.
-TEST_F(Start, EntriesAreAskedForOnceOrUntilTheHostAnswers) {
+TEST_F(Start, LooksUpEntriesOnceOrUntilFound) {
     const auto areOffered = [](auto&... entries) { return std::vector<bool>{entries.isOffered()...}; };
     const auto askForAll = [&] {
         host.asked.clear();
@@ -87,7 +87,7 @@ TEST_F(Start, EntriesAreAskedForOnceOrUntilTheHostAnswers) {
     EXPECT_EQ(host.asked, Counts());
 }
 
-TEST_F(Start, CurrentLayoutHandsOverTheTablesWithTheirFlags) {
+TEST_F(Start, CurrentLayoutRegistersTheTablesUnchanged) {
     using Words = std::vector<REALword>;
     REALclassDefinition expected[] = {color::NSColorClass, colorlist::NSColorListClass, colorspace::NSColorSpaceClass};
     start(2012.5);
@@ -141,7 +141,7 @@ void takeLeadingWords(Legacy* legacy, const Row* rows, REALword count) {
     std::free(legacy);
 }
 
-TEST_F(Start, LegacyLayoutHoldsTheLeadingWordsOrNothingChanges) {
+TEST_F(Start, LegacyLayoutCopiesLeadingWordsOrChangesNothing) {
     const REALclassDefinition before = fullRecord();
     start(2011.0);
     const auto registered = host.records.size();
@@ -194,7 +194,7 @@ protected:
     const NSUInteger before = native::retainCount(color);
 };
 
-TEST_F(Objects, OneNativeObjectIsOneHostObjectWhileItLives) {
+TEST_F(Objects, ANativeObjectHasOneHostObjectAtATime) {
     REALobjectStruct* const first = NewNSColorZRX(color);
     EXPECT_EQ(NewNSColorZRX(color), first);
     EXPECT_EQ(foreign::references(first), 2);
@@ -207,7 +207,7 @@ TEST_F(Objects, OneNativeObjectIsOneHostObjectWhileItLives) {
     EXPECT_EQ(foreign::references(Reference(NewNSColorZRX(color))), 1);
 }
 
-TEST_F(Objects, ADestructorReleasesWhatTheHandleIsAndRemovesItsOwnEntryOnly) {
+TEST_F(Objects, DestructorsReleaseTheHandleAndRemoveOnlyTheirEntry) {
     const Reference wrapped(NewNSColorZRX(color));
     REALobjectStruct* const other = foreign::make("NSColorZRX");
     setNativeObject(other, native::send(color, "retain")); // as a host program that writes the handle does
@@ -222,7 +222,7 @@ TEST_F(Objects, ADestructorReleasesWhatTheHandleIsAndRemovesItsOwnEntryOnly) {
 
 using FirstUse = SiblingTest;
 
-TEST_F(FirstUse, AsksTheSiblingOnceBeforeAnythingElseOfThePlatform) {
+TEST_F(FirstUse, CallsTheSiblingOnceBeforeAnyOtherMessage) {
     int count = 0;
     std::string asking = "respondsToSelector: GetInstancesDictionaryZRX respondsToSelector: PrepareNSExceptionZRX";
     for (const auto use : std::initializer_list<void (*)()>{

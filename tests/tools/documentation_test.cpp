@@ -48,7 +48,7 @@ TEST_F(Documentation, ExplainsEveryClassAndMember) {
     }
 }
 
-TEST_F(Documentation, ExplainsNothingThatIsNotDeclared) {
+TEST_F(Documentation, ExplainsOnlyDeclaredMembers) {
     for (const ClassText& text : classTexts()) {
         const host::ClassInfo* const info = host::registry().find(text.name);
         ASSERT_NE(info, nullptr) << text.name;

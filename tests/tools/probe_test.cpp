@@ -232,7 +232,7 @@ class BrokenHost : public testing::TestWithParam<Case> {};
 
 } // namespace
 
-TEST(Probe, HasNoComplaintAboutTheReferenceHostOfAnyAge) {
+TEST(Probe, AcceptsTheReferenceHostOfEveryVersion) {
     for (const double version : {2005.1, 2012.0, 2013.0, 2016.4, 2021.0}) {
         EXPECT_EXIT(
             {
@@ -247,7 +247,7 @@ TEST(Probe, HasNoComplaintAboutTheReferenceHostOfAnyAge) {
 }
 
 // The host of the plugin's tests uses every freedom that the header allows hosts.
-TEST(Probe, HasNoComplaintAboutTheStrictHostOfAnyAge) {
+TEST(Probe, AcceptsTheStrictHostOfEveryVersion) {
     for (const double version : {2005.1, 2012.0, 2013.0, 2016.4, 2021.0}) {
         EXPECT_EXIT(
             {

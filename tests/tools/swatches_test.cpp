@@ -37,7 +37,7 @@ private:
 
 } // namespace
 
-TEST_F(Swatches, TellHowFarAColourLiesOutside) {
+TEST_F(Swatches, MeasureColorDifferencesAsPublished) {
     // Pairs that the authors of CIEDE2000 published, with the expected values of the terms for hue, rotation and rounding.
     const struct {
         Lab first, second;
@@ -62,7 +62,7 @@ TEST_F(Swatches, TellHowFarAColourLiesOutside) {
     EXPECT_LT(distance(blue, {29.57, 68.30, -112.03}), 0.02) << "as published";
 }
 
-TEST_F(Swatches, ColourTheTerminalAndKeepNothingOfTheHost) {
+TEST_F(Swatches, ShowListColorsAndGroupEverySystemColor) {
     const std::string path = testing::TempDir() + "swatches_test_" + std::to_string(getpid()) + ".clr";
     std::ofstream(path) << "chromabridge color list 1\nspace 0 standard sRGB\n"
                            "\"red\" components 0 3f800000 00000000 00000000 3f800000\nend 1\n";
