@@ -14,7 +14,7 @@ ElseIf given.Count = 3 And given(0) = "to-list" Then
     Print names.Count & " colours: " & Join(names)
 ElseIf given.Count > 2 And given(0) = "to-css" Then
     Dim list As New NSColorListZRX
-    If Not list.Create("list", New FolderItem(given(1)).NativePath) Then Fail given(1) & " is no colour list"
+    If Not list.Create("list", New FolderItem(given(1)).NativePath) Then Fail given(1) & " is not a colour list"
     Write Sheet(list, given.Slice(2))
 Else
     Fail "expected: to-list SHEET LIST, or to-css LIST KEY [KEY...]"

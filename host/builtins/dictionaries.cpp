@@ -127,7 +127,7 @@ void destroy(Object* dictionary) { delete &entriesOf(dictionary); }
 // False, with an exception recorded, for what equals nothing, not even itself.
 bool canBeKey(Held key) {
     if (key.kind != Kind::real || !std::isnan(key.value.real)) return true;
-    raise("UnsupportedOperationException", "What is not a number cannot be a key.");
+    raise("UnsupportedOperationException", "Not-a-number (NaN) cannot be a key.");
     return false;
 }
 

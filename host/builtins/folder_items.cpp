@@ -45,7 +45,7 @@ std::optional<fs::path> located(const fs::path& path) {
     if (!error) whole = climbs ? fs::weakly_canonical(whole, error) : whole.lexically_normal();
     if (path.string().find('\0') != std::string::npos) error = std::make_error_code(std::errc::invalid_argument);
     if (error) {
-        raise("IOException", "\"" + path.string() + "\" is no path: " + error.message() + ".", error.value());
+        raise("IOException", "\"" + path.string() + "\" is not a path: " + error.message() + ".", error.value());
         return std::nullopt;
     }
     return whole.has_filename() || whole == whole.root_path() ? whole : whole.parent_path();
@@ -159,7 +159,7 @@ String* readText(Object* item) {
     const std::optional<std::string> bytes = contents(item, maxTextBytes);
     if (!bytes) return nullptr;
     if (utf8::findInvalid(*bytes) != std::string_view::npos) {
-        raiseAbout(item, "is no UTF-8 text");
+        raiseAbout(item, "is not valid UTF-8 text");
         return nullptr;
     }
     std::string_view text = *bytes;
@@ -169,11 +169,11 @@ String* readText(Object* item) {
 
 void writeText(Object* item, String* text) {
     const std::string bytes = utf8Of(text);
-    if (bytes.empty() && text) return raiseAbout(item, "is not written: the text has bytes that its encoding does not know");
+    if (bytes.empty() && text) return raiseAbout(item, "cannot be written: the text is invalid in its encoding");
     write(item, bytes);
 }
 
-// By name; nothing, with an exception pending, when it is no folder that can be read.
+// By name; nothing, with an exception pending, when it cannot be read as a folder.
 std::optional<std::vector<fs::path>> entries(const Object* item) {
     std::vector<fs::path> paths;
     std::error_code error;
@@ -181,7 +181,7 @@ std::optional<std::vector<fs::path>> entries(const Object* item) {
          entry.increment(error))
         paths.push_back(entry->path());
     if (error) {
-        raiseAbout(item, "is no folder that can be read", error);
+        raiseAbout(item, "cannot be read as a folder", error);
         return std::nullopt;
     }
     std::sort(paths.begin(), paths.end());
@@ -209,7 +209,7 @@ void createFolder(Object* item) {
     std::error_code error;
     fs::create_directory(pathOf(item), error);
     if (!error && !fs::is_directory(pathOf(item), error)) error = std::make_error_code(std::errc::file_exists);
-    if (error) raiseAbout(item, "cannot be made a folder", error);
+    if (error) raiseAbout(item, "cannot be created as a folder", error);
 }
 
 void remove(Object* item) {

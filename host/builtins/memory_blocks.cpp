@@ -77,7 +77,7 @@ void resizeOrRaise(Object* block, HostInteger size) {
     if (size < 0 || size > std::numeric_limits<std::int32_t>::max()) {
         raise("OutOfBoundsException", "A memory block cannot have " + std::to_string(size) + " bytes.");
     } else if (!resize(block, static_cast<std::int32_t>(size))) {
-        raise("OutOfMemoryException", "There is no memory for " + std::to_string(size) + " bytes.");
+        raise("OutOfMemoryException", "There is not enough memory for " + std::to_string(size) + " bytes.");
     }
 }
 

@@ -151,7 +151,7 @@ int completion(const Start& start, const std::string& shell, CompletedWords word
     } else if (shell == "zsh") {
         writeZsh(words, std::cout);
     } else {
-        throw std::invalid_argument("there is completion for bash and zsh, not for " + shell);
+        throw std::invalid_argument("completion exists for bash and zsh, not for " + shell);
     }
     return success;
 }

@@ -31,20 +31,20 @@ void writeTerms(const std::vector<Word>& words) {
 constexpr const char* ending = R"(.SH EXIT STATUS
 0 success, 1 a failure that the standard error explains, 2 wrong usage, 3 leaks found, 4 nothing tested by
 .BR validate .
-An interrupted program ends by the signal.
+If interrupted, the program is terminated by the signal.
 .SH ENVIRONMENT
 .TP
 .B NO_COLOR
-When set, nothing on the terminal is coloured.
+If set, output on the terminal has no colours.
 .TP
 .B COLORTERM
 .B truecolor
 or
 .B 24bit
-says that the terminal has all colours, and not 256.
+means that the terminal supports 24-bit colours, not only 256.
 .TP
 .B PAGER
-What shows long pages of
+The program that shows long pages of
 .BR browse .
 .SH FILES
 .TP

@@ -26,7 +26,7 @@ std::string formOf(const SwatchesOptions& options) {
         if (endsIn(options.picture, std::string(".") + form)) return form;
     }
     throw std::invalid_argument(options.picture +
-                                " is neither an .svg nor a .png file; --format says what to write into a file of any name");
+                                " is neither an .svg nor a .png file; --format sets the format for any other name");
 }
 
 template <class Sheet>
@@ -37,7 +37,7 @@ std::string contents(const Sheet& sheet, const std::string& form, const Swatches
     const Picture picture = drawn(sheet, options.dark ? darkTheme : lightTheme);
     if (form == "svg") return svgOf(picture);
     if (!isFile && isatty(STDOUT_FILENO))
-        throw std::invalid_argument("a PNG would garble the terminal: give a file, or pass it on");
+        throw std::invalid_argument("a PNG would garble the terminal: name a file, or redirect the output");
     return pngOf(picture);
 }
 

@@ -42,7 +42,7 @@ std::vector<const Check*> chosen(const ValidateOptions& options) {
     std::vector<const Check*> found;
     for (const Check& check : validator::checks())
         if ((options.only.empty() || isIn(options.only, check)) && !isIn(options.skip, check)) found.push_back(&check);
-    if (found.empty()) throw std::invalid_argument("--only and --skip leave no check");
+    if (found.empty()) throw std::invalid_argument("--only and --skip exclude every check");
     return found;
 }
 
@@ -67,10 +67,12 @@ void list(const std::vector<const Check*>& checks, bool json) {
     nlohmann::ordered_json all = nlohmann::ordered_json::array();
     for (const Check* check : checks) {
         if (json) {
-            all.push_back({{"name", check->name}, {"promise", check->promise}, {"severity", nameOf(check->severity)}});
+            all.push_back(
+                {{"name", check->name}, {"requirement", check->requirement}, {"severity", nameOf(check->severity)}});
         } else {
             const bool warns = check->severity == validator::Severity::warning;
-            std::cout << std::left << std::setw(22) << check->name << check->promise << (warns ? " (warning)" : "") << "\n";
+            std::cout << std::left << std::setw(22) << check->name << check->requirement << (warns ? " (warning)" : "")
+                      << "\n";
         }
     }
     if (json) writeJson(all, std::cout);
@@ -80,7 +82,7 @@ int callOnly(const Start& start, const ValidateOptions& options) {
     const Result result = validator::callFunction(options.call, trialOf(start, options), start.host, options.inProcess);
     writeCheck(options.call, result);
     if (result.state == Result::State::notTested) return nothingTested;
-    return result.state == Result::State::broken ? failure : success;
+    return result.state == Result::State::failed ? failure : success;
 }
 
 } // namespace
@@ -111,7 +113,7 @@ int validate(const Start& start, const ValidateOptions& options) {
         } else {
             result.reason = "the library does not load";
         }
-        isLoaded = isLoaded && (check != &validator::checks().front() || result.state != Result::State::broken);
+        isLoaded = isLoaded && (check != &validator::checks().front() || result.state != Result::State::failed);
         if (isText) writeCheck(check->name, result);
         report.checks.push_back({check, std::move(result), std::chrono::duration<double>(Clock::now() - begin).count()});
     }

@@ -23,9 +23,9 @@ using State = Result::State;
 
 const char* wordFor(State state) {
     switch (state) {
-    case State::kept: return "kept";
+    case State::passed: return "passed";
     case State::warned: return "warning";
-    case State::broken: return "broken";
+    case State::failed: return "failed";
     case State::notTested: break;
     }
     return "not tested";
@@ -102,7 +102,7 @@ std::size_t ValidationReport::count(State state) const {
 }
 
 int ValidationReport::exitCode() const {
-    if (count(State::broken) > 0) return failure;
+    if (count(State::failed) > 0) return failure;
     const auto isUntested = [](State state) { return state == State::notTested; };
     const std::vector<State> classes = statesOf(*this, true);
     const bool nothing = !classes.empty() && std::all_of(classes.begin(), classes.end(), isUntested);
@@ -110,15 +110,15 @@ int ValidationReport::exitCode() const {
 }
 
 void writeCheck(const std::string& name, const Result& result) {
-    std::cout << std::left << std::setw(22) << name << (result.state == State::broken ? "BROKEN" : wordFor(result.state))
+    std::cout << std::left << std::setw(22) << name << (result.state == State::failed ? "FAILED" : wordFor(result.state))
               << (result.reason.empty() ? "" : ": " + result.reason) << "\n";
     for (const Complaint& complaint : result.complaints) {
-        const bool isMilder = result.state == State::broken && complaint.severity == Severity::warning;
+        const bool isMilder = result.state == State::failed && complaint.severity == Severity::warning;
         std::cout << "    " << (isMilder ? "warning: " : "") << complaint.text << "\n";
         if (!complaint.hosts.empty()) std::cout << "        " << hostsOf(complaint, 3) << "\n";
     }
     for (const std::string& function : result.skipped)
-        std::cout << "    not called, since it hangs: " << function << "\n";
+        std::cout << "    not called, because it hangs: " << function << "\n";
     if (!result.output.empty() && !result.complaints.empty()) {
         std::cout << "    the plugin printed:\n";
         writeLines(result.output, "    | ");
@@ -127,7 +127,7 @@ void writeCheck(const std::string& name, const Result& result) {
 }
 
 void writeSummary(const ValidationReport& report) {
-    std::cout << report.count(State::kept) << " kept, " << report.count(State::broken) << " broken, "
+    std::cout << report.count(State::passed) << " passed, " << report.count(State::failed) << " failed, "
               << report.count(State::warned) << " with warnings, " << report.count(State::notTested) << " not tested\n";
 }
 
@@ -140,7 +140,7 @@ void writeReportAsJson(const ValidationReport& report) {
             if (!complaint.hosts.empty()) complaints.back()["hosts"] = complaint.hosts;
         }
         Json check = {{"name", row.check->name},
-                      {"promise", row.check->promise},
+                      {"requirement", row.check->requirement},
                       {"severity", nameOf(row.check->severity)},
                       {"result", wordFor(row.result.state)},
                       {"complaints", std::move(complaints)},
@@ -153,8 +153,8 @@ void writeReportAsJson(const ValidationReport& report) {
     writeJson(Json{{"plugin", report.plugin},
                    {"version", CHROMA_VERSION},
                    {"summary",
-                    {{"kept", report.count(State::kept)},
-                     {"broken", report.count(State::broken)},
+                    {{"passed", report.count(State::passed)},
+                     {"failed", report.count(State::failed)},
                      {"warnings", report.count(State::warned)},
                      {"notTested", report.count(State::notTested)},
                      {"exitCode", report.exitCode()}}},
@@ -167,14 +167,14 @@ void writeReportAsJunit(const ValidationReport& report) {
     for (const CheckReport& row : report.checks)
         seconds += row.seconds;
     std::cout << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<testsuites>\n<testsuite name=\"" << xml(report.plugin)
-              << "\" tests=\"" << report.checks.size() << "\" failures=\"" << report.count(State::broken)
+              << "\" tests=\"" << report.checks.size() << "\" failures=\"" << report.count(State::failed)
               << "\" errors=\"0\" skipped=\"" << report.count(State::notTested) << "\" time=\"" << seconds << "\">\n";
     for (const CheckReport& row : report.checks) {
         const Result& result = row.result;
         std::cout << "<testcase classname=\"chromahost.validate\" name=\"" << row.check->name << "\" time=\"" << row.seconds
                   << "\">\n";
-        if (result.state == State::broken) {
-            std::cout << "<failure message=\"" << xml(row.check->promise) << "\">" << xml(junitText(result))
+        if (result.state == State::failed) {
+            std::cout << "<failure message=\"" << xml(row.check->requirement) << "\">" << xml(junitText(result))
                       << "</failure>\n";
         } else if (result.state == State::notTested) {
             std::cout << "<skipped message=\"" << xml(result.reason) << "\"/>\n";

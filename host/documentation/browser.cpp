@@ -142,7 +142,7 @@ void browseAnything(const Registry& registry, std::string_view name, Writer& wri
     std::size_t found = 0;
     for (const ClassPage& page : pagesOf(registry))
         found += browseMembersNamed(page, name, writer);
-    if (found == 0) refuse("there is nothing of the name " + std::string(name), name, pageNames(registry));
+    if (found == 0) refuse("nothing has the name " + std::string(name), name, pageNames(registry));
 }
 
 void writeMembers(const std::vector<MemberPage>& members, std::ostream& out) {

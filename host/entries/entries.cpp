@@ -51,7 +51,8 @@ void takeRecord(REALclassDefinition& record) {
     const bool mayAnnounce = resolveEntry("RegisterPluginVersion") != nullptr;
     if (mayAnnounce && record.version != process().controlVersion) {
         registry().report(std::string(record.name ? record.name : "a class record") + ": the record's version is " +
-                          std::to_string(record.version) + ", announced was " + std::to_string(process().controlVersion));
+                          std::to_string(record.version) + ", but the plugin announced " +
+                          std::to_string(process().controlVersion));
     }
     registry().add(record);
 }
@@ -239,7 +240,7 @@ void startHost(const HostOptions& options) {
             message += "\n    " + known;
         throw std::invalid_argument(message);
     }
-    if (!(options.version >= 0)) throw std::invalid_argument("the version of a host is a number from 0 on");
+    if (!(options.version >= 0)) throw std::invalid_argument("the version of a host is a number that is at least 0");
     simulatedVersion = options.version;
     std::set<std::string, std::less<>>& without = process().without;
     without = {options.without.begin(), options.without.end()};

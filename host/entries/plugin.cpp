@@ -26,7 +26,7 @@ Library open(const std::string& path) {
     void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!library) throw std::runtime_error("cannot load the plugin " + path + ": " + dlerror());
     void* const symbol = dlsym(library, "REALPluginMain");
-    if (!symbol) throw std::runtime_error(path + " is no plugin: it has no REALPluginMain");
+    if (!symbol) throw std::runtime_error(path + " is not a plugin: it has no REALPluginMain");
     return {library, reinterpret_cast<REALPluginMainProc>(symbol)};
 }
 
@@ -44,7 +44,7 @@ void loadPlugin(const std::string& path) {
         library.main(resolveEntry);
     }
     if (registry().problems().size() == before) return;
-    std::string message = path + ": the host cannot take all of its class records";
+    std::string message = path + ": the host cannot register all of its class records";
     for (std::size_t i = before; i < registry().problems().size(); ++i)
         message += "\n    " + registry().problems()[i];
     throw std::runtime_error(message);

@@ -44,13 +44,13 @@ void checkStandardAccess(const Property& property, std::size_t dataSize) {
     if (size == 0) throw std::runtime_error("the standard accessor cannot serve a " + nameOf(property.type));
     const auto offset = static_cast<std::size_t>(property.parameter);
     if (property.parameter < 0 || offset > dataSize || size > dataSize - offset) {
-        throw std::runtime_error("the standard accessor would leave the instance data");
+        throw std::runtime_error("the standard accessor would access memory outside the instance data");
     }
 }
 
 Property makeProperty(ClassInfo& owner, const REALpropertyLegacy& record, std::size_t dataSize) {
     if (!record.name || !record.type) throw std::runtime_error("no name or no type");
-    if (!isName(record.name)) throw std::runtime_error("\"" + std::string(record.name) + "\" is no name");
+    if (!isName(record.name)) throw std::runtime_error("\"" + std::string(record.name) + "\" is not a name");
     Property property;
     property.owner = &owner;
     property.name = record.name;
@@ -250,7 +250,7 @@ ClassInfo* Registry::add(REALclassDefinition& record, bool builtIn) {
         return nullptr;
     }
     if (!isName(name)) {
-        report("a class record whose name is \"" + name + "\", which is no name");
+        report("a class record whose name is \"" + name + "\", which is not a name");
         return nullptr;
     }
     if (find(name) || typeNamed(name).kind != Kind::object || equalIgnoringCase(name, "Object")) {
@@ -263,11 +263,11 @@ ClassInfo* Registry::add(REALclassDefinition& record, bool builtIn) {
         return nullptr;
     }
     if (record.instanceDataSize < 0 || record.instanceDataSize % 16 != 0) {
-        report(name + ": the instance data size " + std::to_string(record.instanceDataSize) + " is no multiple of 16");
+        report(name + ": the instance data size " + std::to_string(record.instanceDataSize) + " is not a multiple of 16");
         return nullptr;
     }
     for (const char* members : RecordView(record).unknownMembers())
-        report(name + ": this host knows no " + members);
+        report(name + ": this host does not support " + members);
     classes_.push_back(std::make_unique<ClassInfo>(record, super, builtIn, problems_));
     byName_.emplace(name, classes_.back().get());
     return classes_.back().get();

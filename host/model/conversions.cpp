@@ -95,7 +95,7 @@ bool readText(const String* string, const Type& type, Slot& value) {
     if (!read) {
         constexpr std::size_t maxShown = 40;
         const std::string shown = text.bytes().size() > maxShown ? "The text" : '"' + std::string(text.bytes()) + '"';
-        raise("TypeMismatchException", shown + (type.kind == Kind::color ? " is no colour." : " is no number."));
+        raise("TypeMismatchException", shown + (type.kind == Kind::color ? " is not a colour." : " is not a number."));
         return false;
     }
     const auto conversion = conversionTo(type, Type::plain(found), Purpose::assignment);

@@ -112,7 +112,8 @@ private:
             if (!signature.parameters.empty()) {
                 const Parameter& last = signature.parameters.back();
                 if (last.paramArray) fail("a parameter after the paramarray", start);
-                if (last.defaultValue && !next.defaultValue) fail("a parameter without a default after one with", start);
+                if (last.defaultValue && !next.defaultValue)
+                    fail("a parameter without a default after one with a default", start);
             }
             signature.parameters.push_back(std::move(next));
         } while (skip(','));

@@ -47,8 +47,7 @@ void writeHandle(Object* object, const ClassInfo& info, unsigned char* word, Hos
     const auto owner = owners.find(handle);
     const bool isOwn = handle == account.own;
     if (!isOwn && (owner == owners.end() || !owner->second->info->isOrDescendsFrom(info))) {
-        raise("UnsupportedOperationException",
-              "Handle takes only what the Handle of a living " + info.name() + " has answered");
+        raise("UnsupportedOperationException", "Handle accepts only the handle of a living " + info.name() + ".");
         return;
     }
     const Owned<Object> before =

@@ -25,17 +25,18 @@ constexpr struct {
     const char* command;
     const char* text;
 } help[] = {
-    {"", "Type a statement to run it, or an expression to see its value. Blocks go on until they are closed."},
-    {":browse [NAME [MEMBER]]", "what there is and what it is for: classes, members, functions, keywords, types"},
-    {":help [NAME]", "this, or what has the name"},
-    {":quit", "leave; Ctrl-D on an empty line does too"},
+    {"", "Type a statement to run it, or an expression to see its value. A block continues until it is closed."},
+    {":browse [NAME [MEMBER]]", "describe classes, members, functions, keywords and types"},
+    {":help [NAME]", "show this page, or describe the name"},
+    {":quit", "leave the prompt, like Ctrl-D on an empty line"},
     {"",
-     "Tab completes names and indents lines; after ( it shows what may follow. Up and Down move in a block of several lines, "
-     "then to earlier entries; Ctrl-R searches them."},
-    {"", "Ctrl-C gives up the line, or stops the statement that runs. Ctrl-D gives up a block."},
+     "Tab completes names and indents lines. After ( it shows the parameters. Up and Down move within a block of several "
+     "lines, then to earlier and later entries. Ctrl-R searches the entries."},
+    {"", "Ctrl-C discards the line or stops the running statement. Ctrl-D discards a block."},
 };
 
-constexpr const char* howToGetHelp = ":help explains the prompt, and :browse NAME a class, a function or another word.\n";
+constexpr const char* howToGetHelp =
+    ":help explains the prompt. :browse NAME describes a class, a function or another word.\n";
 
 constexpr const char* howToLeave = "To leave: :quit, or Ctrl-D on an empty line.\n";
 

@@ -135,9 +135,10 @@ Reference colorOfText(const std::string& text) {
         if (!equalIgnoringCase(member, text)) continue;
         if (Reference color = namedColor(member)) return color;
     }
-    throw std::invalid_argument("\"" + text +
-                                "\" is no colour: write #F80 or #FF8000, a colour of CSS such as orange or rgb(255 128 0), "
-                                "or a member of NSColorZRX such as redColor");
+    throw std::invalid_argument(
+        "\"" + text +
+        "\" is not a colour: write #F80 or #FF8000, a colour of CSS such as orange or rgb(255 128 0), "
+        "or a member of NSColorZRX such as redColor");
 }
 
 } // namespace host::swatches

@@ -36,8 +36,8 @@ Function* libraryFunction(const char* name) {
     if (sizeof(void*) == 4) throw std::invalid_argument("the 32-bit build writes SVG only");
     const std::string file = bundledPlugin("libchromapng.so");
     if (access(file.c_str(), F_OK) != 0) {
-        throw std::runtime_error("this build has no libchromapng.so, which makes PNG: it is built where librsvg2-dev is "
-                                 "installed. SVG needs nothing more");
+        throw std::runtime_error("this build has no libchromapng.so, which draws PNG: it is built if librsvg2-dev is "
+                                 "installed. SVG needs no further library");
     }
     void* const library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     void* const function = library ? dlsym(library, name) : nullptr;

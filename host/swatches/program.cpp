@@ -43,7 +43,7 @@ Slot call(const ClassInfo& info, const char* name, const OverloadSet& overloads,
         throwPending();
         return result;
     }
-    throw std::runtime_error(info.name() + " has no such member " + name);
+    throw std::runtime_error(info.name() + " has no member " + name);
 }
 
 Reference callShared(const char* className, const char* name, const std::vector<Slot>& arguments) {
@@ -96,7 +96,7 @@ Reference spaceOfProfile(const std::string& profile) {
         if (equalIgnoringCase(maker->signature.parameters[0].type.className, "MemoryBlock"))
             return Reference(call(info, maker->signature.name.c_str(), {maker}, {Slot::ofObject(block)}).object);
     }
-    throw std::runtime_error("no plugin makes a space of a profile");
+    throw std::runtime_error("no plugin creates a space from a profile");
 }
 
 } // namespace
@@ -148,7 +148,7 @@ Reference converted(const Reference& color, const Reference& space) {
 std::string textProperty(const Reference& object, const char* name) {
     const Property* const property = object.get()->info->findProperty(name);
     if (!property || property->type.kind != Kind::string)
-        throw std::runtime_error(object.get()->info->name() + " has no text " + name);
+        throw std::runtime_error(object.get()->info->name() + " has no text property " + name);
     const platform::AutoreleasePool pool;
     const Owned<String> answer(readProperty(*property, object.get()).string);
     throwPending();

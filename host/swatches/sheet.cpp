@@ -60,7 +60,7 @@ constexpr struct {
 // A smaller distance comes from the rounding of components.
 constexpr double visibleDistance = 0.05;
 
-constexpr const char* outsideLegend = "\u25b2 outside sRGB: the nearest that a screen shows, and how far it is (CIEDE2000)";
+constexpr const char* outsideLegend = "\u25b2 outside sRGB: the nearest sRGB colour, and its distance (CIEDE2000)";
 
 // Returns the distance between the colour and what a screen shows instead.
 double distanceOutside(const Reference& color, const ScreenColor& value) {
@@ -110,7 +110,7 @@ std::string whyNoList(const std::string& file) {
     std::ifstream stream(file);
     stream.get();
     const bool isEmpty = stream.eof(); // an empty file is not a system error
-    return stream.is_open() && (stream.good() || isEmpty) ? " is no colour list"
+    return stream.is_open() && (stream.good() || isEmpty) ? " is not a colour list"
                                                           : std::string(" cannot be read: ") + std::strerror(errno);
 }
 

@@ -71,7 +71,7 @@ ScannedLiteral scanPrefixed(std::string_view text, bool negative) {
     const char letter = lower(at(text, 1));
     if (letter == 'c') throw LiteralError{0, "a colour is written #RRGGBB or #RRGGBBAA"};
     const unsigned base = letter == 'b' ? 2 : letter == 'o' ? 8 : letter == 'h' ? 16 : 0;
-    if (base == 0) throw LiteralError{0, "a number behind '&' is written &hFF, &o17 or &b101"};
+    if (base == 0) throw LiteralError{0, "a number after '&' is written &hFF, &o17 or &b101"};
     std::uintptr_t value = 0;
     std::size_t end = 2;
     for (; digitValue(at(text, end)) < base; ++end) {

@@ -76,7 +76,7 @@ void checkReference(const Function& function, const Arguments& arguments, Slot& 
     }
     const int held = arguments.referencesTo(result.address);
     const std::int32_t references = isString ? referencesOf(result.string) : result.object->references;
-    if (held > 0 && references <= held) refuse("it returned its argument without a reference of its own");
+    if (held > 0 && references <= held) refuse("it returned its argument without a new reference");
 }
 
 void invoke(const Function& function, const Arguments& arguments, Plan plan, Outcome& outcome) {
@@ -118,7 +118,7 @@ Outcome callOnce(const Function& function, const Choice& choice, Plan plan, int 
         }
         step(outcome.call + ", while the host releases the arguments");
     } catch (...) { // from the functions that create a filled object
-        outcome.exception = describeException() + " (while the arguments were made)";
+        outcome.exception = describeException() + " (while the arguments were created)";
     }
     checkMemory("it");
     outcome.misuses = takeMisuses();

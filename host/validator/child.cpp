@@ -105,7 +105,7 @@ class Folder {
 public:
     Folder() {
         path_ = (std::filesystem::temp_directory_path() / "chromahost.XXXXXX").string();
-        if (!mkdtemp(path_.data())) throw std::runtime_error("cannot make a folder in " + path_);
+        if (!mkdtemp(path_.data())) throw std::runtime_error("cannot create a folder in " + path_);
     }
     Folder(const Folder&) = delete;
     Folder& operator=(const Folder&) = delete;
@@ -241,7 +241,7 @@ public:
                 kill(-child_, SIGKILL);
             } else if (now >= limits_.end) {
                 ending.kind = Ending::Kind::overdue;
-                ending.words = "was stopped at the end of the time for one plugin";
+                ending.words = "was stopped because the time for one plugin was over";
             } else if (now - latest >= limits_.forStep) {
                 ending.kind = Ending::Kind::hung;
                 ending.words = "did not return within " + seconds(limits_.forStep);

@@ -24,7 +24,7 @@ public:
     Struct at(std::size_t offset) const {
         Struct result;
         if (bytes_.size() < sizeof result || offset > bytes_.size() - sizeof result)
-            throw std::runtime_error("the file is no whole library");
+            throw std::runtime_error("the file is not a complete library");
         std::memcpy(&result, bytes_.data() + offset, sizeof result);
         return result;
     }
@@ -44,7 +44,7 @@ std::vector<std::string> exportedFunctions(const std::string& file) {
     const auto head = library.at<ElfW(Ehdr)>(0);
     constexpr unsigned char width = sizeof(void*) == 8 ? ELFCLASS64 : ELFCLASS32;
     if (std::memcmp(head.e_ident, ELFMAG, SELFMAG) != 0 || head.e_ident[EI_CLASS] != width)
-        throw std::runtime_error("the file is no library of this width");
+        throw std::runtime_error("the file is not a library of this width");
     const auto sectionAt = [&](std::size_t i) { return library.at<ElfW(Shdr)>(head.e_shoff + i * head.e_shentsize); };
     std::vector<std::string> names;
     for (std::size_t i = 0; i < head.e_shnum; ++i) {

@@ -30,7 +30,7 @@ void checkFurther(const ClassInfo& info, const Row* rows, std::size_t count, con
     for (std::size_t i = 0; i < count; ++i) {
         const auto& words = rows[i].further;
         if (std::any_of(std::begin(words), std::end(words), [](REALword word) { return word != 0; }))
-            complain(info.name() + ": " + what + " " + std::to_string(i) + " has words that must be 0 and are not");
+            complain(info.name() + ": " + what + " " + std::to_string(i) + " has reserved words that are not 0");
     }
 }
 

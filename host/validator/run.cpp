@@ -44,7 +44,7 @@ bool isOrdinary(const HostOptions& options) { return options.version == HostOpti
 void complain(const std::string& text) { send("!" + text); }
 void warn(const std::string& text) { send("?" + text); }
 void tested() { send("+"); }
-void lacking(const std::string& reason) { send("-" + reason); }
+void untested(const std::string& reason) { send("-" + reason); }
 void flag() { send("*"); }
 
 void startCheckedHost(const HostOptions& options) {
@@ -60,7 +60,7 @@ std::vector<const ClassInfo*> start(const Trial& trial, const HostOptions& optio
         if (!trial.sibling.empty()) loadPlugin(trial.sibling);
         main = openPlugin(trial.plugin);
     } catch (const std::runtime_error& error) {
-        lacking(error.what());
+        untested(error.what());
         return {};
     }
     const std::size_t before = registry().classes().size();
@@ -73,7 +73,7 @@ std::vector<const ClassInfo*> start(const Trial& trial, const HostOptions& optio
     std::vector<const ClassInfo*> own;
     for (std::size_t i = before; i < registry().classes().size(); ++i)
         own.push_back(registry().classes()[i].get());
-    if (own.empty()) lacking("the plugin registers no class");
+    if (own.empty()) untested("the plugin registers no class");
     return own;
 }
 
@@ -139,7 +139,7 @@ void Run::functions(const HostOptions& options, const std::string& reason, const
     for (std::size_t next = 0;;) {
         const Ending ending = run(host, [&] {
             const std::vector<Function> functions = functionsOf(start(trial_, options));
-            if (!functions.empty()) lacking(reason);
+            if (!functions.empty()) untested(reason);
             for (std::size_t i = next; i < functions.size(); ++i) {
                 setPlace(i);
                 if (hung.count(functions[i].name) != 0) {
@@ -192,10 +192,10 @@ void Run::add(Severity severity, const std::string& host, const std::string& tex
 Result Run::take() {
     const auto isBreach = [](const Complaint& complaint) { return complaint.severity == Severity::breach; };
     const std::vector<Complaint>& complaints = result_.complaints;
-    const bool isBroken = std::any_of(complaints.begin(), complaints.end(), isBreach);
-    result_.state = isBroken              ? Result::State::broken
+    const bool hasFailed = std::any_of(complaints.begin(), complaints.end(), isBreach);
+    result_.state = hasFailed             ? Result::State::failed
                     : !complaints.empty() ? Result::State::warned
-                    : tested_             ? Result::State::kept
+                    : tested_             ? Result::State::passed
                                           : Result::State::notTested;
     if (result_.state != Result::State::notTested) result_.reason.clear();
     return std::move(result_);

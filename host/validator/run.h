@@ -47,11 +47,11 @@ private:
 };
 
 // For the child. complain() reports a complaint of the check's severity, warn() a warning. tested() records that the
-// promise was tested, lacking() why it was not.
+// requirement was tested, untested() why it was not.
 void complain(const std::string& text);
 void warn(const std::string& text);
 void tested();
-void lacking(const std::string& reason);
+void untested(const std::string& reason);
 void flag();
 
 // Calls the body. If it throws, complains of the exception and names the latest step.

@@ -1,4 +1,4 @@
-// Checks a plugin against the contract, promise by promise.
+// Checks a plugin against the contract, check by check.
 #pragma once
 
 #include "entries/entries.h"
@@ -16,8 +16,8 @@ struct Trial {
     Limits limits = {};
 };
 
-// The severity of a broken promise. A breach violates host_abi.h. A warning means one of two things: the plugin depends on
-// something that the contract does not promise, or it fails where only an incorrect host would notice.
+// The severity of a violated requirement. A breach violates host_abi.h. A warning means one of two things: the plugin
+// depends on something that the contract does not promise, or it fails where only an incorrect host would notice.
 enum class Severity { warning, breach };
 
 struct Complaint {
@@ -27,7 +27,7 @@ struct Complaint {
 };
 
 struct Result {
-    enum class State { kept, warned, broken, notTested };
+    enum class State { passed, warned, failed, notTested };
 
     State state = State::notTested;
     std::string reason = {}; // why nothing was tested; empty for the other states
@@ -40,7 +40,7 @@ class Run;
 
 struct Check {
     const char* name;
-    const char* promise;
+    const char* requirement;
     Severity severity; // the severity of its complaints
     bool ofClasses;    // whether it tests the plugin's classes
     void (*perform)(Run& run);

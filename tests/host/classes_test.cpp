@@ -220,17 +220,17 @@ TEST_F(Classes, InvalidRecordsAreReported) {
         entry<PluginRegisterClassProc>("PluginRegisterClass")(&each);
     const std::vector<std::string> expected = {
         "Bad: property 0: the standard accessor cannot serve a String",
-        "Bad: property 1: the standard accessor would leave the instance data",
-        "Bad: property 2: \"2nd\" is no name",
+        "Bad: property 1: the standard accessor would access memory outside the instance data",
+        "Bad: property 2: \"2nd\" is not a name",
         "Bad: method 0: expected \"as\" at column 11 of \"Add(amount\"",
         "Bad: method 1: no function",
         "integer: the name is taken",
         "bad: the name is taken",
         "Orphan: there is no superclass Nobody",
-        "Odd: the instance data size 4 is no multiple of 16",
-        "New: the record's version is 14, announced was 13",
+        "Odd: the instance data size 4 is not a multiple of 16",
+        "New: the record's version is 14, but the plugin announced 13",
         "a class record of the unknown version 14",
-        "a class record whose name is \"A\n\", which is no name",
+        "a class record whose name is \"A\n\", which is not a name",
     };
     EXPECT_EQ(registry().problems(), expected);
     EXPECT_NE(registry().find("Bad")->findProperty("Good"), nullptr);

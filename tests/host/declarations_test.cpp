@@ -49,7 +49,7 @@ TEST(Declarations, ReportErrorsWithTheirColumn) {
         {"f(a as double(0))", "expected \")\" at column 15"},
         {"f(a() as double())", "an array of arrays at column 10"},
         {"f(paramarray a as double, b as double)", "a parameter after the paramarray at column 27"},
-        {"f(a as double = 1, b as double)", "a parameter without a default after one with at column 20"},
+        {"f(a as double = 1, b as double)", "a parameter without a default after one with a default at column 20"},
         {"f(byref a as double = 1)", "a default for a byref or paramarray parameter at column 23"},
         {"f(a as integer = \"1\")", "a default of another type than Integer at column 18"},
         {"f(a as integer = 99999999999999999999)",

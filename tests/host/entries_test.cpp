@@ -78,5 +78,5 @@ TEST_F(Plugins, ReportWhyTheyCannotBeLoaded) {
     std::ofstream(file) << "text";
     for (const std::string& path : {std::string("no/such/plugin.so"), file})
         EXPECT_EQ(errorOf([&] { loadPlugin(path); }).find("cannot load the plugin " + path), 0u) << path;
-    EXPECT_EQ(errorOf([] { loadPlugin("libdl.so.2"); }), "libdl.so.2 is no plugin: it has no REALPluginMain");
+    EXPECT_EQ(errorOf([] { loadPlugin("libdl.so.2"); }), "libdl.so.2 is not a plugin: it has no REALPluginMain");
 }

@@ -55,7 +55,7 @@ check(terminal.exit_code() == 0, "Ctrl-D does not leave the prompt")
 
 # Help fits the screen.
 terminal = Terminal(columns=50)
-page = terminal.type(":help\r", "Ctrl-D gives up a block.\n")
+page = terminal.type(":help\r", "Ctrl-D discards a block.\n")
 check(max(map(len, page.splitlines())) <= 50, page)
 
 # Up and Down move within a recalled block first.

@@ -64,7 +64,7 @@ TEST(Errors, ACheckReportsEveryErrorAndRunsNothing) {
 
 TEST(SourceText, InvalidBytesAreReported) {
     expectError(runProgram(std::string("Print 1\nPrint \0 2", 17)),
-                "test.bas:2:7: error: a NUL byte cannot stand in a program\nPrint ? 2\n      ^\n");
+                "test.bas:2:7: error: a program cannot contain a NUL byte\nPrint ? 2\n      ^\n");
     expectError(runProgram("Print \x1B[2J"),
                 "test.bas:1:7: error: the control character &h1B has no meaning here\nPrint ?[2J\n");
     for (const char* malformed : {"\xC3(", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82", "\x80"})

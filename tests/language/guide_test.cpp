@@ -55,7 +55,7 @@ TEST(Guide, ColorsBuiltFromColorValueCauseAWarning) {
     startHostWithPlugins();
     const Outcome outcome = runProgram("Dim c As New NSColorZRX(NSColorZRX.redColor.colorValue)\n"
                                        "Print c.alphaComponent, New NSColorZRX(c.colorValue).alphaComponent\n");
-    const std::string warning = ": warning: this makes an invisible colour: colorValue leaves the fourth byte 0, ";
+    const std::string warning = ": warning: this creates an invisible colour: colorValue leaves the fourth byte 0, ";
     EXPECT_EQ(outcome.errors.find("test.bas:1:45" + warning), 0u) << outcome.errors;
     EXPECT_NE(outcome.errors.find("test.bas:2:42" + warning), std::string::npos) << outcome.errors;
     EXPECT_EQ(runProgram("Dim v As Color = NSColorZRX.redColor.colorValue\nPrint New NSColorZRX(v).alphaComponent\n").errors,

@@ -88,7 +88,7 @@ void destroy(REALobjectStruct* object) {
 REALstringStruct* name(REALobjectStruct* object, REALword) {
     if (has("setters.unreadable")) raise("RuntimeException");
     if (!object || !dataOf(object).name) return nullptr;
-    if (!has("own-references.stored")) lockString(dataOf(object).name);
+    if (!has("owned-results.stored")) lockString(dataOf(object).name);
     return dataOf(object).name;
 }
 
@@ -188,16 +188,16 @@ REALstringStruct* echo(REALobjectStruct* object, REALstringStruct* words) {
     if (!object) return nullptr;
     const auto convert = entry<REALConvertStringProc>("REALConvertString");
     if (has("locked-text.converted")) firstOf(convert(words, 0x0100));
-    if (has("own-references.cached")) {
+    if (has("owned-results.cached")) {
         if (!cached) cached = build("cached");
         return cached;
     }
-    if (!has("own-references.argument")) lockString(words);
+    if (!has("owned-results.argument")) lockString(words);
     return words;
 }
 
 REALobjectStruct* self(REALobjectStruct* object) {
-    if (!has("own-references.receiver")) lockObject(object);
+    if (!has("owned-results.receiver")) lockObject(object);
     return object;
 }
 
@@ -273,13 +273,13 @@ void prepareRecord() {
     record.constantCount = 2;
     if (has("records-parse.method")) methods[0].declaration = "first(words as) as integer";
     if (has("records-parse.record")) record.instanceDataSize = 7;
-    if (has("records-whole.count")) record.eventCount = 3;
-    if (has("records-whole.table")) record.constantCount = 0;
-    if (has("records-whole.group")) properties[0].group = "Group";
-    if (has("records-whole.property")) properties[1].further[1] = 1;
-    if (has("records-whole.method")) methods[2].further[1] = 1;
-    if (has("records-whole.shared")) sharedMethods[0].further[0] = 1;
-    if (has("records-whole.constant")) constants[1].further[0] = 1;
+    if (has("records-complete.count")) record.eventCount = 3;
+    if (has("records-complete.table")) record.constantCount = 0;
+    if (has("records-complete.group")) properties[0].group = "Group";
+    if (has("records-complete.property")) properties[1].further[1] = 1;
+    if (has("records-complete.method")) methods[2].further[1] = 1;
+    if (has("records-complete.shared")) sharedMethods[0].further[0] = 1;
+    if (has("records-complete.constant")) constants[1].further[0] = 1;
     if (has("types-known.parameter")) methods[0].declaration = "first(words as Elsewhere) as integer";
     if (has("types-known.result")) methods[3].declaration = "self() as Elsewhere";
     if (has("members-unique.method")) methods[1].declaration = "First(others as string) as integer";

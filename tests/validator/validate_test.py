@@ -26,13 +26,13 @@ FAULTS = {
     "announces-once.crash": "REALPluginMain: the process crashed with SIGFPE",
     "records-parse.method": "Faulty: method 0: ",
     "records-parse.record": "Faulty: the instance data size 7 ",
-    "records-whole.count": "no table and a count of 3 for the events",
-    "records-whole.table": "a table and a count of 0 for the constants",
-    "records-whole.group": "property 0 has a group",
-    "records-whole.property": "property 1 has words",
-    "records-whole.method": "method 2 has words",
-    "records-whole.shared": "shared method 0 has words",
-    "records-whole.constant": "constant 1 has words",
+    "records-complete.count": "no table and a count of 3 for the events",
+    "records-complete.table": "a table and a count of 0 for the constants",
+    "records-complete.group": "property 0 has a group",
+    "records-complete.property": "property 1 has reserved words",
+    "records-complete.method": "method 2 has reserved words",
+    "records-complete.shared": "shared method 0 has reserved words",
+    "records-complete.constant": "constant 1 has reserved words",
     "types-known.parameter": "Faulty.first/1: there is no class Elsewhere",
     "types-known.result": "Faulty.self/0: there is no class Elsewhere",
     "members-unique.method": r"First\(String\) is declared twice",
@@ -56,10 +56,10 @@ FAULTS = {
     "balance.object": "Faulty.first/1 of an empty object: each call leaves behind 1 x Faulty$",
     "balance.string": "Faulty.first/1 of an empty object: each call leaves behind 1 x String$",
     "balance.registry": "Faulty.first/1 of an empty object: each call leaves behind 1 x registry entry$",
-    "own-references.argument": "Faulty.echo/1 of .*: it returned its argument without a reference",
-    "own-references.receiver": "Faulty.self/0 of .*: it returned its argument without a reference",
-    "own-references.cached": "Faulty.echo/1 of .*: it returned a string that is already destroyed",
-    "own-references.stored": "Faulty.Name/0 of a filled object: it returned a string that is already destroyed",
+    "owned-results.argument": "Faulty.echo/1 of .*: it returned its argument without a new reference",
+    "owned-results.receiver": "Faulty.self/0 of .*: it returned its argument without a new reference",
+    "owned-results.cached": "Faulty.echo/1 of .*: it returned a string that is already destroyed",
+    "owned-results.stored": "Faulty.Name/0 of a filled object: it returned a string that is already destroyed",
     "destroyed-values.entry": "Faulty.first/1 of .*: REALLockObject was called with a value that is already destroyed",
     "destroyed-values.written": "Faulty.first/1 of .*: it wrote to an object or string that is already destroyed",
     "destroyed-values.borrowed": "Faulty.first/1 of .*: Faulty.first/1 released a value that it had only borrowed",
@@ -106,9 +106,9 @@ def texts(check):
 class Faults(unittest.TestCase):
     def test_plugin_without_a_fault_is_tested_by_every_check_and_kept(self):
         report, checks, code = validate_as_json("none")
-        self.assertEqual({check["result"] for check in checks.values()}, {"kept"}, report)
+        self.assertEqual({check["result"] for check in checks.values()}, {"passed"}, report)
         self.assertEqual(code, 0)
-        self.assertEqual(report["summary"]["kept"], len(checks))
+        self.assertEqual(report["summary"]["passed"], len(checks))
         self.assertEqual((report["plugin"], bool(report["version"])), (PLUGIN, True))
 
     def test_each_fault_is_detected_by_its_own_check(self):
@@ -117,7 +117,7 @@ class Faults(unittest.TestCase):
                 name = fault.split(".")[0]
                 _, checks, code = validate_as_json(fault, "--only", name)
                 is_warning = fault.startswith(WARNINGS)
-                self.assertEqual(checks[name]["result"], "warning" if is_warning else "broken", checks)
+                self.assertEqual(checks[name]["result"], "warning" if is_warning else "failed", checks)
                 self.assertEqual(code, 0 if is_warning else 1)
                 self.assertTrue(any(re.search(expected, text) for text in texts(checks[name])), texts(checks[name]))
 
@@ -131,7 +131,7 @@ class Faults(unittest.TestCase):
             self.skipTest("sanitized libraries are loaded with symbols unbound")
         _, checks, code = validate_as_json("", plugin=FOLDER + "/libfaulty_loads.so")
         self.assertRegex(texts(checks["loads"])[0], "missing")
-        self.assertEqual({check["result"] for check in checks.values()}, {"broken", "not tested"})
+        self.assertEqual({check["result"] for check in checks.values()}, {"failed", "not tested"})
         self.assertEqual(code, 1)
 
     def test_second_exported_function_is_named(self):
@@ -151,7 +151,7 @@ class Reports(unittest.TestCase):
 
     def test_output_of_the_plugin_is_shown_with_its_check(self):
         output, _ = validate("arguments.crash", "--only", "null-receivers", "--only", "arguments")
-        self.assertRegex(output, r"(?s)null-receivers +kept\narguments +BROKEN\n.*    \| words of the plugin\n")
+        self.assertRegex(output, r"(?s)null-receivers +passed\narguments +FAILED\n.*    \| words of the plugin\n")
 
     def test_hosts_of_a_complaint_are_listed(self):
         _, checks, _ = validate_as_json("host-versions.crash", "--only", "host-versions")
@@ -165,7 +165,7 @@ class Reports(unittest.TestCase):
 
     def test_nothing_tested_has_an_exit_code(self):
         _, checks, code = validate_as_json("nothing.registered")
-        self.assertEqual((checks["loads"]["result"], checks["balance"]["result"]), ("kept", "not tested"))
+        self.assertEqual((checks["loads"]["result"], checks["balance"]["result"]), ("passed", "not tested"))
         self.assertEqual(checks["balance"]["reason"], "the plugin registers no class")
         self.assertEqual(code, 4)
 
@@ -187,7 +187,7 @@ class Reports(unittest.TestCase):
     def test_one_function_is_called_in_this_process_or_a_child(self):
         for arguments in ([], ["--in-process"]):
             output, code = validate("balance.string", "--call", "Faulty.first/1", *arguments)
-            self.assertRegex(output, "Faulty.first/1 +BROKEN\n    Faulty.first/1 of an empty object: .* 1 x String")
+            self.assertRegex(output, "Faulty.first/1 +FAILED\n    Faulty.first/1 of an empty object: .* 1 x String")
             self.assertEqual(code, 1)
         self.assertEqual(validate("", "--call", "Faulty.absent/0")[1], 4)
         self.assertLess(validate("arguments.crash", "--call", "Faulty.first/1", "--in-process")[1], 0)
@@ -208,7 +208,7 @@ class Limits(unittest.TestCase):
         self.assertIn("Faulty.first/1 of an empty object: the process did not return within 500 milliseconds",
                       texts(checks["empty-receivers"]))
         self.assertEqual(checks["arguments"]["notCalled"], ["Faulty.first/1", "Faulty.again/1"])
-        self.assertEqual((checks["arguments"]["result"], code), ("kept", 1))
+        self.assertEqual((checks["arguments"]["result"], code), ("passed", 1))
 
     def test_signal_stops_the_children_and_removes_the_folder(self):
         for number in (signal.SIGINT, signal.SIGTERM):

@@ -41,7 +41,8 @@ Operand ExpressionChecker::newArray(const Arguments& elements, const std::option
 Operand ExpressionChecker::arrayBound(std::string_view name, Generic bound, const Arguments& arguments, Offset offset) {
     if (arguments.size() != 1) failCheck(offset, std::string(name) + " takes one array");
     Value array = value(*arguments.front());
-    if (!array.type.isArray) failCheck(arguments.front()->offset, "this is of type " + nameOf(array.type) + ", no array");
+    if (!array.type.isArray)
+        failCheck(arguments.front()->offset, "this is of type " + nameOf(array.type) + ", not an array");
     CodePtr code = upperBoundOf(std::move(array.code), offset);
     if (bound == Generic::lowerBound) code = transform(std::move(code), [](Slot) { return Slot::ofInteger(0); });
     return Operand::result(Type::plain(Kind::integer), std::move(code));
@@ -85,7 +86,8 @@ Operand ExpressionChecker::arrayMember(Value array, const syntax::Name& name, co
     }
     case ArrayUse::sortBy: {
         Value keys = value(*arguments->front());
-        if (!keys.type.isArray) failCheck(arguments->front()->offset, "this is of type " + nameOf(keys.type) + ", no array");
+        if (!keys.type.isArray)
+            failCheck(arguments->front()->offset, "this is of type " + nameOf(keys.type) + ", not an array");
         requireOrder(keys.type.element(), arguments->front()->offset);
         return Operand::result({}, sortArray(std::move(array.code), std::move(keys.code), keys.type.element(), offset));
     }

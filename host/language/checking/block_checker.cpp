@@ -149,7 +149,8 @@ ActionPtr StatementChecker::form(const syntax::ForEach& loop, Offset offset) {
     return inScope(offset, [&] {
         Value array = attempt([&] {
             Value found = expressions_.valueToWalk(*loop.array);
-            if (!found.type.isArray) failCheck(loop.array->offset, "this is of type " + nameOf(found.type) + ", no array");
+            if (!found.type.isArray)
+                failCheck(loop.array->offset, "this is of type " + nameOf(found.type) + ", not an array");
             return found;
         });
         const VariablePlace held = scopes_.declareHidden(array.type);
@@ -194,7 +195,7 @@ Handler StatementChecker::handler(const syntax::Try::Catch& form, Offset offset,
             for (const Handler& earlier : before) {
                 if (!made.info || (earlier.info && !made.info->isOrDescendsFrom(*earlier.info))) continue;
                 diagnostics_.warn(form.className->offset,
-                                  "this Catch never runs: one above it takes every " + made.info->name());
+                                  "this Catch never runs: an earlier one catches every " + made.info->name());
                 break;
             }
             made.variable = declare(*form.variable, made.info ? Type::object(made.info->name()) : Type()).place;

@@ -71,13 +71,13 @@ Operand ExpressionChecker::callProcedure(const OverloadSet& overloads, const Arg
 
 Operand ExpressionChecker::newObject(const syntax::New& form, Offset offset) {
     ClassInfo* const info = classOf(form.className);
-    if (!info) failCheck(form.className.offset, "an Object has to be of some class; 'Object' alone cannot be made");
+    if (!info) failCheck(form.className.offset, "'Object' cannot be created; name the object's class");
     Operands values = operands(form.arguments);
     const Resolution resolution = resolveConstruction(*info, described(values));
     if (!resolution.error.empty()) failCheck(offset, resolution.error);
     requirePoolFor(info);
     if (const Property* const copied = values.size() == 1 ? colorCopied(*info, values.front()) : nullptr) {
-        diagnostics_.warn(form.arguments.front()->offset, "this makes an invisible colour: " + copied->name +
+        diagnostics_.warn(form.arguments.front()->offset, "this creates an invisible colour: " + copied->name +
                                                               " leaves the fourth byte 0, which is alpha here");
     }
     std::vector<ArgumentCode> bound = bind(resolution, std::move(values), offset);

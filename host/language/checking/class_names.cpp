@@ -46,7 +46,7 @@ ClassInfo* exceptionClassOf(const syntax::Name& name) {
     ClassInfo* const info = classOf(name);
     const ClassInfo* const root = registry().find("RuntimeException");
     if (!info || !root || !info->isOrDescendsFrom(*root))
-        failCheck(name.offset, "'" + std::string(name.text) + "' is no class of exceptions");
+        failCheck(name.offset, "'" + std::string(name.text) + "' is not a class of exceptions");
     return info;
 }
 

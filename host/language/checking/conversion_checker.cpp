@@ -14,7 +14,7 @@ Operand ExpressionChecker::plainConversion(const Type& type, const Arguments& ar
 
 Operand ExpressionChecker::cast(const ClassInfo& info, const Arguments& arguments, Offset offset) {
     if (arguments.size() != 1)
-        failCheck(offset, "a conversion to " + info.name() + " takes one object; 'New " + info.name() + "' makes one");
+        failCheck(offset, "a conversion to " + info.name() + " takes one object; 'New " + info.name() + "' creates one");
     Value object = value(*arguments.front());
     const Type target = Type::object(info.name());
     const bool related =
@@ -23,8 +23,9 @@ Operand ExpressionChecker::cast(const ClassInfo& info, const Arguments& argument
          (conversionTo(target, object.type, Purpose::assignment) || conversionTo(object.type, target, Purpose::assignment)));
     if (object.type.isArray || !related) {
         const bool constructs = resolveConstruction(info, {{object.type, false}}).error.empty();
-        failCheck(arguments.front()->offset, "this is of type " + nameOf(object.type) + " and never is a " + info.name() +
-                                                 (constructs ? "; 'New " + info.name() + "(...)' makes one" : ""));
+        failCheck(arguments.front()->offset, "this is of type " + nameOf(object.type) + " and can never be a " +
+                                                 info.name() +
+                                                 (constructs ? "; 'New " + info.name() + "(...)' creates one" : ""));
     }
     return Operand::computed(target, converted(std::move(object.code), Type::plain(Kind::variant), target, offset));
 }

@@ -32,7 +32,7 @@ Operand ExpressionChecker::operand(const syntax::Expression& expression) {
 
 Value ExpressionChecker::value(const syntax::Expression& expression) {
     Operand found = operand(expression);
-    if (found.type().kind == Kind::nothing) failCheck(expression.offset, "this call gives no value");
+    if (found.type().kind == Kind::nothing) failCheck(expression.offset, "this call returns no value");
     Type type = found.type();
     const bool whole = found.isWhole();
     return {std::move(type), read(std::move(found), expression.offset), whole};
@@ -69,7 +69,8 @@ CodePtr ExpressionChecker::convert(CodePtr code, const Type& from, const Type& t
 
 void ExpressionChecker::warnOfLostFraction(const Value& value, const Type& type, Offset offset) {
     if (value.type.is(Kind::real) && type.is(Kind::integer) && !value.whole)
-        diagnostics_.warn(offset, "this Double loses its fraction here; Floor(), Round() or Integer() says that it shall");
+        diagnostics_.warn(offset,
+                          "this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended");
 }
 
 void ExpressionChecker::warnOfInvisible(const syntax::Expression& expression) {
@@ -78,7 +79,7 @@ void ExpressionChecker::warnOfInvisible(const syntax::Expression& expression) {
     const auto* const number = literal ? std::get_if<HostInteger>(&literal->value) : nullptr;
     if (number && *number > 0 && *number < opaque) {
         diagnostics_.warn(expression.offset,
-                          "this number is an invisible colour, since its fourth byte, alpha, is 0; write " +
+                          "this number is an invisible colour, because its fourth byte, alpha, is 0; write " +
                               literalOf(static_cast<HostColor>(*number) | 0xFF000000));
     }
 }
@@ -100,7 +101,7 @@ Operand ExpressionChecker::form(const syntax::Identifier& identifier, Offset off
 Operand ExpressionChecker::form(const syntax::TypeTest& test, Offset offset) {
     Value object = value(*test.object);
     if (!object.type.isObjectReference())
-        failCheck(offset, "TypeOf asks objects, not a value of type " + nameOf(object.type));
+        failCheck(offset, "TypeOf tests objects, not a value of type " + nameOf(object.type));
     return Operand::computed(Type::plain(Kind::boolean), isOfClass(std::move(object.code), classOf(test.className)));
 }
 
@@ -161,7 +162,7 @@ bool ExpressionChecker::isConstant(const syntax::Expression& expression) const {
 
 Literal ExpressionChecker::constantValue(const syntax::Expression& expression, const std::optional<Type>& wanted) {
     if (!isConstant(expression))
-        failCheck(expression.offset, "this value must be made of literals, constants and functions that only compute");
+        failCheck(expression.offset, "this value may contain only literals, constants and functions that only compute");
     Value found = value(expression);
     if (found.type.isNil() && wanted && wanted->isObjectReference()) return {};
     const Type type = wanted ? *wanted : found.type;

@@ -138,8 +138,8 @@ Operand ExpressionChecker::comparison(Operator operation, Value left, Value righ
         return compared(Kind::variant, std::move(first), convert(std::move(right.code), right.type, variant, offset));
     }
     if (identity && left.type.isArray && right.type.isArray && operation != Operator::is) {
-        diagnostics_.warn(offset,
-                          "this compares whether both are the same array, not their elements; 'Is' says that it shall");
+        diagnostics_.warn(
+            offset, "this compares whether both are the same array, not their elements; write 'Is' if this is intended");
     }
     if (identity && left.type.isObjectReference() && right.type.isObjectReference())
         return compared(Kind::object, std::move(left.code), std::move(right.code));

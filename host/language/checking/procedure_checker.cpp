@@ -68,7 +68,7 @@ std::unique_ptr<Procedure> StatementChecker::declaration(const syntax::Procedure
     if (!same || same->body) return procedure; // a procedure of an earlier check has its body
     for (const auto& [other, made] : declared_) {
         if (made == same) {
-            failCheck(form.name.offset, quoted(form.name.text) + " is declared with these parameters already, on " +
+            failCheck(form.name.offset, quoted(form.name.text) + " is already declared with these parameters, on " +
                                             diagnostics_.lineOf(other->name.offset));
         }
     }

@@ -49,7 +49,7 @@ bool StatementChecker::mayDeclare(const syntax::Name& name) {
     const Variable* const known = scopes_.findDeclared(name.text);
     if (!known) return true;
     if (mode_ == ParseMode::prompt && scopes_.atOutermost()) return true;
-    diagnostics_.add(name.offset, quoted(name.text) + " is declared already, on " + diagnostics_.lineOf(known->declared));
+    diagnostics_.add(name.offset, quoted(name.text) + " is already declared, on " + diagnostics_.lineOf(known->declared));
     return false;
 }
 
@@ -82,11 +82,11 @@ ActionPtr StatementChecker::inferred(const syntax::Dim::Group& group, Offset off
     const syntax::Declarator& declarator = group.declarators.front();
     Value value = attempt([&] {
         if (group.declarators.size() > 1)
-            failCheck(group.declarators[1].name.offset, "variables that share a value share a type: 'As' is expected");
+            failCheck(group.declarators[1].name.offset, "variables with a common value need a type: 'As' is expected");
         Value found = expressions_.value(*group.value);
         if (found.type.isNil()) failCheck(group.value->offset, "Nil has no type: write 'As' and the type of the variable");
         if (declarator.isArray && !found.type.isArray)
-            failCheck(group.value->offset, "this is of type " + nameOf(found.type) + ", no array");
+            failCheck(group.value->offset, "this is of type " + nameOf(found.type) + ", not an array");
         if (declarator.upperBound)
             failCheck(declarator.upperBound->offset, "an array that gets a value takes its bound from the value");
         return found;
@@ -116,7 +116,7 @@ CodePtr StatementChecker::initialValue(const syntax::Declarator& declarator, con
 ActionPtr StatementChecker::form(const syntax::ReDim& reDim, Offset offset) {
     const syntax::Expression reference{reDim.array.offset, syntax::Identifier{reDim.array.text}};
     Value array = expressions_.value(reference);
-    if (!array.type.isArray) failCheck(reDim.array.offset, "this is of type " + nameOf(array.type) + ", no array");
+    if (!array.type.isArray) failCheck(reDim.array.offset, "this is of type " + nameOf(array.type) + ", not an array");
     CodePtr bound = expressions_.valueAs(*reDim.upperBound, Type::plain(Kind::integer));
     return asStep(resizeArray(std::move(array.code), std::move(bound), reDim.array.offset), offset);
 }
@@ -223,7 +223,8 @@ ActionPtr StatementChecker::changed(const syntax::Assignment& form, Operand targ
         Actions actions;
         std::optional<Operand> now = target.twin(scopes_, actions);
         const Property* const property = target.property();
-        if (!now || (property && !property->getter)) failCheck(place, "this cannot be changed in place: write it out");
+        if (!now || (property && !property->getter))
+            failCheck(place, "this cannot be changed by an operator such as '+='; assign the new value with '='");
         const Type type = target.type();
         Operand result =
             expressions_.binary(*form.operation, {type, now->read(), now->isWhole()}, *form.value, form.value->offset);
@@ -238,9 +239,9 @@ ActionPtr StatementChecker::changed(const syntax::Assignment& form, Operand targ
 
 ActionPtr StatementChecker::form(const syntax::Evaluation& evaluation, Offset offset) {
     Operand call = expressions_.operand(*evaluation.call);
-    if (!call.hasEffect()) failCheck(evaluation.call->offset, "this is a value, but nothing is done with it");
+    if (!call.hasEffect()) failCheck(evaluation.call->offset, "this value is not used");
     if (const Method* const method = call.method(); method && isOnlyAResult(*method))
-        diagnostics_.warn(evaluation.call->offset, "nothing is done with the result of '" + method->signature.name + "'");
+        diagnostics_.warn(evaluation.call->offset, "this ignores the result of '" + method->signature.name + "'");
     return asStep(discard(call.read()), offset);
 }
 

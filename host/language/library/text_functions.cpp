@@ -259,12 +259,12 @@ MemoryBlock* bytes(String* text, String* encodingName) {
     if (!into) return nullptr;
     const Owned<String> converted(convert(text, into->encoding));
     if (text && !converted) {
-        raise("TypeMismatchException", "The text has characters that " + std::string(into->name) + " lacks.");
+        raise("TypeMismatchException", "The text has characters that are not in " + std::string(into->name) + ".");
         return nullptr;
     }
     const std::string_view stored = bytesOf(converted.get());
     MemoryBlock* const block = newMemoryBlock(static_cast<std::int32_t>(stored.size()));
-    if (!block) raise("OutOfMemoryException", "There is no memory for " + std::to_string(stored.size()) + " bytes.");
+    if (!block) raise("OutOfMemoryException", "There is not enough memory for " + std::to_string(stored.size()) + " bytes.");
     if (block) std::copy(stored.begin(), stored.end(), bytesOf(block));
     return block;
 }
@@ -275,7 +275,7 @@ String* defineEncoding(String* text, String* encodingName) {
     Owned<String> defined(newString(bytesOf(text), as->encoding));
     const std::string read = utf8Of(defined.get());
     if (text && (read.empty() || utf8::findInvalid(read) != std::string::npos)) {
-        raise("TypeMismatchException", "The text's bytes are no text in " + std::string(as->name) + ".");
+        raise("TypeMismatchException", "The text's bytes are invalid in " + std::string(as->name) + ".");
         return nullptr;
     }
     return defined.release();

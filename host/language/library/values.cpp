@@ -46,7 +46,7 @@ void appendArray(std::string& text, const Array* array, const Around* outer) {
     text += '(';
     for (HostInteger i = 0; inBounds(array, i); ++i) {
         checkInterruption();
-        if (text.size() > maxTextBytes) throw std::length_error("an array has more text than a text can have");
+        if (text.size() > maxTextBytes) throw std::length_error("the text of an array is longer than a text can be");
         text += i == 0 ? "" : ", ";
         append(text, elementType(array), elementAt(array, i), &here);
     }

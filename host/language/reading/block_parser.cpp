@@ -90,7 +90,7 @@ void StatementParser::close(const Opening& opening, std::optional<Offset> elseIf
     }
     endedInBlock_ = endedInBlock_ || tokens_.at(TokenKind::endOfFile);
     if (elseIf) {
-        report({*elseIf, "'ElseIf' is one word; an If behind 'Else' has an 'End If' of its own"});
+        report({*elseIf, "'ElseIf' is one word; an If after 'Else' needs a separate 'End If'"});
     } else if (endedInBlock_) {
         report({opening.offset, "this " + std::string(opening.name) + " block is never closed: '" +
                                     std::string(opening.closing) + "' is missing"});
@@ -171,7 +171,7 @@ syntax::Select StatementParser::select(Offset offset) {
     }
     syntax::Select form{condition(), {}};
     const Offset behind = tokens_.peek().offset;
-    if (!part(opening).empty()) report({behind, "a statement in front of the first Case is never reached"});
+    if (!part(opening).empty()) report({behind, "a statement before the first Case is never reached"});
     while (tokens_.accept(Keyword::caseBranch)) {
         syntax::Select::Case branch;
         try {

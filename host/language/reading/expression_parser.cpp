@@ -147,7 +147,7 @@ syntax::Conditional ExpressionParser::conditional() {
     ExpressionPtr condition = expression();
     tokens_.expect(TokenKind::comma, "','");
     ExpressionPtr yes = expression();
-    tokens_.expect(TokenKind::comma, "',' and the value otherwise");
+    tokens_.expect(TokenKind::comma, "',' and the other value");
     ExpressionPtr no = expression();
     tokens_.expect(TokenKind::closeParenthesis, "')'");
     return {std::move(condition), std::move(yes), std::move(no)};

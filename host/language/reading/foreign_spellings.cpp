@@ -20,16 +20,16 @@ constexpr std::string_view procedures = "procedures are 'Sub' and 'Function'";
 constexpr std::string_view wholeNumbers = "whole numbers are 'Integer'";
 constexpr std::string_view fractions = "numbers with a fraction are 'Double'";
 constexpr std::string_view noValue = "no object is 'Nil'";
-constexpr std::string_view noClasses = "a program has no classes or modules of its own; write 'Sub' and 'Function'";
-constexpr std::string_view noImports = "the host's classes are there without it";
-constexpr std::string_view lineEnds = "a line's end is Chr(10)";
+constexpr std::string_view noClasses = "a program cannot declare classes or modules; write 'Sub' and 'Function'";
+constexpr std::string_view noImports = "the host's classes are available without it";
+constexpr std::string_view lineEnds = "a line break is Chr(10)";
 constexpr std::string_view wholePart = "'Floor(x)' rounds down, and 'Integer(x)' cuts off the fraction";
 constexpr std::string_view leaving = "'Exit For', 'Exit While' and 'Exit Do' leave a loop";
 constexpr std::string_view quitting = "'Quit' ends the program";
 constexpr std::string_view dates = "'Now' is the date and the time as text";
 constexpr std::string_view randomness = "'Random' differs from run to run; 'RandomSeed 1' repeats its numbers";
 constexpr std::string_view blocks = "a block ends with words such as 'End If' and 'Next'";
-constexpr std::string_view elements = "an element is written v(0), and Array(1, 2) makes an array";
+constexpr std::string_view elements = "an element is written v(0), and Array(1, 2) creates an array";
 constexpr std::string_view quotes = "text is in straight double quotes: \"text\"";
 
 constexpr Hint hints[] = {
@@ -72,7 +72,7 @@ constexpr Hint hints[] = {
     {Foreign::name, "throw", "write 'Raise'"},
     {Foreign::name, "break", leaving},
     {Foreign::name, "Stop", quitting},
-    {Foreign::name, "Call", "a procedure is called by its name alone"},
+    {Foreign::name, "Call", "a call is the procedure's name, without 'Call'"},
     {Foreign::name, "Set", "objects are assigned like all values: x = y"},
     {Foreign::name, "Public", scopes},
     {Foreign::name, "Private", scopes},
@@ -104,8 +104,8 @@ constexpr Hint hints[] = {
     {Foreign::arrayMember, "AddRow", "'Append' adds an element"},
     {Foreign::arrayMember, "Length", "'Count' is the number of its elements"},
     {Foreign::arrayMember, "Size", "'Count' is the number of its elements"},
-    {Foreign::arrayMember, "Contains", "'IndexOf(value)' is -1 for what is not in it"},
-    {Foreign::arrayMember, "includes", "'IndexOf(value)' is -1 for what is not in it"},
+    {Foreign::arrayMember, "Contains", "'IndexOf(value)' returns -1 if the value is missing"},
+    {Foreign::arrayMember, "includes", "'IndexOf(value)' returns -1 if the value is missing"},
     {Foreign::arrayMember, "RemoveAt", "it is called 'Remove'"},
     {Foreign::arrayMember, "Clear", "'ReDim v(-1)' removes all elements"},
     {Foreign::arrayMember, "Last", "the last element is v(UBound(v))"},
@@ -135,7 +135,7 @@ constexpr Hint hints[] = {
     {Foreign::indexedType, "Dictionary", "'d.Value(key)' is the value of a key"},
     {Foreign::indexedType, "MemoryBlock", "'block.Byte(0)' is a byte"},
     {Foreign::indexedType, "String", "'Mid(text, 1, 1)' is a character"},
-    {Foreign::indexedType, "Variant", "an array in it is taken out first: 'Dim v() As Integer = value'"},
+    {Foreign::indexedType, "Variant", "assign the array in it to a variable first: 'Dim v() As Integer = value'"},
 };
 
 struct SignHint {

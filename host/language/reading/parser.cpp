@@ -13,10 +13,9 @@ void checkText(std::string_view whole, Offset start) {
     if (whole.size() > maxSize) throw SyntaxError{0, "a program cannot be larger than 1 GB", true};
     const std::size_t invalid = utf8::findInvalid(text);
     const std::size_t null = text.find('\0');
-    if (null < invalid) throw SyntaxError{static_cast<Offset>(start + null), "a NUL byte cannot stand in a program", true};
+    if (null < invalid) throw SyntaxError{static_cast<Offset>(start + null), "a program cannot contain a NUL byte", true};
     if (invalid == std::string_view::npos) return;
-    throw SyntaxError{static_cast<Offset>(start + invalid), "a program is UTF-8 text, and this byte is no part of any",
-                      true};
+    throw SyntaxError{static_cast<Offset>(start + invalid), "a program is UTF-8 text, and this byte is invalid in it", true};
 }
 
 } // namespace

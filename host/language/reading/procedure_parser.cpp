@@ -33,7 +33,7 @@ std::vector<syntax::Parameter> StatementParser::parameters() {
         if (!list.empty() && list.back().paramArray) throw SyntaxError{offset, "nothing can follow a ParamArray"};
         list.push_back(parameter());
         if (list.size() > 1 && list[list.size() - 2].defaultValue && !list.back().defaultValue && !list.back().paramArray)
-            throw SyntaxError{offset, "a parameter behind one with a default needs a default too"};
+            throw SyntaxError{offset, "a parameter after one with a default needs a default too"};
     } while (tokens_.accept(TokenKind::comma));
     tokens_.expect(TokenKind::closeParenthesis, "',' or ')'");
     return list;

@@ -214,7 +214,7 @@ syntax::Print StatementParser::print(bool endsLine) {
         return {expressions_.list(), endsLine};
     } catch (const SyntaxError& error) {
         if (!likeACall || !tokens_.at(TokenKind::comma) || tokens_.peek().offset != error.offset) throw;
-        throw SyntaxError{error.offset, "the values of a Print stand there without parentheses: Print a, b"};
+        throw SyntaxError{error.offset, "Print takes its values without parentheses: Print a, b"};
     }
 }
 

@@ -158,7 +158,7 @@ CodePtr sortArray(CodePtr array, CodePtr keys, const Type& keyType, Offset offse
         Array* const sorted = requireArray(array->evaluate(frame).object, offset);
         Array* const by = keys ? requireArray(keys->evaluate(frame).object, offset) : sorted;
         if (upperBound(by) != upperBound(sorted))
-            throwNew(offset, "OutOfBoundsException", "The keys are not as many as the elements.");
+            throwNew(offset, "OutOfBoundsException", "The numbers of keys and elements differ.");
         std::vector<std::size_t> order(static_cast<std::size_t>(upperBound(sorted) + 1));
         std::iota(order.begin(), order.end(), std::size_t{0});
         std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {

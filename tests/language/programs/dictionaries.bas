@@ -24,7 +24,7 @@ Next
 Try
   d.Value(Sqrt(-1)) = 1
 Catch e As UnsupportedOperationException
-  Print e.Message '> What is not a number cannot be a key.
+  Print e.Message '> Not-a-number (NaN) cannot be a key.
 End Try
 d.Value("self") = d
 d.Clear
@@ -51,7 +51,7 @@ For i As Integer = 1 To 2
   Try
     If i = 1 Then names.SortBy(Array(1)) Else Print reals.Slice(5)
   Catch e As OutOfBoundsException
-    Print e.Message '> The keys are not as many as the elements. | The index 5 is outside the range 0 to 3.
+    Print e.Message '> The numbers of keys and elements differ. | The index 5 is outside the range 0 to 3.
   End Try
 Next
 Dim count As Integer

@@ -31,7 +31,7 @@ For attempt As Integer = 1 To 5
       folder.Delete
     End Select
   Catch e As IOException
-    Print Mid(e.Message, InStr(e.Message, "a folder")) '> a folder/b.txt" is no UTF-8 text. | a folder" cannot be read: Is a directory. | a folder/b.txt" is no folder that can be read: Not a directory. | a folder/b.txt" cannot be made a folder: File exists. | a folder" cannot be removed: Directory not empty.
+    Print Mid(e.Message, InStr(e.Message, "a folder")) '> a folder/b.txt" is not valid UTF-8 text. | a folder" cannot be read: Is a directory. | a folder/b.txt" cannot be read as a folder: Not a directory. | a folder/b.txt" cannot be created as a folder: File exists. | a folder" cannot be removed: Directory not empty.
   End Try
 Next
 Try

@@ -28,13 +28,13 @@ For Each text As String In Array("", "12x", "&h", "1e999", "#ff")
   Try
     Print Val(text)
   Catch e As TypeMismatchException
-    Print e.Message '> "" is no number. | "12x" is no number. | "&h" is no number. | "1e999" is no number. | "#ff" is no number.
+    Print e.Message '> "" is not a number. | "12x" is not a number. | "&h" is not a number. | "1e999" is not a number. | "#ff" is not a number.
   End Try
 Next
 Try
   Print Color("greenish")
 Catch e As TypeMismatchException
-  Print e.Message '> "greenish" is no colour.
+  Print e.Message '> "greenish" is not a colour.
 End Try
 
 ' A call without parentheses may begin with a number of another base; behind `=` and in expressions & joins.

@@ -15,7 +15,7 @@ For i As Integer = 1 To 3
     If i = 2 Then Print DefineEncoding(euro.StringValue(0, 1), "UTF-8")
     Print Bytes("a", "UTF-9").Size
   Catch e As TypeMismatchException
-    Print e.Message '> The text has characters that ISO-8859-1 lacks. | The text's bytes are no text in UTF-8. | There is no encoding "UTF-9".
+    Print e.Message '> The text has characters that are not in ISO-8859-1. | The text's bytes are invalid in UTF-8. | There is no encoding "UTF-9".
   End Try
 Next
 Dim v(3) As Integer

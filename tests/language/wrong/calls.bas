@@ -32,7 +32,7 @@ End Sub
 Print @A(1)
 '! A cannot be called with (String). Declared:
 '|     A(n As Integer)
-'! this call gives no value
+'! this call returns no value
 
 Sub A(ByRef n As Integer)
 End Sub
@@ -44,7 +44,7 @@ Sub A(n As Integer = 1, @m As Integer)
 End Sub
 Sub B(ParamArray v As Integer, @n As Integer)
 End Sub
-'! a parameter behind one with a default needs a default too
+'! a parameter after one with a default needs a default too
 '! nothing can follow a ParamArray
 
 Sub A()

@@ -10,7 +10,7 @@ Print 1@;
 '! '++' has no meaning here; write 'x += 1'
 '! '==' has no meaning here; '=' compares, and as a statement assigns
 '! '!=' has no meaning here; '<>' compares
-'! '[' has no meaning here; an element is written v(0), and Array(1, 2) makes an array
+'! '[' has no meaning here; an element is written v(0), and Array(1, 2) creates an array
 '! ';' has no meaning here; a line's end or ':' ends a statement
 
 print("a"@, "b")
@@ -25,7 +25,7 @@ ElseIf 1 @!= 2 Then
   Print 2
 @Edn If
 End If
-'! the values of a Print stand there without parentheses: Print a, b
+'! Print takes its values without parentheses: Print a, b
 '! '**' has no meaning here; write 'x ^ 2'
 '! '?' has no meaning here; write 'If(condition, a, b)'
 '! no statement begins with 'Fro', did you mean 'For'?
@@ -40,8 +40,8 @@ Else @If False Then
 Else @If True Then
 End If
 Print 1 @Wend
-'! 'ElseIf' is one word; an If behind 'Else' has an 'End If' of its own
-'! 'ElseIf' is one word; an If behind 'Else' has an 'End If' of its own
+'! 'ElseIf' is one word; an If after 'Else' needs a separate 'End If'
+'! 'ElseIf' is one word; an If after 'Else' needs a separate 'End If'
 '! the end of the statement is expected here, not 'Wend'
 
 Dim s As String = @'hello'
@@ -95,8 +95,8 @@ Print @Left(s, 1)
 '! an array has no member 'push'; 'Append' adds an element
 '! an array has no member 'Join'; it is a function: 'Join(value, ...)'
 '! an array has no member 'Cout', did you mean 'Count'?
-'! this is of type String and never is a FolderItem; 'New FolderItem(...)' makes one
-'! this is of type String and never is a Probe
+'! this is of type String and can never be a FolderItem; 'New FolderItem(...)' creates one
+'! this is of type String and can never be a Probe
 '! this is the variable 'Left' declared on line 1, which hides the function 'Left'
 
 ' Short names are like too many others for a guess.
@@ -127,7 +127,7 @@ Print @UCase("a")
 '! there is no type 'Long'; whole numbers are 'Integer'
 '! there is no variable 'null'; no object is 'Nil'
 '! there is no function or array 'MsgBox'; 'Print' writes a line
-'! there is no function or array 'Class'; a program has no classes or modules of its own; write 'Sub' and 'Function'
+'! there is no function or array 'Class'; a program cannot declare classes or modules; write 'Sub' and 'Function'
 '! there is no function or array 'def'; procedures are 'Sub' and 'Function'
 '! there is no function or array 'Pritn', did you mean 'Print'?
 '! there is no variable 'Sbu', did you mean 'Sub'?

@@ -42,13 +42,13 @@ Dim a As Integer
 While True
   Dim @A As String
 Wend
-'! 'A' is declared already, on line 1
+'! 'A' is already declared, on line 1
 
 Sub A()
 End Sub
 Sub @a()
 End Sub
-'! 'a' is declared with these parameters already, on line 1
+'! 'a' is already declared with these parameters, on line 1
 
 Sub @Probe()
 End Sub
@@ -57,5 +57,5 @@ End Sub
 Try
 Catch e As @Probe
 End Try
-'! 'Probe' is no class of exceptions
+'! 'Probe' is not a class of exceptions
 

@@ -33,11 +33,11 @@ End Select
 
 Dim v() As Double
 Print v.@Append(1)
-'! this call gives no value
+'! this call returns no value
 
 Dim p As New Probe(1)
 p.@description
-'! this is a value, but nothing is done with it
+'! this value is not used
 
 Dim p As New Probe(1)
 p.@description = "x"
@@ -53,7 +53,7 @@ Const C = 1
 Dim i As Integer
 Const C = i @+ 1
 Print C
-'! this value must be made of literals, constants and functions that only compute
+'! this value may contain only literals, constants and functions that only compute
 
 Const D = @Len(Input)
 Function F() As Integer
@@ -61,8 +61,8 @@ Function F() As Integer
 End Function
 Const G = @F
 Const H = @Chr(-1)
-'! this value must be made of literals, constants and functions that only compute
-'! this value must be made of literals, constants and functions that only compute
+'! this value may contain only literals, constants and functions that only compute
+'! this value may contain only literals, constants and functions that only compute
 '! There is no character with the number -1.
 
 Const C = 1 @\ 0
@@ -81,10 +81,10 @@ Next
 
 For Each i As Integer In @3
 Next
-'! this is of type Integer, no array
+'! this is of type Integer, not an array
 
 Print Probe(@New MemoryBlock(1))
-'! this is of type MemoryBlock and never is a Probe
+'! this is of type MemoryBlock and can never be a Probe
 
 	Print "äö	€" @+ 1
 '! '+' cannot be applied to String and Integer; '&' joins values of any type
@@ -95,7 +95,7 @@ a = 1
 '! Nil has no type: write 'As' and the type of the variable
 
 Dim a, @b = 2
-'! variables that share a value share a type: 'As' is expected
+'! variables with a common value need a type: 'As' is expected
 
 Dim s As String = "a"
 s -= @1
@@ -110,7 +110,7 @@ n.@Slice()
 '! 'Slice' takes an index and, perhaps, a count
 
 Print If(1 = 1, 2@)
-'! ',' and the value otherwise is expected here, not ')'
+'! ',' and the other value is expected here, not ')'
 
 Dim grid(2)@(3) As Integer
 Dim other(2@, 3) As Integer

@@ -22,17 +22,17 @@ Function Floor2(text As String) As Integer
   Return Len(text) * Whole() + Half
 End Function
 n = Floor2("a")
-'! warning: this Double loses its fraction here; Floor(), Round() or Integer() says that it shall
-'! warning: this Double loses its fraction here; Floor(), Round() or Integer() says that it shall
-'! warning: this Double loses its fraction here; Floor(), Round() or Integer() says that it shall
-'! warning: this Double loses its fraction here; Floor(), Round() or Integer() says that it shall
-'! warning: this Double loses its fraction here; Floor(), Round() or Integer() says that it shall
-'! warning: this Double loses its fraction here; Floor(), Round() or Integer() says that it shall
-'! warning: this Double loses its fraction here; Floor(), Round() or Integer() says that it shall
-'! warning: this Double loses its fraction here; Floor(), Round() or Integer() says that it shall
-'! warning: this Double loses its fraction here; Floor(), Round() or Integer() says that it shall
-'! warning: this Double loses its fraction here; Floor(), Round() or Integer() says that it shall
-'! warning: this Double loses its fraction here; Floor(), Round() or Integer() says that it shall
+'! warning: this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended
+'! warning: this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended
+'! warning: this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended
+'! warning: this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended
+'! warning: this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended
+'! warning: this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended
+'! warning: this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended
+'! warning: this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended
+'! warning: this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended
+'! warning: this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended
+'! warning: this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended
 
 Dim used, @unused As Integer, keys() As String = Array("a"), @made = 1
 Sub Show(ignored As Integer)
@@ -54,7 +54,7 @@ Next
 ' A use may stand in what is wrong.
 Dim used, half As Integer = @0.5
 Print used @==
-'! warning: this Double loses its fraction here; Floor(), Round() or Integer() says that it shall
+'! warning: this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended
 '! '==' has no meaning here; '=' compares, and as a statement assigns
 
 If False Then
@@ -172,12 +172,12 @@ Catch e As @IOException
 Catch
   n = 5
 End Try
-'! warning: this number is an invisible colour, since its fourth byte, alpha, is 0; write #FF8000
-'! warning: nothing is done with the result of 'Replace'
-'! warning: nothing is done with the result of 'Len'
-'! warning: this compares whether both are the same array, not their elements; 'Is' says that it shall
+'! warning: this number is an invisible colour, because its fourth byte, alpha, is 0; write #FF8000
+'! warning: this ignores the result of 'Replace'
+'! warning: this ignores the result of 'Len'
+'! warning: this compares whether both are the same array, not their elements; write 'Is' if this is intended
 '! warning: this 'Or' computes one number from two; a comma separates values
 '! warning: this loop never runs: it counts up; 'DownTo' counts down
 '! warning: this loop never runs: it counts down; 'To' counts up
-'! warning: this Catch never runs: one above it takes every IOException
+'! warning: this Catch never runs: an earlier one catches every IOException
 
