@@ -1,8 +1,7 @@
 #include "bridge/errors.h"
 
-#include "bridge/frame.h"
 #include "bridge/scratch.h"
-#include "bridge/strings.h"
+#include "bridge/string_building.h"
 #include "platform/corefoundation.h"
 #include "platform/selectors.h"
 #include "runtime/host_entries.h"
@@ -70,11 +69,7 @@ Failure failure(const char* className, const char* text) {
 void raise(const Failure& failure, bool isFirst) {
     const auto raiseIt = [&] {
         REALstringStruct* message = nullptr;
-        const auto build = [&] {
-            const auto length = static_cast<std::int64_t>(std::strlen(failure.message()));
-            message = buildString(failure.message(), length, kCFStringEncodingUTF8);
-        };
-        const Failure another = failureOf(build);
+        const Failure another = failureOf([&] { message = buildString(failure.message()); });
         if (another.className && isFirst) {
             raise(another, false);
         } else {
@@ -101,9 +96,9 @@ void raiseWithoutSibling(id exception) {
 } // namespace
 
 void RaiseException(const char* className, const char* message) {
-    raiseWith(className, message ? REALBuildUnicodeString(message, static_cast<std::int64_t>(std::strlen(message)),
-                                                          kCFStringEncodingUTF8)
-                                 : nullptr);
+    REALstringStruct* text = nullptr;
+    if (message) translated([&] { text = buildString(message); });
+    raiseWith(className, text);
 }
 
 void RaiseOutOfBoundsException(std::int64_t value, std::int64_t minimum, std::int64_t limit, const char* parameterName,

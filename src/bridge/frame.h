@@ -1,10 +1,10 @@
-// The two frames of bound functions. Each runs its body under a native-exception guard. No native exception leaves a bound
+// The frame of bound functions, which runs its body under a native-exception guard. No native exception leaves a bound
 // function, except a thrown object that is not an NSException: that one is thrown again to the next enclosing guard.
 //
 // The body must obey the rule of guard.h: nothing with a destructor lives in it across a native message. The result is
 // stored outside the body; it is set to the null value first and assigned last.
 //
-// Both frames are inlined, so that they add no call to a message on platforms whose guard is C++. The code that handles an
+// The frame is inlined, so that it adds no call to a message on platforms whose guard is C++. The code that handles an
 // exception is kept out of line.
 #pragma once
 
@@ -29,16 +29,6 @@ template <class Body>
 template <class Body, class Release>
 void guarded(Body body, Release release) {
     onThrow([&] { guarded(body); }, release);
-}
-
-// The quiet frame: an NSException is dropped. Answers whether the body ran to its end.
-template <class Body>
-[[gnu::always_inline]] inline bool quiet(Body&& body) {
-    if (const id thrown = catchNative(body); __builtin_expect(thrown != nullptr, 0)) {
-        if (!isNSException(thrown)) throwNative(thrown);
-        return false;
-    }
-    return true;
 }
 
 // The guarded frame of a function with one result: what `make` answers, and 0 or null when an exception ended it.

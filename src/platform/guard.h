@@ -52,6 +52,16 @@ id catchNative(Body& body) {
 }
 #endif
 
+// Runs the body and drops an NSException that ends it. Returns whether the body completed. Throws any other object again.
+template <class Body>
+[[gnu::always_inline]] inline bool quiet(Body&& body) {
+    if (const id thrown = catchNative(body); __builtin_expect(thrown != nullptr, 0)) {
+        if (!isNSException(thrown)) throwNative(thrown);
+        return false;
+    }
+    return true;
+}
+
 // Runs the body. If a native or a C++ exception ends it, runs the cleanup, and the exception propagates. A cleanup that
 // calls the host may throw a C++ exception, which then replaces the first one. It must not throw a native one.
 template <class Body, class Cleanup>
