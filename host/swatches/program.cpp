@@ -58,7 +58,7 @@ Slot callMethod(const Reference& object, const char* name, std::vector<Slot> arg
 }
 
 // Returns a minimal ICC profile for a space whose components are X, Y and Z relative to those of white. It has three linear
-// colorants, each with one of the coordinates. All visible colours are inside the space.
+// colorants, each with one of the coordinates. All visible colours are inside the space, as in no space that AppKit names.
 std::string relativeXYZProfile() {
     const auto number = [](std::uint32_t value) {
         std::string bytes;

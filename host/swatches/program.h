@@ -28,7 +28,8 @@ std::vector<double> componentsOf(const Reference& color);
 ScreenColor inSRGB(const Reference& color); // not clamped; transparent for a pattern, which has no components
 Lab labOf(const Reference& color);          // `color` must have components; they are clamped to their space's range
 
-// Returns the keys of a list in its order. The class has no member that returns them, so they come from the native list.
+// Returns the keys of a list in its order. The class has neither a member that returns them nor a Handle, so they come from
+// the native list in its instance data.
 std::vector<std::string> keysOf(const Reference& list);
 
 // Returns the names of a class's shared methods without parameters that return an object of the same class, in declared
