@@ -41,13 +41,13 @@ struct Row {
 
 constexpr std::nullopt_t none = std::nullopt;
 const Row rows[] = {
-    {"getRGB", "getRGB into three variables / bare message", {1.6, 1.5, none}},
-    {"component", "redComponent / bare message", {1.6, 1.6, none}},
-    {"wrap_hit", "a shared colour that has its object / bare message and look-up", {1.7, 2.0, none}},
-    {"create_destroy", "a new colour and its end / make, retain, release", {1.7, 2.0, none}},
+    {"getRGB", "getRGB into three variables / only the message", {1.6, 1.5, none}},
+    {"component", "redComponent / only the message", {1.6, 1.6, none}},
+    {"wrap_hit", "a shared colour that has an object / only message and look-up", {1.7, 2.0, none}},
+    {"create_destroy", "a colour created and destroyed / create, retain, release", {1.7, 2.0, none}},
     {"string_short", "colorSpaceName / the host's own string", {2.5, none, none}},
-    {"string_fair", "the same / taken by UTF8String into the host's string", {none, 4.0, none}},
-    {"dropped", "redComponent of a grey colour, its exception dropped: us, instr.", {1.7, none, none}},
+    {"string_fair", "the same / UTF8String copied into the host's string", {none, 4.0, none}},
+    {"dropped", "redComponent of a grey colour, exception dropped: us, instr.", {1.7, none, none}},
     {"array", "Components / the host's own array of four", {2.0, 2.0, none}},
     {"to_rgb", "sRGB to Adobe RGB / Little CMS, one colour", {1.5, none, none}},
     {"to_matrix", "sRGB to a matrix profile / Little CMS, one colour", {1.5, none, none}},

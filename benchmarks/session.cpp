@@ -72,7 +72,7 @@ void LiveColors::growTo(std::size_t count) {
             objects_.push_back(object);
         }
     }
-    if (host::hasPendingException()) throw std::runtime_error("a colour could not be made");
+    if (host::hasPendingException()) throw std::runtime_error("a colour could not be created");
 }
 
 } // namespace bench

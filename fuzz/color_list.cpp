@@ -21,15 +21,16 @@ std::size_t living() {
 void readAndWrite(std::string_view text) {
     ColorList* const list = autorelease(make<ColorList>());
     if (!readEntries(text, *list)) return;
-    require(list->entries.size() == list->colors.size(), "every colour has its place");
+    require(list->entries.size() == list->colors.size(), "every colour has an entry");
     std::string written, rewritten;
-    require(writeEntries(*list, written), "what was read can be written");
+    require(writeEntries(*list, written), "a list that was read can be written");
 
     ColorList* const again = autorelease(make<ColorList>());
-    require(readEntries(written, *again), "what was written can be read");
-    require(writeEntries(*again, rewritten) && rewritten == written, "a list comes back as it was");
+    require(readEntries(written, *again), "a list that was written can be read");
+    require(writeEntries(*again, rewritten) && rewritten == written, "writing and reading a list changes nothing");
     for (std::size_t index = 0; index < list->entries.size(); ++index)
-        require(again->entries.at(index)->first == list->entries[index]->first, "keys and their order come back");
+        require(again->entries.at(index)->first == list->entries[index]->first,
+                "writing and reading keeps the keys and their order");
 }
 
 } // namespace
@@ -39,6 +40,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::size_t height = autoreleaseHeight();
     readAndWrite({reinterpret_cast<const char*>(data), size});
     drainAutoreleased(height);
-    require(living() == before, "nothing is left");
+    require(living() == before, "nothing is leaked");
     return 0;
 }

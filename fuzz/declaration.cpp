@@ -40,7 +40,7 @@ std::string write(const Literal& literal) { return std::visit(Writer(), literal.
 std::string write(const Signature& signature) {
     std::string text;
     for (const Parameter& p : signature.parameters) {
-        require(!p.paramArray || &p == &signature.parameters.back(), "a paramarray stands last");
+        require(!p.paramArray || &p == &signature.parameters.back(), "a paramarray is last");
         if (!text.empty()) text += ",";
         if (p.byRef) text += "byref ";
         if (p.paramArray) text += "paramarray ";
@@ -59,15 +59,16 @@ void readAndWrite(Declaration (*parse)(std::string_view), std::string_view text)
     try {
         read = parse(text);
     } catch (const DeclarationError& error) {
-        require(error.position <= text.size(), "an error is at a place in the text");
+        require(error.position <= text.size(), "the position of an error is in the text");
         return;
     }
     if constexpr (std::is_same_v<Declaration, Constant>) {
         if (std::holds_alternative<std::string>(read.value.value))
-            require(text.substr(0, text.rfind('"') + 1).substr(text.find('"')) == write(read.value), "text is kept");
+            require(text.substr(0, text.rfind('"') + 1).substr(text.find('"')) == write(read.value),
+                    "the text of a constant does not change");
     }
     try {
-        require(write(parse(write(read))) == write(read), "a declaration comes back as it was");
+        require(write(parse(write(read))) == write(read), "writing and reading a declaration changes nothing");
     } catch (const DeclarationError& error) {
         require(false, error.what());
     }

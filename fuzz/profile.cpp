@@ -33,12 +33,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!space) return 0;
     const auto& profile = space->profile;
     require(space->channels >= 1 && space->channels <= maxChannels, "a space has channels");
-    require(profile.size() <= size && std::equal(profile.begin(), profile.end(), data), "a space keeps its profile");
+    require(profile.size() <= size && std::equal(profile.begin(), profile.end(), data),
+            "a space stores its profile unchanged");
 
     const SpacePointer again = spaceFromProfile(profile.data(), profile.size());
     require(again && again->name == space->name && again->model == space->model && again->channels == space->channels &&
                 again->convertsToXyz == space->convertsToXyz && again->convertsFromXyz == space->convertsFromXyz,
-            "a kept profile describes the same space");
+            "a stored profile describes the same space");
 
     for (const auto& row : space->fromXyz)
         require(std::all_of(row.begin(), row.end(), [](double value) { return std::isfinite(value); }),

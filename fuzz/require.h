@@ -6,10 +6,10 @@
 
 namespace fuzz {
 
-// Aborts the process unless the promise holds. The fuzzer reports this as a finding.
-inline void require(bool holds, const char* promise) {
+// Aborts the process if a condition does not hold. The fuzzer reports this as a finding.
+inline void require(bool holds, const char* condition) {
     if (holds) return;
-    std::cerr << "broken: " << promise << "\n";
+    std::cerr << "failed: " << condition << "\n";
     std::abort();
 }
 

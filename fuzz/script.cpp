@@ -46,7 +46,7 @@ bool names(std::string text, std::initializer_list<const char*> words) {
 void runAsFile(const std::string& text) {
     std::ostringstream output, errors;
     const int exitCode = language::runText("fuzz", text, output, errors);
-    require(exitCode == 0 || !errors.str().empty() || names(text, {"quit"}), "a failure is told");
+    require(exitCode == 0 || !errors.str().empty() || names(text, {"quit"}), "a failure is reported");
 }
 
 // Runs the first line and then the rest, which may use the line's declarations.
@@ -94,13 +94,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::size_t objects = liveObjectCount(), strings = liveStringCount();
     std::ostringstream errors;
     const bool isSound = language::checkText("fuzz", text, errors) == 0;
-    require(isSound || !errors.str().empty(), "an error is told");
+    require(isSound || !errors.str().empty(), "an error is reported");
     ++run;
     if (!names(text, {"folderitem", "nscolorlist"})) {
         if (isSound) runAsFile(text);
         ++run;
         runAtPrompt(text);
     }
-    require(liveObjectCount() == objects && liveStringCount() == strings, "nothing is left");
+    require(liveObjectCount() == objects && liveStringCount() == strings, "nothing is leaked");
     return 0;
 }

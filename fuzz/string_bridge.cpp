@@ -64,7 +64,7 @@ void requireReturn(const std::u16string& text) {
     CFRelease(string);
     const std::u16string expected = isUnicode(text) ? text.substr(0, text.find(u'\0')) : u"";
     require(!back || host::encodingOf(back) == host::encoding::utf8, "a host string is UTF-8");
-    require(platformText(back, false).value_or(u"") == expected, "text comes back as it was");
+    require(platformText(back, false).value_or(u"") == expected, "text returns unchanged");
     host::unlock(back);
 }
 
@@ -75,7 +75,7 @@ void requireSameBytes(const std::u16string& text, std::string_view bytes, std::u
     const auto room = static_cast<CFIndex>(written.size());
     require(!CFStringGetCString(string, written.data(), room - 1, encoding), "text that does not fit is refused");
     require(CFStringGetCString(string, written.data(), room, encoding) && written.substr(0, bytes.size()) == bytes,
-            "bytes come back as they were");
+            "bytes return unchanged");
     CFRelease(string);
 }
 
@@ -99,15 +99,15 @@ void requireBuilt(std::string_view bytes, std::uint32_t encoding, const Text& so
     if (encoding == host::encoding::utf16 || encoding == host::encoding::utf32) {
         const Text text = platformText(built, false);
         const bool isOld = encoding == host::encoding::utf32 && rbversion_rbversion < 2013;
-        require(!built || (text && host::encodingOf(built) == host::encoding::utf8), "wide text ends as UTF-8");
-        require(!sound || text.value_or(u"") == *sound, "wide text is kept");
-        require(!isOld || text.value_or(u"") == translated(bytes), "old hosts get UTF-32 translated");
+        require(!built || (text && host::encodingOf(built) == host::encoding::utf8), "wide text becomes UTF-8");
+        require(!sound || text.value_or(u"") == *sound, "valid wide text does not change");
+        require(!isOld || text.value_or(u"") == translated(bytes), "old hosts receive translated UTF-32");
     } else {
         const bool isASCII = std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; });
         const bool isTold = encoding == host::encoding::utf8 || encoding == unknownNumber;
-        require(host::bytesOf(built) == bytes, "bytes are kept");
+        require(host::bytesOf(built) == bytes, "bytes do not change");
         require(host::encodingOf(built) == (isASCII && !isTold ? host::encoding::ascii : encoding),
-                "bytes tell what they are");
+                "bytes have the correct encoding");
     }
     host::unlock(built);
 }
@@ -131,7 +131,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Text asked = platformText(string, false), stored = platformText(string, true);
     host::unlock(string);
     require(asked == stored || (asked && stored && *asked == u'\uFEFF' + *stored),
-            "the host's answer and its storage agree");
+            "the host's result and the string's storage agree");
     if (stored) requireReturn(*stored);
 
     // Text is valid if the host itself can read it.
@@ -141,6 +141,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool isWide = encoding == host::encoding::utf16 || encoding == host::encoding::utf32;
     if (sound && !isWide) requireSameBytes(*sound, bytes, encoding);
     requireBuilt(bytes, encoding, sound);
-    require(host::liveStringCount() == 0, "nothing is left");
+    require(host::liveStringCount() == 0, "nothing is leaked");
     return 0;
 }

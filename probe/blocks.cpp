@@ -51,7 +51,7 @@ struct Checks {
             const unsigned char none[size] = {};
             report.expect(std::memcmp(bytes, none, size) == 0, "does not zero the bytes");
             std::memset(bytes, 0x5A, size);
-            report.expect(bytesOf(block)[size - 1] == 0x5A, "loses what was written");
+            report.expect(bytesOf(block)[size - 1] == 0x5A, "loses written bytes");
         }
         drop(block);
     }

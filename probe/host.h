@@ -134,7 +134,7 @@ bool checkOwnership(const Strings& strings, Report& report, Make make) {
     if (!string) return true;
     strings.unlock(string);
     const bool isOwned = !isVisible || growth.hasLargeValue();
-    if (isVisible) report.expect(isOwned, "lends the string: it has no reference for the caller");
+    if (isVisible) report.expect(isOwned, "returns the string without a reference for the caller");
     if (isOwned) strings.unlock(string); // the protection
     return isOwned;
 }

@@ -31,7 +31,7 @@ std::string lines(const Finding& finding) {
 } // namespace
 
 const char* Finding::verdict() const {
-    if (!complaints.empty()) return "broken";
+    if (!complaints.empty()) return "failed";
     if (!isProvided) return "not provided";
     if (checks > 0) return "ok";
     return isCalled ? "not observable" : "not tested";
@@ -100,7 +100,7 @@ std::string Report::summary() const {
     for (const Finding& finding : findings_)
         ++counts[finding.verdict()];
     std::string text;
-    for (const char* verdict : {"ok", "broken", "not observable", "not tested", "not provided"})
+    for (const char* verdict : {"ok", "failed", "not observable", "not tested", "not provided"})
         text += (text.empty() ? "" : ", ") + std::to_string(counts[verdict]) + " " + verdict;
     return text + "\n";
 }

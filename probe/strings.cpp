@@ -150,7 +150,7 @@ struct Checks {
             report.expect(strings.bytesOf(converted) == sample.inUTF8,
                           name + " to UTF-8: " + instead(strings.bytesOf(converted), sample.inUTF8));
             if (converted && encoding)
-                report.expect(encoding(converted) == REALencodingUTF8, name + " to UTF-8: the recorded encoding is another");
+                report.expect(encoding(converted) == REALencodingUTF8, name + " to UTF-8: the recorded encoding differs");
             if (converted != string)
                 report.expect(strings.bytesOf(string) == sample.bytes, name + ": the conversion changes the argument");
             strings.drop(converted);

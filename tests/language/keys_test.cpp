@@ -63,7 +63,7 @@ public:
                 seen_ = at + text.size();
                 return;
             }
-            ASSERT_TRUE(receive()) << "'" << text << "' does not come. All that came:\n" << shown_;
+            ASSERT_TRUE(receive()) << "'" << text << "' was not printed. The complete output:\n" << shown_;
         }
     }
 
@@ -81,7 +81,7 @@ public:
         while (receive()) {
         }
         if (!closed_) {
-            ADD_FAILURE() << "the program does not end. All that came:\n" << shown_;
+            ADD_FAILURE() << "the program does not exit. The complete output:\n" << shown_;
             kill(program_, SIGKILL);
         }
         int status = 0;

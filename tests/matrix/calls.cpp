@@ -157,8 +157,9 @@ const char* complaintOf(const Call& call, const std::string& outcome) {
     if (call.escaped && fault < Fault::hostThrows) return "a C++ exception left the function";
     if (call.thrown && fault != Fault::throwOther) return "a native exception left the function";
     if (fault == Fault::throwOther && (call.thrown != testObject || raised))
-        return "an object that is no NSException stayed inside";
-    if (fault == Fault::raise && raised != promisedExceptions(call)) return "not the host exceptions for an NSException";
+        return "an object that is not an NSException did not propagate";
+    if (fault == Fault::raise && raised != promisedExceptions(call))
+        return "the wrong number of host exceptions for an NSException";
     // A failure while an exception's message is built raises another exception.
     if (raised > (fault >= Fault::hostThrows ? 2 : 1)) return "too many host exceptions";
     if (raised && !isNullResult) return "a host exception and a result";
@@ -167,13 +168,13 @@ const char* complaintOf(const Call& call, const std::string& outcome) {
     if (call.hasReceiver(emptyReceiver) && !chroma::nativeObject(call.arguments.receiver()) && !isNullResult)
         return "an empty object has a result";
     const bool isSpared = fault == Fault::none && call.plan.fault != Fault::none; // the fault came after the last event
-    if (isSpared && (raised > 0) != call.raisesAnyway()) return "what an earlier fault did has lasted";
+    if (isSpared && (raised > 0) != call.raisesAnyway()) return "an earlier fault has a lasting effect";
     // The platform's result for nil, which a string may become if memory is exhausted, and for another colour is not
     // checked here.
     const bool isPlatforms =
         (fault >= Fault::answerNil && fault <= Fault::exhaustMemory) || (fault == Fault::raise && call.function.converts);
     if (call.plain && !isPlatforms && !isFulfilled(call, outcome, call.plain->outcome))
-        return "an outcome that is neither null nor the right one";
+        return "an outcome that is neither null nor correct";
     const char* const refusal = fault == Fault::none ? refusalOf(call) : nullptr;
     return refusal && call.exceptionClass != refusal ? "an argument was not refused" : "";
 }

@@ -52,9 +52,9 @@ std::string play(const Configuration& host) {
                 for (Plan plan{static_cast<Fault>(kind), 1}; check(function, choice, plan, &plain).injected;)
                     ++plan.at;
         }
-    if (!isFirstCall && cases < 2000) complaints += "\n    these are few";
+    if (!isFirstCall && cases < 2000) complaints += "\n    too few cases";
     if (__lsan_do_recoverable_leak_check && hostCounts() && __lsan_do_recoverable_leak_check() != 0)
-        complaints += "\n    memory is lost";
+        complaints += "\n    memory is leaked";
     return complaints.empty() ? std::to_string(cases) : complaints;
 }
 

@@ -48,7 +48,7 @@ std::string soak(long calls) {
     std::fprintf(stderr,
                  "soak: %ld calls, %ld with host exceptions, %ld KiB of heap, %ld KiB of them since the first tenth\n",
                  calls, raising, before + growth, growth);
-    return raising == 0 || growth > mostGrowth ? "too few host exceptions, or too much memory" : "";
+    return raising == 0 || growth > mostGrowth ? "too few host exceptions, or the heap grew too much" : "";
 }
 
 } // namespace

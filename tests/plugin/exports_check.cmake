@@ -17,6 +17,6 @@ list(REMOVE_ITEM imported ${platform})
 foreach(name IN LISTS imported)
     # Versioned names belong to the C and C++ runtime. Names that start with two underscores belong to it or a sanitizer.
     if(NOT name MATCHES "@(GLIBC|GLIBCXX|CXXABI|GCC)" AND NOT name MATCHES "^(__|_ITM_)")
-        message(FATAL_ERROR "imported from nowhere known: ${name}")
+        message(FATAL_ERROR "imported from an unknown library: ${name}")
     endif()
 endforeach()

@@ -142,7 +142,7 @@ const Case cases[] = {
          if (found) host::unlock(*value);
          return found;
      }),
-     "REALGetPropValueString: lends the string"},
+     "REALGetPropValueString: returns the string without a reference"},
     {"EveryClass", "ChromaObjectIsA",
      fault<ChromaObjectIsAProc>([](REALobjectStruct*, const char*) -> HostBoolean { return 1; }),
      "ChromaObjectIsA: returns 1 for another class"},
@@ -171,7 +171,7 @@ const Case cases[] = {
          const bool isConverted = string && host::encodingOf(string) == encoding;
          return isConverted ? string : proper<REALConvertStringProc>("REALConvertString")(string, encoding);
      }),
-     "REALConvertString: lends the string"},
+     "REALConvertString: returns the string without a reference"},
     {"OtherPlatformText", "REALGetStringCFString",
      fault<REALGetStringCFStringProc>([](REALstringStruct* string, std::int32_t) -> const void* {
          return host::platform::newCFString(host::bytesOf(string), host::encoding::isoLatin1);
