@@ -6,6 +6,7 @@
 #include "language/language.h"
 #include "language/session.h"
 #include "model/objects.h"
+#include "text/letters.h"
 #include "values/strings.h"
 
 #include <sys/time.h>
@@ -39,7 +40,7 @@ class Silence final : public language::Presenter {
 };
 
 bool names(std::string text, std::initializer_list<const char*> words) {
-    std::transform(text.begin(), text.end(), text.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? c + 32 : c; });
+    std::transform(text.begin(), text.end(), text.begin(), lower);
     return std::any_of(words.begin(), words.end(), [&](const char* word) { return text.find(word) != text.npos; });
 }
 

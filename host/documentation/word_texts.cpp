@@ -90,7 +90,7 @@ const std::vector<WordText>& wordTexts() {
         {"Boolean", "Boolean\nBoolean(value)", "True or False."},
         {"String", "String\nString(value)", "Text: `\"a \"\"quoted\"\" word\"`."},
         {"Color", "Color\nColor(value)",
-         "A colour: `#FF8000`, `#F80`, or with an opacity, `#FF800080`. The call converts a number, 0xAARRGGBB, or a "
+         "A colour: `#FF8000`, `#F80`, or with an opacity, `#FF800080` and `#F808`. The call converts a number, 0xAARRGGBB, or a "
          "text, such as `\"#f80\"` or a CSS colour name."},
         {"Variant", "Variant\nVariant(value)", "A value of any type, or Nil."},
         {"Object", "Object", "A reference to an object of any class, or Nil."},

@@ -6,7 +6,6 @@
 #include "text/letters.h"
 #include "text/literals.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -39,14 +38,10 @@ std::optional<Slot> number(std::string_view whole, Kind& kind) {
 }
 
 std::optional<Slot> color(std::string_view text) {
-    std::string name(trimmed(text));
-    std::transform(name.begin(), name.end(), name.begin(), lower);
-    if (const std::optional<unsigned> value = cssColor(name)) return Slot::ofColor(0xFF000000 | *value);
-    try {
-        return Slot::ofColor(scanColor(name));
-    } catch (const LiteralError&) {
-        return std::nullopt;
-    }
+    const std::string_view name = trimmed(text);
+    const bool isHex = !name.empty() && name.front() == '#';
+    const std::optional<HostColor> value = isHex ? colorOfHex(name.substr(1)) : cssColor(name);
+    return value ? std::optional(Slot::ofColor(*value)) : std::nullopt;
 }
 
 } // namespace

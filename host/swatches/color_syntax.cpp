@@ -1,10 +1,11 @@
 #include "swatches/color_syntax.h"
 
 #include "text/css_colors.h"
+#include "text/letters.h"
+#include "text/literals.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <optional>
 #include <sstream>
@@ -14,21 +15,9 @@ namespace host::swatches {
 
 namespace {
 
-double channel(unsigned byte) { return static_cast<double>(byte) / 255.0; }
-
-std::optional<ScreenColor> hexadecimal(std::string digits) {
-    if (digits.empty() || digits.find_first_not_of("0123456789abcdefABCDEF") != std::string::npos) return std::nullopt;
-    if (digits.size() == 3 || digits.size() == 4) {
-        std::string doubled;
-        for (const char digit : digits)
-            doubled.append(2, digit);
-        digits = doubled;
-    }
-    if (digits.size() == 6) digits += "FF";
-    if (digits.size() != 8) return std::nullopt;
-    const unsigned long value = std::stoul(digits, nullptr, 16);
-    const auto byte = [&](int shift) { return channel(static_cast<unsigned>(value >> shift & 0xFF)); };
-    return ScreenColor{byte(24), byte(16), byte(8), byte(0)};
+Reference colorOfValue(HostColor color) {
+    const auto channel = [color](int shift) { return (color >> shift & 0xFF) / 255.0; };
+    return sRGBColor({channel(16), channel(8), channel(0), channel(24)});
 }
 
 // One argument of a CSS function: a number and its unit.
@@ -110,24 +99,17 @@ Reference colorOfFunction(const Function& f) {
 } // namespace
 
 std::string hexOf(const ScreenColor& color) {
-    const auto byte = [](double value) { return static_cast<unsigned>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0)); };
-    char text[16];
-    std::snprintf(text, sizeof text, "#%02X%02X%02X", byte(color.red), byte(color.green), byte(color.blue));
-    const std::string opaque = text;
-    if (byte(color.alpha) == 255) return opaque;
-    std::snprintf(text, sizeof text, "%02X", byte(color.alpha));
-    return opaque + text;
+    const auto byte = [](double value) { return static_cast<HostColor>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0)); };
+    return literalOf(byte(color.alpha) << 24 | byte(color.red) << 16 | byte(color.green) << 8 | byte(color.blue));
 }
 
 Reference colorOfText(const std::string& text) {
     std::string name = text;
-    std::transform(name.begin(), name.end(), name.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    std::transform(name.begin(), name.end(), name.begin(), lower);
     // Names come before hexadecimal digits. No name of CSS is hexadecimal, and a user who means digits can write "#".
     if (name == "transparent") return sRGBColor({0, 0, 0, 0});
-    if (const std::optional<unsigned> value = cssColor(name))
-        return sRGBColor({channel(*value >> 16), channel(*value >> 8 & 0xFF), channel(*value & 0xFF), 1.0});
-    if (const auto color = hexadecimal(name.substr(!name.empty() && name[0] == '#' ? 1 : 0))) return sRGBColor(*color);
+    if (const auto color = cssColor(name)) return colorOfValue(*color);
+    if (const auto color = colorOfHex(name.substr(!name.empty() && name[0] == '#' ? 1 : 0))) return colorOfValue(*color);
     if (const auto parsed = function(name)) {
         if (Reference color = colorOfFunction(*parsed)) return color;
     }

@@ -1,6 +1,8 @@
 // The names of CSS Color Module Level 4.
 #include "text/css_colors.h"
 
+#include "text/letters.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -10,7 +12,7 @@ namespace {
 
 struct CssColor {
     std::string_view name;
-    unsigned value;
+    HostColor value; // without the opacity
 };
 
 // By name.
@@ -167,12 +169,12 @@ constexpr CssColor cssColors[] = {
 
 } // namespace
 
-std::optional<unsigned> cssColor(std::string_view name) {
-    const auto* const found =
-        std::lower_bound(std::begin(cssColors), std::end(cssColors), name,
-                         [](const CssColor& color, std::string_view wanted) { return color.name < wanted; });
-    if (found == std::end(cssColors) || found->name != name) return std::nullopt;
-    return found->value;
+std::optional<HostColor> cssColor(std::string_view name) {
+    const auto* const found = std::lower_bound(
+        std::begin(cssColors), std::end(cssColors), name,
+        [](const CssColor& color, std::string_view wanted) { return LessIgnoringCase()(color.name, wanted); });
+    if (found == std::end(cssColors) || !equalIgnoringCase(found->name, name)) return std::nullopt;
+    return 0xFF000000 | found->value;
 }
 
 } // namespace host

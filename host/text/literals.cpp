@@ -9,13 +9,6 @@
 namespace host {
 namespace {
 
-// Returns the value of a digit of any base up to 16, or a large number.
-unsigned digitValue(char c) {
-    if (isDigit(c)) return static_cast<unsigned>(c - '0');
-    const char letter = lower(c);
-    return letter >= 'a' && letter <= 'f' ? static_cast<unsigned>(letter - 'a') + 10 : 99;
-}
-
 char at(std::string_view text, std::size_t i) { return i < text.size() ? text[i] : '\0'; }
 
 std::size_t skipDigits(std::string_view text, std::size_t i) {
@@ -70,16 +63,15 @@ ScannedLiteral scanDecimal(std::string_view text, bool negative) {
 ScannedLiteral scanPrefixed(std::string_view text, bool negative) {
     const char letter = lower(at(text, 1));
     if (letter == 'c') throw LiteralError{0, "a colour is written #RRGGBB or #RRGGBBAA"};
-    const unsigned base = letter == 'b' ? 2 : letter == 'o' ? 8 : letter == 'h' ? 16 : 0;
+    const int base = letter == 'b' ? 2 : letter == 'o' ? 8 : letter == 'h' ? 16 : 0;
     if (base == 0) throw LiteralError{0, "a number after '&' is written &hFF, &o17 or &b101"};
     std::uintptr_t value = 0;
-    std::size_t end = 2;
-    for (; digitValue(at(text, end)) < base; ++end) {
-        if (value > std::numeric_limits<std::uintptr_t>::max() / base)
-            throw LiteralError{0, "this number has more digits than an Integer can hold"};
-        value = value * base + digitValue(text[end]);
-    }
-    if (end == 2 || isNamePart(at(text, end)))
+    const char* const digits = text.data() + 2;
+    const auto [stop, error] = std::from_chars(digits, text.data() + text.size(), value, base);
+    if (error == std::errc::result_out_of_range)
+        throw LiteralError{0, "this number has more digits than an Integer can hold"};
+    const auto end = static_cast<std::size_t>(stop - text.data());
+    if (stop == digits || isNamePart(at(text, end)))
         throw LiteralError{end, "a digit of base " + std::to_string(base) + " is expected here"};
     return {end, static_cast<HostInteger>(negative ? 0 - value : value)};
 }
@@ -99,27 +91,23 @@ ScannedLiteral scanLiteral(std::string_view text, bool negative) {
         std::size_t end = 1;
         while (isNamePart(at(text, end)))
             ++end;
-        return {end, scanColor(text.substr(0, end))};
+        if (const auto color = colorOfHex(text.substr(1, end - 1))) return {end, *color};
+        throw LiteralError{0, "a colour is written #RRGGBB, #RRGGBBAA, #RGB or #RGBA"};
     }
     default: return scanDecimal(text, negative);
     }
 }
 
-HostColor scanColor(std::string_view text) {
-    const std::string_view digits = text.substr(text.empty() ? 0 : 1);
-    bool valid = !text.empty() && text.front() == '#';
+std::optional<HostColor> colorOfHex(std::string_view digits) {
+    std::string full;
+    for (const char digit : digits)
+        full.append(digits.size() <= 4 ? 2 : 1, digit);
+    if (full.size() == 6) full += "FF";
+    const char* const end = full.data() + full.size();
     std::uint32_t value = 0;
-    for (const char c : digits) {
-        valid = valid && digitValue(c) < 16;
-        value = value << 4 | (digitValue(c) & 15);
-    }
-    if (valid && digits.size() == 3) {
-        const auto doubled = [value](unsigned shift) { return (value >> shift & 15) * 17; };
-        return 0xFF000000 | doubled(8) << 16 | doubled(4) << 8 | doubled(0);
-    }
-    if (valid && digits.size() == 6) return 0xFF000000 | value;
-    if (valid && digits.size() == 8) return value >> 8 | value << 24;
-    throw LiteralError{0, "a colour is written #RRGGBB, #RGB or #RRGGBBAA"};
+    const auto [stop, error] = std::from_chars(full.data(), end, value, 16);
+    if (full.size() != 8 || stop != end || error != std::errc()) return std::nullopt;
+    return value >> 8 | value << 24;
 }
 
 std::string literalOf(HostColor color) {

@@ -4,6 +4,7 @@
 #include "chromabridge/host_abi.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -27,8 +28,8 @@ bool startsLiteral(char first, char next);
 // means that a minus precedes the number, which may then be one larger; the value has the sign.
 ScannedLiteral scanLiteral(std::string_view text, bool negative = false);
 
-// Reads #RGB, #RRGGBB or #RRGGBBAA as a colour, whose highest byte is the opacity. Throws LiteralError.
-HostColor scanColor(std::string_view text);
+// Reads the digits of #RGB, #RGBA, #RRGGBB or #RRGGBBAA. The highest byte of the colour is its opacity.
+std::optional<HostColor> colorOfHex(std::string_view digits);
 
 // Returns the literal of a colour.
 std::string literalOf(HostColor color);

@@ -57,7 +57,7 @@ TEST(Declarations, ReportErrorsWithTheirColumn) {
         {"f(a as double = 1.2.3)", "expected \")\" at column 20"},
         {"f(a as integer = -)", "expected a value at column 18"},
         {"f(a as string = \"x)", "this text has no closing quote on its line at column 17"},
-        {"f(a as color = #FFFFFFFFF)", "a colour is written #RRGGBB, #RGB or #RRGGBBAA at column 16"},
+        {"f(a as color = #FFFFFFFFF)", "a colour is written #RRGGBB, #RRGGBBAA, #RGB or #RGBA at column 16"},
         {"f(a as double = +)", "expected a value at column 17"}};
     for (const auto& [text, error] : cases)
         EXPECT_EQ(errorOf([text = text] { parseSignature(text); }), error + " of \"" + text + "\"");

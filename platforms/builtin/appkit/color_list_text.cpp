@@ -1,26 +1,13 @@
 #include "appkit/color_list_text.h"
 
+#include "text/digits.h"
 #include "text/encoding.h"
 
-#include <charconv>
 #include <cstdint>
 #include <cstring>
 
 namespace chroma::builtin {
 namespace {
-
-void writeHex(std::uint64_t value, int digits, std::string& text) {
-    for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) {
-        text.push_back("0123456789abcdef"[value >> shift & 0xF]);
-    }
-}
-
-// Exactly the digits, in either case.
-template <class Number>
-bool readHex(std::string_view digits, Number& value) {
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
-    return error == std::errc() && end == digits.data() + digits.size();
-}
 
 bool isPair(std::u16string_view text, std::size_t index) {
     return (text[index] & 0xFC00) == 0xD800 && index + 1 < text.size() && (text[index + 1] & 0xFC00) == 0xDC00;
@@ -95,9 +82,7 @@ bool LineReader::keyword(std::string_view expected) {
 
 bool LineReader::number(std::size_t& value) {
     std::string_view digits;
-    if (!word(digits)) return false;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    return error == std::errc() && end == digits.data() + digits.size();
+    return word(digits) && readDigits(digits, value, 10);
 }
 
 bool LineReader::key(std::u16string& key) {

@@ -3,9 +3,11 @@
 #include "builtin/corefoundation.h"
 #include "runtime/bootstrap.h"
 #include "runtime/export.h"
+#include "text/digits.h"
 #include "text/encoding.h"
 
 #include <climits>
+#include <cstdint>
 #include <string>
 #include <unistd.h>
 
@@ -21,20 +23,19 @@ bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-// Returns -1 if the character is not a hexadecimal digit.
-int hexValue(char c) {
-    if (isDigit(c)) return c - '0';
-    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-    return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
+// Reads the two digits of the escape whose percent sign is at the index.
+bool readEscape(std::string_view text, std::size_t index, std::uint8_t& byte) {
+    return text.size() - index >= 3 && readHex(text.substr(index + 1, 2), byte);
 }
 
 // Returns whether every character is allowed in a URL and every percent sign starts an escape.
 bool isURLText(std::string_view text) {
     constexpr std::string_view marks = "-._~:/?#[]@!$&'()*+,;=";
+    std::uint8_t byte;
     for (std::size_t index = 0; index < text.size(); ++index) {
         const char c = text[index];
         if (c == '%') {
-            if (text.size() - index < 3 || hexValue(text[index + 1]) < 0 || hexValue(text[index + 2]) < 0) return false;
+            if (!readEscape(text, index, byte)) return false;
             index += 2;
         } else if (!isLetter(c) && !isDigit(c) && marks.find(c) == std::string_view::npos) {
             return false;
@@ -66,8 +67,9 @@ std::string_view pathPart(std::string_view url) {
 std::string withoutEscapes(std::string_view text) {
     std::string plain;
     for (std::size_t index = 0; index < text.size(); ++index) {
-        if (text[index] == '%') {
-            plain.push_back(static_cast<char>(hexValue(text[index + 1]) * 16 + hexValue(text[index + 2])));
+        std::uint8_t byte;
+        if (text[index] == '%' && readEscape(text, index, byte)) {
+            plain.push_back(static_cast<char>(byte));
             index += 2;
         } else {
             plain.push_back(text[index]);

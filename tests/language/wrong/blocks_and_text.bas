@@ -96,8 +96,8 @@ Print @1e999
 Print @&cFF8000
 '! a colour is written #RRGGBB or #RRGGBBAA
 
-Print @#FF80
-'! a colour is written #RRGGBB, #RGB or #RRGGBBAA
+Print @#FF80F
+'! a colour is written #RRGGBB, #RRGGBBAA, #RGB or #RGBA
 
 Dim a As @Intger
 Print a, a + 1

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <iterator>
 #include <optional>
+#include <string_view>
 
 namespace chroma::builtin {
 namespace {
@@ -26,11 +27,10 @@ DeviceChannels channelsOf(std::uint32_t colorSpace) {
     case icc::labSpace: return {ColorModel::lab, 3};
     default: break;
     }
-    // "2CLR" to "FCLR": the number of channels as a hexadecimal digit.
-    const auto digit = static_cast<char>(colorSpace >> 24);
+    // "2CLR" to "FCLR": the number of channels as a digit.
+    const std::size_t digit = std::string_view("23456789ABCDEF").find(static_cast<char>(colorSpace >> 24));
     const bool isNumbered = (colorSpace & 0xFFFFFF) == (icc::signature("2CLR") & 0xFFFFFF);
-    if (isNumbered && digit >= '2' && digit <= '9') return {ColorModel::deviceN, static_cast<std::size_t>(digit - '0')};
-    if (isNumbered && digit >= 'A' && digit <= 'F') return {ColorModel::deviceN, static_cast<std::size_t>(digit - 'A' + 10)};
+    if (isNumbered && digit != std::string_view::npos) return {ColorModel::deviceN, 2 + digit};
     return {ColorModel::unknown, 0};
 }
 
