@@ -1,10 +1,10 @@
 // The library's exported function.
 #include "classes/color/color.h"
-#include "classes/colorlist/colorlist.h"
-#include "classes/colorspace/colorspace.h"
+#include "classes/color_list/color_list.h"
+#include "classes/color_space/color_space.h"
 #include "runtime/start.h"
 
 extern "C" __attribute__((visibility("default"))) void REALPluginMain(REALresolver resolver) {
-    chroma::startPlugin(resolver, {&chroma::color::NSColorClass, &chroma::colorlist::NSColorListClass,
-                                   &chroma::colorspace::NSColorSpaceClass});
+    chroma::startPlugin(resolver, {&chroma::color::NSColorClass, &chroma::color_list::NSColorListClass,
+                                   &chroma::color_space::NSColorSpaceClass});
 }

@@ -2,8 +2,8 @@
 #include "driver.h"
 
 #include "classes/color/color.h"
-#include "classes/colorlist/colorlist.h"
-#include "classes/colorspace/colorspace.h"
+#include "classes/color_list/color_list.h"
+#include "classes/color_space/color_space.h"
 #include "entries/entries.h"
 #include "values/platform.h"
 
@@ -55,7 +55,7 @@ std::vector<Function> start(double version, const std::vector<std::string>& miss
     prepareNatives();
     std::vector<Function> functions;
     for (REALclassDefinition* record :
-         {&chroma::color::NSColorClass, &chroma::colorspace::NSColorSpaceClass, &chroma::colorlist::NSColorListClass}) {
+         {&chroma::color::NSColorClass, &chroma::color_space::NSColorSpaceClass, &chroma::color_list::NSColorListClass}) {
         if (!host::registry().find(record->name)) host::registry().add(*record); // the host does not accept classes
         addFunctions(functions, *host::registry().find(record->name));
     }

@@ -2,7 +2,7 @@
 #include "support/plugin_test.h"
 
 #include "classes/color/color_shared.h"
-#include "classes/colorlist/colorlist.h"
+#include "classes/color_list/color_list.h"
 
 #include <array>
 #include <csignal>
@@ -186,8 +186,8 @@ TEST_F(Color, EmptyObjectSendsNoMessage) {
             EXPECT_EQ(getCGColor(object), 0);
             writeToPasteboard(object);
         }
-        colorlist::setColor(list, empty, text);
-        EXPECT_FALSE(colorlist::writeToFile(list, text));
+        color_list::setColor(list, empty, text);
+        EXPECT_FALSE(color_list::writeToFile(list, text));
     });
     EXPECT_EQ(trace, "");
 }

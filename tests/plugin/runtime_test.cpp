@@ -2,8 +2,8 @@
 #include "support/plugin_test.h"
 
 #include "classes/color/color_shared.h"
-#include "classes/colorlist/colorlist.h"
-#include "classes/colorspace/colorspace.h"
+#include "classes/color_list/color_list.h"
+#include "classes/color_space/color_space.h"
 #include "runtime/class_records.h"
 #include "runtime/host_entries.h"
 #include "runtime/host_version.h"
@@ -89,7 +89,7 @@ TEST_F(Start, LooksUpEntriesOnceOrUntilFound) {
 
 TEST_F(Start, CurrentLayoutRegistersTheTablesUnchanged) {
     using Words = std::vector<REALword>;
-    REALclassDefinition expected[] = {color::NSColorClass, colorlist::NSColorListClass, colorspace::NSColorSpaceClass};
+    REALclassDefinition expected[] = {color::NSColorClass, color_list::NSColorListClass, color_space::NSColorSpaceClass};
     start(2012.5);
     ASSERT_EQ(host.records.size(), std::size(expected));
     for (std::size_t i = 0; i < std::size(expected); ++i) {
@@ -121,7 +121,7 @@ TEST_F(Start, CurrentLayoutRegistersTheTablesUnchanged) {
 REALclassDefinition fullRecord() {
     static REALevent events[2] = {{"e", 1, {2, 3}}, {"f", 4, {5, 6}}};
     static int mark;
-    REALclassDefinition record = colorspace::NSColorSpaceClass;
+    REALclassDefinition record = color_space::NSColorSpaceClass;
     record.instanceDataSize = 33;
     record.events = events;
     record.eventCount = 2;
@@ -228,9 +228,9 @@ TEST_F(FirstUse, CallsTheSiblingOnceBeforeAnyOtherMessage) {
     for (const auto use : std::initializer_list<void (*)()>{
              [] { foreign::unlock(foreign::make("NSColorZRX")); }, [] { foreign::unlock(foreign::make("NSColorListZRX")); },
              [] { foreign::unlock(foreign::make("NSColorSpaceZRX")); }, [] { foreign::unlock(color::getblackColor()); },
-             [] { foreign::unlock(colorspace::getgenericRGBColorSpace()); },
-             [] { EXPECT_EQ(colorspace::ColorSpaceWithICCProfileData(nullptr), nullptr); },
-             [] { foreign::unlock(colorspace::availableColorSpacesWithModel(99)); }}) {
+             [] { foreign::unlock(color_space::getgenericRGBColorSpace()); },
+             [] { EXPECT_EQ(color_space::ColorSpaceWithICCProfileData(nullptr), nullptr); },
+             [] { foreign::unlock(color_space::availableColorSpacesWithModel(99)); }}) {
         CocoaInited = false; // as in a new process, but the sibling stays prepared
         instances = nullptr;
         const std::string first = traceOf(use);

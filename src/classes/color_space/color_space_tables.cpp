@@ -1,9 +1,9 @@
 // The class record of NSColorSpaceZRX and its tables, in record order.
-#include "classes/colorspace/colorspace.h"
+#include "classes/color_space/color_space.h"
 
 #include "runtime/class_records.h"
 
-namespace chroma::colorspace {
+namespace chroma::color_space {
 namespace {
 
 // clang-format off
@@ -69,4 +69,4 @@ REALclassDefinition NSColorSpaceClass = CHROMA_CLASS(
     "NSColorSpaceZRX", nullptr, NSColorSpaceConstructor, NSColorSpaceDestructor, CHROMA_ROWS(NSColorSpaceProperties),
     CHROMA_ROWS(NSColorSpaceMethods), CHROMA_ROWS(NSColorSpaceConstants), CHROMA_ROWS(NSColorSpaceSharedMethods));
 
-} // namespace chroma::colorspace
+} // namespace chroma::color_space

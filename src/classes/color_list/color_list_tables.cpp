@@ -1,9 +1,9 @@
 // The class record of NSColorListZRX and its methods, in record order.
-#include "classes/colorlist/colorlist.h"
+#include "classes/color_list/color_list.h"
 
 #include "runtime/class_records.h"
 
-namespace chroma::colorlist {
+namespace chroma::color_list {
 namespace {
 
 // clang-format off
@@ -28,4 +28,4 @@ REALclassDefinition NSColorListClass =
     CHROMA_CLASS("NSColorListZRX", nullptr, NSColorListConstructor, NSColorListDestructor, CHROMA_NO_ROWS,
                  CHROMA_ROWS(NSColorListMethods), CHROMA_NO_ROWS, CHROMA_NO_ROWS);
 
-} // namespace chroma::colorlist
+} // namespace chroma::color_list

@@ -7,7 +7,7 @@
 
 #include "chromabridge/host_abi.h"
 
-namespace chroma::colorspace {
+namespace chroma::color_space {
 
 extern REALclassDefinition NSColorSpaceClass;
 
@@ -60,4 +60,4 @@ void* availableColorSpacesWithModel(HostInteger model);
 CHROMA_NAMED_SPACES(CHROMA_DECLARE)
 #undef CHROMA_DECLARE
 
-} // namespace chroma::colorspace
+} // namespace chroma::color_space

@@ -7,7 +7,7 @@
 
 #include "chromabridge/host_abi.h"
 
-namespace chroma::colorlist {
+namespace chroma::color_list {
 
 extern REALclassDefinition NSColorListClass;
 
@@ -34,4 +34,4 @@ void removeFile(REALobjectStruct* object);
 HostBoolean isEditable(REALobjectStruct* object);
 REALstringStruct* name(REALobjectStruct* object);
 
-} // namespace chroma::colorlist
+} // namespace chroma::color_list

@@ -2,7 +2,7 @@
 #include "support/plugin_test.h"
 
 #include "classes/color/color_shared.h"
-#include "classes/colorlist/colorlist.h"
+#include "classes/color_list/color_list.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -10,7 +10,7 @@
 #include <unistd.h>
 
 using namespace chroma;
-using namespace chroma::colorlist;
+using namespace chroma::color_list;
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "classes/colorlist/colorlist.h"
+#include "classes/color_list/color_list.h"
 
 #include "bridge/frame.h"
 #include "bridge/strings.h"
@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace chroma::colorlist {
+namespace chroma::color_list {
 namespace {
 
 // The offset of the list in an object, as the host reported it when it registered the class.
@@ -119,4 +119,4 @@ REALstringStruct* name(REALobjectStruct* object) {
     return guardedResult([&] { return NSStringRB(sel::name(listOf(object))); });
 }
 
-} // namespace chroma::colorlist
+} // namespace chroma::color_list

@@ -1,4 +1,4 @@
-#include "classes/colorspace/colorspace.h"
+#include "classes/color_space/color_space.h"
 
 #include "bridge/arrays.h"
 #include "bridge/data.h"
@@ -13,7 +13,7 @@
 
 #include <cstdint>
 
-namespace chroma::colorspace {
+namespace chroma::color_space {
 namespace {
 
 // The body of every factory whose space the platform owns.
@@ -132,4 +132,4 @@ void* availableColorSpacesWithModel(HostInteger model) {
     }
 CHROMA_NAMED_SPACES(CHROMA_NAMED_SPACE)
 
-} // namespace chroma::colorspace
+} // namespace chroma::color_space

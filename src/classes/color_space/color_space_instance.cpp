@@ -1,4 +1,4 @@
-#include "classes/colorspace/colorspace.h"
+#include "classes/color_space/color_space.h"
 
 #include "bridge/data.h"
 #include "bridge/errors.h"
@@ -8,7 +8,7 @@
 #include "runtime/host_values.h"
 #include "runtime/native_object.h"
 
-namespace chroma::colorspace {
+namespace chroma::color_space {
 namespace {
 
 // The body of every initialiser: `make` returns a space that the caller owns, or nil.
@@ -79,4 +79,4 @@ HostInteger numberOfColorComponents(REALobjectStruct* object, REALword) {
     return integer(object, sel::numberOfColorComponents);
 }
 
-} // namespace chroma::colorspace
+} // namespace chroma::color_space

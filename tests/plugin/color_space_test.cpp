@@ -1,7 +1,7 @@
 // NSColorSpaceZRX: spaces that are created once and registered, lists that fail half-way, profile files.
 #include "support/plugin_test.h"
 
-#include "classes/colorspace/colorspace.h"
+#include "classes/color_space/color_space.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -10,7 +10,7 @@
 #include <utility>
 
 using namespace chroma;
-using namespace chroma::colorspace;
+using namespace chroma::color_space;
 using foreign::Owned;
 
 namespace {
