@@ -29,11 +29,11 @@ void require(bool holds, const char* what) {
 
 id colorClass() { return chroma::objc_getClass("NSColor"); }
 
-Case makeCase(const std::string& key, Work bound, Work bare) {
+Case makeCase(const std::string& key, Work bound, Work baseline) {
     bound(batch);
-    bare(batch);
+    baseline(batch);
     require(true, key.c_str());
-    return {key, {key + ".bound", std::move(bound), fewColors}, {key + ".bare", std::move(bare), fewColors}};
+    return {key, {key + ".bound", std::move(bound), fewColors}, {key + ".baseline", std::move(baseline), fewColors}};
 }
 
 Object* newColor(double red, double green, double blue) {
@@ -56,9 +56,9 @@ Case getRGB() {
     double red = 0, green = 0, blue = 0;
     get(object, &red, &green, &blue);
     require(red == 1.0 && green == 0.5 && blue == 0.25, "getRGB");
-    Component bare[3];
-    send<void>(native, message, &bare[0], &bare[1], &bare[2], static_cast<Component*>(nullptr));
-    require(bare[0] == 1 && bare[1] == 0.5f && bare[2] == 0.25f, "getRed:green:blue:alpha:");
+    Component baseline[3];
+    send<void>(native, message, &baseline[0], &baseline[1], &baseline[2], static_cast<Component*>(nullptr));
+    require(baseline[0] == 1 && baseline[1] == 0.5f && baseline[2] == 0.25f, "getRed:green:blue:alpha:");
     return makeCase("getRGB", repeated([=] {
                         double values[3];
                         get(object, &values[0], &values[1], &values[2]);

@@ -21,7 +21,7 @@ struct Side {
 struct Case {
     std::string key; // "getRGB"
     Side bound;
-    Side bare;
+    Side baseline;
     bool isAllocationFree = false; // the bound work must not allocate
 };
 

@@ -67,12 +67,12 @@ Case conversion(const std::string& key, id target, const std::string& targetProf
                       use(converted);
                   }),
                   fewColors};
-    made.bare = {key + ".bare", repeated([transform] {
-                     float converted[maxChannels];
-                     cmsDoTransform(transform.get(), orange, converted, 1);
-                     use(converted);
-                 }),
-                 fewColors};
+    made.baseline = {key + ".baseline", repeated([transform] {
+                         float converted[maxChannels];
+                         cmsDoTransform(transform.get(), orange, converted, 1);
+                         use(converted);
+                     }),
+                     fewColors};
 
     CGFloat ours[maxChannels + 1];
     float theirs[maxChannels] = {};

@@ -45,7 +45,7 @@ void run() {
     for (const std::size_t liveColors : {fewColors, manyColors}) {
         live.growTo(liveColors);
         for (const Case& c : cases)
-            for (const Side* const side : {&c.bound, &c.bare})
+            for (const Side* const side : {&c.bound, &c.baseline})
                 if (side->work && side->liveColors == liveColors) profile(*side);
     }
 

@@ -3,7 +3,7 @@
 // report FOLDER [JSON FILE]
 //
 // FOLDER contains the output of the programs for each measured build. BUILD/*.json has one object per file, and
-// BUILD/profiles the profiles of callgrind. An object maps keys to figures, and "KEY.bound" and "KEY.bare" to costs. The
+// BUILD/profiles the profiles of callgrind. An object maps keys to figures, and "KEY.bound" and "KEY.baseline" to costs. The
 // report takes the lowest cost of all files, and the ratio of the two costs is the figure. The folder BUILD.before has the
 // same for an earlier revision.
 #include <nlohmann/json.hpp>
@@ -94,8 +94,8 @@ struct Measured {
             const std::size_t end = name.rfind(bound);
             if (end == std::string::npos) continue;
             const std::string key = name.substr(0, end);
-            const auto bare = costs.find(key + ".bare");
-            figures[key] = bare == costs.end() ? cost / perMicrosecond : cost / bare->second;
+            const auto baseline = costs.find(key + ".baseline");
+            figures[key] = baseline == costs.end() ? cost / perMicrosecond : cost / baseline->second;
         }
     }
 };
@@ -127,13 +127,13 @@ Json inOrder(const Json& figures) {
 std::string cell(const Measured& measured, const std::string& key, std::optional<double> goal, bool isInstructions) {
     if (!measured.figures.contains(key)) return "-";
     const double figure = measured.figures[key];
-    const auto bound = measured.costs.find(key + ".bound"), bare = measured.costs.find(key + ".bare");
+    const auto bound = measured.costs.find(key + ".bound"), baseline = measured.costs.find(key + ".baseline");
     std::array<char, 64> text;
     const char* const verdict = !goal ? "" : figure <= *goal ? " met" : " missed";
-    if (isInstructions || bare == measured.costs.end()) {
+    if (isInstructions || baseline == measured.costs.end()) {
         std::snprintf(text.data(), text.size(), "%.2f%s", figure, verdict);
     } else {
-        std::snprintf(text.data(), text.size(), "%.2f%s (%.3g/%.3g ns)", figure, verdict, bound->second, bare->second);
+        std::snprintf(text.data(), text.size(), "%.2f%s (%.3g/%.3g ns)", figure, verdict, bound->second, baseline->second);
     }
     return text.data();
 }

@@ -48,7 +48,7 @@ void enlist(const Side& side, int repetitions) {
 void runWith(std::size_t liveColors, const std::vector<Case>& cases, int repetitions, Fastest& fastest) {
     benchmark::ClearRegisteredBenchmarks();
     for (const Case& c : cases)
-        for (const Side* const side : {&c.bound, &c.bare})
+        for (const Side* const side : {&c.bound, &c.baseline})
             if (side->work && side->liveColors == liveColors) enlist(*side, repetitions);
     benchmark::RunSpecifiedBenchmarks(&fastest);
 }

@@ -94,11 +94,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string text(reinterpret_cast<const char*>(data), size);
     const std::size_t objects = liveObjectCount(), strings = liveStringCount();
     std::ostringstream errors;
-    const bool isSound = language::checkText("fuzz", text, errors) == 0;
-    require(isSound || !errors.str().empty(), "an error is reported");
+    const bool isValid = language::checkText("fuzz", text, errors) == 0;
+    require(isValid || !errors.str().empty(), "an error is reported");
     ++run;
     if (!names(text, {"folderitem", "nscolorlist"})) {
-        if (isSound) runAsFile(text);
+        if (isValid) runAsFile(text);
         ++run;
         runAtPrompt(text);
     }

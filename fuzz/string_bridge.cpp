@@ -25,11 +25,11 @@ constexpr std::uint32_t encodings[] = {host::encoding::macRoman,      host::enco
                                        host::encoding::utf32,         host::encoding::unknown, unknownNumber};
 constexpr double versions[] = {2011.0, 2012.5, 2013.0};
 
-bool answersText = true;
+bool hostReturnsText = true;
 
 const void* textOf(REALstringStruct* string, std::int32_t reserved) {
-    const auto answer = reinterpret_cast<REALGetStringCFStringProc>(host::resolveEntry("REALGetStringCFString"));
-    return answersText ? answer(string, reserved) : nullptr;
+    const auto getText = reinterpret_cast<REALGetStringCFStringProc>(host::resolveEntry("REALGetStringCFString"));
+    return hostReturnsText ? getText(string, reserved) : nullptr;
 }
 
 void* resolve(const char* entry) {
@@ -40,7 +40,7 @@ using Text = std::optional<std::u16string>;
 
 // Returns the text that the platform receives, from the host's entry point or from the string's storage.
 Text platformText(REALstringStruct* string, bool fromStorage) {
-    answersText = !fromStorage;
+    hostReturnsText = !fromStorage;
     const CFStringRef converted = RBString2CFString(string);
     if (!converted) return std::nullopt;
     const Text text(static_cast<builtin::String*>(converted)->text());
@@ -94,19 +94,19 @@ std::u16string translated(std::string_view bytes) {
 }
 
 // Requires that wide text becomes UTF-8, the same on every host if it is valid, and that other bytes stay unchanged.
-void requireBuilt(std::string_view bytes, std::uint32_t encoding, const Text& sound) {
+void requireBuilt(std::string_view bytes, std::uint32_t encoding, const Text& valid) {
     REALstringStruct* const built = REALBuildUnicodeString(bytes.data(), static_cast<std::int64_t>(bytes.size()), encoding);
     if (encoding == host::encoding::utf16 || encoding == host::encoding::utf32) {
         const Text text = platformText(built, false);
         const bool isOld = encoding == host::encoding::utf32 && rbversion_rbversion < 2013;
         require(!built || (text && host::encodingOf(built) == host::encoding::utf8), "wide text becomes UTF-8");
-        require(!sound || text.value_or(u"") == *sound, "valid wide text does not change");
+        require(!valid || text.value_or(u"") == *valid, "valid wide text does not change");
         require(!isOld || text.value_or(u"") == translated(bytes), "old hosts receive translated UTF-32");
     } else {
         const bool isASCII = std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; });
-        const bool isTold = encoding == host::encoding::utf8 || encoding == unknownNumber;
+        const bool keepsEncoding = encoding == host::encoding::utf8 || encoding == unknownNumber;
         require(host::bytesOf(built) == bytes, "bytes do not change");
-        require(host::encodingOf(built) == (isASCII && !isTold ? host::encoding::ascii : encoding),
+        require(host::encodingOf(built) == (isASCII && !keepsEncoding ? host::encoding::ascii : encoding),
                 "bytes have the correct encoding");
     }
     host::unlock(built);
@@ -128,19 +128,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view bytes(reinterpret_cast<const char*>(data) + 2, size - 2);
 
     REALstringStruct* const string = host::newString(bytes, encoding);
-    const Text asked = platformText(string, false), stored = platformText(string, true);
+    const Text converted = platformText(string, false), stored = platformText(string, true);
     host::unlock(string);
-    require(asked == stored || (asked && stored && *asked == u'\uFEFF' + *stored),
+    require(converted == stored || (converted && stored && *converted == u'\uFEFF' + *stored),
             "the host's result and the string's storage agree");
     if (stored) requireReturn(*stored);
 
     // Text is valid if the host itself can read it.
     const void* const own = host::platform::newCFString(bytes, encoding);
-    const Text sound = own ? asked : std::nullopt;
+    const Text valid = own ? converted : std::nullopt;
     if (own) host::platform::releaseCFString(own);
     const bool isWide = encoding == host::encoding::utf16 || encoding == host::encoding::utf32;
-    if (sound && !isWide) requireSameBytes(*sound, bytes, encoding);
-    requireBuilt(bytes, encoding, sound);
+    if (valid && !isWide) requireSameBytes(*valid, bytes, encoding);
+    requireBuilt(bytes, encoding, valid);
     require(host::liveStringCount() == 0, "nothing is leaked");
     return 0;
 }

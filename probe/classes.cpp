@@ -32,7 +32,7 @@ void construct(REALobjectStruct* object) {
 void destroy(REALobjectStruct* object) {
     unsigned char written[dataSize];
     std::memset(written, 0xA5, sizeof written);
-    life().wasKept = std::memcmp(dataOf(object), written, sizeof written) == 0;
+    life().isPreserved = std::memcmp(dataOf(object), written, sizeof written) == 0;
     ++life().destroyed;
 }
 

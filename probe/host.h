@@ -143,8 +143,8 @@ bool checkOwnership(const Strings& strings, Report& report, Make make) {
 extern const char* const className;
 struct Life {
     int constructed, destroyed;
-    bool wasZeroed; // whether the last instance's data was zero before its constructor ran
-    bool wasKept;   // whether the data that the constructor wrote stayed until the destructor ran
+    bool wasZeroed;   // whether the last instance's data was zero before its constructor ran
+    bool isPreserved; // whether the data that the constructor wrote stayed until the destructor ran
 };
 Life& life();
 void registerClasses(const Host& host, const Function<PluginRegisterClassProc>& registerClass);

@@ -32,7 +32,7 @@ struct Checks {
         report.expect(other != object, "returns the same object twice");
         drop(other);
         drop(object);
-        if (unlock) report.expect(life().wasKept, "loses data that the plugin wrote into the instance data");
+        if (unlock) report.expect(life().isPreserved, "loses data that the plugin wrote into the instance data");
     }
 
     void checkReferences(const Function<REALLockObjectProc>& lock) const {

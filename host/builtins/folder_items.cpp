@@ -40,15 +40,15 @@ void destroy(Object* item) { delete &pathOf(item); }
 // leads, only the links before it tell.
 std::optional<fs::path> located(const fs::path& path) {
     std::error_code error;
-    fs::path whole = fs::absolute(path, error);
-    const bool climbs = std::find(whole.begin(), whole.end(), "..") != whole.end();
-    if (!error) whole = climbs ? fs::weakly_canonical(whole, error) : whole.lexically_normal();
+    fs::path absolute = fs::absolute(path, error);
+    const bool climbs = std::find(absolute.begin(), absolute.end(), "..") != absolute.end();
+    if (!error) absolute = climbs ? fs::weakly_canonical(absolute, error) : absolute.lexically_normal();
     if (path.string().find('\0') != std::string::npos) error = std::make_error_code(std::errc::invalid_argument);
     if (error) {
         raise("IOException", "\"" + path.string() + "\" is not a path: " + error.message() + ".", error.value());
         return std::nullopt;
     }
-    return whole.has_filename() || whole == whole.root_path() ? whole : whole.parent_path();
+    return absolute.has_filename() || absolute == absolute.root_path() ? absolute : absolute.parent_path();
 }
 
 void initialize(Object* item, String* path) {

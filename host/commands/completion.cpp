@@ -2,7 +2,7 @@
 #include "commands/start.h"
 
 #include "documentation/pages.h"
-#include "text/letters.h"
+#include "text/characters.h"
 
 #include <iostream>
 #include <set>

@@ -3,8 +3,8 @@
 #include "documentation/pages.h"
 #include "documentation/word_texts.h"
 
+#include "text/characters.h"
 #include "text/columns.h"
-#include "text/letters.h"
 #include "text/nearest_name.h"
 
 #include <algorithm>

@@ -83,7 +83,7 @@ std::vector<Problem> problemsIn(const std::string& text) {
     return problems;
 }
 
-void setProgramArguments(std::vector<std::string> arguments) { givenArguments() = std::move(arguments); }
+void setProgramArguments(std::vector<std::string> arguments) { storedArguments() = std::move(arguments); }
 void interrupt() { interruptWanted = 1; }
 bool wasInterrupted() { return detail::lastWasInterrupted; }
 

@@ -1,7 +1,7 @@
 #include "model/classes.h"
 
 #include "model/handles.h"
-#include "text/letters.h"
+#include "text/characters.h"
 #include "values/storage.h"
 
 #include <algorithm>

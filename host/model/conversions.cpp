@@ -2,8 +2,8 @@
 
 #include "model/classes.h"
 #include "model/exceptions.h"
+#include "text/characters.h"
 #include "text/css_colors.h"
-#include "text/letters.h"
 #include "text/literals.h"
 
 #include <cmath>

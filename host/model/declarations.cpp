@@ -33,7 +33,7 @@ public:
         return result;
     }
 
-    Type wholeType() {
+    Type completeType() {
         Type result = type();
         end();
         return result;
@@ -212,6 +212,6 @@ Slot Literal::newSlot() const {
 
 Signature parseSignature(std::string_view text) { return Parser(text).signature(); }
 Constant parseConstant(std::string_view text) { return Parser(text).constant(); }
-Type parseType(std::string_view text) { return Parser(text).wholeType(); }
+Type parseType(std::string_view text) { return Parser(text).completeType(); }
 
 } // namespace host

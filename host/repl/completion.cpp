@@ -2,7 +2,7 @@
 
 #include "documentation/pages.h"
 #include "language/words.h"
-#include "text/letters.h"
+#include "text/characters.h"
 
 #include <algorithm>
 #include <set>

@@ -5,8 +5,8 @@
 #include "language/session.h"
 #include "repl/completion.h"
 #include "repl/presentation.h"
+#include "text/characters.h"
 #include "text/columns.h"
-#include "text/letters.h"
 #include "text/terminal.h"
 
 #include <algorithm>
@@ -97,7 +97,7 @@ private:
 
     // Returns whether the text is a request for help in the form of other programs: "help", "help NAME", "?" or "? NAME".
     // It is not if the session has a variable or procedure of that name.
-    bool asksForHelp(const std::string& text) const {
+    bool isHelpRequest(const std::string& text) const {
         std::istringstream words(text);
         std::string word, name, more;
         words >> word >> name >> more;
@@ -128,7 +128,7 @@ private:
         const std::string word = onlyWord(text);
         if (equalIgnoringCase(word, "quit") || equalIgnoringCase(word, "exit")) {
             output_ << howToLeave << std::flush;
-        } else if (asksForHelp(text)) {
+        } else if (isHelpRequest(text)) {
             output_ << howToGetHelp << std::flush;
         } else if (const std::string report = session_.run(text, errors_); !report.empty()) {
             fail(report);

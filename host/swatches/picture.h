@@ -48,7 +48,7 @@ struct Label {
 struct BoundedLabel {
     Label label;
     double width;
-    ScreenColor behind;
+    ScreenColor background;
 };
 
 using Shape = std::variant<Box, Halves, Outline, Label, BoundedLabel>;

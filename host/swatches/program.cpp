@@ -150,9 +150,9 @@ std::string textProperty(const Reference& object, const char* name) {
     if (!property || property->type.kind != Kind::string)
         throw std::runtime_error(object.get()->info->name() + " has no text property " + name);
     const platform::AutoreleasePool pool;
-    const Owned<String> answer(readProperty(*property, object.get()).string);
+    const Owned<String> text(readProperty(*property, object.get()).string);
     throwPending();
-    return utf8Of(answer.get());
+    return utf8Of(text.get());
 }
 
 std::vector<double> componentsOf(const Reference& color) {

@@ -79,7 +79,7 @@ std::string drawn(const Label& label) {
 }
 
 std::string veilName(const BoundedLabel& bounded) {
-    return (bounded.label.align == Align::right ? "veil-left-" : "veil-") + hue(bounded.behind).substr(1);
+    return (bounded.label.align == Align::right ? "veil-left-" : "veil-") + hue(bounded.background).substr(1);
 }
 
 // A nested viewport clips the text, and a veil fades it out at the end. The veil begins where the width ends, so it does
@@ -113,7 +113,7 @@ std::string definitions(const Picture& picture) {
     for (const Shape& shape : picture.shapes) {
         const auto* const bounded = std::get_if<BoundedLabel>(&shape);
         if (!bounded || !defined.insert(veilName(*bounded)).second) continue;
-        ScreenColor near = bounded->behind, far = bounded->behind;
+        ScreenColor near = bounded->background, far = bounded->background;
         (bounded->label.align == Align::right ? far : near).alpha = 0.0;
         text += gradient(veilName(*bounded), stop(0, near) + stop(1, far));
     }

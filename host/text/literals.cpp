@@ -1,6 +1,6 @@
 #include "text/literals.h"
 
-#include "text/letters.h"
+#include "text/characters.h"
 
 #include <charconv>
 #include <cstdint>

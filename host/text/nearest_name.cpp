@@ -1,6 +1,6 @@
 #include "text/nearest_name.h"
 
-#include "text/letters.h"
+#include "text/characters.h"
 
 #include <algorithm>
 #include <numeric>

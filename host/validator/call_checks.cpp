@@ -88,7 +88,7 @@ void callsBalance(Run& run) {
     run.functions({}, noFunctions, [](const Function& function) {
         for (const Choice& choice : choicesFor(function)) {
             const Outcome outcome = call(function, choice);
-            if (!outcome.left.empty()) complain(outcome.call + ": each call leaves behind " + outcome.left);
+            if (!outcome.leaked.empty()) complain(outcome.call + ": each call leaves behind " + outcome.leaked);
         }
         tested();
     });

@@ -41,15 +41,15 @@ Census census() {
 }
 
 std::string difference(const Census& before, const Census& after) {
-    std::string left, lost;
+    std::string leaked, lost;
     for (const auto& [name, count] : after) {
         const auto found = before.find(name);
         const long more = count - (found == before.end() ? 0 : found->second);
-        std::string& text = more > 0 ? left : lost;
+        std::string& text = more > 0 ? leaked : lost;
         if (more != 0) text += (text.empty() ? "" : ", ") + std::to_string(std::labs(more)) + " x " + name;
     }
-    if (!lost.empty()) left += (left.empty() ? "" : ", and ") + ("releases too many: " + lost);
-    return left;
+    if (!lost.empty()) leaked += (leaked.empty() ? "" : ", and ") + ("releases too many: " + lost);
+    return leaked;
 }
 
 // ---- Calling
@@ -156,7 +156,7 @@ Outcome call(const Function& function, const Choice& choice, Plan plan) {
     if (balance() == before) return outcome;
     const Census between = census();
     callOnce(function, choice, plan);
-    outcome.left = difference(between, census());
+    outcome.leaked = difference(between, census());
     return outcome;
 }
 

@@ -17,7 +17,7 @@ struct Outcome {
     bool isCounted = false;     // whether the result is an object or a string
     bool raised = false;        // whether it raised a host exception, which is released
     std::string exception = {}; // describes the exception that left the function; empty: none
-    std::string left = {};      // describes what each such call leaks; empty: nothing
+    std::string leaked = {};    // describes what each such call leaks; empty: nothing
     std::vector<MisuseNote> misuses = {};
 };
 

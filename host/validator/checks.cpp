@@ -1,6 +1,6 @@
 #include "validator/checks.h"
 
-#include "text/letters.h"
+#include "text/characters.h"
 #include "validator/calls.h"
 
 namespace host::validator {
@@ -62,7 +62,7 @@ Result callFunction(const std::string& name, const Trial& trial, const HostOptio
             if (!outcome.exception.empty())
                 complain(outcome.call + ": an exception left the function: " + outcome.exception);
             if (outcome.raised && !outcome.isNull) complain(outcome.call + ": it raises an exception and returns a result");
-            if (!outcome.left.empty()) complain(outcome.call + ": each call leaves behind " + outcome.left);
+            if (!outcome.leaked.empty()) complain(outcome.call + ": each call leaves behind " + outcome.leaked);
             for (const MisuseNote& misuse : outcome.misuses)
                 complain(outcome.call + ": " + misuse.text);
         }

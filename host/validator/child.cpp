@@ -344,10 +344,10 @@ void noteCrash(const char* words) {
 }
 
 std::string inChild(const std::function<std::string()>& body) {
-    std::string answer;
+    std::string result;
     const Ending ending =
-        runChild([&] { send(body()); }, [&](const std::string& text) { answer = text; }, {}, Output::inherited);
-    if (ending.finished()) return answer;
+        runChild([&] { send(body()); }, [&](const std::string& text) { result = text; }, {}, Output::inherited);
+    if (ending.finished()) return result;
     return ending.step.empty() ? ending.words : ending.step + ": " + ending.words;
 }
 

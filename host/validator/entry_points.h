@@ -17,7 +17,7 @@ struct Around<Listener, place, Result (*)(Arguments...)> {
     static inline const char* entry = nullptr;
     static inline Result (*target)(Arguments...) = nullptr;
 
-    static Result call(Arguments... arguments) { return Listener::answer(entry, target, arguments...); }
+    static Result call(Arguments... arguments) { return Listener::onCall(entry, target, arguments...); }
 };
 
 template <class Listener, int place, class Procedure>
@@ -34,15 +34,15 @@ enum Place {
 #undef CHROMA_PLACE
 };
 
-// Returns the address of a function that calls Listener::answer(entry, target, arguments...), where `target` is the entry
+// Returns the address of a function that calls Listener::onCall(entry, target, arguments...), where `target` is the entry
 // point at `address`. Returns null if `address` is null.
 template <class Listener>
 void* observed(std::string_view name, void* address) {
     if (!address) return nullptr;
-#define CHROMA_HEARD(entry, Procedure, since)                                                                               \
+#define CHROMA_OBSERVED(entry, Procedure, since)                                                                            \
     if (name == #entry) return around<Listener, at##entry, Procedure>(#entry, address);
-    REAL_ENTRY_POINTS(CHROMA_HEARD)
-#undef CHROMA_HEARD
+    REAL_ENTRY_POINTS(CHROMA_OBSERVED)
+#undef CHROMA_OBSERVED
     return address;
 }
 

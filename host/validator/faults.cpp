@@ -29,10 +29,10 @@ void noteFailure(std::string_view entry, const char* what) {
 
 struct Listener {
     template <class Result, class... Arguments>
-    static Result answer(std::string_view entry, Result (*target)(Arguments...), Arguments... arguments) {
+    static Result onCall(std::string_view entry, Result (*target)(Arguments...), Arguments... arguments) {
         if constexpr (std::is_pointer_v<Result>) {
             const bool isDocumented = entry != "memoryBlockGetPtr"; // the contract permits null only for empty blocks
-            if ((isDocumented || !plan.documented) && injects(Fault::hostAnswersNull, Fault::hostAnswersNull)) {
+            if ((isDocumented || !plan.documented) && injects(Fault::hostReturnsNull, Fault::hostReturnsNull)) {
                 noteFailure(entry, "returned null");
                 return nullptr;
             }

@@ -11,10 +11,10 @@ enum class Fault {
     none,
     raise,            // a message raises an NSException
     throwOther,       // a message throws an object that is not an NSException
-    answerNil,        // a message returns nil or zero and does nothing
+    returnNil,        // a message returns nil or zero and does nothing
     failAllocation,   // one allocation fails
     exhaustMemory,    // that allocation and all later ones fail
-    hostAnswersNull,  // an entry point returns null
+    hostReturnsNull,  // an entry point returns null
     hostThrows,       // an entry point throws a C++ exception
     hostAlwaysThrows, // that entry point and all later ones throw
 };

@@ -80,7 +80,7 @@ std::string nameFor(const ClassInfo& info, const Signature& signature, const cha
 }
 
 // Returns the object that a shared method without parameters returns, or null if none does.
-Object* handedOut(const ClassInfo& info) {
+Object* returnedBySharedMethod(const ClassInfo& info) {
     for (const Method& method : info.sharedMethods()) {
         const Signature& signature = method.signature;
         if (!signature.parameters.empty() || !equalIgnoringCase(nameOf(signature.result), info.name())) continue;
@@ -134,7 +134,7 @@ Form empty(const std::string& className) {
 Form filled(const std::string& className) {
     const auto make = [=] {
         const ClassInfo* const info = registry().find(className);
-        Object* object = info ? handedOut(*info) : nullptr;
+        Object* object = info ? returnedBySharedMethod(*info) : nullptr;
         if (info && !object) object = constructed(*info);
         if (!object) object = newEmpty(className);
         if (object) fill(*info, object);

@@ -42,7 +42,7 @@ void checkFault(Run& run, Fault fault) {
     Plan first{fault, 1, true};
     while (run.child("", [&] { startWith(run, first); }))
         ++first.at;
-    const bool isTheHosts = fault != Fault::hostAnswersNull; // an exception that the host threw may propagate back to it
+    const bool isTheHosts = fault != Fault::hostReturnsNull; // an exception that the host threw may propagate back to it
     run.functions({}, noFunctions, [=](const Function& function) {
         for (const Choice& choice : ordinaryChoicesFor(function)) {
             bool injected = true;
@@ -51,7 +51,7 @@ void checkFault(Run& run, Fault fault) {
                 injected = outcome.injected;
                 if (!outcome.exception.empty() && !isTheHosts)
                     complain(outcome.call + ": an exception left the function: " + outcome.exception);
-                if (!outcome.left.empty()) complain(outcome.call + ": each call leaves behind " + outcome.left);
+                if (!outcome.leaked.empty()) complain(outcome.call + ": each call leaves behind " + outcome.leaked);
             }
         }
         tested();
@@ -72,7 +72,7 @@ void servesMissingEntries(Run& run) {
     }
 }
 
-void acceptsNulls(Run& run) { checkFault(run, Fault::hostAnswersNull); }
+void acceptsNulls(Run& run) { checkFault(run, Fault::hostReturnsNull); }
 
 void survivesHostExceptions(Run& run) {
     checkFault(run, Fault::hostThrows);

@@ -81,7 +81,7 @@ constexpr bool isHostValue = std::is_convertible_v<Argument, Object*> || std::is
 
 struct Watcher {
     template <class Result, class... Arguments>
-    static Result answer(std::string_view entry, Result (*target)(Arguments...), Arguments... arguments) {
+    static Result onCall(std::string_view entry, Result (*target)(Arguments...), Arguments... arguments) {
         if (std::this_thread::get_id() != hostThread) {
             note(Misuse::otherThread, std::string(entry) + " was called on another thread");
             return Result();

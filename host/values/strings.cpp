@@ -1,6 +1,6 @@
 #include "values/strings.h"
 
-#include "text/letters.h"
+#include "text/characters.h"
 #include "text/utf8.h"
 #include "values/checked_memory.h"
 #include "values/platform.h"
@@ -78,15 +78,15 @@ void setText(String* string, std::size_t front, std::size_t length) {
 void forgetWalk(String* string) { delete std::exchange(string->walk, nullptr); }
 
 constexpr std::size_t maxLength = std::numeric_limits<std::int32_t>::max();
-constexpr std::size_t besideText = sizeof(String) + 1 + 1;
+constexpr std::size_t overhead = sizeof(String) + 1 + 1;
 
 // Returns the two texts joined, with the given numbers of unused bytes before and after them.
 String* newStringWithRoom(std::string_view first, std::string_view second, Encoding encoding, std::size_t before,
-                          std::size_t behind) {
+                          std::size_t after) {
     const std::size_t length = first.size() + second.size();
     if (length == 0 || length > maxLength) return nullptr;
-    const std::size_t capacity = std::min(before + length + behind, maxLength);
-    void* const block = memory::allocate(besideText + capacity);
+    const std::size_t capacity = std::min(before + length + after, maxLength);
+    void* const block = memory::allocate(overhead + capacity);
     if (!block) return nullptr;
     auto* const string = new (block) String{1, {}, encoding, static_cast<std::int32_t>(capacity), 0, 0, nullptr};
     const std::size_t front = std::min(before, capacity - length);

@@ -1,7 +1,7 @@
 // The static types of the host language, as declarations and programs write them.
 #pragma once
 
-#include "text/letters.h"
+#include "text/characters.h"
 
 #include <string>
 #include <string_view>

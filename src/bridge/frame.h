@@ -34,20 +34,20 @@ void guarded(Body body, Release release) {
 // The guarded frame of a function with one result: what `make` answers, and 0 or null when an exception ended it.
 template <class Make>
 auto guardedResult(Make make) {
-    decltype(make()) answer{};
-    guarded([&] { answer = make(); });
-    return answer;
+    decltype(make()) result{};
+    guarded([&] { result = make(); });
+    return result;
 }
 
-// The body that asks for one answer and converts nothing, and the answer: 0 unless the body ran to its end. In one object,
+// The body that asks for one result and converts nothing, and the answer: 0 unless the body ran to its end. In one object,
 // since such getters are called for every colour of a picture.
-template <class Answer>
+template <class Result>
 struct Getter {
     id receiver;
-    Message<Answer()>& message;
-    Answer answer = 0;
+    Message<Result()>& message;
+    Result result = 0;
 
-    void operator()() { answer = message(receiver); }
+    void operator()() { result = message(receiver); }
 };
 
 // The body of class constructors, which run for every new object. Only the first call does work that may throw.

@@ -22,10 +22,10 @@ REALstringStruct* buildTagged(const void* bytes, std::int32_t length, CFStringEn
 REALstringStruct* convertedToUTF8(REALstringStruct* original) {
     REALstringStruct* result = nullptr;
     const auto convert = [&] { result = REALConvertString(original, kCFStringEncodingUTF8); };
-    const auto giveUpOriginal = [&] {
+    const auto releaseOriginal = [&] {
         if (original) REALUnlockString(original);
     };
-    onThrow([&] { withCleanup(convert, giveUpOriginal); },
+    onThrow([&] { withCleanup(convert, releaseOriginal); },
             [&] {
                 if (result) REALUnlockString(result);
             });

@@ -45,7 +45,7 @@ CFStringRef fromStorage(REALstringStruct* string, CFStringEncoding encoding) {
 }
 
 // Returns the host's own conversion, or null if the host has none.
-CFStringRef askHost(REALstringStruct* string) {
+CFStringRef convertedByHost(REALstringStruct* string) {
     const void* text = nullptr;
     if (hostBuildsStringsWithEncoding()) text = REALCopyStringCFString(string, 0);
     if (!text) text = REALGetStringCFString(string, 0);
@@ -58,7 +58,7 @@ CFStringRef RBString2CFString(REALstringStruct* string) {
     if (!string) return nullptr;
     const CFStringEncoding encoding = REALGetStringEncoding(string);
     if (encoding == REALencodingUnknown) return fromStorage(string, kCFStringEncodingMacRoman);
-    if (const CFStringRef answer = askHost(string)) return answer;
+    if (const CFStringRef converted = convertedByHost(string)) return converted;
     return fromStorage(string, encoding);
 }
 

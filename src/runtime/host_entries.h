@@ -45,7 +45,7 @@ public:
 
     // Returns whether the host provides the entry.
     bool isOffered() {
-        if (!address_ && !(lookup == Lookup::once && asked_)) resolve();
+        if (!address_ && !(lookup == Lookup::once && lookedUp_)) resolve();
         return address_ != nullptr;
     }
 
@@ -58,13 +58,13 @@ private:
     [[gnu::noinline]] void resolve() {
         address_ = gResolver(name_);
         if (!address_ && olderName_) address_ = gResolver(olderName_);
-        asked_ = true;
+        lookedUp_ = true;
     }
 
     const char* name_;
     const char* olderName_;
     void* address_ = nullptr;
-    bool asked_ = false;
+    bool lookedUp_ = false;
 };
 
 template <class Procedure>

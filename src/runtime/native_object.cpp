@@ -14,7 +14,7 @@ namespace {
 
 bool ExceptionsInitialized = false;
 
-bool exceptionClassAnswers(Selector& message) { return sel::respondsToSelector_(cls::NSException, message.get()) != 0; }
+bool exceptionClassRespondsTo(Selector& message) { return sel::respondsToSelector_(cls::NSException, message.get()) != 0; }
 
 // Returns the live host object that holds `native`, borrowed, or null if there is none.
 REALobjectStruct* liveObject(id native) {
@@ -26,9 +26,9 @@ REALobjectStruct* liveObject(id native) {
 
 void fetchFromSibling() {
     CocoaInited = true;
-    if (!instances && exceptionClassAnswers(sel::GetInstancesDictionaryZRX))
+    if (!instances && exceptionClassRespondsTo(sel::GetInstancesDictionaryZRX))
         instances = sel::GetInstancesDictionaryZRX(cls::NSException);
-    if (!ExceptionsInitialized && exceptionClassAnswers(sel::PrepareNSExceptionZRX)) {
+    if (!ExceptionsInitialized && exceptionClassRespondsTo(sel::PrepareNSExceptionZRX)) {
         sel::PrepareNSExceptionZRX(cls::NSException);
         ExceptionsInitialized = true;
     }

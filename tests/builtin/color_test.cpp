@@ -39,14 +39,14 @@ TEST_F(Colors, RespondOnlyToComponentsOfTheirSpace) {
         {color("controlColor"), "NSNamedColorSpace: alpha"},
         {patternOf(image()), "NSPatternColorSpace: alpha"}};
     for (const auto& [color, expected] : cases) {
-        std::string answers = textOf(send(color, "colorSpaceName")) + ":";
+        std::string responses = textOf(send(color, "colorSpaceName")) + ":";
         for (const char* const component : {"red", "green", "blue", "hue", "saturation", "brightness", "white", "cyan",
                                             "magenta", "yellow", "black", "alpha"}) {
             const std::string message = component + std::string("Component");
             const id exception = caught([&, color = color] { send<CGFloat>(color, message.c_str()); });
-            if (!exception) answers += std::string(" ") + component;
+            if (!exception) responses += std::string(" ") + component;
         }
-        EXPECT_EQ(answers, expected);
+        EXPECT_EQ(responses, expected);
     }
 }
 
@@ -55,8 +55,8 @@ TEST_F(Colors, RaiseForUnsupportedMessages) {
     id exception = nullptr;
     {
         const Pool inner; // destroys the colour before the message is built, which happens on first use
-        const id gone = calibratedWhite(0.5f, 1);
-        exception = send(caught([&] { send<CGFloat>(gone, "redComponent"); }), "retain");
+        const id destroyed = calibratedWhite(0.5f, 1);
+        exception = send(caught([&] { send<CGFloat>(destroyed, "redComponent"); }), "retain");
     }
     EXPECT_EQ(textOf(send(exception, "name")), "NSInvalidArgumentException");
     EXPECT_EQ(textOf(send(exception, "reason")), "*** -redComponent not valid for the NSColor "
@@ -82,11 +82,11 @@ TEST_F(Colors, RaiseForUnsupportedMessages) {
     EXPECT_TRUE(refuses([&] { fromHue(nullptr); }));
     expectNear(componentsOf(fromHue(standardSpace("adobeRGB1998ColorSpace"))), {0, 1, 0, 0.5f}, 1e-7);
     EXPECT_EQ(patternOf(nullptr), nullptr);
-    const std::pair<id, std::vector<const char*>> lacking[] = {
+    const std::pair<id, std::vector<const char*>> unsupported[] = {
         {catalog, {"numberOfComponents", "colorSpace", "patternImage"}},
         {patternOf(image()), {"numberOfComponents", "colorSpace", "colorNameComponent"}},
         {red, {"colorNameComponent", "localizedColorNameComponent", "catalogNameComponent", "patternImage"}}};
-    for (const auto& [color, messages] : lacking) {
+    for (const auto& [color, messages] : unsupported) {
         for (const char* const message : messages) {
             EXPECT_TRUE(refuses([&, color = color] { send(color, message); })) << textOf(color) << " " << message;
         }

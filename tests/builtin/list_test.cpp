@@ -203,11 +203,11 @@ TEST_F(ColorLists, KeepLinksPermissionsAndOwnersOfFiles) {
     EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_write);
     EXPECT_EQ(keysOf(listFrom(file)), "a ");
 
-    const bool givesAway = chown(file.c_str(), 12, 34) == 0; // only the superuser may
+    const bool changesOwner = chown(file.c_str(), 12, 34) == 0; // only the superuser may
     ASSERT_TRUE(write(list, file));
     struct stat status;
     ASSERT_EQ(stat(file.c_str(), &status), 0);
-    if (givesAway) {
+    if (changesOwner) {
         EXPECT_EQ(std::pair(status.st_uid, status.st_gid), std::pair(uid_t{12}, gid_t{34}));
     }
 
@@ -305,18 +305,18 @@ TEST_F(ColorLists, RejectMalformedFiles) {
     set(list, colorIn(standardSpace("sRGBColorSpace"), {0.1f, 0.2f, 0.3f, 1}), "b\n");
     set(list, color("textColor"), "c");
     ASSERT_TRUE(write(list, file));
-    const std::string whole = contentsOf(file);
+    const std::string complete = contentsOf(file);
     const auto read = [&](const std::string& contents) {
         std::ofstream(file, std::ios::binary) << contents;
         return listFrom(file);
     };
     EXPECT_EQ(listFrom(folder / "missing.clr"), nullptr);
     EXPECT_EQ(listFrom(folder), nullptr);
-    EXPECT_NE(read(whole), nullptr);
-    EXPECT_EQ(read(whole + "\n"), nullptr);
+    EXPECT_NE(read(complete), nullptr);
+    EXPECT_EQ(read(complete + "\n"), nullptr);
     EXPECT_EQ(read("chromabridge color list 1\nend\n"), nullptr);
-    for (std::size_t size = 0; size < whole.size(); ++size)
-        EXPECT_EQ(read(whole.substr(0, size)), nullptr) << "cut to " << size;
+    for (std::size_t size = 0; size < complete.size(); ++size)
+        EXPECT_EQ(read(complete.substr(0, size)), nullptr) << "cut to " << size;
     // The text to replace and its replacements.
     const std::pair<std::string_view, std::vector<std::string_view>> changes[] = {
         {"list 1", {"list 2"}},
@@ -329,9 +329,9 @@ TEST_F(ColorLists, RejectMalformedFiles) {
         {"System textColor", {"System noColor", "Crayons textColor"}},
         {"end 3", {"end 2"}}};
     for (const auto& [from, replacements] : changes) {
-        const std::size_t place = whole.find(from);
+        const std::size_t place = complete.find(from);
         ASSERT_NE(place, std::string::npos) << from;
         for (const std::string_view to : replacements)
-            EXPECT_EQ(read(std::string(whole).replace(place, from.size(), to)), nullptr) << from << " to " << to;
+            EXPECT_EQ(read(std::string(complete).replace(place, from.size(), to)), nullptr) << from << " to " << to;
     }
 }

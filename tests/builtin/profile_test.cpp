@@ -203,10 +203,10 @@ TEST_F(Profiles, ReportModelChannelsAndName) {
 }
 
 TEST_F(Profiles, AreRejectedIfMalformed) {
-    const std::string whole = linearRGB();
-    for (std::size_t size = 0; size < whole.size(); ++size)
-        ASSERT_EQ(spaceFrom(whole.substr(0, size)), nullptr) << "cut to " << size;
-    EXPECT_EQ(profileOf(spaceFrom(whole + "trailing")), whole);
+    const std::string complete = linearRGB();
+    for (std::size_t size = 0; size < complete.size(); ++size)
+        ASSERT_EQ(spaceFrom(complete.substr(0, size)), nullptr) << "cut to " << size;
+    EXPECT_EQ(profileOf(spaceFrom(complete + "trailing")), complete);
     const std::pair<std::size_t, std::string> patches[] = {{0, "\0\0\0\x20"s},   // a size smaller than the header
                                                            {36, "ascp"},         // no signature
                                                            {128, "\x10\0\0\1"s}, // a count whose table would wrap around
@@ -214,7 +214,7 @@ TEST_F(Profiles, AreRejectedIfMalformed) {
                                                            {136, "\xFF\xFF\xFF\xF0"},
                                                            {140, "\xFF\xFF\xFF\xF0"}}; // a tag that ends outside it
     for (const auto& [offset, bytes] : patches)
-        EXPECT_EQ(spaceFrom(std::string(whole).replace(offset, bytes.size(), bytes)), nullptr) << offset;
+        EXPECT_EQ(spaceFrom(std::string(complete).replace(offset, bytes.size(), bytes)), nullptr) << offset;
     const std::pair<const char*, std::string> tags[] = {{"desc", "desc\0\0\0\0\xFF\xFF\xFF\xFFname"s},
                                                         {"desc", "text\0\0\0\0name"s},
                                                         {"desc", "mluc\0\0\0\0\0\0\0\1\0\0\0\x0C"
@@ -253,8 +253,8 @@ TEST_F(Profiles, AreRejectedIfMalformed) {
                                                    {elements(32, 80, 2, std::string(48, '\0')).replace(8, 1, "\4"), false},
                                                    {elements(32, 80, 2, std::string(48, '\0')).replace(9, 1, "\4"), false},
                                                    {elements(32, 80, 2, std::string(48, '\0')), true}};
-    for (const auto& [table, isWhole] : tables)
-        EXPECT_EQ(spaceFrom(profile("RGB ", {{"A2B0", table}}, "Lab ")) != nullptr, isWhole)
+    for (const auto& [table, isComplete] : tables)
+        EXPECT_EQ(spaceFrom(profile("RGB ", {{"A2B0", table}}, "Lab ")) != nullptr, isComplete)
             << testing::PrintToString(table);
     for (const auto& [name, value] : tags)
         EXPECT_EQ(spaceFrom(profile(*name == 'k' ? "GRAY" : "RGB ", {{name, value}})), nullptr)

@@ -28,9 +28,9 @@ namespace {
 constexpr std::pair<const char*, id (*)(void (*)(void*), void*)> foreignGuards[] = {FOREIGN_GUARDS};
 #undef X
 
-int answerOne(id, SEL) { return 1; }
-int answerTwo(id, SEL) { return 2; }
-int answerThree(id, SEL) { return 3; }
+int returnOne(id, SEL) { return 1; }
+int returnTwo(id, SEL) { return 2; }
+int returnThree(id, SEL) { return 3; }
 void throwFromRelease(id self, SEL) { objc_exception_throw(self); }
 
 Class subclass(const char* parent, const char* name) {
@@ -65,25 +65,25 @@ TEST_F(Runtime, AddedAndReplacedMethodsTakeEffectAtOnce) {
     const SEL number = sel_registerName("number");
     const id object = made("Child", "init");
     EXPECT_FALSE(class_respondsToSelector(child, number));
-    EXPECT_TRUE(class_addMethod(parent, number, implementation(answerOne), "i@:"));
-    EXPECT_FALSE(class_addMethod(parent, number, implementation(answerTwo), "i@:"));
+    EXPECT_TRUE(class_addMethod(parent, number, implementation(returnOne), "i@:"));
+    EXPECT_FALSE(class_addMethod(parent, number, implementation(returnTwo), "i@:"));
     EXPECT_EQ(send<int>(object, "number"), 1);
 
     // A replacement in the parent reaches the child, whose dispatch table already knows the old function.
-    EXPECT_EQ(class_replaceMethod(parent, number, implementation(answerTwo), "i@:"), implementation(answerOne));
+    EXPECT_EQ(class_replaceMethod(parent, number, implementation(returnTwo), "i@:"), implementation(returnOne));
     EXPECT_EQ(send<int>(object, "number"), 2);
 
     // A method in the child overrides the parent's, which stays unchanged.
-    EXPECT_EQ(class_replaceMethod(child, number, implementation(answerThree), "i@:"), nullptr);
+    EXPECT_EQ(class_replaceMethod(child, number, implementation(returnThree), "i@:"), nullptr);
     EXPECT_EQ(send<int>(object, "number"), 3);
-    EXPECT_EQ(class_getMethodImplementation(parent, number), implementation(answerTwo));
+    EXPECT_EQ(class_getMethodImplementation(parent, number), implementation(returnTwo));
     const Method method = class_getInstanceMethod(child, number);
-    EXPECT_EQ(method_setImplementation(method, implementation(answerOne)), implementation(answerThree));
-    EXPECT_EQ(method_getImplementation(method), implementation(answerOne));
+    EXPECT_EQ(method_setImplementation(method, implementation(returnOne)), implementation(returnThree));
+    EXPECT_EQ(method_getImplementation(method), implementation(returnOne));
     EXPECT_EQ(send<int>(object, "number"), 1);
 
     const Class metaclass = object_getClass(child);
-    EXPECT_TRUE(class_addMethod(metaclass, number, implementation(answerTwo), nullptr));
+    EXPECT_TRUE(class_addMethod(metaclass, number, implementation(returnTwo), nullptr));
     EXPECT_EQ(send<int>(child, "number"), 2);
     EXPECT_EQ(class_getClassMethod(child, number), class_getInstanceMethod(metaclass, number));
     EXPECT_FALSE(send<BOOL>(parent, "respondsToSelector:", number));
@@ -93,8 +93,8 @@ TEST_F(Exceptions, AnyObjectCanBeThrownAndMatchedByClass) {
     const id exception = exceptionNamed("Name", "Reason"), text = string("thrown");
     EXPECT_EQ(caught([&] { send<void>(exception, "raise"); }), exception);
     EXPECT_EQ(caught([&] { objc_exception_throw(text); }), text);
-    for (const auto& [message, answer] : {std::pair{"name", "Name"}, {"reason", "Reason"}, {"userInfo", "info"}})
-        EXPECT_EQ(textOf(send(exception, message)), answer);
+    for (const auto& [message, expected] : {std::pair{"name", "Name"}, {"reason", "Reason"}, {"userInfo", "info"}})
+        EXPECT_EQ(textOf(send(exception, message)), expected);
     EXPECT_EQ(textOf(exception), "Reason");
 
     const Class general = objc_getClass("NSException"), special = subclass("NSException", "SpecialException");
@@ -103,10 +103,10 @@ TEST_F(Exceptions, AnyObjectCanBeThrownAndMatchedByClass) {
                                                    {special, exception, false},
                                                    {general, text, false},
                                                    {general, nullptr, false}};
-    for (const auto& [cls, object, answer] : matches) {
-        EXPECT_EQ(isOf(cls, object), answer);
+    for (const auto& [cls, object, expected] : matches) {
+        EXPECT_EQ(isOf(cls, object), expected);
 #if !defined(__LP64__)
-        EXPECT_EQ(objc_exception_match(cls, object) != 0, answer);
+        EXPECT_EQ(objc_exception_match(cls, object) != 0, expected);
 #endif
     }
 }

@@ -18,7 +18,7 @@ std::ostringstream received;
 
 // Records its arguments, so that an argument in the wrong place or of the wrong width shows.
 template <class Result, class... Args>
-Result answerMost(Args... args) {
+Result returnMost(Args... args) {
     received.str("");
     ((received << +args << ' '), ...);
     return most<Result>;
@@ -45,10 +45,10 @@ TEST(Calls, PassEveryArgumentOfTheLongestSignatures) {
         reals.push_back(Slot::ofReal(i + 0.25));
     }
     const char* sevenWords = "f(a as integer, b as string, c as X, d as X, e as double(), f as variant, g as color) as X";
-    const auto ofWords = answerMost<Word, Word, Word, Word, Word, Word, Word, Word, Word>;
+    const auto ofWords = returnMost<Word, Word, Word, Word, Word, Word, Word, Word, Word>;
     EXPECT_EQ(call(sevenWords, true, ofWords, words).integer, most<Word>);
     EXPECT_EQ(received.str(), "-1 -2 -3 -4 -5 -6 -7 -8 ");
-    const auto ofReals = answerMost<double, double, double, double, double, double, double, double, double>;
+    const auto ofReals = returnMost<double, double, double, double, double, double, double, double, double>;
     EXPECT_EQ(call(eightReals, false, ofReals, reals).real, most<double>);
     EXPECT_EQ(received.str(), "1.25 2.25 3.25 4.25 5.25 6.25 7.25 8.25 ");
     EXPECT_FALSE(Invoker(parseSignature(eightReals), true));
@@ -56,7 +56,7 @@ TEST(Calls, PassEveryArgumentOfTheLongestSignatures) {
 
 TEST(Calls, PassMixedWordsAndDoubles) {
     const Slot result = call("f(a as double, b as integer, c as double, d as color, e as boolean, f as double) as color",
-                             true, answerMost<HostColor, Word, double, Word, double, HostColor, HostBoolean, double>,
+                             true, returnMost<HostColor, Word, double, Word, double, HostColor, HostBoolean, double>,
                              {Slot::ofInteger(2), Slot::ofReal(0.5), Slot::ofInteger(-7), Slot::ofReal(-1e300),
                               Slot::ofColor(0xFFEEDDCC), Slot::ofBoolean(true), Slot::ofReal(8.0)});
     EXPECT_EQ(received.str(), "2 0.5 -7 -1e+300 4293844428 1 8 ");
@@ -69,11 +69,11 @@ TEST(Calls, PassMixedWordsAndDoubles) {
 }
 
 TEST(Calls, NarrowResultsAndCallAccessors) {
-    EXPECT_EQ(call("f", false, answerMost<Word>, {}).integer, 0);
+    EXPECT_EQ(call("f", false, returnMost<Word>, {}).integer, 0);
     EXPECT_EQ(call("f as boolean", false, trueUnderOtherBytes, {}).integer, 1);
 
-    const auto getter = reinterpret_cast<REALfunction>(answerMost<Word, Word, Word>);
-    const auto setter = reinterpret_cast<REALfunction>(answerMost<Word, Word, Word, double>);
+    const auto getter = reinterpret_cast<REALfunction>(returnMost<Word, Word, Word>);
+    const auto setter = reinterpret_cast<REALfunction>(returnMost<Word, Word, Word, double>);
     const Slot arguments[] = {Slot(), Slot::ofInteger(41), Slot::ofReal(0.75)};
     Slot result;
     Invoker::getter(parseType("integer"))(getter, arguments, &result);

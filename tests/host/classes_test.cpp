@@ -16,7 +16,7 @@ namespace {
 // ---- A small plugin: a counter that stores its number in the first word of its instance data ----
 
 int destroyed = 0;
-HostInteger givenUp = 0; // the number of the most recently destroyed counter
+HostInteger lastDestroyed = 0; // the number of the most recently destroyed counter
 
 HostInteger number(Object* object) { return readAt<HostInteger>(object, REALinstanceDataOffset); }
 void setNumber(Object* object, HostInteger value) { writeAt(object, REALinstanceDataOffset, value); }
@@ -27,7 +27,7 @@ void constructCounter(Object* object) {
 }
 void destroyCounter(Object* object) {
     ++destroyed;
-    givenUp = number(object);
+    lastDestroyed = number(object);
     // A destructor may pass its own object to the host, as plugins do when they raise.
     lock(object);
     unlock(object);
@@ -186,16 +186,16 @@ TEST_F(Classes, AWrittenHandleKeepsItsOwnerAlive) {
             write(second.get(), shown(third.get()));
             write(first.get(), shown(second.get())); // the handle is the third's, although the second returned it
         }
-        EXPECT_EQ(givenUp, 22); // the second restored its own before it was destroyed; the third is still alive
+        EXPECT_EQ(lastDestroyed, 22); // the second restored its own before it was destroyed; the third is still alive
         EXPECT_EQ(shown(first.get()), 33);
         write(first.get(), 11);
-        EXPECT_EQ(givenUp, 33);
+        EXPECT_EQ(lastDestroyed, 33);
         EXPECT_TRUE(isRefused(first.get(), 33));
         write(first.get(), shown(numbered(44).get()));
         EXPECT_EQ(destroyed, 2);
     }
     EXPECT_EQ(destroyed, 4);
-    EXPECT_EQ(givenUp, 44); // after the first, which retained it
+    EXPECT_EQ(lastDestroyed, 44); // after the first, which retained it
     EXPECT_EQ(info.liveObjects, 0u);
 }
 

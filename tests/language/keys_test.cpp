@@ -226,14 +226,14 @@ TEST_F(Keys, TheHistorySurvivesASignalAndStoresBlocksAsOneEntry) {
         EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGTERM);
         EXPECT_TRUE(terminal.readsLines());
     }
-    Terminal terminal(state), beside(state);
-    beside.expect("700 + 7", "707");
+    Terminal terminal(state), other(state);
+    other.expect("700 + 7", "707");
     terminal.type(up + "\n");
     terminal.await("\n111\n222\n> ");
     terminal.type(":quit\n");
     EXPECT_EQ(terminal.ended(), 0);
-    beside.type(ctrlD);
-    EXPECT_EQ(beside.ended(), 0);
+    other.type(ctrlD);
+    EXPECT_EQ(other.ended(), 0);
     Terminal after(state);
     // In a block of three lines, two of the keys move within the block. They lead back over :quit, the block and the sum to
     // the block's first entry.

@@ -16,10 +16,10 @@ namespace {
 using namespace chroma;
 using NativeMethod = id (*)(id, SEL);
 
-HostInteger nativesGone = 0;
+HostInteger nativesDestroyed = 0;
 
 void countAndDeallocate(id object, SEL selector) {
-    ++nativesGone;
+    ++nativesDestroyed;
     reinterpret_cast<NativeMethod>(class_getMethodImplementation(objc_getClass("NSObject"), selector))(object, selector);
 }
 
@@ -127,7 +127,7 @@ double scaledSum(double factor, host::Array* values) {
     return factor * total;
 }
 
-HostInteger gone() { return nativesGone; }
+HostInteger destroyedNatives() { return nativesDestroyed; }
 HostInteger blueOf(HostColor color) { return color & 0xFF; }
 
 host::Object* row(HostInteger count) {
@@ -168,7 +168,7 @@ REALmethodDefinition sharedMethods[] = {
     host::method("sum(factor as double, paramarray values as double) as double", scaledSum),
     host::method("sum(factor as double, values() as double) as double", scaledSum),
     host::method("leaveNative as boolean", leaveNative),
-    host::method("nativesGone as integer", gone),
+    host::method("nativesDestroyed as integer", destroyedNatives),
     host::method("blueOf(c as color) as integer", blueOf),
     host::method("row(count as integer) as Probe()", row),
     host::method("echo(value as variant) as variant", locked),

@@ -3,7 +3,7 @@
 #include "programs.h"
 
 #include "language/words.h"
-#include "text/letters.h"
+#include "text/characters.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -23,11 +23,11 @@ set_tests_properties(slice.InitialisersAreRefused PROPERTIES PASS_REGULAR_EXPRES
 # soak. The faults are: no handlers; saved registers, except for the frame's own, one word away from their place; an import
 # replaced by another function.
 set(handlers_fault "/\\.cfi_(personality|lsda)/d")
-set(handlers_telling "a native exception left the function")
+set(handlers_output "a native exception left the function")
 set(registers_fault "s/(\\.cfi_offset (3|1[2-5]|19|2[0-8]), -[0-9]+)/\\1-8/")
-set(registers_telling "call [0-9]+, |crashed with SIG")
+set(registers_output "call [0-9]+, |crashed with SIG")
 set(import_fault "s/ CFRelease\\+0/ CFStringGetLength+0/")
-set(import_telling "left heap blocks")
+set(import_output "leaked heap blocks")
 foreach(fault handlers registers import)
     set(planted ${CMAKE_CURRENT_BINARY_DIR}/mac/slice-${fault}.S)
     add_custom_command(OUTPUT ${planted}
@@ -37,5 +37,5 @@ foreach(fault handlers registers import)
     set_target_properties(soak-${fault} PROPERTIES LINKER_LANGUAGE CXX)
     target_link_libraries(soak-${fault} PRIVATE matrix_driver chroma_options)
     add_test(NAME slice.FaultIsDetected.${fault} COMMAND soak-${fault} 10000)
-    set_tests_properties(slice.FaultIsDetected.${fault} PROPERTIES PASS_REGULAR_EXPRESSION "${${fault}_telling}" TIMEOUT ${CHROMA_LIMIT})
+    set_tests_properties(slice.FaultIsDetected.${fault} PROPERTIES PASS_REGULAR_EXPRESSION "${${fault}_output}" TIMEOUT ${CHROMA_LIMIT})
 endforeach()

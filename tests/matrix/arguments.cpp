@@ -41,8 +41,8 @@ std::string profile;
 template <class... Arguments>
 id ask(id receiver, const char* message, Arguments... arguments) {
     Message<id(Arguments...)> send{message};
-    const bool answers = sel::respondsToSelector_(receiver, send.get()) != 0;
-    return answers ? sel::retain(send(receiver, arguments...)) : nullptr;
+    const bool responds = sel::respondsToSelector_(receiver, send.get()) != 0;
+    return responds ? sel::retain(send(receiver, arguments...)) : nullptr;
 }
 
 id text(const char* ascii) {

@@ -102,7 +102,7 @@ std::string described(const host::Type& type, Slot slot) {
     }
 }
 
-void tellOutcome(const Call& call, std::string& outcome) {
+void appendOutcome(const Call& call, std::string& outcome) {
     const host::Type& type = call.function.signature.result;
     if (const host::Array* const array = type.isArray ? host::asArray(call.result.object) : nullptr) {
         for (std::int32_t i = 0; i <= host::upperBound(array); ++i)
@@ -124,7 +124,7 @@ std::string_view takeWord(std::string_view& words) {
 
 // Returns whether the outcome matches the expected one or is null. An array may miss elements. Outputs are all set or all
 // zero.
-bool isFulfilled(const Call& call, std::string_view words, std::string_view expectedWords) {
+bool matches(const Call& call, std::string_view words, std::string_view expectedWords) {
     if (!call.function.signature.result.isArray) return isNull(words) || words == expectedWords;
     while (!words.empty()) {
         if (expectedWords.empty()) return false;
@@ -135,7 +135,7 @@ bool isFulfilled(const Call& call, std::string_view words, std::string_view expe
 }
 
 // Returns the number of host exceptions that an NSException from a message must cause.
-int promisedExceptions(const Call& call) {
+int expectedExceptions(const Call& call) {
     const bool isDropped = wasBridging() || call.function.isQuiet || !hostCanRaise();
     if (!isDropped && call.function.converts && call.plan.at == 1) return call.raisesAnyway() ? 1 : 0;
     // A constructor's first use also sends NSException the message for the registry.
@@ -158,7 +158,7 @@ const char* complaintOf(const Call& call, const std::string& outcome) {
     if (call.thrown && fault != Fault::throwOther) return "a native exception left the function";
     if (fault == Fault::throwOther && (call.thrown != testObject || raised))
         return "an object that is not an NSException did not propagate";
-    if (fault == Fault::raise && raised != promisedExceptions(call))
+    if (fault == Fault::raise && raised != expectedExceptions(call))
         return "the wrong number of host exceptions for an NSException";
     // A failure while an exception's message is built raises another exception.
     if (raised > (fault >= Fault::hostThrows ? 2 : 1)) return "too many host exceptions";
@@ -172,8 +172,8 @@ const char* complaintOf(const Call& call, const std::string& outcome) {
     // The platform's result for nil, which a string may become if memory is exhausted, and for another colour is not
     // checked here.
     const bool isPlatforms =
-        (fault >= Fault::answerNil && fault <= Fault::exhaustMemory) || (fault == Fault::raise && call.function.converts);
-    if (call.plain && !isPlatforms && !isFulfilled(call, outcome, call.plain->outcome))
+        (fault >= Fault::returnNil && fault <= Fault::exhaustMemory) || (fault == Fault::raise && call.function.converts);
+    if (call.plain && !isPlatforms && !matches(call, outcome, call.plain->outcome))
         return "an outcome that is neither null nor correct";
     const char* const refusal = fault == Fault::none ? refusalOf(call) : nullptr;
     return refusal && call.exceptionClass != refusal ? "an argument was not refused" : "";
@@ -189,7 +189,7 @@ Balance balance() {
             liveBlocks()};
 }
 
-Verdict callOnce(const Function& function, const Choice& choice, Plan plan, const Verdict* plain, const char*& left) {
+Verdict callOnce(const Function& function, const Choice& choice, Plan plan, const Verdict* plain, const char*& leaked) {
     Verdict verdict;
     verdict.complaint.reserve(100); // so that these texts do not count as the call's blocks
     verdict.outcome.reserve(100);
@@ -201,7 +201,7 @@ Verdict callOnce(const Function& function, const Choice& choice, Plan plan, cons
             invoke(call);
             verdict.injected = call.traces.injected;
             verdict.raised = call.traces.raised > 0;
-            tellOutcome(call, verdict.outcome);
+            appendOutcome(call, verdict.outcome);
             verdict.complaint = complaintOf(call, verdict.outcome);
             host::unlock(function.signature.result, call.result);
         }
@@ -209,7 +209,7 @@ Verdict callOnce(const Function& function, const Choice& choice, Plan plan, cons
     }
     const Balance after = balance();
     const auto different = std::mismatch(before.begin(), before.end(), after.begin()).first - before.begin();
-    left = hostCounts() && before != after ? counted[different] : nullptr;
+    leaked = hostCounts() && before != after ? counted[different] : nullptr;
     return verdict;
 }
 
@@ -219,11 +219,11 @@ bool hostCounts() { return hasAll({"REALLockObject", "REALUnlockObject", "REALLo
 
 // The platform may create and keep objects once. Only what a second, identical call leaves behind as well counts as a leak.
 Verdict call(const Function& function, const Choice& choice, Plan plan, const Verdict* plain) {
-    const char* left = nullptr;
-    Verdict verdict = callOnce(function, choice, plan, plain, left);
-    if (!verdict.complaint.empty() || !left) return verdict;
-    verdict = callOnce(function, choice, plan, plain, left);
-    if (left) verdict.complaint += std::string("left ") + left;
+    const char* leaked = nullptr;
+    Verdict verdict = callOnce(function, choice, plan, plain, leaked);
+    if (!verdict.complaint.empty() || !leaked) return verdict;
+    verdict = callOnce(function, choice, plan, plain, leaked);
+    if (leaked) verdict.complaint += std::string("leaked ") + leaked;
     return verdict;
 }
 

@@ -19,7 +19,7 @@ using host::validator::Plan;
 using host::validator::Suspension;
 
 // Sets whether a message that fails in the next call returns a number or a word.
-void expectNumber(bool answersNumber);
+void expectNumber(bool returnsNumber);
 // Returns whether the fault was injected while an NSException was converted to a host exception. expectNumber resets this.
 bool wasBridging();
 

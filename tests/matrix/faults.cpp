@@ -20,13 +20,13 @@ using host::validator::suspensions;
 
 namespace {
 
-bool answersNumber = false;
+bool returnsNumber = false;
 bool bridging = false;
 
 } // namespace
 
 void expectNumber(bool isNumber) {
-    answersNumber = isNumber;
+    returnsNumber = isNumber;
     bridging = false;
 }
 
@@ -55,7 +55,7 @@ Result failingMethod(id receiver, SEL selector) {
     return Result();
 }
 
-bool injectsIntoMessage() { return injects(Fault::raise, Fault::answerNil); }
+bool injectsIntoMessage() { return injects(Fault::raise, Fault::returnNil); }
 
 // Guards query the class of a caught object. That is not a message of the function.
 bool injectsIntoMessage(id receiver, SEL selector) {
@@ -81,7 +81,7 @@ using namespace chroma;
 IMP __real_objc_msg_lookup(id receiver, SEL selector);
 IMP __wrap_objc_msg_lookup(id receiver, SEL selector) {
     if (!matrix::injectsIntoMessage(receiver, selector)) return __real_objc_msg_lookup(receiver, selector);
-    if (matrix::answersNumber) return reinterpret_cast<IMP>(matrix::failingMethod<CGFloat>);
+    if (matrix::returnsNumber) return reinterpret_cast<IMP>(matrix::failingMethod<CGFloat>);
     return reinterpret_cast<IMP>(matrix::failingMethod<id>);
 }
 

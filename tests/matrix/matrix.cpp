@@ -25,7 +25,7 @@ struct Configuration {
 
 // Injects each fault at the first event, the second, and so on until the call has no more. A missing entry is also a fault,
 // but messages still raise. Returns the number of cases, or the complaints.
-std::string play(const Configuration& host) {
+std::string runCases(const Configuration& host) {
     std::string complaints;
     unsigned cases = 0;
     const auto check = [&](const Function& function, const Choice& choice, Plan plan, const Verdict* plain = nullptr) {
@@ -76,11 +76,11 @@ int main(int count, char** arguments) {
     unsigned long cases = 0;
     int failures = 0;
     for (const Configuration& host : hosts) {
-        const std::string answer = host::validator::inChild([&] { return play(host); });
+        const std::string result = host::validator::inChild([&] { return runCases(host); });
         char* rest = nullptr;
-        cases += std::strtoul(answer.c_str(), &rest, 10);
-        if (!answer.empty() && *rest == '\0') continue;
-        std::printf("%s: %s\n", host.name.c_str(), answer.c_str());
+        cases += std::strtoul(result.c_str(), &rest, 10);
+        if (!result.empty() && *rest == '\0') continue;
+        std::printf("%s: %s\n", host.name.c_str(), result.c_str());
         ++failures;
     }
     std::printf("matrix: %lu cases, %d of %zu hosts failed\n", cases, failures, hosts.size());

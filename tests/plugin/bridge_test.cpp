@@ -91,10 +91,10 @@ TEST_F(Strings, DecodeHostStringsInEveryEncoding) {
     };
     for (const double version : {2011.0, 2021.0}) {
         become(version);
-        for (const bool hostAnswers : {true, false}) {
-            host.before["REALGetStringCFString"] = [=] { return !hostAnswers; };
+        for (const bool hostConverts : {true, false}) {
+            host.before["REALGetStringCFString"] = [=] { return !hostConverts; };
             for (const auto& [stored, expected] : texts)
-                EXPECT_EQ(toPlatform(stored), expected) << version << ' ' << stored.second << ' ' << hostAnswers;
+                EXPECT_EQ(toPlatform(stored), expected) << version << ' ' << stored.second << ' ' << hostConverts;
         }
     }
     EXPECT_EQ(RBString2CFString(nullptr), nullptr);
@@ -108,19 +108,19 @@ TEST_F(Strings, DecodeHostStringsInEveryEncoding) {
 }
 
 TEST_F(Strings, UseTheReadingEntriesOfTheHostVersion) {
-    const auto asked = [&](double version, std::uint32_t encoding, bool hostAnswers) {
+    const auto entriesUsed = [&](double version, std::uint32_t encoding, bool hostConverts) {
         become(version);
-        host.before["REALGetStringCFString"] = [=] { return !hostAnswers; };
+        host.before["REALGetStringCFString"] = [=] { return !hostConverts; };
         const Owned text(foreign::string("x", encoding));
         return traceOf([&] { CFRelease(RBString2CFString(text)); });
     };
-    const std::string encoding = "REALGetStringEncoding", answer = " REALGetStringCFString(0)",
+    const std::string encoding = "REALGetStringEncoding", convert = " REALGetStringCFString(0)",
                       storage = " REALLockString REALUnlockString";
-    EXPECT_EQ(asked(2011.0, REALencodingUTF8, true), encoding + answer);
-    EXPECT_EQ(asked(2011.0, REALencodingUTF8, false), encoding + answer + storage);
-    EXPECT_EQ(asked(2012.0, REALencodingUTF8, true), encoding + answer);
-    EXPECT_EQ(asked(2012.0, REALencodingUTF8, false), encoding + answer + answer + storage);
-    EXPECT_EQ(asked(2021.0, REALencodingUnknown, true), encoding + storage);
+    EXPECT_EQ(entriesUsed(2011.0, REALencodingUTF8, true), encoding + convert);
+    EXPECT_EQ(entriesUsed(2011.0, REALencodingUTF8, false), encoding + convert + storage);
+    EXPECT_EQ(entriesUsed(2012.0, REALencodingUTF8, true), encoding + convert);
+    EXPECT_EQ(entriesUsed(2012.0, REALencodingUTF8, false), encoding + convert + convert + storage);
+    EXPECT_EQ(entriesUsed(2021.0, REALencodingUnknown, true), encoding + storage);
 }
 
 TEST_F(Strings, UseTheBuildingEntriesOfTheHostVersion) {
@@ -242,7 +242,7 @@ TEST_P(Data, RaisesIfNoMemoryBlockIsCreated) {
         native::object_getClass(data), "length", +[](id, SEL) { return length; });
     EXPECT_EQ(NSDataRB(data), nullptr);
     expectRaised({{"OutOfMemoryException", "Failed to allocate a memoryblock with 2147483647 bytes in size.", 0}});
-    EXPECT_EQ(host.asked["newMemoryBlock"], 0);
+    EXPECT_EQ(host.lookUps["newMemoryBlock"], 0);
     length = 3;
     host.missing = {"newMemoryBlock"};
     EXPECT_EQ(NSDataRB(data), nullptr);
@@ -399,10 +399,10 @@ TEST_F(Errors, CppExceptionsBecomeHostExceptions) {
     builds = 0;
     host.before["REALBuildString"] = [&]() -> bool {
         if (++builds == 1) throw std::out_of_range("while building");
-        return builds == 2 ? throw std::runtime_error("while telling") : false;
+        return builds == 2 ? throw std::runtime_error("while reporting") : false;
     };
     EXPECT_EQ(REALBuildUnicodeString("x", 1, kCFStringEncodingUTF8), nullptr);
-    expectRaised({{"RuntimeException", "while telling", 0}, {"OutOfBoundsException", "", 0}});
+    expectRaised({{"RuntimeException", "while reporting", 0}, {"OutOfBoundsException", "", 0}});
     host.before["REALBuildString"] = []() -> bool { throw std::out_of_range("every time"); };
     EXPECT_EQ(REALBuildUnicodeString("x", 1, kCFStringEncodingUTF8), nullptr);
     expectRaised({{"OutOfBoundsException", "", 0}, {"OutOfBoundsException", "", 0}});
@@ -420,8 +420,8 @@ TEST_F(Errors, CppExceptionsBecomeHostExceptions) {
 
     // A host that throws by a jump while an exception is reported leaves no handler open.
     host.before = {{"RuntimeRaiseException", [=] { return throwNative(object), false; }}};
-    auto telling = [] { translated([] { throw std::out_of_range("told"); }); };
-    EXPECT_EQ(catchNative(telling), object);
+    auto reporting = [] { translated([] { throw std::out_of_range("told"); }); };
+    EXPECT_EQ(catchNative(reporting), object);
     EXPECT_EQ(std::current_exception(), nullptr);
     host.before.clear();
 }

@@ -52,7 +52,7 @@ TEST_F(Spaces, ConstructorsRunOnceAndKeepTheProfile) {
 
 TEST_F(Spaces, InitialisersRegisterSpacesExceptFromCGColorSpace) {
     const Reference fromSpace(foreign::make("NSColorSpaceZRX")), fromProfile(foreign::make("NSColorSpaceZRX"));
-    if (platform::lacks("-[NSColorSpace initWithCGColorSpace:]")) GTEST_SKIP() << "the platform has no such message";
+    if (platform::isMissing("-[NSColorSpace initWithCGColorSpace:]")) GTEST_SKIP() << "the platform has no such message";
     const Reference srgb(getsRGBColorSpace());
     const CFIndex before = registered();
     initWithCGColorSpace(fromSpace, CGColorSpace(srgb));
@@ -67,7 +67,8 @@ TEST_F(Spaces, InitialisersRegisterSpacesExceptFromCGColorSpace) {
 }
 
 TEST_F(Spaces, LookupsByModelAndNameReturnTheSameObjects) {
-    if (platform::lacks("+[NSColorSpace availableColorSpacesWithModel:]")) GTEST_SKIP() << "the platform finds no spaces";
+    if (platform::isMissing("+[NSColorSpace availableColorSpacesWithModel:]"))
+        GTEST_SKIP() << "the platform finds no spaces";
     const Owned spaces(availableColorSpacesWithModel(1));
     const Reference srgb(getsRGBColorSpace());
     const auto objects = foreign::objectsOf(spaces);
@@ -85,7 +86,8 @@ TEST_F(Spaces, LookupsByModelAndNameReturnTheSameObjects) {
 }
 
 TEST_F(Spaces, AvailableSpacesKeepTheirIndexesIfSomeFail) {
-    if (platform::lacks("+[NSColorSpace availableColorSpacesWithModel:]")) GTEST_SKIP() << "the platform finds no spaces";
+    if (platform::isMissing("+[NSColorSpace availableColorSpacesWithModel:]"))
+        GTEST_SKIP() << "the platform finds no spaces";
     int made = 0;
     host.before["PluginNewInstance"] = [&] { return ++made == 2; };
     const Owned partly(availableColorSpacesWithModel(1));

@@ -95,13 +95,13 @@ TEST_F(Color, TwoObjectsCanHoldOneNativeColor) {
 TEST_F(Color, ComponentsAreZeroIfReadingFails) {
     const Reference object(rgb(1.0, 1.0, 1.0));
     static id converted;
-    static bool asksAlpha;
+    static bool queriesAlpha;
     converted = nullptr;
     const id cls = native::object_getClass(nativeObject(object));
     native::replace(
         cls, "getRed:green:blue:alpha:", +[](id, SEL, CGFloat* red, CGFloat*, CGFloat*, CGFloat* alpha) {
             *red = 0.25;
-            asksAlpha = alpha != nullptr;
+            queriesAlpha = alpha != nullptr;
             if (alpha) *alpha = 0.5;
             native::raise("TestException", "after the first");
         });
@@ -118,7 +118,7 @@ TEST_F(Color, ComponentsAreZeroIfReadingFails) {
     EXPECT_EQ(outputs, (Components{0.25, 0.0, 0.0, 0.5}));
     EXPECT_EQ(traceOf(readValue), ask + bySpace);
     EXPECT_EQ(value, 0x3F0000U);
-    EXPECT_TRUE(asksAlpha);
+    EXPECT_TRUE(queriesAlpha);
 
     converted = nativeObject(object);
     EXPECT_EQ(traceOf(readAlpha).find(ask + byName + " " + ask + " "), 0U);
@@ -129,23 +129,23 @@ TEST_F(Color, ComponentsAreZeroIfReadingFails) {
     expectPlatformException();
     EXPECT_EQ(read(getRed, object), Components(3));
     expectPlatformException();
-    EXPECT_FALSE(asksAlpha);
+    EXPECT_FALSE(queriesAlpha);
 }
 
 TEST_F(Color, QueriesAlphaOnlyIfItIsRead) {
     const Reference object(rgb(1.0, 1.0, 1.0));
     const id cls = native::object_getClass(nativeObject(object));
-    static bool asksAlpha;
-    const auto ofOne = +[](id, SEL, CGFloat*, CGFloat* alpha) { asksAlpha = alpha != nullptr; };
-    const auto ofThree = +[](id, SEL, CGFloat*, CGFloat*, CGFloat*, CGFloat* alpha) { asksAlpha = alpha != nullptr; };
+    static bool queriesAlpha;
+    const auto ofOne = +[](id, SEL, CGFloat*, CGFloat* alpha) { queriesAlpha = alpha != nullptr; };
+    const auto ofThree = +[](id, SEL, CGFloat*, CGFloat*, CGFloat*, CGFloat* alpha) { queriesAlpha = alpha != nullptr; };
     const auto ofFour =
-        +[](id, SEL, CGFloat*, CGFloat*, CGFloat*, CGFloat*, CGFloat* alpha) { asksAlpha = alpha != nullptr; };
+        +[](id, SEL, CGFloat*, CGFloat*, CGFloat*, CGFloat*, CGFloat* alpha) { queriesAlpha = alpha != nullptr; };
     native::replace(cls, "getWhite:alpha:", ofOne);
     native::replace(cls, "getHue:saturation:brightness:alpha:", ofThree);
     native::replace(cls, "getCyan:magenta:yellow:black:alpha:", ofFour);
-    const auto asks = [&](auto function) { return read(function, object), asksAlpha; };
-    EXPECT_TRUE(asks(getWhiteA) && asks(getHueA) && asks(getCyanA));
-    EXPECT_FALSE(asks(getWhite) || asks(getHue) || asks(getCyan));
+    const auto queries = [&](auto function) { return read(function, object), queriesAlpha; };
+    EXPECT_TRUE(queries(getWhiteA) && queries(getHueA) && queries(getCyanA));
+    EXPECT_FALSE(queries(getWhite) || queries(getHue) || queries(getCyan));
 }
 
 TEST_F(Color, ComponentsBeyondThirtyTwoAreDropped) {

@@ -33,8 +33,8 @@ TEST_F(Start, RegistersTheVersionOnceBeforeTheClasses) {
     const std::string trace = traceOf([&] { start(2013.03); });
     EXPECT_EQ(trace,
               "REALGetRBVersion RegisterPluginVersion(12) PluginRegisterClass PluginRegisterClass PluginRegisterClass");
-    EXPECT_EQ(host.asked, (std::map<std::string, int>{
-                              {"REALGetRBVersion", 1}, {"RegisterPluginVersion", 1}, {"PluginRegisterClass", 1}}));
+    EXPECT_EQ(host.lookUps, (std::map<std::string, int>{
+                                {"REALGetRBVersion", 1}, {"RegisterPluginVersion", 1}, {"PluginRegisterClass", 1}}));
     std::vector<std::string> names;
     for (const REALclassDefinition* record : host.records)
         names.emplace_back(record->name);
@@ -45,7 +45,7 @@ TEST_F(Start, RegistersTheVersionOnceBeforeTheClasses) {
 TEST_F(Start, AssumesAnOldHostWithoutVersionAndRegistersOnce) {
     REALPluginMain(nullptr);
     EXPECT_EQ(CurrentREALControlVersion, 9);
-    EXPECT_TRUE(host.asked.empty());
+    EXPECT_TRUE(host.lookUps.empty());
     host.missing = {"REALGetRBVersion"};
     EXPECT_EQ(traceOf([&] { start(); }).substr(0, 24), "RegisterPluginVersion(9)");
     EXPECT_EQ(host.records.at(0)->version, 9);
@@ -57,8 +57,8 @@ TEST_F(Start, AssumesAnOldHostWithoutVersionAndRegistersOnce) {
 // A null result is final, except for entries that some hosts provided late. The plugin looks up their newer names again.
 TEST_F(Start, LooksUpEntriesOnceOrUntilFound) {
     const auto areOffered = [](auto&... entries) { return std::vector<bool>{entries.isOffered()...}; };
-    const auto askForAll = [&] {
-        host.asked.clear();
+    const auto lookUpAll = [&] {
+        host.lookUps.clear();
         const auto once = areOffered(
             REALRegisterClass, REALnewInstance, REALLockObject, REALUnlockObject, REALRaiseException, ChromaObjectIsA,
             REALGetPropValueString, originalREALBuildString, REALBuildStringWithEncoding, REALGetStringEncoding,
@@ -69,22 +69,22 @@ TEST_F(Start, LooksUpEntriesOnceOrUntilFound) {
                           getDoubleProcedure, REALNewMemoryBlockOriginal);
     };
     using Counts = std::map<std::string, int>;
-    gResolver = [](const char* name) -> void* { return ++foreign::Host::instance().asked[name], nullptr; };
-    EXPECT_EQ(askForAll(), std::vector<bool>(6));
-    EXPECT_EQ(host.asked.size(), 28U);
-    EXPECT_EQ(host.asked["REALGetStringCFString"], 2); // two wrappers of one entry, each with a separate result
-    EXPECT_EQ(askForAll(), std::vector<bool>(6));
+    gResolver = [](const char* name) -> void* { return ++foreign::Host::instance().lookUps[name], nullptr; };
+    EXPECT_EQ(lookUpAll(), std::vector<bool>(6));
+    EXPECT_EQ(host.lookUps.size(), 28U);
+    EXPECT_EQ(host.lookUps["REALGetStringCFString"], 2); // two wrappers of one entry, each with a separate result
+    EXPECT_EQ(lookUpAll(), std::vector<bool>(6));
     const Counts newer = {{"REALSetPropValueString", 1},   {"REALSetPropValueInteger", 1},
                           {"newMemoryBlock", 1},           {"PluginDoubleArrayInsertProc", 1},
                           {"PluginDoubleArrayGetProc", 1}, {"PluginObjectArrayInsertProc", 1}};
     Counts all = newer;
     all.insert({{"REALSetPropValueInt", 1}, {"RuntimeArrayDirectGetInsertProc", 2}, {"RuntimeArrayDirectGetGetProc", 1}});
-    EXPECT_EQ(host.asked, all);
+    EXPECT_EQ(host.lookUps, all);
     gResolver = foreign::Host::resolve;
-    EXPECT_EQ(askForAll(), std::vector<bool>(6, true));
-    EXPECT_EQ(host.asked, newer);
-    askForAll();
-    EXPECT_EQ(host.asked, Counts());
+    EXPECT_EQ(lookUpAll(), std::vector<bool>(6, true));
+    EXPECT_EQ(host.lookUps, newer);
+    lookUpAll();
+    EXPECT_EQ(host.lookUps, Counts());
 }
 
 TEST_F(Start, CurrentLayoutRegistersTheTablesUnchanged) {
@@ -224,7 +224,7 @@ using FirstUse = SiblingTest;
 
 TEST_F(FirstUse, CallsTheSiblingOnceBeforeAnyOtherMessage) {
     int count = 0;
-    std::string asking = "respondsToSelector: GetInstancesDictionaryZRX respondsToSelector: PrepareNSExceptionZRX";
+    std::string queries = "respondsToSelector: GetInstancesDictionaryZRX respondsToSelector: PrepareNSExceptionZRX";
     for (const auto use : std::initializer_list<void (*)()>{
              [] { foreign::unlock(foreign::make("NSColorZRX")); }, [] { foreign::unlock(foreign::make("NSColorListZRX")); },
              [] { foreign::unlock(foreign::make("NSColorSpaceZRX")); }, [] { foreign::unlock(color::getblackColor()); },
@@ -234,10 +234,10 @@ TEST_F(FirstUse, CallsTheSiblingOnceBeforeAnyOtherMessage) {
         CocoaInited = false; // as in a new process, but the sibling stays prepared
         instances = nullptr;
         const std::string first = traceOf(use);
-        ASSERT_NE(first.find(asking), std::string::npos) << first;
-        EXPECT_EQ(first.substr(0, first.find(asking)).find("olor"), std::string::npos) << first;
+        ASSERT_NE(first.find(queries), std::string::npos) << first;
+        EXPECT_EQ(first.substr(0, first.find(queries)).find("olor"), std::string::npos) << first;
         EXPECT_EQ(traceOf(use).find("ZRX respondsTo"), std::string::npos);
-        asking = "respondsToSelector: GetInstancesDictionaryZRX";
+        queries = "respondsToSelector: GetInstancesDictionaryZRX";
         EXPECT_EQ(native::Sibling::registryRequests, ++count);
         host.takeRaised(); // not every platform lists spaces
     }

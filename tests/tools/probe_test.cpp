@@ -136,7 +136,7 @@ const Case cases[] = {
     {"InventedProperty", "REALGetPropValueString",
      fault<REALGetPropValueStringProc>([](REALobjectStruct*, const char*, REALstringStruct**) -> HostBoolean { return 1; }),
      "REALGetPropValueString: finds a property"},
-    {"LentProperty", "REALGetPropValueString",
+    {"UnretainedProperty", "REALGetPropValueString",
      fault<REALGetPropValueStringProc>([](REALobjectStruct* object, const char* name, REALstringStruct** value) {
          const auto found = proper<REALGetPropValueStringProc>("REALGetPropValueString")(object, name, value);
          if (found) host::unlock(*value);
@@ -166,7 +166,7 @@ const Case cases[] = {
          return string ? host::newString(host::bytesOf(string), encoding) : nullptr;
      }),
      "REALConvertString: Mac Roman to UTF-8: 8e db instead of c3 a9 e2 82 ac"},
-    {"LentConversion", "REALConvertString",
+    {"UnretainedConversion", "REALConvertString",
      fault<REALConvertStringProc>([](REALstringStruct* string, std::uint32_t encoding) {
          const bool isConverted = string && host::encodingOf(string) == encoding;
          return isConverted ? string : proper<REALConvertStringProc>("REALConvertString")(string, encoding);
@@ -203,7 +203,7 @@ const Case cases[] = {
          };
      }),
      "PluginDoubleArrayGetProc: an element is 0.10000000149011612 instead of 0.10000000000000001"},
-    {"LentElement", "PluginObjectArrayInsertProc",
+    {"UnretainedElement", "PluginObjectArrayInsertProc",
      fault<PluginObjectArrayInsertProc>(
          [](void*) -> REALarrayInsertObjectProc { return [](void*, std::int32_t, REALobjectStruct*) {}; }),
      "PluginObjectArrayInsertProc: the array has no reference"},

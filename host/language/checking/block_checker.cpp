@@ -68,10 +68,10 @@ LoopBody StatementChecker::loopBody(syntax::Surrounding what, const syntax::Bloc
 // The value is computed once, into a variable without a name.
 ActionPtr StatementChecker::form(const syntax::Select& statement, Offset offset) {
     return inScope(offset, [&] {
-        Value asked = attempt([&] { return expressions_.value(*statement.value); });
-        const Variable variable{scopes_.declareHidden(asked.type), asked.type, statement.value->offset};
+        Value selected = attempt([&] { return expressions_.value(*statement.value); });
+        const Variable variable{scopes_.declareHidden(selected.type), selected.type, statement.value->offset};
         Actions actions;
-        actions.push_back(asStep(writeVariable(variable.place, asked.type, std::move(asked.code)), offset));
+        actions.push_back(asStep(writeVariable(variable.place, selected.type, std::move(selected.code)), offset));
         std::vector<Branch> list;
         for (const syntax::Select::Case& branch : statement.cases) {
             CodePtr condition = attempt([&] {

@@ -26,9 +26,9 @@ const Property* colorCopied(const ClassInfo& info, const Operand& value) {
 }
 
 // Returns whether the function of the language returns a whole number for these arguments.
-bool givesWhole(std::string_view function, const std::vector<Operand>& arguments) {
+bool returnsWhole(std::string_view function, const std::vector<Operand>& arguments) {
     const Nature nature = functionNature(function);
-    return nature == Nature::givesWhole ||
+    return nature == Nature::returnsWhole ||
            (nature == Nature::keepsWhole &&
             std::all_of(arguments.begin(), arguments.end(), [](const Operand& each) { return each.isWhole(); }));
 }
@@ -98,9 +98,9 @@ Operand ExpressionChecker::callOne(const std::string& what, const OverloadSet& o
     if (!resolution.method) failCheck(offset, resolution.error);
     const Method& method = *resolution.method;
     requirePoolFor(method.owner);
-    const bool whole = !method.owner && givesWhole(method.signature.name, values);
+    const bool whole = !method.owner && returnsWhole(method.signature.name, values);
     std::vector<ArgumentCode> bound = bind(resolution, std::move(values), offset);
-    return Operand::call(method, std::move(receiver), std::move(bound), offset).markedWhole(whole);
+    return Operand::call(method, std::move(receiver), std::move(bound), offset).markedAsWhole(whole);
 }
 
 std::vector<ArgumentCode> ExpressionChecker::bind(const Resolution& resolution, Operands operands, Offset offset) {

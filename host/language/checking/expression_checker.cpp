@@ -21,7 +21,7 @@ CodePtr literalCode(const Literal& literal) {
 
 Operand literalOperand(const Literal& literal) {
     const auto* const real = std::get_if<double>(&literal.value);
-    return Operand::computed(literal.type(), literalCode(literal)).markedWhole(real && *real == std::trunc(*real));
+    return Operand::computed(literal.type(), literalCode(literal)).markedAsWhole(real && *real == std::trunc(*real));
 }
 
 bool ExpressionChecker::takeNeedsPool() { return std::exchange(needsPool_, false); }
@@ -114,7 +114,7 @@ Operand ExpressionChecker::form(const syntax::Conditional& form, Offset offset) 
     CodePtr one = convert(std::move(yes.code), yes.type, type, form.yes->offset);
     CodePtr other = convert(std::move(no.code), no.type, type, form.no->offset);
     if (type.isNil()) failCheck(offset, "both values are Nil");
-    return Operand::computed(type, choice(std::move(condition), std::move(one), std::move(other))).markedWhole(whole);
+    return Operand::computed(type, choice(std::move(condition), std::move(one), std::move(other))).markedAsWhole(whole);
 }
 
 // ---- Constants

@@ -1,6 +1,6 @@
 #include "language/checking/flow.h"
 
-#include "text/letters.h"
+#include "text/characters.h"
 
 namespace host::language {
 namespace {
@@ -33,7 +33,7 @@ private:
     struct Loop {
         Surrounding what;
         bool isLeft = false;
-        bool goesOn = false; // the body reaches its end, or a Continue
+        bool continues = false; // the body reaches its end, or a Continue
     };
 
     Loop walk(Surrounding what, const Block& body) {
@@ -41,7 +41,7 @@ private:
         const bool completed = completes(body);
         Loop loop = loops_.back();
         loops_.pop_back();
-        loop.goesOn = loop.goesOn || completed;
+        loop.continues = loop.continues || completed;
         return loop;
     }
 
@@ -56,7 +56,7 @@ private:
         if (leave.what == Surrounding::sub || leave.what == Surrounding::function) leavesProcedure_ = true;
         for (auto loop = loops_.rbegin(); loop != loops_.rend(); ++loop) {
             if (leave.what != Surrounding::anyLoop && leave.what != loop->what) continue;
-            (leave.continues ? loop->goesOn : loop->isLeft) = true;
+            (leave.continues ? loop->continues : loop->isLeft) = true;
             break;
         }
         return false;
@@ -79,7 +79,7 @@ private:
     bool completesForm(const Do& form) {
         const Loop loop = walk(Surrounding::doLoop, form.block);
         const bool endsBefore = form.before && !isTrue(form.before);
-        return loop.isLeft || endsBefore || (loop.goesOn && form.after && !isTrue(form.after));
+        return loop.isLeft || endsBefore || (loop.continues && form.after && !isTrue(form.after));
     }
     bool completesForm(const For& form) { return walk(Surrounding::forLoop, form.block), true; }
     bool completesForm(const ForEach& form) { return walk(Surrounding::forLoop, form.block), true; }

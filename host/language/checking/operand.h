@@ -29,7 +29,7 @@ public:
     // Returns whether a number has no fraction because of how it is computed: an Integer, the result of Floor, a sum of
     // such numbers.
     bool isWhole() const { return whole_ || !type_.is(Kind::real); }
-    Operand markedWhole(bool whole) && {
+    Operand markedAsWhole(bool whole) && {
         whole_ = whole;
         return std::move(*this);
     }

@@ -56,7 +56,7 @@ Operand ExpressionChecker::form(const syntax::Unary& unary, Offset offset) {
         const Kind kind = whole ? Kind::integer : Kind::real;
         const bool isWholeNumber = operand.whole;
         return Operand::computed(Type::plain(kind), negated(kind, number(std::move(operand), kind)))
-            .markedWhole(isWholeNumber);
+            .markedAsWhole(isWholeNumber);
     }
     failCheck(offset, "'" + symbolOf(unary.operation) + "' cannot be applied to " + nameOf(operand.type) +
                           hintForVariant(operand.type, operand.type,
@@ -123,7 +123,7 @@ Operand ExpressionChecker::arithmetic(Operator operation, Value left, Value righ
     CodePtr second = number(std::move(right), kind);
     return Operand::computed(Type::plain(kind),
                              language::arithmetic(operation, kind, std::move(first), std::move(second), offset))
-        .markedWhole(staysWhole);
+        .markedAsWhole(staysWhole);
 }
 
 Operand ExpressionChecker::comparison(Operator operation, Value left, Value right, Offset offset) {

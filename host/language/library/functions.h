@@ -10,10 +10,10 @@
 namespace host::language {
 
 // What a function does in addition to computing its result from its arguments:
-// - givesWhole: the result is a whole number.
+// - returnsWhole: the result is a whole number.
 // - keepsWhole: the result is a whole number if the arguments are.
 // - acts: the function acts on the process or depends on it, so a call of it is never a constant.
-enum class Nature : std::uint8_t { computes, givesWhole, keepsWhole, acts };
+enum class Nature : std::uint8_t { computes, returnsWhole, keepsWhole, acts };
 Nature functionNature(std::string_view name);
 
 } // namespace host::language

@@ -9,7 +9,7 @@
 namespace host::language {
 
 // Returns the arguments in UTF-8, which a caller may set; empty at first.
-std::vector<std::string>& givenArguments();
+std::vector<std::string>& storedArguments();
 
 // The function Arguments: a bound function; the caller owns the result.
 Array* programArguments();

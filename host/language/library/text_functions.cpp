@@ -48,21 +48,21 @@ struct Pattern {
 
 Pattern parsePattern(std::string_view text) {
     Pattern pattern;
-    bool behindPoint = false;
+    bool afterPoint = false;
     bool inNumber = false;
     std::string* literal = &pattern.prefix;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char c = text[i];
         const bool escaped = c == '\\' && i + 1 < text.size();
         const bool ofNumber =
-            literal == &pattern.prefix && (c == '0' || c == '#' || (c == '.' && !behindPoint) || (c == ',' && inNumber));
+            literal == &pattern.prefix && (c == '0' || c == '#' || (c == '.' && !afterPoint) || (c == ',' && inNumber));
         if (!escaped && ofNumber) {
             inNumber = true;
-            if (c == '.') behindPoint = true;
-            if (c == ',' && !behindPoint) pattern.grouped = true;
-            if (c == '0' && !behindPoint) ++pattern.wholeDigits;
-            if (c == '0' && behindPoint) pattern.digits += 1 + std::exchange(pattern.optionalDigits, 0);
-            if (c == '#' && behindPoint) ++pattern.optionalDigits;
+            if (c == '.') afterPoint = true;
+            if (c == ',' && !afterPoint) pattern.grouped = true;
+            if (c == '0' && !afterPoint) ++pattern.wholeDigits;
+            if (c == '0' && afterPoint) pattern.digits += 1 + std::exchange(pattern.optionalDigits, 0);
+            if (c == '#' && afterPoint) ++pattern.optionalDigits;
             continue;
         }
         if (inNumber) literal = &pattern.suffix;

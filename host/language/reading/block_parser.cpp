@@ -35,7 +35,7 @@ bool StatementParser::endsBlock() const {
 }
 
 bool StatementParser::closes(const Opening& opening) const {
-    return tokens_.at(opening.first) && (opening.second == Keyword::none || tokens_.keywordBehind() == opening.second);
+    return tokens_.at(opening.first) && (opening.second == Keyword::none || tokens_.keywordAfter() == opening.second);
 }
 
 bool StatementParser::continues(const Opening& opening) const {
@@ -140,16 +140,16 @@ ExpressionPtr StatementParser::conditionThen() {
 syntax::If StatementParser::ifStatement(Offset offset) {
     const Opening opening{offset, "If", "End If", Keyword::end, Keyword::ifBranch};
     syntax::If form;
-    ExpressionPtr asked = conditionThen();
+    ExpressionPtr condition = conditionThen();
     if (!tokens_.atLineEnd()) {
-        form.branches.push_back({std::move(asked), lineOfStatements()});
+        form.branches.push_back({std::move(condition), lineOfStatements()});
         if (tokens_.accept(Keyword::elseBranch)) form.branches.push_back({nullptr, lineOfStatements()});
         return form;
     }
-    form.branches.push_back({std::move(asked), part(opening)});
+    form.branches.push_back({std::move(condition), part(opening)});
     while (tokens_.accept(Keyword::elseIf)) {
-        asked = conditionThen();
-        form.branches.push_back({std::move(asked), part(opening)});
+        condition = conditionThen();
+        form.branches.push_back({std::move(condition), part(opening)});
     }
     std::optional<Offset> elseIf;
     if (tokens_.accept(Keyword::elseBranch)) {
@@ -170,8 +170,8 @@ syntax::Select StatementParser::select(Offset offset) {
         }
     }
     syntax::Select form{condition(), {}};
-    const Offset behind = tokens_.peek().offset;
-    if (!part(opening).empty()) report({behind, "a statement before the first Case is never reached"});
+    const Offset start = tokens_.peek().offset;
+    if (!part(opening).empty()) report({start, "a statement before the first Case is never reached"});
     while (tokens_.accept(Keyword::caseBranch)) {
         syntax::Select::Case branch;
         try {

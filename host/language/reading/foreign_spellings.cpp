@@ -1,6 +1,6 @@
 #include "language/reading/foreign_spellings.h"
 
-#include "text/letters.h"
+#include "text/characters.h"
 
 #include <algorithm>
 

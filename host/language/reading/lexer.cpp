@@ -3,7 +3,7 @@
 #include "language/reading/foreign_spellings.h"
 #include "language/reading/keywords.h"
 
-#include "text/letters.h"
+#include "text/characters.h"
 #include "text/literals.h"
 #include "text/utf8.h"
 

@@ -1,6 +1,6 @@
 #include "language/reading/source.h"
 
-#include "text/letters.h"
+#include "text/characters.h"
 #include "text/utf8.h"
 
 #include <algorithm>
@@ -10,7 +10,7 @@ namespace host::language {
 namespace {
 
 // The longest part of a line that is shown on either side of the caret.
-constexpr std::size_t maxShownBeside = 160;
+constexpr std::size_t maxShownPerSide = 160;
 
 std::size_t lineStart(std::string_view text, std::size_t offset) {
     while (offset > 0 && !isLineEnd(text[offset - 1]))
@@ -87,8 +87,8 @@ std::string Source::report(Offset offset, std::string_view message) const {
     std::size_t last = at;
     while (last < text.size() && !isLineEnd(text[last]))
         ++last;
-    if (at - first > maxShownBeside) first = utf8::floor(text, at - maxShownBeside);
-    if (last - at > maxShownBeside) last = utf8::floor(text, at + maxShownBeside);
+    if (at - first > maxShownPerSide) first = utf8::floor(text, at - maxShownPerSide);
+    if (last - at > maxShownPerSide) last = utf8::floor(text, at + maxShownPerSide);
 
     const auto marked = [this](const char* how, std::string_view part) {
         return colored_ ? how + std::string(part) + "\x1B[0m" : std::string(part);

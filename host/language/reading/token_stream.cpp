@@ -23,10 +23,10 @@ Token TokenStream::take() {
     return taken;
 }
 
-Keyword TokenStream::keywordBehind() const {
+Keyword TokenStream::keywordAfter() const {
     try {
-        const Token behind = Lexer(lexer_).next();
-        return behind.kind == TokenKind::name ? behind.keyword : Keyword::none;
+        const Token after = Lexer(lexer_).next();
+        return after.kind == TokenKind::name ? after.keyword : Keyword::none;
     } catch (const SyntaxError&) {
         return Keyword::none;
     }

@@ -20,7 +20,7 @@ public:
     Token take();
 
     // Returns the keyword after the next token, or Keyword::none if there is no such word.
-    Keyword keywordBehind() const;
+    Keyword keywordAfter() const;
 
     // Skips the rest of the line, after an error.
     void skipLine();

@@ -211,16 +211,16 @@ CodePtr popFromArray(CodePtr array, const Type& elementType, Offset offset) {
 CodePtr sliceOfArray(CodePtr array, CodePtr start, CodePtr count, const Type& elementType, Offset offset) {
     return makeCode(
         [array = std::move(array), start = std::move(start), count = std::move(count), elementType, offset](Frame& frame) {
-            const Array* const whole = requireArray(array->evaluate(frame).object, offset);
+            const Array* const source = requireArray(array->evaluate(frame).object, offset);
             const HostInteger first = start->evaluate(frame).integer;
-            const HostInteger length = upperBound(whole) + HostInteger{1};
-            if (first != length) requireIndex(whole, first, offset);
+            const HostInteger length = upperBound(source) + HostInteger{1};
+            if (first != length) requireIndex(source, first, offset);
             const HostInteger taken =
                 count ? std::clamp(count->evaluate(frame).integer, HostInteger{0}, length - first) : length - first;
             Owned<Array> slice(newArray(elementType));
             for (HostInteger i = first; i < first + taken; ++i) {
                 checkInterruption();
-                appendElement(slice.get(), elementAt(whole, i));
+                appendElement(slice.get(), elementAt(source, i));
             }
             return frame.keep(Counting::object, Slot::ofObject(slice.release()));
         });

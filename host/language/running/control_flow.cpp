@@ -85,9 +85,9 @@ bool runOnce(Frame& frame, const LoopBody& loop, Completion& completion) {
     completion = loop.body->execute(frame);
     const bool own =
         !completion.isNormal() && completion.ending != Completion::Ending::leaveProcedure && completion.loop == loop.depth;
-    const bool goesOn = completion.isNormal() || (own && completion.ending == Completion::Ending::continueLoop);
+    const bool continues = completion.isNormal() || (own && completion.ending == Completion::Ending::continueLoop);
     if (own) completion = {};
-    return goesOn;
+    return continues;
 }
 
 // `member` names the member of a slot that holds the loop's numbers.

@@ -2,7 +2,7 @@
 
 #include "language/running/escaped.h"
 
-#include "text/letters.h"
+#include "text/characters.h"
 
 #include <algorithm>
 #include <new>

@@ -16,9 +16,9 @@ String range{"NSRangeException"};
 
 } // namespace exceptionName
 
-String* Exception::tellReason() {
-    if (reason || !wordReason) return reason.get();
-    return wordedReason.get([this] { return retain(wordReason(subject.get(), selector)); });
+String* Exception::reasonText() {
+    if (reason || !buildReason) return reason.get();
+    return builtReason.get([this] { return retain(buildReason(subject.get(), selector)); });
 }
 
 void raise(String& name, String* reason) {
@@ -38,7 +38,7 @@ void reportUncaught(id thrown) {
     if (isKindOf(thrown, Exception::cls)) {
         auto* const exception = static_cast<Exception*>(thrown);
         std::fprintf(stderr, "*** Terminating app due to uncaught exception '%s', reason: '%s'\n",
-                     printable(exception->name.get()), printable(exception->tellReason()));
+                     printable(exception->name.get()), printable(exception->reasonText()));
     } else {
         std::fprintf(stderr, "*** Terminating app due to uncaught exception of class '%s'\n", object_getClassName(thrown));
     }
@@ -62,12 +62,12 @@ id exceptionWithName(ClassObject* self, SEL, id name, id reason, id userInfo) {
 
 String* name(Exception* self, SEL) { return self->name.get(); }
 
-String* reason(Exception* self, SEL) { return self->tellReason(); }
+String* reason(Exception* self, SEL) { return self->reasonText(); }
 
 id userInfo(Exception* self, SEL) { return self->userInfo.get(); }
 
 String* description(Exception* self, SEL) {
-    String* const reason = self->tellReason();
+    String* const reason = self->reasonText();
     return reason ? reason : self->name.get();
 }
 

@@ -14,17 +14,17 @@ struct Exception : Object {
     constexpr Exception(String& constantName, String& constantReason)
         : Object(&cls, immortal), name(&constantName), reason(&constantReason) {}
 
-    String* tellReason();
+    String* reasonText();
 
     Ref<String> name;
     Ref<String> reason;
     Ref<Object> userInfo;
 
     // Builds the reason at its first use, because most exceptions are dropped unread. Returns an autoreleased string.
-    String* (*wordReason)(Object* subject, SEL selector) = nullptr;
+    String* (*buildReason)(Object* subject, SEL selector) = nullptr;
     Ref<Object> subject;
     SEL selector = nullptr;
-    LazyRef<String> wordedReason;
+    LazyRef<String> builtReason;
 };
 
 ClassTable tableOfNSException();
@@ -40,12 +40,12 @@ extern String range;
 // Throws a new exception. In 32 bits this is a jump: no object with a destructor may be alive in the frames between.
 [[noreturn]] void raise(String& name, String* reason);
 
-// The same, but `wordReason` builds the reason from the subject and the selector at its first use.
-[[noreturn, gnu::always_inline]] inline void raise(String& name, String* (*wordReason)(Object*, SEL), Object* subject,
+// The same, but `buildReason` builds the reason from the subject and the selector at its first use.
+[[noreturn, gnu::always_inline]] inline void raise(String& name, String* (*buildReason)(Object*, SEL), Object* subject,
                                                    SEL selector) {
     auto* const exception = autorelease(make<Exception>());
     exception->name = &name;
-    exception->wordReason = wordReason;
+    exception->buildReason = buildReason;
     exception->subject = subject;
     exception->selector = selector;
     throwObject(exception);

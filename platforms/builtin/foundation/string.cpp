@@ -76,9 +76,9 @@ std::string formatBytes(const char* format, std::va_list arguments) {
     va_copy(again, arguments);
     std::string bytes(200, '\0'); // enough for most texts
     const auto size = static_cast<std::size_t>(std::vsnprintf(bytes.data(), bytes.size(), format, arguments)) + 1;
-    const bool isWhole = size <= bytes.size();
+    const bool fits = size <= bytes.size();
     bytes.resize(size);
-    if (!isWhole) std::vsnprintf(bytes.data(), size, format, again);
+    if (!fits) std::vsnprintf(bytes.data(), size, format, again);
     va_end(again);
     bytes.pop_back();
     return bytes;

@@ -34,7 +34,7 @@ struct Method<function> {
     static constexpr auto types = encodedTypes<R, Arguments...>();
     static constexpr std::size_t arguments = sizeof...(Arguments);
 
-    static R answer(Self* self, SEL selector, Arguments... given) {
+    static R call(Self* self, SEL selector, Arguments... given) {
         const auto body = [&] { return function(self, selector, given...); };
         return orExhausted(body, []() -> R { raiseMemoryExhausted(); });
     }
@@ -52,7 +52,7 @@ struct Method<function> {
 template <auto function>
 MethodEntry method(const char* selector) {
     using Typed = Method<function>;
-    return {selector, reinterpret_cast<IMP>(Typed::answer), Typed::types.data(), Typed::arguments};
+    return {selector, reinterpret_cast<IMP>(Typed::call), Typed::types.data(), Typed::arguments};
 }
 
 template <auto function>

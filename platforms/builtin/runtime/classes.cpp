@@ -213,13 +213,13 @@ BUILTIN_EXPORT void objc_registerClassPair(Class cls) {
 }
 
 // The function for every message to nil.
-static id answerZero(id, SEL) { return nullptr; }
+static id returnZero(id, SEL) { return nullptr; }
 
 // The function for the null selector.
 static id raiseExhausted(id, SEL) { builtin::raiseMemoryExhausted(); }
 
 BUILTIN_EXPORT IMP objc_msg_lookup(id receiver, SEL selector) {
-    if (!receiver) return reinterpret_cast<IMP>(answerZero);
+    if (!receiver) return reinterpret_cast<IMP>(returnZero);
     if (!selector) return reinterpret_cast<IMP>(raiseExhausted);
     return builtin::lookUp(*receiver->isa, selector);
 }

@@ -11,7 +11,7 @@
 
 namespace chroma::builtin {
 
-constexpr char letterOfInteger(std::size_t size, bool isSigned) {
+constexpr char characterOfInteger(std::size_t size, bool isSigned) {
     switch (size) {
     case 1: return isSigned ? 'c' : 'C';
     case 2: return isSigned ? 's' : 'S';
@@ -21,23 +21,23 @@ constexpr char letterOfInteger(std::size_t size, bool isSigned) {
 }
 
 template <class T>
-constexpr char letterOf() {
+constexpr char characterOf() {
     if (std::is_same_v<T, id>) return '@';
     if (std::is_same_v<T, SEL>) return ':';
     if (std::is_pointer_v<T>) return '^';
     if (std::is_same_v<T, float>) return 'f';
     if (std::is_same_v<T, double>) return 'd';
-    if constexpr (std::is_integral_v<T>) return letterOfInteger(sizeof(T), std::is_signed_v<T>);
+    if constexpr (std::is_integral_v<T>) return characterOfInteger(sizeof(T), std::is_signed_v<T>);
     return std::is_class_v<T> ? '{' : 'v';
 }
 
 // The second character, or 0 if there is none.
 template <class T>
-constexpr char letterBehind() {
+constexpr char secondCharacterOf() {
     using Pointee = std::remove_cv_t<std::remove_pointer_t<T>>;
-    if (letterOf<T>() == '{') return '}';
-    if (letterOf<T>() != '^') return '\0';
-    return std::is_arithmetic_v<Pointee> ? letterOf<Pointee>() : 'v';
+    if (characterOf<T>() == '{') return '}';
+    if (characterOf<T>() != '^') return '\0';
+    return std::is_arithmetic_v<Pointee> ? characterOf<Pointee>() : 'v';
 }
 
 // NUL-terminated.
@@ -45,11 +45,11 @@ template <class Result, class... Arguments>
 constexpr auto encodedTypes() {
     std::array<char, 2 * sizeof...(Arguments) + 5> text{};
     std::size_t length = 0;
-    const auto put = [&](char letter) {
-        if (letter) text[length++] = letter;
+    const auto put = [&](char character) {
+        if (character) text[length++] = character;
     };
-    (put(letterOf<Result>()), put(letterBehind<Result>()), put('@'), put(':'));
-    ((put(letterOf<Arguments>()), put(letterBehind<Arguments>())), ...);
+    (put(characterOf<Result>()), put(secondCharacterOf<Result>()), put('@'), put(':'));
+    ((put(characterOf<Arguments>()), put(secondCharacterOf<Arguments>())), ...);
     return text;
 }
 

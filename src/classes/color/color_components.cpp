@@ -77,7 +77,7 @@ HostColor channel(CGFloat value) {
 double number(REALobjectStruct* object, Message<CGFloat()>& message) {
     Getter<CGFloat> getter{nativeObject(object), message};
     quiet(getter);
-    return getter.answer;
+    return getter.result;
 }
 
 REALstringStruct* text(REALobjectStruct* object, Message<id()>& message) {
@@ -151,7 +151,7 @@ HostColor colorValue(REALobjectStruct* object, REALword) {
 HostInteger numberOfComponents(REALobjectStruct* object, REALword) {
     Getter<NSInteger> getter{nativeObject(object), sel::numberOfComponents};
     guarded(getter);
-    return getter.answer;
+    return getter.result;
 }
 
 #define CHROMA_NUMBER_GETTER(name)                                                                                          \

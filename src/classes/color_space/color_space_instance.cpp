@@ -33,7 +33,7 @@ REALstringStruct* text(REALobjectStruct* object, Message<id()>& message) {
 HostInteger integer(REALobjectStruct* object, Message<SpaceInteger()>& message) {
     Getter<SpaceInteger> getter{nativeObject(object), message};
     guarded(getter);
-    return getter.answer;
+    return getter.result;
 }
 
 HostInteger handle(REALobjectStruct* object, Message<const void*()>& message) {

@@ -14,10 +14,10 @@ using Tags = std::vector<std::pair<std::string, std::string>>;
 // Returns a number in that many bytes, in big-endian order.
 template <class Number>
 std::string number(Number value, int bytes) {
-    const long long whole = std::llround(static_cast<double>(value));
+    const long long rounded = std::llround(static_cast<double>(value));
     std::string text;
     for (int shift = 8 * (bytes - 1); shift >= 0; shift -= 8) {
-        text.push_back(shift < 64 ? static_cast<char>(whole >> shift) : '\0');
+        text.push_back(shift < 64 ? static_cast<char>(rounded >> shift) : '\0');
     }
     return text;
 }

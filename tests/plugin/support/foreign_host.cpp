@@ -240,9 +240,9 @@ struct Observed<place, Result (*)(Arguments...), target> {
         }
         const auto before = host.before.find(name);
         if (before == host.before.end()) return target(arguments...);
-        const bool givesUp = std::string_view(name).substr(0, 10) == "REALUnlock"; // even if the test's function fails
-        if (givesUp) target(arguments...);
-        return before->second() || givesUp ? Result() : target(arguments...);
+        const bool releases = std::string_view(name).substr(0, 10) == "REALUnlock"; // even if the test's function fails
+        if (releases) target(arguments...);
+        return before->second() || releases ? Result() : target(arguments...);
     }
 };
 
@@ -254,7 +254,7 @@ Host& Host::instance() {
 }
 
 void* Host::resolve(const char* entryName) {
-    ++instance().asked[entryName];
+    ++instance().lookUps[entryName];
     const std::string_view wanted = entryName;
     if (instance().missing.count(entryName)) return nullptr;
 #define FOREIGN_ENTRY(name, Procedure, since)                                                                               \
@@ -341,10 +341,10 @@ std::vector<double> take(REALarrayDouble* array) { return cellOf(Owned(array))->
 std::vector<REALobjectStruct*> objectsOf(void* array) { return cellOf(array)->objects; }
 
 REALmemoryBlockStruct* block(const std::string& bytes) { return block(bytes, static_cast<std::int32_t>(bytes.size())); }
-REALmemoryBlockStruct* block(const std::string& bytes, std::int32_t toldSize) {
+REALmemoryBlockStruct* block(const std::string& bytes, std::int32_t reportedSize) {
     Cell* const cell = newCell(blockClass);
     cell->bytes = bytes;
-    cell->size = toldSize;
+    cell->size = reportedSize;
     if (!storesInRecords()) cell->put(REALmemoryBlockSizeOffset, -1);
     showBytes(cell);
     return cell->value<REALmemoryBlockStruct>();

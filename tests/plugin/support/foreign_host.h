@@ -23,7 +23,7 @@ using Raised = std::tuple<std::string, std::string, int>;
 struct Host {
     double version = 2021.0;
     std::set<std::string> missing;             // entries that the resolver does not know
-    std::map<std::string, int> asked;          // the number of look-ups by entry
+    std::map<std::string, int> lookUps;        // the number of look-ups by entry
     std::vector<REALclassDefinition*> records; // as received
     std::set<std::string> plainClasses{"RuntimeException",   "OutOfBoundsException", "OutOfMemoryException",
                                        "NilObjectException", "IllegalCastException", "UnsupportedOperationException",
@@ -100,7 +100,7 @@ REALarrayDouble* doubles(const std::vector<double>& values);
 std::vector<double> take(REALarrayDouble* array); // releases the array
 std::vector<REALobjectStruct*> objectsOf(void* array);
 REALmemoryBlockStruct* block(const std::string& bytes);
-REALmemoryBlockStruct* block(const std::string& bytes, std::int32_t toldSize);
+REALmemoryBlockStruct* block(const std::string& bytes, std::int32_t reportedSize);
 std::string bytesOf(REALmemoryBlockStruct* block);
 
 } // namespace foreign

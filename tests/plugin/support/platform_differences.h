@@ -22,18 +22,18 @@ inline const std::string page = [] {
 }();
 
 // Returns whether GNUstep's result is expected. The page must have a row for the question.
-inline bool differs(const std::string& asked) {
-    EXPECT_NE(page.find("| " + asked + " |"), std::string::npos) << asked;
+inline bool differs(const std::string& difference) {
+    EXPECT_NE(page.find("| " + difference + " |"), std::string::npos) << difference;
     return isGNUstep;
 }
 
 template <class T>
-T expected(const std::string& asked, T onAppKit, T onGNUstep) {
-    return differs(asked) ? onGNUstep : onAppKit;
+T expected(const std::string& difference, T onAppKit, T onGNUstep) {
+    return differs(difference) ? onGNUstep : onAppKit;
 }
 
 // Returns whether the platform does not respond to the message. The page must list it.
-inline bool lacks(const std::string& message) {
+inline bool isMissing(const std::string& message) {
     EXPECT_NE(page.find("- `" + message + "`\n"), std::string::npos) << message;
     return isGNUstep;
 }

@@ -1,4 +1,4 @@
-#include "text/letters.h"
+#include "text/characters.h"
 
 #include <algorithm>
 

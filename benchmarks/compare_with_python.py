@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs programs of the script language and the same programs in Python, in turns, and prints a table.
 
-    benchmarks/beside_python.py [CHROMAHOST] [ROUNDS]
+    benchmarks/compare_with_python.py [CHROMAHOST] [ROUNDS]
 
 Each program runs with three sizes, each twice the previous one. A cell has the minimum processor time of the program for each
 size, and the maximum memory.
