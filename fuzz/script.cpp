@@ -6,7 +6,7 @@
 #include "language/language.h"
 #include "language/session.h"
 #include "model/objects.h"
-#include "text/letters.h"
+#include "text/characters.h"
 #include "values/strings.h"
 
 #include <sys/time.h>

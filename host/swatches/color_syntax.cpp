@@ -1,7 +1,7 @@
 #include "swatches/color_syntax.h"
 
+#include "text/characters.h"
 #include "text/css_colors.h"
-#include "text/letters.h"
 #include "text/literals.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // The names of CSS Color Module Level 4.
 #include "text/css_colors.h"
 
-#include "text/letters.h"
+#include "text/characters.h"
 
 #include <algorithm>
 #include <iterator>
