@@ -28,8 +28,8 @@ void readAndWrite(std::string_view text) {
     ColorList* const again = autorelease(make<ColorList>());
     require(readEntries(written, *again), "a list that was written can be read");
     require(writeEntries(*again, rewritten) && rewritten == written, "writing and reading a list changes nothing");
-    for (std::size_t index = 0; index < list->entries.size(); ++index)
-        require(again->entries.at(index)->first == list->entries[index]->first,
+    for (std::size_t i = 0; i < list->entries.size(); ++i)
+        require(again->entries.at(i)->first == list->entries[i]->first,
                 "writing and reading keeps the keys and their order");
 }
 

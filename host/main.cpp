@@ -93,16 +93,15 @@ private:
         const std::string word = app_.remaining().front();
         if (!app_.get_subcommands().empty() || word[0] == '-') return;
         host::NearestName nearest(word);
-        for (const CLI::App* command : app_.get_subcommands(nullptr))
+        for (const CLI::App* const command : app_.get_subcommands(nullptr))
             nearest.offer(command->get_name());
         throw std::invalid_argument("there is no command " + word + nearest.suggestion() + " (--help lists them)");
     }
 
     // Throws if the user passes an option that the command would ignore.
     void refuse(const char* command, std::initializer_list<const char*> options) const {
-        for (const char* option : options) {
+        for (const char* const option : options)
             if (app_.count(option) > 0) throw std::invalid_argument(std::string(command) + " does not use " + option);
-        }
     }
 
     CLI::App* add(const char* name, const char* text, const char* examples, std::function<int()> action) {
@@ -284,16 +283,15 @@ private:
 
     static std::vector<Word> wordsOf(const CLI::App& app, bool named) {
         std::vector<Word> words;
-        for (const CLI::Option* option : app.get_options()) {
+        for (const CLI::Option* const option : app.get_options())
             if (option->nonpositional() == named) words.push_back(wordOf(*option));
-        }
         return words;
     }
 
     std::vector<CommandWords> words() const {
         std::vector<CommandWords> all;
         const std::vector<Word> common = wordsOf(app_, true);
-        for (const CLI::App* command : app_.get_subcommands(nullptr)) {
+        for (const CLI::App* const command : app_.get_subcommands(nullptr)) {
             const std::string name = command->get_name();
             CommandWords words = {{name, command->get_description(), {}, false, name},
                                   {},
@@ -305,9 +303,8 @@ private:
                 words.options.push_back(word);
                 if (word.name.rfind("--help", 0) != 0) words.own.push_back(word);
             }
-            for (const Word& word : common) {
+            for (const Word& word : common)
                 if (word.takesValue) words.options.push_back(word);
-            }
             all.push_back(std::move(words));
         }
         return all;

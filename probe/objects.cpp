@@ -121,7 +121,7 @@ void checkStart(const Host& host) {
     report.begin("(resolver)", true);
     report.trying("(resolver)");
     report.expect(host.resolver("ChromaNoSuchEntry") == nullptr, "returns an address for a name that no host has");
-    for (const char* name : {"PluginNewInstance", "REALBuildString", "REALLockObject"})
+    for (const char* const name : {"PluginNewInstance", "REALBuildString", "REALLockObject"})
         report.expect(host.resolver(name) == host.resolver(name), std::string("returns two addresses for ") + name);
 
     if (const auto version = host.begin(entries::REALGetRBVersion))

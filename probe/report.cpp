@@ -100,7 +100,7 @@ std::string Report::summary() const {
     for (const Finding& finding : findings_)
         ++counts[finding.verdict()];
     std::string text;
-    for (const char* verdict : {"ok", "failed", "not observable", "not tested", "not provided"})
+    for (const char* const verdict : {"ok", "failed", "not observable", "not tested", "not provided"})
         text += (text.empty() ? "" : ", ") + std::to_string(counts[verdict]) + " " + verdict;
     return text + "\n";
 }

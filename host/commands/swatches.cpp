@@ -22,9 +22,8 @@ std::string formOf(const SwatchesOptions& options) {
     if (!options.form.empty()) return options.form;
     if (options.picture.empty()) return "text";
     if (options.picture == "-") return "svg";
-    for (const char* form : {"svg", "png"}) {
+    for (const char* const form : {"svg", "png"})
         if (endsIn(options.picture, std::string(".") + form)) return form;
-    }
     throw std::invalid_argument(options.picture +
                                 " is neither an .svg nor a .png file; --format sets the format for any other name");
 }

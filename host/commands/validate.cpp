@@ -65,7 +65,7 @@ validator::Trial trialOf(const Start& start, const ValidateOptions& options) {
 
 void list(const std::vector<const Check*>& checks, bool json) {
     nlohmann::ordered_json all = nlohmann::ordered_json::array();
-    for (const Check* check : checks) {
+    for (const Check* const check : checks) {
         if (json) {
             all.push_back(
                 {{"name", check->name}, {"requirement", check->requirement}, {"severity", nameOf(check->severity)}});
@@ -105,7 +105,7 @@ int validate(const Start& start, const ValidateOptions& options) {
     ValidationReport report = {trial.plugin, {}};
     const bool isText = !options.json && !options.junit;
     bool isLoaded = true;
-    for (const Check* check : checks) {
+    for (const Check* const check : checks) {
         const Clock::time_point begin = Clock::now();
         Result result;
         if (isLoaded) {

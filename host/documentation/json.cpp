@@ -24,9 +24,8 @@ Json described(const ClassPage& page, std::string_view member) {
     Json sections = Json::array();
     for (const Section& section : page.sections) {
         Json members = Json::array();
-        for (const MemberPage& candidate : section.members) {
+        for (const MemberPage& candidate : section.members)
             if (member.empty() || equalIgnoringCase(candidate.name, member)) members.push_back(described(candidate));
-        }
         if (!members.empty()) sections.push_back({{"title", section.title}, {"members", members}});
     }
     return {{"name", page.info->name()},

@@ -77,9 +77,8 @@ Json describe(const REALclassDefinition& record) {
 
 Json describeAll(const Registry& registry) {
     Json result = Json::array();
-    for (const auto& info : registry.classes()) {
+    for (const auto& info : registry.classes())
         if (!info->isBuiltIn()) result.push_back(describe(*info->record()));
-    }
     return result;
 }
 
@@ -121,9 +120,8 @@ void print(const Json& record, std::size_t width, std::ostream& out) {
         out << ' ' << plain(field.value());
     }
     out << '\n';
-    for (const auto& field : record.items()) {
+    for (const auto& field : record.items())
         if (field.value().is_array()) printTable(field.key(), field.value(), width, out);
-    }
 }
 
 } // namespace

@@ -43,9 +43,8 @@ void checkStandardAccess(const Property& property, std::size_t dataSize) {
     const std::size_t size = standardSize(property.type);
     if (size == 0) throw std::runtime_error("the standard accessor cannot serve a " + nameOf(property.type));
     const auto offset = static_cast<std::size_t>(property.parameter);
-    if (property.parameter < 0 || offset > dataSize || size > dataSize - offset) {
+    if (property.parameter < 0 || offset > dataSize || size > dataSize - offset)
         throw std::runtime_error("the standard accessor would access memory outside the instance data");
-    }
 }
 
 Property makeProperty(ClassInfo& owner, const REALpropertyLegacy& record, std::size_t dataSize) {
@@ -195,9 +194,8 @@ void ClassInfo::destruct(Object* object) {
 }
 
 bool ClassInfo::isOrDescendsFrom(const ClassInfo& other) const {
-    for (const ClassInfo* info = this; info; info = info->super_) {
+    for (const ClassInfo* info = this; info; info = info->super_)
         if (info == &other) return true;
-    }
     return false;
 }
 
@@ -266,7 +264,7 @@ ClassInfo* Registry::add(REALclassDefinition& record, bool builtIn) {
         report(name + ": the instance data size " + std::to_string(record.instanceDataSize) + " is not a multiple of 16");
         return nullptr;
     }
-    for (const char* members : RecordView(record).unknownMembers())
+    for (const char* const members : RecordView(record).unknownMembers())
         report(name + ": this host does not support " + members);
     classes_.push_back(std::make_unique<ClassInfo>(record, super, builtIn, problems_));
     byName_.emplace(name, classes_.back().get());

@@ -146,9 +146,8 @@ private:
         if (parameter.byRef || parameter.paramArray) fail("a default for a byref or paramarray parameter", start);
         Literal value = literal();
         const Type& wanted = parameter.type;
-        if (wanted.is(Kind::real) && std::holds_alternative<HostInteger>(value.value)) {
+        if (wanted.is(Kind::real) && std::holds_alternative<HostInteger>(value.value))
             value.value = static_cast<double>(std::get<HostInteger>(value.value));
-        }
         const bool fits = value.type() == wanted || (value.type().isNil() && wanted.isObjectReference());
         if (!fits) fail("a default of another type than " + nameOf(wanted), start);
         parameter.defaultValue = std::move(value);

@@ -12,9 +12,8 @@ enum Cost { exact = 0, upcast = 1, toAnyObject = 100, nilLiteral, widened, toVar
 
 int upcastCost(const std::string& from, const std::string& to) {
     int cost = upcast;
-    for (const ClassInfo* info = registry().find(from); info; info = info->super(), ++cost) {
+    for (const ClassInfo* info = registry().find(from); info; info = info->super(), ++cost)
         if (equalIgnoringCase(info->name(), to)) return cost;
-    }
     return toAnyObject;
 }
 
@@ -60,9 +59,8 @@ bool bindParameter(Candidate& candidate, const Parameter& parameter, const std::
     if (parameter.paramArray) {
         binding.source = Binding::Source::paramArray;
         candidate.extras += paramArrayExtra;
-        for (; next < arguments.size(); ++next) {
+        for (; next < arguments.size(); ++next)
             if (!bindConverted(candidate, binding, parameter.type.element(), arguments[next].type)) return false;
-        }
     } else if (next == arguments.size()) {
         if (!parameter.defaultValue) return false;
         binding.source = Binding::Source::defaultValue;
@@ -83,9 +81,8 @@ bool bindParameter(Candidate& candidate, const Parameter& parameter, const std::
 std::optional<Candidate> candidateFor(const Method& method, const std::vector<Argument>& arguments) {
     Candidate candidate = {&method, {}, {}, 0};
     std::size_t next = 0;
-    for (const Parameter& parameter : method.signature.parameters) {
+    for (const Parameter& parameter : method.signature.parameters)
         if (!bindParameter(candidate, parameter, arguments, next)) return std::nullopt;
-    }
     if (next != arguments.size()) return std::nullopt;
     return candidate;
 }
@@ -111,7 +108,7 @@ std::string describe(const std::vector<Argument>& arguments) {
 
 std::string listed(const std::vector<const Method*>& methods) {
     std::string text;
-    for (const Method* method : methods)
+    for (const Method* const method : methods)
         text += std::string("\n    ") + method->declaration;
     return text;
 }
@@ -134,7 +131,7 @@ std::string reasonAgainst(const Method& method, const std::vector<Argument>& arg
 
 Resolution resolveCall(const std::string& what, const OverloadSet& overloads, const std::vector<Argument>& arguments) {
     std::vector<Candidate> candidates;
-    for (const Method* method : overloads) {
+    for (const Method* const method : overloads) {
         std::optional<Candidate> candidate = candidateFor(*method, arguments);
         if (candidate) candidates.push_back(std::move(*candidate));
     }
@@ -160,7 +157,7 @@ Resolution resolveCall(const std::string& what, const OverloadSet& overloads, co
     } else {
         resolution.error = what + " cannot be called " + describe(arguments);
         std::string reason;
-        for (const Method* method : overloads)
+        for (const Method* const method : overloads)
             if (reason.empty()) reason = reasonAgainst(*method, arguments);
         resolution.error += reason + ". Declared:" + listed(overloads);
     }

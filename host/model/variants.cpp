@@ -69,9 +69,8 @@ Object* newVariant(const Type& type, Slot value) {
 Type typeInVariant(const Object* variant) {
     if (!variant) return Type::nil();
     if (isArray(variant)) return elementType(static_cast<const Array*>(variant)).arrayOf();
-    for (const Box& box : boxes()) {
+    for (const Box& box : boxes())
         if (variant->info == &box.info) return {box.kind, false, {}};
-    }
     return Type::object(variant->info->name());
 }
 

@@ -140,7 +140,7 @@ OverloadSet calledBy(language::Session& session, std::string_view before, bool& 
 std::string signatures(language::Session& session, std::string_view before) {
     bool constructor = false;
     std::string lines;
-    for (const Method* method : calledBy(session, before, constructor)) {
+    for (const Method* const method : calledBy(session, before, constructor)) {
         const std::string_view declaration = method->declaration;
         const std::string_view own = declaration.substr(constructor ? method->signature.name.size() : 0);
         lines.append(lines.empty() ? "" : "\n");

@@ -110,9 +110,8 @@ Reference colorOfText(const std::string& text) {
     if (name == "transparent") return sRGBColor({0, 0, 0, 0});
     if (const auto color = cssColor(name)) return colorOfValue(*color);
     if (const auto color = colorOfHex(name.substr(!name.empty() && name[0] == '#' ? 1 : 0))) return colorOfValue(*color);
-    if (const auto parsed = function(name)) {
+    if (const auto parsed = function(name))
         if (Reference color = colorOfFunction(*parsed)) return color;
-    }
     for (const std::string& member : sharedMakers("NSColorZRX")) {
         if (!equalIgnoringCase(member, text)) continue;
         if (Reference color = namedColor(member)) return color;

@@ -35,7 +35,7 @@ void throwPending() {
 
 // Calls the overload with this number of parameters. For a method, the first argument is the receiver.
 Slot call(const ClassInfo& info, const char* name, const OverloadSet& overloads, const std::vector<Slot>& arguments) {
-    for (const Method* method : overloads) {
+    for (const Method* const method : overloads) {
         if (method->signature.parameters.size() + (method->shared ? 0 : 1) != arguments.size()) continue;
         const platform::AutoreleasePool pool;
         Slot result;
@@ -92,7 +92,7 @@ Reference spaceOfProfile(const std::string& profile) {
     if (!data) throw std::runtime_error("out of memory");
     std::memcpy(bytesOf(block), profile.data(), profile.size());
     const ClassInfo& info = classNamed(spaceClass);
-    for (const Method* maker : info.findSharedMethods("ColorSpaceWithICCProfileData")) {
+    for (const Method* const maker : info.findSharedMethods("ColorSpaceWithICCProfileData")) {
         if (equalIgnoringCase(maker->signature.parameters[0].type.className, "MemoryBlock"))
             return Reference(call(info, maker->signature.name.c_str(), {maker}, {Slot::ofObject(block)}).object);
     }

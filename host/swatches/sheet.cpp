@@ -84,9 +84,8 @@ Swatch swatchOf(const std::string& name, const Reference& color) {
 
 std::string groupOf(const Swatch& swatch) {
     if (swatch.space != "catalogue") return "Plain";
-    for (const auto& usage : usages) {
+    for (const auto& usage : usages)
         if (swatch.name.rfind(usage.prefix, 0) == 0) return usage.group;
-    }
     return "Other";
 }
 
@@ -156,7 +155,7 @@ Conversion conversion(const std::string& member, const Reference& color, const R
 
 SwatchSheet systemColors() {
     SwatchSheet sheet = {"System colours", "", {}};
-    for (const char* title : {"Plain", "Text", "Controls", "Windows, menus and tables", "Other"})
+    for (const char* const title : {"Plain", "Text", "Controls", "Windows, menus and tables", "Other"})
         sheet.groups.push_back({title, {}});
     std::size_t count = 0;
     for (const std::string& name : sharedMakers("NSColorZRX")) {
@@ -196,9 +195,8 @@ ConversionSheet colorInSpaces(const std::string& text) {
     const Reference color = colorOfText(text);
     ConversionSheet sheet = {
         text, valueOf(swatchOf(text, color)) + " in the spaces of NSColorSpaceZRX. " + outsideLegend, {}};
-    for (const std::string& member : sharedMakers("NSColorSpaceZRX")) {
+    for (const std::string& member : sharedMakers("NSColorSpaceZRX"))
         if (const Reference space = namedSpace(member)) sheet.rows.push_back(conversion(member, color, space));
-    }
     sheet.rows.push_back(conversion("colorWithDisplayP3(...).colorSpace", color, displayP3Space()));
     return sheet;
 }

@@ -63,9 +63,8 @@ std::size_t floor(std::string_view text, std::size_t offset) {
 
 std::size_t offsetOf(std::string_view text, std::size_t index) {
     std::size_t offset = 0;
-    for (; offset < text.size(); ++offset) {
+    for (; offset < text.size(); ++offset)
         if (startsCharacter(text[offset]) && index-- == 0) break;
-    }
     return offset;
 }
 

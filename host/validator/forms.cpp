@@ -98,7 +98,7 @@ std::vector<Form> formsOf(const Parameter& parameter);
 
 // Returns an object that one of its constructors has filled from numbers, text and the like, or null if none has.
 Object* constructed(const ClassInfo& info) {
-    for (const Method* constructor : info.constructors()) {
+    for (const Method* const constructor : info.constructors()) {
         const std::vector<Parameter>& parameters = constructor->signature.parameters;
         Owned<Object> object(newEmpty(info.name()));
         const Use use(nameFor(info, constructor->signature));

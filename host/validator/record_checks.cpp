@@ -37,9 +37,8 @@ void checkFurther(const ClassInfo& info, const Row* rows, std::size_t count, con
 void checkRecord(const ClassInfo& info) {
     const RecordView view(*info.record());
     checkTables(info, view.head());
-    for (std::size_t i = 0; i < view.propertyCount(); ++i) {
+    for (std::size_t i = 0; i < view.propertyCount(); ++i)
         if (view.property(i).group) complain(info.name() + ": property " + std::to_string(i) + " has a group");
-    }
     if (view.isLegacy()) return checkFurther(info, view.head().properties, view.propertyCount(), "property");
     const REALclassDefinition& record = *info.record();
     checkFurther(info, record.properties, view.propertyCount(), "property");
@@ -94,7 +93,7 @@ void recordsParse(Run& run) {
 
 void recordsAreComplete(Run& run) {
     run.classes([](const std::vector<const ClassInfo*>& classes) {
-        for (const ClassInfo* info : classes) {
+        for (const ClassInfo* const info : classes) {
             checkRecord(*info);
             tested();
         }
@@ -110,7 +109,7 @@ void typesAreKnown(Run& run) {
 
 void membersAreUnique(Run& run) {
     run.classes([](const std::vector<const ClassInfo*>& classes) {
-        for (const ClassInfo* info : classes) {
+        for (const ClassInfo* const info : classes) {
             checkNames(*info);
             tested();
         }

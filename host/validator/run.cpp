@@ -28,7 +28,7 @@ std::string functionIn(const std::string& step) { return step.substr(0, step.fin
 
 std::vector<Function> functionsOf(const std::vector<const ClassInfo*>& classes) {
     std::vector<Function> all;
-    for (const ClassInfo* info : classes) {
+    for (const ClassInfo* const info : classes) {
         for (Function& function : functionsOf(*info, declaredForms))
             all.push_back(std::move(function));
     }

@@ -25,9 +25,8 @@ bool operator==(const Type& a, const Type& b) {
 bool operator!=(const Type& a, const Type& b) { return !(a == b); }
 
 Type typeNamed(std::string_view name) {
-    for (const auto& [kind, kindName] : kindNames) {
+    for (const auto& [kind, kindName] : kindNames)
         if (equalIgnoringCase(name, kindName)) return {kind, false, {}};
-    }
     return Type::object(std::string(name));
 }
 
@@ -42,9 +41,8 @@ std::vector<std::string_view> typeNames() {
 std::string nameOf(const Type& type) {
     if (type.isNil()) return "Nil";
     std::string name = type.className;
-    for (const auto& [kind, kindName] : kindNames) {
+    for (const auto& [kind, kindName] : kindNames)
         if (kind == type.kind) name = kindName;
-    }
     if (type.isArray) name += "()";
     return name;
 }

@@ -39,12 +39,10 @@ std::once_flag registered;
 
 void registerPlatform() noexcept {
     std::call_once(registered, [] {
-        for (const auto table : classTables) {
+        for (const auto table : classTables)
             registerClass(table());
-        }
-        for (const auto category : categories) {
+        for (const auto category : categories)
             registerCategory(category());
-        }
         exchangeUncaughtHandler(reportUncaught);
         watchForUncaught();
         platformIsReady.store(true, std::memory_order_release);

@@ -9,9 +9,8 @@ namespace chroma {
 void startPlugin(REALresolver resolver, std::initializer_list<REALclassDefinition*> classes) {
     if (gResolver) return; // the host has the records already, perhaps in the legacy layout
     gResolver = resolver;
-    if (resolver) {
+    if (resolver)
         if (const auto hostVersion = resolveOnce(entries::REALGetRBVersion)) rbversion_rbversion = hostVersion();
-    }
     CurrentREALControlVersion = controlVersionFor(rbversion_rbversion);
     if (!resolver) return;
     if (const auto announce = resolveOnce(entries::RegisterPluginVersion)) announce(CurrentREALControlVersion);

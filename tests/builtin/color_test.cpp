@@ -87,9 +87,8 @@ TEST_F(Colors, RaiseForUnsupportedMessages) {
         {patternOf(image()), {"numberOfComponents", "colorSpace", "colorNameComponent"}},
         {red, {"colorNameComponent", "localizedColorNameComponent", "catalogNameComponent", "patternImage"}}};
     for (const auto& [color, messages] : unsupported) {
-        for (const char* const message : messages) {
+        for (const char* const message : messages)
             EXPECT_TRUE(refuses([&, color = color] { send(color, message); })) << textOf(color) << " " << message;
-        }
     }
 }
 

@@ -42,8 +42,8 @@ id fromUnits(std::u16string_view units) {
 
 std::u16string unitsOf(id string) {
     std::u16string units;
-    for (CFIndex index = 0; string && index < CFStringGetLength(string); ++index)
-        units.push_back(send<char16_t>(string, "characterAtIndex:", static_cast<std::uintptr_t>(index)));
+    for (CFIndex i = 0; string && i < CFStringGetLength(string); ++i)
+        units.push_back(send<char16_t>(string, "characterAtIndex:", static_cast<std::uintptr_t>(i)));
     return units;
 }
 

@@ -118,9 +118,8 @@ constexpr double byte = 1 / 255.0;
 // Returns parametric curves for version 4, otherwise sampled ones.
 cmsStage* newCurves(cmsUInt32Number channels, bool isVersion4) {
     std::vector<cmsUInt16Number> samples;
-    for (int index = 0; index < 256; ++index) {
-        samples.push_back(static_cast<cmsUInt16Number>(65535 * std::pow(index / 255.0, 1.4)));
-    }
+    for (int i = 0; i < 256; ++i)
+        samples.push_back(static_cast<cmsUInt16Number>(65535 * std::pow(i / 255.0, 1.4)));
     const std::shared_ptr<cmsToneCurve> curve(isVersion4 ? cmsBuildGamma(nullptr, 1.4)
                                                          : cmsBuildTabulatedToneCurve16(nullptr, 256, samples.data()),
                                               cmsFreeToneCurve);
@@ -133,9 +132,8 @@ int wind(const cmsUInt16Number inputs[], cmsUInt16Number outputs[], void* channe
     const auto [from, to] = *static_cast<std::pair<cmsUInt32Number, cmsUInt32Number>*>(channels);
     for (cmsUInt32Number output = 0; output < to; ++output) {
         double value = 0.3 + output;
-        for (cmsUInt32Number input = 0; input < from; ++input) {
+        for (cmsUInt32Number input = 0; input < from; ++input)
             value += (0.5 + (input + output) % 3) * inputs[input] / 65535.0;
-        }
         outputs[output] = static_cast<cmsUInt16Number>(32767 * (1 + std::sin(2 * value)));
     }
     return 1;

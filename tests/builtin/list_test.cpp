@@ -143,10 +143,10 @@ TEST_F(ColorLists, RoundTripThroughFilesBitForBit) {
     ASSERT_TRUE(write(list, file));
     const id same = listFrom(file), keys = send(same, "allKeys");
     ASSERT_EQ(send<std::uintptr_t>(keys, "count"), std::size(entries));
-    for (std::uintptr_t index = 0; index < std::size(entries); ++index) {
-        const auto& [key, color] = entries[index];
-        EXPECT_TRUE(isEqual(send(keys, "objectAtIndex:", index), key)) << index;
-        EXPECT_TRUE(isEqual(send(same, "colorWithKey:", key), color)) << index;
+    for (std::uintptr_t i = 0; i < std::size(entries); ++i) {
+        const auto& [key, color] = entries[i];
+        EXPECT_TRUE(isEqual(send(keys, "objectAtIndex:", i), key)) << i;
+        EXPECT_TRUE(isEqual(send(same, "colorWithKey:", key), color)) << i;
     }
     EXPECT_TRUE(std::signbit(componentsOf(colorWithKey(same, "plain"))[1]));
     EXPECT_EQ(send(colorWithKey(same, "plain"), "colorSpace"), standardSpace("genericRGBColorSpace"));
@@ -250,8 +250,8 @@ TEST_F(ColorLists, KeepTheOldFileIfWritingFails) {
     set(list, red, "a");
     ASSERT_TRUE(write(list, file));
     const std::string old = contentsOf(file);
-    for (int index = 0; index < 200; ++index)
-        set(list, blue, "key " + std::to_string(index));
+    for (int i = 0; i < 200; ++i)
+        set(list, blue, "key " + std::to_string(i));
     // The disk becomes full halfway through.
     rlimit limit;
     getrlimit(RLIMIT_FSIZE, &limit);

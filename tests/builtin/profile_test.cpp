@@ -171,9 +171,8 @@ TEST_F(Profiles, KeepWhiteAndBlackWithFlatCurveEnds) {
     const std::string curve = sampledCurve({0, 0, 0.3, 1, 1});
     const id knee = spaceFrom(profile("GRAY", {{"kTRC", curve}}));
     const id space = standardSpace("genericGamma22GrayColorSpace");
-    for (const auto& [level, expected] : {std::pair(1.f, 1.f), {std::nextafter(1.f, 0.f), 1.f}, {0.f, 0.25f}}) {
+    for (const auto& [level, expected] : {std::pair(1.f, 1.f), {std::nextafter(1.f, 0.f), 1.f}, {0.f, 0.25f}})
         expectNear(componentsOf(send(colorIn(space, {level, 1}), "colorUsingColorSpace:", knee)), {expected, 1}, 1e-6);
-    }
 }
 
 TEST_F(Profiles, ReportModelChannelsAndName) {

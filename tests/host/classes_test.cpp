@@ -118,8 +118,8 @@ TEST_P(BothLayouts, ProvideTheSameMembersAndListing) {
     std::ostringstream text;
     listRecords(registry(), 0, text);
     EXPECT_EQ(text.str().find("RuntimeException"), std::string::npos);
-    for (const char* part : {GetParam() ? "controlVersion 9, layout legacy" : "controlVersion 13, layout current",
-                             "0      Handle  Integer  6      standard  standard  0", "Title = \"Counter\""})
+    for (const char* const part : {GetParam() ? "controlVersion 9, layout legacy" : "controlVersion 13, layout current",
+                                   "0      Handle  Integer  6      standard  standard  0", "Title = \"Counter\""})
         EXPECT_NE(text.str().find(part), std::string::npos) << part << " in\n" << text.str();
 }
 

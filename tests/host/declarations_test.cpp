@@ -21,7 +21,7 @@ TEST(Declarations, ParseParametersDefaultsAndConstants) {
     EXPECT_EQ(parseType("NSColorZRX"), Type::object("nscolorzrx"));
 
     const auto defaultIn = [](const char* text) { return parseSignature(text).parameters.back().defaultValue.value(); };
-    for (const char* text : {"f(red as double, alpha as double = 1.0)", "f(red as double,alpha as double=1)"})
+    for (const char* const text : {"f(red as double, alpha as double = 1.0)", "f(red as double,alpha as double=1)"})
         EXPECT_EQ(std::get<double>(defaultIn(text).value), 1.0) << text;
     EXPECT_EQ(std::get<std::string>(defaultIn("f(s as string = \"a \"\"b\"\"\")").value), "a \"b\"");
     EXPECT_EQ(std::get<HostColor>(defaultIn("f(c as color = #FF8000)").value), 0xFFFF8000u);
@@ -61,7 +61,7 @@ TEST(Declarations, ReportErrorsWithTheirColumn) {
         {"f(a as double = +)", "expected a value at column 17"}};
     for (const auto& [text, error] : cases)
         EXPECT_EQ(errorOf([text = text] { parseSignature(text); }), error + " of \"" + text + "\"");
-    for (const char* constant : {"a = ", "a"})
+    for (const char* const constant : {"a = ", "a"})
         EXPECT_THROW(parseConstant(constant), DeclarationError);
     EXPECT_THROW(parseType("double() x"), DeclarationError);
 }

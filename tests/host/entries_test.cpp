@@ -21,7 +21,7 @@ TEST(Entries, AreMissingIfTheHostIsTooOldOrWithholdsThem) {
 
     startHost({2012.5, {"newMemoryBlock", "REALLockObject"}});
     EXPECT_EQ(entry<REALGetRBVersionProc>("REALGetRBVersion")(), 2012.5);
-    for (const char* name : {"newMemoryBlock", "PluginDoubleArrayGetProc", "memoryBlockGetPtr", "reallockstring"})
+    for (const char* const name : {"newMemoryBlock", "PluginDoubleArrayGetProc", "memoryBlockGetPtr", "reallockstring"})
         EXPECT_EQ(resolveEntry(name), nullptr) << name;
     const std::vector<std::string> names = entryNames();
     const auto offered = [](const std::string& name) { return resolveEntry(name.c_str()) != nullptr; };
@@ -66,7 +66,7 @@ TEST_F(Exceptions, HaveTheirClassAndStayPendingUntilTaken) {
     EXPECT_EQ(isA(second, "OutOfBoundsException"), 0);
     EXPECT_EQ(isA(nullptr, "RuntimeException"), 0);
 
-    for (const char* className : {"NoSuchException", "MemoryBlock"}) {
+    for (const char* const className : {"NoSuchException", "MemoryBlock"}) {
         raise(className, className);
         EXPECT_EQ(pendingMessage("RuntimeException"), className);
     }

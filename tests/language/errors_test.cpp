@@ -67,7 +67,7 @@ TEST(SourceText, InvalidBytesAreReported) {
                 "test.bas:2:7: error: a program cannot contain a NUL byte\nPrint ? 2\n      ^\n");
     expectError(runProgram("Print \x1B[2J"),
                 "test.bas:1:7: error: the control character &h1B has no meaning here\nPrint ?[2J\n");
-    for (const char* malformed : {"\xC3(", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82", "\x80"})
+    for (const char* const malformed : {"\xC3(", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82", "\x80"})
         expectError(runProgram(std::string("' ") + malformed), "test.bas:1:3: error: a program is UTF-8 text");
 }
 

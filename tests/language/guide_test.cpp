@@ -38,7 +38,7 @@ TEST(Guide, ExamplesCauseNoWarning) {
     startHostWithPlugins();
     std::size_t programs = 0;
     std::ostringstream warnings;
-    for (const char* folder : {"/../examples", "/../benchmarks", "/../tests/programs"}) {
+    for (const char* const folder : {"/../examples", "/../benchmarks", "/../tests/programs"}) {
         for (const auto& entry : std::filesystem::directory_iterator(std::string(CHROMA_PAGES) + folder)) {
             if (entry.path().extension() != ".bas") continue;
             std::ostringstream text;

@@ -34,7 +34,7 @@ id countingClass() {
 HostBoolean leaveNative() {
     static const id counting = countingClass();
     id object = counting;
-    for (const char* message : {"alloc", "init", "autorelease"}) {
+    for (const char* const message : {"alloc", "init", "autorelease"}) {
         const SEL selector = sel_registerName(message);
         object = reinterpret_cast<NativeMethod>(objc_msg_lookup(object, selector))(object, selector);
     }

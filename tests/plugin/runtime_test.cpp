@@ -36,7 +36,7 @@ TEST_F(Start, RegistersTheVersionOnceBeforeTheClasses) {
     EXPECT_EQ(host.lookUps, (std::map<std::string, int>{
                                 {"REALGetRBVersion", 1}, {"RegisterPluginVersion", 1}, {"PluginRegisterClass", 1}}));
     std::vector<std::string> names;
-    for (const REALclassDefinition* record : host.records)
+    for (const REALclassDefinition* const record : host.records)
         names.emplace_back(record->name);
     EXPECT_EQ(names, (std::vector<std::string>{"NSColorZRX", "NSColorListZRX", "NSColorSpaceZRX"}));
     EXPECT_EQ(rbversion_rbversion, 2013.03);

@@ -29,9 +29,8 @@ protected:
 
 bool declares(const ClassPage& page, std::string_view member) {
     for (const Section& section : page.sections) {
-        for (const MemberPage& declared : section.members) {
+        for (const MemberPage& declared : section.members)
             if (declared.name == member) return true;
-        }
     }
     return false;
 }

@@ -54,7 +54,7 @@ TEST_F(Swatches, MeasureColorDifferencesAsPublished) {
     }
     EXPECT_NEAR(contrastRatio({0x77 / 255.0, 0x77 / 255.0, 0x77 / 255.0, 1}, {1, 1, 1, 1}), 4.48, 0.005) << "as published";
     // The platform's conversion and the formula for sRGB agree on colours within sRGB.
-    for (const char* text : {"white", "#36C", "lime", "blue", "rgb(1 2 3)"}) {
+    for (const char* const text : {"white", "#36C", "lime", "blue", "rgb(1 2 3)"}) {
         const Reference color = colorOfText(text);
         EXPECT_LT(distance(labOf(color), labOf(inSRGB(color))), 0.02) << text;
     }
@@ -89,9 +89,10 @@ TEST_F(Swatches, FitTheTerminal) {
         }
     }
     const std::string page = written(sheet, ColorDepth::none, 60);
-    for (const char* line : {"\n  \u73ca\u745a\u8272 in Chinese      #FF0000    Generic RGB Pr\u2026 \u25b2 \u0394E 0.8\n",
-                             "\n  e\u0301 \U0001f30a                   #FF0000    Generic RGB Pr\u2026 \u25b2 \u0394E 0.8\n",
-                             "\n  a name that is much t\u2026 #FF0000    Generic RGB Pr\u2026 \u25b2 \u0394E 0.8\n"})
+    for (const char* const line :
+         {"\n  \u73ca\u745a\u8272 in Chinese      #FF0000    Generic RGB Pr\u2026 \u25b2 \u0394E 0.8\n",
+          "\n  e\u0301 \U0001f30a                   #FF0000    Generic RGB Pr\u2026 \u25b2 \u0394E 0.8\n",
+          "\n  a name that is much t\u2026 #FF0000    Generic RGB Pr\u2026 \u25b2 \u0394E 0.8\n"})
         EXPECT_NE(page.find(line), std::string::npos) << line << page;
 }
 

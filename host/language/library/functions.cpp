@@ -172,13 +172,13 @@ const std::vector<Method>& functions() {
 }
 
 Nature functionNature(std::string_view name) {
-    for (const Method* overload : findFunctions(name))
+    for (const Method* const overload : findFunctions(name))
         if (const Nature nature = definitions[overload->index].nature; nature != Nature::computes) return nature;
     return Nature::computes;
 }
 
 std::string_view functionText(std::string_view name) {
-    for (const Method* overload : findFunctions(name))
+    for (const Method* const overload : findFunctions(name))
         if (const std::string_view text = definitions[overload->index].text; !text.empty()) return text;
     return {};
 }

@@ -119,7 +119,7 @@ ActionPtr appendToVariable(VariablePlace place, std::vector<CodePtr> texts, Offs
         }
         requireTextSize(size, offset);
         changeText(frame.variable(place), std::move(text), offset, [&](Owned<String>& changed) {
-            for (const String* part : parts)
+            for (const String* const part : parts)
                 replace(changed, append(changed.get(), part));
         });
     });

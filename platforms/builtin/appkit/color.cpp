@@ -66,9 +66,8 @@ String* describeComponents(const ColorContents& contents) {
     const SpaceDefinition& space = *contents.space->definition;
     std::u16string text(space.colorSpaceName->text());
     if (space.colorSpaceName == &spaceName::custom) text.append(u" ").append(space.name).append(u" colorspace");
-    for (std::size_t index = 0; index < contents.count(); ++index) {
-        text.append(u" ").append(formattedComponent(contents.components[index]));
-    }
+    for (std::size_t i = 0; i < contents.count(); ++i)
+        text.append(u" ").append(formattedComponent(contents.components[i]));
     return string(text);
 }
 
@@ -100,9 +99,8 @@ BOOL isEqual(Color* self, SEL, id other) {
 // Equal colours must have equal hashes, although +0 and -0 are equal with different bits.
 std::uintptr_t hash(Color* self, SEL) {
     std::uintptr_t value = static_cast<std::uintptr_t>(self->contents.kind);
-    for (const float component : self->contents.components) {
+    for (const float component : self->contents.components)
         value = value * 31 + std::hash<float>()(component);
-    }
     return value;
 }
 

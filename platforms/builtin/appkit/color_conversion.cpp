@@ -61,9 +61,9 @@ Color* blended(Color* color, double fraction, Color* other) {
     Color* const second = other ? converted(other, space) : nullptr;
     if (!first || !second) return nullptr;
     Color* const made = componentColor(space, {});
-    for (std::size_t index = 0; index < made->contents.count(); ++index) {
-        made->contents.components[index] = static_cast<float>((1 - fraction) * first->contents.components[index] +
-                                                              fraction * second->contents.components[index]);
+    for (std::size_t i = 0; i < made->contents.count(); ++i) {
+        made->contents.components[i] =
+            static_cast<float>((1 - fraction) * first->contents.components[i] + fraction * second->contents.components[i]);
     }
     return made;
 }

@@ -150,9 +150,8 @@ ColorList* systemList() {
         made->name = u"System";
         made->isEditable = false;
         const CatalogColors colors = catalogColors();
-        for (std::size_t index = 0; index < colors.count; ++index) {
-            put(made, *autorelease(newAsciiString(colors.colors[index].name)), colorOf(colors.colors[index]));
-        }
+        for (std::size_t i = 0; i < colors.count; ++i)
+            put(made, *autorelease(newAsciiString(colors.colors[i].name)), colorOf(colors.colors[i]));
         return made;
     }();
     return list;
@@ -179,9 +178,8 @@ BOOL isEditable(ColorList* self, SEL) { return self->isEditable; }
 
 Array* allKeys(ColorList* self, SEL) {
     auto* const keys = autorelease(make<Array>());
-    for (const ColorList::Entry* entry : self->entries) {
+    for (const ColorList::Entry* const entry : self->entries)
         keys->append(string(entry->first));
-    }
     return keys;
 }
 

@@ -20,9 +20,8 @@ constexpr const char* standardNames[standardSpaceCount] = {
 
 // null for a space that is none of the platform's own.
 const char* standardNameOf(const SpaceDefinition& space) {
-    for (std::size_t index = 0; index < standardSpaceCount; ++index) {
-        if (standardDefinition(static_cast<StandardSpace>(index)).get() == &space) return standardNames[index];
-    }
+    for (std::size_t i = 0; i < standardSpaceCount; ++i)
+        if (standardDefinition(static_cast<StandardSpace>(i)).get() == &space) return standardNames[i];
     return nullptr;
 }
 
@@ -57,9 +56,8 @@ public:
 private:
     void writeComponents(const ColorContents& contents) {
         colors_.append(" components ").append(std::to_string(numberOf(*contents.space->definition)));
-        for (std::size_t index = 0; index < contents.count(); ++index) {
-            writeFloat(contents.components[index], colors_);
-        }
+        for (std::size_t i = 0; i < contents.count(); ++i)
+            writeFloat(contents.components[i], colors_);
     }
 
     void writePattern(Size size) {
@@ -185,9 +183,8 @@ bool nextLine(std::string_view& text, std::string_view& line) {
 
 bool writeEntries(const ColorList& list, std::string& text) {
     ListWriter writer;
-    for (const ColorList::Entry* entry : list.entries) {
+    for (const ColorList::Entry* const entry : list.entries)
         if (!writer.write(*entry)) return false;
-    }
     writer.finish(list.entries.size(), text);
     return true;
 }

@@ -22,18 +22,18 @@ void writeUtf8(std::u16string_view character, std::string& text) {
 
 void writeKey(std::u16string_view key, std::string& text) {
     text.push_back('"');
-    for (std::size_t index = 0; index < key.size(); ++index) {
-        const char16_t unit = key[index];
+    for (std::size_t i = 0; i < key.size(); ++i) {
+        const char16_t unit = key[i];
         if (unit == u'"' || unit == u'\\') {
             text.push_back('\\');
             text.push_back(static_cast<char>(unit));
-        } else if (isPair(key, index)) {
-            writeUtf8(key.substr(index++, 2), text);
+        } else if (isPair(key, i)) {
+            writeUtf8(key.substr(i++, 2), text);
         } else if (unit < 0x20 || unit == 0x7F || (unit & 0xF800) == 0xD800) {
             text += "\\u";
             writeHex(unit, 4, text);
         } else {
-            writeUtf8(key.substr(index, 1), text);
+            writeUtf8(key.substr(i, 1), text);
         }
     }
     text.push_back('"');
@@ -57,9 +57,8 @@ void writeMeasure(CGFloat value, std::string& text) {
 }
 
 void writeBytes(const std::vector<std::uint8_t>& bytes, std::string& text) {
-    for (const std::uint8_t byte : bytes) {
+    for (const std::uint8_t byte : bytes)
         writeHex(byte, 2, text);
-    }
 }
 
 bool LineReader::endWord() {
@@ -135,9 +134,9 @@ bool LineReader::measure(CGFloat& value) {
 bool LineReader::bytes(std::vector<std::uint8_t>& bytes) {
     std::string_view digits;
     if (!word(digits) || digits.size() % 2 != 0) return false;
-    for (std::size_t index = 0; index < digits.size(); index += 2) {
+    for (std::size_t i = 0; i < digits.size(); i += 2) {
         std::uint8_t byte;
-        if (!readHex(digits.substr(index, 2), byte)) return false;
+        if (!readHex(digits.substr(i, 2), byte)) return false;
         bytes.push_back(byte);
     }
     return true;

@@ -19,9 +19,9 @@ ColorSpace::~ColorSpace() = default;
 ColorSpace* standardSpace(StandardSpace space) {
     static const auto spaces = [] {
         std::array<ColorSpace*, standardSpaceCount> made;
-        for (std::size_t index = 0; index < made.size(); ++index) {
-            made[index] = makeImmortal(make<ColorSpace>());
-            made[index]->definition = standardDefinition(static_cast<StandardSpace>(index));
+        for (std::size_t i = 0; i < made.size(); ++i) {
+            made[i] = makeImmortal(make<ColorSpace>());
+            made[i]->definition = standardDefinition(static_cast<StandardSpace>(i));
         }
         return made;
     }();
@@ -42,9 +42,8 @@ ColorSpace* spaceForName(id name) {
     static const Message length{"length"};
     const String* const wanted = argument<String>(name, length);
     if (!wanted) return nullptr;
-    for (const NamedSpace& candidate : spaces) {
+    for (const NamedSpace& candidate : spaces)
         if (isEqualText(candidate.name, *wanted)) return standardSpace(candidate.space);
-    }
     return nullptr;
 }
 
@@ -60,8 +59,8 @@ ColorSpace* colorSpaceForName(ClassObject*, SEL, id name) { return spaceForName(
 // Returns an empty array for a model without spaces.
 Array* availableSpaces(ClassObject*, SEL, std::intptr_t model) {
     auto* const array = autorelease(make<Array>());
-    for (std::size_t index = 0; index < standardSpaceCount; ++index) {
-        ColorSpace* const space = standardSpace(static_cast<StandardSpace>(index));
+    for (std::size_t i = 0; i < standardSpaceCount; ++i) {
+        ColorSpace* const space = standardSpace(static_cast<StandardSpace>(i));
         if (static_cast<std::intptr_t>(space->definition->model) == model) array->append(space);
     }
     return array;

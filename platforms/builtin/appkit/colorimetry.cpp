@@ -10,9 +10,8 @@ constexpr Matrix3 bradford{{{0.8951, 0.2664, -0.1614}, {-0.7502, 1.7135, 0.0367}
 
 Matrix3 columns(const Vector3& first, const Vector3& second, const Vector3& third) {
     Matrix3 matrix;
-    for (std::size_t row = 0; row < 3; ++row) {
+    for (std::size_t row = 0; row < 3; ++row)
         matrix[row] = {first[row], second[row], third[row]};
-    }
     return matrix;
 }
 
@@ -22,9 +21,8 @@ Matrix3 diagonal(const Vector3& values) { return {{{values[0], 0, 0}, {0, values
 
 Vector3 operator*(const Matrix3& matrix, const Vector3& vector) {
     Vector3 product;
-    for (std::size_t row = 0; row < 3; ++row) {
+    for (std::size_t row = 0; row < 3; ++row)
         product[row] = matrix[row][0] * vector[0] + matrix[row][1] * vector[1] + matrix[row][2] * vector[2];
-    }
     return product;
 }
 
@@ -79,9 +77,8 @@ Matrix3 colorantsToXyz(const Vector3& red, const Vector3& green, const Vector3& 
     for (std::size_t row = 0; row < 3; ++row) {
         const double sum = matrix[row][0] + matrix[row][1] + matrix[row][2];
         if (std::abs(sum - d50White[row]) > precision) return matrix;
-        for (double& value : scaled[row]) {
+        for (double& value : scaled[row])
             value *= d50White[row] / sum;
-        }
     }
     return scaled;
 }
@@ -105,17 +102,15 @@ Vector3 xyzFromLab(const Vector3& lab) {
     const double lightness = lab[0] / 100;
     const double shares[] = {lightness + 1.16 * lab[1] / 500, lightness, lightness - 1.16 * lab[2] / 200};
     Vector3 xyz;
-    for (std::size_t index = 0; index < 3; ++index) {
-        xyz[index] = d50White[index] * lightOfLightness(shares[index]);
-    }
+    for (std::size_t i = 0; i < 3; ++i)
+        xyz[i] = d50White[i] * lightOfLightness(shares[i]);
     return xyz;
 }
 
 Vector3 labFromXyz(const Vector3& xyz) {
     Vector3 share;
-    for (std::size_t index = 0; index < 3; ++index) {
-        share[index] = lightnessOfLight(xyz[index] / d50White[index]);
-    }
+    for (std::size_t i = 0; i < 3; ++i)
+        share[i] = lightnessOfLight(xyz[i] / d50White[i]);
     return {100 * share[1], 500 / 1.16 * (share[0] - share[1]), 200 / 1.16 * (share[1] - share[2])};
 }
 

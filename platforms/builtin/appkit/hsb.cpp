@@ -14,12 +14,12 @@ Vector3 rgbFromHsb(const Vector3& hsb) {
     const double sixth = static_cast<float>(clip(hsb[0])) * 6.0F;
 
     Vector3 rgb;
-    for (std::size_t index = 0; index < 3; ++index) {
+    for (std::size_t i = 0; i < 3; ++i) {
         // The distance of the hue from the channel's own, in sixths of the circle. Up to 1 the channel is full, from 2 on
         // it is empty.
-        const double around = std::fmod(sixth - 2 * static_cast<double>(index) + 9, 6) - 3;
+        const double around = std::fmod(sixth - 2 * static_cast<double>(i) + 9, 6) - 3;
         const double share = clip(2 - std::abs(around));
-        rgb[index] = brightness * (1 - saturation * (1 - share));
+        rgb[i] = brightness * (1 - saturation * (1 - share));
     }
     return rgb;
 }

@@ -15,18 +15,16 @@ Vector3 rgbFromCmyk(const Channels& cmyk) {
 Channels cmykFromRgb(const Vector3& rgb) {
     Channels cmyk{};
     const double light = std::max({rgb[0], rgb[1], rgb[2]});
-    for (std::size_t index = 0; index < 3; ++index) {
-        cmyk[index] = light > 0 ? (light - rgb[index]) / light : 0;
-    }
+    for (std::size_t i = 0; i < 3; ++i)
+        cmyk[i] = light > 0 ? (light - rgb[i]) / light : 0;
     cmyk[3] = 1 - light;
     return cmyk;
 }
 
 Vector3 xyzFromRgb(const SpaceDefinition& space, const Vector3& rgb) {
     Vector3 linear;
-    for (std::size_t index = 0; index < 3; ++index) {
-        linear[index] = space.curves[index].toLinear(rgb[index]);
-    }
+    for (std::size_t i = 0; i < 3; ++i)
+        linear[i] = space.curves[i].toLinear(rgb[i]);
     return space.toXyz * linear;
 }
 
@@ -42,9 +40,8 @@ Vector3 rgbFromXyz(const SpaceDefinition& space, const Vector3& xyz) {
     Vector3 linear = space.fromXyz * xyz;
     takeOutRounding(linear);
     Vector3 rgb;
-    for (std::size_t index = 0; index < 3; ++index) {
-        rgb[index] = clip(space.curves[index].toEncoded(linear[index]));
-    }
+    for (std::size_t i = 0; i < 3; ++i)
+        rgb[i] = clip(space.curves[i].toEncoded(linear[i]));
     return rgb;
 }
 
@@ -96,9 +93,8 @@ bool convertChannels(const SpaceDefinition& from, const float* channels, const S
     if (!from.convertsToXyz || !to.convertsFromXyz) return false;
 
     Channels source{};
-    for (std::size_t index = 0; index < from.channels; ++index) {
-        source[index] = from.model == ColorModel::lab ? channels[index] : clip(channels[index]);
-    }
+    for (std::size_t i = 0; i < from.channels; ++i)
+        source[i] = from.model == ColorModel::lab ? channels[i] : clip(channels[i]);
     const Channels target = shareRgb(from, to) ? fromRgb(to, rgbOf(from, source)) : fromXyz(to, xyzOf(from, source));
     std::transform(target.begin(), target.begin() + static_cast<std::ptrdiff_t>(to.channels), converted,
                    [](double channel) { return static_cast<float>(channel); });

@@ -26,9 +26,8 @@ NewSpace rgbSpace(std::u16string_view name, const Matrix3& toXyz, const Transfer
     const auto space = named(ColorModel::rgb, 3, name, colorSpaceName);
     space->toXyz = toXyz;
     space->fromXyz = inverse(toXyz);
-    for (TransferCurve& channel : space->curves) {
+    for (TransferCurve& channel : space->curves)
         channel = curve;
-    }
     return space;
 }
 
@@ -87,8 +86,8 @@ bool isOfDevice(const SpaceDefinition& space) {
 
 SpacePointer definitionOfProfile(const std::vector<std::uint8_t>& profile) {
     const SpacePointer described = spaceFromProfile(profile.data(), profile.size());
-    for (std::size_t index = 0; described && index < standardSpaceCount; ++index) {
-        const SpacePointer& standard = standardDefinition(static_cast<StandardSpace>(index));
+    for (std::size_t i = 0; described && i < standardSpaceCount; ++i) {
+        const SpacePointer& standard = standardDefinition(static_cast<StandardSpace>(i));
         if (isSameSpace(*standard, *described)) return standard;
     }
     return described;

@@ -32,11 +32,11 @@ bool readEscape(std::string_view text, std::size_t index, std::uint8_t& byte) {
 bool isURLText(std::string_view text) {
     constexpr std::string_view marks = "-._~:/?#[]@!$&'()*+,;=";
     std::uint8_t byte;
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        const char c = text[index];
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
         if (c == '%') {
-            if (!readEscape(text, index, byte)) return false;
-            index += 2;
+            if (!readEscape(text, i, byte)) return false;
+            i += 2;
         } else if (!isLetter(c) && !isDigit(c) && marks.find(c) == std::string_view::npos) {
             return false;
         }
@@ -66,13 +66,13 @@ std::string_view pathPart(std::string_view url) {
 
 std::string withoutEscapes(std::string_view text) {
     std::string plain;
-    for (std::size_t index = 0; index < text.size(); ++index) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
         std::uint8_t byte;
-        if (text[index] == '%' && readEscape(text, index, byte)) {
+        if (text[i] == '%' && readEscape(text, i, byte)) {
             plain.push_back(static_cast<char>(byte));
-            index += 2;
+            i += 2;
         } else {
-            plain.push_back(text[index]);
+            plain.push_back(text[i]);
         }
     }
     return plain;
@@ -86,9 +86,8 @@ std::string absolutePath(std::string path) {
 
 // Returns a URL with the path, or without one if the path is empty, not UTF-8, or contains a NUL.
 URL* newURL(std::string_view path) {
-    while (path.size() > 1 && path.back() == '/') {
+    while (path.size() > 1 && path.back() == '/')
         path.remove_suffix(1);
-    }
     std::u16string text;
     const bool isPath =
         !path.empty() && path.find('\0') == std::string_view::npos && decodeText(path, encoding::utf8, false, text);

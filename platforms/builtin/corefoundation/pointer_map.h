@@ -45,9 +45,8 @@ public:
 
     template <class Visit>
     void forEach(Visit visit) const {
-        for (const Slot& slot : slots_) {
+        for (const Slot& slot : slots_)
             if (slot.key != vacant()) visit(slot.key, slot.value);
-        }
     }
 
 private:
@@ -77,9 +76,8 @@ private:
     // Returns the slot of the key, or the slot where it would go. Half of the slots are vacant, so the search ends.
     std::size_t position(const void* key) const {
         std::size_t index = home(key);
-        while (slots_[index].key != key && slots_[index].key != vacant()) {
+        while (slots_[index].key != key && slots_[index].key != vacant())
             index = after(index);
-        }
         return index;
     }
 

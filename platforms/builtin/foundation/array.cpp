@@ -15,13 +15,11 @@ namespace {
 Array* emptyArray(ClassObject*, SEL) { return autorelease(make<Array>()); }
 
 Array* arrayWithObjects(ClassObject*, SEL, const id* objects, std::uintptr_t count) {
-    if (std::find(objects, objects + count, nullptr) != objects + count) {
+    if (std::find(objects, objects + count, nullptr) != objects + count)
         raise(exceptionName::invalidArgument, formatted("+[NSArray arrayWithObjects:count:]: an object is nil"));
-    }
     Array* const array = autorelease(make<Array>());
-    for (std::uintptr_t index = 0; index < count; ++index) {
-        array->append(objects[index]);
-    }
+    for (std::uintptr_t i = 0; i < count; ++i)
+        array->append(objects[i]);
     return array;
 }
 

@@ -11,9 +11,8 @@ struct Array : Object {
     static ClassObject cls;
 
     ~Array() {
-        for (Object* const element : elements) {
+        for (Object* const element : elements)
             release(element);
-        }
     }
 
     void append(Object* element) { elements.push_back(retain(element)); } // only while the array is being built

@@ -156,9 +156,8 @@ std::uintptr_t hash(String* self, SEL) {
 std::intptr_t compare(String* self, SEL, id other) {
     const String* const string = argument<String>(other, isEqualToStringMessage);
     const std::size_t length = string ? string->length : 0;
-    for (std::size_t index = 0; index < std::min(self->length, length); ++index) {
-        if (self->unit(index) != string->unit(index)) return self->unit(index) < string->unit(index) ? -1 : 1;
-    }
+    for (std::size_t i = 0; i < std::min(self->length, length); ++i)
+        if (self->unit(i) != string->unit(i)) return self->unit(i) < string->unit(i) ? -1 : 1;
     return (self->length > length) - (self->length < length);
 }
 

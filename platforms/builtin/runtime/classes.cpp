@@ -39,16 +39,14 @@ std::unique_ptr<char[]> copyOf(const char* text) {
 
 MethodRecord* ownMethod(ClassObject& cls, SEL selector) {
     MethodRecord* record = cls.methods;
-    while (record && record->selector != selector) {
+    while (record && record->selector != selector)
         record = record->next;
-    }
     return record;
 }
 
 MethodRecord* inheritedMethod(ClassObject* cls, SEL selector) {
-    for (; cls; cls = cls->superclass) {
+    for (; cls; cls = cls->superclass)
         if (MethodRecord* const record = ownMethod(*cls, selector)) return record;
-    }
     return nullptr;
 }
 
@@ -57,9 +55,8 @@ MethodRecord* inheritedMethod(ClassObject* cls, SEL selector) {
 void forget(const ClassObject& changed, SEL selector) {
     for (ClassObject* cls = firstClass; cls; cls = cls->next) {
         DispatchTable& table = *cls->dispatch.load(std::memory_order_relaxed);
-        if (selector->index < table.size && descendsFrom(cls, &changed)) {
+        if (selector->index < table.size && descendsFrom(cls, &changed))
             table.slots()[selector->index].store(nullptr, std::memory_order_relaxed);
-        }
     }
 }
 
@@ -69,9 +66,8 @@ DispatchTable* grown(DispatchTable& present) {
     void* const memory = std::calloc(1, sizeof(DispatchTable) + size * sizeof(std::atomic<IMP>));
     if (!memory) return nullptr;
     auto* const table = new (memory) DispatchTable{size, &present};
-    for (std::uint32_t index = 0; index < present.size; ++index) {
-        table->slots()[index].store(present.slots()[index].load(std::memory_order_relaxed), std::memory_order_relaxed);
-    }
+    for (std::uint32_t i = 0; i < present.size; ++i)
+        table->slots()[i].store(present.slots()[i].load(std::memory_order_relaxed), std::memory_order_relaxed);
     return table;
 }
 
@@ -97,8 +93,8 @@ void setImplementation(MethodRecord& record, IMP implementation) {
 }
 
 void addMethods(ClassObject& cls, const MethodEntries& methods) {
-    for (std::size_t index = 0; index < methods.count; ++index) {
-        const MethodEntry& entry = methods.entries[index];
+    for (std::size_t i = 0; i < methods.count; ++i) {
+        const MethodEntry& entry = methods.entries[i];
         [[maybe_unused]] const char* const end = entry.selector + std::strlen(entry.selector);
         assert(static_cast<std::size_t>(std::count(entry.selector, end, ':')) == entry.arguments);
         addMethod(cls, internSelector(entry.selector), entry.implementation, entry.types);

@@ -18,9 +18,8 @@ IMP findImplementation(ClassObject& cls, SEL selector);
 // The same, from the dispatch table if the function is already there.
 inline IMP lookUp(ClassObject& cls, SEL selector) {
     DispatchTable& table = *cls.dispatch.load(std::memory_order_acquire);
-    if (selector->index < table.size) {
+    if (selector->index < table.size)
         if (const IMP known = table.slots()[selector->index].load(std::memory_order_relaxed)) return known;
-    }
     return resolve(cls, selector);
 }
 

@@ -32,9 +32,8 @@ Instance* makeImmortal(Instance* object) {
 // Only the end of an object is a message, dealloc. nil is allowed.
 template <class Instance>
 Instance* retain(Instance* object) {
-    if (object && object->retainCount.load(std::memory_order_relaxed) != immortal) {
+    if (object && object->retainCount.load(std::memory_order_relaxed) != immortal)
         object->retainCount.fetch_add(1, std::memory_order_relaxed);
-    }
     return object;
 }
 

@@ -80,9 +80,8 @@ struct ClassObject : Object {
 
 // Returns whether `cls` is `ancestor` or descends from it.
 inline bool descendsFrom(const ClassObject* cls, const ClassObject* ancestor) {
-    while (cls && cls != ancestor) {
+    while (cls && cls != ancestor)
         cls = cls->superclass;
-    }
     return cls != nullptr;
 }
 

@@ -21,9 +21,8 @@ bool readHex(std::string_view digits, Number& value) {
 }
 
 inline void writeHex(std::uint64_t value, int digits, std::string& text) {
-    for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) {
+    for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
         text.push_back("0123456789abcdef"[value >> shift & 0xF]);
-    }
 }
 
 } // namespace chroma::builtin

@@ -62,9 +62,8 @@ char32_t characterOfByte(unsigned char byte, std::uint32_t encoding) {
 
 int byteOfCharacter(char32_t character, std::uint32_t encoding) {
     if (character < 0x80) return static_cast<int>(character);
-    for (int byte = 0x80; byte < 0x100; ++byte) {
+    for (int byte = 0x80; byte < 0x100; ++byte)
         if (characterOfByte(static_cast<unsigned char>(byte), encoding) == character) return byte;
-    }
     return -1;
 }
 
@@ -93,8 +92,8 @@ char32_t nextUtf8Character(std::string_view bytes, std::size_t& start) {
     const std::size_t count = lead >= 0xF8 ? 0 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 0;
     if (count == 0 || count > bytes.size() - start) return noCharacter;
     char32_t character = lead & (0x7Fu >> count);
-    for (std::size_t index = 1; index < count; ++index) {
-        const auto next = static_cast<unsigned char>(bytes[start + index]);
+    for (std::size_t i = 1; i < count; ++i) {
+        const auto next = static_cast<unsigned char>(bytes[start + i]);
         if ((next & 0xC0) != 0x80) return noCharacter;
         character = character << 6 | (next & 0x3F);
     }
@@ -105,9 +104,8 @@ char32_t nextUtf8Character(std::string_view bytes, std::size_t& start) {
 bool decodeUtf8(std::string_view bytes, bool honoursMark, std::u16string& text) {
     constexpr std::string_view mark = "\xEF\xBB\xBF";
     std::size_t start = honoursMark && bytes.substr(0, mark.size()) == mark ? mark.size() : 0;
-    while (start < bytes.size()) {
+    while (start < bytes.size())
         if (!append(text, nextUtf8Character(bytes, start))) return false;
-    }
     return true;
 }
 
@@ -165,9 +163,8 @@ bool decodeUtf16(std::string_view bytes, bool honoursMark, std::u16string& text)
 bool decodeUtf32(std::string_view bytes, bool honoursMark, std::u16string& text) {
     if (bytes.size() % sizeof(char32_t) != 0) return false;
     Units<char32_t> units(bytes, honoursMark);
-    while (!units.isAtEnd()) {
+    while (!units.isAtEnd())
         if (!append(text, units.next())) return false;
-    }
     return true;
 }
 
@@ -253,17 +250,15 @@ bool isAscii(std::string_view bytes) {
         std::memcpy(&word, bytes.data() + index, sizeof word);
         all |= word;
     }
-    for (; index < bytes.size(); ++index) {
+    for (; index < bytes.size(); ++index)
         all |= static_cast<unsigned char>(bytes[index]);
-    }
     return (all & 0x8080808080808080) == 0;
 }
 
 bool isAscii(std::u16string_view text) {
     unsigned all = 0;
-    for (const char16_t unit : text) {
+    for (const char16_t unit : text)
         all |= unit;
-    }
     return all < 0x80;
 }
 

@@ -37,9 +37,8 @@ std::vector<float> componentsOf(id color) {
 
 void expectNear(const std::vector<float>& actual, const std::vector<float>& expected, double tolerance) {
     ASSERT_EQ(actual.size(), expected.size());
-    for (std::size_t index = 0; index < actual.size(); ++index) {
-        EXPECT_NEAR(actual[index], expected[index], tolerance) << "component " << index;
-    }
+    for (std::size_t i = 0; i < actual.size(); ++i)
+        EXPECT_NEAR(actual[i], expected[i], tolerance) << "component " << i;
 }
 
 id inSpace(id color, const char* space) { return send(color, "colorUsingColorSpace:", standardSpace(space)); }

@@ -16,9 +16,8 @@ template <class Number>
 std::string number(Number value, int bytes) {
     const long long rounded = std::llround(static_cast<double>(value));
     std::string text;
-    for (int shift = 8 * (bytes - 1); shift >= 0; shift -= 8) {
+    for (int shift = 8 * (bytes - 1); shift >= 0; shift -= 8)
         text.push_back(shift < 64 ? static_cast<char>(rounded >> shift) : '\0');
-    }
     return text;
 }
 
@@ -27,9 +26,8 @@ inline std::string value(const char* type, const std::string& contents) { return
 // Returns the values as fixed-point numbers of that many bytes. `parts` is the representation of 1.
 inline std::string numbers(const std::vector<double>& values, int parts, int bytes) {
     std::string text;
-    for (const double each : values) {
+    for (const double each : values)
         text += number(each * parts, bytes);
-    }
     return text;
 }
 
@@ -52,9 +50,8 @@ inline std::string localizedText(const std::vector<std::pair<std::string, std::u
     for (const auto& [language, text] : texts) {
         const std::size_t start = 16 + 12 * texts.size() + units.size();
         records += language + number(2 * text.size(), 4) + number(start, 4);
-        for (const char16_t unit : text) {
+        for (const char16_t unit : text)
             units += number(unit, 2);
-        }
     }
     return value("mluc", number(texts.size(), 4) + number(12, 4) + records + units);
 }

@@ -47,9 +47,8 @@ private:
     std::uint32_t number(std::size_t offset, std::size_t count) const {
         if (!has(offset, count)) return 0;
         std::uint32_t value = 0;
-        for (std::size_t index = 0; index < count; ++index) {
-            value = value << 8 | bytes_[offset + index];
-        }
+        for (std::size_t i = 0; i < count; ++i)
+            value = value << 8 | bytes_[offset + i];
         return value;
     }
 

@@ -14,9 +14,8 @@ bool readSampledCurve(const ByteReader& value, TransferCurve& curve) {
     if (count == 1) {
         curve.gamma = value.u16(12) / 256.0;
     } else {
-        for (std::size_t index = 0; index < count; ++index) {
-            curve.samples.push_back(value.u16(12 + 2 * index) / 65535.0);
-        }
+        for (std::size_t i = 0; i < count; ++i)
+            curve.samples.push_back(value.u16(12 + 2 * i) / 65535.0);
     }
     return curve.gamma > 0;
 }
@@ -30,9 +29,8 @@ bool readParametricCurve(const ByteReader& value, TransferCurve& curve) {
     if (form >= std::size(parameterCounts)) return false;
 
     double* const parameters[] = {&curve.gamma, &curve.a, &curve.b, &curve.c, &curve.d, &curve.e, &curve.f};
-    for (std::size_t index = 0; index < parameterCounts[form]; ++index) {
-        *parameters[index] = value.s15Fixed16(12 + 4 * index);
-    }
+    for (std::size_t i = 0; i < parameterCounts[form]; ++i)
+        *parameters[i] = value.s15Fixed16(12 + 4 * i);
     if (!(curve.gamma > 0) || !(curve.a > 0)) return false;
     if (form == 2) curve.e = curve.f = curve.c;
     if (form == 1 || form == 2) {

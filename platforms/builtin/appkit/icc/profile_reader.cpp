@@ -41,16 +41,14 @@ public:
 
     bool areInside() const {
         if (count_ > (profile_.size() - icc::headerSize) / icc::tagEntrySize) return false;
-        for (std::size_t index = 0; index < count_; ++index) {
-            value(index);
-        }
+        for (std::size_t i = 0; i < count_; ++i)
+            value(i);
         return profile_.isInBounds();
     }
 
     std::optional<ByteReader> find(std::uint32_t name) const {
-        for (std::size_t index = 0; index < count_; ++index) {
-            if (profile_.u32(entry(index)) == name) return value(index);
-        }
+        for (std::size_t i = 0; i < count_; ++i)
+            if (profile_.u32(entry(i)) == name) return value(i);
         return std::nullopt;
     }
 
@@ -79,16 +77,15 @@ bool readLocalizedText(const ByteReader& value, std::u16string& text) {
     const std::size_t recordSize = value.u32(12);
     if (count == 0 || recordSize < 12 || count > value.size() / recordSize) return false;
     std::size_t record = firstRecord;
-    for (std::size_t index = 0; index < count; ++index) {
-        if (value.u16(firstRecord + index * recordSize) == english) {
-            record = firstRecord + index * recordSize;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (value.u16(firstRecord + i * recordSize) == english) {
+            record = firstRecord + i * recordSize;
             break;
         }
     }
     const ByteReader units = value.range(value.u32(record + 8), value.u32(record + 4));
-    for (std::size_t offset = 0; offset + 2 <= units.size(); offset += 2) {
+    for (std::size_t offset = 0; offset + 2 <= units.size(); offset += 2)
         text.push_back(static_cast<char16_t>(units.u16(offset)));
-    }
     return true;
 }
 
@@ -108,10 +105,10 @@ bool readColorant(const ByteReader& value, Vector3& colorant) {
 template <class Value, std::size_t Count>
 bool readTags(const Tags& tags, const std::uint32_t (&names)[Count], bool (*read)(const ByteReader&, Value&), Value* values,
               bool& isComplete) {
-    for (std::size_t index = 0; index < Count; ++index) {
-        const auto value = tags.find(names[index]);
+    for (std::size_t i = 0; i < Count; ++i) {
+        const auto value = tags.find(names[i]);
         if (!value) isComplete = false;
-        if (value && !read(*value, values[index])) return false;
+        if (value && !read(*value, values[i])) return false;
     }
     return true;
 }
@@ -188,9 +185,8 @@ SpacePointer spaceFromProfile(const std::uint8_t* bytes, std::size_t size) {
     space->model = channels.model;
     space->channels = channels.count;
     space->profile.assign(bytes, bytes + profileSize);
-    if (const auto name = tags.find(icc::description)) {
+    if (const auto name = tags.find(icc::description))
         if (!readName(*name, space->name)) return nullptr;
-    }
     // Device links and named colour lists have no PCS to convert through.
     const std::uint32_t profileClass = profile.u32(icc::classField);
     const std::uint32_t connection = profile.u32(icc::connectionSpaceField);

@@ -23,18 +23,16 @@ public:
     void align() { bytes.resize((bytes.size() + 3) / 4 * 4); }
 
     void putU32(std::size_t offset, std::uint32_t value) {
-        for (std::size_t index = 0; index < 4; ++index) {
-            bytes[offset + index] = static_cast<std::uint8_t>(value >> (24 - 8 * index));
-        }
+        for (std::size_t i = 0; i < 4; ++i)
+            bytes[offset + i] = static_cast<std::uint8_t>(value >> (24 - 8 * i));
     }
 
     std::vector<std::uint8_t> bytes;
 
 private:
     void number(std::uint32_t value, std::size_t count) {
-        for (std::size_t index = count; index-- > 0;) {
-            bytes.push_back(static_cast<std::uint8_t>(value >> (8 * index)));
-        }
+        for (std::size_t i = count; i-- > 0;)
+            bytes.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
     }
 };
 
@@ -60,10 +58,8 @@ public:
         writer_.putU32(icc::dateField, yearAndMonth);
         writer_.putU32(icc::dateField + 4, day);
         writer_.putU32(icc::magicField, icc::magic);
-        for (std::size_t index = 0; index < 3; ++index) {
-            writer_.putU32(icc::illuminantField + 4 * index,
-                           static_cast<std::uint32_t>(std::lround(d50White[index] * 65536)));
-        }
+        for (std::size_t i = 0; i < 3; ++i)
+            writer_.putU32(icc::illuminantField + 4 * i, static_cast<std::uint32_t>(std::lround(d50White[i] * 65536)));
     }
 
     // ASCII text; the format's two other forms stay empty.
@@ -108,23 +104,19 @@ public:
         constexpr std::uint32_t inks = 4, points = 9, nodes = points * points * points * points, samples = 256;
         const double gamma = rgb.curves[0].gamma;
         beginTable(icc::perceptualToPcs, inks, 3, points, {{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}}, 2, samples);
-        for (std::uint32_t ink = 0; ink < inks; ++ink) {
+        for (std::uint32_t ink = 0; ink < inks; ++ink)
             ramp(2, [](double amount) { return amount; });
-        }
         for (std::uint32_t node = 0; node < nodes; ++node) { // cyan varies slowest, black fastest
             const auto left = [node](std::uint32_t place) { return 1 - (node / place % points) / (points - 1.0); };
             const double black = left(1);
             Vector3 linear{left(points * points * points), left(points * points), left(points)};
-            for (double& channel : linear) {
+            for (double& channel : linear)
                 channel = std::pow(black * channel, gamma);
-            }
-            for (const double value : rgb.toXyz* linear) {
+            for (const double value : rgb.toXyz* linear)
                 writer_.fraction(std::pow(value, 1 / gamma));
-            }
         }
-        for (std::uint32_t channel = 0; channel < 3; ++channel) {
+        for (std::uint32_t channel = 0; channel < 3; ++channel)
             ramp(samples, [gamma](double root) { return std::pow(root, gamma) / xyzRange; });
-        }
         end();
     }
 
@@ -136,26 +128,22 @@ public:
         const double gamma = rgb.curves[0].gamma;
         Matrix3 matrix = rgb.fromXyz;
         for (Vector3& row : matrix) {
-            for (double& value : row) {
+            for (double& value : row)
                 value *= xyzRange;
-            }
         }
         beginTable(icc::perceptualFromPcs, 3, inks, points, matrix, inputs, outputs);
-        for (std::uint32_t channel = 0; channel < 3; ++channel) {
+        for (std::uint32_t channel = 0; channel < 3; ++channel)
             ramp(inputs, [gamma](double linear) { return std::pow(linear, 1 / (gamma * root)); });
-        }
         for (std::uint32_t node = 0; node < nodes; ++node) {
             const auto light = [node](std::uint32_t place) { return (node / place % points) / (points - 1.0); };
             const Vector3 lights{light(points * points), light(points), light(1)};
             const double most = std::max({lights[0], lights[1], lights[2]});
-            for (const double each : lights) {
+            for (const double each : lights)
                 writer_.fraction(most > 0 ? 1 - each / most : 0);
-            }
             writer_.fraction(1 - most);
         }
-        for (std::uint32_t ink = 0; ink < inks; ++ink) {
+        for (std::uint32_t ink = 0; ink < inks; ++ink)
             ramp(outputs, [](double share) { return 1 - std::pow(1 - share, root); });
-        }
         end();
     }
 
@@ -184,38 +172,33 @@ private:
     }
 
     void ascii(std::u16string_view text) {
-        for (const char16_t unit : text) {
+        for (const char16_t unit : text)
             writer_.u8(unit);
-        }
         writer_.u8(0);
     }
 
     // Appends the function's values at evenly spaced places from 0 to 1.
     template <class Function>
     void ramp(std::uint32_t samples, Function function) {
-        for (std::uint32_t sample = 0; sample < samples; ++sample) {
+        for (std::uint32_t sample = 0; sample < samples; ++sample)
             writer_.fraction(function(sample / (samples - 1.0)));
-        }
     }
 
     // Starts a 16-bit table with samples for each input and output; the caller writes the rest.
     void beginTable(std::uint32_t name, std::uint32_t inputs, std::uint32_t outputs, std::uint32_t points,
                     const Matrix3& matrix, std::uint32_t inputSamples, std::uint32_t outputSamples) {
         begin(name, icc::lookup16);
-        for (const std::uint32_t field : {inputs, outputs, points, 0u}) {
+        for (const std::uint32_t field : {inputs, outputs, points, 0u})
             writer_.u8(field);
-        }
-        for (const Vector3& row : matrix) {
+        for (const Vector3& row : matrix)
             numbers({row[0], row[1], row[2]});
-        }
         writer_.u16(inputSamples);
         writer_.u16(outputSamples);
     }
 
     void numbers(std::initializer_list<double> values) {
-        for (const double value : values) {
+        for (const double value : values)
             writer_.s15Fixed16(value);
-        }
     }
 
     ByteWriter writer_;

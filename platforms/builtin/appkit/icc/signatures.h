@@ -8,9 +8,8 @@ namespace chroma::builtin::icc {
 
 constexpr std::uint32_t signature(const char (&name)[5]) {
     std::uint32_t value = 0;
-    for (std::size_t index = 0; index < 4; ++index) {
-        value = value << 8 | static_cast<std::uint8_t>(name[index]);
-    }
+    for (std::size_t i = 0; i < 4; ++i)
+        value = value << 8 | static_cast<std::uint8_t>(name[i]);
     return value;
 }
 

@@ -6,16 +6,14 @@ namespace chroma::builtin::icc {
 namespace {
 
 void pass(const Curves& curves, Channels& channels) {
-    for (std::size_t index = 0; index < curves.channels.size(); ++index) {
-        channels[index] = curves.channels[index].toLinear(channels[index]);
-    }
+    for (std::size_t i = 0; i < curves.channels.size(); ++i)
+        channels[i] = curves.channels[i].toLinear(channels[i]);
 }
 
 void pass(const Matrix& element, Channels& channels) {
     const Vector3 product = element.matrix * Vector3{channels[0], channels[1], channels[2]};
-    for (std::size_t index = 0; index < product.size(); ++index) {
-        channels[index] = product[index] + element.offset[index];
-    }
+    for (std::size_t i = 0; i < product.size(); ++i)
+        channels[i] = product[i] + element.offset[i];
 }
 
 // Interpolates over the axes from `axis` on.
@@ -46,9 +44,8 @@ private:
             if (fraction == 0) return;
             Channels next;
             blend(axis + 1, node + grid_.axes[axis].stride, next);
-            for (std::size_t index = 0; index < grid_.outputs; ++index) {
-                outputs[index] += fraction * (next[index] - outputs[index]);
-            }
+            for (std::size_t i = 0; i < grid_.outputs; ++i)
+                outputs[i] += fraction * (next[i] - outputs[i]);
         }
     }
 
@@ -64,10 +61,8 @@ private:
         const float* const three = two + grid_.axes[third].stride;
         const double shares[] = {1 - fractions_[first], fractions_[first] - fractions_[second],
                                  fractions_[second] - fractions_[third], fractions_[third]};
-        for (std::size_t index = 0; index < grid_.outputs; ++index) {
-            outputs[index] =
-                shares[0] * node[index] + shares[1] * one[index] + shares[2] * two[index] + shares[3] * three[index];
-        }
+        for (std::size_t i = 0; i < grid_.outputs; ++i)
+            outputs[i] = shares[0] * node[i] + shares[1] * one[i] + shares[2] * two[i] + shares[3] * three[i];
     }
 
     const Grid& grid_;
@@ -81,17 +76,16 @@ void pass(const Grid& grid, Channels& channels) {
 }
 
 void passAll(const Table& table, Channels& channels) {
-    for (const Element& element : table.elements) {
+    for (const Element& element : table.elements)
         std::visit([&channels](const auto& each) { pass(each, channels); }, element);
-    }
 }
 
 // Maps one medium's black to another's; white stays the same.
 Vector3 scaledBlack(const Vector3& xyz, const Vector3& from, const Vector3& to) {
     Vector3 scaled = xyz;
-    for (std::size_t index = 0; from != to && index < scaled.size(); ++index) {
-        const double white = d50White[index];
-        scaled[index] = white - (white - xyz[index]) * (white - to[index]) / (white - from[index]);
+    for (std::size_t i = 0; from != to && i < scaled.size(); ++i) {
+        const double white = d50White[i];
+        scaled[i] = white - (white - xyz[i]) * (white - to[i]) / (white - from[i]);
     }
     return scaled;
 }
@@ -117,9 +111,8 @@ void encodeLab(const Vector3& lab, Encoding encoding, Channels& channels) {
 
 Vector3 toXyz(const Table& table, const Channels& components) {
     Channels channels = components;
-    if (table.deviceEncoding != Encoding::device) {
+    if (table.deviceEncoding != Encoding::device)
         encodeLab({components[0], components[1], components[2]}, table.deviceEncoding, channels);
-    }
     passAll(table, channels);
     const Vector3 xyz = table.connectionEncoding == Encoding::xyz
                             ? Vector3{xyzRange * channels[0], xyzRange * channels[1], xyzRange * channels[2]}
@@ -137,9 +130,8 @@ Channels fromXyz(const Table& table, const Vector3& xyz) {
         encodeLab(labFromXyz(ofTable), table.connectionEncoding, channels);
     }
     passAll(table, channels);
-    for (double& channel : channels) {
+    for (double& channel : channels)
         channel = clip(channel);
-    }
     if (table.deviceEncoding == Encoding::device) return channels;
     const auto [lightness, a, b] = decodedLab(channels, table.deviceEncoding);
     return {std::min(lightness, 100.0), std::min(a, 127.0), std::min(b, 127.0)};

@@ -23,9 +23,8 @@ struct Fractions {
 Curves readSampledCurves(const Fractions& fractions, std::size_t start, std::size_t channels, std::size_t samples) {
     Curves curves;
     curves.channels.resize(channels);
-    for (std::size_t index = 0; index < channels * samples; ++index) {
-        curves.channels[index / samples].samples.push_back(fractions.at(start, index));
-    }
+    for (std::size_t i = 0; i < channels * samples; ++i)
+        curves.channels[i / samples].samples.push_back(fractions.at(start, i));
     return curves;
 }
 
@@ -46,21 +45,18 @@ bool readGrid(const Fractions& fractions, std::size_t start, Grid& grid) {
         count *= axis->points;
     }
     grid.values.reserve(count);
-    for (std::size_t index = 0; index < count; ++index) {
-        grid.values.push_back(static_cast<float>(fractions.at(start, index)));
-    }
+    for (std::size_t i = 0; i < count; ++i)
+        grid.values.push_back(static_cast<float>(fractions.at(start, i)));
     return true;
 }
 
 // Reads the matrix row by row, followed by the offsets if there are any.
 Matrix readMatrix(const ByteReader& value, std::size_t start, bool hasOffsets) {
     Matrix element{};
-    for (std::size_t index = 0; index < 9; ++index) {
-        element.matrix[index / 3][index % 3] = value.s15Fixed16(start + 4 * index);
-    }
-    for (std::size_t index = 0; hasOffsets && index < 3; ++index) {
-        element.offset[index] = value.s15Fixed16(start + 4 * (9 + index));
-    }
+    for (std::size_t i = 0; i < 9; ++i)
+        element.matrix[i / 3][i % 3] = value.s15Fixed16(start + 4 * i);
+    for (std::size_t i = 0; hasOffsets && i < 3; ++i)
+        element.offset[i] = value.s15Fixed16(start + 4 * (9 + i));
     return element;
 }
 
@@ -103,9 +99,8 @@ bool readCurves(const ByteReader& value, std::size_t start, std::size_t channels
 // The grid of mAB and mBA: the number of points per input, room for sixteen inputs, then the width of the values.
 bool readOwnGrid(const ByteReader& value, std::size_t start, const TableSides& sides, Table& table) {
     Grid grid = gridBetween(sides);
-    for (std::size_t axis = 0; axis < grid.axes.size(); ++axis) {
+    for (std::size_t axis = 0; axis < grid.axes.size(); ++axis)
         grid.axes[axis].points = value.u8(start + axis);
-    }
     const Fractions fractions{value, value.u8(start + 16)};
     if (fractions.width != 1 && fractions.width != 2) return false;
     if (!readGrid(fractions, start + 20, grid)) return false;
@@ -128,8 +123,8 @@ bool readElements(const ByteReader& value, const TableSides& sides, Table& table
                           {value.u32(16), Part::matrix, 3},
                           {value.u32(12), Part::curves, 3}};
     if (parts[1].offset == 0 && sides.inputs() != sides.outputs()) return false;
-    for (std::size_t index = 0; index < std::size(parts); ++index) {
-        const auto& [offset, kind, channels] = parts[sides.isToPcs ? index : std::size(parts) - 1 - index];
+    for (std::size_t i = 0; i < std::size(parts); ++i) {
+        const auto& [offset, kind, channels] = parts[sides.isToPcs ? i : std::size(parts) - 1 - i];
         if (offset == 0) continue;
         if (kind == Part::matrix) table.elements.emplace_back(readMatrix(value, offset, true));
         if (kind == Part::curves && !readCurves(value, offset, channels, table)) return false;
