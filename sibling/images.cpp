@@ -43,9 +43,9 @@ NSSize sizeOf(REALobjectStruct* object) {
 double width(REALobjectStruct* object, REALword) { return sizeOf(object).width; }
 double height(REALobjectStruct* object, REALword) { return sizeOf(object).height; }
 
-// Returns a new reference to the NSColorZRX object of the image's colour, or nil. The sibling never enters the other
-// plugin's objects in the registry: a plugin that was loaded before the sibling does not know the registry and would leave
-// the entry behind.
+// Returns a new reference to the NSColorZRX object of the image's colour, or nil. The sibling never adds the other plugin's
+// objects to the registry: a plugin that was loaded before the sibling does not know the registry and would not remove the
+// entry.
 REALobjectStruct* backgroundColor(REALobjectStruct* object) {
     return guardedResult(
         [&] { return wrapNative(backgroundColorMessage(nativeObject(object)), "NSColorZRX", Entry::none); });

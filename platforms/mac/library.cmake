@@ -1,21 +1,23 @@
-# What the library is on macOS; included where the plugin's sources are listed.
+# The library's properties on macOS; included where the plugin's sources are listed.
 target_link_libraries(chromabridge PRIVATE chroma_platform)
 target_link_options(chromabridge PRIVATE -Wl,-exported_symbol,_REALPluginMain)
-# Objects without code end in an empty piece of it. LLVM's linker gives each an unwind entry, at the offset of the function that
-# follows, and then exceptions pass that function by; it drops the pieces with all else that nothing refers to.
+# Objects without code end with an empty code section. LLVM's linker gives each such section an unwind entry at the offset
+# of the following function, and exceptions would then pass that function by. With -dead_strip the linker drops these
+# sections, because nothing refers to them.
 target_link_options(chromabridge PRIVATE -Wl,-dead_strip)
 set_target_properties(chromabridge PROPERTIES
     PREFIX "" INSTALL_RPATH "" INSTALL_NAME_DIR @rpath BUILD_WITH_INSTALL_NAME_DIR ON
     MACHO_CURRENT_VERSION ${PROJECT_VERSION} MACHO_COMPATIBILITY_VERSION 0)
 
-# LLVM's linker creates __DATA_CONST without the flag that the system's loader requires of that segment, so nothing goes into it.
-# Only arm64 slices are signed by default.
+# LLVM's linker creates __DATA_CONST without the flag that the system's loader requires of that segment, so the segment must
+# stay empty. By default only arm64 slices are signed.
 if(CMAKE_CROSSCOMPILING)
     target_link_options(chromabridge PRIVATE -Wl,-no_data_const -Wl,-adhoc_codesign)
     set_property(TARGET chromabridge PROPERTY LINK_DEPENDS ${PROJECT_BINARY_DIR}/tools/ld64.lld)
 endif()
 
-# The same sources for i386, as far as they come without that system's linker: an archive of objects. Exceptions are jumps there.
+# The same sources for i386, up to an archive of objects, because the system's linker is not available. Exceptions are jumps
+# there.
 if(CMAKE_CROSSCOMPILING)
     add_library(chromabridge-i386 STATIC plugin_main.cpp platform/guard_legacy.cpp ${sources}
                                          ${PROJECT_SOURCE_DIR}/platforms/mac/widths.cpp)

@@ -1,5 +1,5 @@
-# Builds for macOS on another system: clang, LLVM's tools, the headers of another C library, and link-time lists of the system's
-# libraries.
+# Builds for macOS on another system with clang, LLVM's tools, the headers of another C library, and link-time lists of the
+# system libraries.
 set(CMAKE_SYSTEM_NAME Darwin)
 find_program(CMAKE_C_COMPILER clang REQUIRED)
 find_program(CMAKE_CXX_COMPILER clang++ REQUIRED)
@@ -9,9 +9,10 @@ set(CMAKE_C_COMPILER_TARGET ${triple})
 set(CMAKE_CXX_COMPILER_TARGET ${triple})
 set(CMAKE_OBJC_COMPILER_TARGET ${triple})
 set(CMAKE_OSX_SYSROOT ${CMAKE_CURRENT_LIST_DIR}/sysroot)
-set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY) # programs cannot be linked: the sysroot has what the plugin imports, no more
+# programs cannot be linked, because the sysroot has only what the plugin imports
+set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
 
-# LLVM's programs carry its version in their name on some systems, and the compiler asks for two of them by their names on macOS.
+# On some systems the names of LLVM's programs contain its version. The compiler calls two of them by their names on macOS.
 file(GLOB llvmFolders /usr/lib/llvm-*/bin)
 foreach(tool IN ITEMS ld64.lld llvm-ar llvm-install-name-tool llvm-lipo llvm-nm llvm-objcopy llvm-objdump llvm-otool llvm-ranlib llvm-strip)
     string(MAKE_C_IDENTIFIER CHROMA_${tool} variable)
@@ -34,7 +35,7 @@ find_path(CHROMA_LIBCXX_HEADERS type_traits HINTS ${libcxxFolders} NO_DEFAULT_PA
 file(GLOB muslFolders /usr/include/*-linux-musl)
 find_path(CHROMA_MUSL_HEADERS bits/alltypes.h HINTS ${muslFolders} NO_DEFAULT_PATH REQUIRED)
 
-# The compiler's own headers come before those of the C library, and ours, which correct them, in between.
+# The compiler's headers come first, then ours, which correct the C library's, and then those of the C library.
 set(flags "-B${tools} -nostdlibinc -D_GNU_SOURCE")
 set(lateHeaders "-idirafter ${CMAKE_CURRENT_LIST_DIR}/headers -idirafter ${CHROMA_MUSL_HEADERS}")
 set(CMAKE_C_FLAGS_INIT "${flags} ${lateHeaders}")

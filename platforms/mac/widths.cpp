@@ -1,4 +1,4 @@
-// Compiled into every slice: the C headers, wherever they come from, give this system's types.
+// Compiled into every slice: checks that the C headers, whatever their origin, define this system's types.
 #include "platform/objc.h"
 
 #include <climits>

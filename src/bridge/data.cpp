@@ -75,7 +75,7 @@ id NewNSData(REALmemoryBlockStruct* block) {
 REALmemoryBlockStruct* NSDataRB(id data) {
     const void* const bytes = sel::bytes(data);
     const auto reported = static_cast<std::uint64_t>(sel::length(data));
-    // Signed as 32 bits are; what takes more is too long and not cut.
+    // A length of 32 bits is signed. A longer one is too long for a block and is not truncated.
     const std::int64_t length =
         reported <= UINT32_MAX ? static_cast<std::int32_t>(reported) : static_cast<std::int64_t>(reported);
     if (!bytes || length <= 0) return nullptr;
@@ -84,7 +84,7 @@ REALmemoryBlockStruct* NSDataRB(id data) {
         block = newBlock(bytes, length);
         if (!block) raiseNoMemoryBlock(length);
     };
-    if (exhaustsMemory(make)) raiseNoMemoryBlock(length); // also where it was the telling that exhausted it
+    if (exhaustsMemory(make)) raiseNoMemoryBlock(length); // also if reporting the failure exhausted it
     return block;
 }
 

@@ -6,8 +6,8 @@
 
 namespace chroma {
 
-// Returns an autoreleased NSData with a copy of the block's bytes, or nil for a null or empty block. Raises no exception of
-// its own.
+// Returns an autoreleased NSData with a copy of the block's bytes, or nil for a null or empty block. Raises no host
+// exception itself.
 id NewNSData(REALmemoryBlockStruct* block);
 
 // Returns a new memory block with a copy of the data's bytes, which the caller owns. Returns null for nil and for empty

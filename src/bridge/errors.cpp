@@ -17,7 +17,7 @@
 namespace chroma {
 namespace {
 
-// Raises the class with a formatted message; with `fallback` when there is no room for it. `size` bounds the formatted text.
+// Raises the class with a formatted message, or with `fallback` if memory is exhausted. `size` bounds the formatted text.
 template <class... Arguments>
 void raiseFormatted(const char* className, const char* fallback, std::size_t size, const char* format,
                     Arguments... arguments) {
@@ -28,7 +28,8 @@ void raiseFormatted(const char* className, const char* fallback, std::size_t siz
     });
 }
 
-// Raises a new host exception of the class, "RuntimeException" where the host has no such class, and gives the message up.
+// Raises a new host exception of the class, or of "RuntimeException" if the host does not have the class, and releases the
+// message.
 void raiseWith(const char* className, REALstringStruct* message) {
     const auto raiseNew = [&] {
         REALobjectStruct* exception = REALnewInstance(className);
@@ -47,7 +48,7 @@ void raiseWith(const char* className, REALstringStruct* message) {
     });
 }
 
-// A null text is the empty message.
+// Returns the failure with a copy of the text. A null text is the empty message.
 Failure failure(const char* className, const char* text) {
     const auto isMidCharacter = [](char byte) { return (byte & 0xC0) == 0x80; };
     Failure made;
@@ -65,7 +66,8 @@ Failure failure(const char* className, const char* text) {
     return made;
 }
 
-// Only the first has the failure raised that ends the making of its message, so that there is an end.
+// Raises the failure. If building the message throws, a first failure raises that second failure before itself, with an
+// empty message. A third failure is dropped, so the recursion ends.
 void raise(const Failure& failure, bool isFirst) {
     const auto raiseIt = [&] {
         REALstringStruct* message = nullptr;
@@ -105,14 +107,14 @@ void RaiseOutOfBoundsException(std::int64_t value, std::int64_t minimum, std::in
                                const char* methodName) {
     const char* const name = parameterName ? parameterName : "?";
     const char* const method = methodName ? methodName : "";
-    const auto last = static_cast<std::int64_t>(static_cast<std::uint64_t>(limit) - 1); // the least limit wraps
+    const auto last = static_cast<std::int64_t>(static_cast<std::uint64_t>(limit) - 1); // the minimum limit wraps around
     raiseFormatted("OutOfBoundsException", "Out of Bounds", std::strlen(name) + std::strlen(method) + 200,
                    "Parameter %s %s%s is too %s. Range is %lld to %lld, but value is %lld.", name,
                    *method ? "to method " : "", method, value < minimum ? "small" : "big", static_cast<long long>(minimum),
                    static_cast<long long>(last), static_cast<long long>(value));
 }
 
-// From the most derived to the base: a class that descends from two of these is the first.
+// Checks derived classes before their bases: of a class that inherits from two of these, the first one counts.
 Failure caughtFailure() {
     try {
         throw;
@@ -143,7 +145,7 @@ void raiseFailure(const Failure& failure) { raise(failure, true); }
 
 void raisePlatformException(id thrown) {
     if (!isNSException(thrown)) throwNative(thrown);
-    // Making the host exception sends messages too; a further NSException out of them is dropped.
+    // Creating the host exception also sends messages. Another NSException that they throw is dropped.
     REALobjectStruct* exception = nullptr;
     quiet([&] {
         if (sel::respondsToSelector_(cls::NSException, sel::NewNSExceptionZRX_.get())) {

@@ -18,9 +18,9 @@ void RaiseException(const char* className, const char* message);
 void RaiseOutOfBoundsException(std::int64_t value, std::int64_t minimum, std::int64_t limit, const char* parameterName,
                                const char* methodName);
 
-// What a C++ exception becomes: the class of a host exception, null for no failure, and its message. A usual message is in
-// `text`, so that it survives when memory is exhausted. A longer one is in `copy`, which `raiseFailure` frees; without
-// memory for it the message is its beginning.
+// The host exception that a C++ exception becomes: its class, which is null if nothing failed, and its message. A message
+// of usual length is in `text`, so that it survives if memory is exhausted. A longer one is in `copy`, which `raiseFailure`
+// frees; without memory for the copy, `text` has the beginning of the message.
 struct Failure {
     const char* className = nullptr;
     char* copy = nullptr;
@@ -32,19 +32,19 @@ struct Failure {
 // Returns the failure for the C++ exception being handled. May only be called in a handler.
 Failure caughtFailure();
 
-// Raises a failure. A C++ exception while its message is made leaves the message empty and is a failure that is raised
-// before it, but for one while the message of that is made.
+// Raises a failure and frees its message. If building the host's message string throws a C++ exception, the message stays
+// empty and that second failure is raised first. A third failure, from building the second's message, is dropped.
 void raiseFailure(const Failure& failure);
 
 // Raises the host exception for a thrown NSException: the one that the sibling plugin creates or, without a sibling, a
 // "RuntimeException" whose message is the exception's name, a colon and its reason. Throws any other object again.
 void raisePlatformException(id thrown);
 
-// Runs the body and answers how it failed. A native exception goes on: it is caught inside, since where it unwinds the
-// handler of everything would take it for a C++ one.
+// Runs the body and returns the failure of its C++ exception, if any. A native exception propagates: it is caught inside,
+// because on platforms where it unwinds the stack `catch (...)` would catch it as a C++ exception.
 template <class Body>
 Failure failureOf(Body body) {
-    Failure failure; // one object from here to the caller: every string passes here, and the text is left as it is
+    Failure failure; // one object up to the caller and without initialised text, because every host string is built here
     id thrown = nullptr;
     try {
         thrown = catchNative(body);
@@ -55,7 +55,7 @@ Failure failureOf(Body body) {
     return failure;
 }
 
-// Runs the body. A C++ exception that leaves the body becomes a host exception, raised after its handler has ended.
+// Runs the body. A C++ exception from the body becomes a host exception, which is raised after the C++ handler has ended.
 template <class Body>
 void translated(Body body) {
     const Failure failure = failureOf(body);

@@ -15,7 +15,7 @@
 
 namespace chroma {
 
-// The guarded frame: an NSException becomes a host exception. Answers whether the body ran to its end.
+// The guarded frame: an NSException becomes a host exception. Returns whether the body completed.
 template <class Body>
 [[gnu::always_inline]] inline bool guarded(Body&& body) {
     if (const id thrown = catchNative(body); __builtin_expect(thrown != nullptr, 0)) {
@@ -31,7 +31,7 @@ void guarded(Body body, Release release) {
     onThrow([&] { guarded(body); }, release);
 }
 
-// The guarded frame of a function with one result: what `make` answers, and 0 or null when an exception ended it.
+// The guarded frame of a function with one result. Returns the result of `make`, or 0 or null if an exception ended it.
 template <class Make>
 auto guardedResult(Make make) {
     decltype(make()) result{};
@@ -39,8 +39,8 @@ auto guardedResult(Make make) {
     return result;
 }
 
-// The body that asks for one result and converts nothing, and the answer: 0 unless the body ran to its end. In one object,
-// since such getters are called for every colour of a picture.
+// The body that sends one message without arguments, and the result, which is 0 unless the body completed. Both are in one
+// object, because such getters run for every colour of a picture.
 template <class Result>
 struct Getter {
     id receiver;

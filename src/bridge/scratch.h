@@ -8,8 +8,8 @@
 
 namespace chroma {
 
-// Calls use(memory) with room for `count` elements of a plain type on the heap, filled with zeros; null when the heap is
-// exhausted.
+// Calls use(memory) with room for `count` elements of a plain type on the heap, filled with zeros, or with null if memory
+// is exhausted.
 template <class T, class Use>
 void withHeap(std::size_t count, Use use) {
     T* const heap = static_cast<T*>(std::calloc(count, sizeof(T)));

@@ -18,7 +18,7 @@ REALstringStruct* buildTagged(const void* bytes, std::int32_t length, CFStringEn
     return string;
 }
 
-// Converts to UTF-8 and releases the original. The host is also asked to convert the null string.
+// Converts to UTF-8 and releases the original. The host's conversion is also called for the null string.
 REALstringStruct* convertedToUTF8(REALstringStruct* original) {
     REALstringStruct* result = nullptr;
     const auto convert = [&] { result = REALConvertString(original, kCFStringEncodingUTF8); };
@@ -39,8 +39,8 @@ bool isASCII(const void* bytes, std::int32_t length) {
     return true;
 }
 
-// Writes the code points as UTF-16 and answers the number of units: at most two for each. Surrogates are left out, what lies
-// beyond Unicode becomes the replacement character.
+// Writes the code points as UTF-16 and returns the number of units, at most two for each. Skips surrogates, and replaces
+// values beyond Unicode by the replacement character.
 std::size_t writeUTF16(const std::uint8_t* codePoints, std::size_t count, UniChar* units) {
     std::size_t written = 0;
     for (std::size_t i = 0; i < count; ++i) {

@@ -1,5 +1,5 @@
-// Building of host strings, and the platform's text as UTF-8. Knows nothing of host exceptions, whose messages it builds:
-// C++ exceptions propagate.
+// Builds host strings, and returns the platform's text as UTF-8. Raises no host exceptions, because their messages are
+// built here: C++ exceptions propagate.
 #pragma once
 
 #include "bridge/scratch.h"
@@ -35,7 +35,7 @@ void withUTF8(id string, Use use) {
         char buffer[shortCapacity];
         return useWritten(buffer, shortCapacity);
     }
-    const CFIndex capacity = 6 * units; // more than a unit ever takes
+    const CFIndex capacity = 6 * units; // more than any unit needs
     withHeap<char>(static_cast<std::size_t>(capacity), [&](char* buffer) { useWritten(buffer, capacity); });
 }
 

@@ -14,7 +14,7 @@
 namespace chroma {
 namespace {
 
-// The storage of a UTF-16 string lies at an odd address, so its units are copied to where they may be read as such.
+// Copies the units first, because the storage of a UTF-16 string starts at an odd address.
 CFStringRef fromStoredUTF16(StoredBytes text) {
     const std::size_t units = static_cast<std::size_t>(text.length) / sizeof(UniChar);
     CFStringRef result = nullptr;

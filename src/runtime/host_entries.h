@@ -13,7 +13,7 @@ namespace chroma {
 // null.
 extern REALresolver gResolver;
 
-// An entry of the contract, by name; the older name of a renamed entry has an EntryPoint too.
+// An entry of the contract, by name. The older name of a renamed entry also has an EntryPoint.
 template <class Procedure>
 struct EntryPoint {
     const char* name;

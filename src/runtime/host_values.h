@@ -34,7 +34,7 @@ inline void setNativeObject(REALobjectStruct* object, id native, std::ptrdiff_t 
     writeField(object, offset, native);
 }
 
-// A byte range inside a host value, borrowed while the value is locked. Null bytes mean that there is no storage.
+// A byte range inside a host value, valid while the value is locked. Null bytes mean that there is no storage.
 struct StoredBytes {
     const std::uint8_t* bytes;
     std::int32_t length;

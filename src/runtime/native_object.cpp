@@ -48,14 +48,14 @@ REALobjectStruct* wrapNative(id native, const char* className, Entry entry) {
 
 void holdNative(REALobjectStruct* object, id retained, Entry entry, std::ptrdiff_t offset) {
     setNativeObject(object, retained, offset);
-    if (retained && instances && entry == Entry::made) CFDictionarySetValue(instances, retained, object);
+    if (retained && instances && entry == Entry::added) CFDictionarySetValue(instances, retained, object);
 }
 
 void dropNative(REALobjectStruct* object, std::ptrdiff_t offset) {
     const id native = nativeObject(object, offset);
     if (!native) return;
     if (liveObject(native) == object) CFDictionaryRemoveValue(instances, native);
-    setNativeObject(object, nullptr, offset); // first: a release that throws must not be made again
+    setNativeObject(object, nullptr, offset); // before the release: a release that throws must not be repeated
     sel::release(native);
 }
 

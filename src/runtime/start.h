@@ -8,7 +8,7 @@
 namespace chroma {
 
 // Stores the resolver, queries the host's version, announces the control version and registers the classes in order. A null
-// resolver registers nothing. Once a call has brought a resolver, further calls do nothing, whatever they bring.
+// resolver registers nothing. After a call with a resolver, further calls do nothing, even with another resolver.
 void startPlugin(REALresolver resolver, std::initializer_list<REALclassDefinition*> classes);
 
 } // namespace chroma

@@ -1,4 +1,4 @@
-// The component messages. A colour responds to those of its own family and raises for the others.
+// The component messages. A colour responds to those of its kind of space and raises for the others.
 #include "appkit/color.h"
 #include "appkit/hsb.h"
 

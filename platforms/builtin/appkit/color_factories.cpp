@@ -74,7 +74,7 @@ Color* colorWithColorSpaceHue(ClassObject*, SEL selector, id spaceObject, CGFloa
                               CGFloat brightness, CGFloat alpha) {
     ColorSpace* const space = spaceArgument(selector, spaceObject);
     if (space->definition->model != ColorModel::rgb) {
-        raise(exceptionName::invalidArgument, formatted("+[NSColor %s]: %s is no RGB color space", sel_getName(selector),
+        raise(exceptionName::invalidArgument, formatted("+[NSColor %s]: %s is not an RGB color space", sel_getName(selector),
                                                         printable(send<String*>(space, msg::description))));
     }
     return colorWithHsb(space, {hue, saturation, brightness}, isOfDevice(*space->definition) ? clip(alpha) : alpha);

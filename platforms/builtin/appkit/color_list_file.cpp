@@ -13,19 +13,19 @@ namespace {
 
 constexpr std::string_view firstLine = "chromabridge color list 1";
 
-// By the order of StandardSpace.
+// In the order of StandardSpace.
 constexpr const char* standardNames[standardSpaceCount] = {
     "genericRGB", "genericGray", "genericCMYK",  "deviceRGB",          "deviceGray",
     "deviceCMYK", "sRGB",        "adobeRGB1998", "genericGamma22Gray", "displayP3"};
 
-// null for a space that is none of the platform's own.
+// Returns null for a space that does not belong to the platform.
 const char* standardNameOf(const SpaceDefinition& space) {
     for (std::size_t i = 0; i < standardSpaceCount; ++i)
         if (standardDefinition(static_cast<StandardSpace>(i)).get() == &space) return standardNames[i];
     return nullptr;
 }
 
-// Writes the spaces as they are first used, each once, ahead of the colours.
+// Writes each space once, in the order of first use, before the colours.
 class ListWriter {
 public:
     bool write(const ColorList::Entry& entry) {
@@ -87,7 +87,7 @@ private:
     std::string colors_;
 };
 
-// Reads into objects only: the list's entries, and an array of the spaces so far.
+// Reads only into objects: the list's entries, and an array of the spaces read so far.
 class ListReader {
 public:
     ListReader(ColorList& list, Array& spaces) : list_(list), spaces_(spaces) {}
@@ -152,7 +152,7 @@ private:
                            [&line](float& component) { return line.float32(component); });
     }
 
-    // Null when the catalog has no such colour.
+    // Returns null if the catalog has no such colour.
     static Color* catalog(LineReader& line) {
         std::string_view name;
         if (!line.keyword("System") || !line.word(name)) return nullptr;
@@ -170,7 +170,7 @@ private:
     Array& spaces_;
 };
 
-// Takes a line and its end off the text. False when there is no whole line.
+// Removes a line and its end from the text. Returns false if there is no complete line.
 bool nextLine(std::string_view& text, std::string_view& line) {
     const std::size_t end = text.find('\n');
     if (end == std::string_view::npos) return false;

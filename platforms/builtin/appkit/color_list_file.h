@@ -1,4 +1,4 @@
-// The file of a colour list: UTF-8 text, a line per thing.
+// The file of a colour list: lines of UTF-8 text.
 //
 //     chromabridge color list 1
 //     space 0 standard genericRGB
@@ -8,12 +8,13 @@
 //     "Tiles" pattern 41800000 41800000
 //     end 3
 //
-// Spaces are numbered from 0 and come before the colours that use them: the platform's own by name, others by their profile,
-// in hexadecimal. A colour is its key and then its space's number with all components and alpha, a catalog and a name, or
-// the width and height of a pattern's image. Numbers are the eight hexadecimal digits of a single-precision number's bits;
-// a width or height that is none takes the sixteen of a double-precision number's.
-// In a key, a quotation mark and a backslash follow a backslash; control characters and unpaired surrogates are \u and four
-// hexadecimal digits. The last line holds the number of colours: a file that ends without it is not whole.
+// Spaces are numbered from 0 and come before the colours that use them. The platform's own spaces are written by name,
+// others by their profile in hexadecimal. A colour is its key and one of the following: its space's number with all
+// components and alpha, a catalog and a name, or the width and height of a pattern's image. Numbers are the eight
+// hexadecimal digits of a single-precision number's bits; a width or height that has no single-precision value takes the
+// sixteen digits of a double-precision number. In a key, a backslash precedes a quotation mark and a backslash; control
+// characters and unpaired surrogates are \u and four hexadecimal digits. The last line contains the number of colours: a
+// file without this line is incomplete.
 #pragma once
 
 #include "appkit/color_list.h"
@@ -23,10 +24,10 @@
 
 namespace chroma::builtin {
 
-// False when a colour is a pattern whose image is not known.
+// Returns false if a colour is a pattern whose image is unknown.
 bool writeEntries(const ColorList& list, std::string& text);
 
-// Appends the colours to the list, which keeps what was read up to then when something is malformed: false.
+// Appends the colours to the list. Returns false if something is malformed; the list keeps the colours read before it.
 bool readEntries(std::string_view text, ColorList& list);
 
 } // namespace chroma::builtin

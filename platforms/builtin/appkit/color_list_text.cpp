@@ -122,7 +122,7 @@ bool LineReader::measure(CGFloat& value) {
         double number;
         if (!word(digits) || !readHex(digits, bits)) return false;
         std::memcpy(&number, &bits, sizeof number);
-        value = static_cast<CGFloat>(number); // in 32 bits the nearest
+        value = static_cast<CGFloat>(number); // in 32 bits the nearest value
         return true;
     }
     float single;

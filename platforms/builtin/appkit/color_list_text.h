@@ -12,12 +12,12 @@
 namespace chroma::builtin {
 
 void writeKey(std::u16string_view key, std::string& text);
-void writeFloat(float value, std::string& text); // with a blank before it, like the next
+void writeFloat(float value, std::string& text); // writes a blank first, like the next function
 void writeMeasure(CGFloat value, std::string& text);
 void writeBytes(const std::vector<std::uint8_t>& bytes, std::string& text);
 
-// What is left of a line. Every function takes its word off the front, the blank behind it too, and answers false when there
-// is no such word.
+// The rest of a line. Each function removes one word and the blank after it from the start, and returns false if the line
+// does not start with such a word.
 class LineReader {
 public:
     explicit LineReader(std::string_view line) : rest_(line) {}
@@ -29,7 +29,7 @@ public:
     bool number(std::size_t& value); // decimal
     bool key(std::u16string& key);
     bool float32(float& value);
-    bool measure(CGFloat& value); // of either precision
+    bool measure(CGFloat& value); // in either precision
     bool bytes(std::vector<std::uint8_t>& bytes);
 
 private:

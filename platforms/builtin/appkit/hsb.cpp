@@ -10,7 +10,7 @@ namespace chroma::builtin {
 Vector3 rgbFromHsb(const Vector3& hsb) {
     const double saturation = clip(hsb[1]);
     const double brightness = clip(hsb[2]);
-    // Computed in single precision, so that a third is a third of the circle however it was rounded.
+    // Computed in single precision, so that any rounding of 1/3 is exactly a third of the circle.
     const double sixth = static_cast<float>(clip(hsb[0])) * 6.0F;
 
     Vector3 rgb;

@@ -5,9 +5,9 @@
 
 namespace chroma::builtin {
 
-// y = (a x + b)^gamma + e from x = d on, y = c x + f below: the parametric curve of colour profiles, of which a plain gamma
-// is the simplest. With samples, the curve is the polygon through them, spaced evenly over 0..1, instead. Either may tell
-// lightness in place of light.
+// y = (a x + b)^gamma + e for x >= d, y = c x + f below: the parametric curve of colour profiles, of which a plain gamma is
+// the simplest case. If there are samples, the curve is instead the polygon through them, spaced evenly over 0..1. Either
+// form may yield lightness instead of light.
 struct TransferCurve {
     double gamma = 1;
     double a = 1;

@@ -92,7 +92,7 @@ private:
 
     std::vector<Slot> slots_; // their number is a power of two
     std::size_t count_ = 0;
-    int shift_ = 0; // leaves as many bits of the product as a slot's index has
+    int shift_ = 0; // the shift that leaves as many bits of the product as a slot's index has
 };
 
 } // namespace chroma::builtin

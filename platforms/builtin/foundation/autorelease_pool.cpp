@@ -16,7 +16,7 @@ AutoreleasePool* init(AutoreleasePool* self, SEL) {
     return self;
 }
 
-// Destroys the pool before its contents: a release that throws leaves the rest to the enclosing pool.
+// Destroys the pool before it releases the contents: if a release throws, the enclosing pool releases the rest.
 void dealloc(AutoreleasePool* self, SEL) {
     const std::size_t height = self->height;
     const bool isOpen = takeAutoreleased(height, self);

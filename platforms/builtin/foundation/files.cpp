@@ -15,7 +15,7 @@
 namespace chroma::builtin {
 namespace {
 
-// An open file, closed with the scope.
+// An open file, which is closed at the end of the scope.
 class File {
 public:
     explicit File(int descriptor) : descriptor_(descriptor) {}
@@ -48,9 +48,9 @@ bool writeAll(int descriptor, std::string_view contents) {
     return true;
 }
 
-// Follows links, also one that leads to no file yet. Returns "" when they form a circle.
+// Follows links, including one whose target does not exist yet. Returns "" if the links form a circle.
 std::string targetOf(std::string path) {
-    constexpr int maxLinks = 40; // as the kernel has it
+    constexpr int maxLinks = 40; // the kernel's limit
     for (int links = 0; links <= maxLinks; ++links) {
         char text[PATH_MAX];
         const ssize_t size = readlink(path.c_str(), text, sizeof text);
@@ -61,8 +61,8 @@ std::string targetOf(std::string path) {
     return "";
 }
 
-// While a file is written, its contents are in a temporary file next to it. The process that writes it holds a lock on it,
-// so that one without a lock was left by a process that was killed. The name ends in the process and a number.
+// While a file is written, its contents are in a temporary file next to it, which the writing process locks. So a temporary
+// file without a lock was left behind by a process that was killed. The name ends with the process and a number.
 std::string temporaryPrefix(const std::string& path) {
     constexpr std::size_t maxKept = 200; // a name has at most 255 bytes
     return "." + path.substr(path.rfind('/') + 1, maxKept) + ".saving-";
@@ -88,7 +88,7 @@ int createTemporary(const std::string& path, std::string& name) {
                std::to_string(counter.fetch_add(1));
         const int descriptor = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (descriptor < 0 && errno == EEXIST) continue;
-        // A file system without locks is no obstacle. Another process may have removed the file before it was locked.
+        // A file system may not support locks. Another process may have removed the file before it was locked.
         struct stat status;
         const bool isTaken = descriptor >= 0 && flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
         if (!isTaken && (descriptor < 0 || fstat(descriptor, &status) != 0 || status.st_nlink > 0)) return descriptor;
@@ -96,15 +96,15 @@ int createTemporary(const std::string& path, std::string& name) {
     }
 }
 
-// Gives the new file the owner, the group and the permissions of the old one. Only the superuser can give files away: a file
-// of someone else in a shared folder keeps its group and permissions. False when they cannot be kept.
+// Sets the owner, group and permissions of the old file on the new one. Returns false if that fails. Only the superuser can
+// change owners: another user's file in a shared folder keeps only its group and permissions.
 bool keepAccess(int descriptor, const struct stat& old) {
     const bool isOwned =
         fchown(descriptor, old.st_uid, old.st_gid) == 0 || fchown(descriptor, static_cast<uid_t>(-1), old.st_gid) == 0;
     return isOwned && fchmod(descriptor, old.st_mode & 0777) == 0;
 }
 
-// Makes the change of names in the folder last. A file system that cannot tell counts as having done it.
+// Makes the folder's changed names permanent. Ignores file systems that do not support this.
 void syncFolder(const std::string& path) {
     const File folder(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.isOpen()) fsync(folder.descriptor());
@@ -113,7 +113,7 @@ void syncFolder(const std::string& path) {
 } // namespace
 
 bool readFile(const char* path, std::vector<std::uint8_t>& contents) {
-    const File file(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // a pipe without a writer would wait for one
+    const File file(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // otherwise a pipe without a writer would block
     struct stat status;
     if (!file.isOpen() || fstat(file.descriptor(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
     std::uint8_t chunk[16384];

@@ -1,4 +1,4 @@
-// Whole files. Paths are UTF-8.
+// Reads and replaces complete files. Paths are UTF-8.
 #pragma once
 
 #include <cstdint>
@@ -8,23 +8,23 @@
 
 namespace chroma::builtin {
 
-// Appends the contents of a regular file. False when it cannot be read.
+// Appends the contents of a regular file. Returns false if the file cannot be read.
 bool readFile(const char* path, std::vector<std::uint8_t>& contents);
 
-// Replaces the contents of a regular file, or creates it, in one step: whoever opens the path reads the complete old file or
-// the complete new one. Follows links, and keeps the file's owner, group and permissions. Returns false when the path leads
-// to something else than a regular file, or when a step fails; then the old file is unchanged.
+// Replaces the contents of a regular file, or creates it, in one step: every reader gets the complete old file or the
+// complete new one. Follows links, and keeps the file's owner, group and permissions. Returns false if the path leads to
+// something other than a regular file, or if a step fails; the old file is then unchanged.
 bool replaceFile(const std::string& link, std::string_view contents);
 
-// Whether the user may not write the file. One that nobody is meant to write is protected from the superuser too.
+// Returns whether the user may not write the file. A file that no user may write is also protected from the superuser.
 bool isWriteProtected(const std::string& path);
 
 bool isFolder(const std::string& path);
 
-// The folder and those that it is in.
+// Creates the folder and the folders that contain it.
 bool makeFolders(const std::string& path);
 
-// The user's folder for data of programs, "" when the environment names none.
+// Returns the user's folder for data of programs, or "" if the environment names none.
 std::string userDataFolder();
 
 } // namespace chroma::builtin

@@ -7,11 +7,11 @@ namespace chroma::builtin {
 
 inline std::atomic<bool> platformIsReady{false};
 
-// Registers every class of the platform; other threads wait meanwhile. Ends the process if memory is exhausted. Defined
-// next to the list of classes.
+// Registers every class of the platform, while other threads wait. Aborts the process if memory is exhausted. Defined next
+// to the list of classes.
 void registerPlatform() noexcept;
 
-// Every exported function that may be a process's first call starts with this.
+// Every exported function that a process may call first starts with this.
 inline void ensurePlatform() {
     if (!platformIsReady.load(std::memory_order_acquire)) registerPlatform();
 }

@@ -1,4 +1,4 @@
-// Throwing inside the platform, and ending the process after an uncaught throw.
+// Throws inside the platform, and aborts the process after an uncaught throw.
 #pragma once
 
 #include "runtime/object.h"
@@ -7,7 +7,7 @@
 
 namespace chroma::builtin {
 
-// Throws the object. In 64 bits inlined, because each frame between costs as much as a message.
+// Throws the object. Inlined in 64 bits, because each frame between throw and guard costs as much as a message.
 #if defined(__LP64__)
 [[noreturn, gnu::always_inline]] inline void throwObject(id object) {
     throw static_cast<ThrownObject>(reinterpret_cast<std::uintptr_t>(object));

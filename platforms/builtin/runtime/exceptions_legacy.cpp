@@ -35,7 +35,7 @@ void unify(void* (&buffer)[5]) {
 
 } // namespace
 
-void watchForUncaught() {} // a throw sees that there is no guard
+void watchForUncaught() {} // a throw itself finds that there is no guard
 
 } // namespace chroma::builtin
 

@@ -11,7 +11,7 @@ namespace {
 
 std::terminate_handler enclosingHandler = nullptr;
 
-// Ends the process as for an uncaught native exception, if there is one; calls the previous handler for other reasons.
+// Aborts the process as for an uncaught native exception, if there is one. Otherwise calls the previous handler.
 [[noreturn]] void endProcess() {
     try {
         if (std::current_exception()) throw;

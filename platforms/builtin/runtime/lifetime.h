@@ -28,8 +28,8 @@ Instance* makeImmortal(Instance* object) {
     return object;
 }
 
-// Reference counting, as NSObject does it. The platform counts directly, without messages, so counting up cannot throw.
-// Only the end of an object is a message, dealloc. nil is allowed.
+// Reference counting, as NSObject does it. The platform counts directly, without messages, so a retain cannot throw. Only
+// the destruction of an object sends a message, dealloc. nil is allowed.
 template <class Instance>
 Instance* retain(Instance* object) {
     if (object && object->retainCount.load(std::memory_order_relaxed) != immortal)

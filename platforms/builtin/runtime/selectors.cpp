@@ -17,7 +17,7 @@ namespace {
 std::mutex selectorLock;
 std::atomic<std::uint32_t> registeredSelectors{0};
 
-// Never destroyed: selectors outlive every static object that may still send messages while the process ends.
+// Never destroyed: selectors must outlive every static object that may still send messages while the process exits.
 std::unordered_map<std::string_view, SEL>& selectorsByName() {
     static auto* const selectors = new std::unordered_map<std::string_view, SEL>;
     return *selectors;

@@ -241,7 +241,7 @@ bool putCharacter(Output& output, char32_t character, std::uint32_t encoding) {
 
 bool extendsAscii(std::uint32_t encoding) { return encoding == encoding::utf8 || isSingleByte(encoding); }
 
-// Works word by word, because this runs over most text before it is copied.
+// Reads word by word, because this runs over most text before it is copied.
 bool isAscii(std::string_view bytes) {
     std::uint64_t all = 0;
     std::size_t index = 0;

@@ -22,8 +22,8 @@ void put(double* output, double value) {
     if (output) *output = value;
 }
 
-// A message that writes components and alpha, the body that sends it, and its outputs, in one object and without a loop:
-// this runs for every colour of a picture.
+// A message that writes components and alpha, the body that sends it, and its outputs. They are in one object and without a
+// loop, because this code runs for every colour of a picture.
 template <OtherKind otherKind, class... Pointers>
 struct ComponentRead {
     static constexpr std::size_t count = sizeof...(Pointers) - 1;
@@ -50,8 +50,8 @@ private:
     }
 };
 
-// Reads the components that `message` writes, and alpha, into the outputs. If the alpha output is null, the platform is not
-// asked for alpha.
+// Reads the components that `message` writes, and alpha, into the outputs. If the alpha output is null, passes null for it
+// to the platform.
 template <OtherKind otherKind, class... Pointers, class... Outputs>
 [[gnu::always_inline]] inline void readOut(REALobjectStruct* object, Message<void(Pointers...)>& message, double* alpha,
                                            Outputs... outputs) {

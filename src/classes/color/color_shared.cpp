@@ -14,7 +14,7 @@
 namespace chroma::color {
 namespace {
 
-// The body of every factory: `make` sends the class message; its result is wrapped.
+// The body of every factory: `make` sends the class message, and the result is wrapped.
 template <class Make>
 REALobjectStruct* wrapped(Make make) {
     REALobjectStruct* result = nullptr;

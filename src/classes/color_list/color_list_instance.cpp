@@ -61,7 +61,7 @@ void NSColorListDestructor(REALobjectStruct* object) {
 HostBoolean Create1(REALobjectStruct* object, REALstringStruct* name) {
     return loaded(object, [&] {
         const id listName = autoreleasedString(name);
-        holdNative(object, sel::initWithName_(newList(), listName), Entry::made, listOffset());
+        holdNative(object, sel::initWithName_(newList(), listName), Entry::added, listOffset());
     });
 }
 
@@ -69,7 +69,7 @@ HostBoolean Create2(REALobjectStruct* object, REALstringStruct* name, REALstring
     return loaded(object, [&] {
         const id listName = autoreleasedString(name);
         const id file = autoreleasedString(path);
-        holdNative(object, sel::initWithName_fromFile_(newList(), listName, file), Entry::made, listOffset());
+        holdNative(object, sel::initWithName_fromFile_(newList(), listName, file), Entry::added, listOffset());
     });
 }
 

@@ -34,8 +34,7 @@ REALstringStruct* description(REALobjectStruct* object, REALword parameter);
 HostInteger colorSpaceModel(REALobjectStruct* object, REALword parameter);
 HostInteger numberOfColorComponents(REALobjectStruct* object, REALword parameter);
 
-// Shared methods. They return nil, without an exception of the library's own, if something cannot be read, found or
-// accepted.
+// Shared methods. They return nil, without raising an exception themselves, if something cannot be read, found or accepted.
 REALobjectStruct* ColorSpaceWithICCProfileFile(REALfolderItemStruct* file);
 REALobjectStruct* ColorSpaceWithICCProfileData(REALmemoryBlockStruct* profile);
 REALobjectStruct* ColorSpaceWithColorSyncProfile(HostInteger handle);

@@ -13,7 +13,7 @@ namespace {
 
 // The body of every initialiser: `make` returns a space that the caller owns, or nil.
 template <class Make>
-void initialise(REALobjectStruct* object, Make make, Entry entry = Entry::made) {
+void initialise(REALobjectStruct* object, Make make, Entry entry = Entry::added) {
     if (!mayInitialise(object)) return;
     guarded([&] {
         initCocoa();

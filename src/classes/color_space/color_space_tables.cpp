@@ -25,7 +25,7 @@ REALmethodDefinition NSColorSpaceMethods[] = {
     CHROMA_METHOD(CGColorSpace, "CGColorSpaceHandle as integer"),
 };
 
-// Models are integers; a name stands for itself.
+// Models are integers. A name's value is its text.
 #define CHROMA_MODEL(declaration) { declaration, 0, 0, {} }
 #define CHROMA_NAME(name) { name " = \"" name "\"", 0, 0, {} }
 

@@ -7,8 +7,8 @@
 
 namespace chroma::builtin {
 
-// Checks every access against the bounds. A read outside returns 0 and makes `isInBounds` false for good; the results count
-// only if it is true at the end. The reader borrows the bytes.
+// Checks every access against the bounds. A read outside returns 0 and sets `isInBounds` to false permanently; the results
+// count only if it is still true at the end. The reader borrows the bytes.
 class ByteReader {
 public:
     ByteReader() = default;

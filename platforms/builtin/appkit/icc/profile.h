@@ -12,9 +12,9 @@ namespace chroma::builtin {
 // converted.
 SpacePointer spaceFromProfile(const std::uint8_t* bytes, std::size_t size);
 
-// A version 2 profile: of a grey or RGB space, all of whose channels have one curve, a display's with curve and colorants;
-// of a complement a colour space's, with tables for both directions, as near as the README says.
-// `white` is the display's own.
+// Returns a version 2 profile. A grey or RGB space, whose channels all have the same curve, gets a display profile with
+// curve and colorants. A complement gets a colour space profile with tables for both directions; the README describes their
+// precision. `white` is the display's white point.
 std::vector<std::uint8_t> profileOfSpace(const SpaceDefinition& space, const Vector3& white);
 
 } // namespace chroma::builtin

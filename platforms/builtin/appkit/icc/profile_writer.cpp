@@ -48,7 +48,7 @@ public:
         writer_.bytes.resize(nextEntry_ + tagCount * icc::tagEntrySize);
     }
 
-    // Version 2.1, which every reader knows. The date is constant, so that the bytes do not depend on the build.
+    // Version 2.1, which every reader supports. The date is constant, so that the bytes do not depend on the build.
     void header(std::uint32_t profileClass, std::uint32_t colorSpace) {
         constexpr std::uint32_t version = 0x02100000, yearAndMonth = 2024 << 16 | 1, day = 1 << 16;
         writer_.putU32(icc::versionField, version);

@@ -12,9 +12,9 @@
 
 namespace chroma::builtin::icc {
 
-// The elements of which a table is made. A grid and a sampled curve clip their input to 0..1. A parametric curve and a
-// matrix do not, so that values above 1 survive until the element that brings them back: the curves of high dynamic range
-// need that.
+// The elements of a table. A grid and a sampled curve clip their input to 0..1. A parametric curve and a matrix do not, so
+// that values above 1 survive until another element brings them back into range: the curves of high dynamic range need
+// that.
 
 struct Curves {
     std::vector<TransferCurve> channels;

@@ -82,8 +82,8 @@ BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char* ty
 IMP class_replaceMethod(Class cls, SEL selector, IMP implementation, const char* types);
 IMP method_setImplementation(Method method, IMP implementation);
 
-// Exceptions. Any object may be thrown; the runtime does not retain it. An uncaught exception ends the process: the runtime
-// calls the handler, which must return, and aborts. The default handler writes a line to standard error.
+// Exceptions. Any object may be thrown; the runtime does not retain it. After an uncaught exception the runtime calls the
+// handler, which must return, and aborts the process. The default handler writes a line to standard error.
 //
 // In 64 bits a throw is the C++ exception `throw ThrownObject`, by value: the stack unwinds, destructors run, and `catch
 // (ThrownObject)` is a guard. The exception propagates through frames of any language that can be unwound.
