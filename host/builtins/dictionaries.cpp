@@ -1,4 +1,4 @@
-// The built-in class Dictionary: values by keys, in the order in which the keys were first entered.
+// The built-in class Dictionary: values by key, in the order in which the keys were first added.
 #include "builtins/builtins.h"
 
 #include "model/arrays.h"
@@ -16,11 +16,11 @@
 
 namespace host {
 
-// The functions of classes are named alike: the files that are compiled together tell them apart by this.
+// Functions of different classes have equal names. This namespace distinguishes them in files that are compiled together.
 namespace dictionaries {
 namespace {
 
-// The values are out of their variants, which would take twice the memory.
+// Key and value are stored without their variants, which would need twice the memory.
 struct Entry {
     Slot keyValue;
     Slot itemValue;
@@ -32,7 +32,7 @@ struct Entry {
     Held item() const { return {itemKind, itemValue}; }
 };
 
-// Spreads the numbers whose hash is the number itself.
+// Spreads the hashes of numbers, which are the numbers themselves.
 std::uint32_t spreadHashOf(Held key) {
     constexpr std::uint64_t goldenRatio = 0x9E3779B97F4A7C15;
     return static_cast<std::uint32_t>(hashOf(key) * goldenRatio >> 32);
@@ -51,7 +51,7 @@ public:
 
     std::size_t count() const { return count_; }
 
-    // Null when there is no such key.
+    // Returns null if the key does not exist.
     Entry* find(Held key) {
         if (places_.empty()) return nullptr;
         const std::uint32_t hash = spreadHashOf(key);
@@ -76,7 +76,7 @@ public:
         const Entry old = entry;
         entry.keyKind = Kind::nothing;
         --count_;
-        release(old); // last: a destructor may run and look at the dictionary
+        release(old); // last: a destructor may run and use the dictionary
     }
 
     template <class Use>
@@ -101,7 +101,7 @@ private:
         places_[i] = static_cast<std::uint32_t>(index + 1);
     }
 
-    // Forgets the removed entries and makes room for as many again.
+    // Drops the removed entries and reserves room for as many entries again.
     void rebuild() {
         std::size_t size = 8;
         while (size < (count_ + 1) * 2)
@@ -124,14 +124,14 @@ Entries& entriesOf(const Object* dictionary) { return *static_cast<Entries*>(dic
 void construct(Object* dictionary) { dictionary->own = Slot::ofAddress(new Entries); }
 void destroy(Object* dictionary) { delete &entriesOf(dictionary); }
 
-// False, with an exception recorded, for what equals nothing, not even itself.
+// Returns false and records an exception for not-a-number, which does not even equal itself.
 bool canBeKey(Held key) {
     if (key.kind != Kind::real || !std::isnan(key.value.real)) return true;
     raise("UnsupportedOperationException", "Not-a-number (NaN) cannot be a key.");
     return false;
 }
 
-// Null when there is no such key.
+// Returns null if the key does not exist.
 Entry* find(Object* dictionary, Object* key) {
     const Held wanted = heldIn(key);
     return canBeKey(wanted) ? entriesOf(dictionary).find(wanted) : nullptr;
@@ -161,7 +161,7 @@ void setValue(Object* dictionary, Object* key, Object* value) {
     lock(item);
     entry->itemKind = item.kind;
     entry->itemValue = item.value;
-    unlock(old); // last: a destructor may run and look at the dictionary
+    unlock(old); // last: a destructor may run and use the dictionary
 }
 
 Object* lookup(Object* dictionary, Object* key, Object* otherwise) {

@@ -24,20 +24,20 @@
 
 namespace host {
 
-// The functions of classes are named alike: the files that are compiled together tell them apart by this.
+// Functions of different classes have equal names. This namespace distinguishes them in files that are compiled together.
 namespace folder_items {
 namespace {
 
 namespace fs = std::filesystem;
 
-// Absolute from the constructor on; empty before, which names no file.
+// The path is absolute after the constructor. Before, it is empty and names no file.
 fs::path& pathOf(const Object* item) { return *static_cast<fs::path*>(item->own.address); }
 
 void construct(Object* item) { item->own = Slot::ofAddress(new fs::path()); }
 void destroy(Object* item) { delete &pathOf(item); }
 
-// The absolute path without a slash at its end; nothing, with an exception pending, for what names no file. Where ".."
-// leads, only the links before it tell.
+// Returns the absolute path without a trailing slash. Returns nullopt and records an exception if the text is not a path.
+// The target of ".." depends on links before it, so such a path is resolved in the file system.
 std::optional<fs::path> located(const fs::path& path) {
     std::error_code error;
     fs::path absolute = fs::absolute(path, error);
@@ -84,7 +84,7 @@ HostBoolean isFolder(Object* item, REALword) {
     return fs::is_directory(pathOf(item), error);
 }
 
-// A new item, which the caller owns; null when memory is exhausted.
+// Returns a new item, which the caller owns, or null if memory is exhausted.
 Object* newItem(const fs::path& path) {
     Object* const item = newObject(*registry().find("FolderItem"));
     if (item) pathOf(item) = path;
@@ -115,7 +115,8 @@ void raiseAbout(const Object* item, const char* what, std::error_code reason = {
 
 std::error_code lastError() { return {errno, std::generic_category()}; }
 
-// Nothing, with an exception pending, when it cannot be read or has more than so many bytes.
+// Returns the contents of the file. Returns nullopt and records an exception if the file cannot be read or has more than
+// `most` bytes.
 std::optional<std::string> contents(const Object* item, std::size_t most) {
     std::error_code error;
     std::ifstream file;
@@ -139,7 +140,7 @@ void write(const Object* item, std::string_view bytes) {
 
 MemoryBlock* readBytes(Object* item) {
     std::error_code error;
-    const bool isFile = fs::is_regular_file(pathOf(item), error); // a device may never end
+    const bool isFile = fs::is_regular_file(pathOf(item), error); // reading a device may never end
     const std::optional<std::string> bytes =
         contents(item, isFile ? std::numeric_limits<std::int32_t>::max() : maxTextBytes);
     if (!bytes) return nullptr;
@@ -173,7 +174,8 @@ void writeText(Object* item, String* text) {
     write(item, bytes);
 }
 
-// By name; nothing, with an exception pending, when it cannot be read as a folder.
+// Returns the entries of the folder, sorted by name. Returns nullopt and records an exception if the item cannot be read as
+// a folder.
 std::optional<std::vector<fs::path>> entries(const Object* item) {
     std::vector<fs::path> paths;
     std::error_code error;
@@ -219,7 +221,7 @@ void remove(Object* item) {
     if (error) raiseAbout(item, "cannot be removed", error);
 }
 
-// The last one came with version 2013.0.
+// The last property was introduced in version 2013.0.
 REALproperty properties[] = {
     readOnlyProperty("Name", "String", name),      readOnlyProperty("URLPath", "String", urlPath),
     readOnlyProperty("Exists", "Boolean", exists), readOnlyProperty("IsFolder", "Boolean", isFolder),

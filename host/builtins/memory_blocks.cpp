@@ -16,14 +16,14 @@
 
 namespace host {
 
-// The functions of classes are named alike: the files that are compiled together tell them apart by this.
+// Functions of different classes have equal names. This namespace distinguishes them in files that are compiled together.
 namespace memory_blocks {
 namespace {
 
 struct Bytes {
     unsigned char* start; // null if size is 0
     std::int32_t size;
-    std::int32_t capacity; // how many bytes there is memory for
+    std::int32_t capacity; // the number of allocated bytes
     bool isLittleEndian;   // byte order of the numbers that programs read and write
 };
 
@@ -47,8 +47,8 @@ void destroy(Object* block) {
     delete &bytesIn(block);
 }
 
-// Keeps the leading bytes, zero-fills new ones; false when memory is exhausted. A block that grows gets half as much again,
-// so that growing in small steps takes time in proportion to its size.
+// Keeps the leading bytes and fills new ones with zeros. Returns false if memory is exhausted. A block that grows reserves
+// half as much again, so repeated growth in small steps takes time proportional to its size.
 bool resize(Object* block, std::int32_t size) {
     constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
     Bytes& bytes = bytesIn(block);

@@ -50,7 +50,7 @@ std::vector<std::string> argumentsOf(const Program& program) {
     return arguments;
 }
 
-// Ends this process with the signal, so that the parent process sees the signal.
+// Terminates this process by the signal, so that the parent process sees the signal.
 void endBySignal(int signal) {
     std::cout.flush();
     std::fflush(stdout);

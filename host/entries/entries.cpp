@@ -28,7 +28,7 @@ Process& process() {
     return theProcess;
 }
 
-// No exception crosses the boundary: when memory is exhausted, an entry does nothing and returns null.
+// No exception propagates to the plugin: if memory is exhausted, an entry point does nothing and returns null.
 template <class Body>
 auto orNull(Body body) noexcept -> decltype(body()) {
     try {
@@ -38,7 +38,7 @@ auto orNull(Body body) noexcept -> decltype(body()) {
     }
 }
 
-// The functions have the names of the entries, so that the list of the contract is the table.
+// The functions have the names of the entry points, so that the list in the ABI header is also the table.
 namespace offered {
 
 // ---- Version and classes
@@ -156,7 +156,7 @@ void raiseBadIndex(const Array* array, std::int32_t index) {
     });
 }
 
-// Stores at an index that exists, and at the first past the end, where the array grows.
+// Stores at an existing index, or at the first index after the end, where the array grows.
 void store(void* array, std::int32_t index, Slot value) {
     orNull([&] {
         Array* const target = arrayFrom(array);
@@ -214,7 +214,7 @@ std::int32_t memoryBlockGetSize(MemoryBlock* block) { return block ? sizeOf(bloc
 
 struct Entry {
     const char* name;
-    double since; // the first host version that offers it
+    double since; // the first host version that provides it
     void* address;
 };
 
@@ -244,8 +244,8 @@ void startHost(const HostOptions& options) {
     simulatedVersion = options.version;
     std::set<std::string, std::less<>>& without = process().without;
     without = {options.without.begin(), options.without.end()};
-    // Such a host must be one that can exist: without a lock there is no unlock and nothing ends, and without a version it
-    // is of the first one, also in what it offers.
+    // A simulated host must be possible. Without a lock it has no unlock, and no object is destroyed. Without a version it
+    // is a host of the first version and provides only that version's entry points.
     if (without.count("REALLockObject") != 0) {
         without.insert("REALUnlockObject");
         keepAllObjects();

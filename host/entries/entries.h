@@ -1,4 +1,4 @@
-// The host as a plugin sees it: version, entry points by name, and what was taken away for a test.
+// The host as a plugin sees it: its version, its entry points by name, and the entry points that are withheld for a test.
 #pragma once
 
 #include "values/host_version.h"
@@ -15,19 +15,19 @@ struct HostOptions {
     std::vector<std::string> without; // entry names that the resolver does not know
 };
 
-// Sets version and entries and registers the built-in classes: once, first of all. A withheld lock takes its unlock along,
-// and no object, or string, ends in that host; a withheld "REALGetRBVersion" makes it a host of the first version. Throws
-// std::invalid_argument, listing the known names, when one of `without` is no entry of this host, and for a version below 0
-// or none at all.
+// Sets the version and the entry points and registers the built-in classes. Must be the first call, and runs once.
+// Withholding a lock also withholds its unlock; objects or strings are then never destroyed. Withholding "REALGetRBVersion"
+// simulates a host of the first version. Throws std::invalid_argument, which lists the known names, if a name in `without`
+// is unknown, and if the version is negative or not a number.
 void startHost(const HostOptions& options = {});
 
-// The control version that the plugin announced last; 0 before.
+// Returns the control version that a plugin announced last, or 0 if none has.
 int announcedControlVersion();
 
-// The resolver to hand to a plugin.
+// The resolver that plugins receive.
 void* resolveEntry(const char* name);
 
-// Every entry name of this host in any version, in the order of the table.
+// Returns the names of all entry points of all host versions, in the order of the table.
 std::vector<std::string> entryNames();
 
 } // namespace host

@@ -26,7 +26,7 @@ enum class Conversion : unsigned char {
     fromVariant, // readVariant: may raise
 };
 
-// Returns how a value of type `from` is converted to type `to`, or nullopt if it cannot be.
+// Returns the conversion from type `from` to type `to`, or nullopt if there is none.
 std::optional<Conversion> conversionTo(const Type& to, const Type& from, Purpose purpose);
 
 // Returns the converted value, for `none` and the conversions of numbers and colours.

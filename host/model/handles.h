@@ -16,8 +16,8 @@ HostInteger readHandle(Object* object, unsigned char* word);
 // that is not of `info` or a derived class, records an UnsupportedOperationException and changes nothing.
 void writeHandle(Object* object, const ClassInfo& info, unsigned char* word, HostInteger handle);
 
-// Restores the object's own handle and forgets the object, before it is destroyed. Returns the object whose handle it had
-// borrowed, which the caller must keep until the destructor has run, or null.
+// Restores the object's own handle and removes the object from the records, before it is destroyed. Returns the object
+// whose handle it had borrowed, or null. The caller must keep that object until the destructor has run.
 Owned<Object> settleHandle(const Object* object);
 
 } // namespace host

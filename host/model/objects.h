@@ -11,7 +11,7 @@ namespace host {
 class ClassInfo;
 }
 
-// The contract does not define the layout of an object; this is this host's.
+// The contract does not define the layout of an object. This is the layout of this host.
 struct REALobjectStruct {
     alignas(8) host::ClassInfo* info; // never null
     alignas(8) std::int32_t references;
@@ -37,8 +37,8 @@ inline void unlock(Object* object) {
     if (object && --object->references == 0) destroyObject(object);
 }
 
-// From now on no object is destroyed. Used for hosts whose plugins cannot lock objects: the caller receives no reference to
-// an object that such a plugin returns.
+// Prevents the destruction of all objects from now on. Used for hosts whose plugins cannot lock objects: the caller
+// receives no reference to an object that such a plugin returns.
 void keepAllObjects();
 
 // Returns the first byte of the instance data.

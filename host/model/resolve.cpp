@@ -113,8 +113,8 @@ std::string listed(const std::vector<const Method*>& methods) {
     return text;
 }
 
-// Returns which parameter has no argument, or an argument that cannot be passed by reference: the types in the message do
-// not show these.
+// Returns which parameter has no argument, or has an argument that cannot be passed by reference. The types in the message
+// do not show these reasons.
 std::string reasonAgainst(const Method& method, const std::vector<Argument>& arguments) {
     Candidate candidate = {&method, {}, {}, 0};
     std::size_t next = 0;

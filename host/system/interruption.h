@@ -6,10 +6,11 @@
 
 namespace host {
 
-// Set by the SIGINT handler of whoever runs a program; 0 while no program runs.
+// Set by the SIGINT handler of the code that runs a program; 0 while no program runs.
 inline volatile std::sig_atomic_t interruptWanted = 0;
 
-// Ends a loop of the library. Code that catches std::bad_alloc around a step of a program must check interruptWanted first.
+// Thrown to leave a loop of the library. Code that catches std::bad_alloc around a step of a program must check
+// interruptWanted first.
 struct Interruption : std::bad_alloc {};
 
 inline void checkInterruption() {

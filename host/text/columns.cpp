@@ -8,7 +8,7 @@
 namespace host {
 namespace {
 
-// Takes the first character off the text.
+// Removes and returns the first character of the text.
 std::string_view takeCharacter(std::string_view& text) {
     std::size_t size = 1;
     while (size < text.size() && !utf8::startsCharacter(text[size]))

@@ -1,4 +1,4 @@
-// Text in the columns of a terminal, of which Chinese characters and emoji take two and combining characters none.
+// Text in the columns of a terminal. Chinese characters and emoji take two columns, combining characters none.
 #pragma once
 
 #include <cstddef>
@@ -14,11 +14,11 @@ std::size_t columnsOf(std::string_view text);
 // Appends blanks up to the width.
 std::string padded(std::string text, std::size_t width);
 
-// Returns the text, or its first characters and "…" when it is wider.
+// Returns the text, or its first characters and "…" if it is wider.
 std::string shortened(std::string_view text, std::size_t width);
 
-// Writes the label as it is and the text after it, broken into lines at words. All lines but the first are indented. A word
-// that is longer than a line has its own.
+// Writes the label unchanged and then the text, broken into lines at words. All lines except the first are indented. A word
+// that is longer than a line has a line to itself.
 void writeParagraph(std::ostream& out, std::size_t width, std::string_view label, std::string_view text, std::size_t indent);
 
 } // namespace host

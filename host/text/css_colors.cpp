@@ -15,7 +15,7 @@ struct CssColor {
     HostColor value; // without the opacity
 };
 
-// By name.
+// Sorted by name.
 constexpr CssColor cssColors[] = {
     {"aliceblue", 0xF0F8FF},
     {"antiquewhite", 0xFAEBD7},

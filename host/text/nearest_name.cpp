@@ -10,8 +10,8 @@ namespace host {
 namespace {
 
 // Returns the number of edits (insert, delete, replace, swap two neighbours) between the names, or one more than to the
-// nearest beginning of `name`. A short name is like too many others: a replaced letter counts twice, in one of three letters
-// every edit but a swap does, and beginnings do not count.
+// nearest beginning of `name`. Short names resemble too many others: in them a replaced letter counts twice, and beginnings
+// do not count. In names of three letters every edit except a swap counts twice.
 std::size_t distance(std::string_view wanted, std::string_view name) {
     constexpr std::size_t maxShort = 4;
     const bool isShort = wanted.size() <= maxShort;

@@ -12,7 +12,7 @@ struct TerminalSize {
     std::size_t columns = 0, rows = 0;
 };
 
-// Returns the size of the terminal on standard output; 0 by 0 when it is not a terminal, or one that does not know.
+// Returns the size of the terminal on standard output, or 0 by 0 if it is not a terminal or its size is unknown.
 TerminalSize terminalSize();
 
 } // namespace host

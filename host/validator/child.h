@@ -1,4 +1,4 @@
-// Child processes, which contain whatever a plugin does to its process.
+// Child processes, which isolate the effects of a plugin on its process.
 #pragma once
 
 #include <chrono>

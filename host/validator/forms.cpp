@@ -22,8 +22,8 @@ constexpr std::array doubles = {0.5, 0.0, -1.5, 1e308, infinity, -infinity, std:
 constexpr std::array<HostColor, 3> colors = {0xFF804020, 0, 0xFFFFFFFF};
 constexpr std::array<std::int32_t, 5> arraySizes = {4, 0, 1, 21, 300};
 constexpr std::array<std::int32_t, 3> blockSizes = {16, 0, 1};
-// An "integer" may carry a pointer, which nobody can make up. Only a parameter that is called an index gets values other
-// than 0. The value of a setter is not a pointer either, unless the property's name says so.
+// An "integer" may be a pointer, which cannot be invented. Only a parameter that is called an index gets values other than
+// 0. The value of a setter is not a pointer either, unless the property's name says so.
 constexpr std::array<HostInteger, 5> integers = {0, 1, -1, highest, lowest}, values = {7, 0, -1, highest, lowest};
 
 struct Text {
@@ -43,8 +43,8 @@ const std::array<Text, 7> texts = {{
 
 const Form null = {[] { return Slot(); }, nullptr, "null"};
 
-// Names the running function meanwhile, so that a crash is not blamed on the function that the argument is for. Converts to
-// false if the function is unusable.
+// Names the running function for its lifetime, so that a crash is not attributed to the function that the argument is for.
+// Converts to false if the function is unusable.
 class Use {
 public:
     explicit Use(const std::string& name) : isUsable_(unusableFunctions().count(name) == 0), before_(currentStep()) {

@@ -9,7 +9,7 @@
 
 namespace host::validator {
 
-// Creates a receiver or an argument, which belongs to the caller.
+// Creates a receiver or an argument, which the caller owns.
 struct Form {
     std::function<Slot()> make;
     const char* refusal = nullptr; // the host exception that this value raises; null: none is certain
@@ -44,7 +44,7 @@ struct Function {
 // itself.
 std::vector<Function> functionsOf(const ClassInfo& info, const Forms& forms);
 
-// Returns whether the name says that the integer is an address, which nobody can make up.
+// Returns whether the name says that the integer is an address, which cannot be invented.
 bool isAddress(const Property& property);
 
 // Returns a Function for a function of the class that no row of the record binds. It has a receiver, but no result and no

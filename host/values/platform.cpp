@@ -51,7 +51,7 @@ std::optional<std::string> textOf(const void* string, Encoding encoding) {
     const id text = static_cast<id>(const_cast<void*>(string));
     const std::intptr_t units = CFStringGetLength(text);
     if (units > std::numeric_limits<std::int32_t>::max() / 4) return std::nullopt;
-    std::string bytes(static_cast<std::size_t>(units) * 4, '\0'); // no encoding takes more for a unit
+    std::string bytes(static_cast<std::size_t>(units) * 4, '\0'); // no encoding needs more bytes per unit
     auto* const buffer = reinterpret_cast<std::uint8_t*>(bytes.data());
     std::intptr_t used = 0;
     const auto capacity = static_cast<std::intptr_t>(bytes.size());

@@ -1,5 +1,5 @@
-// What the host uses of the platform: autorelease pools around statements, text conversion, the keys of a list, and the
-// size of the registry.
+// The platform functions that the host uses: autorelease pools around statements, text conversion, the keys of a list, and
+// the size of the registry.
 #pragma once
 
 #include "values/strings.h"

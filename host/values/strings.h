@@ -38,7 +38,7 @@ void unlock(String* string);
 // Returns the number of references to a string that is not null.
 std::int32_t referencesOf(const String* string);
 
-// From now on no string is destroyed; see keepAllObjects.
+// Prevents the destruction of all strings from now on; see keepAllObjects.
 void keepAllStrings();
 
 // Returns the stored bytes, valid while the string lives; empty for null.

@@ -16,8 +16,8 @@ double microseconds(); // since the first call; never decreases
 String* now();         // YYYY-MM-DD HH:MM:SS in the local time zone
 double unixTime();     // seconds since 1970 in UTC
 
-// Requests the end of the program by recording an exception. Whoever raises pending exceptions quits the program instead if
-// takeWantedEnd returns a code.
+// Requests the end of the program by recording an exception. The code that raises pending exceptions quits the program
+// instead if takeWantedEnd returns a code.
 void quit(HostInteger code);
 std::optional<int> takeWantedEnd();
 

@@ -109,7 +109,7 @@ ActionPtr writeElement(CodePtr array, CodePtr index, CodePtr value, Offset offse
         Array* const object = requireArray(array->evaluate(frame).object, offset);
         const HostInteger position = index->evaluate(frame).integer;
         const Slot element = value->evaluate(frame);
-        requireIndex(object, position, offset); // now, because evaluating the value may change the array
+        requireIndex(object, position, offset); // checked now, because evaluating the value may change the array
         setElement(object, position, element);
     });
 }

@@ -1,5 +1,5 @@
-// Code for the places that hold values: variables and properties. Whoever writes a counted value gives the place its own
-// reference. Elements of arrays are in array_operations.h.
+// Code for the places that hold values: variables and properties. Code that writes a counted value adds a reference for the
+// place. Elements of arrays are in array_operations.h.
 #pragma once
 
 #include "language/library/text_functions.h"
