@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs programs of the script language and the same programs in Python, in turns, and prints a table.
+"""Runs programs of the script language and the same programs in Python, alternately, and prints a table.
 
     benchmarks/compare_with_python.py [CHROMAHOST] [ROUNDS]
 

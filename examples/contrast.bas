@@ -1,5 +1,5 @@
-' How well each of the system's text colours can be read on each of its backgrounds, by the contrast ratio of the Web Content
-' Accessibility Guidelines: 4.5 for text (AA), 7 for comfort (AAA), 3 for large text alone.
+' The contrast of each of the system's text colours on each of its backgrounds, as the contrast ratio of the Web Content
+' Accessibility Guidelines: 4.5 for text (AA), 7 for comfort (AAA), 3 for large text only.
 '   ./run examples/contrast.bas
 
 Dim texts As New Dictionary
@@ -52,7 +52,7 @@ Function Graded(ratio As Double) As String
     End Select
 End Function
 
-' From 1, for equal colours, to 21, for black on white. A text that lets its background through is as dark as the mixture.
+' Returns 1 for equal colours up to 21 for black on white. A translucent text counts as its mixture with the background.
 Function Contrast(text As NSColorZRX, background As NSColorZRX) As Double
     Dim white() As Double = Array(1.0, 1.0, 1.0)
     Dim below() As Double = LaidOver(background, white)
@@ -60,7 +60,7 @@ Function Contrast(text As NSColorZRX, background As NSColorZRX) As Double
     Return (Max(a, b) + 0.05) / (Min(a, b) + 0.05)
 End Function
 
-' The red, green and blue in sRGB of a colour over an opaque one.
+' Returns the red, green and blue in sRGB of a colour over an opaque one.
 Function LaidOver(c As NSColorZRX, below() As Double) As Double()
     Dim red, green, blue, alpha As Double
     c.colorUsingColorSpace(NSColorSpaceZRX.sRGBColorSpace).getRGB red, green, blue, alpha
@@ -71,7 +71,7 @@ Function LaidOver(c As NSColorZRX, below() As Double) As Double()
     Return mixed
 End Function
 
-' The light that a colour gives, from 0 to 1, as the guidelines compute it from the parts of sRGB.
+' Returns the luminance of a colour, from 0 to 1, as the guidelines compute it from the components of sRGB.
 Function Luminance(parts() As Double) As Double
     Dim weights() As Double = Array(0.2126, 0.7152, 0.0722), sum As Double
     For i As Integer = 0 To 2

@@ -1,5 +1,5 @@
-' Colours between style sheets and colour lists, in both directions: "--name: #RRGGBB;" and names of CSS become the colours of a
-' list, and colours of a list become such a sheet. A list does not tell its keys, so they are given.
+' Converts between style sheets and colour lists: "--name: #RRGGBB;" and names of CSS become the colours of a
+' list, and colours of a list become such a sheet. The keys are arguments, because a list does not return its keys.
 '   ./run examples/css.bas                                 an example of both
 '   ./run examples/css.bas -- to-list sheet.css list.clr   a list from a sheet
 '   ./run examples/css.bas -- to-css list.clr KEY [KEY...] a sheet from a list, printed
@@ -44,7 +44,7 @@ Sub ShowBoth
     read.removeFile
 End Sub
 
-' The list of what a sheet declares, and its keys in their order. What is no colour is named and left out.
+' Returns the list of the colours that a sheet declares, and its keys in order. Reports and skips other values.
 Function ListOf(sheet As String, ByRef names() As String) As NSColorListZRX
     Dim list As New NSColorListZRX
     If Not list.Create("from CSS") Then Raise New RuntimeException("no list could be made")
@@ -66,7 +66,7 @@ Function InSRGB(value As Color) As NSColorZRX
     Return NSColorZRX.colorWithSRGB(Channel(value, 1), Channel(value, 2), Channel(value, 3), Channel(value, 0))
 End Function
 
-' A byte of a colour's number, 0xAARRGGBB, as a part of 1: from its digits, since the number is negative where integers have 32 bits.
+' Returns a byte of a colour's number, 0xAARRGGBB, as a part of 1. It reads the digits, because the number is negative in 32 bits.
 Function Channel(value As Color, index As Integer) As Double
     Return Val("&h" & Mid(Hex(value, 8), 2 * index + 1, 2)) / 255
 End Function
@@ -81,7 +81,7 @@ Function Sheet(list As NSColorListZRX, names() As String) As String
     Return text & "}" & Chr(10)
 End Function
 
-' #RRGGBB, with the opacity behind it where there is one.
+' Returns #RRGGBB, followed by the opacity if the colour is not opaque.
 Function Literal(c As NSColorZRX) As String
     Dim red, green, blue, alpha As Double
     c.colorUsingColorSpace(NSColorSpaceZRX.sRGBColorSpace).getRGB red, green, blue, alpha

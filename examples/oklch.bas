@@ -1,5 +1,5 @@
-' A palette of equal steps in OKLCH: lightness, chroma and hue as the eye orders them. Colours that sRGB cannot show lose
-' chroma until it can, and keep their lightness and hue.
+' A palette of equal steps in OKLCH: lightness, chroma and hue as people perceive them. Colours that sRGB cannot show get less
+' chroma until they fit, and keep their lightness and hue.
 '   ./run examples/oklch.bas
 
 Const Steps = 8
@@ -15,7 +15,7 @@ For Each lightness As Double In Array(0.85, 0.65, 0.45)
     Next
 Next
 
-' And back: what the web's pure colours are in OKLCH.
+' The other direction: the web's pure colours in OKLCH.
 For Each name As String In Array("red", "yellow", "lime", "cyan", "blue", "magenta", "white")
     Dim value As Color = Color(name)
     Dim red As Integer = (value And &hFF0000) \ &h10000, green As Integer = (value And &hFF00) \ &h100
@@ -23,7 +23,7 @@ For Each name As String In Array("red", "yellow", "lime", "cyan", "blue", "magen
     Print name & ": " & InOKLCH(c)
 Next
 
-' The greatest chroma up to the wanted one that sRGB can show, to a thousandth.
+' Returns the greatest chroma, up to the wanted one, that sRGB can show, to a thousandth.
 Function Shown(lightness As Double, chroma As Double, hue As Double) As Double
     Dim most As Double = chroma
     While most > 0 And Not IsShown(Linear(lightness, most, hue))
@@ -45,7 +45,7 @@ Function FromOKLCH(lightness As Double, chroma As Double, hue As Double) As NSCo
     Return NSColorZRX.colorWithSRGB(Encoded(light(0)), Encoded(light(1)), Encoded(light(2)))
 End Function
 
-' Red, green and blue as amounts of light; below 0 or above 1 where sRGB ends.
+' Returns red, green and blue as linear light; below 0 or above 1 outside sRGB.
 Function Linear(lightness As Double, chroma As Double, hue As Double) As Double()
     Dim a As Double = chroma * Cos(hue * Pi / 180), b As Double = chroma * Sin(hue * Pi / 180)
     Dim l As Double = (lightness + 0.3963377774 * a + 0.2158037573 * b) ^ 3
@@ -74,7 +74,7 @@ Function InOKLCH(c As NSColorZRX) As String
     Return text & Format((ATan2(b, a) * 180 / Pi + 360) Mod 360, "0.0") & ")"
 End Function
 
-' Between the light of a part and the number that sRGB stores for it.
+' Converts between linear light and the number that sRGB stores for it.
 Function Encoded(light As Double) As Double
     Dim inside As Double = Min(Max(light, 0), 1)
     Return If(inside <= 0.0031308, 12.92 * inside, 1.055 * inside ^ (1 / 2.4) - 0.055)

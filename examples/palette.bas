@@ -1,4 +1,4 @@
-' A colour list: built, written, read back, a key moved and one removed.
+' Builds a colour list, writes it, reads it back, moves a key and removes one.
 '   ./run examples/palette.bas
 
 Dim palette As New NSColorListZRX

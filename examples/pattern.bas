@@ -1,4 +1,4 @@
-' Pattern colours, the pasteboard, and colours made from colours.
+' Pattern colours, the pasteboard, and colours derived from colours.
 '   ./run examples/pattern.bas
 
 Dim image As New NSImageZRX(8, 8, NSColorZRX.orangeColor)

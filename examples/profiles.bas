@@ -1,4 +1,4 @@
-' The colour profiles of a folder as a table: their space, their model and what they make of a vivid orange.
+' The colour profiles of a folder as a table: their space, their model and a vivid orange in their components.
 '   ./run examples/profiles.bas                          of the platform's own spaces, written into a folder first
 '   ./run examples/profiles.bas -- /usr/share/color/icc  of a folder, and of the folders in it
 
@@ -40,7 +40,7 @@ Function IsProfile(file As FolderItem) As Boolean
     Return ending = "icc" Or ending = "icm"
 End Function
 
-' In the space's own components: in percent, or as they are where these are no parts of a whole.
+' Returns the components in the space: in percent, or unchanged if they are not parts of 1.
 Function Orange(space As NSColorSpaceZRX) As String
     Dim converted As NSColorZRX = NSColorZRX.colorWithSRGB(1, 0.5, 0).colorUsingColorSpace(space)
     If converted Is Nil Then Return "-"
@@ -66,7 +66,7 @@ Function ModelName(space As NSColorSpaceZRX) As String
     End Select
 End Function
 
-' At most as wide as the column, and a blank at least.
+' Returns the text cut or padded to the column, with at least one blank at its end.
 Function Padded(text As String, width As Integer) As String
     If Len(text) >= width Then text = Left(text, width - 2) & "…"
     Return text & Repeat(" ", width - Len(text))

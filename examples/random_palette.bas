@@ -1,7 +1,7 @@
-' A random palette that a seed brings back: hues far from each other, by the golden angle, from a random one on, with random
+' A random palette that a seed reproduces: hues far from each other, by the golden angle, from a random one on, with random
 ' saturation and brightness.
 '   ./run examples/random_palette.bas          with the seed 2017
-'   ./run examples/random_palette.bas -- 42 8  with a seed, and so many colours
+'   ./run examples/random_palette.bas -- 42 8  with a seed and a number of colours
 
 Dim given() As String = Arguments
 Dim seed As Integer = 2017, count As Integer = 6

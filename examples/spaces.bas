@@ -1,7 +1,7 @@
-' Colour spaces: the named ones, one read from an ICC profile, and a colour carried from space to space.
+' Colour spaces: the named ones, one read from an ICC profile, and a colour converted from space to space.
 '   ./run examples/spaces.bas
 
-' A profile file to read. sRGB hands out its profile; a host program would have one on disk already.
+' A profile file to read. This program writes sRGB's profile; other programs would already have a file.
 Dim srgb As NSColorSpaceZRX = NSColorSpaceZRX.sRGBColorSpace
 Dim file As New FolderItem("example profile.icc")
 file.WriteBytes(srgb.ICCProfileData)
@@ -42,7 +42,7 @@ For Each space As NSColorSpaceZRX In spaces
     Print line
 Next
 
-' A printer's profile is made of tables, one for each direction. This one comes with Ghostscript.
+' A printer's profile consists of tables, one for each direction. This one comes with Ghostscript.
 Dim printer As New FolderItem("/usr/share/color/icc/ghostscript/default_cmyk.icc")
 If printer.Exists Then
     Dim inks As NSColorSpaceZRX = NSColorSpaceZRX.ColorSpaceWithICCProfileData(printer)

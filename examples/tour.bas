@@ -1,7 +1,7 @@
-' A tour of NSColorZRX: colours made, read back in every form, and refused.
+' A tour of NSColorZRX: colours are created, read back in every form, and refused.
 '   ./run                                    in the 64-bit host
 '   ./run --m32                              in the 32-bit host
-'   ./run --host-version 2011.0              as a host of that age sees it
+'   ./run --host-version 2011.0              on a host of that version
 
 Dim r, g, b, a As Double
 Dim h, s, v As Double

@@ -65,8 +65,7 @@ TEST_F(Conversions, KeepGreysNeutralAndRoundTripWithinTheGamut) {
     for (int level = 0; level <= 1000; ++level) {
         const id grey = color("colorWithCalibratedWhite:alpha:", static_cast<float>(level) / 1000, 1.f);
         const std::vector<float> inks = componentsOf(inSpace(grey, "deviceCMYKColorSpace"));
-        ASSERT_EQ(std::vector(inks.begin(), inks.begin() + 3), std::vector({0.f, 0.f, 0.f}))
-            << level << " takes black alone";
+        ASSERT_EQ(std::vector(inks.begin(), inks.begin() + 3), std::vector({0.f, 0.f, 0.f})) << level << " needs only black";
     }
     EXPECT_EQ(componentsOf(inSpace(color("whiteColor"), "deviceCMYKColorSpace")), std::vector({0.f, 0.f, 0.f, 0.f, 1.f}));
     id travelling = colorIn(standardSpace("sRGBColorSpace"), {0.8f, 0.5f, 0.25f, 1});
@@ -81,7 +80,7 @@ TEST_F(Conversions, ReturnTheReceiverOrNilIfNothingIsConverted) {
     const id pattern = color("colorWithPatternImage:", made("NSImage", "init"));
     EXPECT_EQ(inSpace(rgb, "genericRGBColorSpace"), rgb);
     EXPECT_EQ(send(rgb, "colorUsingColorSpace:", id{}), nullptr);
-    EXPECT_EQ(send(rgb, "colorUsingColorSpaceName:", id{}), rgb) << "the space that fits it best is its own";
+    EXPECT_EQ(send(rgb, "colorUsingColorSpaceName:", id{}), rgb) << "the most suitable space is its own";
     EXPECT_EQ(textOf(send(send(catalog, "colorUsingColorSpaceName:", id{}), "colorSpace")), "sRGB IEC61966-2.1 colorspace");
     EXPECT_EQ(inSpace(pattern, "sRGBColorSpace"), nullptr);
     const std::tuple<id, const char*, id> cases[] = {{rgb, "NSCalibratedRGBColorSpace", rgb},

@@ -118,7 +118,7 @@ TEST_F(Strings, EncodeCompletelyOrFail) {
         {{0xD83D, u'a'}, utf8, "(refused)"}};
     for (const auto& [units, encoding, bytes] : cases) {
         const id string = fromUnits(units);
-        EXPECT_EQ(unitsOf(string), units) << "any units make a string";
+        EXPECT_EQ(unitsOf(string), units) << "a string may have any units";
         EXPECT_EQ(encode(string, encoding), bytes) << std::hex << encoding;
     }
     EXPECT_EQ(send<const char*>(fromUnits(std::u16string{0xD83D}), "UTF8String"), nullptr);
@@ -202,7 +202,7 @@ TEST_F(URLs, ReturnTheirFileSystemPath) {
     for (const auto& [path, absolute] : paths)
         EXPECT_EQ(pathOf(CFURLCreateWithFileSystemPath(nullptr, string(path), 0, 0)), absolute);
     EXPECT_EQ(CFURLCreateWithString(nullptr, nullptr, nullptr), nullptr);
-    EXPECT_EQ(CFURLCreateWithFileSystemPath(nullptr, string("/a"), 2, 0), nullptr) << "another style than POSIX";
+    EXPECT_EQ(CFURLCreateWithFileSystemPath(nullptr, string("/a"), 2, 0), nullptr) << "a style other than POSIX";
 }
 
 TEST_F(Collections, DataCopiesItsBytesAndReadsCompleteFiles) {
@@ -236,7 +236,7 @@ TEST_F(Collections, ArraysKeepObjectsInOrder) {
     EXPECT_EQ(send<std::uintptr_t>(array, "count"), 3u);
     EXPECT_EQ(send(array, "objectAtIndex:", std::uintptr_t{1}), objects[1]);
     EXPECT_TRUE(raises("NSRangeException", [&] { send(array, "objectAtIndex:", std::uintptr_t{3}); }));
-    EXPECT_TRUE(refuses([&] { arrayOf(4); })) << "nil among them";
+    EXPECT_TRUE(refuses([&] { arrayOf(4); })) << "contains nil";
     for (const id object : objects)
         EXPECT_EQ(send(enumerator, "nextObject"), object);
     EXPECT_EQ(send(enumerator, "nextObject"), nullptr);

@@ -178,7 +178,7 @@ TEST_F(ColorLists, SaveUnderTheirNameIfNoPathIsGiven) {
 
     send<void>(found, "removeFile");
     EXPECT_EQ(listNamed(name), nullptr);
-    EXPECT_TRUE(fs::exists(folder / "Caf\xC3\xA9.clr")) << "a list removes its own file only";
+    EXPECT_TRUE(fs::exists(folder / "Caf\xC3\xA9.clr")) << "a list removes only its own file";
     send<void>(cafe, "removeFile");
     EXPECT_EQ(fileCount(), 0);
     ASSERT_TRUE(write(found, folder));
@@ -268,7 +268,7 @@ TEST_F(ColorLists, KeepTheOldFileIfWritingFails) {
     EXPECT_FALSE(write(list, file)) << "the contents may not have reached the disk";
     EXPECT_EQ(contentsOf(file), old);
     failingSync = 0;
-    EXPECT_EQ(fileCount(), 1) << "nothing is left beside it";
+    EXPECT_EQ(fileCount(), 1) << "no temporary file remains";
     syncs = 0;
     EXPECT_TRUE(write(list, file));
     EXPECT_EQ(syncs, 2) << "the file, and the folder with its name";

@@ -43,8 +43,8 @@ TEST_F(Profiles, RecreateEqualStandardSpaces) {
         EXPECT_EQ(send<std::intptr_t>(same, "colorSpaceModel"), send<std::intptr_t>(space, "colorSpaceModel"));
         EXPECT_EQ(profileOf(same), profileOf(space));
         const std::string profile = profileOf(space);
-        EXPECT_EQ(profile.substr(68, 12), numbers({0.9642, 1, 0.8249}, 65536, 4)) << "the light that it is told in";
-        EXPECT_EQ(profile.substr(8, 4), "\x02\x10\0\0"s) << "what every reader knows";
+        EXPECT_EQ(profile.substr(68, 12), numbers({0.9642, 1, 0.8249}, 65536, 4)) << "the profile's illuminant";
+        EXPECT_EQ(profile.substr(8, 4), "\x02\x10\0\0"s) << "the version that every reader supports";
         EXPECT_EQ(profile.substr(24, 6), "\x07\xE8\0\1\0\1"s) << "the first of January 2024";
         EXPECT_TRUE(isEqual(made("NSColorSpace", "initWithColorSyncProfile:", send(same, "colorSyncProfile")), space));
 
@@ -187,7 +187,7 @@ TEST_F(Profiles, ReportModelChannelsAndName) {
         const id color = colorIn(space, components);
         EXPECT_EQ(componentsOf(color), components);
         EXPECT_EQ(textOf(send(color, "colorSpaceName")), "NSCustomColorSpace");
-        EXPECT_EQ(inSpace(color, "sRGBColorSpace"), nullptr) << "there is nothing to convert by";
+        EXPECT_EQ(inSpace(color, "sRGBColorSpace"), nullptr) << "the profile has no data for a conversion";
     }
     for (const char* const other : {"1CLR", "GCLR", "0CLR", "XYZ ", "HSV ", "\xFF\xFF\xFF\xFF"})
         EXPECT_EQ(spaceFrom(profile(other, {})), nullptr) << other;
@@ -259,5 +259,5 @@ TEST_F(Profiles, AreRejectedIfMalformed) {
         EXPECT_EQ(spaceFrom(profile(*name == 'k' ? "GRAY" : "RGB ", {{name, value}})), nullptr)
             << testing::PrintToString(value);
     EXPECT_EQ(made("NSColorSpace", "initWithICCProfileData:", id{}), nullptr);
-    EXPECT_EQ(builtin_liveInstances("NSColorSpace"), 1u + 2) << "an initialiser that fails ends its object";
+    EXPECT_EQ(builtin_liveInstances("NSColorSpace"), 1u + 2) << "an initialiser that fails destroys its object";
 }

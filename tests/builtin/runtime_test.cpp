@@ -117,7 +117,7 @@ TEST_F(Exceptions, ReachTheInnermostOpenGuard) {
     const id outer = caught([&] {
         inner = caught([&] { objc_exception_throw(exception); });
         objc_exception_throw(inner);
-        ADD_FAILURE() << "a throw came back";
+        ADD_FAILURE() << "objc_exception_throw returned";
     });
     EXPECT_EQ(inner, exception);
     EXPECT_EQ(outer, exception);
@@ -202,7 +202,7 @@ TEST_F(Memory, PoolsNestAndReleaseTheirObjects) {
         EXPECT_EQ(alive(), 2u);
     }
     std::thread([] { send(newData(), "autorelease"); }).join();
-    EXPECT_EQ(alive(), 1u) << "without a pool they go with their thread";
+    EXPECT_EQ(alive(), 1u) << "without a pool they are released when their thread exits";
     const id leftOpen = sendClass("NSAutoreleasePool", "new");
     send(newData(), "autorelease");
     EXPECT_TRUE(refuses([&] { send(leftOpen, "retain"); }));

@@ -1,52 +1,52 @@
-# Checks that the includes of the tree SOURCE follow the arrows in PAGE. A line of the page names a wing, a part of the
-# tree, and a path through its rooms, which are folders or names of files. A room may include itself and the rooms after it
-# in one of its lines.
+# Checks that the includes of the tree SOURCE follow the arrows in PAGE. A line of the page names a part of the tree and a
+# sequence of its layers, which are folders or names of files. A layer may include itself and the layers after it in the
+# same line.
 cmake_policy(VERSION 3.25)
 
 file(STRINGS ${PAGE} lines ENCODING UTF-8 REGEX "^    [a-z/]+ .*→")
 foreach(line IN LISTS lines)
-    string(REGEX MATCH "[a-z/]+" wing "${line}")
-    string(REGEX REPLACE "^ +[a-z/]+ +" "" rooms "${line}")
-    string(REGEX REPLACE " *→ *" ";" rooms "${rooms}")
-    list(APPEND wings ${wing})
-    while(rooms)
-        list(POP_FRONT rooms room)
-        list(APPEND "from ${wing}/${room}" ${room} ${rooms})
+    string(REGEX MATCH "[a-z/]+" part "${line}")
+    string(REGEX REPLACE "^ +[a-z/]+ +" "" layers "${line}")
+    string(REGEX REPLACE " *→ *" ";" layers "${layers}")
+    list(APPEND parts ${part})
+    while(layers)
+        list(POP_FRONT layers layer)
+        list(APPEND "from ${part}/${layer}" ${layer} ${layers})
     endwhile()
 endforeach()
-list(REMOVE_DUPLICATES wings)
+list(REMOVE_DUPLICATES parts)
 
-# Files outside a wing of the host with its own lines, such as host/language, may include only the headers next to its
-# rooms.
-macro(require_entrance file header)
+# Some parts of the host, such as host/language, have separate lines. Files outside such a part may include only the headers
+# next to its layers.
+macro(require_public_header file header)
     string(REGEX MATCH "^([a-z_]+)/[a-z_]+/" inner ${header})
-    if(inner AND "host/${CMAKE_MATCH_1}" IN_LIST wings AND NOT ${file} MATCHES "^host/${CMAKE_MATCH_1}/")
-        list(APPEND wrong "${file} includes ${header}, which is inside of host/${CMAKE_MATCH_1}")
+    if(inner AND "host/${CMAKE_MATCH_1}" IN_LIST parts AND NOT ${file} MATCHES "^host/${CMAKE_MATCH_1}/")
+        list(APPEND wrong "${file} includes ${header}, which is inside host/${CMAKE_MATCH_1}")
     endif()
 endmacro()
 
-foreach(wing IN LISTS wings)
-    file(GLOB_RECURSE files RELATIVE ${SOURCE} ${SOURCE}/${wing}/*.h ${SOURCE}/${wing}/*.cpp)
+foreach(part IN LISTS parts)
+    file(GLOB_RECURSE files RELATIVE ${SOURCE} ${SOURCE}/${part}/*.h ${SOURCE}/${part}/*.cpp)
     list(REMOVE_ITEM files platforms/builtin/views.cpp) # this file connects both sides
     foreach(file IN LISTS files)
-        string(REGEX REPLACE "^${wing}/([a-z_]+).*" "\\1" room ${file})
+        string(REGEX REPLACE "^${part}/([a-z_]+).*" "\\1" layer ${file})
         string(REGEX MATCH "^(src|host|platforms/builtin)" root ${file})
         file(STRINGS ${SOURCE}/${file} includes REGEX "^#include \"")
         foreach(include IN LISTS includes)
             math(EXPR count "${count} + 1")
             string(REGEX REPLACE "^#include \"(.*)\".*" "\\1" header "${include}")
-            require_entrance(${file} ${header})
+            require_public_header(${file} ${header})
             if(EXISTS ${SOURCE}/include/${header} OR EXISTS ${SOURCE}/platforms/builtin/include/${header})
-                continue() # the wings share it
-            elseif(EXISTS ${SOURCE}/${root}/${header} AND NOT "${root}/${header}" MATCHES "^${wing}/")
-                continue() # it belongs to the surrounding wing, which is checked separately
+                continue() # all parts share it
+            elseif(EXISTS ${SOURCE}/${root}/${header} AND NOT "${root}/${header}" MATCHES "^${part}/")
+                continue() # it belongs to the surrounding part, which is checked separately
             elseif(NOT EXISTS ${SOURCE}/${root}/${header})
                 list(APPEND wrong "${file} includes ${header}, which is not in ${root}")
                 continue()
             endif()
-            string(REGEX REPLACE "^${wing}/([a-z_]+).*" "\\1" target ${root}/${header})
-            if(NOT target IN_LIST "from ${wing}/${room}")
-                list(APPEND wrong "${file} includes ${header}: no arrow leads from ${room} to ${target}")
+            string(REGEX REPLACE "^${part}/([a-z_]+).*" "\\1" target ${root}/${header})
+            if(NOT target IN_LIST "from ${part}/${layer}")
+                list(APPEND wrong "${file} includes ${header}: no arrow leads from ${layer} to ${target}")
             endif()
         endforeach()
     endforeach()
@@ -72,7 +72,7 @@ foreach(line IN LISTS lines)
         foreach(include IN LISTS includes)
             math(EXPR count "${count} + 1")
             string(REGEX REPLACE "^#include \"(.*)\".*" "\\1" header "${include}")
-            require_entrance(${file} ${header})
+            require_public_header(${file} ${header})
             set(found "")
             foreach(root IN LISTS allowed)
                 if(EXISTS ${SOURCE}/${root}/${header})

@@ -5,7 +5,7 @@ UP, DOWN, CTRL_D = "\x1b[A", "\x1b[B", "\x04"
 
 
 folder = tempfile.mkdtemp()
-signal.alarm(900)  # a program that neither prints nor ends fails the test
+signal.alarm(900)  # a program that neither prints nor exits fails the test
 
 
 class Terminal:
@@ -24,7 +24,7 @@ class Terminal:
         read, shown, end = "", "", time.monotonic() + 120
         while wanted not in shown or not shown.endswith(last):
             if not select.select([self.screen], [], [], max(0.0, end - time.monotonic()))[0]:
-                sys.exit(f"no {wanted!r} that {last!r} follows in {read!r}")
+                sys.exit(f"the screen does not show {wanted!r} followed by {last!r}: {read!r}")
             read += os.read(self.screen, 65536).decode()
             shown = re.sub("\x1b\\[[0-9;?]*[A-Za-z]|[\r\a]", "", read)
             shown = re.sub(".\x08", "", shown)

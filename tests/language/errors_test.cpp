@@ -45,7 +45,7 @@ TEST(Errors, EndlessLoopsAreInterrupted) {
         waitpid(user, nullptr, 0);
         expectError(outcome, errors);
         EXPECT_NE(outcome.errors.find(": interrupted\n"), std::string::npos);
-        EXPECT_EQ(runProgram("Const C = 1 \\ 0").exitCode, 1) << "a constant that fails is only an error afterwards";
+        EXPECT_EQ(runProgram("Const C = 1 \\ 0").exitCode, 1) << "a constant that fails must not count as interrupted";
     }
 }
 

@@ -27,8 +27,8 @@ Outcome runProgram(const std::string& text) {
     const std::size_t objects = host::liveObjectCount(), strings = host::liveStringCount();
     std::ostringstream output, errors;
     const int exitCode = host::language::runText("test.bas", text, output, errors);
-    EXPECT_EQ(host::liveObjectCount(), objects) << "objects are left over or were given up twice";
-    EXPECT_EQ(host::liveStringCount(), strings) << "strings are left over or were given up twice";
+    EXPECT_EQ(host::liveObjectCount(), objects) << "objects leaked or were released twice";
+    EXPECT_EQ(host::liveStringCount(), strings) << "strings leaked or were released twice";
     return {exitCode, output.str(), errors.str()};
 }
 

@@ -1,4 +1,4 @@
-"""Checks the results of the cross build with LLVM's tools, promise by promise. The environment names the files."""
+"""Checks the results of the cross build with LLVM's tools. The environment names the files."""
 import os
 import re
 import unittest
@@ -29,7 +29,7 @@ def listed(architecture):
 
 
 class SliceTest:
-    """The promises that each slice of the library keeps."""
+    """The requirements for each slice of the library."""
 
     def setUp(self):
         self.slice = Slice(os.environ["LIBRARY"], self.architecture)
@@ -39,7 +39,7 @@ class SliceTest:
         """Returns the kind and one field of the load commands of some kinds."""
         return [(command["cmd"], command[field]) for command in self.commands if re.fullmatch(kinds, command["cmd"])]
 
-    def test_is_what_its_systems_load(self):
+    def test_has_the_form_that_its_systems_load(self):
         self.assertEqual(set(output("llvm-lipo", "-archs", self.slice.library).split()), {"arm64", "x86_64"})
         self.assertRegex(self.slice.objdump("--private-headers"),
                          r"DYLIB +\d+ +\d+ +NOUNDEFS DYLDLINK TWOLEVEL NO_REEXPORTED_DYLIBS\n")
@@ -69,7 +69,7 @@ class SliceTest:
         self.assertEqual((signature["text_offset"], signature["text_size"]), (0, int(text["filesize"])))
         self.assertEqual(signature["wrong"], [])
 
-    def test_is_named_as_installed(self):
+    def test_has_the_installed_names(self):
         names = {(kind, name.split(" (")[0]) for kind, name in self.fields("LC_.*_DYLIB", "name")}
         expected = {("LC_LOAD_DYLIB", name) for name in SYSTEM_LIBRARIES}
         self.assertEqual(names, expected | {("LC_ID_DYLIB", "@rpath/chromabridge.dylib")})
@@ -80,7 +80,7 @@ class SliceTest:
     def test_exports_one_entry_point(self):
         self.assertEqual(self.slice.nm("-j", "--defined-only", "--extern-only").split(), ["_REALPluginMain"])
 
-    def test_imports_what_is_listed(self):
+    def test_imports_exactly_the_listed_symbols(self):
         offered = listed(self.architecture)
         imports = {line.strip() for line in self.slice.nm("-m", "--undefined-only").splitlines()}
         self.assertEqual(imports, {f"(undefined) external {symbol} (from {library})" for symbol, library in offered})
@@ -120,7 +120,7 @@ class X86_64(SliceTest, unittest.TestCase):
 
 
 class Sysroot(unittest.TestCase):
-    def test_lists_what_is_the_systems(self):
+    def test_lists_only_symbols_of_the_system(self):
         for symbol, library in listed("arm64") | listed("x86_64") | listed("i386"):
             home = next(home for home, pattern in HOMES.items() if re.match(pattern, symbol))
             self.assertEqual((symbol, library), (symbol, home))
@@ -128,7 +128,7 @@ class Sysroot(unittest.TestCase):
 
 
 class Objects(unittest.TestCase):
-    def test_for_i386_have_jumping_exceptions(self):
+    def test_i386_objects_use_jumping_exceptions(self):
         archive = Slice(os.environ["I386"], "i386")
         headers = archive.objdump("--private-headers")
         objects = len(re.findall(r"\.o\):\n", headers))
@@ -142,7 +142,7 @@ class Objects(unittest.TestCase):
         self.assertFalse([symbol for symbol in undefined if re.match("_objc_begin_catch|_objc_personality", symbol)])
         self.assertEqual(undefined - defined, {symbol for symbol, _ in listed("i386")})
 
-    def test_send_by_the_function_for_the_result(self):
+    def test_messages_use_the_send_function_for_their_result(self):
         for result in "VOID", "DOUBLE":
             for architecture in "arm64", "x86_64", "i386":
                 symbols = Slice(os.environ["SEND_" + result], architecture).nm("--undefined-only")

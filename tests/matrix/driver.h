@@ -53,7 +53,7 @@ bool hostCounts();
 struct Verdict {
     bool injected = false;
     bool raised = false;   // whether a host exception was raised
-    std::string complaint; // empty if all promises hold
+    std::string complaint; // empty if all expectations hold
     // The outcome as words, each followed by a newline: the elements of an array, or the result and the outputs. An empty
     // word represents null.
     std::string outcome;

@@ -1,4 +1,4 @@
-// The functions that the plugin's records bind, and their promises.
+// The functions that the plugin's records bind, and the expectations about them.
 #include "driver.h"
 
 #include "classes/color/color.h"

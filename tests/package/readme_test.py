@@ -54,7 +54,7 @@ def run(command, lines):
         if option in command.split():
             place = tree
             if not os.path.exists(f"{tree}/build/{build}/bin/chromahost"):
-                print(f"not run, since {build} is not built: {command}")
+                print(f"not run, because {build} is not built: {command}")
                 return True
     for name, meaning in names.items():
         command = re.sub(rf"(?<![\w./]){re.escape(name)}(?!\w)", meaning, command)
@@ -88,7 +88,7 @@ for command, lines in commands(page):
     if count == 1:  # after ./run, every file of the build that the page names exists
         for path in sorted(set(re.findall(r"build/m64/[\w./]+\w", page))):
             if not os.path.exists(os.path.join(copy, path)):
-                print(f"./run does not make {path}")
+                print(f"./run does not create {path}")
                 failures += 1
 print(f"readme: {count} commands, {failures} failures")
 sys.exit(failures > 0 or count < 15)

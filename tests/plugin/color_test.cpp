@@ -214,13 +214,13 @@ bool servesPasteboards(const std::string& folder) {
 
 TEST_F(Color, RoundTripsThroughThePasteboard) {
     const std::string folder = ::testing::TempDir() + "pasteboard " + std::to_string(getpid());
-    if (platform::isGNUstep && !servesPasteboards(folder)) GTEST_SKIP() << "gpbs is not installed or does not answer";
+    if (platform::isGNUstep && !servesPasteboards(folder)) GTEST_SKIP() << "gpbs is not installed or does not respond";
     const Reference empty(foreign::make("NSColorZRX")), color(colorWithCalibratedRed(0.125, 0.25, 0.5, 0.75));
     writeToPasteboard(empty);
     EXPECT_EQ(colorFromPasteboard(), nullptr);
     writeToPasteboard(color);
     if (platform::isGNUstep) {
-        EXPECT_EQ(colorFromPasteboard(), nullptr) << "a pasteboard takes what it has been told of";
+        EXPECT_EQ(colorFromPasteboard(), nullptr) << "a pasteboard accepts only declared types";
         // Declares colours on the general pasteboard, as a program does before it writes.
         const id types = native::sendClass("NSArray", "arrayWithObjects:count:",
                                            static_cast<const id*>(dlsym(RTLD_DEFAULT, "NSColorPboardType")), NSUInteger{1});

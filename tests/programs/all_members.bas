@@ -1,5 +1,5 @@
-' Uses every member that the three classes declare and prints what it answers. Numbers have four places, so that platforms of
-' single and of double precision print the same. What a colour does not offer raises, and is told by a dash.
+' Uses every member that the three classes declare and prints its result. Numbers have four decimal places, so that platforms of
+' single and of double precision print the same. A dash represents a member that raises for the colour.
 
 Function Told(ParamArray numbers As Double) As String
     Return Listed(numbers)
@@ -111,7 +111,7 @@ Show "sRGB", NSColorZRX.colorWithSRGB(0.1, 0.2, 0.3)
 Show "calibrated RGB", NSColorZRX.colorWithCalibratedRGB(0.1, 0.2, 0.3)
 Show "calibrated HSV", NSColorZRX.colorWithCalibratedHSV(0.1, 0.2, 0.3)
 Show "calibrated white", NSColorZRX.colorWithCalibratedWhite(0.55, 0.25)
-' Without its alpha each of these is as with an alpha of 1; with 0.5, half of that.
+' Each factory without alpha equals the one with an alpha of 1, and 0.5 halves the alpha.
 Dim alphas As Double
 For Each c As NSColorZRX In Array(NSColorZRX.colorWithGenericGamma22White(0.5), NSColorZRX.colorWithDeviceWhite(0.5), NSColorZRX.colorWithCalibratedWhite(0.5))
     alphas = alphas + c.alphaComponent

@@ -1,5 +1,5 @@
-' What colours answer to values out of the ordinary, and how each kind of colour is read. Components are of single precision,
-' whatever the platform's own is.
+' How colours treat unusual values, and how each kind of colour is read. Components have single precision,
+' whatever the platform's precision is.
 
 Dim infinity As Double = 1e308 * 10
 Dim rgbSpace As NSColorSpaceZRX = NSColorSpaceZRX.genericRGBColorSpace
@@ -32,7 +32,7 @@ Function InSpace(count As Integer) As NSColorZRX
     Return NSColorZRX.colorWithColorSpace(rgbSpace, values)
 End Function
 
-' Nil behind the last.
+' Nil after the last colour.
 Function Made(which As Integer) As NSColorZRX
     Dim none() As Double = Nil
     If which = 0 Then Return New NSColorZRX(-1, 2, 1 / 3, 7)
@@ -84,7 +84,7 @@ Function Rounded(ParamArray numbers As Double) As String
     Return text
 End Function
 
-' What was read before stays in no output.
+' No output keeps its previous value.
 Sub Read(c As NSColorZRX, form As Integer)
     Dim x As Double = 9, y As Double = 9, z As Double = 9, u As Double = 9, w As Double = 9
     Try

@@ -1,4 +1,4 @@
-' Lists of every kind of colour, written and read back as they were; and what a list refuses.
+' Lists of every kind of colour are written and read back unchanged; and what a list refuses.
 
 Dim strange As String = "grün 😀" & Chr(10) & Chr(34)
 Dim file As String = "strange " & strange & ".clr"

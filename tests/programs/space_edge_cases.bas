@@ -1,4 +1,4 @@
-' What spaces tell of themselves, and what comes of data and handles that are no profile and no space.
+' The properties of spaces, and the results for data and handles that are neither a profile nor a space.
 
 Function Space(which As Integer) As NSColorSpaceZRX
     Dim noProfile As New MemoryBlock(100)

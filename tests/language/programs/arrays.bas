@@ -1,4 +1,4 @@
-' Arrays: made, changed, shared, of objects.
+' Arrays: created, changed, shared, and of objects.
 Dim v(2) As Integer, w() As String
 v(0) = 1
 v(2) = v(0) + 4
@@ -27,7 +27,7 @@ probes.Remove(1)
 ReDim probes(2)
 Print probes, probes(0).number, probes(1).number '> (probe 2, probe 3, Nil) 2 3
 
-' An array inside itself, directly or not.
+' An array inside itself, directly or indirectly.
 Dim inner() As Variant = Array(1), outer() As Variant = Array(inner, inner)
 inner.Append outer
 Print outer, inner '> ((1, (...)), (1, (...))) (1, ((...), (...)))

@@ -1,4 +1,4 @@
-' Objects of the host that hold bytes.
+' Memory blocks.
 Dim m As New MemoryBlock(4)
 m.Byte(3) = &h141
 Print m.Byte(0), m.Byte(3), m.Size '> 0 65 4

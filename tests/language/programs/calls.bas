@@ -1,4 +1,4 @@
-' Objects of plugin classes, called in every shape.
+' Calls of plugin classes with every form of arguments.
 Dim p As New Probe(6)
 Dim colored As New Probe(#000009)
 Dim a, b, c As Double

@@ -41,7 +41,7 @@ Catch e As NilObjectException
   Print e.Message '> A member of Nil was used: 'p' is Nil.
 End Try
 
-' The calls that an exception has ended, and those around its Catch.
+' The calls that an exception has left, and the calls around its Catch.
 Sub Fail(depth As Integer)
   If depth = 0 Then Raise New IOException("lost")
   Fail depth - 1

@@ -1,4 +1,4 @@
-' Assignments that change what is there, and variables that take their value's type.
+' Assignments such as +=, and variables with the type of their value.
 Dim n = 3, text = "äb", real = 1.5, list() = Array(1, 2, 3)
 n += 4
 real *= 2
@@ -7,7 +7,7 @@ Print n, real '> 6 3
 real /= 4
 Print real '> 0.75
 
-' What it takes to reach a place is computed once.
+' The parts of a place are computed once.
 Dim calls = 0
 Function Turn() As Integer
   calls += 1
@@ -29,7 +29,7 @@ block.Byte(3) -= 1
 Fresh().Byte(calls - 1) *= 6
 Print block.Byte(0), block.Byte(1), block.Byte(2), block.Byte(3), calls '> 0 0 42 255 3
 
-' Text grows in place, where nobody else has it.
+' Text grows in place if nothing else refers to it.
 Dim shared As String = text
 text = text & "c" & n & text
 text &= 1.5
@@ -56,14 +56,14 @@ For i As Integer = 1 To Len(long)
 Next
 Print Len(long), found '> 200000 200000
 
-' Characters, from wherever the last one was found.
+' Characters are found from the last position, in both directions.
 Const Mixed = "aä€😀x"
 For Each i As Integer In Array(5, 2, 4, 1, 3)
   Print i, Mid(Mixed, i, 1), InStr(Mixed, Mid(Mixed, i, 1)), Asc(Mid(Mixed, i))
   '> 5 x 5 120 | 2 ä 2 228 | 4 😀 4 128512 | 1 a 1 97 | 3 € 3 8364
 Next
 Print Left(Mixed, 2), Right(Mixed, 2), Mid(Mixed, 5), Mid(Mixed, 6), InStr(3, Mixed & Mixed, "ä") '> aä 😀x x  7
-' Texts that change in place: where they are, what the change reads, and what they share.
+' Texts that change in place: their places, what the change reads, and what they share.
 Dim texts() As String = Array("a", "b"), same As String = texts(0)
 texts(0) &= "x" & 1
 texts(0) += texts(0)

@@ -1,4 +1,4 @@
-' Dictionaries: keys that `=` finds equal are one, in the order in which they were entered.
+' Dictionaries: keys that `=` finds equal are one key, in the order in which they were added.
 Dim d As New Dictionary, o As New Probe(1)
 d.Value("red") = #FF0000
 d.Value(1) = "one"
@@ -35,7 +35,7 @@ For Each word As String In words
 Next
 Print d.Keys, d.Values '> (b, a, c) (3, 2, 1)
 
-' What arrays can do.
+' Members of arrays.
 Dim names() As String = Array("zoë", "Zed", "ä", "z")
 Dim ages() As Integer = Array(3, 1, 3, 2)
 names.SortBy(ages)
@@ -61,7 +61,7 @@ Function Counted(value As String) As String
 End Function
 Print If(names.Count > 1, Counted("many"), Counted("one")), If(False, 1, 2.5), count '> many 2.5 1
 Print d.Value("a") = 2, d.Value("b") <> d.Value("c"), d.Value("b") = d.Value("b") '> True True True
-' Many entries, half of them removed, and the rest found.
+' Many entries: half are removed, and the others are found.
 d.Clear
 For i As Integer = 1 To 3000
   d.Value(i * 1024) = i

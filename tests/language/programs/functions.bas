@@ -20,7 +20,7 @@ Print Format(999, "#,##0"), Format(-0.001, "0.0"), Format(-1.5, "0"), Format(7, 
 Print Format(0.125, "0%"), Format(3, "0 \%"), Format(2, "\#0"), Format(5, "EUR 0.00 net") '> 13% 3 % #2 EUR 5.00 net
 Print Format(1e15, "#,##0"), Format(1.005, "0.000000"), Format(12, "") '> 1,000,000,000,000,000 1.005000 12
 
-' Text becomes numbers and colours where it is asked to, and tells where it cannot.
+' Text is converted to numbers and colours explicitly, and raises if that is impossible.
 Dim held As Variant = "&h10", half As Variant = 2.5
 Print Integer(" -12 "), Integer(held), Integer(half), Double("1.5e1"), Integer("2.9"), String(half), Integer(-2.9) '> -12 16 2 15 2 2.5 -2
 Print Color("#f80"), Color(" Orange "), Color("#01020304"), String(#FFF) '> #FF8800 #FFA500 #01020304 #FFFFFF
@@ -37,7 +37,7 @@ Catch e As TypeMismatchException
   Print e.Message '> "greenish" is not a colour.
 End Try
 
-' A call without parentheses may begin with a number of another base; behind `=` and in expressions & joins.
+' A call without parentheses may begin with a number of another base. After `=` and in expressions, & joins.
 Dim b1 As String = "!"
 Sub Show(value As Integer)
   Print value
@@ -47,7 +47,7 @@ If True Then Show &b101 '> 5
 Dim joined As String = "a" &b1
 Print joined, "a" &b1 '> a! a!
 
-' Constants are made of functions that only compute.
+' Constants may contain functions that only compute.
 Const NL = Chr(10) : Const Three = Floor(7 / 2)
 Const Turn = 2 * Pi : Const Orange = RGB(255, 2 * 64, 0) : Const Count As Integer = Len("a" & NL)
 Sub Lines(Optional text As String = Uppercase("a") & Chr(10))

@@ -1,4 +1,4 @@
-' Objects go with the last that holds them: as "-" and the number.
+' The last reference destroys an object, which is reported as "-" and its number.
 If True Then
   Dim a As New Probe(1)
   Dim b As New Probe(2)

@@ -1,4 +1,4 @@
-' Loops of every kind, and how often their ends are computed.
+' Loops of every kind, and how often their bounds are computed.
 Dim s As String
 For i As Integer = 1 To 3 : s = s & i : Next
 For i As Integer = 3 DownTo 1 : s = s & i : Next i

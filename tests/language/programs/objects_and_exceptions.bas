@@ -1,4 +1,4 @@
-' Objects are given up by exceptions on their way.
+' A propagating exception releases objects.
 Dim p As Probe
 Try
   Dim a As New Probe(1)
@@ -21,7 +21,7 @@ Catch e As RuntimeException
   e2 = e
 End Try
 Print e2, e2.Message '> RuntimeException: made made
-' What is given by reference is written before the exception arrives.
+' A by-reference argument is written before the exception propagates.
 Dim d As Double = 5
 Dim v(0) As Double
 p = New Probe(1)

@@ -3,7 +3,7 @@ Print 7 + 2, 7 - 2, 7 * 2, 7 / 2, 7 \ 2, -7 \ 2, 7 Mod 3, -7 Mod 3, 2 ^ 10 '> 9 
 Print -2 ^ 2, 2 ^ -1, 2 ^ 3 ^ 2, 2 + 3 * 4, (2 + 3) * 4, 10 - 4 - 3, 2 * 7 Mod 4, 1 + 2 & 3 + 4, 7.9 \ 2.9 '> -4 0.5 64 14 20 3 2 37 3
 Print Not 1 = 2, 1 < 2 And 2 < 3, True Or False And False, True Xor True Or True '> True True True False
 Print 12 And 10, 12 Or 10, 12 Xor 10, Not 0, Not -1 '> 8 14 6 -1 0
-' Each operator next to those that bind one step closer, then next to those that bind as closely.
+' Each operator next to operators of the next higher precedence, then next to operators of the same precedence.
 Print 2 * 3 ^ 2, 18 / 3 ^ 2, 19 \ 3 ^ 2, 20 Mod 3 ^ 2 '> 18 2 2 2
 Print 7 + 9 * 4, 7 + 9 / 4, 7 + 9 \ 4, 7 + 9 Mod 4, 7 - 9 * 4, 7 - 9 Mod 4 '> 43 9.25 9 8 -29 6
 Print 1 & 2 + 3, 1 & 5 - 2 '> 15 13

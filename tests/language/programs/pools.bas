@@ -1,4 +1,4 @@
-' Objects of the platform go at the end of every statement.
+' Autoreleased objects of the platform are released at the end of every statement.
 Dim before As Integer = Probe.nativesDestroyed
 Print Probe.leaveNative, Probe.nativesDestroyed - before '> True 0
 Print Probe.nativesDestroyed - before '> 1

@@ -1,4 +1,4 @@
-' What raises, and what is said of it.
+' Operations that raise, and their messages.
 Dim none() As Double = Probe.echo(Nil)
 Dim p As Probe, v(1) As Double, m As New MemoryBlock(4), most As Integer = 1e300
 Dim f As New FolderItem("/no/such/file")

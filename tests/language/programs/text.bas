@@ -1,5 +1,5 @@
 #!/usr/bin/env -S chromahost run
-' Text from its end, in order, in bytes; and lines that are written in pieces.
+' Text searched from its end, sorted, and as bytes; lines that are written in pieces.
 Write "a", 1
 Write
 Write "b"

@@ -20,7 +20,7 @@ Dim anything() As Variant = Array(1, "a", Nil)
 Dim empty() As String = Array()
 Print whole, colors, anything, empty '> (1, 2) (#00000100, #FF0000) (1, a, Nil) ()
 Print Array(1, 2.5), Array("a", 1), Array(Nil, New MemoryBlock(1)).Count, Array(Nil, p)(1).number '> (1, 2.5) (a, 1) 2 8
-' Variants are equal when what they hold is, by the rule for the keys of a Dictionary.
+' Variants are equal if their values are, by the rule for keys of a Dictionary.
 Dim two As Variant = 2, same As Variant = 2, word As Variant = "two", other As Variant = "tw" + "o", nan As Variant = Sqrt(-1)
 Print two = same, two <> same, two = 2, 2.0 = two, word = other, word = "two", word = "Two", two Is same '> True False True True True True False True
 Print two = "2", two = True, two = Nil, nan = nan, two = #00000200, p = Probe.echo(p), p = Probe.echo(New Probe(8)) '> False False False False True True False

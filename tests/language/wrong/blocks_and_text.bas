@@ -1,4 +1,4 @@
-' Blocks and text that are not closed, and what has no meaning.
+' Blocks and text that are not closed, and meaningless characters.
 
 Print 1
 @If True Then

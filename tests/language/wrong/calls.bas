@@ -1,4 +1,4 @@
-' Calls that fit nothing.
+' Calls that match no declaration.
 
 Dim p As @New Probe("a")
 '! New Probe cannot be called with (String). Declared:

@@ -1,4 +1,4 @@
-' What other languages write, and misspelt keywords.
+' Spellings of other languages, and misspelt keywords.
 
 Dim x As Integer = 1
 x@++
@@ -99,7 +99,7 @@ Print @Left(s, 1)
 '! this is of type String and can never be a Probe
 '! this is the variable 'Left' declared on line 1, which hides the function 'Left'
 
-' Short names are like too many others for a guess.
+' Short names resemble too many others for a suggestion.
 Print @Int(2.5)
 Print @Sgn(1)
 Print @Atn(1)

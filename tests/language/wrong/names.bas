@@ -1,4 +1,4 @@
-' Names that nothing has.
+' Unknown names.
 
 Dim counter As Integer
 Print @countr

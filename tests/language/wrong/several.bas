@@ -1,4 +1,4 @@
-' Several errors in one program are all told, and no more of them than there are.
+' A program's report contains every error, and no error twice.
 
 Dim x As@
 Print x

@@ -1,4 +1,4 @@
-' Values of another type.
+' Values of the wrong type.
 
 Dim s As String
 s = @1

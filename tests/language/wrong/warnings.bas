@@ -1,4 +1,4 @@
-' Programs that run, but hardly mean what they say.
+' Programs that run but are probably not what their author meant.
 
 Dim real As Double = 3, n As Integer = @2.9, v(9) As Integer
 If n <> 2 Then Quit 3
@@ -51,7 +51,7 @@ Next
 '! warning: the variable 'inside' is never used
 '! warning: the variable 'used2' is never used
 
-' A use may stand in what is wrong.
+' A use in an invalid statement counts.
 Dim used, half As Integer = @0.5
 Print used @==
 '! warning: this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended

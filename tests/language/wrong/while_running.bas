@@ -1,4 +1,4 @@
-' What is found while a program runs.
+' Errors that occur while a program runs.
 
 Dim p As Probe
 If p.@number = 1 Then Print 1
@@ -16,7 +16,7 @@ all.Value("a) ""b") = p
 Print Probe(all . Value("a) ""b")) . @number
 '! uncaught NilObjectException: A member of Nil was used: 'Probe(all . Value("a) ""b"))' is Nil.
 
-' Calls that repeat are folded, those that do not are shown from both ends.
+' Repeated calls are folded. Of other calls the first and the last are shown.
 Sub Down(n As Integer)
   If n = 0 Then @Raise New RuntimeException("deep")
   Down n - 1
