@@ -4,7 +4,6 @@
 #include "language/library/program_arguments.h"
 #include "language/running/run.h"
 #include "system/interruption.h"
-#include "text/terminal.h"
 
 #include <array>
 #include <cerrno>
@@ -12,8 +11,6 @@
 #include <fstream>
 #include <iostream>
 #include <optional>
-
-#include <unistd.h>
 
 namespace host::language {
 namespace {
@@ -86,10 +83,5 @@ std::vector<Problem> problemsIn(const std::string& text) {
 void setProgramArguments(std::vector<std::string> arguments) { storedArguments() = std::move(arguments); }
 void interrupt() { interruptWanted = 1; }
 bool wasInterrupted() { return detail::lastWasInterrupted; }
-
-int runFile(const std::string& path) {
-    std::optional<std::string> text = readProgram(path);
-    return text ? runText(path, std::move(*text), std::cout, std::cerr, showsColors(STDERR_FILENO)) : 1;
-}
 
 } // namespace host::language

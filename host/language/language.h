@@ -13,11 +13,6 @@ namespace host::language {
 // Returns the text of a program's file. If it cannot be read, prints a message on stderr and returns nullopt.
 std::optional<std::string> readProgram(const std::string& path);
 
-// Runs a program. Its output goes to stdout, and errors go to stderr. Returns 0 if it ran to its end, or the code with
-// which it quit. Returns 1 after an uncaught exception, an interruption by SIGINT, or errors in its text, which then does
-// not run.
-int runFile(const std::string& path);
-
 // Sets the result of the function Arguments, in UTF-8; empty before.
 void setProgramArguments(std::vector<std::string> arguments);
 
@@ -27,7 +22,9 @@ void interrupt();
 // Returns whether the last program was interrupted.
 bool wasInterrupted();
 
-// The same for a program's text, with its name in messages. With `colored`, messages have colours.
+// Runs a program from its text, with its name in messages. With `colored`, messages have colours. Returns 0 if the program
+// ran to its end, or the code with which it quit. Returns 1 after an uncaught exception, an interruption by SIGINT, or
+// errors in its text, which then does not run.
 int runText(const std::string& name, std::string text, std::ostream& output, std::ostream& errors, bool colored = false);
 
 // Reports all errors and warnings in a program's text on stderr without running it. Returns 0 if there are no errors,

@@ -43,7 +43,7 @@ void registerPlatform() noexcept {
             registerClass(table());
         for (const auto category : categories)
             registerCategory(category());
-        exchangeUncaughtHandler(reportUncaught);
+        setUncaughtHandler(reportUncaught);
         watchForUncaught();
         platformIsReady.store(true, std::memory_order_release);
     });

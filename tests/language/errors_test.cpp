@@ -180,7 +180,7 @@ TEST(SourceText, UnreadableFilesAreReported) {
     startHostWithProbe();
     for (const std::string& path : {testing::TempDir() + "no/such/file", testing::TempDir()}) {
         testing::internal::CaptureStderr();
-        EXPECT_EQ(host::language::runFile(path), 1);
+        EXPECT_FALSE(host::language::readProgram(path));
         EXPECT_EQ(testing::internal::GetCapturedStderr().find(path + ": error: cannot be read: "), 0u);
     }
 }

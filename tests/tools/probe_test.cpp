@@ -18,6 +18,7 @@
 #include <fstream>
 #include <map>
 #include <set>
+#include <sstream>
 #include <stdexcept>
 
 #include <dlfcn.h>
@@ -283,8 +284,8 @@ TEST(Probe, NamesTheEntryThatCrashes) {
 // Runs a program that makes the probe raise an exception and passes the caught exception's data back to it. Returns the
 // program's output.
 std::string raised() {
-    const std::string program = reportPath() + ".bas";
-    std::ofstream(program) << R"(
+    std::ostringstream output, errors;
+    const char* const program = R"(
 Try
     ChromaProbe.Raise
     Print "nothing"
@@ -295,11 +296,8 @@ End Try
 Print ChromaProbe.Report
 Print ChromaProbe.Complaints
 )";
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(host::language::runFile(program), 0);
-    std::cout.flush();
-    std::remove(program.c_str());
-    return testing::internal::GetCapturedStdout();
+    EXPECT_EQ(host::language::runText("probe", program, output, errors), 0) << errors.str();
+    return output.str();
 }
 
 std::string raisedWith(const char* entry, void* function) {

@@ -1,4 +1,4 @@
-// Retain and release of any CoreFoundation reference.
+// Release of any CoreFoundation reference.
 #include "builtin/corefoundation.h"
 
 #include "runtime/export.h"
@@ -8,8 +8,6 @@ namespace chroma {
 
 // A reference is an object of this runtime; only its const-ness is CoreFoundation's.
 static id objectOf(CFTypeRef reference) { return static_cast<id>(const_cast<void*>(reference)); }
-
-BUILTIN_EXPORT CFTypeRef CFRetain(CFTypeRef object) { return builtin::retain(objectOf(object)); }
 
 BUILTIN_EXPORT void CFRelease(CFTypeRef object) { builtin::release(objectOf(object)); }
 

@@ -177,10 +177,6 @@ BUILTIN_EXPORT id objc_getClass(const char* name) {
     return builtin::findClass(name);
 }
 
-BUILTIN_EXPORT Class objc_lookUpClass(const char* name) { return objc_getClass(name); }
-
-BUILTIN_EXPORT const char* class_getName(Class cls) { return cls ? asClass(cls)->name : "nil"; }
-
 BUILTIN_EXPORT Class class_getSuperclass(Class cls) { return cls ? asClass(cls)->superclass : nullptr; }
 
 BUILTIN_EXPORT Class object_getClass(id object) { return object ? object->isa : nullptr; }
@@ -225,16 +221,8 @@ BUILTIN_EXPORT Method class_getInstanceMethod(Class cls, SEL selector) {
     return builtin::inheritedMethod(asClass(cls), selector);
 }
 
-BUILTIN_EXPORT Method class_getClassMethod(Class cls, SEL selector) {
-    return class_getInstanceMethod(object_getClass(cls), selector);
-}
-
 BUILTIN_EXPORT IMP class_getMethodImplementation(Class cls, SEL selector) {
     return cls ? builtin::lookUp(*asClass(cls), selector) : nullptr;
-}
-
-BUILTIN_EXPORT BOOL class_respondsToSelector(Class cls, SEL selector) {
-    return cls && selector && builtin::findImplementation(*asClass(cls), selector) ? 1 : 0;
 }
 
 BUILTIN_EXPORT IMP method_getImplementation(Method method) {
@@ -262,13 +250,6 @@ BUILTIN_EXPORT IMP class_replaceMethod(Class cls, SEL selector, IMP implementati
     MethodRecord& record = *builtin::ownMethod(*asClass(cls), selector);
     const IMP previous = record.implementation;
     builtin::setImplementation(record, implementation);
-    return previous;
-}
-
-BUILTIN_EXPORT IMP method_setImplementation(Method method, IMP implementation) {
-    const std::lock_guard<std::mutex> lock(classLock);
-    const IMP previous = method->implementation;
-    builtin::setImplementation(*method, implementation);
     return previous;
 }
 

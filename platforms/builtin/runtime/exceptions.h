@@ -19,8 +19,8 @@ namespace chroma::builtin {
 // Arranges that `endUncaught` is called for every uncaught exception.
 void watchForUncaught();
 
-// Implements objc_setUncaughtExceptionHandler without registering the platform's classes.
-UncaughtExceptionHandler exchangeUncaughtHandler(UncaughtExceptionHandler handler);
+// Sets the function that `endUncaught` calls, which must return.
+void setUncaughtHandler(void (*handler)(id thrown));
 
 // Calls the handler and aborts.
 [[noreturn]] void endUncaught(id thrown);

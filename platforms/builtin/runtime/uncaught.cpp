@@ -1,20 +1,16 @@
 #include "runtime/exceptions.h"
 
-#include "runtime/bootstrap.h"
-#include "runtime/export.h"
-
+#include <atomic>
 #include <cstdlib>
 
 namespace chroma::builtin {
 namespace {
 
-std::atomic<UncaughtExceptionHandler> uncaughtHandler{nullptr};
+std::atomic<void (*)(id)> uncaughtHandler{nullptr};
 
 } // namespace
 
-UncaughtExceptionHandler exchangeUncaughtHandler(UncaughtExceptionHandler handler) {
-    return uncaughtHandler.exchange(handler, std::memory_order_acq_rel);
-}
+void setUncaughtHandler(void (*handler)(id thrown)) { uncaughtHandler.store(handler, std::memory_order_release); }
 
 void endUncaught(id thrown) {
     if (const auto handler = uncaughtHandler.load(std::memory_order_acquire)) handler(thrown);
@@ -22,12 +18,3 @@ void endUncaught(id thrown) {
 }
 
 } // namespace chroma::builtin
-
-namespace chroma {
-
-BUILTIN_EXPORT UncaughtExceptionHandler objc_setUncaughtExceptionHandler(UncaughtExceptionHandler handler) {
-    builtin::ensurePlatform();
-    return builtin::exchangeUncaughtHandler(handler);
-}
-
-} // namespace chroma

@@ -30,8 +30,7 @@ struct CFRange {
 
 extern "C" {
 
-// Both do nothing for null. CFRetain returns its argument.
-CFTypeRef CFRetain(CFTypeRef object);
+// Does nothing for null.
 void CFRelease(CFTypeRef object);
 
 // Supports the encodings that chromabridge/host_abi.h names. Returns null if the bytes are invalid in the encoding, the

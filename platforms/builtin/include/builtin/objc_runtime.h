@@ -34,15 +34,10 @@ using CGFloat = float;
 // The type that a native exception throws in 64 bits: the address of an object.
 enum class ThrownObject : std::uintptr_t;
 
-// Called with an exception that no guard caught.
-using UncaughtExceptionHandler = void (*)(id thrown);
-
 extern "C" {
 
 // Looks up a class; nil if no class has the name.
 id objc_getClass(const char* name);
-Class objc_lookUpClass(const char* name);
-const char* class_getName(Class cls); // "nil" for nil
 Class class_getSuperclass(Class cls); // nil for a root class and for nil
 Class object_getClass(id object);     // nil for nil
 const char* object_getClassName(id object);
@@ -66,9 +61,7 @@ IMP objc_msg_lookup(id receiver, SEL selector);
 // Look up methods in the class and its superclasses. They return null for an unknown method, but
 // class_getMethodImplementation returns the function that raises. A Method stays valid for the life of the process.
 Method class_getInstanceMethod(Class cls, SEL selector);
-Method class_getClassMethod(Class cls, SEL selector);
 IMP class_getMethodImplementation(Class cls, SEL selector);
-BOOL class_respondsToSelector(Class cls, SEL selector);
 IMP method_getImplementation(Method method);
 const char* method_getTypeEncoding(Method method); // null if the method was added without types
 
@@ -77,20 +70,16 @@ const char* method_getTypeEncoding(Method method); // null if the method was add
 //
 // class_addMethod does nothing and returns NO if the class itself already has the method or memory is exhausted.
 // class_replaceMethod adds or replaces; it returns the class's own previous function, or null if the method was inherited
-// or missing. method_setImplementation returns the previous function.
+// or missing.
 BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char* types);
 IMP class_replaceMethod(Class cls, SEL selector, IMP implementation, const char* types);
-IMP method_setImplementation(Method method, IMP implementation);
 
-// Exceptions. Any object may be thrown; the runtime does not retain it. After an uncaught exception the runtime calls the
-// handler, which must return, and aborts the process. The default handler writes a line to standard error.
+// Exceptions. Any object may be thrown; the runtime does not retain it. After an uncaught exception the process writes a
+// line to standard error and aborts.
 //
 // In 64 bits a throw is the C++ exception `throw ThrownObject`, by value: the stack unwinds, destructors run, and `catch
 // (ThrownObject)` is a guard. The exception propagates through frames of any language that can be unwound.
 [[noreturn]] void objc_exception_throw(id exception);
-
-// Returns the previous handler. Null removes the handler.
-UncaughtExceptionHandler objc_setUncaughtExceptionHandler(UncaughtExceptionHandler handler);
 
 #if !defined(__LP64__)
 // In 32 bits each thread has a chain of guards. A guard consists of the five words of the compiler's __builtin_setjmp (gcc
