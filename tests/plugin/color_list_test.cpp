@@ -73,7 +73,7 @@ TEST_F(Lists, NeedNameAndPathAndLoadOnceFromTheUserFolder) {
     const id written = native::send(native::send(nativeObject(list), "retain"), "autorelease");
     ASSERT_TRUE(load("Once"));
     const id first = nativeObject(list);
-    EXPECT_EQ(first == written, platform::differs("a list that was written to the user's folder, asked for by name"));
+    EXPECT_EQ(first == written, platform::differs("a list that was written to the user's folder, looked up by name"));
     ASSERT_TRUE(load("Once"));
     EXPECT_EQ(nativeObject(list), first);
     removeFile(list);

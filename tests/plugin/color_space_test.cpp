@@ -22,7 +22,7 @@ std::string profileOf(const Reference& space) {
 
 // Returns the bytes of a profile that the platform accepts. A platform that does not check them accepts any.
 std::string someProfile() {
-    if (platform::differs("`initWithICCProfileData:` with data that is no profile")) return std::string("any \0 bytes", 11);
+    if (platform::differs("`initWithICCProfileData:` with data that is not a profile")) return std::string("any \0 bytes", 11);
     return profileOf(getsRGBColorSpace());
 }
 
@@ -131,7 +131,7 @@ TEST_F(Spaces, ProfileFilesUseThePathPropertyOfTheHostVersion) {
     EXPECT_EQ(read({{"NativePath", ""}}), "");
     std::ofstream(path, std::ios::binary | std::ios::trunc) << half;
     EXPECT_EQ(read({{"NativePath", path}}),
-              platform::expected("`initWithICCProfileData:` with data that is no profile", std::string(), half));
+              platform::expected("`initWithICCProfileData:` with data that is not a profile", std::string(), half));
     become(2012.0);
     EXPECT_EQ(read({{"URLPath", "not a url \x01"}}), "");
     std::remove(path.c_str());
