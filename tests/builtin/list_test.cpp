@@ -314,7 +314,8 @@ TEST_F(ColorLists, RejectMalformedFiles) {
     EXPECT_EQ(listFrom(folder), nullptr);
     EXPECT_NE(read(complete), nullptr);
     EXPECT_EQ(read(complete + "\n"), nullptr);
-    EXPECT_EQ(read("chromabridge color list 1\nend\n"), nullptr);
+    for (const char* const last : {"end\n", "\"\\u041\n"})
+        EXPECT_EQ(read(std::string("chromabridge color list 1\n") + last), nullptr) << last;
     for (std::size_t size = 0; size < complete.size(); ++size)
         EXPECT_EQ(read(complete.substr(0, size)), nullptr) << "cut to " << size;
     // The text to replace and its replacements.

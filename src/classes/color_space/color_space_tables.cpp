@@ -26,8 +26,8 @@ REALmethodDefinition NSColorSpaceMethods[] = {
 };
 
 // Models are integers. A name's value is its text.
-#define CHROMA_MODEL(declaration) { declaration, 0, 0, {} }
-#define CHROMA_NAME(name) { name " = \"" name "\"", 0, 0, {} }
+#define CHROMA_MODEL(declaration) { declaration, 0, REALconstantFlags, {} }
+#define CHROMA_NAME(name) { name " = \"" name "\"", 0, REALconstantFlags, {} }
 
 REALconstant NSColorSpaceConstants[] = {
     CHROMA_MODEL("NSUnknownColorSpaceModel=-1"),
