@@ -13,7 +13,6 @@ namespace chroma {
 template <class T, class Use>
 void withHeap(std::size_t count, Use use) {
     T* const heap = static_cast<T*>(std::calloc(count, sizeof(T)));
-    if (!heap) return use(nullptr);
     withCleanup([&] { use(heap); }, [&] { std::free(heap); });
 }
 

@@ -58,6 +58,8 @@ TEST_F(Profiles, RecreateEqualStandardSpaces) {
         expectNear(componentsOf(send(colorIn(space, components), "colorUsingColorSpace:", other)), components,
                    components.size() == 5 ? 0.02 : 5e-4); // inks go through tables, and a gamma is stored in 256ths
     }
+    const std::string matrix = numbers({1, 0, 0, 0, 1, 0, 0, 0, 1}, 65536, 4); // only XYZ may have another one
+    EXPECT_NE(profileOf(standardSpace("genericCMYKColorSpace")).find("\4\3\x09\0"s + matrix), std::string::npos);
     for (const char* const message : {"ICCProfileData", "colorSyncProfile"})
         EXPECT_EQ(send(standardSpace("deviceRGBColorSpace"), message), nullptr);
 }

@@ -162,6 +162,7 @@ TEST_F(ExceptionsDeathTest, TerminateTheProcessWithAMessageIfUncaught) {
     const auto uncaught = [](auto body) noexcept { body(); };
     EXPECT_DEATH(uncaught([] { send<void>(exceptionNamed("A", "because"), "raise"); }),
                  "\\*\\*\\* Terminating app due to uncaught exception 'A', reason: 'because'");
+    EXPECT_DEATH(uncaught([] { throw std::bad_alloc(); }), "terminate called after throwing.*std::bad_alloc");
     EXPECT_DEATH(std::thread([] { objc_exception_throw(string("text")); }).join(), "uncaught exception of class 'NSString'");
 }
 

@@ -77,7 +77,6 @@ Channels fromXyz(const SpaceDefinition& space, const Vector3& xyz) {
 
 // An RGB space and its complement are converted directly, not through XYZ.
 bool shareRgb(const SpaceDefinition& first, const SpaceDefinition& second) {
-    if (!first.complement && !second.complement) return false;
     const SpaceDefinition* const one = rgbSpaceOf(first);
     const SpaceDefinition* const other = rgbSpaceOf(second);
     return one && other && isSameSpace(*one, *other);
