@@ -116,7 +116,8 @@ TEST_F(Profiles, ConvertPressColorsLikeTransicc) {
     for (auto [ink, rgb] : toRgb) {
         for (float& level : rgb)
             level /= 255;
-        ink.push_back(1), rgb.push_back(1);
+        ink.push_back(1);
+        rgb.push_back(1);
         expectNear(componentsOf(inSpace(colorIn(press, ink), "sRGBColorSpace")), rgb, 1e-3);
     }
     const std::pair<std::vector<float>, std::vector<float>> toInk[] = {

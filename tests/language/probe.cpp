@@ -63,7 +63,10 @@ host::Object* make(HostInteger number) {
 }
 
 // Returns the object with a new reference that the caller owns.
-host::Object* locked(host::Object* object) { return host::lock(object), object; }
+host::Object* locked(host::Object* object) {
+    host::lock(object);
+    return object;
+}
 
 // ---- The bound functions
 

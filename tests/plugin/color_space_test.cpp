@@ -22,7 +22,8 @@ std::string profileOf(const Reference& space) {
 
 // Returns the bytes of a profile that the platform accepts. A platform that does not check them accepts any.
 std::string someProfile() {
-    if (platform::differs("`initWithICCProfileData:` with data that is not a profile")) return std::string("any \0 bytes", 11);
+    if (platform::differs("`initWithICCProfileData:` with data that is not a profile"))
+        return std::string("any \0 bytes", 11);
     return profileOf(getsRGBColorSpace());
 }
 
@@ -125,7 +126,7 @@ TEST_F(Spaces, ProfileFilesUseThePathPropertyOfTheHostVersion) {
         EXPECT_EQ(read({{"URLPath", url}}), version < 2013.0 ? bytes : "");
     }
     const std::string trace = traceOf([&] { read({{"NativePath", path}}); });
-    EXPECT_LT(trace.find("REALUnlockString"), trace.find("autorelease")) << trace;
+    EXPECT_LT(trace.find("REALUnlockString"), trace.find("autorelease")) << trace; // the host's string first
     EXPECT_EQ(ColorSpaceWithICCProfileFile(nullptr), nullptr);
     EXPECT_EQ(read({{"NativePath", path + ".missing"}}), "");
     EXPECT_EQ(read({{"NativePath", ""}}), "");

@@ -60,8 +60,9 @@ TEST_F(Color, IsConstructedOnceAndWrappedAsTheSameObject) {
     for (const auto& refused : std::initializer_list<std::function<void()>>{
              [&] { ConstructorColor(object, 0); }, [&] { ConstructorRGB(object, 0.0, 0.0, 0.0, 1.0); },
              [&] { ConstructorRGB(empty, 9.0, 0.0, 0.0, 1.0); }}) {
-        host.before["RuntimeRaiseException"] = [&] {
-            return host.before.clear(), native::raise("HostException", "why"), false;
+        host.before["RuntimeRaiseException"] = [&]() -> bool {
+            host.before.clear();
+            native::raise("HostException", "why");
         };
         refused();
         expectPlatformException({"why"});
@@ -143,7 +144,10 @@ TEST_F(Color, QueriesAlphaOnlyIfItIsRead) {
     native::replace(cls, "getWhite:alpha:", ofOne);
     native::replace(cls, "getHue:saturation:brightness:alpha:", ofThree);
     native::replace(cls, "getCyan:magenta:yellow:black:alpha:", ofFour);
-    const auto queries = [&](auto function) { return read(function, object), queriesAlpha; };
+    const auto queries = [&](auto function) {
+        read(function, object);
+        return queriesAlpha;
+    };
     EXPECT_TRUE(queries(getWhiteA) && queries(getHueA) && queries(getCyanA));
     EXPECT_FALSE(queries(getWhite) || queries(getHue) || queries(getCyan));
 }

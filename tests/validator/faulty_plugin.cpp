@@ -159,7 +159,12 @@ void misuse(REALobjectStruct* object, REALstringStruct* words) {
     if (has("destroyed-values.borrowed")) unlockString(words);
     if (has("destroyed-values.receiver")) unlockObject(object);
     if (has("instance-data.method")) writeBeyond(object);
-    if (has("one-thread.joined")) std::thread([] { resolve("REALGetRBVersion"), lockObject(nullptr); }).join();
+    if (has("one-thread.joined")) {
+        std::thread([] {
+            resolve("REALGetRBVersion");
+            lockObject(nullptr);
+        }).join();
+    }
     if (has("one-thread.detached")) std::thread([] { lockObject(nullptr); }).detach();
     if (has("host-versions.crash") && !resolve("memoryBlockGetPtr")) crash();
 }
