@@ -92,16 +92,16 @@ Case component() {
 Case dropped() {
     Object* const object = bound<Object* (*)()>(boundClass, "grayColor as NSColorZRX")();
     const auto get = bound<double (*)(Object*, REALword)>(boundClass, "redComponent");
-    Case made;
-    made.key = "dropped";
-    made.bound = {"dropped.bound", repeated([=] {
-                      double value = get(object, 0);
-                      use(value);
-                  }),
-                  fewColors};
-    made.bound.work(batch);
+    Case created;
+    created.key = "dropped";
+    created.bound = {"dropped.bound", repeated([=] {
+                         double value = get(object, 0);
+                         use(value);
+                     }),
+                     fewColors};
+    created.bound.work(batch);
     require(get(object, 0) == 0, "redComponent of a grey colour");
-    return made;
+    return created;
 }
 
 // A class message that returns the same colour each time, and the shared method that wraps it.
@@ -189,9 +189,9 @@ Case array() {
 
 // Measures the same hit twice. Only the number of colours in the registry differs.
 Case manyLive(const SharedColor& shared) {
-    Case made = makeCase("live_1e6", registryHit(shared), registryHit(shared));
-    made.bound.liveColors = manyColors;
-    return made;
+    Case created = makeCase("live_1e6", registryHit(shared), registryHit(shared));
+    created.bound.liveColors = manyColors;
+    return created;
 }
 
 } // namespace

@@ -60,19 +60,19 @@ Case conversion(const std::string& key, id target, const std::string& targetProf
         send<id>(send<id>(classOf("NSColor"), selector("colorWithColorSpace:components:count:"), srgb, +components, 4L),
                  selector("retain"));
     const SEL message = selector("colorUsingColorSpace:");
-    Case made;
-    made.key = key;
-    made.bound = {key + ".bound", repeated([=] {
-                      const id converted = send<id>(color, message, target);
-                      use(converted);
-                  }),
-                  fewColors};
-    made.baseline = {key + ".baseline", repeated([transform] {
-                         float converted[maxChannels];
-                         cmsDoTransform(transform.get(), orange, converted, 1);
+    Case created;
+    created.key = key;
+    created.bound = {key + ".bound", repeated([=] {
+                         const id converted = send<id>(color, message, target);
                          use(converted);
                      }),
                      fewColors};
+    created.baseline = {key + ".baseline", repeated([transform] {
+                            float converted[maxChannels];
+                            cmsDoTransform(transform.get(), orange, converted, 1);
+                            use(converted);
+                        }),
+                        fewColors};
 
     CGFloat ours[maxChannels + 1];
     float theirs[maxChannels] = {};
@@ -81,7 +81,7 @@ Case conversion(const std::string& key, id target, const std::string& targetProf
     for (std::size_t channel = 0; channel < T_CHANNELS(format); ++channel)
         if (!(std::abs(ours[channel] - theirs[channel] / scale) <= 1 / 255.0))
             throw std::runtime_error("wrong result: " + key);
-    return made;
+    return created;
 }
 
 } // namespace

@@ -102,7 +102,8 @@ std::vector<MemberPage> functionPages() {
     std::vector<MemberPage> pages;
     for (const Method& method : language::functions()) {
         const std::string& name = method.signature.name;
-        auto page = std::find_if(pages.begin(), pages.end(), [&](const MemberPage& made) { return made.name == name; });
+        auto page =
+            std::find_if(pages.begin(), pages.end(), [&](const MemberPage& created) { return created.name == name; });
         if (page == pages.end()) page = pages.insert(pages.end(), {name, {}, language::functionText(name)});
         page->declarations.emplace_back(method.declaration);
     }

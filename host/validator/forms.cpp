@@ -86,10 +86,10 @@ Object* returnedBySharedMethod(const ClassInfo& info) {
         if (!signature.parameters.empty() || !equalIgnoringCase(nameOf(signature.result), info.name())) continue;
         const Use use(nameFor(info, signature));
         if (!use) continue;
-        Slot made;
-        method.invoke(method.function, nullptr, &made);
+        Slot created;
+        method.invoke(method.function, nullptr, &created);
         takeException();
-        if (made.object) return made.object;
+        if (created.object) return created.object;
     }
     return nullptr;
 }

@@ -51,19 +51,19 @@ void raiseWith(const char* className, REALstringStruct* message) {
 // Returns the failure with a copy of the text. A null text is the empty message.
 Failure failure(const char* className, const char* text) {
     const auto isMidCharacter = [](char byte) { return (byte & 0xC0) == 0x80; };
-    Failure made;
-    made.className = className;
+    Failure created;
+    created.className = className;
     std::size_t length = text ? std::strlen(text) : 0;
-    if (length >= sizeof made.text) {
-        made.copy = static_cast<char*>(std::calloc(length + 1, 1));
-        if (!made.copy) length = sizeof made.text - 1;
-        while (!made.copy && length > 0 && isMidCharacter(text[length]))
+    if (length >= sizeof created.text) {
+        created.copy = static_cast<char*>(std::calloc(length + 1, 1));
+        if (!created.copy) length = sizeof created.text - 1;
+        while (!created.copy && length > 0 && isMidCharacter(text[length]))
             --length;
     }
-    char* const target = made.copy ? made.copy : made.text;
+    char* const target = created.copy ? created.copy : created.text;
     if (length > 0) std::memcpy(target, text, length);
     target[length] = '\0';
-    return made;
+    return created;
 }
 
 // Raises the failure. If building the message throws, a first failure raises that second failure before itself, with an

@@ -24,10 +24,10 @@ void countAndDeallocate(id object, SEL selector) {
 }
 
 id countingClass() {
-    const id made = objc_allocateClassPair(objc_getClass("NSObject"), "CountingObject", 0);
-    class_addMethod(made, sel_registerName("dealloc"), reinterpret_cast<IMP>(countAndDeallocate), "v@:");
-    objc_registerClassPair(made);
-    return made;
+    const id created = objc_allocateClassPair(objc_getClass("NSObject"), "CountingObject", 0);
+    class_addMethod(created, sel_registerName("dealloc"), reinterpret_cast<IMP>(countAndDeallocate), "v@:");
+    objc_registerClassPair(created);
+    return created;
 }
 
 // Autoreleases a native object that counts its deallocation.

@@ -188,21 +188,21 @@ ActionPtr StatementChecker::form(const syntax::Try& statement, Offset offset) {
 }
 
 Handler StatementChecker::handler(const syntax::Try::Catch& form, Offset offset, const std::vector<Handler>& before) {
-    Handler made{nullptr, std::nullopt, nullptr};
-    made.body = inScope(offset, [&] {
+    Handler created{nullptr, std::nullopt, nullptr};
+    created.body = inScope(offset, [&] {
         if (form.variable) {
-            made.info = attempt([&] { return exceptionClassOf(*form.className); });
+            created.info = attempt([&] { return exceptionClassOf(*form.className); });
             for (const Handler& earlier : before) {
-                if (!made.info || (earlier.info && !made.info->isOrDescendsFrom(*earlier.info))) continue;
+                if (!created.info || (earlier.info && !created.info->isOrDescendsFrom(*earlier.info))) continue;
                 diagnostics_.warn(form.className->offset,
-                                  "this Catch never runs: an earlier one catches every " + made.info->name());
+                                  "this Catch never runs: an earlier one catches every " + created.info->name());
                 break;
             }
-            made.variable = declare(*form.variable, made.info ? Type::object(made.info->name()) : Type()).place;
+            created.variable = declare(*form.variable, created.info ? Type::object(created.info->name()) : Type()).place;
         }
         return statements(form.block);
     });
-    return made;
+    return created;
 }
 
 } // namespace host::language

@@ -48,14 +48,15 @@ std::unique_ptr<Procedure> StatementChecker::declaration(const syntax::Procedure
         if (form.result) procedure->signature.result = typeOf(*form.result);
         procedure->result = countingOf(procedure->signature.result);
         for (const syntax::Parameter& parameter : form.parameters) {
-            Parameter made;
-            made.name = parameter.name.text;
-            made.type = typeOf(parameter.type);
-            made.byRef = parameter.byRef;
-            made.paramArray = parameter.paramArray;
-            if (parameter.defaultValue) made.defaultValue = expressions_.constantValue(*parameter.defaultValue, made.type);
-            procedure->parameters.push_back(made.byRef ? Counting::none : countingOf(made.type));
-            procedure->signature.parameters.push_back(std::move(made));
+            Parameter created;
+            created.name = parameter.name.text;
+            created.type = typeOf(parameter.type);
+            created.byRef = parameter.byRef;
+            created.paramArray = parameter.paramArray;
+            if (parameter.defaultValue)
+                created.defaultValue = expressions_.constantValue(*parameter.defaultValue, created.type);
+            procedure->parameters.push_back(created.byRef ? Counting::none : countingOf(created.type));
+            procedure->signature.parameters.push_back(std::move(created));
         }
     } catch (const CheckError&) {
         if (!scopes_.find(form.name.text)) scopes_.declare(form.name.text, Type(), form.name.offset);
@@ -66,8 +67,8 @@ std::unique_ptr<Procedure> StatementChecker::declaration(const syntax::Procedure
     procedure->shared = true;
     const Procedure* const same = procedures_.findSame(*procedure);
     if (!same || same->body) return procedure; // a procedure of an earlier check has its body
-    for (const auto& [other, made] : declared_) {
-        if (made == same) {
+    for (const auto& [other, created] : declared_) {
+        if (created == same) {
             failCheck(form.name.offset, quoted(form.name.text) + " is already declared with these parameters, on " +
                                             diagnostics_.lineOf(other->name.offset));
         }

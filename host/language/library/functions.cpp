@@ -155,7 +155,7 @@ const Definition definitions[] = {
 
 const std::vector<Method>& functions() {
     static const std::vector<Method> all = [] {
-        std::vector<Method> made;
+        std::vector<Method> created;
         for (const Definition& definition : definitions) {
             Method method = {};
             method.signature = parseSignature(definition.declaration);
@@ -163,10 +163,10 @@ const std::vector<Method>& functions() {
             method.invoke = Invoker(method.signature, false);
             method.declaration = definition.declaration;
             method.shared = true;
-            method.index = made.size();
-            made.push_back(std::move(method));
+            method.index = created.size();
+            created.push_back(std::move(method));
         }
-        return made;
+        return created;
     }();
     return all;
 }

@@ -179,14 +179,14 @@ String* repeat(String* text, HostInteger count) {
 }
 
 Array* split(String* text, String* delimiter) {
-    const TextOf whole(text), separator(delimiter);
+    const TextOf source(text), separator(delimiter);
     const std::string_view between = separator.bytes();
     Owned<Array> parts(newArray(Type::plain(Kind::string)));
     const auto append = [&](std::string_view part) {
         checkInterruption();
         appendElement(parts.get(), Slot::ofString(ownString(part).get()));
     };
-    std::string_view rest = whole.bytes();
+    std::string_view rest = source.bytes();
     if (between.empty()) {
         for (; !rest.empty(); rest.remove_prefix(utf8::offsetOf(rest, 1)))
             append(rest.substr(0, utf8::offsetOf(rest, 1)));
@@ -240,16 +240,16 @@ HostInteger order(String* a, String* b, HostBoolean ignoringCase) {
 }
 
 HostInteger findLast(HostInteger start, String* text, String* wanted) {
-    const TextOf whole(text), part(wanted);
+    const TextOf searched(text), part(wanted);
     if (start < 1) return 0;
-    if (part.bytes().size() > whole.bytes().size()) return 0;
+    if (part.bytes().size() > searched.bytes().size()) return 0;
     std::size_t at =
-        std::min(whole.offsetOf(static_cast<std::size_t>(start) - 1), whole.bytes().size() - part.bytes().size());
-    while (whole.bytes().compare(at, part.bytes().size(), part.bytes()) != 0) {
+        std::min(searched.offsetOf(static_cast<std::size_t>(start) - 1), searched.bytes().size() - part.bytes().size());
+    while (searched.bytes().compare(at, part.bytes().size(), part.bytes()) != 0) {
         checkInterruption();
         if (at-- == 0) return 0;
     }
-    return static_cast<HostInteger>(whole.characterAt(at)) + 1;
+    return static_cast<HostInteger>(searched.characterAt(at)) + 1;
 }
 
 HostInteger byteCount(String* text) { return static_cast<HostInteger>(bytesOf(text).size()); }
@@ -293,17 +293,17 @@ String* format(double value, String* patternText) {
         number.digits.resize(std::max(number.digits.size(), number.point), '0');
     }
     roundTo(number, most);
-    std::string whole = number.digits.substr(0, number.point);
+    std::string integer = number.digits.substr(0, number.point);
     std::string fraction = number.digits.substr(number.point);
-    whole.erase(0, whole.find_first_not_of('0'));
+    integer.erase(0, integer.find_first_not_of('0'));
     while (fraction.size() > required && fraction.back() == '0')
         fraction.pop_back();
     const bool negative = value < 0 && number.digits.find_first_not_of('0') != std::string::npos;
-    if (whole.size() < pattern.wholeDigits)
-        whole.insert(0, std::min(pattern.wholeDigits, maxDigits) - std::min(whole.size(), maxDigits), '0');
-    for (std::size_t at = whole.size(); pattern.grouped && at > 3;)
-        whole.insert(at -= 3, ",");
-    return newString((negative ? "-" : "") + pattern.prefix + whole + (fraction.empty() ? "" : ".") + fraction +
+    if (integer.size() < pattern.wholeDigits)
+        integer.insert(0, std::min(pattern.wholeDigits, maxDigits) - std::min(integer.size(), maxDigits), '0');
+    for (std::size_t at = integer.size(); pattern.grouped && at > 3;)
+        integer.insert(at -= 3, ",");
+    return newString((negative ? "-" : "") + pattern.prefix + integer + (fraction.empty() ? "" : ".") + fraction +
                      pattern.suffix);
 }
 

@@ -46,11 +46,11 @@ std::size_t indexOf(std::string_view text, std::string_view wanted, std::size_t 
 }
 
 HostInteger findFrom(HostInteger start, String* text, String* wanted) {
-    const TextOf whole(text), part(wanted);
+    const TextOf searched(text), part(wanted);
     const HostInteger first = std::max(start, HostInteger{1}) - 1;
-    if (first > static_cast<HostInteger>(whole.length())) return 0;
-    const std::size_t at = indexOf(whole.bytes(), part.bytes(), whole.offsetOf(static_cast<std::size_t>(first)));
-    return at == std::string_view::npos ? 0 : static_cast<HostInteger>(whole.characterAt(at)) + 1;
+    if (first > static_cast<HostInteger>(searched.length())) return 0;
+    const std::size_t at = indexOf(searched.bytes(), part.bytes(), searched.offsetOf(static_cast<std::size_t>(first)));
+    return at == std::string_view::npos ? 0 : static_cast<HostInteger>(searched.characterAt(at)) + 1;
 }
 HostInteger find(String* text, String* wanted) { return findFrom(1, text, wanted); }
 HostInteger findLastOf(String* text, String* wanted) { return findLast(length(text) + 1, text, wanted); }

@@ -23,9 +23,9 @@ Color* converted(Color* color, ColorSpace* space) {
     std::array<float, maxComponents> components{};
     if (!convertChannels(from, source->contents.components.data(), to, components.data())) return nullptr;
     components[to.channels] = source->contents.alpha();
-    Color* const made = componentColor(space, {});
-    made->contents.components = components;
-    return made;
+    Color* const created = componentColor(space, {});
+    created->contents.components = components;
+    return created;
 }
 
 namespace {
@@ -49,9 +49,9 @@ Color* colorUsingColorSpaceName(Color* self, SEL, id name) {
 Color* colorWithAlphaComponent(Color* self, SEL, CGFloat alpha) {
     Color* const source = withComponents(self);
     if (!source) return self;
-    Color* const made = newColor(source->contents);
-    made->contents.components[made->contents.count() - 1] = static_cast<float>(clip(alpha));
-    return made;
+    Color* const created = newColor(source->contents);
+    created->contents.components[created->contents.count() - 1] = static_cast<float>(clip(alpha));
+    return created;
 }
 
 // Does not clip the fraction. Returns nil if one of the two cannot be converted to calibrated RGB.
@@ -60,12 +60,12 @@ Color* blended(Color* color, double fraction, Color* other) {
     Color* const first = converted(color, space);
     Color* const second = other ? converted(other, space) : nullptr;
     if (!first || !second) return nullptr;
-    Color* const made = componentColor(space, {});
-    for (std::size_t i = 0; i < made->contents.count(); ++i) {
-        made->contents.components[i] =
+    Color* const created = componentColor(space, {});
+    for (std::size_t i = 0; i < created->contents.count(); ++i) {
+        created->contents.components[i] =
             static_cast<float>((1 - fraction) * first->contents.components[i] + fraction * second->contents.components[i]);
     }
-    return made;
+    return created;
 }
 
 Color* blendedColorWithFraction(Color* self, SEL, CGFloat fraction, id other) {

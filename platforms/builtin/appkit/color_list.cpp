@@ -146,13 +146,13 @@ ColorList* initWithNameFromFile(ColorList* self, SEL, id nameObject, id pathObje
 
 ColorList* systemList() {
     static ColorList* const list = [] {
-        ColorList* const made = makeImmortal(make<ColorList>());
-        made->name = u"System";
-        made->isEditable = false;
+        ColorList* const created = makeImmortal(make<ColorList>());
+        created->name = u"System";
+        created->isEditable = false;
         const CatalogColors colors = catalogColors();
         for (std::size_t i = 0; i < colors.count; ++i)
-            put(made, *autorelease(newAsciiString(colors.colors[i].name)), colorOf(colors.colors[i]));
-        return made;
+            put(created, *autorelease(newAsciiString(colors.colors[i].name)), colorOf(colors.colors[i]));
+        return created;
     }();
     return list;
 }

@@ -18,12 +18,12 @@ ColorSpace::~ColorSpace() = default;
 
 ColorSpace* standardSpace(StandardSpace space) {
     static const auto spaces = [] {
-        std::array<ColorSpace*, standardSpaceCount> made;
-        for (std::size_t i = 0; i < made.size(); ++i) {
-            made[i] = makeImmortal(make<ColorSpace>());
-            made[i]->definition = standardDefinition(static_cast<StandardSpace>(i));
+        std::array<ColorSpace*, standardSpaceCount> created;
+        for (std::size_t i = 0; i < created.size(); ++i) {
+            created[i] = makeImmortal(make<ColorSpace>());
+            created[i]->definition = standardDefinition(static_cast<StandardSpace>(i));
         }
-        return made;
+        return created;
     }();
     return spaces[static_cast<std::size_t>(space)];
 }
@@ -105,9 +105,9 @@ Data* iccProfileData(ColorSpace* self, SEL) {
 template <class Handle>
 Handle* handleOf(ColorSpace* space, LazyRef<Handle>& handle) {
     return handle.get([space] {
-        auto* const made = make<Handle>();
-        made->definition = space->definition;
-        return made;
+        auto* const created = make<Handle>();
+        created->definition = space->definition;
+        return created;
     });
 }
 

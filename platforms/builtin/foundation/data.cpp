@@ -11,9 +11,9 @@ namespace chroma::builtin {
 ClassObject Data::cls;
 
 Data* data(const std::uint8_t* bytes, std::size_t count) {
-    auto* const made = autorelease(make<Data>());
-    if (bytes) made->bytes.assign(bytes, bytes + count);
-    return made;
+    auto* const created = autorelease(make<Data>());
+    if (bytes) created->bytes.assign(bytes, bytes + count);
+    return created;
 }
 
 namespace {
@@ -30,8 +30,8 @@ Data* dataWithBytes(ClassObject*, SEL, const void* bytes, std::uintptr_t count) 
 Data* dataWithContentsOfFile(ClassObject*, SEL, id path) {
     String* const string = argument<String>(path, lengthMessage);
     const char* const name = string ? utf8Of(string) : nullptr;
-    Data* const made = data(nullptr, 0);
-    return name && readFile(name, made->bytes) ? made : nullptr;
+    Data* const created = data(nullptr, 0);
+    return name && readFile(name, created->bytes) ? created : nullptr;
 }
 
 // Returns null for empty data.

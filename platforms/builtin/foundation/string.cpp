@@ -89,9 +89,9 @@ std::string formatBytes(const char* format, std::va_list arguments) {
 String* formatted(const char* format, ...) {
     std::va_list arguments;
     va_start(arguments, format);
-    String* const made = newStringFromUtf8(formatBytes(format, arguments));
+    String* const created = newStringFromUtf8(formatBytes(format, arguments));
     va_end(arguments);
-    return autorelease(made);
+    return autorelease(created);
 }
 
 const char* utf8Of(String* string) {

@@ -103,9 +103,9 @@ public:
     Instance* get(MakeNew makeNew) {
         Instance* current = object_.load(std::memory_order_acquire);
         if (current) return current;
-        Instance* const made = makeNew();
-        if (object_.compare_exchange_strong(current, made, std::memory_order_acq_rel)) return made;
-        release(made);
+        Instance* const created = makeNew();
+        if (object_.compare_exchange_strong(current, created, std::memory_order_acq_rel)) return created;
+        release(created);
         return current;
     }
 

@@ -192,10 +192,10 @@ void* RuntimeArrayDirectGetInsertProc(void* array) {
 
 REALmemoryBlockStruct* newMemoryBlock(std::int32_t size) {
     if (size < 0) return nullptr;
-    auto* const made = block(std::string(static_cast<std::size_t>(size), '\0'), size);
-    cellOf(made)->showsBytes = true; // to its creator
-    showBytes(cellOf(made));
-    return made;
+    auto* const created = block(std::string(static_cast<std::size_t>(size), '\0'), size);
+    cellOf(created)->showsBytes = true; // to its creator
+    showBytes(cellOf(created));
+    return created;
 }
 void* memoryBlockGetPtr(REALmemoryBlockStruct* value) { return const_cast<void*>(visible(shownBytes(cellOf(value)))); }
 std::int32_t memoryBlockGetSize(REALmemoryBlockStruct* value) { return shownBytes(cellOf(value)) ? cellOf(value)->size : 0; }
