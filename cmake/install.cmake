@@ -33,9 +33,9 @@ install(FILES ${PROJECT_SOURCE_DIR}/editors/chromabridge.tmLanguage.json DESTINA
 
 # The host's completion scripts and its manual page, which it generates.
 set(host_command ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:chromahost>)
-set(told ${PROJECT_BINARY_DIR}/completion/chromahost ${PROJECT_BINARY_DIR}/completion/_chromahost
+set(generated ${PROJECT_BINARY_DIR}/completion/chromahost ${PROJECT_BINARY_DIR}/completion/_chromahost
          ${PROJECT_BINARY_DIR}/completion/chromahost.1)
-add_custom_command(OUTPUT ${told}
+add_custom_command(OUTPUT ${generated}
     COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/completion
     COMMAND ${host_command} completion bash > ${PROJECT_BINARY_DIR}/completion/chromahost
     COMMAND ${host_command} completion zsh > ${PROJECT_BINARY_DIR}/completion/_chromahost
@@ -44,8 +44,8 @@ add_custom_command(OUTPUT ${told}
 install(FILES ${PROJECT_BINARY_DIR}/completion/chromahost DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 install(FILES ${PROJECT_BINARY_DIR}/completion/_chromahost DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
 install(FILES ${PROJECT_BINARY_DIR}/completion/chromahost.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-add_custom_target(chroma_told ALL DEPENDS ${told})
-add_custom_target(installed DEPENDS chroma_told ${libraries} chromahost) # everything that `cmake --install` needs
+add_custom_target(chroma_generated ALL DEPENDS ${generated})
+add_custom_target(installed DEPENDS chroma_generated ${libraries} chromahost) # everything that `cmake --install` needs
 
 # Paths relative to the files themselves, so that the installed tree can be moved.
 file(RELATIVE_PATH CHROMA_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)

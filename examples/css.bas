@@ -9,8 +9,8 @@ If given.Count = 0 Then
     ShowBoth
 ElseIf given.Count = 3 And given(0) = "to-list" Then
     Dim names() As String
-    Dim made As NSColorListZRX = ListOf(New FolderItem(given(1)).ReadText, names)
-    If Not made.writeToFile(New FolderItem(given(2)).NativePath) Then Fail given(2) & " cannot be written"
+    Dim list As NSColorListZRX = ListOf(New FolderItem(given(1)).ReadText, names)
+    If Not list.writeToFile(New FolderItem(given(2)).NativePath) Then Fail given(2) & " cannot be written"
     Print names.Count & " colours: " & Join(names)
 ElseIf given.Count > 2 And given(0) = "to-css" Then
     Dim list As New NSColorListZRX
@@ -47,7 +47,7 @@ End Sub
 ' Returns the list of the colours that a sheet declares, and its keys in order. Reports and skips other values.
 Function ListOf(sheet As String, ByRef names() As String) As NSColorListZRX
     Dim list As New NSColorListZRX
-    If Not list.Create("from CSS") Then Raise New RuntimeException("no list could be made")
+    If Not list.Create("from CSS") Then Raise New RuntimeException("no list could be created")
     For Each declaration As String In Split(Replace(Replace(sheet, "{", ";"), "}", ";"), ";")
         Dim start As Integer = InStr(declaration, "--"), colon As Integer = InStr(declaration, ":")
         If start = 0 Or colon < start Then Continue
@@ -56,7 +56,7 @@ Function ListOf(sheet As String, ByRef names() As String) As NSColorListZRX
             list.setColor InSRGB(Color(Mid(declaration, colon + 1))), name
             names.Append name
         Catch e As TypeMismatchException
-            Print "left out, " & name & ": " & e.Message
+            Print "skipped: " & name & ": " & e.Message
         End Try
     Next
     Return list

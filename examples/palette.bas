@@ -2,7 +2,7 @@
 '   ./run examples/palette.bas
 
 Dim palette As New NSColorListZRX
-If Not palette.Create("Harbour") Then Print "no list could be made"
+If Not palette.Create("Harbour") Then Print "no list could be created"
 palette.setColor NSColorZRX.colorWithSRGB(0.05, 0.2, 0.4), "deep water"
 palette.setColor NSColorZRX.colorWithSRGB(0.9, 0.85, 0.7), "sand"
 palette.setColor NSColorZRX.colorWithCalibratedWhite(0.8, 0.5), "Nebel über dem Wasser"

@@ -6,7 +6,7 @@ Dim given() As String = Arguments
 Dim folder As New FolderItem(If(given.Count > 0, given(0), "profiles of the platform"))
 If given.Count = 0 Then WriteExamples folder
 If Not folder.IsFolder Then
-    Print folder.NativePath & " is no folder"
+    Print folder.NativePath & " is not a folder"
     Quit 1
 End If
 

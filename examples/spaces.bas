@@ -14,7 +14,7 @@ Print "  model       ", fromFile.colorSpaceModel = NSColorSpaceZRX.NSRGBColorSpa
 Print "  components  ", fromFile.numberOfColorComponents
 Print "  profile     ", fromFile.ICCProfileData.Size, "bytes"
 
-Print "A file that is gone gives Nil: ", NSColorSpaceZRX.ColorSpaceWithICCProfileData(file) Is Nil
+Print "A missing file returns Nil: ", NSColorSpaceZRX.ColorSpaceWithICCProfileData(file) Is Nil
 
 Print "The platform's RGB spaces"
 For Each space As NSColorSpaceZRX In NSColorSpaceZRX.availableColorSpacesWithModel(NSColorSpaceZRX.NSRGBColorSpaceModel)
@@ -51,7 +51,7 @@ If printer.Exists Then
     Print "  " & inks.localizedName & ": " & Levels(printed, 100)
     Print "  and back: " & Levels(printed.colorUsingColorSpace(NSColorSpaceZRX.sRGBColorSpace), 255)
 Else
-    Print "There is no printer's profile here: ", printer.Name
+    Print "This system has no printer's profile: ", printer.Name
 End If
 
 Function Levels(c As NSColorZRX, full As Integer) As String

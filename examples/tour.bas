@@ -38,7 +38,7 @@ Print "   0.1, 0.5, 0.5, 0.25 ", teal.colorValue
 Dim almost As New NSColorZRX(0.999, 0.999, 0.999)
 Print "   0.999, 0.999, 0.999 ", almost.colorValue
 
-Print "4. A grey colour has no red. With alpha asked for, it is converted; without, it raises."
+Print "4. A grey colour has no red. Reading it with alpha converts it, reading it without alpha raises."
 Dim grey As NSColorZRX = NSColorZRX.colorWithCalibratedWhite(0.5, 0.75)
 grey.getWhite(w)
 Print "   getWhite            ", w
@@ -50,7 +50,7 @@ Try
     grey.getRGB(r, g, b)
     Print "   this line is never reached"
 Catch e As RuntimeException
-    Print "   getRGB alone raises: " & e.Message
+    Print "   getRGB without alpha raises: " & e.Message
     Print "   and leaves          ", r, g, b
 End Try
 Print "   redComponent stays silent:", grey.redComponent
@@ -62,7 +62,7 @@ Print "   getCMYK             ", c, m, y, k
 ink.getCMYK(c, m, y, k, a)
 Print "   getCMYK with alpha  ", c, m, y, k, a
 
-Print "6. What is out of range is refused. The object stays empty, and a second call is refused the same way."
+Print "6. Components out of range are refused. The object stays empty, and a second call is refused too."
 Dim blank As New NSColorZRX
 For attempt As Integer = 1 To 2
     Try

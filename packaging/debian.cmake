@@ -12,11 +12,11 @@ set(CPACK_DEBIAN_PACKAGE_SECTION devel)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "AppKit's colours for programs of a BASIC-like host language")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "A plugin library that gives programs of a host development environment
 three classes around colours, colour spaces and colour lists, a small
-platform that it stands on, and a reference host, chromahost, with which
+platform for it, and a reference host, chromahost, with which
 to try it: it runs programs, explains classes and draws colours.
 
-For those who make hosts there are the ABI header and a plugin that
-tells how well a host keeps the contract.")
+For authors of hosts it contains the ABI header and a plugin that
+tests whether a host implements the contract.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)

@@ -14,7 +14,7 @@ foreach(program IN LISTS programs)
     file(WRITE ${documents}/README.md "${readme}")
     string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
     file(WRITE ${documents}/changelog "${CPACK_PACKAGE_NAME} (${CPACK_PACKAGE_VERSION}) unstable; urgency=medium\n\n"
-         "  * CHANGELOG.md tells what is new.\n\n -- ${CPACK_PACKAGE_CONTACT}  ${date}\n")
+         "  * See CHANGELOG.md for the changes.\n\n -- ${CPACK_PACKAGE_CONTACT}  ${date}\n")
     file(GLOB pages ${prefix}/share/man/man1/*.1)
     execute_process(COMMAND gzip -9nf ${documents}/changelog ${pages} COMMAND_ERROR_IS_FATAL ANY)
 endforeach()

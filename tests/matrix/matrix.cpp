@@ -1,4 +1,4 @@
-// Calls every bound function with every possible fault on hosts of every kind. The plugin caches what it learns about its
+// Calls every bound function with every possible fault on hosts of every kind. The plugin caches properties of its
 // host for the life of the process, so each host runs in a separate process.
 #include "driver.h"
 

@@ -135,7 +135,7 @@ TEST_F(Strings, UseTheBuildingEntriesOfTheHostVersion) {
         double version;
         Stored text, expected;
         std::string trace;
-        const char* refused = ""; // the entry that is made to do nothing
+        const char* refused = ""; // the entry point that does nothing in this case
     } builds[] = {
         {2021.0, utf8("plain"), utf8("plain"), old + "(5)" + tag("0x8000100")},
         {2011.0, wide16, utf8(wideUTF8), old + "(6)" + tag("0x100") + convert + unlock},
@@ -256,7 +256,7 @@ TEST_P(Data, RaisesIfNoMemoryBlockIsCreated) {
     host.missing.clear();
     host.before["newMemoryBlock"] = []() -> bool { throw std::bad_alloc(); };
     EXPECT_EQ(NSDataRB(data), nullptr);
-    host.before["newMemoryBlock"] = []() -> bool { throw std::length_error("the host's own affair"); };
+    host.before["newMemoryBlock"] = []() -> bool { throw std::length_error("thrown by the host"); };
     EXPECT_THROW(NSDataRB(data), std::length_error);
     host.before.clear();
     host.showsStorage = false;
@@ -264,7 +264,7 @@ TEST_P(Data, RaisesIfNoMemoryBlockIsCreated) {
     const Raised refusal{"OutOfMemoryException", "Failed to allocate a memoryblock with 3 bytes in size.", 0};
     expectRaised({refusal, refusal, refusal, refusal});
     host.showsStorage = true;
-    host.before["memoryBlockGetPtr"] = []() -> bool { throw std::length_error("the host's own affair"); };
+    host.before["memoryBlockGetPtr"] = []() -> bool { throw std::length_error("thrown by the host"); };
     if (GetParam() >= 2017.0) {
         EXPECT_THROW(NSDataRB(data), std::length_error);
     }
@@ -330,7 +330,7 @@ TEST_F(Errors, CarryMessageAndErrorNumber) {
     RaiseException("RuntimeException", nullptr);
     expectRaised({{"OutOfBoundsException", "Gr\xC3\xBCn", 0}, {"RuntimeException", "why", 0}, {"RuntimeException", "", 0}});
     host.plainClasses.clear();
-    RaiseException("OutOfBoundsException", "unheard");
+    RaiseException("OutOfBoundsException", "dropped");
 }
 
 TEST_F(Errors, DescribeTheValidRange) {
@@ -426,7 +426,7 @@ TEST_F(Errors, CppExceptionsBecomeHostExceptions) {
 
     // A host that throws by a jump while an exception is reported leaves no handler open.
     host.before = {{"RuntimeRaiseException", [=]() -> bool { throwNative(object); }}};
-    auto reporting = [] { translated([] { throw std::out_of_range("told"); }); };
+    auto reporting = [] { translated([] { throw std::out_of_range("reported"); }); };
     EXPECT_EQ(catchNative(reporting), object);
     EXPECT_EQ(std::current_exception(), nullptr);
     host.before.clear();
@@ -443,7 +443,7 @@ TEST_F(Errors, PlatformExceptionsAreBridgedByTheSiblingOrByNameAndReason) {
     guarded([&] { native::raise("Long", reason.c_str()); });
     native::Sibling::install();
     guarded([&] { native::raise("ColorException", "why"); });
-    quiet([&] { native::raise("ColorException", "unheard"); });
+    quiet([&] { native::raise("ColorException", "dropped"); });
     expectRaised({{"RuntimeException", "ColorException: no gr\xC3\xBCn", 0},
                   {"RuntimeException", "Long: " + reason, 0},
                   {"NSExceptionZRX", "why", -1}}); // the sibling's error number is used too
@@ -451,9 +451,9 @@ TEST_F(Errors, PlatformExceptionsAreBridgedByTheSiblingOrByNameAndReason) {
     const id metaclass = native::metaclass("NSException");
     native::replace(
         metaclass, "NewNSExceptionZRX:", +[](id, SEL, id) -> REALobjectStruct* { return nullptr; });
-    guarded([&] { native::raise("ColorException", "unheard"); });
+    guarded([&] { native::raise("ColorException", "dropped"); });
     native::fail(metaclass, "NewNSExceptionZRX:");
-    guarded([&] { native::raise("ColorException", "unheard"); });
+    guarded([&] { native::raise("ColorException", "dropped"); });
 }
 
 #if defined(CHROMA_SLICE) // there a throw retains, and the end of a handler releases
@@ -484,7 +484,7 @@ TEST_F(Errors, OtherExceptionsPropagateAndCloseTheirGuards) {
     // A guard left open would catch this in a frame that no longer exists.
     auto afterOthers = [&] {
         guarded([] {});
-        EXPECT_THROW(guarded([] { throw std::runtime_error("outward"); }), std::runtime_error);
+        EXPECT_THROW(guarded([] { throw std::runtime_error("propagates"); }), std::runtime_error);
         EXPECT_THROW(quiet([] { throw 1; }), int);
         throwNative(object);
     };

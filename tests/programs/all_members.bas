@@ -1,7 +1,7 @@
 ' Uses every member that the three classes declare and prints its result. Numbers have four decimal places, so that platforms of
 ' single and of double precision print the same. A dash represents a member that raises for the colour.
 
-Function Told(ParamArray numbers As Double) As String
+Function TextOf(ParamArray numbers As Double) As String
     Return Listed(numbers)
 End Function
 
@@ -14,7 +14,7 @@ Function Listed(numbers() As Double) As String
 End Function
 
 ' The space and the components.
-Function Told(c As NSColorZRX) As String
+Function TextOf(c As NSColorZRX) As String
     If c Is Nil Then Return " nil"
     Try
         Return " " & c.colorSpaceName & Listed(c.Components)
@@ -28,45 +28,45 @@ Function Forms(c As NSColorZRX) As String
     Dim text As String
     Try
         c.getCMYK(x, y, z, u, w)
-        text = text & " CMYKA" & Told(x, y, z, u, w)
+        text = text & " CMYKA" & TextOf(x, y, z, u, w)
         c.getCMYK(x, y, z, u)
-        text = text & Told(x, y, z, u)
+        text = text & TextOf(x, y, z, u)
     Catch e As RuntimeException
-        text = text & " -" & Told(x, y, z, u, w)
+        text = text & " -" & TextOf(x, y, z, u, w)
     End Try
     Try
         c.getWhite(x, y)
-        text = text & " white" & Told(x, y)
+        text = text & " white" & TextOf(x, y)
         c.getWhite(x)
-        text = text & Told(x)
+        text = text & TextOf(x)
     Catch e As RuntimeException
-        text = text & " -" & Told(x, y)
+        text = text & " -" & TextOf(x, y)
     End Try
     Try
         c.getHSV(x, y, z, u)
-        text = text & " HSVA" & Told(x, y, z, u)
+        text = text & " HSVA" & TextOf(x, y, z, u)
         c.getHSV(x, y, z)
-        text = text & Told(x, y, z)
+        text = text & TextOf(x, y, z)
     Catch e As RuntimeException
-        text = text & " -" & Told(x, y, z)
+        text = text & " -" & TextOf(x, y, z)
     End Try
     Try
         c.getRGB(x, y, z, u)
-        text = text & " RGBA" & Told(x, y, z, u)
+        text = text & " RGBA" & TextOf(x, y, z, u)
         c.getRGB(x, y, z)
-        text = text & Told(x, y, z)
+        text = text & TextOf(x, y, z)
     Catch e As RuntimeException
-        text = text & " -" & Told(x, y, z)
+        text = text & " -" & TextOf(x, y, z)
     End Try
     Return text
 End Function
 
 Function Derived(c As NSColorZRX) As String
-    Dim text As String = Told(c.colorWithAlphaComponent(0.5)) & Told(c.colorUsingColorSpaceName("NSDeviceCMYKColorSpace"))
-    text = text & Told(c.colorUsingColorSpace(NSColorSpaceZRX.sRGBColorSpace))
+    Dim text As String = TextOf(c.colorWithAlphaComponent(0.5)) & TextOf(c.colorUsingColorSpaceName("NSDeviceCMYKColorSpace"))
+    text = text & TextOf(c.colorUsingColorSpace(NSColorSpaceZRX.sRGBColorSpace))
     Try
-        text = text & Told(c.blendedColorWithFraction(0.25, NSColorZRX.redColor))
-        text = text & Told(c.shadowWithLevel(0.25)) & Told(c.highlightWithLevel(0.25))
+        text = text & TextOf(c.blendedColorWithFraction(0.25, NSColorZRX.redColor))
+        text = text & TextOf(c.shadowWithLevel(0.25)) & TextOf(c.highlightWithLevel(0.25))
         text = text & " " & Str(c.numberOfComponents) & " " & c.colorSpace.localizedName
         text = text & Str(c.patternImage Is Nil)
     Catch e As RuntimeException
@@ -77,9 +77,9 @@ End Function
 
 Sub Show(what As String, c As NSColorZRX)
     c.Handle = c.Handle
-    Print what & Told(c), Left(c.description, 27), c.colorValue, c._exception Is Nil, c.CGColorHandle <> 0, c.CGColorHandle = c.Handle
-    Dim rgb As String = Told(c.redComponent, c.greenComponent, c.blueComponent, c.hueComponent, c.saturationComponent, c.brightnessComponent)
-    Dim others As String = Told(c.cyanComponent, c.magentaComponent, c.yellowComponent, c.blackComponent, c.whiteComponent, c.alphaComponent)
+    Print what & TextOf(c), Left(c.description, 27), c.colorValue, c._exception Is Nil, c.CGColorHandle <> 0, c.CGColorHandle = c.Handle
+    Dim rgb As String = TextOf(c.redComponent, c.greenComponent, c.blueComponent, c.hueComponent, c.saturationComponent, c.brightnessComponent)
+    Dim others As String = TextOf(c.cyanComponent, c.magentaComponent, c.yellowComponent, c.blackComponent, c.whiteComponent, c.alphaComponent)
     Dim names() As String = Array(c.catalogNameComponent, c.colorNameComponent, c.localizedCatalogNameComponent, c.localizedColorNameComponent)
     Print "   " & rgb & others, Join(names, "/")
     Print "   " & Forms(c)
@@ -232,10 +232,10 @@ Print list.Create("Everything"), list.name, list.isEditable
 list.setColor NSColorZRX.redColor, "second"
 list.insertColor NSColorZRX.blueColor, "first", 0
 list.insertColor NSColorZRX.greenColor, "second", 0
-Print Told(list.colorWithKey("first")) & Told(list.colorWithKey("second"))
+Print TextOf(list.colorWithKey("first")) & TextOf(list.colorWithKey("second"))
 list.removeColorWithKey "first"
 Dim path As String = "all members " & Str(list.colorWithKey("second").Handle) & ".list"
 Print list.writeToFile(path), list.Create("Again", path), list.name
-Print Told(list.colorWithKey("first")) & Told(list.colorWithKey("second"))
+Print TextOf(list.colorWithKey("first")) & TextOf(list.colorWithKey("second"))
 list.removeFile
 Print list.Create("Gone", path), list.Load("System"), list.isEditable, list.name

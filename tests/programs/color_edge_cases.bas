@@ -7,14 +7,14 @@ Dim warm As New NSColorZRX(1, 0.5, 0.25, 0.75)
 Dim noColor As NSColorZRX
 Dim noSpace As NSColorSpaceZRX
 
-Function Told(e As RuntimeException) As String
+Function TextOf(e As RuntimeException) As String
     If TypeOf e Is NSExceptionZRX Then Return NSExceptionZRX(e).name
     If TypeOf e Is OutOfBoundsException Then Return "OutOfBoundsException " & e.Message & Str(e.ErrorNumber)
     If TypeOf e Is NilObjectException Then Return "NilObjectException " & e.Message & Str(e.ErrorNumber)
     Return e.Message
 End Function
 
-Function Told(c As NSColorZRX) As String
+Function TextOf(c As NSColorZRX) As String
     If c Is Nil Then Return "nil"
     Dim text As String = c.colorSpaceName
     For Each component As Double In c.Components
@@ -33,7 +33,7 @@ Function InSpace(count As Integer) As NSColorZRX
 End Function
 
 ' Nil after the last colour.
-Function Made(which As Integer) As NSColorZRX
+Function ColorNumber(which As Integer) As NSColorZRX
     Dim none() As Double = Nil
     If which = 0 Then Return New NSColorZRX(-1, 2, 1 / 3, 7)
     If which = 1 Then Return New NSColorZRX(infinity - infinity, 0.999, 0.1)
@@ -67,9 +67,9 @@ End Function
 
 For i As Integer = 0 To 27
     Try
-        Print i, Told(Made(i))
+        Print i, TextOf(ColorNumber(i))
     Catch e As RuntimeException
-        Print i, Told(e)
+        Print i, TextOf(e)
     End Try
 Next
 Dim disabled As NSColorZRX = NSColorZRX.disabledControlTextColor
@@ -98,12 +98,12 @@ Sub Read(c As NSColorZRX, form As Integer)
         If form = 7 Then c.getCMYK(x, y, z, u, w)
         Print "   ", form & Rounded(x, y, z, u, w)
     Catch e As RuntimeException
-        Print "   ", form & Rounded(x, y, z, u, w), Told(e)
+        Print "   ", form & Rounded(x, y, z, u, w), TextOf(e)
     End Try
 End Sub
 
 For Each c As NSColorZRX In Array(warm, NSColorZRX.colorWithCalibratedWhite(0.5, 0.75), NSColorZRX.colorWithDeviceCMYK(0.25, 0.5, 0.75, 0.125, 0.5))
-    Print Told(c), c.numberOfComponents
+    Print TextOf(c), c.numberOfComponents
     Print "   " & Rounded(c.redComponent, c.greenComponent, c.blueComponent, c.hueComponent, c.saturationComponent, c.brightnessComponent)
     Print "   " & Rounded(c.whiteComponent, c.cyanComponent, c.magentaComponent, c.yellowComponent, c.blackComponent, c.alphaComponent)
     For form As Integer = 0 To 7

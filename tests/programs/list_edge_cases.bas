@@ -6,7 +6,7 @@ Dim list As New NSColorListZRX
 Dim red As NSColorZRX = NSColorZRX.redColor
 Dim noColor As NSColorZRX
 
-Function Told(c As NSColorZRX) As String
+Function TextOf(c As NSColorZRX) As String
     Dim text As String = c.description & " " & c.colorNameComponent
     Try
         For Each component As Double In c.Components
@@ -32,7 +32,7 @@ For i As Integer = 0 To UBound(colors)
 Next
 Print list.writeToFile(file), list.Create("Read", file), list.name
 For i As Integer = 0 To UBound(colors)
-    Print i, Told(list.colorWithKey(strange & Str(i))) = Told(colors(i))
+    Print i, TextOf(list.colorWithKey(strange & Str(i))) = TextOf(colors(i))
 Next
 list.removeFile
 Print list.Create("Gone", file), list.isEditable, list.name & "."

@@ -4,7 +4,7 @@ Function Space(which As Integer) As NSColorSpaceZRX
     Dim noProfile As New MemoryBlock(100)
     Dim none As MemoryBlock
     Dim file As New FolderItem("no such file")
-    Dim made As New NSColorSpaceZRX
+    Dim result As New NSColorSpaceZRX
     If which = 0 Then Return NSColorSpaceZRX.genericRGBColorSpace
     If which = 1 Then Return NSColorSpaceZRX.genericGrayColorSpace
     If which = 2 Then Return NSColorSpaceZRX.genericCMYKColorSpace
@@ -22,9 +22,9 @@ Function Space(which As Integer) As NSColorSpaceZRX
     If which = 14 Then Return New NSColorSpaceZRX(noProfile)
     If which = 15 Then Return New NSColorSpaceZRX(none)
     If which = 16 Then Return NSColorSpaceZRX.colorSpaceForColorSpaceName("no such space")
-    If which = 17 Then made.initWithColorSyncProfile(0)
-    If which = 18 Then made.initWithCGColorSpace(0)
-    Return made
+    If which = 17 Then result.initWithColorSyncProfile(0)
+    If which = 18 Then result.initWithCGColorSpace(0)
+    Return result
 End Function
 
 For i As Integer = 0 To 19
@@ -35,7 +35,7 @@ For i As Integer = 0 To 19
             Continue
         End If
         Print i, s.colorSpaceModel, s.numberOfColorComponents, s.localizedName, s.Handle <> 0, s Is Space(i)
-        If Not (s.ICCProfileData Is Nil) Then Print "    hands out a profile, as it was given:", s.ICCProfileData.Size = 100
+        If Not (s.ICCProfileData Is Nil) Then Print "    returns the given profile:", s.ICCProfileData.Size = 100
         Print "   ", s.colorSyncProfileHandle <> 0
         Print "   ", s.colorSpaceName, s.CGColorSpaceHandle <> 0
     Catch e As NSExceptionZRX

@@ -13,7 +13,7 @@ from xml.etree import ElementTree
 GROUP, FOLDER, *HOST = sys.argv[1:]
 PLUGIN = os.path.abspath(FOLDER) + "/libfaulty.so"
 
-# In a sanitized host, too, a crash ends the process by its signal.
+# A crash must end the process by its signal, also in a sanitized host.
 os.environ["ASAN_OPTIONS"] = os.environ.get("ASAN_OPTIONS", "") + ":handle_segv=0:handle_sigfpe=0:handle_sigbus=0:handle_abort=0"
 
 # Each fault of faulty_plugin.cpp as "CHECK.WORD", and the report of that check, run without others.

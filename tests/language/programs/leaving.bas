@@ -32,4 +32,4 @@ Function Decided() As String
 End Function
 Print Decided() '> kept
 If True Then Return
-Print "behind the end"
+Print "after the end"
