@@ -23,15 +23,15 @@ For Each key As String In keys
     Print "  " & key & ": " & read.colorWithKey(key).description
 Next
 
-Print "The colour that went in is the object that comes out:"
+Print "The list returns the inserted object:"
 Dim sand As NSColorZRX = palette.colorWithKey("sand")
 Print "  ", palette.colorWithKey("sand") Is sand
 
 palette.insertColor sand, "sand", 0
 palette.removeColorWithKey "deep water"
-Print "deep water is gone: ", palette.colorWithKey("deep water") Is Nil
+Print "deep water is removed: ", palette.colorWithKey("deep water") Is Nil
 
-Print "What the platform refuses arrives as a host exception:"
+Print "An exception of the platform becomes a host exception:"
 Try
     palette.insertColor sand, "sand", 99
 Catch e As RuntimeException

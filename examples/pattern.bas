@@ -4,8 +4,8 @@
 Dim image As New NSImageZRX(8, 8, NSColorZRX.orangeColor)
 Dim pattern As NSColorZRX = NSColorZRX.colorWithPatternImage(image)
 Print "pattern: " & pattern.colorSpaceName
-Print "the image that went in comes out: ", pattern.patternImage Is image
-Print "a pattern converts to nothing: ", pattern.colorUsingColorSpaceName("NSCalibratedRGBColorSpace") Is Nil
+Print "patternImage returns the same image: ", pattern.patternImage Is image
+Print "a pattern cannot be converted: ", pattern.colorUsingColorSpaceName("NSCalibratedRGBColorSpace") Is Nil
 Try
     Print pattern.numberOfComponents
 Catch e As NSExceptionZRX

@@ -47,7 +47,7 @@ Dim printer As New FolderItem("/usr/share/color/icc/ghostscript/default_cmyk.icc
 If printer.Exists Then
     Dim inks As NSColorSpaceZRX = NSColorSpaceZRX.ColorSpaceWithICCProfileData(printer)
     Dim printed As NSColorZRX = orange.colorUsingColorSpace(inks)
-    Print "The orange in inks, in percent, and on the screen again, in 255ths"
+    Print "The orange as inks in percent, and converted back to sRGB in 255ths"
     Print "  " & inks.localizedName & ": " & Levels(printed, 100)
     Print "  and back: " & Levels(printed.colorUsingColorSpace(NSColorSpaceZRX.sRGBColorSpace), 255)
 Else

@@ -33,7 +33,7 @@ For i As Integer = 0 To UBound(parts)
     Print "   Components(" & Str(i) & ")       ", parts(i)
 Next
 
-Print "3. colorValue truncates each channel, and leaves alpha out."
+Print "3. colorValue truncates each channel and ignores alpha."
 Print "   0.1, 0.5, 0.5, 0.25 ", teal.colorValue
 Dim almost As New NSColorZRX(0.999, 0.999, 0.999)
 Print "   0.999, 0.999, 0.999 ", almost.colorValue
@@ -53,7 +53,7 @@ Catch e As RuntimeException
     Print "   getRGB without alpha raises: " & e.Message
     Print "   and leaves          ", r, g, b
 End Try
-Print "   redComponent stays silent:", grey.redComponent
+Print "   redComponent does not raise:", grey.redComponent
 
 Print "5. CMYK, with and without alpha."
 Dim ink As NSColorZRX = NSColorZRX.colorWithDeviceCMYK(1, 0.5, 0, 0.25)
@@ -81,13 +81,13 @@ Catch e As UnsupportedOperationException
 End Try
 Print "   still " & teal.description
 
-Print "8. Colour spaces: the orange in others, and what they are called."
+Print "8. The orange in other colour spaces, and their names."
 Dim srgb As NSColorSpaceZRX = NSColorSpaceZRX.sRGBColorSpace
 Dim inSRGB As NSColorZRX = orange.colorUsingColorSpace(srgb)
 inSRGB.getRGB(r, g, b, a)
 Print "   " & srgb.localizedName & ":", r, g, b
 Print "   " & NSColorSpaceZRX.genericGrayColorSpace.localizedName & ":", orange.colorUsingColorSpace(NSColorSpaceZRX.genericGrayColorSpace).whiteComponent
-Print "   the same space is the same object:", inSRGB.colorSpace Is srgb
+Print "   the same space has the same host object:", inSRGB.colorSpace Is srgb
 Print "   its profile has     ", srgb.ICCProfileData.Size, "bytes"
 
 Print "9. A colour list keeps colours under keys, in order."
@@ -96,5 +96,5 @@ If list.Create("Tour") Then
     list.setColor orange, "orange"
     list.insertColor teal, "teal", 0
     Print "   " & list.name & ": " & list.colorWithKey("teal").description
-    Print "   the same colour is the same object:", list.colorWithKey("orange") Is orange
+    Print "   the same colour has the same host object:", list.colorWithKey("orange") Is orange
 End If
