@@ -116,13 +116,13 @@ def call(result, class_name, declaration, *arguments):
     rows = record.methods[:record.method_count] + record.shared_methods[:record.shared_method_count]
     function = next(row.function for row in rows if row.declaration == declaration.encode())
     types = [c_double if isinstance(a, float) else c_void_p for a in arguments]
-    answer = CFUNCTYPE(result, *types)(function)(*arguments)
+    returned = CFUNCTYPE(result, *types)(function)(*arguments)
     if pending:
         exception = values[pending.pop()]
         error = HostException(f"{exception.record.name.decode()}: {exception.text.decode()}")
         unlock(exception.address)
         raise error
-    return answer
+    return returned
 
 
 def main(library):

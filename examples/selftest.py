@@ -263,10 +263,10 @@ def get(target, name):
 
 
 def new(class_name, *arguments, first=None):
-    made = hold(new_instance(class_name.encode()))
+    created = hold(new_instance(class_name.encode()))
     if arguments:
-        call(made, "Constructor", *arguments, first=first)
-    return made
+        call(created, "Constructor", *arguments, first=first)
+    return created
 
 
 def color(factory, *arguments):

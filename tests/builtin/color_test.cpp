@@ -13,7 +13,7 @@ using Colors = PlatformTest;
 
 namespace {
 
-id image() { return made("NSImage", "initWithSize:", Size{8, 4}); }
+id image() { return created("NSImage", "initWithSize:", Size{8, 4}); }
 id patternOf(id image) { return color("colorWithPatternImage:", image); }
 id calibratedWhite(float white, float alpha) { return color("colorWithCalibratedWhite:alpha:", white, alpha); }
 

@@ -77,7 +77,7 @@ TEST_F(Conversions, KeepGreysNeutralAndRoundTripWithinTheGamut) {
 TEST_F(Conversions, ReturnTheReceiverOrNilIfNothingIsConverted) {
     const id rgb = calibratedRGB(1, 0.5f, 0), catalog = color("controlColor");
     const id custom = colorIn(standardSpace("sRGBColorSpace"), {0, 0, 0, 1});
-    const id pattern = color("colorWithPatternImage:", made("NSImage", "init"));
+    const id pattern = color("colorWithPatternImage:", created("NSImage", "init"));
     EXPECT_EQ(inSpace(rgb, "genericRGBColorSpace"), rgb);
     EXPECT_EQ(send(rgb, "colorUsingColorSpace:", id{}), nullptr);
     EXPECT_EQ(send(rgb, "colorUsingColorSpaceName:", id{}), rgb) << "the most suitable space is its own";
@@ -99,7 +99,7 @@ TEST_F(Conversions, ReturnTheReceiverOrNilIfNothingIsConverted) {
 
 TEST_F(Conversions, DerivedColorsAreMixedInCalibratedRGB) {
     const id rgb = calibratedRGB(1, 0.5f, 0, 0.5f), white = color("whiteColor"), text = color("textColor");
-    const id pattern = color("colorWithPatternImage:", made("NSImage", "init"));
+    const id pattern = color("colorWithPatternImage:", created("NSImage", "init"));
     const std::pair<id, const char*> cases[] = {
         {send(calibratedRGB(0.25f, 2, 0), "colorWithAlphaComponent:", 0.5f), "NSCalibratedRGBColorSpace 0.25 2 0 0.5"},
         {send(rgb, "colorWithAlphaComponent:", 7.f), "NSCalibratedRGBColorSpace 1 0.5 0 1"},

@@ -172,7 +172,7 @@ TEST_F(Strings, CompareByContents) {
         EXPECT_TRUE(send<BOOL>(first, message, same)) << message;
         EXPECT_FALSE(send<BOOL>(first, message, later)) << message;
     }
-    EXPECT_TRUE(isEqual(made("NSString", "init"), string("")));
+    EXPECT_TRUE(isEqual(created("NSString", "init"), string("")));
     EXPECT_EQ(send<std::uintptr_t>(first, "hash"), send<std::uintptr_t>(same, "hash"));
     for (const auto& [other, order] : {std::pair{later, -1},
                                        {same, 0},

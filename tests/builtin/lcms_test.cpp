@@ -33,7 +33,7 @@ id spaceOf(const Profile& profile) {
     cmsSaveProfileToMem(profile.get(), nullptr, &size);
     std::string bytes(size, '\0');
     cmsSaveProfileToMem(profile.get(), bytes.data(), &size);
-    return made("NSColorSpace", "initWithICCProfileData:", dataOf(bytes));
+    return created("NSColorSpace", "initWithICCProfileData:", dataOf(bytes));
 }
 
 std::string nameOf(const Profile& profile, cmsInfoType information = cmsInfoDescription) {
@@ -226,7 +226,7 @@ TEST_F(LittleCMS, AgreesOnConversionsByEveryInstalledProfile) {
         bytes << std::ifstream(entry.path(), std::ios::binary).rdbuf();
         const std::string contents = bytes.str();
         const Profile profile = held(cmsOpenProfileFromMem(contents.data(), static_cast<cmsUInt32Number>(contents.size())));
-        const id direct = made("NSColorSpace", "initWithICCProfileData:", dataOf(contents));
+        const id direct = created("NSColorSpace", "initWithICCProfileData:", dataOf(contents));
         const auto colors = profile ? cmsGetColorSpace(profile.get()) : cmsSigXYZData;
         const bool isSpace = colors != cmsSigXYZData && colors != cmsSigYCbCrData; // neither belongs to a device
         ASSERT_EQ(direct != nullptr, isSpace);

@@ -25,10 +25,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-id newList(std::string_view name) { return made("NSColorList", "initWithName:", string(name)); }
+id newList(std::string_view name) { return created("NSColorList", "initWithName:", string(name)); }
 id listNamed(std::string_view name) { return sendClass("NSColorList", "colorListNamed:", string(name)); }
 id listFrom(const fs::path& file) {
-    return made("NSColorList", "initWithName:fromFile:", string("Read"), string(file.c_str()));
+    return created("NSColorList", "initWithName:fromFile:", string("Read"), string(file.c_str()));
 }
 bool write(id list, const fs::path& path) { return send<BOOL>(list, "writeToFile:", string(path.c_str())) != 0; }
 void set(id list, id color, std::string_view key) { send<void>(list, "setColor:forKey:", color, string(key)); }
@@ -112,7 +112,7 @@ TEST_F(ColorLists, RaiseForInvalidChanges) {
     EXPECT_TRUE(refuses([&] { send<void>(list, "setColor:forKey:", red, id{}); }));
     EXPECT_TRUE(refuses([&] { send<void>(list, "removeColorWithKey:", id{}); }));
     EXPECT_EQ(keysOf(list), "");
-    EXPECT_EQ(made("NSColorList", "initWithName:", id{}), nullptr);
+    EXPECT_EQ(created("NSColorList", "initWithName:", id{}), nullptr);
 
     const id system = listNamed("System");
     EXPECT_EQ(colorWithKey(system, "textColor"), color("textColor"));
@@ -126,8 +126,9 @@ TEST_F(ColorLists, RaiseForInvalidChanges) {
 }
 
 TEST_F(ColorLists, RoundTripThroughFilesBitForBit) {
-    const id image = made("NSImage", "initWithSize:", Size{8, CGFloat(0.1)});
-    const id inks = made("NSColorSpace", "initWithICCProfileData:", dataOf(profile("6CLR", {{"desc", plainText("Inks")}})));
+    const id image = created("NSImage", "initWithSize:", Size{8, CGFloat(0.1)});
+    const id inks =
+        created("NSColorSpace", "initWithICCProfileData:", dataOf(profile("6CLR", {{"desc", plainText("Inks")}})));
     const float inf = std::numeric_limits<float>::infinity(), tiny = std::numeric_limits<float>::denorm_min();
     constexpr UniChar unpaired[] = {0xDE00, u'x', 0xD83D};
     const std::pair<id, id> entries[] = {

@@ -14,7 +14,7 @@ using Profiles = PlatformTest;
 
 namespace {
 
-id spaceFrom(const std::string& profile) { return made("NSColorSpace", "initWithICCProfileData:", dataOf(profile)); }
+id spaceFrom(const std::string& profile) { return created("NSColorSpace", "initWithICCProfileData:", dataOf(profile)); }
 std::string profileOf(id space) { return bytesOf(send(space, "ICCProfileData")); }
 std::string nameOf(id space) { return textOf(send(space, "localizedName")); }
 
@@ -46,7 +46,7 @@ TEST_F(Profiles, RecreateEqualStandardSpaces) {
         EXPECT_EQ(profile.substr(68, 12), numbers({0.9642, 1, 0.8249}, 65536, 4)) << "the profile's illuminant";
         EXPECT_EQ(profile.substr(8, 4), "\x02\x10\0\0"s) << "the version that every reader supports";
         EXPECT_EQ(profile.substr(24, 6), "\x07\xE8\0\1\0\1"s) << "the first of January 2024";
-        EXPECT_TRUE(isEqual(made("NSColorSpace", "initWithColorSyncProfile:", send(same, "colorSyncProfile")), space));
+        EXPECT_TRUE(isEqual(created("NSColorSpace", "initWithColorSyncProfile:", send(same, "colorSyncProfile")), space));
 
         // With another creator in its header, which affects nothing else, it is a different profile.
         const id other = spaceFrom(profileOf(space).replace(80, 4, "else"));
@@ -261,6 +261,6 @@ TEST_F(Profiles, AreRejectedIfMalformed) {
     for (const auto& [name, value] : tags)
         EXPECT_EQ(spaceFrom(profile(*name == 'k' ? "GRAY" : "RGB ", {{name, value}})), nullptr)
             << testing::PrintToString(value);
-    EXPECT_EQ(made("NSColorSpace", "initWithICCProfileData:", id{}), nullptr);
+    EXPECT_EQ(created("NSColorSpace", "initWithICCProfileData:", id{}), nullptr);
     EXPECT_EQ(builtin_liveInstances("NSColorSpace"), 1u + 2) << "an initialiser that fails destroys its object";
 }

@@ -63,7 +63,7 @@ void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 TEST_F(Runtime, AddedAndReplacedMethodsTakeEffectAtOnce) {
     const Class parent = subclass("NSObject", "Parent"), child = subclass("Parent", "Child");
     const SEL number = sel_registerName("number");
-    const id object = made("Child", "init");
+    const id object = created("Child", "init");
     EXPECT_FALSE(send<BOOL>(object, "respondsToSelector:", number));
     EXPECT_TRUE(class_addMethod(parent, number, implementation(returnOne), "i@:"));
     EXPECT_FALSE(class_addMethod(parent, number, implementation(returnTwo), "i@:"));
@@ -94,7 +94,7 @@ TEST_F(Exceptions, AnyObjectCanBeThrownAndMatchedByClass) {
 
     const Class general = objc_getClass("NSException"), special = subclass("NSException", "SpecialException");
     const auto isOf = [](Class cls, id object) { return send<BOOL>(object, "isKindOfClass:", cls) != 0; };
-    const std::tuple<Class, id, bool> matches[] = {{general, made("SpecialException", "init"), true},
+    const std::tuple<Class, id, bool> matches[] = {{general, created("SpecialException", "init"), true},
                                                    {special, exception, false},
                                                    {general, text, false},
                                                    {general, nullptr, false}};

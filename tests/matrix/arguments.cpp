@@ -72,8 +72,8 @@ Slot newList() {
     const id list = make(cls::NSColorList.get(), "initWithName:", name);
     sel::setColor_forKey_(list, color, key);
     const Slot object = Slot::ofObject(newObject("NSColorListZRX", list));
-    for (const id made : {name, key, color, list})
-        CFRelease(made);
+    for (const id released : {name, key, color, list})
+        CFRelease(released);
     return object;
 }
 

@@ -89,8 +89,8 @@ TEST_F(Spaces, LookupsByModelAndNameReturnTheSameObjects) {
 TEST_F(Spaces, AvailableSpacesKeepTheirIndexesIfSomeFail) {
     if (platform::isMissing("+[NSColorSpace availableColorSpacesWithModel:]"))
         GTEST_SKIP() << "the platform finds no spaces";
-    int made = 0;
-    host.before["PluginNewInstance"] = [&] { return ++made == 2; };
+    int created = 0;
+    host.before["PluginNewInstance"] = [&] { return ++created == 2; };
     const Owned partly(availableColorSpacesWithModel(1));
     const auto objects = foreign::objectsOf(partly);
     EXPECT_EQ(std::count(objects.begin(), objects.end(), nullptr), 1);

@@ -21,7 +21,7 @@ namespace chroma::test {
 
 // Returns a new autoreleased object, or nil if its initialiser returns nil.
 template <class... Arguments>
-id made(const char* className, const char* initializer, Arguments... arguments) {
+id created(const char* className, const char* initializer, Arguments... arguments) {
     return send(send(sendClass(className, "alloc"), initializer, arguments...), "autorelease");
 }
 
