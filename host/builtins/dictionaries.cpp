@@ -209,10 +209,8 @@ REALmethodDefinition methods[] = {
 void registerDictionaryClass(Registry& registry) {
     using namespace dictionaries;
     static REALclassDefinition record = builtInRecord("Dictionary", nullptr, 16, construct, destroy);
-    record.properties = properties;
-    record.propertyCount = std::size(properties);
-    record.methods = methods;
-    record.methodCount = std::size(methods);
+    setRows(record.properties, record.propertyCount, properties);
+    setRows(record.methods, record.methodCount, methods);
     registry.add(record, true);
 }
 

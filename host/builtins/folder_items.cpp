@@ -247,11 +247,9 @@ REALmethodDefinition methods[] = {
 void registerFolderItemClass(Registry& registry) {
     using namespace folder_items;
     static REALclassDefinition record = builtInRecord("FolderItem", nullptr, 0, construct, destroy);
-    record.properties = properties;
-    record.propertyCount = std::size(properties);
+    setRows(record.properties, record.propertyCount, properties);
     if (hostVersion() < REAL_SINCE_NATIVE_PATHS) --record.propertyCount;
-    record.methods = methods;
-    record.methodCount = std::size(methods);
+    setRows(record.methods, record.methodCount, methods);
     registry.add(record, true);
 }
 

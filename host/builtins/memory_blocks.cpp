@@ -185,10 +185,8 @@ std::int32_t sizeOf(const MemoryBlock* block) { return memory_blocks::bytesIn(bl
 void registerMemoryBlockClass(Registry& registry) {
     using namespace memory_blocks;
     static REALclassDefinition record = builtInRecord("MemoryBlock", nullptr, 16, construct, destroy);
-    record.properties = properties;
-    record.propertyCount = std::size(properties);
-    record.methods = methods;
-    record.methodCount = std::size(methods);
+    setRows(record.properties, record.propertyCount, properties);
+    setRows(record.methods, record.methodCount, methods);
     memoryBlockClass = registry.add(record, true);
 }
 

@@ -4,7 +4,6 @@
 #include "model/record_writing.h"
 
 #include <array>
-#include <iterator>
 
 namespace host {
 
@@ -98,17 +97,14 @@ void setExceptionStack(Object* exception, std::string_view stack) {
 void registerExceptionClasses(Registry& registry) {
     using namespace exceptions;
     static REALclassDefinition base = builtInRecord("RuntimeException", nullptr, 0, construct, destroy);
-    base.properties = properties;
-    base.propertyCount = std::size(properties);
-    base.methods = methods;
-    base.methodCount = std::size(methods);
+    setRows(base.properties, base.propertyCount, properties);
+    setRows(base.methods, base.methodCount, methods);
     runtimeExceptionClass = registry.add(base, true);
 
     static std::array<REALclassDefinition, subclassNames.size()> subclasses;
     for (std::size_t i = 0; i < subclasses.size(); ++i) {
         subclasses[i] = builtInRecord(subclassNames[i], base.name, 0, nullptr, nullptr);
-        subclasses[i].methods = methods;
-        subclasses[i].methodCount = std::size(methods);
+        setRows(subclasses[i].methods, subclasses[i].methodCount, methods);
         registry.add(subclasses[i], true);
     }
 }

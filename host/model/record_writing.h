@@ -26,6 +26,13 @@ REALproperty readOnlyProperty(const char* name, const char* type, Function* gett
     return {nullptr, name, type, 0, bound(getter), nullptr, 0, {}};
 }
 
+// Sets one kind of rows of a record, such as its methods.
+template <class Row, std::size_t size>
+void setRows(Row*& rows, REALword& count, Row (&table)[size]) {
+    rows = table;
+    count = size;
+}
+
 // Returns a record in the current layout without members; `instanceDataSize` is a multiple of 16.
 REALclassDefinition builtInRecord(const char* name, const char* superName, REALword instanceDataSize,
                                   void (*constructor)(Object*), void (*destructor)(Object*));

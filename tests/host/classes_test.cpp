@@ -47,12 +47,6 @@ REALmethodDefinition methods[] = {method("Constructor(start as integer)", setNum
 REALmethodDefinition sharedMethods[] = {method("Fresh as Counter", newCounter)};
 REALconstant constants[] = {{"Limit=99", 0, 0, {}}, {"Title = \"Counter\"", 0, 0, {}}};
 
-template <class Member, std::size_t count>
-void setMembers(Member*& table, REALword& tableCount, Member (&members)[count]) {
-    table = members;
-    tableCount = count;
-}
-
 // Returns rows with only the leading words of the current rows, packed closely.
 template <class Legacy, auto& rows>
 Legacy* legacyRows() {
@@ -72,10 +66,10 @@ ClassInfo& registered(REALclassDefinition& record) {
 
 ClassInfo& registeredCounter(bool legacy = false) {
     static REALclassDefinition record = builtInRecord("Counter", nullptr, 16, constructCounter, destroyCounter);
-    setMembers(record.properties, record.propertyCount, properties);
-    setMembers(record.methods, record.methodCount, methods);
-    setMembers(record.constants, record.constantCount, constants);
-    setMembers(record.sharedMethods, record.sharedMethodCount, sharedMethods);
+    setRows(record.properties, record.propertyCount, properties);
+    setRows(record.methods, record.methodCount, methods);
+    setRows(record.constants, record.constantCount, constants);
+    setRows(record.sharedMethods, record.sharedMethodCount, sharedMethods);
     if (!legacy) return registered(record);
     // The same class in legacy records. Their memory ends with the legacy layout.
     static const auto old = std::make_unique<REALclassDefinitionLegacy>();
@@ -128,7 +122,7 @@ TEST_F(Classes, SubclassesInheritDataAndMembers) {
     static REALmethodDefinition overriding[] = {method("Add(amount as integer, scale as double) as double", add),
                                                 method("Add(text as string)", add)};
     static REALclassDefinition record = builtInRecord("SubCounter", "COUNTER", 32, nullptr, nullptr);
-    setMembers(record.methods, record.methodCount, overriding);
+    setRows(record.methods, record.methodCount, overriding);
     ClassInfo& info = registered(record);
     EXPECT_EQ(record.instanceDataOffset, 24 + 16);
     EXPECT_EQ(info.instanceSize(), 48u);
@@ -160,7 +154,7 @@ TEST_F(Classes, AWrittenHandleKeepsItsOwnerAlive) {
     ClassInfo& info = registeredCounter();
     const Property& handle = *info.findProperty("Handle");
     static auto strange = builtInRecord("Strange", nullptr, 16, constructCounter, nullptr);
-    setMembers(strange.properties, strange.propertyCount, properties);
+    setRows(strange.properties, strange.propertyCount, properties);
     ClassInfo& other = registered(strange);
     const auto numbered = [&](HostInteger number) {
         Object* const object = newObject(info);
@@ -212,8 +206,8 @@ TEST_F(Classes, InvalidRecordsAreReported) {
                                             record("bad", nullptr, 16), record("Orphan", "Nobody", 16),
                                             record("Odd", nullptr, 4),  record("New", nullptr, 16),
                                             record("A\n", nullptr, 16)};
-    setMembers(records[0].properties, records[0].propertyCount, badProperties);
-    setMembers(records[0].methods, records[0].methodCount, badMethods);
+    setRows(records[0].properties, records[0].propertyCount, badProperties);
+    setRows(records[0].methods, records[0].methodCount, badMethods);
     records[5].version = 14;
     entry<RegisterPluginVersionProc>("RegisterPluginVersion")(13);
     for (REALclassDefinition& each : records)

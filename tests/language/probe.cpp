@@ -8,7 +8,6 @@
 #include "values/strings.h"
 
 #include <cstdint>
-#include <iterator>
 #include <utility>
 
 namespace {
@@ -188,13 +187,9 @@ std::string takeProbeEvents() { return std::exchange(events, {}); }
 
 void registerProbe() {
     static REALclassDefinition record = host::builtInRecord("Probe", nullptr, 16, nullptr, destroy);
-    record.properties = properties;
-    record.propertyCount = std::size(properties);
-    record.methods = methods;
-    record.methodCount = std::size(methods);
-    record.constants = constants;
-    record.constantCount = std::size(constants);
-    record.sharedMethods = sharedMethods;
-    record.sharedMethodCount = std::size(sharedMethods);
+    host::setRows(record.properties, record.propertyCount, properties);
+    host::setRows(record.methods, record.methodCount, methods);
+    host::setRows(record.constants, record.constantCount, constants);
+    host::setRows(record.sharedMethods, record.sharedMethodCount, sharedMethods);
     host::registry().add(record);
 }
