@@ -68,9 +68,10 @@ CodePtr ExpressionChecker::convert(CodePtr code, const Type& from, const Type& t
 }
 
 void ExpressionChecker::warnOfLostFraction(const Value& value, const Type& type, Offset offset) {
-    if (value.type.is(Kind::real) && type.is(Kind::integer) && !value.whole)
+    if (value.type.is(Kind::real) && type.is(Kind::integer) && !value.whole) {
         diagnostics_.warn(offset,
                           "this Double loses its fraction here; write Floor(), Round() or Integer() if this is intended");
+    }
 }
 
 void ExpressionChecker::warnOfInvisible(const syntax::Expression& expression) {
