@@ -52,8 +52,11 @@ std::uintptr_t retainCount(id object) { return send<std::uintptr_t>(object, "ret
 } // namespace
 
 // Replace the standard library's functions, also for the platform's library.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return isExhausted ? nullptr : std::malloc(size + 1);
+}
 void* operator new(std::size_t size) {
-    void* const memory = isExhausted ? nullptr : std::malloc(size + 1);
+    void* const memory = operator new(size, std::nothrow);
     if (!memory) throw std::bad_alloc();
     return memory;
 }
