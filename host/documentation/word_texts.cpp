@@ -54,11 +54,11 @@ const std::vector<WordText>& wordTexts() {
         {"While Wend", "While condition\n  statements\nWend", "Runs the statements while the condition is true."},
         {"Do Loop Until", "Do [While condition | Until condition]\n  statements\nLoop [While condition | Until condition]",
          "Runs the statements while a condition is true, or until it is true. The condition is checked before or "
-         "after each round; without a condition, the loop runs until a statement leaves it."},
+         "after each iteration; without a condition, the loop runs until a statement leaves it."},
         {"Exit", "Exit For | Exit While | Exit Do | Exit Sub | Exit Function",
          "Leaves the innermost loop of that kind, or the procedure."},
         {"Continue", "Continue [For | While | Do]",
-         "Continues with the next round of the innermost loop, or of the innermost loop of that kind."},
+         "Continues with the next iteration of the innermost loop, or of the innermost loop of that kind."},
         {"Function Sub Return",
          "Function name(parameters) As Type\n  statements\nEnd Function\nSub name(parameters)\n  statements\n"
          "End Sub\nReturn [value]",
@@ -69,8 +69,8 @@ const std::vector<WordText>& wordTexts() {
          "An `Optional` parameter has a default value. A `ParamArray`, always last, receives all further arguments. "
          "`ByVal` is the default."},
         {"Try Catch Finally", "Try\n  statements\n[Catch name As Class\n  statements]\n[Finally\n  statements]\nEnd Try",
-         "Runs the statements. An exception of the class, or any exception if `Catch` names no class, continues "
-         "after `Catch`. The statements after `Finally` run in any case."},
+         "Runs the statements. If they raise an exception of the class, or any exception if `Catch` names no class, the "
+         "statements after `Catch` run. The statements after `Finally` run in any case."},
         {"Raise", "Raise exception", "Raises an exception, such as `New RuntimeException(\"message\", number)`."},
         {"New", "New Class[(arguments)]", "Creates an object of the class."},
         {"Nil", "Nil", "No object. Using a member of it raises a NilObjectException."},

@@ -88,7 +88,7 @@ void callsBalance(Run& run) {
     run.functions({}, noFunctions, [](const Function& function) {
         for (const Choice& choice : choicesFor(function)) {
             const Outcome outcome = call(function, choice);
-            if (!outcome.leaked.empty()) complain(outcome.call + ": each call leaves behind " + outcome.leaked);
+            if (!outcome.leaked.empty()) complain(outcome.call + ": each call leaks " + outcome.leaked);
         }
         tested();
     });

@@ -62,7 +62,7 @@ Result callFunction(const std::string& name, const Trial& trial, const HostOptio
             if (!outcome.exception.empty())
                 complain(outcome.call + ": an exception left the function: " + outcome.exception);
             if (outcome.raised && !outcome.isNull) complain(outcome.call + ": it raises an exception and returns a result");
-            if (!outcome.leaked.empty()) complain(outcome.call + ": each call leaves behind " + outcome.leaked);
+            if (!outcome.leaked.empty()) complain(outcome.call + ": each call leaks " + outcome.leaked);
             for (const MisuseNote& misuse : outcome.misuses)
                 complain(outcome.call + ": " + misuse.text);
         }

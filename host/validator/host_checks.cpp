@@ -51,7 +51,7 @@ void checkFault(Run& run, Fault fault) {
                 injected = outcome.injected;
                 if (!outcome.exception.empty() && !isTheHosts)
                     complain(outcome.call + ": an exception left the function: " + outcome.exception);
-                if (!outcome.leaked.empty()) complain(outcome.call + ": each call leaves behind " + outcome.leaked);
+                if (!outcome.leaked.empty()) complain(outcome.call + ": each call leaks " + outcome.leaked);
             }
         }
         tested();

@@ -316,7 +316,7 @@ typedef struct REALclassDefinitionLegacy {
 typedef void* (*REALresolver)(const char* entryName);
 
 /* REALPluginMain, the function that a plugin exports. A null resolver is allowed: the plugin registers nothing. After a call
- * with a resolver the plugin ignores further calls, whatever resolver they bring. */
+ * with a resolver the plugin ignores further calls, whatever resolver they pass. */
 typedef void (*REALPluginMainProc)(REALresolver resolver);
 
 /* Returns the host's version, such as 2013.04. A plugin calls it once, during REALPluginMain. Without this entry point the
@@ -343,7 +343,7 @@ typedef HostBoolean (*ChromaObjectIsAProc)(REALobjectStruct* object, const char*
 typedef void (*REALLockObjectProc)(REALobjectStruct* object);
 typedef void (*REALUnlockObjectProc)(REALobjectStruct* object);
 
-/* Records an exception, of which the host keeps a reference, and returns. See "Exceptions" above. */
+/* Records an exception and returns. The host keeps a reference to the exception. See "Exceptions" above. */
 typedef void (*RuntimeRaiseExceptionProc)(REALobjectStruct* exception);
 
 /* Sets a property by its name. Nothing happens if the object has no property of that name and type. A null string sets the

@@ -217,7 +217,7 @@ Verdict callOnce(const Function& function, const Choice& choice, Plan plan, cons
 
 bool hostCounts() { return hasAll({"REALLockObject", "REALUnlockObject", "REALLockString", "REALUnlockString"}); }
 
-// The platform may create and keep objects once. Only what a second, identical call leaves behind as well counts as a leak.
+// The platform may create and keep objects once. Only what a second, identical call leaks too counts as a leak.
 Verdict call(const Function& function, const Choice& choice, Plan plan, const Verdict* plain) {
     const char* leaked = nullptr;
     Verdict verdict = callOnce(function, choice, plan, plain, leaked);

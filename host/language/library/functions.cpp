@@ -120,7 +120,7 @@ const Definition definitions[] = {
      "64-bit Mersenne Twister.",
      Nature::acts},
     {"RandomInRange(first as integer, last as integer) as integer", bound(mathematics::randomInRange),
-     "Returns a random integer of a range, including both ends. All integers are equally likely.", Nature::acts},
+     "Returns a random integer in a range, including both ends. All integers are equally likely.", Nature::acts},
     {"RandomSeed(seed as integer)", bound(mathematics::seedRandom),
      "Restarts the random numbers. The same seed produces the same numbers on every machine; without a seed, "
      "each run produces other numbers.",
@@ -146,7 +146,8 @@ const Definition definitions[] = {
     {"Now() as string", bound(process::now), "Returns the local date and time, such as 2026-01-31 09:05:00.", Nature::acts},
     {"UnixTime() as double", bound(process::unixTime), "Returns the seconds since the start of 1970 in UTC.", Nature::acts},
     {"Microseconds() as double", bound(process::microseconds),
-     "Returns the time since the first call. It never goes back, so it is suitable for measurements.", Nature::acts},
+     "Returns the microseconds since the first call. The value never decreases, so it is suitable for measurements.",
+     Nature::acts},
     {"Quit(code as integer = 0)", bound(process::quit),
      "Exits the program with an exit code. `Catch` and `Finally` do not run, but all objects are destroyed.", Nature::acts},
 };
