@@ -27,29 +27,6 @@ id deviceCMYK(float cyan, float magenta, float yellow, float black, float alpha)
 
 } // namespace
 
-TEST_F(Colors, RespondOnlyToComponentsOfTheirSpace) {
-    const std::string rgb = ": red green blue hue saturation brightness alpha";
-    const std::pair<id, std::string> cases[] = {
-        {calibratedRGB(1, 0, 0), "NSCalibratedRGBColorSpace" + rgb},
-        {deviceRGB(1, 0, 0, 1), "NSDeviceRGBColorSpace" + rgb},
-        {colorIn(standardSpace("sRGBColorSpace"), {1, 0, 0, 1}), "NSCustomColorSpace" + rgb},
-        {calibratedWhite(1, 1), "NSCalibratedWhiteColorSpace: white alpha"},
-        {color("colorWithDeviceWhite:alpha:", 1.f, 1.f), "NSDeviceWhiteColorSpace: white alpha"},
-        {deviceCMYK(0, 0, 0, 0, 1), "NSDeviceCMYKColorSpace: cyan magenta yellow black alpha"},
-        {color("controlColor"), "NSNamedColorSpace: alpha"},
-        {patternOf(image()), "NSPatternColorSpace: alpha"}};
-    for (const auto& [color, expected] : cases) {
-        std::string responses = textOf(send(color, "colorSpaceName")) + ":";
-        for (const char* const component : {"red", "green", "blue", "hue", "saturation", "brightness", "white", "cyan",
-                                            "magenta", "yellow", "black", "alpha"}) {
-            const std::string message = component + std::string("Component");
-            const id exception = caught([&, color = color] { send<CGFloat>(color, message.c_str()); });
-            if (!exception) responses += std::string(" ") + component;
-        }
-        EXPECT_EQ(responses, expected);
-    }
-}
-
 TEST_F(Colors, RaiseForUnsupportedMessages) {
     const id grey = calibratedWhite(0.5f, 1), catalog = color("controlColor"), red = color("redColor");
     id exception = nullptr;

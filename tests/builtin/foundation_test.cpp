@@ -113,6 +113,7 @@ TEST_F(Strings, EncodeCompletelyOrFail) {
         {u"a\u00E9\u20AC\U0001F600z", utf8, "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z"},
         {u"\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF", utf8, limitsInUtf8},
         {u"a", utf16, "(refused)"}, // its units are not bytes
+        {u"\u20AC", utf16, "(refused)"},
         {{0xD83D}, utf8, "(refused)"},
         {{0xDE00, 0xD83D}, utf8, "(refused)"},
         {{0xD83D, u'a'}, utf8, "(refused)"}};
@@ -161,6 +162,7 @@ TEST_F(Strings, EncodeAsManyCharactersAsFit) {
     EXPECT_EQ(CFStringGetBytes(fromUnits(wide), {0, 10}, utf16, 0, 0, all, sizeof all, &used), 10);
     EXPECT_EQ(std::string(reinterpret_cast<char*>(all), sizeof all), encoded(wide));
     EXPECT_EQ(CFStringGetBytes(fromUnits(wide), {0, 10}, utf8, 0, 0, all, 11, &used), 8);
+    EXPECT_EQ(CFStringGetBytes(fromUnits(u"\0"s), {0, 1}, latin1, 0, 0, all, 1, &used), 1);
     std::uint8_t last = 0;
     EXPECT_EQ(CFStringGetBytes(text, {3, 1}, utf8, 0, 0, &last, 1, &used), 1);
     EXPECT_EQ(last, 'b');
@@ -172,7 +174,8 @@ TEST_F(Strings, CompareByContents) {
         EXPECT_TRUE(send<BOOL>(first, message, same)) << message;
         EXPECT_FALSE(send<BOOL>(first, message, later)) << message;
     }
-    EXPECT_TRUE(isEqual(created("NSString", "init"), string("")));
+    for (const id empty : {created("NSString", "init"), decode({}, utf8), fromUnits({})})
+        EXPECT_TRUE(isEqual(empty, string("")));
     EXPECT_EQ(send<std::uintptr_t>(first, "hash"), send<std::uintptr_t>(same, "hash"));
     for (const auto& [other, order] : {std::pair{later, -1},
                                        {same, 0},
@@ -249,6 +252,8 @@ TEST_F(Collections, DictionariesReturnTheLatestValueOfAPointerKey) {
     static const char keys[500] = {};
     EXPECT_EQ(CFDictionaryCreateMutable(nullptr, 0, keys, nullptr), nullptr) << "holds plain pointers only";
     EXPECT_EQ(CFDictionaryCreateMutable(nullptr, 0, nullptr, keys), nullptr);
+    EXPECT_EQ(CFDictionaryGetValue(dictionary, keys), nullptr);
+    CFDictionaryRemoveValue(dictionary, keys);
     std::minstd_rand random;
     for (int step = 0; step < 5000; ++step) {
         const void *const key = step % 50 ? &keys[random() % std::size(keys)] : nullptr, *const value = &keys[step % 7];

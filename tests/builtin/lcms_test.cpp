@@ -168,7 +168,7 @@ Profile tableProfile(const Kind& kind) {
     cmsSetColorSpace(profile.get(), kind.colors);
     cmsSetPCS(profile.get(), kind.connection);
     const cmsUInt32Number channels = cmsChannelsOf(kind.colors);
-    const bool isVersion4 = kind.version > 4;
+    const bool isVersion4 = kind.version >= 4;
     for (const bool isToPcs : {true, false}) {
         const cmsUInt32Number from = isToPcs ? channels : 3, to = isToPcs ? 3 : channels;
         std::vector<cmsStage*> stages = {newCurves(channels, isVersion4), newGrid(from, to, isVersion4),
@@ -255,9 +255,9 @@ TEST_F(LittleCMS, AgreesOnConversionsByTablesOfEveryKind) {
         for (const auto& [connection, version, is8bit] : {std::tuple(cmsSigXYZData, 2.1, false),
                                                           {cmsSigLabData, 2.1, false},
                                                           {cmsSigLabData, 2.1, true},
-                                                          {cmsSigXYZData, 4.3, false},
-                                                          {cmsSigLabData, 4.3, false},
-                                                          {cmsSigLabData, 4.3, true}}) {
+                                                          {cmsSigXYZData, 4.0, false},
+                                                          {cmsSigLabData, 4.0, false},
+                                                          {cmsSigLabData, 4.0, true}}) {
             if (colors == cmsSigLabData && connection == cmsSigXYZData) continue; // lcms takes it for a PCS
             const Kind kind{colors, connection, version, is8bit, ++count % 4 % 3};
             SCOPED_TRACE(testing::Message() << cmsChannelsOf(colors) << (connection == cmsSigLabData ? " Lab " : " XYZ ")

@@ -130,7 +130,7 @@ TEST_F(ColorLists, RoundTripThroughFilesBitForBit) {
     const id inks =
         created("NSColorSpace", "initWithICCProfileData:", dataOf(profile("6CLR", {{"desc", plainText("Inks")}})));
     const float inf = std::numeric_limits<float>::infinity(), tiny = std::numeric_limits<float>::denorm_min();
-    constexpr UniChar unpaired[] = {0xDE00, u'x', 0xD83D};
+    constexpr UniChar unpaired[] = {0xDE00, u'x', 0xD83D, u'y', 0xD83D};
     const std::pair<id, id> entries[] = {
         {string("plain"), calibratedRGB(0.1f, -0.f, 1e30f, inf)},
         {string("a \"quoted\" \\ key"), colorIn(standardSpace("deviceCMYKColorSpace"), {tiny, 0.2f, 0.3f, 0.4f, 1})},
@@ -138,7 +138,7 @@ TEST_F(ColorLists, RoundTripThroughFilesBitForBit) {
         {string("new\nline\x7F"), colorIn(inks, {0.1f, 0.2f, 0.3f, 0.4f, 0.5f, 0.6f, 0.7f})},
         {string(" "), colorIn(inks, {1, 1, 1, 1, 1, 1, 1})},
         {string(""), color("headerTextColor")},
-        {send(CFStringCreateWithCharacters(nullptr, unpaired, 3), "autorelease"), red}};
+        {send(CFStringCreateWithCharacters(nullptr, unpaired, 5), "autorelease"), red}};
     for (const auto& [key, color] : entries)
         send<void>(list, "setColor:forKey:", color, key);
     ASSERT_TRUE(write(list, file));
@@ -157,11 +157,11 @@ TEST_F(ColorLists, RoundTripThroughFilesBitForBit) {
     ASSERT_TRUE(write(same, folder / "again.clr"));
     EXPECT_EQ(contentsOf(folder / "again.clr"), contentsOf(file));
 
-    set(list, color("colorWithPatternImage:", image), "tiles"); // only the size is kept
+    set(list, color("colorWithPatternImage:", image), "a tile"); // only the size is kept
     ASSERT_TRUE(write(list, file));
-    const auto size = send<Size>(send(colorWithKey(listFrom(file), "tiles"), "patternImage"), "size");
+    const auto size = send<Size>(send(colorWithKey(listFrom(file), "a tile"), "patternImage"), "size");
     EXPECT_EQ(std::pair(size.width, size.height), std::pair(CGFloat(8), CGFloat(0.1)));
-    EXPECT_NE(contentsOf(file).find("\"tiles\" pattern 41000000 "), std::string::npos) << "a float takes 32 bits";
+    EXPECT_NE(contentsOf(file).find("\"a tile\" pattern 41000000 "), std::string::npos) << "a float takes 32 bits";
 }
 
 TEST_F(ColorLists, SaveUnderTheirNameIfNoPathIsGiven) {
@@ -210,6 +210,12 @@ TEST_F(ColorLists, KeepLinksPermissionsAndOwnersOfFiles) {
     ASSERT_EQ(stat(file.c_str(), &status), 0);
     if (changesOwner) {
         EXPECT_EQ(std::pair(status.st_uid, status.st_gid), std::pair(uid_t{12}, gid_t{34}));
+        // Another user of a shared folder keeps the group only.
+        fs::permissions(folder, fs::perms::all);
+        EXPECT_EQ(setegid(34) + seteuid(56), 0);
+        EXPECT_TRUE(write(list, file));
+        EXPECT_EQ(seteuid(0) + setegid(0) + stat(file.c_str(), &status), 0);
+        EXPECT_EQ(std::pair(status.st_uid, status.st_gid), std::pair(uid_t{56}, gid_t{34}));
     }
 
     const fs::path dangling = folder / "dangling.clr", circle = folder / "circle.clr", pipe = folder / "pipe";
@@ -333,7 +339,10 @@ TEST_F(ColorLists, RejectMalformedFiles) {
     for (const auto& [from, replacements] : changes) {
         const std::size_t place = complete.find(from);
         ASSERT_NE(place, std::string::npos) << from;
-        for (const std::string_view to : replacements)
-            EXPECT_EQ(read(std::string(complete).replace(place, from.size(), to)), nullptr) << from << " to " << to;
+        for (const std::string_view to : replacements) {
+            std::string changed = std::string(complete).replace(place, from.size(), to);
+            EXPECT_EQ(read(changed), nullptr) << from << " to " << to;
+            EXPECT_EQ(read(changed.replace(changed.size() - 2, 1, "2")), nullptr) << from << " to " << to << " of two";
+        }
     }
 }

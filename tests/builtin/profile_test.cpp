@@ -133,8 +133,7 @@ TEST_F(Profiles, ConvertPressColorsLikeTransicc) {
 
 TEST_F(Profiles, ConvertOnlyInSupportedDirections) {
     // mAB and mBA tables with only curves, at offset 32: three identities.
-    const auto curvesOnly = [](const char* type) {
-        const std::string curve = sampledCurve({});
+    const auto curvesOnly = [](const char* type, const std::string& curve = sampledCurve({})) {
         return value(type,
                      number(3, 1) + number(3, 1) + number(0, 2) + number(32, 4) + number(0, 16) + curve + curve + curve);
     };
@@ -158,6 +157,9 @@ TEST_F(Profiles, ConvertOnlyInSupportedDirections) {
         else
             EXPECT_EQ(lab, nullptr);
     }
+    // Curves that lead out of the range: 2x for an L* of 100, and for a* and b* of 0.
+    const id bright = spaceFrom(profile("RGB ", {{"B2A0", curvesOnly("mBA ", parametricCurve(1, {1, 2, 0}))}}, "Lab "));
+    expectNear(componentsOf(send(white, "colorUsingColorSpace:", bright)), {1, 1, 1, 1}, 0);
     // Colorants in one plane convert to XYZ but not back.
     const std::string red = xyz({0.4, 0.2, 0.1});
     const id flat = spaceFrom(profile("RGB ", {{"rTRC", gammaCurve(1)},
@@ -199,6 +201,7 @@ TEST_F(Profiles, ReportModelChannelsAndName) {
         {{{"desc", localizedText({{"deDE", u"Name"}, {"enUS", u"\u20AC"}})}}, "\xE2\x82\xAC"},
         {{{"desc", localizedText({{"deDE", u"Name"}, {"frFR", u"Nom"}})}}, "Name"},
         {{{"dmnd", plainText("Maker")}}, ""},
+        {{{"desc", value("desc", number(0, 4))}}, ""},
         {{}, ""}};
     for (const auto& [tags, name] : names)
         EXPECT_EQ(nameOf(spaceFrom(profile("CMYK", tags))), name);

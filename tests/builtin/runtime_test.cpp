@@ -31,7 +31,7 @@ constexpr std::pair<const char*, id (*)(void (*)(void*), void*)> foreignGuards[]
 int returnOne(id, SEL) { return 1; }
 int returnTwo(id, SEL) { return 2; }
 int returnThree(id, SEL) { return 3; }
-void throwFromRelease(id self, SEL) { objc_exception_throw(self); }
+void throwSelf(id self, SEL) { objc_exception_throw(self); }
 
 Class subclass(const char* parent, const char* name) {
     const Class cls = objc_allocateClassPair(objc_getClass(parent), name, 0);
@@ -85,6 +85,31 @@ TEST_F(Runtime, AddedAndReplacedMethodsTakeEffectAtOnce) {
     EXPECT_TRUE(class_addMethod(object_getClass(child), number, implementation(returnTwo), nullptr));
     EXPECT_EQ(send<int>(child, "number"), 2);
     EXPECT_FALSE(send<BOOL>(parent, "respondsToSelector:", number));
+}
+
+// Without the fixture, which calls the platform.
+TEST(FirstCallDeathTest, MayCreateAnObject) {
+    const auto create = [](int kind) {
+        CFRelease(kind == 0   ? CFStringCreateWithBytes(nullptr, nullptr, 0, REALencodingASCII, 0)
+                  : kind == 1 ? CFStringCreateWithCharacters(nullptr, nullptr, 0)
+                              : CFDictionaryCreateMutable(nullptr, 0, nullptr, nullptr));
+        std::_Exit(0);
+    };
+    for (const int kind : {0, 1, 2})
+        EXPECT_EXIT(create(kind), testing::ExitedWithCode(0), "") << kind;
+}
+
+TEST_F(Runtime, RegistersEachSelectorOnceForAllThreads) {
+    const auto registerAll = [] {
+        std::vector<SEL> selectors;
+        for (int index = 0; index < 20000; ++index)
+            selectors.push_back(sel_registerName(("number" + std::to_string(index)).c_str()));
+        return selectors;
+    };
+    auto first = std::async(std::launch::async, registerAll), second = std::async(std::launch::async, registerAll);
+    const std::vector<SEL> selectors = registerAll();
+    EXPECT_EQ(first.get(), selectors);
+    EXPECT_EQ(second.get(), selectors);
 }
 
 TEST_F(Exceptions, AnyObjectCanBeThrownAndMatchedByClass) {
@@ -169,14 +194,7 @@ TEST_F(ExceptionsDeathTest, TerminateTheProcessWithAMessageIfUncaught) {
     EXPECT_DEATH(std::thread([] { objc_exception_throw(string("text")); }).join(), "uncaught exception of class 'NSString'");
 }
 
-TEST_F(Memory, RetainsAndReleasesBalance) {
-    const id object = newData();
-    EXPECT_EQ(send(object, "retain"), object);
-    EXPECT_EQ(retainCount(object), 2u);
-    CFRelease(object);
-    EXPECT_EQ(alive(), 1u);
-    send<void>(object, "release");
-    EXPECT_EQ(alive(), 0u);
+TEST_F(Memory, ConstantsAndClassesLiveForever) {
     for (const id forever :
          {NSCustomColorSpace, color("redColor"), standardSpace("sRGBColorSpace"), objc_getClass("NSColor")}) {
         send<void>(forever, "release");
@@ -211,6 +229,25 @@ TEST_F(Memory, PoolsNestAndReleaseTheirObjects) {
     EXPECT_EQ(alive(), 0u);
 }
 
+#if defined(__LP64__)
+// A destructor must not throw what the release of a member throws.
+TEST_F(Memory, MembersThrowAfterTheirObjectIsDestroyed) {
+    const Class strict = subclass("NSString", "StrictString");
+    const SEL dealloc = sel_registerName("dealloc");
+    const IMP original = class_getMethodImplementation(strict, dealloc);
+    class_addMethod(strict, dealloc, implementation(throwSelf), nullptr);
+    const id name = sendClass("StrictString", "new"), reason = sendClass("StrictString", "new"),
+             exception = send(sendClass("NSException", "alloc"), "initWithName:reason:userInfo:", name, reason, id{});
+    for (const id held : {name, reason})
+        send<void>(held, "release");
+    EXPECT_EQ(caught([&] { CFRelease(exception); }), reason) << "members are destroyed in reverse order";
+    EXPECT_EQ(builtin_liveInstances("NSException"), 0u);
+    EXPECT_EQ(caught([] { CFRelease(newData()); }), nullptr) << "thrown twice";
+    for (const id held : {name, reason})
+        reinterpret_cast<void (*)(id, SEL)>(original)(held, dealloc);
+}
+#endif
+
 TEST_F(Memory, AThrowingDrainLeavesTheRestToTheEnclosingPool) {
     const id inner = sendClass("NSAutoreleasePool", "new");
     send(newData(), "autorelease");
@@ -218,7 +255,7 @@ TEST_F(Memory, AThrowingDrainLeavesTheRestToTheEnclosingPool) {
     const Class data = objc_getClass("NSData");
     const SEL release = sel_registerName("release");
     const IMP original = class_getMethodImplementation(data, release);
-    class_addMethod(data, release, implementation(throwFromRelease), nullptr);
+    class_addMethod(data, release, implementation(throwSelf), nullptr);
     EXPECT_EQ(caught([&] { send<void>(inner, "drain"); }), thrower);
     class_replaceMethod(data, release, original, nullptr);
     pool.drain();

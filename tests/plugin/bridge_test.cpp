@@ -441,11 +441,13 @@ TEST_F(Errors, PlatformExceptionsAreBridgedByTheSiblingOrByNameAndReason) {
     EXPECT_FALSE(finished);
     const std::string reason(1000, 'r');
     guarded([&] { native::raise("Long", reason.c_str()); });
+    guarded([&] { native::raise("", "nameless"); });
     native::Sibling::install();
     guarded([&] { native::raise("ColorException", "why"); });
     quiet([&] { native::raise("ColorException", "dropped"); });
     expectRaised({{"RuntimeException", "ColorException: no gr\xC3\xBCn", 0},
                   {"RuntimeException", "Long: " + reason, 0},
+                  {"RuntimeException", "NSException: nameless", 0},
                   {"NSExceptionZRX", "why", -1}}); // the sibling's error number is used too
 
     const id metaclass = native::metaclass("NSException");

@@ -251,4 +251,11 @@ TEST_F(FirstUse, CallsTheSiblingOnceBeforeAnyOtherMessage) {
         host.takeRaised(); // not every platform lists spaces
     }
     EXPECT_EQ(native::Sibling::preparations, 1);
+
+    native::fail(native::metaclass("NSException"), "GetInstancesDictionaryZRX");
+    CocoaInited = false;
+    instances = nullptr;
+    foreign::unlock(foreign::make("NSColorZRX"));
+    foreign::unlock(foreign::make("NSColorZRX"));
+    expectPlatformException(); // one: a sibling that fails is not called again
 }
