@@ -65,7 +65,8 @@ Stored toHost(id text) {
     return {foreign::bytesOf(result), foreign::encodingOf(result)};
 }
 Stored built(const std::string& bytes, CFStringEncoding encoding) {
-    const foreign::Owned result(REALBuildUnicodeString(bytes.data(), static_cast<std::int64_t>(bytes.size()), encoding));
+    const auto length = static_cast<std::int64_t>(bytes.size());
+    const foreign::Owned result(REALBuildUnicodeString((bytes + "\xFF").data(), length, encoding)); // the rest is not read
     return {foreign::bytesOf(result), foreign::encodingOf(result)};
 }
 const Stored nothing("", 0);

@@ -51,8 +51,6 @@ BOOL isKindOfClass(Object* self, SEL, id cls) {
     return expected && isKindOf(self, *expected);
 }
 
-BOOL isMemberOfClass(Object* self, SEL, id cls) { return self->isa == cls; }
-
 void doesNotRecognizeSelector(Object* self, SEL, SEL selector) {
     const ClassObject* const cls = asClass(self);
     raise(exceptionName::invalidArgument,
@@ -97,7 +95,6 @@ ClassTable tableOfNSObject() {
         method<describeObject>("description"),
         method<respondsToSelector>("respondsToSelector:"),
         method<isKindOfClass>("isKindOfClass:"),
-        method<isMemberOfClass>("isMemberOfClass:"),
         method<doesNotRecognizeSelector>("doesNotRecognizeSelector:"),
     };
     static const MethodEntry classMethods[] = {
