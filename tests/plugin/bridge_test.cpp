@@ -389,7 +389,7 @@ TEST_F(Errors, CppExceptionsBecomeHostExceptions) {
     };
     expectTranslated(Silent(), "RuntimeException", "");
     // Without memory, 199 bytes remain of a message, and no partial character.
-    const std::string shortText(199, 's'), longText = std::string(198, 'l') + "Ã¼";
+    const std::string shortText(199, 's'), longText = std::string(198, 'l') + "\xC3\xBC";
     expectTranslated(std::length_error(longText), "RuntimeException", longText.c_str());
     for (const auto& [text, kept] :
          {std::pair(shortText, shortText), {longText, std::string(198, 'l')}, {std::string(250, 's'), shortText}}) {
@@ -413,6 +413,8 @@ TEST_F(Errors, CppExceptionsBecomeHostExceptions) {
     host.before["REALBuildString"] = []() -> bool { throw std::out_of_range("every time"); };
     EXPECT_EQ(REALBuildUnicodeString("x", 1, kCFStringEncodingUTF8), nullptr);
     expectRaised({{"OutOfBoundsException", "", 0}, {"OutOfBoundsException", "", 0}});
+    RaiseException("NilObjectException", "the host throws while this message is built");
+    expectRaised({{"OutOfBoundsException", "", 0}, {"OutOfBoundsException", "", 0}, {"NilObjectException", "", 0}});
 
     // Exceptions that are not C++ exceptions are not translated as such, whether the plugin or the host throws them.
     host.before["REALBuildString"] = []() -> bool { native::raise("HostException", "thrown by the host"); };
