@@ -196,6 +196,7 @@ TEST_F(URLs, ReturnTheirFileSystemPath) {
         {"/", {"file:///"}},
         {"/x/y", {"https://example.org:80/x%2Fy?z=/w"}},
         {"relative/path", {"relative/path"}},
+        {"1a:/b", {"1a:/b"}}, // a scheme starts with a letter
         {"(nil)", {"https://example.org", "file:///%FF", "file:///a%00b"}},
         {"(no URL)", {"", "file:///a b", "file:///%", "file:///%2", "file:///%G0", "file:///\xC3\xA9", "file:///<a>"}}};
     for (const auto& [path, texts] : urls)

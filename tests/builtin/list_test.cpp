@@ -79,7 +79,7 @@ protected:
     }
 
     fs::path folder, file;
-    id list = newList("Mine"), red = color("redColor"), blue = color("blueColor");
+    id list = newList("Mine"), red = color("redColor"), blue = calibratedRGB(0, 0, 1);
 };
 
 TEST_F(ColorLists, KeepInsertionOrder) {
@@ -328,7 +328,7 @@ TEST_F(ColorLists, RejectMalformedFiles) {
     // The text to replace and its replacements.
     const std::pair<std::string_view, std::vector<std::string_view>> changes[] = {
         {"list 1", {"list 2"}},
-        {"genericRGB", {"noRGB"}},
+        {"genericRGB", {"noRGB", "genericRGB x"}},
         {"space 1 standard sRGB", {"space 0 standard sRGB", "space 1 profile 00ff", "space 1 profile 0f0"}},
         {"components 0", {"components 2", "components 0 00000000"}},
         {"3dcccccd", {"3dccccc", "3dcccccg"}},
