@@ -22,7 +22,7 @@ struct Checks {
     }
 
     void checkInstances() const {
-        report.expect(make("ChromaNoSuchClass") == nullptr, "returns an object of a class that is not registered");
+        report.expect(make("ChromaNoSuchClass") == nullptr, "returns an object although no class has this name");
         const Life before = life();
         REALobjectStruct* const object = make(className);
         if (!object) return report.complain("returns null for a registered class");
