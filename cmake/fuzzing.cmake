@@ -11,5 +11,4 @@ endforeach()
 # Thousands of small functions that only call others. Instrumented, they take as long to compile as half of the language.
 set_source_files_properties(${PROJECT_SOURCE_DIR}/host/model/calls.cpp TARGET_DIRECTORY chromahost_core
                             PROPERTIES COMPILE_OPTIONS -fno-sanitize=undefined)
-target_compile_definitions(chromahost_core PRIVATE CHROMA_INSTALLED_LIBRARIES="../lib")
 add_subdirectory(fuzz)

@@ -13,12 +13,6 @@ install(TARGETS ${libraries} LIBRARY DESTINATION ${plugins_folder})
 install(TARGETS chromahost RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/include/chromabridge/host_abi.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/chromabridge)
 
-# Built programs find the libraries in ../lib. Installed ones find them in that folder, by a relative path, so that the tree
-# can be moved.
-file(RELATIVE_PATH libraries_from_program /${CMAKE_INSTALL_BINDIR} /${plugins_folder})
-set_property(TARGET chromahost PROPERTY INSTALL_RPATH "$ORIGIN/../lib;$ORIGIN/${libraries_from_program}")
-target_compile_definitions(chromahost_core PRIVATE CHROMA_INSTALLED_LIBRARIES="${libraries_from_program}")
-
 # The pages, with links that are valid in the installed tree.
 file(READ ${PROJECT_SOURCE_DIR}/README.md readme)
 file(RELATIVE_PATH header /${CMAKE_INSTALL_DOCDIR} /${CMAKE_INSTALL_INCLUDEDIR}/chromabridge/host_abi.h)
