@@ -95,13 +95,11 @@ TEST(Prompt, ShowsColorsLikeThePictures) {
     EXPECT_EQ(shown("RGB(255, 0, 0, 128)", ColorDepth::direct), half);
     EXPECT_EQ(shown("RGB(255, 0, 0, 255)", ColorDepth::indexed), "\x1B[48;5;196m    ");
     EXPECT_EQ(shown("RGB(130, 127, 128, 255)", ColorDepth::indexed), "\x1B[48;5;244m    ");
-#ifdef CHROMA_BUILTIN
     EXPECT_EQ(shown("NSColorZRX.redColor", ColorDepth::direct), "\x1B[48;2;255;39;0m    ");
     const std::string clear = "\x1B[48;2;255;255;255m  \x1B[48;2;0;0;0m  ";
     EXPECT_EQ(shown("NSColorZRX.clearColor", ColorDepth::direct), clear);
     const std::string row = presented("", "Array(NSColorZRX.blackColor, NSColorZRX.redColor)", ColorDepth::direct);
     EXPECT_EQ(row.rfind("NSColorZRX() with 2 elements\n  0  \x1B[48;2;0;0;0m    \x1B[0m ", 0), 0u) << row;
-#endif
     const char* const list =
         "Dim l As New NSColorListZRX\nIf l.Create(\"Signals\") Then l.setColor New NSColorZRX(1, 1, 1), \"on\"";
     EXPECT_EQ(presented(list, "l", ColorDepth::direct)
