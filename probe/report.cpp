@@ -65,12 +65,12 @@ void Report::trying(const std::string& entry) {
     write();
 }
 
-void Report::complain(const std::string& what) {
+void Report::complain(std::string_view what) {
     std::vector<std::string>& all = findings_[current_].complaints;
-    if (std::find(all.begin(), all.end(), what) == all.end()) all.push_back(what);
+    if (std::find(all.begin(), all.end(), what) == all.end()) all.emplace_back(what);
 }
 
-void Report::expect(bool holds, const std::string& what) {
+void Report::expect(bool holds, std::string_view what) {
     ++findings_[current_].checks;
     if (!holds) complain(what);
 }

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace probe {
@@ -34,8 +35,8 @@ public:
     void begin(const std::string& entry, bool isProvided);
     // Notes that the entry point is about to be called.
     void trying(const std::string& entry);
-    void complain(const std::string& what);
-    void expect(bool holds, const std::string& what);
+    void complain(std::string_view what);
+    void expect(bool holds, std::string_view what);
     // Prints the last finding and the summary.
     void end();
 
