@@ -60,7 +60,8 @@ bool StatementParser::isMiddleOfBlock() const {
            tokens_.at(Keyword::catchBlock) || tokens_.at(Keyword::finally);
 }
 
-// Parses a part of a block. Reports an Else or a similar word that fits no block, and continues the part after it.
+// Parses the statements up to the block's next keyword. Reports an Else or a similar word that fits no block, and continues
+// after it.
 Block StatementParser::part(const Opening& opening) {
     openings_.push_back(opening);
     Block block = statements();

@@ -32,8 +32,8 @@ public:
     // Appends text and returns where it starts. Invalidates all views of the text.
     Offset append(std::string_view text);
 
-    // Returns "name:line:column: message", the source line, and a line with a caret below the place. A long line is cut to
-    // the part around the caret.
+    // Returns "name:line:column: message", the source line, and a line with a caret below the place. Of a long line, it
+    // shows the characters around the caret.
     std::string report(Offset offset, std::string_view message) const;
 
 private:

@@ -22,7 +22,7 @@ ActionPtr writeProperty(const Property& property, CodePtr object, CodePtr value,
 ActionPtr appendToVariable(VariablePlace place, std::vector<CodePtr> texts, Offset offset);
 // The same at the beginning of the text.
 ActionPtr prependToVariable(VariablePlace place, CodePtr text, Offset offset);
-// Cuts a variable's text to the part that `part` computes from the number of characters and two numbers.
+// Cuts a variable's text to the characters that `part` selects by the number of characters and two numbers.
 ActionPtr cutVariable(VariablePlace place, text::Part (*part)(HostInteger length, HostInteger a, HostInteger b), CodePtr a,
                       CodePtr b, Offset offset);
 

@@ -1,4 +1,4 @@
-// NSImage: the part that a pattern colour needs, a size and a background colour. Nothing is drawn.
+// NSImage as a pattern colour needs it: a size and a background colour. Nothing is drawn.
 #pragma once
 
 #include "appkit/color.h"

@@ -1,4 +1,4 @@
-// CFURL: the part of a URL that the platform needs, its path.
+// CFURL: the platform needs only the path of a URL.
 #pragma once
 
 #include "foundation/string.h"

@@ -1,5 +1,5 @@
-// The C interface of the builtin Objective-C runtime: the part of the GNU family's interface that the plugin, its siblings
-// and the tests use.
+// The C interface of the builtin Objective-C runtime: those functions of the GNU family's interface that the plugin, its
+// siblings and the tests call.
 //
 // Every function may be called first, and from any thread; the first call registers the platform's classes. Names are
 // copied. A class is an instance of its metaclass, so class methods are added to `object_getClass(cls)`. The types are
