@@ -1,7 +1,6 @@
 # Installs the plugins and their libraries into a separate folder below the library folder. Also installs the reference
 # host, the ABI header, files for shells, editors and readers, and the files by which hosts find the plugin with pkg-config
 # and CMake.
-include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(plugins_folder ${CMAKE_INSTALL_LIBDIR}/chromabridge)

@@ -1,4 +1,4 @@
-# The .deb: cmake --preset package && cmake --build build/package && cpack --config build/package/CPackConfig.cmake
+# The .deb: cpack --config build/m64/CPackConfig.cmake
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME chromabridge)
 set(CPACK_PACKAGE_VENDOR "the chromabridge authors")

@@ -2,6 +2,9 @@
 # remain for a later comparison.
 cmake_policy(VERSION 3.25)
 file(REMOVE_RECURSE ${FOLDER})
+if(NOT EXISTS ${BUILD}/bin/chromahost)
+    message(FATAL_ERROR "build m64 first: tools/build m64")
+endif()
 
 function(run output)
     execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE text ERROR_VARIABLE errors RESULT_VARIABLE result)
